@@ -1,0 +1,26 @@
+# Everything that is compiled here links these two INTERFACE targets.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(tarnwell_options INTERFACE)
+target_include_directories(tarnwell_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+# The same sources give the same binary, wherever they were checked out.
+target_compile_options(tarnwell_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+
+add_library(tarnwell_warnings INTERFACE)
+target_compile_options(
+  tarnwell_warnings
+  INTERFACE -Wall -Wextra -Wpedantic
+            -Wconversion # a narrowed double is a wrong slider
+            -Wshadow # a lambda's capture must not hide a member
+            -Werror)
+
+if(TARNWELL_SANITIZE)
+  # Frame pointers make the reports readable; every finding ends the test.
+  add_compile_options("-fsanitize=${TARNWELL_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options("-fsanitize=${TARNWELL_SANITIZE}")
+endif()
