@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace tarnwell::core {
+
+/// The shortest decimal text that reads back to the same double, whatever the process's locale is.
+///
+/// Decimal exponents from -4 to 15 stand in fixed notation, with ".0" behind integral values ("0.2", "1.0"); all others
+/// in exponent form with at least two exponent digits ("1e-05", "1e+16"). The rest is "inf", "-inf" and "nan".
+std::string decimalText(double value);
+
+}  // namespace tarnwell::core

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <type_traits>
+
+#include "core/Catalogue.h"
+#include "core/MinEffect.h"
+#include "core/Surroundings.h"
+
+namespace tarnwell::core {
+
+/// The settings of the Dock, three times each: the constant default, the value last read from or written to the Dock,
+/// and the value being edited. Speeds are seconds. The initial speeds differ from each other and from what a Dock is
+/// likely to hold; a load replaces them.
+class DockSettings {
+ public:
+  explicit DockSettings(Surroundings surroundings);
+
+  /// Reads all preferences, one after another, and edits what was read. Blocks until the last command has answered.
+  void loadFromDock();
+  /// Writes all edited values, changed or not, and takes them for current.
+  void save();
+  /// Writes the defaults and takes them for edited and current.
+  void resetToDefaults();
+  void openHelp() const;
+
+  /// Exact comparisons: no tolerance, and a nan equals nothing.
+  bool matchesCurrent() const;
+  bool matchesDefaults() const;
+
+  /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: whoever listens is told.
+  template <class T>
+  void set(T DockSettings::*field, std::type_identity_t<T> value) {
+    this->*field = value;
+    notify();
+  }
+
+  const std::map<MinEffect, std::string> menuBarActions;
+  const std::function<void(const std::string&)> openURL;
+
+  const double delaySpeedDefault = 0.2;
+  const double animationSpeedDefault = 0.5;
+  const bool scrollToExposeDefault = false;
+  const MinEffect minEffectDefault = MinEffect::genie;
+  const bool showHiddenDefault = false;
+  const bool activeAppsOnlyDefault = false;
+  const bool singleAppModeDefault = false;
+
+  double delaySpeedCurrent = 9.0;
+  double animationSpeedCurrent = 9.0;
+  bool scrollToExposeCurrent = false;
+  MinEffect minEffectCurrent = MinEffect::genie;
+  bool showHiddenCurrent = false;
+  bool activeAppsOnlyCurrent = false;
+  bool singleAppModeCurrent = false;
+
+  double delaySpeed = 8.0;
+  double animationSpeed = 8.0;
+  bool scrollToExpose = false;
+  MinEffect minEffect = MinEffect::genie;
+  bool showHidden = false;
+  bool activeAppsOnly = false;
+  bool singleAppMode = false;
+
+ private:
+  template <class Action>
+  void forEachInUse(Action action);
+  void writeEach();
+  void copyEditedToCurrent();
+  void notify() const;
+
+  Catalogue catalogue_;
+  std::function<bool()> usesSingleApp_;
+  std::function<void()> changed_;
+};
+
+}  // namespace tarnwell::core
