@@ -1,0 +1,66 @@
+#include "kit/Control.h"
+
+#include <utility>
+
+#include "kit/Turn.h"
+
+namespace tarnwell::kit {
+
+void Control::setEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) {
+    changed(Aspect::enabled);
+  }
+}
+
+void Control::setFrame(const Rect& frame) {
+  if (std::exchange(frame_, frame) != frame && peer_) {
+    peer_->place(frame);
+  }
+}
+
+void Control::setRotation(double radians) {
+  if (std::exchange(rotation_, radians) != radians) {
+    changed(Aspect::rotation);
+  }
+}
+
+Point Control::toLocal(Point onScreen) const {
+  return rotation_ == 0 ? onScreen : turnedAboutCentre(onScreen, bounds(), -rotation_);
+}
+
+void Control::setAccessibleName(std::string name) {
+  if (name != accessibleName_) {
+    accessibleName_ = std::move(name);
+    changed(Aspect::accessibleName);
+  }
+}
+
+void Control::attach(std::unique_ptr<Peer> peer) {
+  peer_ = std::move(peer);
+  if (!peer_) {
+    return;
+  }
+  for (const Aspect aspect : aspects()) {
+    peer_->show(aspect);
+  }
+  for (const Aspect aspect : {Aspect::enabled, Aspect::rotation, Aspect::accessibleName}) {
+    peer_->show(aspect);
+  }
+  peer_->place(frame_);
+}
+
+void Control::changed(Aspect aspect) {
+  if (peer_) {
+    peer_->show(aspect);
+  }
+}
+
+void Control::send(Action action) {
+  if (turn_ != nullptr) {
+    turn_->perform(std::move(action));
+  } else {
+    action();
+  }
+}
+
+}  // namespace tarnwell::kit

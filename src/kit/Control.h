@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "kit/Action.h"
+#include "kit/Geometry.h"
+#include "kit/Measurement.h"
+#include "kit/Peer.h"
+#include "kit/TextMeasurer.h"
+
+namespace tarnwell::kit {
+
+class Host;
+class Turn;
+
+/// What stands in a window: state and logic that need no toolkit. A host's peer shows it; without one the same object
+/// is the control of a test. Setting from code tells the peer and sends no action; a user's input always does.
+class Control {
+ public:
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  bool isEnabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+
+  /// In the parent's coordinates. A control that was never placed has its own natural size at the origin.
+  const Rect& frame() const { return frame_; }
+  Size bounds() const { return frame_.size(); }
+  void setFrame(const Rect& frame);
+
+  /// Radians about the centre. Layout knows nothing of it: the peer draws it, `toLocal` undoes it.
+  double rotation() const { return rotation_; }
+  void setRotation(double radians);
+  Point toLocal(Point onScreen) const;
+
+  /// What a screen reader calls it.
+  const std::string& accessibleName() const { return accessibleName_; }
+  void setAccessibleName(std::string name);
+
+  /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
+  void joinTurn(Turn& turn) { turn_ = &turn; }
+
+  /// Shows the current state, then every change.
+  void attach(std::unique_ptr<Peer> peer);
+  Peer* peer() const { return peer_.get(); }
+
+  virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) = 0;
+  virtual Measurement measure(const TextMeasurer& text, Proposal proposal) const = 0;
+
+  /// Whether the keyboard can reach it.
+  virtual bool takesFocus() const { return false; }
+
+ protected:
+  void changed(Aspect aspect);
+  void send(Action action);
+
+  /// What a new peer has to be told beside the aspects that every control has.
+  virtual std::vector<Aspect> aspects() const = 0;
+
+ private:
+  std::unique_ptr<Peer> peer_;
+  Turn* turn_ = nullptr;
+  Rect frame_;
+  std::string accessibleName_;
+  double rotation_ = 0;
+  bool enabled_ = true;
+};
+
+}  // namespace tarnwell::kit

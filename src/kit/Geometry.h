@@ -1,0 +1,37 @@
+#pragma once
+
+namespace tarnwell::kit {
+
+// Everything is in points, x to the right, y downwards.
+
+struct Point {
+  double x = 0;
+  double y = 0;
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Size {
+  double width = 0;
+  double height = 0;
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
+struct Rect {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+
+  double right() const { return x + width; }
+  double bottom() const { return y + height; }
+  Size size() const { return {.width = width, .height = height}; }
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+/// `rect` with its edges, not its size, on whole points: neighbours that touched still touch.
+Rect onWholePoints(const Rect& rect);
+
+/// `point` turned by `radians` about the centre of a box of `size` whose corner is the origin.
+Point turnedAboutCentre(Point point, Size size, double radians);
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/Control.h"
+
+namespace tarnwell::kit {
+
+/// A horizontal slider over a range of doubles.
+class Slider : public Control {
+ public:
+  using SliderAction = std::function<void(Slider&)>;
+
+  /// `action` is copied; it must hold its target weakly, since a drag can outlive what made the slider.
+  Slider(double value, double minValue, double maxValue, SliderAction action);
+
+  /// Always within the range; a value that is no number counts as the minimum.
+  double doubleValue() const { return value_; }
+  void setDoubleValue(double value);
+
+  double minValue() const { return minValue_; }
+  double maxValue() const { return maxValue_; }
+
+  int numberOfTickMarks() const { return tickMarks_; }
+  void setNumberOfTickMarks(int count);
+
+  /// Where tick mark `index` is drawn, in the slider's own coordinates; empty for an index that does not exist.
+  virtual Rect rectOfTickMarkAtIndex(int index) const;
+
+  /// Where the centre of the knob stands, in the slider's own coordinates.
+  double knobCentre() const;
+
+  // The user's doing. Positions are as seen on the screen: a turned slider is followed as it looks.
+
+  void dragTo(Point onScreen);
+  /// Moves the knob to the right on the screen by `fraction` of the range, to the left where negative.
+  void nudge(double fraction);
+  void choose(double value);
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::value}; }
+
+ private:
+  double clamped(double value) const;
+  double trackLength() const;
+
+  SliderAction action_;
+  double value_;
+  double minValue_;
+  double maxValue_;
+  int tickMarks_ = 0;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,36 @@
+#include "kit/Stepper.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "kit/ControlMetrics.h"
+#include "kit/Host.h"
+
+namespace tarnwell::kit {
+
+void Stepper::setValue(double value) {
+  if (std::exchange(value_, value) != value) {
+    changed(Aspect::value);
+  }
+}
+
+void Stepper::moveBy(double difference) {
+  if (!isEnabled() || std::isnan(value_)) {
+    return;
+  }
+  setValue(std::clamp(value_ + difference, range_.least, range_.most));
+  send([action = action_, value = value_] {
+    if (action) {
+      action(value);
+    }
+  });
+}
+
+std::unique_ptr<Peer> Stepper::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement Stepper::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
+  return {.size = metrics::stepper, .firstBaseline = (metrics::stepper.height + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <compare>
+
+namespace tarnwell::kit {
+
+/// A version of the system that the application runs on.
+struct SystemVersion {
+  int major = 14;
+  int minor = 0;
+  int patch = 0;
+  friend auto operator<=>(const SystemVersion&, const SystemVersion&) = default;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,53 @@
+#include "kit/TextField.h"
+
+#include <utility>
+
+#include "kit/ControlMetrics.h"
+#include "kit/Host.h"
+
+namespace tarnwell::kit {
+
+void TextField::setText(std::string text) {
+  if (text != text_) {
+    text_ = std::move(text);
+    if (!editing_) {
+      changed(Aspect::value);
+    }
+  }
+}
+
+void TextField::type(std::string text) {
+  if (isEnabled()) {
+    typed_ = std::move(text);
+    editing_ = true;
+    changed(Aspect::value);
+  }
+}
+
+void TextField::commit() {
+  if (!std::exchange(editing_, false)) {
+    return;
+  }
+  // The typed text is not the text yet: the owner decides, and the field then shows what it decided.
+  changed(Aspect::value);
+  send([action = action_, typed = typed_] {
+    if (action) {
+      action(typed);
+    }
+  });
+}
+
+void TextField::cancel() {
+  if (std::exchange(editing_, false)) {
+    changed(Aspect::value);
+  }
+}
+
+std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement TextField::measure(const TextMeasurer& text, Proposal proposal) const {
+  return {.size = {.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = metrics::fieldHeight},
+          .firstBaseline = (metrics::fieldHeight + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/Control.h"
+
+namespace tarnwell::kit {
+
+/// One line of text with a border. What the user types counts when it is committed: by Return, by leaving the field or
+/// by a press elsewhere in the window.
+class TextField final : public Control {
+ public:
+  using CommitAction = std::function<void(const std::string&)>;
+
+  /// The committed text. Setting it leaves alone what the user is typing.
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+
+  /// What the field shows: the text, or what is being typed over it.
+  const std::string& shownText() const { return editing_ ? typed_ : text_; }
+  bool isEditing() const { return editing_; }
+
+  void setAction(CommitAction action) { action_ = std::move(action); }
+
+  // The user's doing.
+
+  void type(std::string text);
+  void commit();
+  /// Gives up what was typed.
+  void cancel();
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::value}; }
+
+ private:
+  CommitAction action_;
+  std::string text_;
+  std::string typed_;
+  bool editing_ = false;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "kit/Measurement.h"
+#include "kit/TextStyle.h"
+
+namespace tarnwell::kit {
+
+/// How large a host draws a text.
+class TextMeasurer {
+ public:
+  virtual ~TextMeasurer() = default;
+
+  /// The size of `text`, broken into lines where `width` (points) is given.
+  virtual Measurement measureText(std::string_view text, FontRole font, std::optional<double> width) const = 0;
+
+  /// The height of a capital letter: symbols and knobs are centred on it.
+  virtual double capHeight(FontRole font) const = 0;
+};
+
+}  // namespace tarnwell::kit

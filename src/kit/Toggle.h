@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/Control.h"
+
+namespace tarnwell::kit {
+
+/// A switch that is on or off.
+class Toggle final : public Control {
+ public:
+  using ToggleAction = std::function<void(bool)>;
+
+  bool isOn() const { return on_; }
+  void setOn(bool on);
+
+  void setAction(ToggleAction action) { action_ = std::move(action); }
+
+  /// The user's doing: the other way round.
+  void press();
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::value}; }
+
+ private:
+  ToggleAction action_;
+  bool on_ = false;
+};
+
+}  // namespace tarnwell::kit

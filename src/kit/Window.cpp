@@ -1,0 +1,97 @@
+#include "kit/Window.h"
+
+#include <utility>
+
+#include "kit/Button.h"
+#include "kit/TextField.h"
+
+namespace tarnwell::kit {
+
+Window::Window(std::string identifier, std::string title)
+    : identifier_(std::move(identifier)), title_(std::move(title)) {}
+
+Window::~Window() = default;
+
+void Window::setContentSize(Size size) {
+  if (std::exchange(contentSize_, size) != size && peer_) {
+    peer_->place({.width = size.width, .height = size.height});
+  }
+}
+
+void Window::setVisible(bool visible) {
+  if (std::exchange(visible_, visible) != visible && peer_) {
+    peer_->show(Aspect::visible);
+  }
+}
+
+void Window::attach(std::unique_ptr<WindowPeer> peer) {
+  peer_ = std::move(peer);
+  if (peer_) {
+    peer_->show(Aspect::title);
+    peer_->place({.width = contentSize_.width, .height = contentSize_.height});
+    peer_->show(Aspect::visible);
+    peer_->reorder(controls_);
+  }
+}
+
+void Window::setControls(std::vector<Control*> inTreeOrder) {
+  if (inTreeOrder != controls_) {
+    controls_ = std::move(inTreeOrder);
+    if (peer_) {
+      peer_->reorder(controls_);
+    }
+  }
+}
+
+void Window::performClose() {
+  endEditing();
+  if (const Action action = closeAction_) {
+    action();
+  }
+}
+
+void Window::endEditing() {
+  // A copy: a commit may change what stands here.
+  for (Control* control : std::vector(controls_)) {
+    auto* field = dynamic_cast<TextField*>(control);
+    if (field != nullptr && field->isEditing()) {
+      field->commit();
+      return;
+    }
+  }
+}
+
+bool Window::keyDown(const KeyEvent& event) {
+  if (event.charactersIgnoringModifiers == escapeKey && event.modifierFlags == 0) {
+    return cancelEditing();
+  }
+  if (event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0) {
+    endEditing();
+    return pressDefaultButton();
+  }
+  return false;
+}
+
+bool Window::pressDefaultButton() {
+  for (Control* control : controls_) {
+    auto* button = dynamic_cast<Button*>(control);
+    if (button != nullptr && button->isDefault() && button->isEnabled()) {
+      button->click();
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Window::cancelEditing() {
+  for (Control* control : controls_) {
+    auto* field = dynamic_cast<TextField*>(control);
+    if (field != nullptr && field->isEditing()) {
+      field->cancel();
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "kit/Action.h"
+#include "kit/Geometry.h"
+#include "kit/KeyEvent.h"
+#include "kit/WindowPeer.h"
+
+namespace tarnwell::kit {
+
+class Button;
+class Host;
+
+/// A window of the application: its size follows its content, never the user.
+class Window {
+ public:
+  Window(std::string identifier, std::string title);
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  ~Window();
+
+  const std::string& identifier() const { return identifier_; }
+  const std::string& title() const { return title_; }
+
+  Size contentSize() const { return contentSize_; }
+  void setContentSize(Size size);
+
+  bool isVisible() const { return visible_; }
+  void setVisible(bool visible);
+
+  /// Shows the current state, then every change.
+  void attach(std::unique_ptr<WindowPeer> peer);
+  WindowPeer* peer() const { return peer_.get(); }
+
+  /// What stands in the window, in the order of the tree; borrowed until the next call.
+  const std::vector<Control*>& controls() const { return controls_; }
+  void setControls(std::vector<Control*> inTreeOrder);
+
+  /// Asked when the user closes the window; the owner closes it.
+  void setCloseAction(Action action) { closeAction_ = std::move(action); }
+
+  // The user's doing.
+
+  void performClose();
+
+  /// Commits the field that is being typed into. A press elsewhere does this before it is delivered.
+  void endEditing();
+
+  /// One place for the keys that belong to no control: Return commits and presses the default button if that is
+  /// enabled then, Escape gives up what was typed. False for a key that means nothing here.
+  bool keyDown(const KeyEvent& event);
+
+ private:
+  bool pressDefaultButton();
+  bool cancelEditing();
+
+  std::string identifier_;
+  std::string title_;
+  std::unique_ptr<WindowPeer> peer_;
+  std::vector<Control*> controls_;
+  Action closeAction_;
+  Size contentSize_;
+  bool visible_ = false;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+#include "kit/Peer.h"
+
+namespace tarnwell::kit {
+
+class Control;
+
+/// A host's side of a window, and the parent peer of what stands in it. `place` sizes the content.
+class WindowPeer : public Peer {
+ public:
+  /// The tallest content that the screen has room for, in points.
+  virtual double availableHeight() const = 0;
+
+  /// The controls in the order of the tree: the order of the focus and of what a screen reader tells.
+  virtual void reorder(const std::vector<Control*>& inTreeOrder) noexcept = 0;
+};
+
+}  // namespace tarnwell::kit
