@@ -24,9 +24,6 @@ class ChildReaper {
   /// Reaps children that have ended, a bounded number a call; the rest keeps the descriptor readable.
   void reap();
 
-  /// Children that have not been reaped yet, ended or not.
-  std::size_t pending() const { return watched_.size() + unwatched_.size(); }
-
  private:
   bool tryWatch(pid_t child);
   void reapUnwatched();

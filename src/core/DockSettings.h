@@ -65,9 +65,11 @@ class DockSettings {
   bool singleAppMode = false;
 
  private:
+  /// Calls `action(access, writePrefix)` for each preference that this system knows, in the catalogue's order.
   template <class Action>
-  void forEachInUse(Action action);
-  void writeEach();
+  void forEachInUse(Action action) const;
+  template <class Test>
+  bool allOf(Test test) const;
   void copyEditedToCurrent();
   void notify() const;
 

@@ -1,0 +1,52 @@
+#include "core/ShellCommandRunner.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <string_view>
+
+#include "core/ChildStreams.h"
+#include "core/Pipe.h"
+#include "core/SystemFault.h"
+#include "core/Utf8.h"
+#include "diagnostics/Fault.h"
+
+namespace tarnwell::core {
+namespace {
+
+std::string readToEnd(const Descriptor& source) {
+  std::string bytes;
+  std::array<char, 4096> chunk{};
+  for (;;) {
+    const ssize_t count = ::read(source.number(), chunk.data(), chunk.size());
+    if (count == 0) return bytes;
+    if (count > 0) {
+      bytes.append(chunk.data(), static_cast<std::size_t>(count));
+    } else if (errno != EINTR) {
+      systemFault("read a command's output", errno);
+    }
+  }
+}
+
+}  // namespace
+
+void ShellCommandRunner::runDetached(const std::string& commandLine) {
+  Pipe pipe = Pipe::create();
+  const pid_t child = launcher_.launch(commandLine, ChildStreams(pipe, Reader::nobody));
+  // Before the child is watched, so that there are descriptors left to watch it with.
+  pipe = {};
+  reaper_.watch(child);
+}
+
+std::string ShellCommandRunner::runCaptured(const std::string& commandLine) {
+  Pipe pipe = Pipe::create();
+  const pid_t child = launcher_.launch(commandLine, ChildStreams(pipe, Reader::thisProcess));
+  pipe.writeEnd.close();
+  reaper_.watch(child);
+  std::string output = readToEnd(pipe.readEnd);
+  if (!isUtf8(output)) diagnostics::fault("the output of \"" + commandLine + "\" is not UTF-8");
+  return output;
+}
+
+}  // namespace tarnwell::core
