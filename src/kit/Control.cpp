@@ -50,6 +50,9 @@ void Control::attach(std::unique_ptr<Peer> peer) {
 }
 
 void Control::changed(Aspect aspect) {
+  if (aspect == Aspect::title || aspect == Aspect::style) {
+    ++sizeRevision_;
+  }
   if (peer_) {
     peer_->show(aspect);
   }

@@ -51,6 +51,9 @@ class Control {
   virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) = 0;
   virtual Measurement measure(const TextMeasurer& text, Proposal proposal) const = 0;
 
+  /// Another number whenever the natural size may have become another.
+  unsigned sizeRevision() const { return sizeRevision_; }
+
   /// Whether the keyboard can reach it.
   virtual bool takesFocus() const { return false; }
 
@@ -67,6 +70,7 @@ class Control {
   Rect frame_;
   std::string accessibleName_;
   double rotation_ = 0;
+  unsigned sizeRevision_ = 0;
   bool enabled_ = true;
 };
 

@@ -43,6 +43,12 @@ void Window::setControls(std::vector<Control*> inTreeOrder) {
   }
 }
 
+void Window::metricsChanged() {
+  if (const Action action = metricsAction_) {
+    action();
+  }
+}
+
 void Window::performClose() {
   endEditing();
   if (const Action action = closeAction_) {

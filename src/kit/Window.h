@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kit/Action.h"
@@ -42,6 +43,10 @@ class Window {
   /// Asked when the user closes the window; the owner closes it.
   void setCloseAction(Action action) { closeAction_ = std::move(action); }
 
+  /// Asked when the host measures differently: another font, style or scale.
+  void setMetricsAction(Action action) { metricsAction_ = std::move(action); }
+  void metricsChanged();
+
   // The user's doing.
 
   void performClose();
@@ -62,6 +67,7 @@ class Window {
   std::unique_ptr<WindowPeer> peer_;
   std::vector<Control*> controls_;
   Action closeAction_;
+  Action metricsAction_;
   Size contentSize_;
   bool visible_ = false;
 };

@@ -1,0 +1,39 @@
+#include "view/ControlNode.h"
+
+#include <utility>
+
+#include "kit/Host.h"
+#include "view/MountedTree.h"
+
+namespace tarnwell::view {
+
+void ControlNode::apply() {
+  const bool first = !control_;
+  if (first) {
+    control_ = makeControl();
+    control_->joinTurn(tree().turn());
+  }
+  applyEnvironment();
+  updateControl();
+  if (first) {
+    control_->attach(control_->makePeer(tree().host(), peerForChildren()));
+  }
+  if (std::exchange(sizeRevision_, control_->sizeRevision()) != control_->sizeRevision() && !first) {
+    forgetMeasurements();
+  }
+}
+
+void ControlNode::willUnmount() { control_->attach(nullptr); }
+
+kit::Measurement ControlNode::layOut(kit::Proposal proposal) { return tree().host().measure(*control_, proposal); }
+
+void ControlNode::placeContent(const kit::Rect& frame) { control_->setFrame(kit::onWholePoints(frame)); }
+
+void ControlNode::applyEnvironment() {
+  control_->setEnabled(environment().get<EnabledKey>());
+  control_->setRotation(environment().get<RotationKey>());
+  std::string name = isNamedByRow() ? environment().get<AccessibleNameKey>() : std::string();
+  control_->setAccessibleName(name.empty() ? ownName() : std::move(name));
+}
+
+}  // namespace tarnwell::view

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include "view/Label.h"
+#include "view/Spacer.h"
+#include "view/View.h"
+
+namespace tarnwell::view {
+
+/// A row of a form: a label, with a description under its title, on the left; a control on the right. The control
+/// takes its ideal size first, the label gets the rest. Screen readers call the control as the label reads.
+struct LabeledRow {
+  Label label = {};
+  View description = EmptyView{};
+  View control = EmptyView{};
+};
+
+std::shared_ptr<MountedNode> makeNode(const LabeledRow& row, const Place& place);
+
+}  // namespace tarnwell::view

@@ -1,0 +1,84 @@
+#include <algorithm>
+
+#include "view/Alignment.h"
+#include "view/PassThroughNode.h"
+#include "view/View.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct FrameModifier {
+  View content;
+  Frame frame;
+};
+
+class FrameNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override { updateChildren({valueAs<FrameModifier>().content}, environment()); }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    kit::Measurement inner = child().measure(within(proposal));
+    if (frame.maxHeight && inner.size.height > *frame.maxHeight) {
+      // Proposed again, so that the content knows that it is cut and can scroll.
+      inner = child().measure({.width = within(proposal).width, .height = frame.maxHeight});
+    }
+    return {.size = {.width = frame.width.value_or(inner.size.width),
+                     .height = std::min(inner.size.height, frame.maxHeight.value_or(inner.size.height))},
+            .firstBaseline = inner.firstBaseline};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    const kit::Size size = child().measure(within({.width = frame.width, .height = frame.height})).size;
+    const double x = aligned(valueAs<FrameModifier>().frame.alignment, size.width, frame.width);
+    child().place({.x = frame.x + x,
+                   .y = frame.y + (frame.height - size.height) / 2,
+                   .width = size.width,
+                   .height = size.height});
+  }
+
+ private:
+  kit::Proposal within(kit::Proposal proposal) const {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    if (frame.width) {
+      proposal.width = frame.width;
+    }
+    if (frame.maxHeight && proposal.height) {
+      proposal.height = std::min(*proposal.height, *frame.maxHeight);
+    }
+    return proposal;
+  }
+};
+
+std::shared_ptr<MountedNode> makeNode(const FrameModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<FrameNode>(place);
+}
+
+struct FixedSizeModifier {
+  View content;
+};
+
+class FixedSizeNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override { updateChildren({valueAs<FixedSizeModifier>().content}, environment()); }
+  // Placed where there is less room, on a low screen, the content still learns of it.
+  kit::Measurement layOut(kit::Proposal /*proposal*/) override { return child().measure({}); }
+};
+
+std::shared_ptr<MountedNode> makeNode(const FixedSizeModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<FixedSizeNode>(place);
+}
+
+}  // namespace
+
+View View::frame(Frame frame) const { return FrameModifier{.content = *this, .frame = frame}; }
+
+View View::fixedSize() const { return FixedSizeModifier{.content = *this}; }
+
+}  // namespace tarnwell::view

@@ -1,0 +1,68 @@
+#include "view/MountedTree.h"
+#include "view/PassThroughNode.h"
+#include "view/View.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct AppearModifier {
+  View content;
+  kit::Action action;
+};
+
+class AppearNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+  void showingChanged(bool shown) override {
+    if (shown) {
+      tree().addHandler(valueAs<AppearModifier>().action);
+    }
+  }
+
+ protected:
+  void apply() override { updateChildren({valueAs<AppearModifier>().content}, environment()); }
+};
+
+std::shared_ptr<MountedNode> makeNode(const AppearModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<AppearNode>(place);
+}
+
+struct ChangeModifier {
+  View content;
+  std::any value;
+  bool (*same)(const std::any&, const std::any&);
+  std::function<void(const std::any&)> action;
+};
+
+class ChangeNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override {
+    const auto& modifier = valueAs<ChangeModifier>();
+    if (last_.has_value() && !modifier.same(last_, modifier.value)) {
+      tree().addHandler([action = modifier.action, value = modifier.value] { action(value); });
+    }
+    last_ = modifier.value;
+    updateChildren({modifier.content}, environment());
+  }
+
+ private:
+  std::any last_;
+};
+
+std::shared_ptr<MountedNode> makeNode(const ChangeModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<ChangeNode>(place);
+}
+
+}  // namespace
+
+View View::onAppear(kit::Action action) const { return AppearModifier{.content = *this, .action = std::move(action)}; }
+
+View View::onChange(std::any value, AnySame same, std::function<void(const std::any&)> action) const {
+  return ChangeModifier{.content = *this, .value = std::move(value), .same = same, .action = std::move(action)};
+}
+
+}  // namespace tarnwell::view

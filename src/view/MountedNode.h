@@ -1,0 +1,107 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "kit/Geometry.h"
+#include "kit/Measurement.h"
+#include "view/Place.h"
+
+namespace tarnwell::kit {
+class Control;
+class Peer;
+}  // namespace tarnwell::kit
+
+namespace tarnwell::view {
+
+/// A view that stands in a tree. It outlives the descriptions that come and go: an update of the same type is taken
+/// over, any other replaces the node. Held by its parent alone; whoever else points to it does so weakly.
+class MountedNode : public std::enable_shared_from_this<MountedNode> {
+ public:
+  explicit MountedNode(const Place& place);
+  MountedNode(const MountedNode&) = delete;
+  MountedNode& operator=(const MountedNode&) = delete;
+  virtual ~MountedNode() = default;
+
+  /// Makes controls and children; once, right after construction.
+  void mount();
+  /// Takes over a description of the same type.
+  void update(View view, EnvironmentValues environment);
+  /// Brings everything in line once more, from the state as it is now.
+  void refresh();
+  void unmount();
+
+  /// Refreshes when the tree settles next.
+  void markDirty();
+
+  bool isMounted() const { return mounted_; }
+  bool isDirty() const { return dirty_; }
+  int depth() const { return depth_; }
+
+  MountedTree& tree() const { return tree_; }
+  const EnvironmentValues& environment() const { return environment_; }
+  const std::vector<std::shared_ptr<MountedNode>>& children() const { return children_; }
+
+  /// Its control; null unless it has one.
+  virtual kit::Control* control() const { return nullptr; }
+  /// The parent of the peers below.
+  virtual kit::Peer& peerForChildren() const;
+
+  /// Told at every showing and hiding, ancestors first.
+  virtual void showingChanged(bool /*shown*/) {}
+
+  /// Takes no room and no part in spacing.
+  virtual bool isEmpty() const { return false; }
+  /// Takes what the others leave.
+  virtual bool isSpacer() const { return false; }
+
+  kit::Measurement measure(kit::Proposal proposal);
+  /// Stands at `frame`, in the coordinates of the nearest container of peers.
+  void place(const kit::Rect& frame);
+  const kit::Rect& frame() const { return frame_; }
+
+  /// The natural size changed: what was measured here and above counts no more.
+  void forgetMeasurements();
+  /// The same for everything below.
+  void forgetMeasurementsBelow();
+
+  /// One line for a picture of the tree; empty for what only passes things on.
+  virtual std::string summary() const { return {}; }
+
+ protected:
+  const Description& description() const { return view_.description(); }
+
+  /// The description, for a node that was made for values of type `V`.
+  template <class V>
+  const V& valueAs() const {
+    return static_cast<const ValueDescription<V>&>(view_.description()).value();
+  }
+
+  /// Brings controls and children in line with description and environment, at mounting and at every update.
+  virtual void apply() = 0;
+  virtual void willUnmount() {}
+  virtual kit::Measurement layOut(kit::Proposal proposal) = 0;
+  virtual void placeContent(const kit::Rect& frame) = 0;
+
+  /// Walks old and new children in lockstep, by position and type.
+  void updateChildren(const std::vector<View>& views, const EnvironmentValues& environment);
+
+ private:
+  std::shared_ptr<MountedNode> makeChild(const View& view, const EnvironmentValues& environment);
+  void retire(const std::shared_ptr<MountedNode>& child);
+
+  MountedTree& tree_;
+  MountedNode* parent_;
+  View view_;
+  EnvironmentValues environment_;
+  std::vector<std::shared_ptr<MountedNode>> children_;
+  std::vector<std::pair<kit::Proposal, kit::Measurement>> measurements_;
+  kit::Rect frame_;
+  int depth_;
+  bool mounted_ = false;
+  bool dirty_ = false;
+};
+
+}  // namespace tarnwell::view

@@ -1,0 +1,129 @@
+#include "view/Section.h"
+
+#include <algorithm>
+
+#include "kit/Box.h"
+#include "kit/Host.h"
+#include "view/FormMetrics.h"
+#include "view/MountedNode.h"
+#include "view/MountedTree.h"
+
+namespace tarnwell::view {
+namespace {
+
+namespace metrics = form_metrics;
+
+class SectionNode final : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  std::string summary() const override { return group_ ? "Section" : "Section without a box"; }
+
+ protected:
+  void apply() override {
+    const auto& section = valueAs<Section>();
+    if (section.rows.empty() != !group_) {
+      group_ = section.rows.empty() ? nullptr : makeBox(kit::Box::Kind::group);
+    }
+    std::vector<View> parts = section.rows;
+    parts.push_back(section.footer);
+    updateChildren(parts, environment());
+    makeSeparators(visibleRows().size());
+  }
+
+  void willUnmount() override {
+    group_.reset();
+    separators_.clear();
+  }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const double width = proposal.width.value_or(0);
+    double height = 0;
+    for (MountedNode* row : visibleRows()) {
+      height += rowHeight(*row, width);
+    }
+    if (!footer().isEmpty()) {
+      const double inset = footerInset();
+      height += group_ ? metrics::footerGap : 0;
+      height += footer().measure({.width = width - 2 * inset}).size.height;
+    }
+    return {.size = {.width = width, .height = height}};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    double y = frame.y;
+    std::size_t line = 0;
+    for (MountedNode* row : visibleRows()) {
+      if (y > frame.y) {
+        separators_[line++]->setFrame(
+            {.x = frame.x + metrics::rowInset, .y = y, .width = frame.width - 2 * metrics::rowInset, .height = 1});
+      }
+      y += placeRow(*row, {.x = frame.x, .y = y, .width = frame.width});
+    }
+    if (group_) {
+      group_->setFrame(kit::onWholePoints({.x = frame.x, .y = frame.y, .width = frame.width, .height = y - frame.y}));
+      y += metrics::footerGap;
+    }
+    if (!footer().isEmpty()) {
+      const double inset = footerInset();
+      const double width = frame.width - 2 * inset;
+      const kit::Size size = footer().measure({.width = width}).size;
+      footer().place({.x = frame.x + inset, .y = y, .width = size.width, .height = size.height});
+    }
+  }
+
+ private:
+  MountedNode& footer() const { return *children().back(); }
+  // Words stand in line with the rows' words; controls without a box above them are flush with the boxes.
+  double footerInset() const { return group_ ? metrics::rowInset : 0; }
+
+  std::vector<MountedNode*> visibleRows() const {
+    std::vector<MountedNode*> rows;
+    for (std::size_t i = 0; i + 1 < children().size(); ++i) {
+      if (!children()[i]->isEmpty()) {
+        rows.push_back(children()[i].get());
+      }
+    }
+    return rows;
+  }
+
+  static double rowHeight(MountedNode& row, double width) {
+    const double content = row.measure({.width = width - 2 * metrics::rowInset}).size.height;
+    return std::max(metrics::leastRowHeight, content + 2 * metrics::rowPadding);
+  }
+
+  static double placeRow(MountedNode& row, const kit::Rect& place) {
+    const double height = rowHeight(row, place.width);
+    const double width = place.width - 2 * metrics::rowInset;
+    const double content = row.measure({.width = width}).size.height;
+    row.place(
+        {.x = place.x + metrics::rowInset, .y = place.y + (height - content) / 2, .width = width, .height = content});
+    return height;
+  }
+
+  std::unique_ptr<kit::Box> makeBox(kit::Box::Kind kind) {
+    auto box = std::make_unique<kit::Box>(kind);
+    box->attach(box->makePeer(tree().host(), peerForChildren()));
+    return box;
+  }
+
+  void makeSeparators(std::size_t rows) {
+    const std::size_t lines = rows > 0 ? rows - 1 : 0;
+    while (separators_.size() < lines) {
+      separators_.push_back(makeBox(kit::Box::Kind::separator));
+    }
+    separators_.resize(lines);
+  }
+
+  // Before the rows, so that it is drawn under them.
+  std::unique_ptr<kit::Box> group_;
+  std::vector<std::unique_ptr<kit::Box>> separators_;
+};
+
+}  // namespace
+
+std::shared_ptr<MountedNode> makeNode(const Section& /*section*/, const Place& place) {
+  return std::make_shared<SectionNode>(place);
+}
+
+}  // namespace tarnwell::view

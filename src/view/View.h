@@ -1,0 +1,78 @@
+#pragma once
+
+#include <any>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "kit/Action.h"
+#include "kit/TextStyle.h"
+#include "view/Description.h"
+#include "view/EnvironmentKeys.h"
+#include "view/EnvironmentValues.h"
+#include "view/Same.h"
+
+namespace tarnwell::view {
+
+/// A fixed width, a greatest height (points), and where the content stands in what it does not fill.
+struct Frame {
+  std::optional<double> width = std::nullopt;
+  std::optional<double> maxHeight = std::nullopt;
+  kit::TextAlignment alignment = kit::TextAlignment::center;
+};
+
+/// An immutable description of a piece of the screen; a copy costs a reference count. Any kind of view converts to it,
+/// and modifiers return a new one:
+///
+///     VStack{.children = {Text{"sec"}.asView().font(kit::FontRole::caption), TextField{.title = "Speed"}}}
+class View {
+ public:
+  template <class V>
+  requires(!std::same_as<V, View> && Mountable<V>) View(V value)
+      : description_(std::make_shared<const ValueDescription<V>>(std::move(value))) {}  // NOLINT(*-explicit-*)
+
+  const Description& description() const { return *description_; }
+
+  View frame(Frame frame) const;
+  /// The ideal size, whatever the parent offers.
+  View fixedSize() const;
+  /// Turns the picture of each control below about its centre; layout does not see it.
+  View rotation(double radians) const;
+
+  /// Runs at every showing: when the window opens, and when the view is put into one that is open.
+  View onAppear(kit::Action action) const;
+
+  /// Runs after every change of `value`, whatever made it, with the new value; not for the value at mounting.
+  template <class T>
+  View onChange(T value, std::function<void(const T&)> action) const {
+    return onChange(
+        std::any(std::move(value)),
+        [](const std::any& a, const std::any& b) {
+          return same(std::any_cast<const T&>(a), std::any_cast<const T&>(b));
+        },
+        [action = std::move(action)](const std::any& changed) { action(std::any_cast<const T&>(changed)); });
+  }
+
+  template <EnvironmentKey K>
+  View environment(typename K::Value value) const {
+    return environment([value = std::move(value)](const EnvironmentValues& outer) { return outer.with<K>(value); });
+  }
+
+  View font(kit::FontRole font) const { return environment<FontKey>(font); }
+  View foregroundStyle(kit::ColorRole color) const { return environment<ForegroundKey>(color); }
+  View labelStyle(LabelStyle style) const { return environment<LabelStyleKey>(style); }
+  View accessibilityLabel(std::string name) const { return environment<AccessibleNameKey>(std::move(name)); }
+  /// What is disabled stays disabled whatever stands below.
+  View disabled(bool disabled) const;
+
+ private:
+  using AnySame = bool (*)(const std::any&, const std::any&);
+
+  View onChange(std::any value, AnySame same, std::function<void(const std::any&)> action) const;
+  View environment(std::function<EnvironmentValues(const EnvironmentValues&)> change) const;
+
+  std::shared_ptr<const Description> description_;
+};
+
+}  // namespace tarnwell::view
