@@ -1,6 +1,7 @@
 #include "view/Button.h"
 
 #include "view/ControlNode.h"
+#include "view/ControlSummary.h"
 
 namespace tarnwell::view {
 namespace {
@@ -9,13 +10,7 @@ class ButtonNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    const auto& button = controlAs<kit::Button>();
-    std::string line = "Button \"" + button.title() + "\"";
-    line += button.role() == kit::Button::Role::destructive ? " destructive" : "";
-    line += button.isDefault() ? " default" : "";
-    return line;
-  }
+  std::string summary() const override { return describe(controlAs<kit::Button>()); }
 
  protected:
   std::unique_ptr<kit::Control> makeControl() override {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "view/ControlNode.h"
+#include "view/ControlSummary.h"
 
 namespace tarnwell::view {
 

@@ -1,0 +1,112 @@
+#include "host/headless/HeadlessHost.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/headless/HeadlessWindowPeer.h"
+#include "host/headless/JournalPeer.h"
+#include "kit/Box.h"
+#include "kit/Button.h"
+#include "kit/PopUpButton.h"
+#include "kit/ScrollArea.h"
+#include "kit/Slider.h"
+#include "kit/Stepper.h"
+#include "kit/SymbolView.h"
+#include "kit/TextField.h"
+#include "kit/TextLabel.h"
+#include "kit/Toggle.h"
+
+namespace tarnwell::host_headless {
+namespace {
+
+struct FontMetrics {
+  double characterWidth = 0;
+  double lineHeight = 0;
+  double baseline = 0;
+  double capHeight = 0;
+};
+
+FontMetrics metricsOf(kit::FontRole font) {
+  switch (font) {
+    case kit::FontRole::body:
+      return {.characterWidth = 7, .lineHeight = 16, .baseline = 12, .capHeight = 9};
+    case kit::FontRole::subheadline:
+      return {.characterWidth = 6, .lineHeight = 14, .baseline = 11, .capHeight = 8};
+    case kit::FontRole::caption:
+      return {.characterWidth = 5, .lineHeight = 12, .baseline = 9, .capHeight = 7};
+  }
+  return {};
+}
+
+// Code points, not bytes: an accent is no wider than its letter.
+double characters(std::string_view utf8) {
+  return static_cast<double>(
+      std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+std::unique_ptr<kit::Peer> journalPeer(Journal& journal, const kit::Control& control, std::string kind) {
+  return std::make_unique<JournalPeer>(journal, [&control, kind = std::move(kind)] {
+    return control.accessibleName().empty() ? kind : kind + " \"" + control.accessibleName() + "\"";
+  });
+}
+
+}  // namespace
+
+std::unique_ptr<kit::WindowPeer> HeadlessHost::peer(kit::Window& window) {
+  return std::make_unique<HeadlessWindowPeer>(journal_, window, availableHeight_);
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, box, "box");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Button& button, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, button, "button");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, button, "pop-up button");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ScrollArea& area, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, area, "scroll area");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Slider& slider, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, slider, "slider");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Stepper& stepper, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, stepper, "stepper");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::SymbolView& symbol, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, symbol, "symbol");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextField& field, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, field, "field");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextLabel& label, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, label, "text");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Toggle& toggle, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, toggle, "switch");
+}
+
+kit::Measurement HeadlessHost::measureText(std::string_view text, kit::FontRole font,
+                                           std::optional<double> width) const {
+  const FontMetrics metrics = metricsOf(font);
+  const double natural = characters(text) * metrics.characterWidth;
+  // Broken anywhere: the last line is as full as the others.
+  const double room = std::max(metrics.characterWidth, width.value_or(natural));
+  const double lines = std::max(1.0, std::ceil(natural / room));
+  return {.size = {.width = std::min(natural, room), .height = lines * metrics.lineHeight},
+          .firstBaseline = metrics.baseline};
+}
+
+double HeadlessHost::capHeight(kit::FontRole font) const { return metricsOf(font).capHeight; }
+
+}  // namespace tarnwell::host_headless

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/headless/Journal.h"
+#include "kit/Host.h"
+
+namespace tarnwell::host_headless {
+
+/// A platform in memory: its peers show nothing and note in a journal what they were told. Every character of a font
+/// is equally wide, so that geometry can be asserted.
+class HeadlessHost final : public kit::Host {
+ public:
+  Journal& journal() { return journal_; }
+
+  /// The tallest content of a window, in points.
+  void setAvailableHeight(double height) { availableHeight_ = height; }
+
+  std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;
+  std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Button& button, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::PopUpButton& button, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::ScrollArea& area, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Stepper& stepper, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::SymbolView& symbol, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::TextField& field, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::TextLabel& label, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Toggle& toggle, kit::Peer& parent) override;
+
+  kit::Measurement measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const override;
+  double capHeight(kit::FontRole font) const override;
+
+ private:
+  Journal journal_;
+  double availableHeight_ = 1000;
+};
+
+}  // namespace tarnwell::host_headless

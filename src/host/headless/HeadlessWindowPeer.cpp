@@ -1,0 +1,28 @@
+#include "host/headless/HeadlessWindowPeer.h"
+
+#include <cmath>
+#include <string>
+
+#include "host/headless/JournalPeer.h"
+
+namespace tarnwell::host_headless {
+
+HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, const kit::Window& window, const double& availableHeight)
+    : journal_(journal), window_(window), availableHeight_(availableHeight) {}
+
+void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
+  const bool shows = aspect == kit::Aspect::visible;
+  const std::string what = shows ? (window_.isVisible() ? "shown" : "hidden") : aspectName(aspect);
+  journal_.note("window " + window_.identifier() + ": " + what);
+}
+
+void HeadlessWindowPeer::place(const kit::Rect& frame) noexcept {
+  journal_.note("window " + window_.identifier() + ": " + std::to_string(std::lround(frame.width)) + " x " +
+                std::to_string(std::lround(frame.height)));
+}
+
+void HeadlessWindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {
+  journal_.note("window " + window_.identifier() + ": " + std::to_string(inTreeOrder.size()) + " controls in order");
+}
+
+}  // namespace tarnwell::host_headless

@@ -1,0 +1,36 @@
+#include "host/headless/JournalPeer.h"
+
+#include <utility>
+
+namespace tarnwell::host_headless {
+
+JournalPeer::JournalPeer(Journal& journal, std::function<std::string()> name)
+    : journal_(journal), name_(std::move(name)) {}
+
+JournalPeer::~JournalPeer() { journal_.note(name_() + ": removed"); }
+
+void JournalPeer::show(kit::Aspect aspect) noexcept { journal_.note(name_() + ": " + aspectName(aspect)); }
+
+void JournalPeer::place(const kit::Rect& /*frame*/) noexcept { journal_.note(name_() + ": place"); }
+
+std::string aspectName(kit::Aspect aspect) {
+  switch (aspect) {
+    case kit::Aspect::enabled:
+      return "enabled";
+    case kit::Aspect::value:
+      return "value";
+    case kit::Aspect::title:
+      return "title";
+    case kit::Aspect::style:
+      return "style";
+    case kit::Aspect::rotation:
+      return "rotation";
+    case kit::Aspect::accessibleName:
+      return "accessible name";
+    case kit::Aspect::visible:
+      return "visible";
+  }
+  return "?";
+}
+
+}  // namespace tarnwell::host_headless
