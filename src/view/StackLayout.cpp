@@ -47,28 +47,31 @@ kit::Proposal StackLayout::along(std::optional<double> length, kit::Proposal pro
 }
 
 double StackLayout::flexibility(MountedNode& node, kit::Proposal proposal) const {
-  if (node.isSpacer()) {
-    return 2 * unbounded;
-  }
   return length(node.measure(along(unbounded, proposal)).size) - length(node.measure(along(0, proposal)).size);
 }
 
 void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal proposal) const {
-  std::vector<std::pair<double, Item*>> order;
+  std::vector<std::pair<double, Item*>> takers;
+  std::vector<Item*> spacers;
   for (Item& item : items) {
-    order.emplace_back(flexibility(*item.node, proposal), &item);
     if (item.node->isSpacer()) {
       // Its least length is not the others' to take.
       room -= length(item.node->measure(along(0, proposal)).size);
+      spacers.push_back(&item);
+    } else {
+      takers.emplace_back(flexibility(*item.node, proposal), &item);
     }
   }
-  std::ranges::stable_sort(order, {}, [](const auto& entry) { return entry.first; });
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    Item& item = *order[i].second;
-    const double reserved = item.node->isSpacer() ? length(item.node->measure(along(0, proposal)).size) : 0;
-    const double part = std::max(0.0, room) / static_cast<double>(order.size() - i) + reserved;
-    item.measurement = item.node->measure(along(part, proposal));
-    room -= length(item.measurement.size) - reserved;
+  std::ranges::stable_sort(takers, {}, [](const auto& taker) { return taker.first; });
+  std::size_t left = takers.size();
+  for (const auto& [flexibility, item] : takers) {
+    item->measurement = item->node->measure(along(std::max(0.0, room) / static_cast<double>(left--), proposal));
+    room -= length(item->measurement.size);
+  }
+  for (Item* spacer : spacers) {
+    const double least = length(spacer->node->measure(along(0, proposal)).size);
+    const double part = std::max(0.0, room) / static_cast<double>(spacers.size());
+    spacer->measurement = spacer->node->measure(along(least + part, proposal));
   }
 }
 
