@@ -1,0 +1,107 @@
+#include "standin/defaults/Commands.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+
+#include "standin/defaults/LogLine.h"
+#include "standin/store/SystemRoot.h"
+
+namespace tarnwell::standin {
+namespace {
+
+struct DomainVerb {
+  std::string_view name;
+  Status (*run)(const Invocation&) = nullptr;
+};
+
+constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain},
+                                                    {"read-type", readType},
+                                                    {"write", writeValue},
+                                                    {"delete", deleteKeyOrDomain},
+                                                    {"export", exportDomain},
+                                                    {"import", importDomain}}};
+
+// The user's locale has no say in what a verb is.
+std::string lowerCase(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return result;
+}
+
+Status noRoot() {
+  logLine(noRootMessage);
+  return Status::failure;
+}
+
+Status runForDomain(const DomainVerb& verb, Arguments arguments) {
+  const std::optional<std::string> root = systemRoot();
+  // An absolute path says by itself where the store is.
+  if (!root && !arguments.front().starts_with('/')) return noRoot();
+  std::optional<Domain> domain = Domain::resolve(arguments.front(), root.value_or(std::string()));
+  if (!domain) {
+    logLine("\"" + std::string(arguments.front()) + "\" is not the name of a domain; leaving defaults unchanged.");
+    return Status::failure;
+  }
+  return verb.run({std::move(*domain), arguments.subspan(1)});
+}
+
+Status runForAll(Status (*run)(const std::string&)) {
+  const std::optional<std::string> root = systemRoot();
+  return root ? run(*root) : noRoot();
+}
+
+}  // namespace
+
+Status runDefaults(Arguments arguments) {
+  if (arguments.empty()) return misused();
+  const std::string verb = lowerCase(arguments.front());
+  const Arguments rest = arguments.subspan(1);
+  if (verb == "help" || verb == "-help" || verb == "--help" || verb == "-h") return showHelp();
+  if (verb == "domains" && rest.empty()) return runForAll(listDomains);
+  if (verb == "read" && rest.empty()) return runForAll(readAllDomains);
+  const auto* const found =
+      std::find_if(domainVerbs.begin(), domainVerbs.end(), [&](const DomainVerb& each) { return each.name == verb; });
+  if (found == domainVerbs.end() || rest.empty()) return misused();
+  return runForDomain(*found, rest);
+}
+
+Status unexpectedArgument(const Invocation& invocation, std::size_t count) {
+  logLine("Unexpected argument " + std::string(invocation.arguments[count]) + "; leaving defaults unchanged.");
+  return Status::failure;
+}
+
+Status noSuchPair(const Domain& domain, std::string_view key) {
+  logLine("\nThe domain/default pair of (" + domain.name + ", " + std::string(key) + ") does not exist");
+  return Status::failure;
+}
+
+Status couldNotWrite(const Domain& domain) {
+  logLine("Could not write domain " + domain.name + "; exiting");
+  return Status::failure;
+}
+
+Status couldNotRead(const Domain& domain, const StoredPreferences& stored) {
+  const std::string reason =
+      stored.state == StoreState::damaged
+          ? "is not a property list"
+          : std::string("cannot be read: ") + std::strerror(stored.error);  // NOLINT(concurrency-mt-unsafe): one thread
+  logLine("Could not read domain " + domain.name + "; " + domain.path + " " + reason);
+  return Status::failure;
+}
+
+Status commit(PreferenceTransaction& transaction, const Domain& domain) {
+  const bool written = transaction.commit();
+  reportSetAside(transaction, domain);
+  return written ? Status::success : couldNotWrite(domain);
+}
+
+void reportSetAside(const PreferenceTransaction& transaction, const Domain& domain) {
+  if (transaction.setAsidePath().empty()) return;
+  logLine("Domain " + domain.name + " was not a property list; it is kept as " + transaction.setAsidePath());
+}
+
+}  // namespace tarnwell::standin

@@ -1,0 +1,43 @@
+#include "standin/defaults/Commands.h"
+#include "standin/defaults/LogLine.h"
+
+namespace tarnwell::standin {
+namespace {
+
+Status notFound(const Domain& domain) {
+  logLine("\nDomain (" + domain.name + ") not found.\nDefaults have not been changed.");
+  return Status::failure;
+}
+
+Status deleteDomain(PreferenceTransaction& transaction, const Domain& domain) {
+  const bool removed = transaction.remove();
+  reportSetAside(transaction, domain);
+  return removed ? Status::success : couldNotWrite(domain);
+}
+
+Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const std::string& key) {
+  if (plist_dict_get_item(transaction.dictionary(), key.c_str()) == nullptr) return noSuchPair(domain, key);
+  plist_dict_remove_item(transaction.dictionary(), key.c_str());
+  return commit(transaction, domain);
+}
+
+}  // namespace
+
+Status deleteKeyOrDomain(const Invocation& invocation) {
+  const Domain& domain = invocation.domain;
+  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  // Looked at before the lock is made: a domain that never was leaves no trace.
+  const StoredPreferences stored = loadPreferences(domain.path);
+  if (stored.state == StoreState::absent) return notFound(domain);
+  const bool wholeDomain = invocation.arguments.empty();
+  if (stored.state == StoreState::unreadable || (stored.state == StoreState::damaged && !wholeDomain)) {
+    return couldNotRead(domain, stored);
+  }
+  std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(domain.path);
+  if (!transaction) return couldNotWrite(domain);
+  if (transaction->state() == StoreState::absent) return notFound(domain);
+  if (wholeDomain) return deleteDomain(*transaction, domain);
+  return deleteKey(*transaction, domain, std::string(invocation.arguments.front()));
+}
+
+}  // namespace tarnwell::standin

@@ -1,0 +1,19 @@
+#include "standin/defaults/LogLine.h"
+
+#include <unistd.h>
+
+#include <string>
+
+#include "standin/store/StandardStreams.h"
+#include "standin/store/Timestamp.h"
+
+namespace tarnwell::standin {
+
+void logLine(std::string_view message) {
+  std::string line = timestamp() + " defaults[" + std::to_string(::getpid()) + ":" + std::to_string(::gettid()) + "] ";
+  line.append(message);
+  line += '\n';
+  printError(line);
+}
+
+}  // namespace tarnwell::standin

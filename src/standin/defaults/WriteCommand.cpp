@@ -1,0 +1,55 @@
+#include "standin/defaults/Commands.h"
+#include "standin/defaults/LogLine.h"
+#include "standin/defaults/TypedValue.h"
+#include "standin/store/Utf8.h"
+
+namespace tarnwell::standin {
+namespace {
+
+Status refused(const std::string& reason) {
+  logLine(reason + "; leaving defaults unchanged.");
+  return Status::failure;
+}
+
+void appendItems(plist_t array, plist_t items) {
+  for (std::uint32_t i = 0; i < plist_array_get_size(items); ++i) {
+    plist_array_append_item(array, plist_copy(plist_array_get_item(items, i)));
+  }
+}
+
+// False when what is there is of another type.
+bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
+  plist_t there = plist_dict_get_item(dictionary, key.c_str());
+  if (typed.placement == Placement::replace || there == nullptr) {
+    plist_dict_set_item(dictionary, key.c_str(), typed.value.release());
+    return true;
+  }
+  if (plist_get_node_type(there) != plist_get_node_type(typed.value.get())) return false;
+  if (typed.placement == Placement::appendItems) {
+    appendItems(there, typed.value.get());
+  } else {
+    plist_dict_merge(&there, typed.value.get());
+  }
+  return true;
+}
+
+}  // namespace
+
+Status writeValue(const Invocation& invocation) {
+  const Arguments arguments = invocation.arguments;
+  if (arguments.size() < 2) return misused();
+  const std::string key(arguments.front());
+  if (!isUtf8(key)) return refused(key + " is not text in UTF-8");
+  TypedValue typed = parseTypedValue(arguments.subspan(1));
+  if (!typed.value) return typed.error.empty() ? misused() : refused(typed.error);
+  if (typed.used + 1 < arguments.size()) return unexpectedArgument(invocation, typed.used + 1);
+  std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(invocation.domain.path);
+  if (!transaction) return couldNotWrite(invocation.domain);
+  const char* kind = typed.placement == Placement::appendItems ? "an array" : "a dictionary";
+  if (!place(transaction->dictionary(), key, std::move(typed))) {
+    return refused("Value for key " + key + " is not " + kind + "; cannot append");
+  }
+  return commit(*transaction, invocation.domain);
+}
+
+}  // namespace tarnwell::standin

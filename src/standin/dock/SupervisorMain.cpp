@@ -1,0 +1,75 @@
+/// Starts the Dock stand-in that lies beside this program, and starts it again whenever it ends, as macOS does with its
+/// Dock. Only one supervisor runs for each MACOS_ROOT.
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standin/dock/Supervisor.h"
+#include "standin/store/FileLock.h"
+#include "standin/store/Folders.h"
+#include "standin/store/StandardStreams.h"
+#include "standin/store/SystemRoot.h"
+
+namespace tarnwell::standin {
+namespace {
+
+constexpr std::string_view usageText = R"(Usage: dock-supervisor [--no-window] [--help]
+
+Keeps the Dock that lies beside this program running until it is ended itself.
+
+  --no-window   handed on to the Dock
+  --help        this text
+)";
+
+int fail(const std::string& message, int status) {
+  printError("dock-supervisor: " + message + "\n");
+  return status;
+}
+
+std::string ownFolder() {
+  std::array<char, PATH_MAX> path{};
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  return length <= 0 ? "." : folderOf(std::string(path.data(), static_cast<std::size_t>(length)));
+}
+
+int supervise(std::vector<std::string> command) {
+  const std::optional<std::string> root = systemRoot();
+  if (!root) return fail(noRootMessage, 1);
+  const std::string lockPath = *root + "/.dock-supervisor.lock";
+  std::optional<FileLock> lock;
+  if (makeFolders(*root)) lock = FileLock::acquire(lockPath, LockWait::never);
+  if (!lock && errno == EWOULDBLOCK) return fail("another one is already running for " + *root, 1);
+  if (!lock) {
+    return fail("cannot lock " + lockPath + ": " + std::strerror(errno), 1);  // NOLINT(concurrency-mt-unsafe)
+  }
+  Supervisor(std::move(command)).run();
+  return 0;
+}
+
+}  // namespace
+}  // namespace tarnwell::standin
+
+int main(int argc, char** argv) {
+  using tarnwell::standin::usageText;
+  tarnwell::standin::prepareStandardStreams();
+  // We outlive whoever started us, and must not keep the other end of a pipe of theirs open.
+  ::close_range(STDERR_FILENO + 1, ~0U, 0);
+  std::vector<std::string> command = {tarnwell::standin::ownFolder() + "/Dock"};
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--help") return tarnwell::standin::printOut(usageText) ? 0 : 1;
+    if (argument != "--no-window") {
+      return tarnwell::standin::fail("unknown argument " + std::string(argument) + "\n" + std::string(usageText), 2);
+    }
+    command.emplace_back(argument);
+  }
+  return tarnwell::standin::supervise(std::move(command));
+}

@@ -1,0 +1,105 @@
+#include "standin/store/OldStyleText.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "standin/store/Utf8.h"
+#include "standin/store/ValueText.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using Entry = std::pair<std::string, plist_t>;
+
+std::string indent(std::size_t level) { return std::string(4 * level, ' '); }
+
+bool isPlain(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '.' || c == '/';
+}
+
+std::string formatted(const char* format, std::uint32_t value) {
+  std::array<char, 16> buffer{};
+  const int length = std::snprintf(buffer.data(), buffer.size(), format, value);
+  return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+std::string escaped(std::uint32_t codePoint) {
+  if (codePoint == '\n') return "\\n";
+  if (codePoint == '"' || codePoint == '\\') return {'\\', static_cast<char>(codePoint)};
+  if (codePoint < 0x20 || codePoint == 0x7F) return formatted("\\%03o", codePoint);
+  if (codePoint < 0x80) return {static_cast<char>(codePoint)};
+  if (codePoint < 0x10000) return formatted("\\U%04x", codePoint);
+  const std::uint32_t offset = codePoint - 0x10000;
+  return formatted("\\U%04x", 0xD800 + (offset >> 10U)) + formatted("\\U%04x", 0xDC00 + (offset & 0x3FFU));
+}
+
+std::vector<Entry> sortedEntries(plist_t dictionary) {
+  std::vector<Entry> entries;
+  plist_dict_iter iterator = nullptr;
+  plist_dict_new_iter(dictionary, &iterator);
+  for (;;) {
+    char* key = nullptr;
+    plist_t value = nullptr;
+    plist_dict_next_item(dictionary, iterator, &key, &value);
+    if (value == nullptr) break;
+    entries.emplace_back(key, value);
+    std::free(key);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
+  }
+  std::free(iterator);  // NOLINT(cppcoreguidelines-no-malloc): as above
+  std::sort(entries.begin(), entries.end());
+  return entries;
+}
+
+std::string dictionaryText(plist_t node, std::size_t level) {
+  std::string text = indent(level) + "{\n";
+  for (const auto& [key, value] : sortedEntries(node)) {
+    text += indent(level + 1) + quotedText(key) + " = " + oldStyleText(value, level + 1) + ";\n";
+  }
+  return text + indent(level) + "}";
+}
+
+std::string arrayText(plist_t node, std::size_t level) {
+  std::string text = indent(level) + "(\n";
+  const std::uint32_t count = plist_array_get_size(node);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    text += indent(level + 1) + oldStyleText(plist_array_get_item(node, i), level + 1);
+    text += i + 1 < count ? ",\n" : "\n";
+  }
+  return text + indent(level) + ")";
+}
+
+}  // namespace
+
+std::string quotedText(std::string_view text) {
+  if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) return std::string(text);
+  std::string quoted = "\"";
+  while (!text.empty()) {
+    if (const auto codePoint = takeCodePoint(text)) {
+      quoted += escaped(*codePoint);
+    } else {
+      quoted += formatted("\\%03o", static_cast<unsigned char>(text.front()));
+      text.remove_prefix(1);
+    }
+  }
+  return quoted + "\"";
+}
+
+std::string oldStyleText(plist_t node, std::size_t level) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_DICT:
+      return dictionaryText(node, level);
+    case PLIST_ARRAY:
+      return arrayText(node, level);
+    case PLIST_DATA:
+      return valueText(node);
+    default:
+      return quotedText(valueText(node));
+  }
+}
+
+}  // namespace tarnwell::standin

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "standin/store/FileLock.h"
+#include "standin/store/PreferenceFile.h"
+
+namespace tarnwell::standin {
+
+/// One change of a store, alone among all writers: begin() takes the lock and reads, the caller edits dictionary(),
+/// commit() writes. Nothing on the disk changes before commit() or remove(), and when they fail the store is as it was.
+class PreferenceTransaction {
+ public:
+  /// Makes the folder and the lock when missing. Nothing when the store cannot be locked or read, or holds something
+  /// that would be lost if it were written again.
+  static std::optional<PreferenceTransaction> begin(const std::string& path);
+
+  StoreState state() const { return stored_.state; }
+
+  /// What is stored; empty when there was no store, or none that could be understood.
+  plist_t dictionary() const { return stored_.dictionary.get(); }
+
+  /// Writes the dictionary for good. A damaged store is first moved out of the way, see setAsidePath().
+  bool commit();
+
+  /// Takes the store away for good; a damaged one is moved out of the way instead.
+  bool remove();
+
+  /// Where the damaged store is kept now; empty when none was moved.
+  const std::string& setAsidePath() const { return setAsidePath_; }
+
+ private:
+  PreferenceTransaction(std::string path, FileLock lock, StoredPreferences stored)
+      : path_(std::move(path)), lock_(std::move(lock)), stored_(std::move(stored)) {}
+
+  bool setAside();
+
+  std::string path_;
+  FileLock lock_;
+  StoredPreferences stored_;
+  std::string setAsidePath_;
+};
+
+}  // namespace tarnwell::standin

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tarnwell::standin {
+
+/// The folder that plays the user's home on macOS: $MACOS_ROOT, else macos-standin in $XDG_DATA_HOME, which itself
+/// falls back on ~/.local/share. Nothing when none of the three variables tells. The folder need not exist yet.
+std::optional<std::string> systemRoot();
+
+/// What to tell the user when there is no root.
+inline constexpr const char* noRootMessage = "None of MACOS_ROOT, XDG_DATA_HOME and HOME says where preferences are.";
+
+std::string preferencesFolder(const std::string& root);
+std::string logsFolder(const std::string& root);
+
+}  // namespace tarnwell::standin

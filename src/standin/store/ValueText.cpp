@@ -1,0 +1,111 @@
+#include "standin/store/ValueText.h"
+
+#include <array>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <string_view>
+
+#include "standin/store/PropertyList.h"
+
+namespace tarnwell::standin {
+namespace {
+
+bool fitsFloat(double value) {
+  if (!std::isfinite(value)) return true;
+  return std::fabs(value) <= FLT_MAX && static_cast<double>(static_cast<float>(value)) == value;
+}
+
+std::string dataText(plist_t node) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::uint64_t length = 0;
+  const char* bytes = plist_get_data_ptr(node, &length);
+  std::string text = "<";
+  for (std::uint64_t i = 0; i < length; ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    text += digits[byte >> 4U];
+    text += digits[byte & 0xFU];
+  }
+  return text + ">";
+}
+
+// 2025-03-20T18:05:18Z becomes 2025-03-20 18:05:18 +0000.
+std::string dateText(plist_t node) {
+  std::string text = xmlContent(node);
+  if (const std::size_t separator = text.find('T'); separator != std::string::npos) text[separator] = ' ';
+  if (text.ends_with('Z')) text.pop_back();
+  return text + " +0000";
+}
+
+std::string stringText(plist_t node) {
+  std::uint64_t length = 0;
+  const char* bytes = plist_get_string_ptr(node, &length);
+  return bytes == nullptr ? std::string() : std::string(bytes, length);
+}
+
+}  // namespace
+
+const char* typeName(plist_t node) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN:
+      return "boolean";
+    case PLIST_UINT:
+      return "integer";
+    case PLIST_REAL:
+      return "float";
+    case PLIST_STRING:
+    case PLIST_KEY:
+      return "string";
+    case PLIST_DATA:
+      return "data";
+    case PLIST_DATE:
+      return "date";
+    case PLIST_ARRAY:
+      return "array";
+    case PLIST_DICT:
+      return "dictionary";
+    case PLIST_UID:
+      return "uid";
+    case PLIST_NONE:
+      break;
+  }
+  return "unknown";
+}
+
+std::string valueText(plist_t node) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN:
+      return plist_bool_val_is_true(node) != 0 ? "1" : "0";
+    case PLIST_UINT:
+      return xmlContent(node);
+    case PLIST_STRING:
+      return stringText(node);
+    case PLIST_DATA:
+      return dataText(node);
+    case PLIST_DATE:
+      return dateText(node);
+    case PLIST_REAL: {
+      double value = 0;
+      plist_get_real_val(node, &value);
+      return realText(value);
+    }
+    case PLIST_UID: {
+      std::uint64_t value = 0;
+      plist_get_uid_val(node, &value);
+      return "{value = " + std::to_string(value) + "}";
+    }
+    default:
+      return {};
+  }
+}
+
+// The tool never leaves the C locale, so the decimal point is a point.
+std::string realText(double value) {
+  if (std::isnan(value)) return "nan";
+  std::array<char, 32> buffer{};
+  const int length = std::snprintf(buffer.data(), buffer.size(), "%.*g", fitsFloat(value) ? 7 : 15, value);
+  return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+}  // namespace tarnwell::standin

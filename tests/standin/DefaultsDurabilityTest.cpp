@@ -1,0 +1,164 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <memory>
+
+#include "standin/MacSystem.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(DefaultsDurabilityTest, concurrentWritersLoseNothing) {
+  const MacSystem system;
+  std::vector<std::unique_ptr<Process>> writers;
+  for (int writer = 0; writer < 8; ++writer) {
+    const std::string text = "i=0; while [ $i -lt 25 ]; do \"$D\" write com.apple.dock key-" + std::to_string(writer) +
+                             "-$i -int $i || exit 1; i=$((i + 1)); done";
+    writers.push_back(std::make_unique<Process>(Words{"/bin/sh", "-c", text}, system.environment()));
+  }
+  for (const auto& writer : writers) EXPECT_EQ(writer->wait().status, 0);
+  const PropertyList list = parsePropertyList(fileContent(system.dockStore())).list;
+  EXPECT_EQ(plist_dict_get_size(list.get()), 200U);
+  EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
+}
+
+void spin(std::chrono::microseconds duration) {
+  const auto end = std::chrono::steady_clock::now() + duration;
+  while (std::chrono::steady_clock::now() < end) {
+  }
+}
+
+TEST(DefaultsDurabilityTest, aWriterThatIsKilledLosesNothing) {
+  const MacSystem system;
+  const std::string kept(20000, 'k');
+  system.defaults({"write", "com.apple.dock", "kept", kept});
+  system.defaults({"write", "com.apple.dock", "n", "start"});
+  std::string last = "start";
+  for (int i = 0; i < 120; ++i) {
+    const std::string next = std::to_string(i);
+    Process writer({DEFAULTS_PATH, "write", "com.apple.dock", "n", next}, system.environment());
+    // The moment of death wanders over the whole life of the writer.
+    spin(std::chrono::microseconds(i * 41));
+    writer.send(SIGKILL);
+    const bool acknowledged = writer.wait().status == 0;
+    const std::string found = system.value("n");
+    EXPECT_TRUE(found == next || (!acknowledged && found == last)) << found << " at " << i;
+    EXPECT_EQ(system.value("kept").size(), kept.size());
+    last = found;
+  }
+  EXPECT_EQ(system.defaults({"write", "com.apple.dock", "n", "end"}).status, 0);
+  EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
+}
+
+TEST(DefaultsDurabilityTest, aDamagedStoreIsReadByNobody) {
+  const MacSystem system;
+  for (const char* bytes : {"", "garbage", "bplist00", "{ a = b; }", "<plist version=\"1.0\"><array/></plist>",
+                            "<plist version=\"1.0\"><dict><key>a</key><string>b"}) {
+    system.store(bytes);
+    for (const Words& arguments : {Words{"read", "com.apple.dock", "k"}, Words{"read", "com.apple.dock"}, Words{"read"},
+                                   Words{"export", "com.apple.dock", "-"}, Words{"delete", "com.apple.dock", "k"}}) {
+      const Outcome outcome = system.defaults(arguments);
+      EXPECT_EQ(outcome.status, 1);
+      EXPECT_THAT(outcome.errors,
+                  HasSubstr("Could not read domain com.apple.dock; " + system.dockStore() + " is not a property list"));
+    }
+    EXPECT_EQ(fileContent(system.dockStore()), bytes);
+  }
+}
+
+TEST(DefaultsDurabilityTest, aWriteSetsADamagedStoreAside) {
+  const MacSystem system;
+  for (const Words& arguments : {Words{"write", "com.apple.dock", "k", "v"}, Words{"delete", "com.apple.dock"}}) {
+    system.store("garbage");
+    const Outcome outcome = system.defaults(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    const std::string aside = system.dockStore() + ".damaged-";
+    EXPECT_THAT(outcome.errors, HasSubstr("it is kept as " + aside));
+    const std::size_t at = outcome.errors.find(aside);
+    EXPECT_EQ(fileContent(outcome.errors.substr(at, outcome.errors.size() - at - 1)), "garbage");
+    EXPECT_EQ(system.value("k"), arguments.front() == "write" ? "v" : "");
+  }
+  EXPECT_FALSE(std::filesystem::exists(system.dockStore()));
+  EXPECT_EQ(system.preferenceNames().size(), 2U);
+}
+
+TEST(DefaultsDurabilityTest, aStoreWithSomethingThatCannotBeKeptIsReadButNotWritten) {
+  const MacSystem system;
+  // { k = an empty set; a = "b"; }: the format has sets, property lists have not.
+  const std::string bytes(
+      "bplist00\xD2\x01\x02\x03\x04\x51k\x51"
+      "a\xC0\x51"
+      "b\x08\x0D\x0F\x11\x12\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x05\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x14",
+      57);
+  system.store(bytes);
+  EXPECT_EQ(system.value("a"), "b");
+  const Outcome outcome = system.defaults({"write", "com.apple.dock", "a", "c"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("Could not write domain com.apple.dock; exiting"));
+  EXPECT_EQ(fileContent(system.dockStore()), bytes);
+}
+
+TEST(DefaultsDurabilityTest, aFullDiskLeavesTheStoreAsItWas) {
+  const MacSystem system;
+  const std::string large(5000, 'x');
+  system.defaults({"write", "com.apple.dock", "large", large});
+  const std::string before = fileContent(system.dockStore());
+  const Outcome outcome = system.shell("ulimit -f 1; exec \"$D\" write com.apple.dock k v");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("] Could not write domain com.apple.dock; exiting\n"));
+  EXPECT_EQ(fileContent(system.dockStore()), before);
+  EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
+}
+
+TEST(DefaultsDurabilityTest, aFullDiskLeavesADamagedStoreInItsPlace) {
+  const MacSystem system;
+  system.store("garbage");
+  const Outcome outcome = system.shell("ulimit -f 0; \"$D\" write com.apple.dock k v 2>/dev/null");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(fileContent(system.dockStore()), "garbage");
+  EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
+}
+
+TEST(DefaultsDurabilityTest, aFolderThatCannotBeMadeIsAWriteError) {
+  const MacSystem system;
+  std::filesystem::create_directory(system.root());
+  system.folder().write("root/Library", "a file where the folder should be");
+  const Outcome written = system.defaults({"write", "com.apple.dock", "k", "v"});
+  EXPECT_EQ(written.status, 1);
+  EXPECT_THAT(written.errors, HasSubstr("Could not write domain com.apple.dock; exiting"));
+  const Outcome read = system.defaults({"read", "com.apple.dock", "k"});
+  EXPECT_EQ(read.status, 1);
+  EXPECT_THAT(read.errors, HasSubstr("cannot be read"));
+}
+
+TEST(DefaultsDurabilityTest, aStoreThatIsNoFileIsLeftAlone) {
+  const MacSystem system;
+  std::filesystem::create_directories(system.dockStore());
+  EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", "v"}).status, 1);
+  EXPECT_EQ(system.defaults({"read", "com.apple.dock", "k"}).status, 1);
+  EXPECT_EQ(system.defaults({"delete", "com.apple.dock"}).status, 1);
+  EXPECT_TRUE(std::filesystem::is_directory(system.dockStore()));
+}
+
+TEST(DefaultsDurabilityTest, closedStreamsNeverWriteIntoTheStore) {
+  const MacSystem system;
+  system.store("garbage");
+  EXPECT_EQ(system.shell("\"$D\" write com.apple.dock k v <&- >&- 2>&-").status, 0);
+  EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    k = v;\n}\n");
+}
+
+TEST(DefaultsDurabilityTest, aBrokenPipeDoesNotStopAWrite) {
+  const MacSystem system;
+  system.store("garbage");
+  system.shell("{ \"$D\" write com.apple.dock k v; echo $? >\"$MACOS_ROOT/status\"; } 2>&1 | :");
+  EXPECT_EQ(fileContent(system.root() + "/status"), "0\n");
+  EXPECT_EQ(system.value("k"), "v");
+}
+
+}  // namespace
+}  // namespace tarnwell::standin

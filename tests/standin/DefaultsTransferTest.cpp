@@ -1,0 +1,81 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "standin/MacSystem.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(DefaultsTransferTest, exportToAPathGivesTheBinaryList) {
+  const MacSystem system;
+  system.store(binaryText(everyType().get()));
+  const std::string path = (system.folder() / "out.plist").string();
+  EXPECT_EQ(system.defaults({"export", "com.apple.dock", path}).status, 0);
+  EXPECT_EQ(fileContent(path), fileContent(system.dockStore()));
+}
+
+TEST(DefaultsTransferTest, exportReplacesNoDeviceAndNoLink) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "k", "v"});
+  const std::string link = (system.folder() / "link").string();
+  std::filesystem::create_symlink("/dev/null", link);
+  EXPECT_EQ(system.defaults({"export", "com.apple.dock", link}).status, 1);
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+}
+
+TEST(DefaultsTransferTest, importMergesKeys) {
+  const MacSystem system;
+  system.shell(
+      "\"$D\" write com.apple.dock a 1; \"$D\" write com.apple.dock b 1; \"$D\" write other b 2;"
+      "\"$D\" write other c -float 0.5");
+  EXPECT_EQ(system.shell("\"$D\" export other - | \"$D\" import com.apple.dock -").status, 0);
+  EXPECT_EQ(system.value("a"), "1");
+  EXPECT_EQ(system.value("b"), "2");
+  EXPECT_EQ(system.value("c"), "0.5");
+}
+
+TEST(DefaultsTransferTest, importRefusesWhatIsNoDictionary) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "k", "v"});
+  system.folder().write("array", "<plist version=\"1.0\"><array/></plist>");
+  system.folder().write("garbage", "garbage");
+  for (const char* name : {"array", "garbage", "nosuch"}) {
+    const Outcome outcome = system.defaults({"import", "com.apple.dock", (system.folder() / name).string()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("leaving defaults unchanged."));
+  }
+  EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    k = v;\n}\n");
+}
+
+TEST(DefaultsTransferTest, deleteRemovesAKeyOrADomain) {
+  const MacSystem system;
+  system.shell("\"$D\" write com.apple.dock a 1; \"$D\" write com.apple.dock b 2");
+  EXPECT_EQ(system.defaults({"delete", "com.apple.dock", "a"}).status, 0);
+  EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    b = 2;\n}\n");
+  EXPECT_EQ(system.defaults({"delete", "com.apple.dock"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(system.dockStore()));
+}
+
+TEST(DefaultsTransferTest, deletingWhatIsNotThereIsReported) {
+  const MacSystem system;
+  const Outcome domain = system.defaults({"delete", "com.example.x"});
+  EXPECT_EQ(domain.status, 1);
+  EXPECT_THAT(domain.errors, HasSubstr("Domain (com.example.x) not found."));
+  EXPECT_FALSE(std::filesystem::exists(system.root()));
+  system.defaults({"write", "com.apple.dock", "a", "1"});
+  const Outcome key = system.defaults({"delete", "com.apple.dock", "x"});
+  EXPECT_EQ(key.status, 1);
+  EXPECT_THAT(key.errors, HasSubstr("The domain/default pair of (com.apple.dock, x) does not exist"));
+}
+
+TEST(DefaultsTransferTest, domainsAreListedInOrderWithoutTheGlobalOne) {
+  const MacSystem system;
+  EXPECT_EQ(system.defaults({"domains"}).output, "\n");
+  system.shell("for d in org.b -g org.a; do \"$D\" write $d k v; done");
+  EXPECT_EQ(system.defaults({"domains"}).output, "org.a, org.b\n");
+}
+
+}  // namespace
+}  // namespace tarnwell::standin

@@ -1,0 +1,102 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fstream>
+
+#include "fixtures/WaitFor.h"
+#include "standin/MacSystem.h"
+#include "standin/dock/DockLog.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using fixtures::waitFor;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+// What a Dock says of the settings it finds now.
+std::string settingsLine(const MacSystem& system) {
+  std::filesystem::remove(system.dockLog());
+  const Process dock({DOCK_PATH, "--no-window"}, system.environment());
+  EXPECT_TRUE(waitFor([&] { return fileContent(system.dockLog()).ends_with('\n'); }));
+  return fileContent(system.dockLog());
+}
+
+TEST(DockTest, logsTheSevenSettingsInOneLine) {
+  const MacSystem system;
+  EXPECT_THAT(settingsLine(system),
+              MatchesRegex("20[0-9-]+ [0-9:.]+ Dock\\[[0-9]+\\] autohide-delay=absent autohide-time-modifier=absent "
+                           "scroll-to-open=absent mineffect=absent showhidden=absent static-only=absent "
+                           "single-app=absent\n"));
+  system.shell(
+      "w() { \"$D\" write com.apple.dock \"$@\"; }; w autohide-delay -float 0.2; w autohide-time-modifier -float 1;"
+      "w scroll-to-open -bool true; w mineffect suck; w showhidden -bool no; w static-only -bool true;"
+      "w single-app -bool false");
+  EXPECT_THAT(settingsLine(system), EndsWith("] autohide-delay=0.2 autohide-time-modifier=1 scroll-to-open=1 "
+                                             "mineffect=suck showhidden=0 static-only=1 single-app=0\n"));
+}
+
+TEST(DockTest, saysSoWhenATypeIsWrong) {
+  const MacSystem system;
+  system.shell(
+      "w() { \"$D\" write com.apple.dock \"$@\"; }; w autohide-delay -string 0.2; w mineffect -int 2;"
+      "w showhidden -int 1; w static-only -array a");
+  EXPECT_THAT(settingsLine(system),
+              EndsWith("] autohide-delay=wrong-type(string) autohide-time-modifier=absent scroll-to-open=absent "
+                       "mineffect=wrong-type(integer) showhidden=wrong-type(integer) static-only=wrong-type(array) "
+                       "single-app=absent\n"));
+}
+
+TEST(DockTest, staysOneLineWhateverTheStoreHolds) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "mineffect", "a\nb"});
+  EXPECT_THAT(settingsLine(system), HasSubstr(" mineffect=\"a\\nb\" "));
+  system.store("garbage");
+  EXPECT_THAT(settingsLine(system), HasSubstr("autohide-delay=unreadable "));
+}
+
+TEST(DockTest, theLogIsSetAsideOnceItIsFull) {
+  const MacSystem system;
+  settingsLine(system);
+  const std::string full(static_cast<std::size_t>(dockLogLimit), 'x');
+  std::ofstream(system.dockLog()) << full;
+  const Process dock({DOCK_PATH}, system.environment());
+  EXPECT_TRUE(waitFor([&] { return std::filesystem::exists(system.dockLog() + ".1"); }));
+  EXPECT_TRUE(waitFor([&] { return fileContent(system.dockLog()).ends_with('\n'); }));
+  EXPECT_LT(fileContent(system.dockLog()).size(), 1000U);
+  EXPECT_EQ(fileContent(system.dockLog() + ".1"), full);
+}
+
+TEST(DockTest, isFoundByItsNameAndEndsOnTermination) {
+  const MacSystem system;
+  // Whoever starts it may ignore the signal that killall sends.
+  Process dock({"/bin/sh", "-c", std::string("trap '' TERM; exec ") + DOCK_PATH}, system.environment());
+  EXPECT_TRUE(waitFor([&] { return !fileContent(system.dockLog()).empty(); }));
+  EXPECT_EQ(fileContent("/proc/" + std::to_string(dock.id()) + "/comm"), "Dock\n");
+  dock.send(SIGTERM);
+  EXPECT_EQ(dock.wait().signal, SIGTERM);
+}
+
+TEST(DockTest, livesOnWithoutALog) {
+  const MacSystem system;
+  std::filesystem::create_directory(system.root());
+  system.folder().write("root/Library", "");
+  const Process dock({DOCK_PATH}, system.environment());
+  EXPECT_TRUE(waitFor([&] { return dock.errors().find("cannot write its log") != std::string::npos; }));
+  EXPECT_TRUE(isRunning(dock.id()));
+}
+
+TEST(DockTest, answersItsCommandLine) {
+  const Outcome help = run({DOCK_PATH, "--help"}, {});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_THAT(help.output, HasSubstr("Usage: Dock"));
+  const Outcome unknown = run({DOCK_PATH, "--frobnicate"}, {});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.errors, HasSubstr("unknown argument --frobnicate\nUsage: Dock"));
+  EXPECT_EQ(run({DOCK_PATH}, {}).status, 1);
+}
+
+}  // namespace
+}  // namespace tarnwell::standin

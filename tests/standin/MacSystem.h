@@ -1,0 +1,49 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "fixtures/Sandbox.h"
+#include "standin/Process.h"
+#include "standin/store/PropertyList.h"
+
+namespace tarnwell::standin {
+
+/// A MACOS_ROOT of a test's own, and the tools that work in it.
+class MacSystem {
+ public:
+  /// Runs the tool; `arguments` starts with the verb.
+  Outcome defaults(const Words& arguments) const;
+
+  /// Runs a shell text in which "$D" is the tool.
+  Outcome shell(const std::string& text) const;
+
+  /// Runs the tool and gives what it printed on standard output without the last line feed.
+  std::string value(const std::string& key) const;
+
+  Words environment() const;
+  std::string root() const { return folder_.path().string() + "/root"; }
+
+  /// The store of the domain com.apple.dock.
+  std::string dockStore() const { return preferences() + "/com.apple.dock.plist"; }
+  std::string preferences() const { return root() + "/Library/Preferences"; }
+  std::string dockLog() const { return root() + "/Library/Logs/Dock.log"; }
+
+  /// Puts bytes in the place of the Dock's store.
+  void store(const std::string& bytes) const;
+
+  /// The names in the preferences folder, sorted, without the lock.
+  Words preferenceNames() const;
+
+  const fixtures::Sandbox& folder() const { return folder_; }
+
+ private:
+  fixtures::Sandbox folder_;
+};
+
+std::string fileContent(const std::string& path);
+
+/// A dictionary that has one key of every type, with values that a careless writer would change.
+PropertyList everyType();
+
+}  // namespace tarnwell::standin
