@@ -1,0 +1,67 @@
+#include "host/linux/PlayedSystemVersion.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <optional>
+
+namespace tarnwell::host_linux {
+namespace {
+
+constexpr kit::SystemVersion oldest = {.major = 14};
+constexpr std::size_t mostDigits = 9;
+constexpr std::size_t mostEchoed = 40;
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+bool isControl(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return code < 0x20 || code == 0x7F;
+}
+
+std::optional<int> number(std::string_view digits) {
+  if (digits.empty() || digits.size() > mostDigits || !std::all_of(digits.begin(), digits.end(), isDigit)) {
+    return std::nullopt;
+  }
+  int value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return value;
+}
+
+std::optional<kit::SystemVersion> numbers(std::string_view text) {
+  std::array<int, 3> parts = {};
+  for (int& part : parts) {
+    const auto end = text.find('.');
+    const auto value = number(text.substr(0, end));
+    if (!value) return std::nullopt;
+    part = *value;
+    if (end == std::string_view::npos) return kit::SystemVersion{parts[0], parts[1], parts[2]};
+    text.remove_prefix(end + 1);
+  }
+  return std::nullopt;
+}
+
+// The text comes from outside, so that only its printable beginning is said back.
+std::string quoted(std::string_view text) {
+  std::string shown(text.substr(0, mostEchoed));
+  std::replace_if(shown.begin(), shown.end(), isControl, '?');
+  return '"' + shown + (text.size() > mostEchoed ? "…" : "") + '"';
+}
+
+}  // namespace
+
+Result<kit::SystemVersion> playedSystemVersion() {
+  const char* text = std::getenv("MACOS_VERSION");
+  return text == nullptr || *text == '\0' ? kit::SystemVersion{} : parseSystemVersion(text);
+}
+
+Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
+  const std::string beginning = "MACOS_VERSION is " + quoted(text) + ": ";
+  const auto version = numbers(text);
+  if (!version) return Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};
+  if (*version < oldest) return Failure{beginning + "the oldest supported version is 14"};
+  return *version;
+}
+
+}  // namespace tarnwell::host_linux

@@ -1,0 +1,66 @@
+#include "host/linux/SearchPath.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <system_error>
+
+namespace tarnwell::host_linux {
+namespace {
+
+constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
+
+bool isProgram(const std::filesystem::path& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
+}
+
+Result<std::filesystem::path> ownFolder() {
+  std::error_code error;
+  const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) return Failure{"cannot tell where the program lies: " + error.message()};
+  return executable.parent_path();
+}
+
+std::optional<Failure> putFirst(const std::string& folder) {
+  if (folder.find(':') != std::string::npos) {
+    return Failure{"the stand-ins cannot be found in " + folder + ": PATH takes no folder with a colon in its name"};
+  }
+  const char* before = ::getenv("PATH");
+  if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) return std::nullopt;
+  return Failure{"PATH cannot be set"};
+}
+
+}  // namespace
+
+std::optional<Failure> putStandInsFirst() {
+  const auto own = ownFolder();
+  if (const auto* failure = std::get_if<Failure>(&own)) return *failure;
+  const auto standIns = standInFolder(std::get<std::filesystem::path>(own));
+  if (const auto* failure = std::get_if<Failure>(&standIns)) return *failure;
+  return putFirst(std::get<std::filesystem::path>(standIns).string());
+}
+
+Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder) {
+  const auto built = folder / "libexec";
+  const auto installed = (folder / ".." / "libexec" / "tarnwell").lexically_normal();
+  for (const auto& candidate : {built, installed}) {
+    if (isProgram(candidate / "defaults")) return candidate;
+  }
+  return Failure{"no program defaults in " + built.string() + " nor in " + installed.string()};
+}
+
+std::string searchPathWith(std::string_view folder, std::string_view before) {
+  std::string path(folder);
+  std::string_view rest = before.empty() ? systemFolders : before;
+  for (bool more = true; more;) {
+    const auto end = rest.find(':');
+    const auto entry = rest.substr(0, end);
+    if (entry != folder) (path += ':') += entry;
+    more = end != std::string_view::npos;
+    if (more) rest.remove_prefix(end + 1);
+  }
+  return path;
+}
+
+}  // namespace tarnwell::host_linux

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux {
+
+/// Puts the folder of the stand-ins first on this process's PATH, which its children inherit: no `defaults` of another
+/// package is ever taken for ours. Call it before anything else runs, while the process has one thread. Returns why
+/// not, in which case PATH is as it was and no command may be run.
+std::optional<Failure> putStandInsFirst();
+
+/// The folder with the stand-in `defaults` of an executable that lies in `folder`: libexec beside the executable, as in
+/// a build tree, else ../libexec/tarnwell, as installed.
+Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder);
+
+/// `before` with `folder` at the front and nowhere else. The system's own folders stand in for an empty `before`.
+std::string searchPathWith(std::string_view folder, std::string_view before);
+
+}  // namespace tarnwell::host_linux

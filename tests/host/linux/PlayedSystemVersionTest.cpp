@@ -1,0 +1,85 @@
+#include "host/linux/PlayedSystemVersion.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "fixtures/EnvironmentScope.h"
+
+namespace tarnwell::host_linux {
+namespace {
+
+using fixtures::EnvironmentScope;
+using kit::SystemVersion;
+
+std::string failure(const Result<SystemVersion>& result) {
+  const auto* found = std::get_if<Failure>(&result);
+  return found == nullptr ? "" : found->message;
+}
+
+TEST(PlayedSystemVersion, takesOneToThreeNumbers) {
+  struct Row {
+    const char* text = "";
+    SystemVersion version = {};
+  };
+  const std::vector<Row> rows = {
+      {"14", {14, 0, 0}}, {"14.0.0", {14, 0, 0}}, {"14.5", {14, 5, 0}},   {"15.0.1", {15, 0, 1}},
+      {"26", {26, 0, 0}}, {"014", {14, 0, 0}},    {"14.10", {14, 10, 0}}, {"14.999999999", {14, 999999999, 0}},
+  };
+  for (const Row& row : rows) {
+    const auto result = parseSystemVersion(row.text);
+    ASSERT_TRUE(std::holds_alternative<SystemVersion>(result)) << row.text << ": " << failure(result);
+    EXPECT_EQ(std::get<SystemVersion>(result), row.version) << row.text;
+  }
+}
+
+TEST(PlayedSystemVersion, refusesWhatIsNoVersion) {
+  for (const char* text : {"",
+                           " ",
+                           "14 ",
+                           " 14",
+                           "+14",
+                           "-14",
+                           "14.",
+                           ".14",
+                           "14..0",
+                           "14.0.0.0",
+                           "14.0.0.",
+                           "x",
+                           "14x",
+                           "14.x",
+                           "0x0e",
+                           "1e2",
+                           "14,0",
+                           "99999999999999999999",
+                           "14.0.9999999999",
+                           "\u0661\u0664"}) {
+    EXPECT_EQ(failure(parseSystemVersion(text)),
+              "MACOS_VERSION is \"" + std::string(text) +
+                  "\": a version is one to three numbers with points between, such as 14.5");
+  }
+}
+
+TEST(PlayedSystemVersion, refusesVersionsBefore14) {
+  EXPECT_EQ(failure(parseSystemVersion("13.2")), "MACOS_VERSION is \"13.2\": the oldest supported version is 14");
+  EXPECT_EQ(failure(parseSystemVersion("0")), "MACOS_VERSION is \"0\": the oldest supported version is 14");
+}
+
+TEST(PlayedSystemVersion, messageIsOneLineOfBoundedLength) {
+  const std::string message = failure(parseSystemVersion("1\n\x1B[2J" + std::string(1000, 'x')));
+  EXPECT_EQ(message.find('\n'), std::string::npos);
+  EXPECT_EQ(message.find('\x1B'), std::string::npos);
+  EXPECT_LT(message.size(), 200U);
+}
+
+TEST(PlayedSystemVersion, is14UnlessTheEnvironmentSaysOtherwise) {
+  const EnvironmentScope unset("MACOS_VERSION", "");
+  EXPECT_EQ(std::get<SystemVersion>(playedSystemVersion()), (SystemVersion{14, 0, 0}));
+  const EnvironmentScope newer("MACOS_VERSION", "15.1");
+  EXPECT_EQ(std::get<SystemVersion>(playedSystemVersion()), (SystemVersion{15, 1, 0}));
+  const EnvironmentScope wrong("MACOS_VERSION", "Sonoma");
+  EXPECT_NE(failure(playedSystemVersion()), "");
+}
+
+}  // namespace
+}  // namespace tarnwell::host_linux

@@ -1,0 +1,84 @@
+#include "host/linux/SearchPath.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
+
+namespace tarnwell::host_linux {
+namespace {
+
+namespace fs = std::filesystem;
+using fixtures::EnvironmentScope;
+using fixtures::Sandbox;
+
+enum class Mode { executable, plain };
+
+void placeDefaults(const fs::path& folder, Mode mode = Mode::executable) {
+  fs::create_directories(folder);
+  std::ofstream(folder / "defaults") << "#!/bin/sh\necho ours\n";
+  if (mode == Mode::executable) fs::permissions(folder / "defaults", fs::perms::owner_all);
+}
+
+// The folder beside this test program, for as long as a test needs it.
+struct OwnLibexec {
+  OwnLibexec() { placeDefaults(path); }
+  OwnLibexec(const OwnLibexec&) = delete;
+  OwnLibexec& operator=(const OwnLibexec&) = delete;
+  ~OwnLibexec() {
+    std::error_code ignored;
+    fs::remove_all(path, ignored);
+  }
+  const fs::path path = fs::read_symlink("/proc/self/exe").parent_path() / "libexec";
+};
+
+TEST(SearchPath, standInsComeFirstAndOnce) {
+  EXPECT_EQ(searchPathWith("/ours", "/usr/bin:/bin"), "/ours:/usr/bin:/bin");
+  EXPECT_EQ(searchPathWith("/ours", "/usr/bin:/ours:/bin:/ours"), "/ours:/usr/bin:/bin");
+  EXPECT_EQ(searchPathWith("/ours", "/ours"), "/ours");
+  EXPECT_EQ(searchPathWith("/ours", "/ours2:/bin"), "/ours:/ours2:/bin");
+  EXPECT_EQ(searchPathWith("/ours", "/usr/bin:"), "/ours:/usr/bin:");
+}
+
+TEST(SearchPath, systemFoldersStandInForNone) {
+  EXPECT_EQ(searchPathWith("/ours", ""), "/ours:/usr/local/bin:/usr/bin:/bin");
+}
+
+TEST(SearchPath, folderBesideTheExecutableIsTakenBeforeTheInstalledOne) {
+  const Sandbox sandbox;
+  placeDefaults(sandbox / "libexec/tarnwell");
+  EXPECT_EQ(std::get<fs::path>(standInFolder(sandbox / "bin")), sandbox / "libexec/tarnwell");
+  placeDefaults(sandbox / "bin/libexec");
+  EXPECT_EQ(std::get<fs::path>(standInFolder(sandbox / "bin")), sandbox / "bin/libexec");
+}
+
+TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
+  const Sandbox sandbox;
+  const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
+                               (sandbox / "libexec/tarnwell").string();
+  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+  fs::create_directories(sandbox / "bin/libexec/defaults");
+  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+  placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
+  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+}
+
+TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {
+  const Sandbox other;
+  placeDefaults(other.path());
+  const EnvironmentScope path("PATH", other.path().string() + ":/usr/bin:/bin");
+  const auto failure = putStandInsFirst();
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(std::getenv("PATH"), other.path().string() + ":/usr/bin:/bin");
+  const OwnLibexec own;
+  ASSERT_FALSE(putStandInsFirst());
+  EXPECT_EQ(std::getenv("PATH"), own.path.string() + ":" + other.path().string() + ":/usr/bin:/bin");
+  const std::string command = "test \"$(command -v defaults)\" = '" + (own.path / "defaults").string() + "'";
+  EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+}  // namespace
+}  // namespace tarnwell::host_linux
