@@ -1,19 +1,8 @@
 #include "view/ControlSummary.h"
 
-#include <array>
-#include <charconv>
+#include "view/PlainText.h"
 
 namespace tarnwell::view {
-namespace {
-
-std::string plain(double value) {
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.begin(), buffer.end(), value);
-  return {buffer.begin(), end.ptr};
-}
-
-}  // namespace
-
 std::string describe(const kit::Button& button) {
   std::string line = button.bezelStyle() == kit::Button::BezelStyle::help ? "Help button" : "Button";
   line += " \"" + button.title() + "\"";
@@ -23,8 +12,8 @@ std::string describe(const kit::Button& button) {
 }
 
 std::string describe(const kit::Slider& slider) {
-  return "Slider " + plain(slider.doubleValue()) + " of " + plain(slider.minValue()) + " to " +
-         plain(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks";
+  return "Slider " + plainText(slider.doubleValue()) + " of " + plainText(slider.minValue()) + " to " +
+         plainText(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks";
 }
 
 }  // namespace tarnwell::view

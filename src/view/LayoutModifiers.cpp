@@ -2,6 +2,7 @@
 
 #include "view/Alignment.h"
 #include "view/PassThroughNode.h"
+#include "view/PlainText.h"
 #include "view/View.h"
 
 namespace tarnwell::view {
@@ -15,6 +16,13 @@ struct FrameModifier {
 class FrameNode final : public PassThroughNode {
  public:
   using PassThroughNode::PassThroughNode;
+
+  std::string summary() const override {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    return "Frame" + (frame.width ? " width " + plainText(*frame.width) : "") +
+           (frame.maxHeight ? " at most " + plainText(*frame.maxHeight) + " high" : "") + " " +
+           alignmentName(frame.alignment);
+  }
 
  protected:
   void apply() override { updateChildren({valueAs<FrameModifier>().content}, environment()); }
@@ -64,6 +72,8 @@ struct FixedSizeModifier {
 class FixedSizeNode final : public PassThroughNode {
  public:
   using PassThroughNode::PassThroughNode;
+
+  std::string summary() const override { return "Fixed size"; }
 
  protected:
   void apply() override { updateChildren({valueAs<FixedSizeModifier>().content}, environment()); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "view/Alignment.h"
+#include "view/PlainText.h"
 #include "view/StackLayout.h"
 
 namespace tarnwell::view {
@@ -10,11 +11,15 @@ namespace {
 
 using Items = std::vector<StackLayout::Item>;
 
+std::string gap(double spacing) { return ", spacing " + plainText(spacing); }
+
 class HStackNode final : public MountedNode {
  public:
   using MountedNode::MountedNode;
 
-  std::string summary() const override { return "HStack"; }
+  std::string summary() const override {
+    return std::string("HStack ") + (onBaseline() ? "on baseline" : "centred") + gap(valueAs<HStack>().spacing);
+  }
 
  protected:
   void apply() override { updateChildren(valueAs<HStack>().children, environment()); }
@@ -68,7 +73,9 @@ class VStackNode final : public MountedNode {
  public:
   using MountedNode::MountedNode;
 
-  std::string summary() const override { return "VStack"; }
+  std::string summary() const override {
+    return "VStack " + alignmentName(valueAs<VStack>().alignment) + gap(valueAs<VStack>().spacing);
+  }
 
  protected:
   void apply() override { updateChildren(valueAs<VStack>().children, environment()); }

@@ -1,0 +1,94 @@
+#include "scenarios/DockTab.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "dockscreen/CommandRunnerKey.h"
+#include "dockscreen/ContentView.h"
+#include "kit/Control.h"
+#include "kit/ControlMetrics.h"
+#include "kit/PopUpButton.h"
+#include "kit/Slider.h"
+#include "kit/Stepper.h"
+#include "kit/TextField.h"
+
+namespace tarnwell::scenarios {
+
+DockTab::DockTab(DockTabOptions options) : driver_(makeDriver()) {
+  const auto environment =
+      view::EnvironmentValues()
+          .with<dockscreen::CommandRunnerKey>(&runner_)
+          .with<view::NumberFormatKey>(std::make_shared<host_headless::PointNumberFormat>(options.format))
+          .with<view::SystemVersionKey>(options.version)
+          .with<view::OpenUrlKey>([this](const std::string& address) { opened_.push_back(address); });
+  const view::View content =
+      view::View(dockscreen::ContentView{}).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
+  window_ = std::make_unique<view::HostedWindow>(
+      turn_, driver_->host(),
+      view::HostedWindow::Content{.identifier = "dock", .title = "Dock", .view = content, .environment = environment});
+}
+
+DockTab::~DockTab() = default;
+
+DockTab& DockTab::holding(const std::string& key, const std::string& printed) {
+  runner_.answers["defaults read com.apple.dock " + key] = printed + "\n";
+  return *this;
+}
+
+DockTab& DockTab::holdingDefaults() {
+  return holding("autohide-delay", "0.2")
+      .holding("autohide-time-modifier", "0.5")
+      .holding("scroll-to-open", "0")
+      .holding("mineffect", "genie")
+      .holding("showhidden", "0")
+      .holding("static-only", "0")
+      .holding("single-app", "0");
+}
+
+bool DockTab::has(const std::string& name) const {
+  for (const kit::Control* control : window_->tree().controls()) {
+    if (control->accessibleName() == name) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void DockTab::type(const std::string& name, const std::string& text) {
+  driver_->type(find<kit::TextField>(name), text);
+}
+
+void DockTab::enter(const std::string& name, const std::string& text) {
+  type(name, text);
+  pressKey(name, Key::tab);
+}
+
+void DockTab::choose(const std::string& name, int index) { driver_->choose(find<kit::PopUpButton>(name), index); }
+
+void DockTab::stepUp(const std::string& name) { driver_->stepUp(find<kit::Stepper>(name)); }
+
+void DockTab::stepDown(const std::string& name) { driver_->stepDown(find<kit::Stepper>(name)); }
+
+void DockTab::dragTo(const std::string& name, double place) {
+  auto& slider = find<kit::Slider>(name);
+  const double knob = kit::metrics::sliderKnobWidth;
+  const kit::Size size = slider.bounds();
+  driver_->drag(slider, {.x = knob / 2 + place * (size.width - knob), .y = size.height / 2});
+}
+
+std::vector<std::string> DockTab::writes() { return std::exchange(runner_.detached, {}); }
+
+std::vector<std::string> DockTab::reads() { return std::exchange(runner_.captured, {}); }
+
+kit::Control& DockTab::control(const std::string& name) const {
+  // Backwards: a row's label stands before the control that is named for it.
+  const auto controls = window_->tree().controls();
+  for (auto it = controls.rbegin(); it != controls.rend(); ++it) {
+    if ((*it)->accessibleName() == name) {
+      return **it;
+    }
+  }
+  throw std::invalid_argument("nothing is called " + name);
+}
+
+}  // namespace tarnwell::scenarios

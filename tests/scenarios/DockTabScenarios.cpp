@@ -1,0 +1,362 @@
+#include <gtest/gtest.h>
+
+#include "kit/Control.h"
+#include "scenarios/DockTab.h"
+
+namespace tarnwell::scenarios {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const Lines sevenReads = {
+    "defaults read com.apple.dock autohide-delay", "defaults read com.apple.dock autohide-time-modifier",
+    "defaults read com.apple.dock scroll-to-open", "defaults read com.apple.dock mineffect",
+    "defaults read com.apple.dock showhidden",     "defaults read com.apple.dock static-only",
+    "defaults read com.apple.dock single-app"};
+
+const Lines writesOfDefaults = {"defaults write com.apple.dock autohide-delay -float 0.2; killall Dock",
+                                "defaults write com.apple.dock autohide-time-modifier -float 0.5; killall Dock",
+                                "defaults write com.apple.dock scroll-to-open -bool false; killall Dock",
+                                "defaults write com.apple.dock mineffect -string genie && killall Dock",
+                                "defaults write com.apple.dock showhidden -bool false; killall Dock",
+                                "defaults write com.apple.dock static-only -bool false; killall Dock",
+                                "defaults write com.apple.dock single-app -bool false; killall Dock"};
+
+TEST(DockTabScenarios, openingReadsTheSevenKeysOnceInOrder) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  EXPECT_EQ(tab.reads(), sevenReads);
+  EXPECT_EQ(tab.writes(), Lines{});
+}
+
+TEST(DockTabScenarios, openingShowsWhatTheDockHolds) {
+  DockTab tab;
+  tab.holding("autohide-delay", "0.75")
+      .holding("autohide-time-modifier", "0.1")
+      .holding("scroll-to-open", "1")
+      .holding("mineffect", "suck")
+      .holding("showhidden", "1")
+      .holding("static-only", "0")
+      .holding("single-app", "1");
+  tab.open();
+  EXPECT_EQ(tab.value("Delay seconds"), "0.75");
+  EXPECT_EQ(tab.value("Delay slider"), "0.75");
+  EXPECT_EQ(tab.value("Delay stepper"), "0.75");
+  EXPECT_EQ(tab.value("Animation seconds"), "0.1");
+  EXPECT_EQ(tab.value("Scroll to Exposé"), "on");
+  EXPECT_EQ(tab.value("Minimize windows using"), "Suck Effect");
+  EXPECT_EQ(tab.value("Dim hidden apps"), "on");
+  EXPECT_EQ(tab.value("Show active apps only"), "off");
+  EXPECT_EQ(tab.value("Single app mode"), "on");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, aDockThatHoldsNothingShowsFallbacksAndCanBeReset) {
+  DockTab tab;
+  tab.open();
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+  EXPECT_EQ(tab.value("Minimize windows using"), "Genie Effect");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, aDockAtItsDefaultsOffersNeitherButton) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  EXPECT_FALSE(tab.isEnabled("Reset to Defaults"));
+  EXPECT_TRUE(tab.isEnabled("Help"));
+}
+
+TEST(DockTabScenarios, changingAnyValueEnablesSaveAndChangingItBackDisablesIt) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  for (const std::string name : {"Scroll to Exposé", "Dim hidden apps", "Single app mode", "Show active apps only"}) {
+    tab.press(name);
+    EXPECT_TRUE(tab.isEnabled("Save")) << name;
+    EXPECT_TRUE(tab.isEnabled("Reset to Defaults")) << name;
+    tab.press(name);
+    EXPECT_FALSE(tab.isEnabled("Save")) << name;
+  }
+  for (const std::string name : {"Animation stepper", "Delay stepper"}) {
+    tab.stepUp(name);
+    EXPECT_TRUE(tab.isEnabled("Save")) << name;
+    tab.stepDown(name);
+    EXPECT_FALSE(tab.isEnabled("Save")) << name;
+  }
+  tab.choose("Minimize windows using", 1);
+  EXPECT_TRUE(tab.isEnabled("Save"));
+  tab.choose("Minimize windows using", 0);
+  EXPECT_FALSE(tab.isEnabled("Save"));
+}
+
+TEST(DockTabScenarios, backAtTheDefaultsResetIsDisabledThoughSaveIsEnabled) {
+  DockTab tab;
+  tab.holdingDefaults().holding("showhidden", "1").open();
+  tab.press("Dim hidden apps");
+  EXPECT_TRUE(tab.isEnabled("Save"));
+  EXPECT_FALSE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, draggingFullyLeftIsOneSecondAndFullyRightIsNone) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.dragTo("Animation slider", 0);
+  EXPECT_EQ(tab.value("Animation slider"), "1.0");
+  EXPECT_EQ(tab.value("Animation seconds"), "1");
+  tab.dragTo("Animation slider", 1);
+  EXPECT_EQ(tab.value("Animation slider"), "0.0");
+  EXPECT_EQ(tab.value("Animation seconds"), "0");
+}
+
+TEST(DockTabScenarios, aDragLandsOnHundredths) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.dragTo("Delay slider", 0.6137);
+  const std::string value = tab.value("Delay seconds");
+  EXPECT_LE(value.size(), 4U) << value;
+  EXPECT_EQ(tab.value("Delay slider"), value);
+}
+
+TEST(DockTabScenarios, arrowKeysMoveTheTurnedKnobAsSeen) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.pressKey("Delay slider", Key::right);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.19");
+  tab.pressKey("Delay slider", Key::left);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.2");
+}
+
+TEST(DockTabScenarios, typedDigitsAreCutToTwo) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "0.456");
+  EXPECT_EQ(tab.value("Delay seconds"), "0.46");
+  EXPECT_EQ(tab.value("Delay slider"), "0.46");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float 0.46; killall Dock");
+}
+
+TEST(DockTabScenarios, fiveSecondsAreAcceptedAndTheSliderStandsAtItsEnd) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "5");
+  EXPECT_EQ(tab.value("Delay seconds"), "5");
+  EXPECT_EQ(tab.value("Delay slider"), "1.0");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float 5.0; killall Dock");
+}
+
+TEST(DockTabScenarios, aTypedThousandBecomesNone) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "1000");
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+}
+
+TEST(DockTabScenarios, aTextThatIsNoNumberChangesNothing) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  for (const std::string text : {"", "fast", "1x", "0,5"}) {
+    tab.enter("Delay seconds", text);
+    EXPECT_EQ(tab.value("Delay seconds"), "0.2") << text;
+    EXPECT_FALSE(tab.isEnabled("Save")) << text;
+  }
+}
+
+TEST(DockTabScenarios, escapeGivesUpWhatWasTyped) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.type("Delay seconds", "3");
+  tab.pressKey("Delay seconds", Key::escape);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.2");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+}
+
+TEST(DockTabScenarios, inACommaLocaleFractionsBecomeNoneAndWholeNumbersStay) {
+  DockTab tab({.format = host_headless::PointNumberFormat(',', '.')});
+  tab.holdingDefaults().open();
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+  tab.enter("Delay seconds", "5");
+  EXPECT_EQ(tab.value("Delay seconds"), "5");
+  tab.enter("Delay seconds", "0,5");
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+}
+
+TEST(DockTabScenarios, steppersMoveByAHundredthBetweenNoneAndAHundred) {
+  DockTab tab;
+  tab.holdingDefaults().holding("autohide-delay", "99.99").holding("autohide-time-modifier", "0.01").open();
+  tab.stepUp("Delay stepper");
+  tab.stepUp("Delay stepper");
+  EXPECT_EQ(tab.value("Delay seconds"), "100");
+  tab.stepDown("Animation stepper");
+  tab.stepDown("Animation stepper");
+  EXPECT_EQ(tab.value("Animation seconds"), "0");
+}
+
+TEST(DockTabScenarios, manyStepsKeepTwoDecimals) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  for (int i = 0; i < 25; ++i) {
+    tab.stepUp("Delay stepper");
+  }
+  EXPECT_EQ(tab.value("Delay stepper"), "0.45");
+}
+
+TEST(DockTabScenarios, aDockWithThreeDecimalsIsEditedWithTwo) {
+  DockTab tab;
+  tab.holdingDefaults().holding("autohide-delay", "0.456").open();
+  EXPECT_EQ(tab.value("Delay seconds"), "0.46");
+  EXPECT_TRUE(tab.isEnabled("Save"));
+}
+
+TEST(DockTabScenarios, oddNumbersInTheStoreNeitherCrashNorHang) {
+  for (const std::string odd : {"nan", "inf", "-inf", "0x1p-1", "1e300", "-3", "1e-300"}) {
+    DockTab tab;
+    tab.holdingDefaults().holding("autohide-delay", odd).open();
+    EXPECT_TRUE(tab.isEnabled("Reset to Defaults")) << odd;
+    tab.stepUp("Delay stepper");
+    tab.press("Reset to Defaults");
+    EXPECT_EQ(tab.value("Delay seconds"), "0.2") << odd;
+  }
+}
+
+TEST(DockTabScenarios, saveWritesAllSevenInOrderAndIsThenDisabled) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.dragTo("Delay slider", 0);
+  tab.choose("Minimize windows using", 2);
+  tab.press("Dim hidden apps");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes(), (Lines{"defaults write com.apple.dock autohide-delay -float 1.0; killall Dock",
+                                 "defaults write com.apple.dock autohide-time-modifier -float 0.5; killall Dock",
+                                 "defaults write com.apple.dock scroll-to-open -bool false; killall Dock",
+                                 "defaults write com.apple.dock mineffect -string suck && killall Dock",
+                                 "defaults write com.apple.dock showhidden -bool true; killall Dock",
+                                 "defaults write com.apple.dock static-only -bool false; killall Dock",
+                                 "defaults write com.apple.dock single-app -bool false; killall Dock"}));
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, aDisabledSaveDoesNothing) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.press("Save");
+  tab.pressKey("Help", Key::enter);
+  EXPECT_EQ(tab.writes(), Lines{});
+}
+
+TEST(DockTabScenarios, returnPressesSaveFromAnywhere) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.press("Dim hidden apps");
+  tab.pressKey("Dim hidden apps", Key::enter);
+  EXPECT_EQ(tab.writes().size(), 7U);
+  EXPECT_FALSE(tab.isEnabled("Save"));
+}
+
+TEST(DockTabScenarios, returnInAFieldTakesTheTextAndThenSaves) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.type("Animation seconds", "0.3");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  tab.pressKey("Animation seconds", Key::enter);
+  const Lines writes = tab.writes();
+  ASSERT_EQ(writes.size(), 7U);
+  EXPECT_EQ(writes[1], "defaults write com.apple.dock autohide-time-modifier -float 0.3; killall Dock");
+}
+
+TEST(DockTabScenarios, aPressOnSaveTakesWhatIsBeingTypedFirst) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.type("Delay seconds", "0.9");
+  tab.press("Save");
+  const Lines writes = tab.writes();
+  ASSERT_EQ(writes.size(), 7U);
+  EXPECT_EQ(writes[0], "defaults write com.apple.dock autohide-delay -float 0.9; killall Dock");
+}
+
+TEST(DockTabScenarios, spaceTurnsASwitch) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.pressKey("Scroll to Exposé", Key::space);
+  EXPECT_EQ(tab.value("Scroll to Exposé"), "on");
+}
+
+TEST(DockTabScenarios, resetWritesTheDefaultsShowsThemAndDisablesBothButtons) {
+  DockTab tab;
+  tab.holding("autohide-delay", "3").holding("mineffect", "suck").holding("showhidden", "1");
+  tab.open();
+  tab.press("Reset to Defaults");
+  EXPECT_EQ(tab.writes(), writesOfDefaults);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.2");
+  EXPECT_EQ(tab.value("Animation slider"), "0.5");
+  EXPECT_EQ(tab.value("Minimize windows using"), "Genie Effect");
+  EXPECT_EQ(tab.value("Dim hidden apps"), "off");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+  EXPECT_FALSE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, helpOpensTheHelpPageOnce) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.press("Help");
+  ASSERT_EQ(tab.openedAddresses().size(), 1U);
+  const std::string& address = tab.openedAddresses().front();
+  EXPECT_EQ(address.substr(0, 8), "https://");
+  EXPECT_EQ(address.substr(address.find('/', 8)), "/help");
+}
+
+TEST(DockTabScenarios, system15HasNoSingleAppRowAndNeverTouchesItsKey) {
+  DockTab tab({.version = {.major = 15}});
+  tab.holdingDefaults().open();
+  EXPECT_FALSE(tab.has("Single app mode"));
+  EXPECT_TRUE(tab.has("Dim hidden apps"));
+  tab.press("Dim hidden apps");
+  tab.press("Save");
+  tab.press("Reset to Defaults");
+  EXPECT_EQ(tab.reads(), Lines(sevenReads.begin(), sevenReads.end() - 1));
+  const Lines writes = tab.writes();
+  EXPECT_EQ(writes.size(), 12U);
+  for (const std::string& line : writes) {
+    EXPECT_EQ(line.find("single-app"), std::string::npos) << line;
+  }
+}
+
+TEST(DockTabScenarios, system14Point9StillHasTheSingleAppRow) {
+  DockTab tab({.version = {.major = 14, .minor = 9, .patch = 9}});
+  tab.holdingDefaults().open();
+  EXPECT_TRUE(tab.has("Single app mode"));
+}
+
+TEST(DockTabScenarios, everyShowingReadsAgain) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.press("Dim hidden apps");
+  tab.close();
+  tab.reads();
+  tab.holding("autohide-delay", "0.7").open();
+  EXPECT_EQ(tab.reads(), sevenReads);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.7");
+  EXPECT_EQ(tab.value("Dim hidden apps"), "off");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+}
+
+TEST(DockTabScenarios, everyControlHasANameOfItsOwn) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  Lines names;
+  for (kit::Control* control : tab.hosted().tree().controls()) {
+    if (control->takesFocus()) {
+      names.push_back(tab.driver().look(*control).name);
+    }
+  }
+  EXPECT_EQ(names, (Lines{"Animation slider", "Animation seconds", "Animation stepper", "Delay slider", "Delay seconds",
+                          "Delay stepper", "Minimize windows using", "Scroll to Exposé", "Dim hidden apps",
+                          "Single app mode", "Show active apps only", "Save", "Reset to Defaults", "Help"}));
+}
+
+}  // namespace
+}  // namespace tarnwell::scenarios

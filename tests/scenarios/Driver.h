@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "kit/Geometry.h"
+
+namespace tarnwell::kit {
+class Control;
+class Host;
+class PopUpButton;
+class Slider;
+class Stepper;
+class TextField;
+class Window;
+}  // namespace tarnwell::kit
+
+namespace tarnwell::scenarios {
+
+enum class Key { enter, escape, tab, space, left, right };
+
+/// What a person, or a screen reader for them, finds at a control.
+struct Seen {
+  std::string name = {};
+  std::string value = {};  ///< "on" and "off" for a switch, the chosen item's title for a pop-up button.
+  bool enabled = false;
+};
+
+/// Acts on a host's controls the way its user does, and looks at them the way its user does.
+class Driver {
+ public:
+  virtual ~Driver() = default;
+
+  virtual kit::Host& host() = 0;
+
+  virtual void click(kit::Control& control) = 0;
+  /// Presses the knob, moves to `to` (the slider's own frame, as seen on the screen), and lets go.
+  virtual void drag(kit::Slider& slider, kit::Point to) = 0;
+  /// Puts the text into the field and leaves it there, not committed.
+  virtual void type(kit::TextField& field, const std::string& text) = 0;
+  virtual void stepUp(kit::Stepper& stepper) = 0;
+  virtual void stepDown(kit::Stepper& stepper) = 0;
+  virtual void choose(kit::PopUpButton& button, int index) = 0;
+  /// Gives the keyboard to `control` and presses the key.
+  virtual void pressKey(kit::Window& window, kit::Control& control, Key key) = 0;
+
+  virtual Seen look(kit::Control& control) = 0;
+};
+
+/// The driver of the host that this test program is for.
+std::unique_ptr<Driver> makeDriver();
+
+}  // namespace tarnwell::scenarios
