@@ -33,26 +33,27 @@ struct Shape {
 
 TEST(BinaryShapeTest, tellsWhatSurvivesFromWhatDoesNot) {
   using std::string_literals::operator""s;  // for texts with NUL
+  // Printable markers: Q is a text of one byte, a and b are texts of one and two units, ^ and _ longer texts.
   const std::vector<Shape> shapes = {
       {"boolean", {"\x09"}, BinaryShape::exact},
       {"integer", {"\x13\0\0\0\0\0\0\0\x01"s}, BinaryShape::exact},
       {"integer beyond 64 bits", {"\x14\x01"s + std::string(15, '\0')}, BinaryShape::inexact},
       {"unsigned integer", {"\x14"s + std::string(8, '\0') + std::string(8, '\xFF')}, BinaryShape::exact},
-      {"text", {"\x51x"}, BinaryShape::exact},
+      {"text", {"Qx"}, BinaryShape::exact},
       {"text with NUL", {"\x51\0"s}, BinaryShape::inexact},
       {"text with a high byte", {"\x51\xE9"}, BinaryShape::inexact},
       {"surrogate pair", {"\x62\xD8\x3D\xDE\x00"s}, BinaryShape::exact},
       {"half a pair", {"\x61\xD8\x3D"}, BinaryShape::inexact},
       {"the other half", {"\x61\xDE\x3D"}, BinaryShape::inexact},
-      {"array", {"\xA1\x01"s, "\x51x"}, BinaryShape::exact},
-      {"set", {"\xC1\x01"s, "\x51x"}, BinaryShape::inexact},
+      {"array", {"\xA1\x01"s, "Qx"}, BinaryShape::exact},
+      {"set", {"\xC1\x01"s, "Qx"}, BinaryShape::inexact},
       {"null", {"\0"s}, BinaryShape::broken},
-      {"unknown marker", {"\x70"}, BinaryShape::broken},
+      {"unknown marker", {"p"}, BinaryShape::broken},
       {"array that holds itself", {"\xA1\0"s}, BinaryShape::broken},
       {"reference to nowhere", {"\xA1\x07"}, BinaryShape::broken},
-      {"text that is too long", {"\x5E"}, BinaryShape::broken},
+      {"text that is too long", {"^"}, BinaryShape::broken},
       {"count that is too long", {"\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}, BinaryShape::broken},
-      {"count that is none", {"\x5F\x51x"}, BinaryShape::broken},
+      {"count that is none", {"_Qx"}, BinaryShape::broken},
   };
   for (const Shape& each : shapes) EXPECT_EQ(binaryShape(binaryList(each.objects)), each.shape) << each.what;
 }

@@ -11,13 +11,12 @@ namespace tarnwell::standin {
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(DefaultsDurabilityTest, concurrentWritersLoseNothing) {
   const MacSystem system;
   std::vector<std::unique_ptr<Process>> writers;
   for (int writer = 0; writer < 8; ++writer) {
-    const std::string text = "i=0; while [ $i -lt 25 ]; do \"$D\" write com.apple.dock key-" + std::to_string(writer) +
+    const std::string text = R"(i=0; while [ $i -lt 25 ]; do "$D" write com.apple.dock key-)" + std::to_string(writer) +
                              "-$i -int $i || exit 1; i=$((i + 1)); done";
     writers.push_back(std::make_unique<Process>(Words{"/bin/sh", "-c", text}, system.environment()));
   }
@@ -57,8 +56,8 @@ TEST(DefaultsDurabilityTest, aWriterThatIsKilledLosesNothing) {
 
 TEST(DefaultsDurabilityTest, aDamagedStoreIsReadByNobody) {
   const MacSystem system;
-  for (const char* bytes : {"", "garbage", "bplist00", "{ a = b; }", "<plist version=\"1.0\"><array/></plist>",
-                            "<plist version=\"1.0\"><dict><key>a</key><string>b"}) {
+  for (const char* bytes : {"", "garbage", "bplist00", "{ a = b; }", R"(<plist version="1.0"><array/></plist>)",
+                            R"(<plist version="1.0"><dict><key>a</key><string>b)"}) {
     system.store(bytes);
     for (const Words& arguments : {Words{"read", "com.apple.dock", "k"}, Words{"read", "com.apple.dock"}, Words{"read"},
                                    Words{"export", "com.apple.dock", "-"}, Words{"delete", "com.apple.dock", "k"}}) {
@@ -108,7 +107,7 @@ TEST(DefaultsDurabilityTest, aFullDiskLeavesTheStoreAsItWas) {
   const std::string large(5000, 'x');
   system.defaults({"write", "com.apple.dock", "large", large});
   const std::string before = fileContent(system.dockStore());
-  const Outcome outcome = system.shell("ulimit -f 1; exec \"$D\" write com.apple.dock k v");
+  const Outcome outcome = system.shell(R"(ulimit -f 1; exec "$D" write com.apple.dock k v)");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, HasSubstr("] Could not write domain com.apple.dock; exiting\n"));
   EXPECT_EQ(fileContent(system.dockStore()), before);
@@ -118,7 +117,7 @@ TEST(DefaultsDurabilityTest, aFullDiskLeavesTheStoreAsItWas) {
 TEST(DefaultsDurabilityTest, aFullDiskLeavesADamagedStoreInItsPlace) {
   const MacSystem system;
   system.store("garbage");
-  const Outcome outcome = system.shell("ulimit -f 0; \"$D\" write com.apple.dock k v 2>/dev/null");
+  const Outcome outcome = system.shell(R"(ulimit -f 0; "$D" write com.apple.dock k v 2>/dev/null)");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(fileContent(system.dockStore()), "garbage");
   EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
@@ -148,14 +147,14 @@ TEST(DefaultsDurabilityTest, aStoreThatIsNoFileIsLeftAlone) {
 TEST(DefaultsDurabilityTest, closedStreamsNeverWriteIntoTheStore) {
   const MacSystem system;
   system.store("garbage");
-  EXPECT_EQ(system.shell("\"$D\" write com.apple.dock k v <&- >&- 2>&-").status, 0);
+  EXPECT_EQ(system.shell(R"("$D" write com.apple.dock k v <&- >&- 2>&-)").status, 0);
   EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    k = v;\n}\n");
 }
 
 TEST(DefaultsDurabilityTest, aBrokenPipeDoesNotStopAWrite) {
   const MacSystem system;
   system.store("garbage");
-  system.shell("{ \"$D\" write com.apple.dock k v; echo $? >\"$MACOS_ROOT/status\"; } 2>&1 | :");
+  system.shell(R"({ "$D" write com.apple.dock k v; echo $? >"$MACOS_ROOT/status"; } 2>&1 | :)");
   EXPECT_EQ(fileContent(system.root() + "/status"), "0\n");
   EXPECT_EQ(system.value("k"), "v");
 }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 
 #include "fixtures/CommaLocale.h"
@@ -13,8 +14,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 
-const char* const prefix =
-    "20[0-9]{2}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} defaults\\[[0-9]+:[0-9]+\\] ";
+constexpr const char* prefix =
+    R"(20[0-9]{2}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\.[0-9]{3} defaults\[[0-9]+:[0-9]+\] )";
 
 struct Stored {
   const char* flag = "";
@@ -23,7 +24,7 @@ struct Stored {
   const char* type = "";
 };
 
-constexpr Stored storedValues[] = {
+constexpr std::array<Stored, 25> storedValues = {{
     {"-float", "0.2", "0.2", "float"},
     {"-float", "1.0", "1", "float"},
     {"-float", "0.0", "0", "float"},
@@ -49,7 +50,7 @@ constexpr Stored storedValues[] = {
     {"-date", "2025-03-20 19:05:18 +0100", "2025-03-20 18:05:18 +0000", "date"},
     {"-date", "2099-03-20T19:05:18Z", "2099-03-20 19:05:18 +0000", "date"},
     {"-date", "1999-12-31", "1999-12-31 00:00:00 +0000", "date"},
-};
+}};
 
 TEST(DefaultsReadTest, readPrintsTheValueAndItsType) {
   const MacSystem system;
@@ -108,9 +109,8 @@ TEST(DefaultsReadTest, aMissingDomainIsReported) {
 
 TEST(DefaultsReadTest, aDomainIsPrintedAsAnOldStyleListSortedByKey) {
   const MacSystem system;
-  system.shell(
-      "\"$D\" write com.apple.dock static-only -bool true; \"$D\" write com.apple.dock mineffect suck;"
-      "\"$D\" write com.apple.dock b -array 1 'x y'; \"$D\" write com.apple.dock a -dict k -float 0.2");
+  system.shell(R"("$D" write com.apple.dock static-only -bool true; "$D" write com.apple.dock mineffect suck;)"
+               R"("$D" write com.apple.dock b -array 1 'x y'; "$D" write com.apple.dock a -dict k -float 0.2)");
   EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, R"({
     a =     {
         k = 0.2;
@@ -127,10 +127,16 @@ TEST(DefaultsReadTest, aDomainIsPrintedAsAnOldStyleListSortedByKey) {
 
 TEST(DefaultsReadTest, readAloneShowsEveryDomain) {
   const MacSystem system;
-  system.shell("\"$D\" write org.b k 1; \"$D\" write org.a k 2");
-  EXPECT_EQ(system.defaults({"read"}).output,
-            "{\n    org.a =     {\n        k = 2;\n    };\n    org.b =     {\n"
-            "        k = 1;\n    };\n}\n");
+  system.shell(R"("$D" write org.b k 1; "$D" write org.a k 2)");
+  EXPECT_EQ(system.defaults({"read"}).output, R"({
+    org.a =     {
+        k = 2;
+    };
+    org.b =     {
+        k = 1;
+    };
+}
+)");
 }
 
 TEST(DefaultsReadTest, xmlStoresAreReadToo) {
@@ -200,8 +206,8 @@ TEST(DefaultsReadTest, withoutARootThereIsAClearError) {
 TEST(DefaultsReadTest, aFullOutputIsAFailure) {
   const MacSystem system;
   system.defaults({"write", "d", "k", "v"});
-  EXPECT_EQ(system.shell("\"$D\" read d k >/dev/full").status, 1);
-  EXPECT_EQ(system.shell("\"$D\" read d k >&-").status, 1);
+  EXPECT_EQ(system.shell(R"("$D" read d k >/dev/full)").status, 1);
+  EXPECT_EQ(system.shell(R"("$D" read d k >&-)").status, 1);
 }
 
 }  // namespace

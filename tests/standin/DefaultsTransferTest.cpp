@@ -27,10 +27,9 @@ TEST(DefaultsTransferTest, exportReplacesNoDeviceAndNoLink) {
 
 TEST(DefaultsTransferTest, importMergesKeys) {
   const MacSystem system;
-  system.shell(
-      "\"$D\" write com.apple.dock a 1; \"$D\" write com.apple.dock b 1; \"$D\" write other b 2;"
-      "\"$D\" write other c -float 0.5");
-  EXPECT_EQ(system.shell("\"$D\" export other - | \"$D\" import com.apple.dock -").status, 0);
+  system.shell(R"("$D" write com.apple.dock a 1; "$D" write com.apple.dock b 1; "$D" write other b 2;)"
+               R"("$D" write other c -float 0.5)");
+  EXPECT_EQ(system.shell(R"("$D" export other - | "$D" import com.apple.dock -)").status, 0);
   EXPECT_EQ(system.value("a"), "1");
   EXPECT_EQ(system.value("b"), "2");
   EXPECT_EQ(system.value("c"), "0.5");
@@ -39,7 +38,7 @@ TEST(DefaultsTransferTest, importMergesKeys) {
 TEST(DefaultsTransferTest, importRefusesWhatIsNoDictionary) {
   const MacSystem system;
   system.defaults({"write", "com.apple.dock", "k", "v"});
-  system.folder().write("array", "<plist version=\"1.0\"><array/></plist>");
+  system.folder().write("array", R"(<plist version="1.0"><array/></plist>)");
   system.folder().write("garbage", "garbage");
   for (const char* name : {"array", "garbage", "nosuch"}) {
     const Outcome outcome = system.defaults({"import", "com.apple.dock", (system.folder() / name).string()});
@@ -51,7 +50,7 @@ TEST(DefaultsTransferTest, importRefusesWhatIsNoDictionary) {
 
 TEST(DefaultsTransferTest, deleteRemovesAKeyOrADomain) {
   const MacSystem system;
-  system.shell("\"$D\" write com.apple.dock a 1; \"$D\" write com.apple.dock b 2");
+  system.shell(R"("$D" write com.apple.dock a 1; "$D" write com.apple.dock b 2)");
   EXPECT_EQ(system.defaults({"delete", "com.apple.dock", "a"}).status, 0);
   EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    b = 2;\n}\n");
   EXPECT_EQ(system.defaults({"delete", "com.apple.dock"}).status, 0);
@@ -73,7 +72,7 @@ TEST(DefaultsTransferTest, deletingWhatIsNotThereIsReported) {
 TEST(DefaultsTransferTest, domainsAreListedInOrderWithoutTheGlobalOne) {
   const MacSystem system;
   EXPECT_EQ(system.defaults({"domains"}).output, "\n");
-  system.shell("for d in org.b -g org.a; do \"$D\" write $d k v; done");
+  system.shell(R"(for d in org.b -g org.a; do "$D" write $d k v; done)");
   EXPECT_EQ(system.defaults({"domains"}).output, "org.a, org.b\n");
 }
 

@@ -76,7 +76,7 @@ TEST(DefaultsWriteTest, helpIsPrintedOnStandardOutput) {
 
 TEST(DefaultsWriteTest, theStoreIsBinaryAndForTheUserAlone) {
   const MacSystem system;
-  EXPECT_EQ(system.shell("umask 0; \"$D\" write com.apple.dock k v").status, 0);
+  EXPECT_EQ(system.shell(R"(umask 0; "$D" write com.apple.dock k v)").status, 0);
   struct stat status {};
   ASSERT_EQ(::stat(system.dockStore().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
@@ -117,7 +117,7 @@ TEST(DefaultsWriteTest, everyOtherKeySurvivesToTheBit) {
 
 TEST(DefaultsWriteTest, unsignedIntegersKeepTheirSign) {
   const MacSystem system;
-  system.store("<plist version=\"1.0\"><dict><key>k</key><integer>18446744073709551615</integer></dict></plist>");
+  system.store(R"(<plist version="1.0"><dict><key>k</key><integer>18446744073709551615</integer></dict></plist>)");
   EXPECT_EQ(system.defaults({"write", "com.apple.dock", "x", "y"}).status, 0);
   EXPECT_EQ(system.value("k"), "18446744073709551615");
 }

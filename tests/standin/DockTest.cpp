@@ -31,7 +31,7 @@ TEST(DockTest, logsTheSevenSettingsInOneLine) {
                            "scroll-to-open=absent mineffect=absent showhidden=absent static-only=absent "
                            "single-app=absent\n"));
   system.shell(
-      "w() { \"$D\" write com.apple.dock \"$@\"; }; w autohide-delay -float 0.2; w autohide-time-modifier -float 1;"
+      R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.2; w autohide-time-modifier -float 1;)"
       "w scroll-to-open -bool true; w mineffect suck; w showhidden -bool no; w static-only -bool true;"
       "w single-app -bool false");
   EXPECT_THAT(settingsLine(system), EndsWith("] autohide-delay=0.2 autohide-time-modifier=1 scroll-to-open=1 "
@@ -40,9 +40,8 @@ TEST(DockTest, logsTheSevenSettingsInOneLine) {
 
 TEST(DockTest, saysSoWhenATypeIsWrong) {
   const MacSystem system;
-  system.shell(
-      "w() { \"$D\" write com.apple.dock \"$@\"; }; w autohide-delay -string 0.2; w mineffect -int 2;"
-      "w showhidden -int 1; w static-only -array a");
+  system.shell(R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -string 0.2; w mineffect -int 2;)"
+               "w showhidden -int 1; w static-only -array a");
   EXPECT_THAT(settingsLine(system),
               EndsWith("] autohide-delay=wrong-type(string) autohide-time-modifier=absent scroll-to-open=absent "
                        "mineffect=wrong-type(integer) showhidden=wrong-type(integer) static-only=wrong-type(array) "

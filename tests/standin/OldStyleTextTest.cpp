@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "standin/MacSystem.h"
 
 namespace tarnwell::standin {
@@ -12,20 +14,20 @@ struct Quoting {
   const char* quoted = "";
 };
 
-constexpr Quoting quotings[] = {
+constexpr std::array<Quoting, 12> quotings = {{
     {"abc", "abc"},
     {"com.apple.dock", "com.apple.dock"},
     {"a_b/c.9", "a_b/c.9"},
-    {"autohide-delay", "\"autohide-delay\""},
-    {"", "\"\""},
-    {"a b", "\"a b\""},
-    {"a\"b\\c", "\"a\\\"b\\\\c\""},
-    {"a\nb", "\"a\\nb\""},
-    {"\x01", "\"\\001\""},
-    {"h\xC3\xA9", "\"h\\U00e9\""},
-    {"\xF0\x9F\x98\x80", "\"\\Ud83d\\Ude00\""},
-    {"\xFF", "\"\\377\""},
-};
+    {"autohide-delay", R"("autohide-delay")"},
+    {"", R"("")"},
+    {"a b", R"("a b")"},
+    {R"(a"b\c)", R"("a\"b\\c")"},
+    {"a\nb", R"("a\nb")"},
+    {"\x01", R"("\001")"},
+    {"h\xC3\xA9", R"("h\U00e9")"},
+    {"\xF0\x9F\x98\x80", R"("\Ud83d\Ude00")"},
+    {"\xFF", R"("\377")"},
+}};
 
 TEST(OldStyleTextTest, onlyPlainTextsGoUnquoted) {
   for (const Quoting& each : quotings) EXPECT_EQ(quotedText(each.text), each.quoted);

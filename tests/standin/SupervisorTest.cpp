@@ -98,7 +98,7 @@ TEST(SupervisorTest, isNotFoundByTheNameOfTheDock) {
 
 // A supervisor beside a Dock that the test makes of a shell text.
 std::string supervisorWithDock(const MacSystem& system, const std::string& text) {
-  const std::string supervisor = (system.folder() / "dock-supervisor").string();
+  std::string supervisor = (system.folder() / "dock-supervisor").string();
   std::filesystem::copy_file(SUPERVISOR_PATH, supervisor);
   system.folder().write("Dock", "#!/bin/sh\n" + text + "\n");
   std::filesystem::permissions(system.folder() / "Dock", std::filesystem::perms::owner_all);

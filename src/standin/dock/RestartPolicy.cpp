@@ -11,10 +11,10 @@ namespace tarnwell::standin {
 
 std::chrono::milliseconds RestartPolicy::delayAfter(Ending ending, std::chrono::milliseconds lifetime) {
   if (ending == Ending::killed || lifetime >= std::chrono::seconds(1)) {
-    next_ = shortest_;
+    next_ = shortestDelay;
     return std::chrono::milliseconds::zero();
   }
-  return std::exchange(next_, std::min(2 * next_, longest_));
+  return std::exchange(next_, std::min(2 * next_, longestDelay));
 }
 
 Ending endingOf(int waitStatus) {

@@ -9,6 +9,9 @@ enum class Ending {
   failed,  // by itself, or by a fault of its own
 };
 
+inline constexpr std::chrono::milliseconds shortestDelay{100};
+inline constexpr std::chrono::milliseconds longestDelay{10'000};
+
 /// How long to wait before a process that ended is started again. One that was killed, however often, and one that had
 /// been up for a second are started at once; one that fails at its start makes the wait twice as long each time.
 class RestartPolicy {
@@ -16,10 +19,7 @@ class RestartPolicy {
   std::chrono::milliseconds delayAfter(Ending ending, std::chrono::milliseconds lifetime);
 
  private:
-  static constexpr std::chrono::milliseconds shortest_{100};
-  static constexpr std::chrono::milliseconds longest_{10'000};
-
-  std::chrono::milliseconds next_ = shortest_;
+  std::chrono::milliseconds next_ = shortestDelay;
 };
 
 /// Tells the two endings apart in a status from waitpid().

@@ -46,6 +46,7 @@ void restoreSignals() {
   if (::getppid() != supervisor) ::_exit(1);
   restoreSignals();
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& each : command) arguments.push_back(const_cast<char*>(each.c_str()));
   arguments.push_back(nullptr);
   ::execv(arguments.front(), arguments.data());

@@ -3,11 +3,19 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
 #include "standin/store/Folders.h"
 
 namespace tarnwell::standin {
+namespace {
+
+bool exchangeNames(const std::string& one, const std::string& other) {
+  return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
+}
+
+}  // namespace
 
 std::optional<AtomicFile> AtomicFile::create(std::string target, const std::string& temporaryName) {
   std::string temporary = folderOf(target) + "/" + temporaryName;
@@ -30,10 +38,23 @@ bool AtomicFile::fill(std::string_view bytes) {
   return file_.writeAll(bytes) && ::fsync(file_.number()) == 0 && file_.close();
 }
 
+// The old file waits under the temporary name until the new one is safe, so that it can come back.
 bool AtomicFile::commit() {
-  if (std::rename(temporary_.c_str(), target_.c_str()) != 0) return false;
+  const Swap swap = swapIn();
+  if (swap == Swap::failed) return false;
+  const bool safe = syncFolder(folderOf(target_));
+  if (!safe && swap == Swap::exchanged) exchangeNames(temporary_, target_);
+  if (!safe && swap == Swap::placed) ::unlink(target_.c_str());
+  return safe;
+}
+
+AtomicFile::Swap AtomicFile::swapIn() {
+  if (exchangeNames(temporary_, target_)) return Swap::exchanged;
+  // Some file systems cannot exchange; there is no way back then.
+  const Swap swap = errno == ENOENT ? Swap::placed : Swap::replaced;
+  if (std::rename(temporary_.c_str(), target_.c_str()) != 0) return Swap::failed;
   temporary_.clear();
-  return syncFolder(folderOf(target_));
+  return swap;
 }
 
 }  // namespace tarnwell::standin

@@ -24,12 +24,22 @@ class AtomicFile {
   /// Writes the whole content and has it reach the disk. False with errno set when that fails.
   bool fill(std::string_view bytes);
 
-  /// Puts the file in the target's place, for good. False with errno set when that fails.
+  /// Puts the file in the target's place, for good. When the system cannot promise that it survives a crash, the target
+  /// is put back as it was, and the answer is false.
   bool commit();
 
  private:
+  enum class Swap {
+    exchanged,  // the target's old file has the temporary name
+    placed,     // there was no target
+    replaced,   // the target's old file is gone
+    failed,
+  };
+
   AtomicFile(Descriptor file, std::string target, std::string temporary)
       : file_(std::move(file)), target_(std::move(target)), temporary_(std::move(temporary)) {}
+
+  Swap swapIn();
 
   Descriptor file_;
   std::string target_;

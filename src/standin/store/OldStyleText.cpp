@@ -16,7 +16,11 @@ namespace {
 
 using Entry = std::pair<std::string, plist_t>;
 
-std::string indent(std::size_t level) { return std::string(4 * level, ' '); }
+std::string indent(std::size_t level) {
+  std::string blanks;
+  blanks.resize(4 * level, ' ');
+  return blanks;
+}
 
 bool isPlain(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '.' || c == '/';

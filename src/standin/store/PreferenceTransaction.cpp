@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 
 #include "standin/store/AtomicFile.h"
 #include "standin/store/Folders.h"
@@ -37,7 +38,12 @@ bool PreferenceTransaction::commit() {
 
 bool PreferenceTransaction::remove() {
   if (state() == StoreState::damaged && !setAside()) return false;
-  return ::unlink(path_.c_str()) == 0 && syncFolder(folderOf(path_));
+  const std::string folder = folderOf(path_);
+  const std::string removed = folder + "/" + temporaryName;
+  if (std::rename(path_.c_str(), removed.c_str()) != 0) return false;
+  if (syncFolder(folder)) return ::unlink(removed.c_str()) == 0;
+  (void)std::rename(removed.c_str(), path_.c_str());
+  return false;
 }
 
 // A second name for the same file: there is no moment in which the store has neither its old nor its new content.
