@@ -1,0 +1,114 @@
+#include "host/qt/Accessibility.h"
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QLineEdit>
+
+#include "host/qt/AccessibleControl.h"
+#include "host/qt/AccessiblePressable.h"
+#include "host/qt/AccessibleRange.h"
+#include "host/qt/ControlLink.h"
+#include "host/qt/Conversions.h"
+#include "host/qt/ScrollBarOverlay.h"
+#include "kit/Box.h"
+#include "kit/Button.h"
+#include "kit/PopUpButton.h"
+#include "kit/Slider.h"
+#include "kit/Stepper.h"
+#include "kit/SymbolView.h"
+#include "kit/TextLabel.h"
+#include "kit/Toggle.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+class AccessibleLabel final : public AccessibleControl {
+ public:
+  AccessibleLabel(QWidget* widget, ControlLink& link) : AccessibleControl(widget, link, QAccessible::StaticText) {}
+
+ protected:
+  QString ownName() const override { return toQString(control<kit::TextLabel>()->text()); }
+};
+
+QAccessible::Role plainRole(const kit::Control& control) {
+  if (dynamic_cast<const kit::SymbolView*>(&control) != nullptr) {
+    return QAccessible::Graphic;
+  }
+  const auto* box = dynamic_cast<const kit::Box*>(&control);
+  if (box != nullptr && box->kind() == kit::Box::Kind::separator) {
+    return QAccessible::Separator;
+  }
+  return QAccessible::Pane;
+}
+
+QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
+  const kit::Control* control = link.control();
+  if (dynamic_cast<const kit::Slider*>(control) != nullptr) {
+    return new AccessibleSlider(widget, link);
+  }
+  if (dynamic_cast<const kit::Stepper*>(control) != nullptr) {
+    return new AccessibleStepper(widget, link);
+  }
+  if (dynamic_cast<const kit::Toggle*>(control) != nullptr) {
+    return new AccessibleToggle(widget, link);
+  }
+  if (dynamic_cast<const kit::Button*>(control) != nullptr) {
+    return new AccessibleButton(widget, link);
+  }
+  if (dynamic_cast<const kit::PopUpButton*>(control) != nullptr) {
+    return new AccessiblePopUpButton(widget, link);
+  }
+  if (dynamic_cast<const kit::TextLabel*>(control) != nullptr) {
+    return new AccessibleLabel(widget, link);
+  }
+  return new AccessibleControl(widget, link, plainRole(*control));
+}
+
+QAccessibleInterface* accessible(const QString& className, QObject* object) {
+  // Asked for each class of an object, from its own up; a text field is the toolkit's own business.
+  if (className != QLatin1String("QWidget") || qobject_cast<QLineEdit*>(object) != nullptr) {
+    return nullptr;
+  }
+  if (dynamic_cast<ScrollBarOverlay*>(object) != nullptr) {
+    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::ScrollBar);
+  }
+  ControlLink* link = ControlLink::of(object);
+  const bool shows = link != nullptr && link->control() != nullptr;
+  return shows ? accessibleFor(static_cast<QWidget*>(object), *link) : nullptr;
+}
+
+void announceValue(QWidget& widget, const kit::Control& control) {
+  if (const auto* slider = dynamic_cast<const kit::Slider*>(&control)) {
+    QAccessibleValueChangeEvent event(&widget, slider->doubleValue());
+    QAccessible::updateAccessibility(&event);
+  } else if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
+    QAccessibleValueChangeEvent event(&widget, stepper->value());
+    QAccessible::updateAccessibility(&event);
+  } else if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
+    QAccessibleValueChangeEvent event(&widget,
+                                      QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value));
+    QAccessible::updateAccessibility(&event);
+  } else if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(&widget, changed);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
+}  // namespace
+
+void installAccessibility() { QAccessible::installFactory(&accessible); }
+
+void announceChange(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
+  if (!QAccessible::isActive()) {
+    return;
+  }
+  if (aspect == kit::Aspect::value) {
+    announceValue(widget, control);
+  } else if (aspect == kit::Aspect::title) {
+    QAccessibleEvent event(&widget, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
+}  // namespace tarnwell::host::qt

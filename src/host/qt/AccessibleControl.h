@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtWidgets/QAccessibleWidget>
+
+#include "host/qt/ControlLink.h"
+
+namespace tarnwell::host::qt {
+
+/// What a screen reader is told of a control: role, name and state. Qt keeps it as long as the widget, which is a
+/// moment longer than the control.
+class AccessibleControl : public QAccessibleWidget {
+ public:
+  AccessibleControl(QWidget* widget, ControlLink& link, QAccessible::Role role)
+      : QAccessibleWidget(widget, role), link_(link) {}
+
+  QString text(QAccessible::Text kind) const override;
+
+ protected:
+  /// Null once the control is gone.
+  template <class Kind>
+  Kind* control() const {
+    return static_cast<Kind*>(link_.control());
+  }
+
+  /// The name of a control that was given none.
+  virtual QString ownName() const { return {}; }
+
+ private:
+  ControlLink& link_;
+};
+
+}  // namespace tarnwell::host::qt

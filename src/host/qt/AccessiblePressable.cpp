@@ -1,0 +1,66 @@
+#include "host/qt/AccessiblePressable.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include "host/qt/Conversions.h"
+#include "kit/Button.h"
+#include "kit/PopUpButton.h"
+#include "kit/Toggle.h"
+
+namespace tarnwell::host::qt {
+
+void AccessiblePressable::doAction(const QString& name) {
+  if (control<kit::Control>() == nullptr) {
+    return;
+  }
+  if (name == actionName()) {
+    press();
+  } else {
+    AccessibleControl::doAction(name);
+  }
+}
+
+QAccessible::State AccessibleButton::state() const {
+  QAccessible::State state = AccessiblePressable::state();
+  const auto* button = control<kit::Button>();
+  state.defaultButton = button != nullptr && button->isDefault();
+  return state;
+}
+
+QString AccessibleButton::ownName() const { return toQString(control<kit::Button>()->title()); }
+
+void AccessibleButton::press() { control<kit::Button>()->click(); }
+
+QAccessible::State AccessibleToggle::state() const {
+  QAccessible::State state = AccessiblePressable::state();
+  const auto* toggle = control<kit::Toggle>();
+  state.checkable = true;
+  state.checked = toggle != nullptr && toggle->isOn();
+  return state;
+}
+
+void AccessibleToggle::press() { control<kit::Toggle>()->press(); }
+
+QString AccessiblePopUpButton::text(QAccessible::Text kind) const {
+  const auto* button = control<kit::PopUpButton>();
+  if (kind != QAccessible::Value || button == nullptr || button->selectedIndex() < 0) {
+    return AccessiblePressable::text(kind);
+  }
+  return toQString(button->items().at(static_cast<std::size_t>(button->selectedIndex())).title);
+}
+
+QAccessible::State AccessiblePopUpButton::state() const {
+  QAccessible::State state = AccessiblePressable::state();
+  state.hasPopup = true;
+  return state;
+}
+
+void AccessiblePopUpButton::press() {
+  // The widget opens its menu for the space bar; there is no second way to open it.
+  QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
+  QApplication::sendEvent(widget(), &space);
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/qt/AccessibleControl.h"
+
+namespace tarnwell::host::qt {
+
+/// A control with one action, which does what a click does.
+class AccessiblePressable : public AccessibleControl {
+ public:
+  using AccessibleControl::AccessibleControl;
+
+  QStringList actionNames() const override { return {actionName()}; }
+  void doAction(const QString& name) override;
+
+ protected:
+  virtual const QString& actionName() const { return pressAction(); }
+  virtual void press() = 0;
+};
+
+class AccessibleButton final : public AccessiblePressable {
+ public:
+  AccessibleButton(QWidget* widget, ControlLink& link) : AccessiblePressable(widget, link, QAccessible::Button) {}
+
+  QAccessible::State state() const override;
+
+ protected:
+  QString ownName() const override;
+  void press() override;
+};
+
+class AccessibleToggle final : public AccessiblePressable {
+ public:
+  AccessibleToggle(QWidget* widget, ControlLink& link) : AccessiblePressable(widget, link, QAccessible::CheckBox) {}
+
+  QAccessible::State state() const override;
+
+ protected:
+  const QString& actionName() const override { return toggleAction(); }
+  void press() override;
+};
+
+class AccessiblePopUpButton final : public AccessiblePressable {
+ public:
+  AccessiblePopUpButton(QWidget* widget, ControlLink& link)
+      : AccessiblePressable(widget, link, QAccessible::ComboBox) {}
+
+  /// The value is the chosen title.
+  QString text(QAccessible::Text kind) const override;
+  QAccessible::State state() const override;
+
+ protected:
+  const QString& actionName() const override { return showMenuAction(); }
+  void press() override;
+};
+
+}  // namespace tarnwell::host::qt

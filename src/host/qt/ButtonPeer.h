@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class Button;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class ButtonPeer final : public WidgetPeer {
+ public:
+  ButtonPeer(kit::Button& button, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

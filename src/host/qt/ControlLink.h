@@ -1,0 +1,36 @@
+#pragma once
+
+class QObject;
+
+namespace tarnwell::kit {
+class Control;
+}
+
+namespace tarnwell::host::qt {
+
+/// What ties a widget to the control that it shows. A widget outlives its control by a moment, since it may be inside
+/// an event of its own when the control goes; from then on it is cut off and hears nothing.
+class ControlLink {
+ public:
+  explicit ControlLink(kit::Control& control) : control_(&control) {}
+  ControlLink(const ControlLink&) = delete;
+  ControlLink& operator=(const ControlLink&) = delete;
+  virtual ~ControlLink() = default;
+
+  /// Null when cut off.
+  kit::Control* control() const { return control_; }
+  void cut() { control_ = nullptr; }
+
+  /// How round the focus ring is, in points.
+  virtual double cornerRadius() const = 0;
+  /// Whether the ring is shown while the widget has the focus.
+  virtual bool showsFocus() const = 0;
+
+  /// The link of a widget that shows a control, else null.
+  static ControlLink* of(QObject* object) noexcept;
+
+ private:
+  kit::Control* control_;
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,59 @@
+#include "host/qt/ControlWidget.h"
+
+#include <QtGui/QFocusEvent>
+#include <QtGui/QPainter>
+#include <numbers>
+
+#include "kit/Control.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr double dimmed = 0.42;
+
+double degrees(double radians) { return radians * 180 / std::numbers::pi; }
+
+}  // namespace
+
+ControlWidget::ControlWidget(kit::Control& control, const Theme& theme, QWidget* parent)
+    : QWidget(parent), ControlLink(control), theme_(theme) {
+  if (control.takesFocus()) {
+    setFocusPolicy(Qt::StrongFocus);
+  }
+}
+
+bool ControlWidget::event(QEvent* event) noexcept {
+  // Deferred deletion is all that still matters to a widget without a control.
+  return control() != nullptr ? QWidget::event(event) : QObject::event(event);
+}
+
+void ControlWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setOpacity(isEnabled() ? 1 : dimmed);
+  if (const double angle = degrees(control()->rotation()); angle != 0) {
+    const QPointF centre = bounds().center();
+    painter.translate(centre);
+    painter.rotate(angle);
+    painter.translate(-centre);
+  }
+  draw(painter);
+}
+
+void ControlWidget::focusInEvent(QFocusEvent* event) {
+  switch (event->reason()) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+      reachedByKeyboard_ = true;
+      break;
+    case Qt::MouseFocusReason:
+      reachedByKeyboard_ = false;
+      break;
+    default:
+      // The focus comes back from a menu or another window: as it was.
+      break;
+  }
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtCore/QPointF>
+#include <QtCore/QRect>
+#include <QtCore/QString>
+#include <string_view>
+
+#include "kit/Geometry.h"
+#include "kit/KeyEvent.h"
+
+class QKeyEvent;
+
+namespace tarnwell::host::qt {
+
+QString toQString(std::string_view utf8);
+
+kit::Point toPoint(const QPointF& point);
+QPointF toQPointF(const kit::Point& point);
+
+/// Rounds to whole points; what the layout gives is whole already.
+QRect toQRect(const kit::Rect& rect);
+QRectF toQRectF(const kit::Rect& rect);
+kit::Rect toRect(const QRect& rect);
+
+/// Control counts as Command, as is usual on this platform.
+kit::KeyEvent toKeyEvent(const QKeyEvent& event);
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtGui/QColor>
+
+class QPainter;
+
+namespace tarnwell::host::qt {
+
+struct Palette;
+
+enum class Direction { up, down };
+
+/// `rect` with its edges on whole device pixels, and at least one pixel wide and high.
+QRectF onDevicePixels(const QPainter& painter, const QRectF& rect);
+
+/// The length of one device pixel in points.
+double hairlineWidth(const QPainter& painter);
+
+/// A filled, rounded shape with a hairline within its edge.
+void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const QColor& border);
+
+/// The raised face of a button, a switch or a stepper, with the faint shadow below it.
+void drawFace(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const Palette& palette);
+
+/// A knob with its soft shadow.
+void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palette& palette);
+
+/// A small arrow without a shaft, centred on `centre`; `size` is its width in points.
+void drawChevron(QPainter& painter, const QPointF& centre, double size, Direction direction, const QColor& color);
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,57 @@
+#include "host/qt/InputWatch.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
+
+#include "host/qt/ControlLink.h"
+#include "host/qt/ScrollAreaPeer.h"
+#include "host/qt/WindowPeer.h"
+#include "kit/TextField.h"
+#include "kit/Window.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+bool isFieldInEditing(QObject* object) {
+  const ControlLink* link = ControlLink::of(object);
+  const auto* field = link != nullptr ? dynamic_cast<const kit::TextField*>(link->control()) : nullptr;
+  return field != nullptr && field->isEditing();
+}
+
+}  // namespace
+
+InputWatch::InputWatch(const Theme& theme) : theme_(theme) {
+  qApp->installEventFilter(this);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*from*/, QWidget* to) { focusMoved(to); });
+}
+
+bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+    endEditing(object);
+  } else if (event->type() == QEvent::ApplicationFontChange && object == qApp && fontChanged_) {
+    fontChanged_();
+  }
+  return false;
+}
+
+void InputWatch::endEditing(QObject* pressed) {
+  const auto* widget = qobject_cast<QWidget*>(pressed);
+  if (widget == nullptr || isFieldInEditing(pressed)) {
+    return;
+  }
+  if (kit::Window* window = WindowPeer::windowOf(*widget)) {
+    window->endEditing();
+  }
+}
+
+void InputWatch::focusMoved(QWidget* to) noexcept {
+  delete ring_;
+  const ControlLink* link = ControlLink::of(to);
+  if (link == nullptr || link->control() == nullptr || !link->showsFocus()) {
+    return;
+  }
+  ring_ = new FocusRing(*to, link->cornerRadius(), theme_);
+  ScrollAreaPeer::reveal(*to);
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QtWidgets/QProxyStyle>
+
+namespace tarnwell::host::qt {
+
+/// The measures of a menu that paints its own rows.
+class MenuStyle final : public QProxyStyle {
+ public:
+  MenuStyle(QSize row, int margin) : row_(row), margin_(margin) {}
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override;
+
+ private:
+  QSize row_;
+  int margin_;
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QPalette>
+
+namespace tarnwell::host::qt {
+
+enum class ColorScheme { light, dark };
+
+/// Every colour that the widgets paint with. All of our own choosing; texts keep a contrast of 4.5 to their ground.
+struct Palette {
+  QColor window = {};
+  QColor groupFill = {};
+  QColor hairline = {};
+  QColor primaryText = {};
+  QColor secondaryText = {};
+  QColor accent = {};
+  QColor accentText = {};   ///< On the accent colour.
+  QColor destructive = {};  ///< The text of a button that cannot be taken back.
+  QColor controlFace = {};
+  QColor controlFacePressed = {};
+  QColor controlBorder = {};
+  QColor fieldFace = {};
+  QColor track = {};  ///< The empty part of a slider, the ground of a switch that is off.
+  QColor tick = {};
+  QColor knob = {};
+  QColor knobBorder = {};
+  QColor shadow = {};
+  QColor focusRing = {};
+  QColor menuFace = {};
+
+  static Palette light();
+  static Palette dark();
+  static Palette of(ColorScheme scheme);
+
+  /// The same with the user's accent colour.
+  Palette withAccent(const QColor& color) const;
+
+  /// For what the toolkit paints itself: menus, tool tips, the selection in a text field.
+  QPalette toolkitPalette() const;
+};
+
+/// What the desktop's own colours look like: text that is lighter than its ground is a dark desktop.
+ColorScheme schemeOf(const QPalette& palette);
+
+}  // namespace tarnwell::host::qt

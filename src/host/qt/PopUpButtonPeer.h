@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class PopUpButton;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class PopUpButtonPeer final : public WidgetPeer {
+ public:
+  PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

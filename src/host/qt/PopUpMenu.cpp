@@ -1,0 +1,112 @@
+#include "host/qt/PopUpMenu.h"
+
+#include <QtGui/QBitmap>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "host/qt/Conversions.h"
+#include "host/qt/Drawing.h"
+#include "host/qt/ItemLine.h"
+#include "host/qt/MenuStyle.h"
+#include "host/qt/Theme.h"
+#include "host/qt/WrappedText.h"
+#include "kit/ControlMetrics.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr int margin = 5;
+constexpr int rowHeightInPoints = 24;
+constexpr double checkWidth = 20;
+constexpr double trailingSpace = 14;
+constexpr double menuRadius = 7;
+constexpr double rowRadius = 5;
+
+QSize rowSize(const std::vector<kit::PopUpButton::Item>& items, const Theme& theme) {
+  double widest = 0;
+  for (const auto& item : items) {
+    widest = std::max(widest, itemLineWidth(item, theme));
+  }
+  return {static_cast<int>(std::ceil(checkWidth + widest + trailingSpace)), rowHeightInPoints};
+}
+
+void drawCheckMark(QPainter& painter, const QPointF& centre, const QColor& color) {
+  QPainterPath path(centre + QPointF(-3.5, 0.5));
+  path.lineTo(centre + QPointF(-1, 3.5));
+  path.lineTo(centre + QPointF(4, -4));
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPath(path);
+}
+
+}  // namespace
+
+PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget* parent,
+                     std::function<void(int)> chosen)
+    : QMenu(parent), items_(button.items()), selected_(button.selectedIndex()), theme_(theme) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* style = new MenuStyle(rowSize(items_, theme), margin);
+  style->setParent(this);
+  setStyle(style);
+  for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
+    // An ampersand of a title is no mnemonic.
+    QAction* action = addAction(toQString(items_.at(static_cast<std::size_t>(i)).title).replace('&', "&&"));
+    action->setCheckable(true);
+    action->setChecked(i == selected_);
+    connect(action, &QAction::triggered, this, [chosen, i] { chosen(i); });
+  }
+}
+
+void PopUpMenu::openOver(const QPoint& title) {
+  const QPoint row = title - QPoint(margin + static_cast<int>(checkWidth), rowHeightInPoints / 2);
+  const QList<QAction*> rows = actions();
+  QAction* current = selected_ >= 0 ? rows.at(selected_) : nullptr;
+  popup(row, current);
+  setActiveAction(current);
+}
+
+double PopUpMenu::rowHeight() { return rowHeightInPoints; }
+
+void PopUpMenu::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Palette& palette = theme_.palette();
+  drawRounded(painter, rect(), menuRadius, palette.menuFace, palette.controlBorder);
+  const QList<QAction*> rows = actions();
+  for (int i = 0; i < rows.size(); ++i) {
+    drawRow(painter, i, actionGeometry(rows.at(i)));
+  }
+}
+
+void PopUpMenu::resizeEvent(QResizeEvent* event) {
+  QMenu::resizeEvent(event);
+  // Without a compositor a window has no see-through corners; a mask needs none.
+  QBitmap shape(size());
+  shape.clear();
+  QPainter painter(&shape);
+  painter.setBrush(Qt::color1);
+  painter.setPen(Qt::color1);
+  painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), menuRadius, menuRadius);
+  painter.end();
+  setMask(shape);
+}
+
+void PopUpMenu::drawRow(QPainter& painter, int index, const QRectF& row) const {
+  const Palette& palette = theme_.palette();
+  const bool active = actions().at(index) == activeAction();
+  const QColor text = active ? palette.accentText : palette.primaryText;
+  if (active) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette.accent);
+    painter.drawRoundedRect(row, rowRadius, rowRadius);
+  }
+  if (index == selected_) {
+    drawCheckMark(painter, {row.left() + checkWidth / 2, row.center().y()}, text);
+  }
+  drawItemLine(painter, items_.at(static_cast<std::size_t>(index)), row.adjusted(checkWidth, 0, 0, 0), text, theme_);
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,107 @@
+#include "host/qt/PortalSettings.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QTimer>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+
+#include "host/qt/Theme.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString colorSchemeKey = QStringLiteral("color-scheme");
+const QString accentKey = QStringLiteral("accent-color");
+
+// Without an address the bus library would start a bus of its own, and wait for that.
+bool sessionBusExists() {
+  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+         QFile::exists(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/bus");
+}
+
+// The portal wraps its answers once or twice, depending on its version.
+QVariant unwrapped(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) {
+    value = value.value<QDBusVariant>().variant();
+  }
+  return value;
+}
+
+std::optional<ColorScheme> schemeOf(uint number) {
+  constexpr uint prefersDark = 1;
+  constexpr uint prefersLight = 2;
+  if (number == prefersDark) {
+    return ColorScheme::dark;
+  }
+  return number == prefersLight ? std::optional(ColorScheme::light) : std::nullopt;
+}
+
+// A colour outside of the range says that there is none.
+std::optional<QColor> accentOf(const QVariant& value) {
+  if (!value.canConvert<QDBusArgument>()) {
+    return std::nullopt;
+  }
+  const auto argument = value.value<QDBusArgument>();
+  double red = -1;
+  double green = -1;
+  double blue = -1;
+  argument.beginStructure();
+  argument >> red >> green >> blue;
+  argument.endStructure();
+  const auto isChannel = [](double channel) { return channel >= 0 && channel <= 1; };
+  if (!isChannel(red) || !isChannel(green) || !isChannel(blue)) {
+    return std::nullopt;
+  }
+  return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
+}
+
+}  // namespace
+
+PortalSettings::PortalSettings(Theme& theme) : theme_(theme) {
+  if (sessionBusExists()) {
+    QTimer::singleShot(0, this, [this] { connectToPortal(); });
+  }
+}
+
+void PortalSettings::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
+  if (space == appearance) {
+    take(key, unwrapped(value.variant()));
+  }
+}
+
+void PortalSettings::connectToPortal() {
+  QDBusConnection::sessionBus().connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+                                        SLOT(settingChanged(QString, QString, QDBusVariant)));
+  ask(colorSchemeKey);
+  ask(accentKey);
+}
+
+void PortalSettings::ask(const QString& key) {
+  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+  message.setArguments({appearance, key});
+  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* finished) {
+    const QDBusPendingReply<QDBusVariant> reply = *finished;
+    if (reply.isValid()) {
+      take(key, unwrapped(reply.value().variant()));
+    }
+    finished->deleteLater();
+  });
+}
+
+void PortalSettings::take(const QString& key, const QVariant& value) {
+  if (key == colorSchemeKey) {
+    theme_.setColorScheme(schemeOf(value.toUInt()));
+  } else if (key == accentKey) {
+    theme_.setAccent(accentOf(value));
+  }
+}
+
+}  // namespace tarnwell::host::qt

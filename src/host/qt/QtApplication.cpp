@@ -1,0 +1,69 @@
+#include "host/qt/QtApplication.h"
+
+#include <QtCore/QProcess>
+#include <QtCore/QSocketNotifier>
+#include <QtWidgets/QStyleFactory>
+#include <cstdlib>
+
+#include "diagnostics/Console.h"
+#include "host/qt/Conversions.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+bool displayIsNamed() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+// While the toolkit connects to the display: it would explain itself at length and abort.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
+  if (type == QtFatalMsg) {
+    diagnostics::printErrorLine("tarnwell: cannot connect to the display");
+    std::_Exit(EXIT_FAILURE);
+  }
+}
+
+// Our widgets paint themselves; this style follows our palette in what is left, on every desktop.
+int& prepared(int& argc) {
+  qInstallMessageHandler(&endWithoutDisplay);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  return argc;
+}
+
+}  // namespace
+
+std::unique_ptr<QtApplication> QtApplication::create(int argc, char** argv) {
+  if (!displayIsNamed()) {
+    diagnostics::printErrorLine("tarnwell: there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set");
+    return nullptr;
+  }
+  return std::unique_ptr<QtApplication>(new QtApplication(argc, argv));
+}
+
+QtApplication::QtApplication(int argc, char** argv) : argc_(argc), application_(prepared(argc_), argv) {
+  qInstallMessageHandler(nullptr);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setQuitLockEnabled(false);
+}
+
+QtApplication::~QtApplication() = default;
+
+void QtApplication::watch(int descriptor, kit::Action readable) {
+  auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &application_);
+  QObject::connect(notifier, &QSocketNotifier::activated, &application_,
+                   [readable = std::move(readable)]() noexcept { readable(); });
+}
+
+void QtApplication::openUrl(const std::string& address) {
+  QProcess::startDetached(QStringLiteral("xdg-open"), {toQString(address)});
+}
+
+int QtApplication::run() { return QApplication::exec(); }
+
+void QtApplication::quit(int status) {
+  // Not quit(): that asks every window first.
+  QCoreApplication::exit(status);
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,92 @@
+#include "host/qt/QtHost.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtWidgets/QApplication>
+
+#include "host/qt/Accessibility.h"
+#include "host/qt/BoxPeer.h"
+#include "host/qt/ButtonPeer.h"
+#include "host/qt/ControlWidget.h"
+#include "host/qt/PopUpButtonPeer.h"
+#include "host/qt/ScrollAreaPeer.h"
+#include "host/qt/SliderPeer.h"
+#include "host/qt/StepperPeer.h"
+#include "host/qt/SymbolViewPeer.h"
+#include "host/qt/TextFieldPeer.h"
+#include "host/qt/TextLabelPeer.h"
+#include "host/qt/TogglePeer.h"
+#include "host/qt/WindowPeer.h"
+#include "host/qt/WrappedText.h"
+
+namespace tarnwell::host::qt {
+
+QtHost::QtHost() : input_(theme_), portal_(theme_) {
+  installAccessibility();
+  input_.setFontChanged([this] { fontChanged(); });
+}
+
+std::unique_ptr<kit::WindowPeer> QtHost::peer(kit::Window& window) {
+  return std::make_unique<WindowPeer>(window, keys_);
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {
+  return std::make_unique<BoxPeer>(box, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Button& button, kit::Peer& parent) {
+  return std::make_unique<ButtonPeer>(button, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {
+  return std::make_unique<PopUpButtonPeer>(button, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent) {
+  return std::make_unique<ScrollAreaPeer>(area, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Slider& slider, kit::Peer& parent) {
+  return std::make_unique<SliderPeer>(slider, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Stepper& stepper, kit::Peer& parent) {
+  return std::make_unique<StepperPeer>(stepper, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::SymbolView& symbol, kit::Peer& parent) {
+  return std::make_unique<SymbolViewPeer>(symbol, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::TextField& field, kit::Peer& parent) {
+  return std::make_unique<TextFieldPeer>(field, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::TextLabel& label, kit::Peer& parent) {
+  return std::make_unique<TextLabelPeer>(label, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Toggle& toggle, kit::Peer& parent) {
+  return std::make_unique<TogglePeer>(toggle, theme_, Container::contentOf(parent));
+}
+
+kit::Measurement QtHost::measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const {
+  const WrappedText lines(text, theme_.font(font), width);
+  return {.size = {.width = lines.size().width(), .height = lines.size().height()},
+          .firstBaseline = lines.firstBaseline()};
+}
+
+double QtHost::capHeight(kit::FontRole font) const { return QFontMetricsF(theme_.font(font)).capHeight(); }
+
+void QtHost::fontChanged() {
+  theme_.takeApplicationFont();
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (auto* control = dynamic_cast<ControlWidget*>(widget)) {
+      control->fontsChanged();
+    }
+  }
+  if (metricsChanged_) {
+    metricsChanged_();
+  }
+}
+
+}  // namespace tarnwell::host::qt

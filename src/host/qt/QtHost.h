@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host/qt/InputWatch.h"
+#include "host/qt/KeyRoute.h"
+#include "host/qt/PortalSettings.h"
+#include "host/qt/Theme.h"
+#include "kit/Host.h"
+
+namespace tarnwell::host::qt {
+
+/// A Linux desktop. Needs the toolkit's application object, and must outlive the peers that it makes.
+class QtHost final : public kit::Host {
+ public:
+  QtHost();
+
+  std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;
+
+  std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Button& button, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::PopUpButton& button, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::ScrollArea& area, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Stepper& stepper, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::SymbolView& symbol, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::TextField& field, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::TextLabel& label, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Toggle& toggle, kit::Peer& parent) override;
+
+  kit::Measurement measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const override;
+  double capHeight(kit::FontRole font) const override;
+
+  /// Who is asked first about a key that the focused control has no use for: the main menu.
+  void setKeyEquivalents(KeyRoute::Equivalents equivalents) { keys_.setEquivalents(std::move(equivalents)); }
+
+  /// Run when the user has changed the desktop's font: every measurement is out of date.
+  void setMetricsChanged(kit::Action action) { metricsChanged_ = std::move(action); }
+
+  Theme& theme() { return theme_; }
+
+ private:
+  void fontChanged();
+
+  Theme theme_;
+  KeyRoute keys_;
+  InputWatch input_;
+  PortalSettings portal_;
+  kit::Action metricsChanged_;
+};
+
+}  // namespace tarnwell::host::qt

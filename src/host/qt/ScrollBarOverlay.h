@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <optional>
+
+namespace tarnwell::kit {
+class ScrollArea;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+/// A thin bar over the right edge of a scroll area; there only while the content is taller than the area.
+class ScrollBarOverlay final : public QWidget {
+ public:
+  ScrollBarOverlay(kit::ScrollArea& area, const Theme& theme, QWidget* parent);
+
+  /// The area's size, its content's or the offset is new.
+  void follow();
+  /// The area is going.
+  void cut() { area_ = nullptr; }
+
+  bool event(QEvent* event) noexcept override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  QRectF thumb() const;
+  double hiddenLength() const;
+  void dragThumbTo(double top);
+
+  kit::ScrollArea* area_;
+  const Theme& theme_;
+  std::optional<double> grab_;  // From the thumb's top to where it was taken hold of.
+};
+
+}  // namespace tarnwell::host::qt

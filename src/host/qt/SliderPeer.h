@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class Slider;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class SliderPeer final : public WidgetPeer {
+ public:
+  SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

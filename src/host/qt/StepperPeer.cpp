@@ -1,0 +1,123 @@
+#include "host/qt/StepperPeer.h"
+
+#include <QtCore/QBasicTimer>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+
+#include "host/qt/ControlWidget.h"
+#include "host/qt/Drawing.h"
+#include "host/qt/Theme.h"
+#include "kit/Stepper.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr int firstRepeat = 400;  // Milliseconds.
+constexpr int nextRepeat = 60;
+constexpr double radius = 5;
+constexpr double arrowWidth = 6;
+
+class StepperWidget final : public ControlWidget {
+ public:
+  StepperWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent)
+      : ControlWidget(stepper, theme, parent), stepper_(stepper) {}
+
+  double cornerRadius() const override { return radius; }
+
+ protected:
+  void draw(QPainter& painter) override {
+    const Palette& palette = theme().palette();
+    drawFace(painter, face(), radius, palette.controlFace, palette);
+    if (held_) {
+      painter.setClipRect(half(*held_));
+      drawRounded(painter, face(), radius, palette.controlFacePressed, palette.controlBorder);
+      painter.setClipping(false);
+    }
+    for (const Direction direction : {Direction::up, Direction::down}) {
+      drawChevron(painter, half(direction).center(), arrowWidth, direction, palette.primaryText);
+    }
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton) {
+      hold(event->position().y() < face().center().y() ? Direction::up : Direction::down);
+      timer_.start(firstRepeat, this);
+      step(*held_);
+    }
+  }
+
+  void mouseReleaseEvent(QMouseEvent* /*event*/) override { letGo(); }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Up:
+      case Qt::Key_Right:
+        step(Direction::up);
+        break;
+      case Qt::Key_Down:
+      case Qt::Key_Left:
+        step(Direction::down);
+        break;
+      default:
+        event->ignore();
+        break;
+    }
+  }
+
+  void timerEvent(QTimerEvent* /*event*/) override {
+    timer_.start(nextRepeat, this);
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    if (held_ && half(*held_).contains(pointer)) {
+      step(*held_);
+    }
+  }
+
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+      letGo();
+    }
+    ControlWidget::changeEvent(event);
+  }
+
+  void hideEvent(QHideEvent* /*event*/) override { letGo(); }
+
+ private:
+  QRectF face() const { return bounds().adjusted(0, 0, 0, -1); }
+
+  QRectF half(Direction direction) const {
+    QRectF part = face();
+    part.setHeight(face().height() / 2);
+    return direction == Direction::up ? part : part.translated(0, face().height() / 2);
+  }
+
+  void hold(Direction direction) {
+    held_ = direction;
+    update();
+  }
+
+  void letGo() {
+    timer_.stop();
+    held_.reset();
+    update();
+  }
+
+  void step(Direction direction) {
+    if (direction == Direction::up) {
+      stepper_.increment();
+    } else {
+      stepper_.decrement();
+    }
+  }
+
+  kit::Stepper& stepper_;
+  QBasicTimer timer_;
+  std::optional<Direction> held_;
+};
+
+}  // namespace
+
+StepperPeer::StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent)
+    : WidgetPeer(stepper, new StepperWidget(stepper, theme, parent)) {}
+
+}  // namespace tarnwell::host::qt

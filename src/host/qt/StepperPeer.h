@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class Stepper;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class StepperPeer final : public WidgetPeer {
+ public:
+  StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class SymbolView;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class SymbolViewPeer final : public WidgetPeer {
+ public:
+  SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

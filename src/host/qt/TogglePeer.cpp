@@ -1,0 +1,45 @@
+#include "host/qt/TogglePeer.h"
+
+#include <QtGui/QPainter>
+
+#include "host/qt/Drawing.h"
+#include "host/qt/PressableWidget.h"
+#include "host/qt/Theme.h"
+#include "kit/Toggle.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr double knobGap = 2;
+constexpr int pressedShade = 112;
+
+class ToggleWidget final : public PressableWidget {
+ public:
+  ToggleWidget(kit::Toggle& toggle, const Theme& theme, QWidget* parent)
+      : PressableWidget(toggle, theme, parent), toggle_(toggle) {}
+
+  double cornerRadius() const override { return bounds().height() / 2; }
+
+ protected:
+  void draw(QPainter& painter) override {
+    const Palette& palette = theme().palette();
+    const QColor ground = toggle_.isOn() ? palette.accent : palette.track;
+    drawRounded(painter, bounds(), cornerRadius(), isPressed() ? ground.darker(pressedShade) : ground,
+                QColor(0, 0, 0, 20));
+    const double side = bounds().height() - 2 * knobGap;
+    const double left = toggle_.isOn() ? bounds().width() - side - knobGap : knobGap;
+    drawKnob(painter, QRectF(left, knobGap, side, side), side / 2, palette);
+  }
+
+  void activated() override { toggle_.press(); }
+
+ private:
+  kit::Toggle& toggle_;
+};
+
+}  // namespace
+
+TogglePeer::TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent)
+    : WidgetPeer(toggle, new ToggleWidget(toggle, theme, parent)) {}
+
+}  // namespace tarnwell::host::qt

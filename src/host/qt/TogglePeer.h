@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class Toggle;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class TogglePeer final : public WidgetPeer {
+ public:
+  TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

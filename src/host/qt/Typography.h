@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QFont>
+#include <array>
+
+#include "kit/TextStyle.h"
+
+namespace tarnwell::host::qt {
+
+/// The fonts of the roles, all derived from the application's font. Body is that font itself, held to 12 to 15 pixels,
+/// since it stands in controls of 22 to 24 points; the smaller roles keep the proportions 13 : 11 : 10.
+class Typography {
+ public:
+  explicit Typography(const QFont& applicationFont);
+
+  const QFont& font(kit::FontRole role) const { return fonts_.at(static_cast<std::size_t>(role)); }
+
+ private:
+  std::array<QFont, 3> fonts_;
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,117 @@
+#include "host/qt/WindowPeer.h"
+
+#include <QtGui/QScreen>
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "host/qt/Conversions.h"
+#include "host/qt/WidgetPeer.h"
+#include "host/qt/WindowWidget.h"
+#include "kit/Control.h"
+#include "kit/Window.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+// A title bar, as long as the window manager has not told its height.
+constexpr int usualFrame = 40;
+
+std::vector<QWidget*> widgetsOf(const std::vector<kit::Control*>& controls) {
+  std::vector<QWidget*> widgets;
+  for (const kit::Control* control : controls) {
+    if (QWidget* widget = WidgetPeer::widgetOf(*control)) {
+      widgets.push_back(widget);
+    }
+  }
+  return widgets;
+}
+
+// The order of the children is both what lies above what and the order in which a screen reader tells them.
+void restack(const QWidget& parent, const std::vector<QWidget*>& wanted) {
+  std::vector<QWidget*> present;
+  for (QObject* child : parent.children()) {
+    if (std::find(wanted.begin(), wanted.end(), child) != wanted.end()) {
+      present.push_back(static_cast<QWidget*>(child));
+    }
+  }
+  if (present != wanted) {
+    std::for_each(wanted.begin(), wanted.end(), [](QWidget* widget) { widget->raise(); });
+  }
+}
+
+void restackAll(const std::vector<QWidget*>& inTreeOrder) {
+  std::map<QWidget*, std::vector<QWidget*>> byParent;
+  for (QWidget* widget : inTreeOrder) {
+    byParent[widget->parentWidget()].push_back(widget);
+  }
+  for (const auto& [parent, children] : byParent) {
+    restack(*parent, children);
+  }
+}
+
+void chainFocus(const std::vector<QWidget*>& inTreeOrder) {
+  QWidget* previous = nullptr;
+  for (QWidget* widget : inTreeOrder) {
+    if (widget->focusPolicy() == Qt::NoFocus) {
+      continue;
+    }
+    if (previous != nullptr && previous->nextInFocusChain() != widget) {
+      QWidget::setTabOrder(previous, widget);
+    }
+    previous = widget;
+  }
+}
+
+}  // namespace
+
+WindowPeer::WindowPeer(kit::Window& window, KeyRoute& keys)
+    : window_(window), widget_(new WindowWidget(window, keys)) {}
+
+WindowPeer::~WindowPeer() {
+  if (widget_) {
+    static_cast<WindowWidget*>(widget_.data())->cut();
+    widget_->hide();
+    widget_->deleteLater();
+  }
+}
+
+kit::Window* WindowPeer::windowOf(const QWidget& widget) {
+  const auto* window = dynamic_cast<const WindowWidget*>(widget.window());
+  return window != nullptr ? window->kitWindow() : nullptr;
+}
+
+void WindowPeer::show(kit::Aspect aspect) noexcept {
+  if (!widget_) {
+    return;
+  }
+  if (aspect == kit::Aspect::title) {
+    widget_->setWindowTitle(toQString(window_.title()));
+  } else if (aspect == kit::Aspect::visible) {
+    widget_->setVisible(window_.isVisible());
+    if (window_.isVisible()) {
+      widget_->raise();
+      widget_->activateWindow();
+    }
+  }
+}
+
+void WindowPeer::place(const kit::Rect& frame) noexcept {
+  if (widget_) {
+    widget_->setFixedSize(static_cast<int>(std::ceil(frame.width)), static_cast<int>(std::ceil(frame.height)));
+  }
+}
+
+double WindowPeer::availableHeight() const {
+  const QRect room = widget_->screen()->availableGeometry();
+  const int frame = widget_->frameGeometry().height() - widget_->height();
+  return room.height() - (frame > 0 ? frame : usualFrame);
+}
+
+void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {
+  const std::vector<QWidget*> widgets = widgetsOf(inTreeOrder);
+  restackAll(widgets);
+  chainFocus(widgets);
+}
+
+}  // namespace tarnwell::host::qt
