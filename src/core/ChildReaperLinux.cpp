@@ -1,6 +1,7 @@
 #include <sys/epoll.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -18,6 +19,11 @@ bool hasEnded(idtype_t type, int number) {
   siginfo_t info = {};
   if (::waitid(type, static_cast<id_t>(number), &info, WEXITED | WNOHANG) != 0) return errno == ECHILD;
   return info.si_pid != 0;
+}
+
+/// The C library's own declaration is missing in older versions and unusable from C++ in others.
+Descriptor processDescriptor(pid_t child) {
+  return aboveStandardStreams(Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0))));
 }
 
 }  // namespace
@@ -46,7 +52,7 @@ void ChildReaper::reap() {
 }
 
 bool ChildReaper::tryWatch(pid_t child) {
-  Descriptor descriptor = aboveStandardStreams(Descriptor(::pidfd_open(child, 0)));
+  Descriptor descriptor = processDescriptor(child);
   if (descriptor.isEmpty()) return errno == ESRCH;
   const int number = descriptor.number();
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};

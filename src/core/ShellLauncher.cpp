@@ -4,6 +4,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstring>
 
 #include "core/SystemFault.h"
 
@@ -21,7 +22,8 @@ ShellLauncher::ShellLauncher() {
   sigset_t none;
   sigset_t all;
   ::sigemptyset(&none);
-  ::sigfillset(&all);
+  // Not sigfillset: it leaves out the signals that the C library keeps for itself, and a child finds those ignored.
+  std::memset(&all, 0xFF, sizeof all);
   require(::posix_spawnattr_setsigmask(&attributes_, &none));
   require(::posix_spawnattr_setsigdefault(&attributes_, &all));
   require(::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));

@@ -1,0 +1,90 @@
+#include "core/DecimalText.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/ValueText.h"
+#include "fixtures/CommaLocale.h"
+
+namespace tarnwell::core {
+namespace {
+
+TEST(DecimalTextTest, valuesReadAsTheTableSays) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+  const std::vector<std::pair<double, std::string>> table = {
+      {0.0, "0.0"},
+      {-0.0, "-0.0"},
+      {1.0, "1.0"},
+      {-1.0, "-1.0"},
+      {0.2, "0.2"},
+      {0.5, "0.5"},
+      {0.46, "0.46"},
+      {10.0, "10.0"},
+      {0.1 + 0.2, "0.30000000000000004"},
+      {1.0 / 3.0, "0.3333333333333333"},
+      {123456.789, "123456.789"},
+      {0.0001, "0.0001"},
+      {0.00012345, "0.00012345"},
+      {0.00001, "1e-05"},
+      {0.000012345, "1.2345e-05"},
+      {9.999999999999999e-05, "9.999999999999999e-05"},
+      {1e15, "1000000000000000.0"},
+      {1234567890123456.0, "1234567890123456.0"},
+      {9999999999999998.0, "9999999999999998.0"},
+      {9007199254740994.0, "9007199254740994.0"},
+      {1e16, "1e+16"},
+      {-1e16, "-1e+16"},
+      {1e100, "1e+100"},
+      {5e-324, "5e-324"},
+      {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
+      {infinity, "inf"},
+      {-infinity, "-inf"},
+      {nan, "nan"},
+      {-nan, "nan"},
+  };
+  for (const auto& [value, text] : table) EXPECT_EQ(decimalText(value), text);
+}
+
+TEST(DecimalTextTest, everyTextReadsBackToTheSameDouble) {
+  std::mt19937_64 random(20240615);
+  for (int count = 0; count < 20000; ++count) {
+    const double value = std::bit_cast<double>(random());
+    if (!std::isfinite(value)) continue;
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(parseFloat(decimalText(value))), std::bit_cast<std::uint64_t>(value))
+        << decimalText(value);
+  }
+}
+
+TEST(DecimalTextTest, aDigitLessReadsAsAnotherDouble) {
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> seconds(1.0, 10.0);
+  for (int count = 0; count < 5000; ++count) {
+    const double value = seconds(random);
+    const std::string text = decimalText(value);
+    const int digitsBehindThePoint = static_cast<int>(text.size()) - 2;
+    std::array<char, 32> shorter{};
+    std::snprintf(shorter.data(), shorter.size(), "%.*f", digitsBehindThePoint - 1, value);
+    ASSERT_NE(parseFloat(shorter.data()), value) << text;
+  }
+}
+
+TEST(DecimalTextTest, aCommaLocaleChangesNothing) {
+  const fixtures::CommaLocale locale;
+  if (!locale.isInForce()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  EXPECT_EQ(decimalText(1234.5), "1234.5");
+  EXPECT_EQ(decimalText(0.2), "0.2");
+}
+
+}  // namespace
+}  // namespace tarnwell::core

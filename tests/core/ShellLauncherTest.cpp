@@ -1,0 +1,75 @@
+#include "core/ShellLauncher.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+
+#include "core/ShellTest.h"
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Subprocess.h"
+#include "fixtures/WaitFor.h"
+
+namespace tarnwell::core {
+namespace {
+
+using fixtures::exitStatusOf;
+using fixtures::waitFor;
+
+/// What a child of either mode finds when it starts.
+class ShellLauncherTest : public ShellTest {
+ protected:
+  /// Runs a command detached and waits for what it leaves in a file.
+  std::string resultOfDetached(const std::string& command) {
+    runner.runDetached("{ " + command + " } > " + path("result.part") + "; mv " + path("result.part") + " " +
+                       path("result"));
+    EXPECT_TRUE(waitFor([this] { return sandbox.holds("result"); }));
+    return sandbox.read("result");
+  }
+};
+
+TEST_F(ShellLauncherTest, standardInputIsTheNullDevice) {
+  EXPECT_EQ(runner.runCaptured("readlink /proc/self/fd/0; cat"), "/dev/null\n");
+  EXPECT_EQ(resultOfDetached("readlink /proc/self/fd/0; cat;"), "/dev/null\n");
+}
+
+TEST_F(ShellLauncherTest, bothOutputsAreOnePipe) {
+  EXPECT_EQ(runner.runCaptured("[[ /dev/stdout -ef /dev/stderr && -p /dev/stdout ]] && print yes"), "yes\n");
+  runner.runDetached("[[ /dev/stdout -ef /dev/stderr && -p /dev/stdout ]] && : > " + path("yes"));
+  EXPECT_TRUE(waitFor([this] { return sandbox.holds("yes"); }));
+}
+
+TEST_F(ShellLauncherTest, theChildHoldsNoDescriptorOfOurs) {
+  const int inheritable = ::open("/dev/zero", O_RDONLY);
+  // The fourth is the folder that is being listed.
+  EXPECT_EQ(runner.runCaptured("exec ls /proc/self/fd"), "0\n1\n2\n3\n");
+  EXPECT_EQ(resultOfDetached("ls /proc/self/fd;"), "0\n1\n2\n3\n");
+  ::close(inheritable);
+}
+
+TEST_F(ShellLauncherTest, theChildStartsWithCleanSignals) {
+  const auto body = [this] {
+    for (const int number : {SIGPIPE, SIGINT, SIGCHLD, SIGUSR2}) std::signal(number, SIG_IGN);
+    sigset_t blocked;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, SIGUSR1);
+    ::sigaddset(&blocked, SIGTERM);
+    ::sigprocmask(SIG_BLOCK, &blocked, nullptr);
+    const std::string command = "exec sed -n -E '/^Sig(Blk|Ign)/p' /proc/self/status";
+    const std::string clean = "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n";
+    return runner.runCaptured(command) == clean && resultOfDetached("( " + command + " )") == clean ? 0 : 1;
+  };
+  EXPECT_EQ(exitStatusOf(body), 0);
+}
+
+TEST_F(ShellLauncherTest, environmentAndFolderAreInherited) {
+  const fixtures::EnvironmentScope scope("TARNWELL_TEST_WORD", "handed down");
+  EXPECT_EQ(runner.runCaptured("print $TARNWELL_TEST_WORD"), "handed down\n");
+  EXPECT_EQ(runner.runCaptured("pwd -P"), std::filesystem::canonical(".").string() + "\n");
+}
+
+}  // namespace
+}  // namespace tarnwell::core
