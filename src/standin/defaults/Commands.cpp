@@ -6,6 +6,8 @@
 #include <optional>
 
 #include "standin/defaults/LogLine.h"
+#include "standin/defaults/LowerCase.h"
+#include "standin/store/OldStyleText.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -23,15 +25,6 @@ constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain},
                                                     {"export", exportDomain},
                                                     {"import", importDomain}}};
 
-// The user's locale has no say in what a verb is.
-std::string lowerCase(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return result;
-}
-
 Status noRoot() {
   logLine(noRootMessage);
   return Status::failure;
@@ -43,7 +36,7 @@ Status runForDomain(const DomainVerb& verb, Arguments arguments) {
   if (!root && !arguments.front().starts_with('/')) return noRoot();
   std::optional<Domain> domain = Domain::resolve(arguments.front(), root.value_or(std::string()));
   if (!domain) {
-    logLine("\"" + std::string(arguments.front()) + "\" is not the name of a domain; leaving defaults unchanged.");
+    logLine(quotedText(arguments.front()) + " is not the name of a domain; leaving defaults unchanged.");
     return Status::failure;
   }
   return verb.run({std::move(*domain), arguments.subspan(1)});

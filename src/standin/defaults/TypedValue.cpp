@@ -8,6 +8,7 @@
 #include <ctime>
 #include <utility>
 
+#include "standin/defaults/LowerCase.h"
 #include "standin/store/Utf8.h"
 
 namespace tarnwell::standin {
@@ -20,10 +21,7 @@ PropertyList makeString(const std::string& text) {
 }
 
 PropertyList makeBoolean(const std::string& text) {
-  std::string word = text;
-  for (char& c : word) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  const std::string word = lowerCase(text);
   if (word == "true" || word == "yes") return PropertyList(plist_new_bool(1));
   if (word == "false" || word == "no") return PropertyList(plist_new_bool(0));
   return nullptr;
