@@ -1,6 +1,6 @@
 #pragma once
 
-#include <locale.h>
+#include <clocale>
 
 namespace tarnwell::core {
 

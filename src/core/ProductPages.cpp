@@ -6,7 +6,7 @@ namespace tarnwell::core {
 
 std::string pageAddress(std::string_view host, std::string_view path) {
   constexpr std::string_view hostCharacters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-:";
-  const std::string address = "https://" + std::string(host) + std::string(path);
+  std::string address = "https://" + std::string(host) + std::string(path);
   if (host.empty() || host.find_first_not_of(hostCharacters) != std::string_view::npos) {
     diagnostics::fault("no address: " + address);
   }

@@ -59,7 +59,7 @@ TEST(DecimalTextTest, valuesReadAsTheTableSays) {
 TEST(DecimalTextTest, everyTextReadsBackToTheSameDouble) {
   std::mt19937_64 random(20240615);
   for (int count = 0; count < 20000; ++count) {
-    const double value = std::bit_cast<double>(random());
+    const auto value = std::bit_cast<double>(random());
     if (!std::isfinite(value)) continue;
     ASSERT_EQ(std::bit_cast<std::uint64_t>(parseFloat(decimalText(value))), std::bit_cast<std::uint64_t>(value))
         << decimalText(value);

@@ -12,11 +12,13 @@ namespace tarnwell::core {
 
 /// Runs real shells, with start-up files of the test's own, and leaves no child behind.
 class ShellTest : public testing::Test {
+ public:
+  ShellTest(const ShellTest&) = delete;
+  ShellTest& operator=(const ShellTest&) = delete;
+
  protected:
   ShellTest();
   ~ShellTest() override;
-  ShellTest(const ShellTest&) = delete;
-  ShellTest& operator=(const ShellTest&) = delete;
   void TearDown() override;
 
   /// A path in the sandbox, as shell text.
