@@ -3,6 +3,6 @@
 namespace tarnwell::kit {
 
 /// What a peer is told has changed; it reads the new state from its control.
-enum class Aspect { enabled, value, title, style, rotation, accessibleName, visible };
+enum class Aspect { enabled, value, title, style, rotation, accessibleName, visible, level };
 
 }  // namespace tarnwell::kit

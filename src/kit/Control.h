@@ -7,6 +7,7 @@
 #include "kit/Action.h"
 #include "kit/Geometry.h"
 #include "kit/Measurement.h"
+#include "kit/Object.h"
 #include "kit/Peer.h"
 #include "kit/TextMeasurer.h"
 
@@ -53,6 +54,10 @@ class Control {
 
   /// Another number whenever the natural size may have become another.
   unsigned sizeRevision() const { return sizeRevision_; }
+
+  /// The editing commands of the main menu, "copy:" and its kin, while the control has the keyboard.
+  virtual bool canEdit(const Selector& /*command*/) const { return false; }
+  virtual void edit(const Selector& /*command*/) {}
 
   /// Whether the keyboard can reach it.
   virtual bool takesFocus() const { return false; }

@@ -50,4 +50,15 @@ Measurement TextField::measure(const TextMeasurer& text, Proposal proposal) cons
           .firstBaseline = (metrics::fieldHeight + text.capHeight(FontRole::body)) / 2};
 }
 
+bool TextField::canEdit(const Selector& command) const {
+  const auto* editing = dynamic_cast<const EditingPeer*>(peer());
+  return editing != nullptr && editing->canEdit(command);
+}
+
+void TextField::edit(const Selector& command) {
+  if (auto* editing = dynamic_cast<EditingPeer*>(peer())) {
+    editing->edit(command);
+  }
+}
+
 }  // namespace tarnwell::kit

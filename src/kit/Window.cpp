@@ -1,5 +1,6 @@
 #include "kit/Window.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "kit/Button.h"
@@ -34,9 +35,18 @@ void Window::attach(std::unique_ptr<WindowPeer> peer) {
   }
 }
 
+void Window::setLevel(int level) {
+  if (std::exchange(level_, level) != level && peer_) {
+    peer_->show(Aspect::level);
+  }
+}
+
 void Window::setControls(std::vector<Control*> inTreeOrder) {
   if (inTreeOrder != controls_) {
     controls_ = std::move(inTreeOrder);
+    if (std::find(controls_.begin(), controls_.end(), focused_) == controls_.end()) {
+      focused_ = nullptr;
+    }
     if (peer_) {
       peer_->reorder(controls_);
     }
@@ -76,6 +86,21 @@ bool Window::keyDown(const KeyEvent& event) {
     return pressDefaultButton();
   }
   return false;
+}
+
+bool Window::respondsToSelector(const Selector& selector) const {
+  return (focused_ != nullptr && focused_->canEdit(selector)) || selector == "performClose:" ||
+         selector == "performMiniaturize:";
+}
+
+void Window::perform(const Selector& selector, Object* /*sender*/) {
+  if (focused_ != nullptr && focused_->canEdit(selector)) {
+    focused_->edit(selector);
+  } else if (selector == "performClose:") {
+    performClose();
+  } else if (selector == "performMiniaturize:" && peer_) {
+    peer_->miniaturize();
+  }
 }
 
 bool Window::pressDefaultButton() {

@@ -8,6 +8,7 @@
 #include "kit/Action.h"
 #include "kit/Geometry.h"
 #include "kit/KeyEvent.h"
+#include "kit/Object.h"
 #include "kit/WindowPeer.h"
 
 namespace tarnwell::kit {
@@ -16,13 +17,14 @@ class Button;
 class Host;
 
 /// A window of the application: its size follows its content, never the user.
-class Window {
+class Window final : public Object {
  public:
-  Window(std::string identifier, std::string title);
-  Window(const Window&) = delete;
-  Window& operator=(const Window&) = delete;
-  ~Window();
+  static constexpr int normalLevel = 0;
 
+  Window(std::string identifier, std::string title);
+  ~Window() override;
+
+  /// Empty for none.
   const std::string& identifier() const { return identifier_; }
   const std::string& title() const { return title_; }
 
@@ -32,6 +34,13 @@ class Window {
   bool isVisible() const { return visible_; }
   void setVisible(bool visible);
 
+  int level() const { return level_; }
+  void setLevel(int level);
+
+  /// Hears of "windowWillClose:" with the window as sender.
+  std::shared_ptr<Object> delegate() const { return delegate_.lock(); }
+  void setDelegate(const std::shared_ptr<Object>& delegate) { delegate_ = delegate; }
+
   /// Shows the current state, then every change.
   void attach(std::unique_ptr<WindowPeer> peer);
   WindowPeer* peer() const { return peer_.get(); }
@@ -39,6 +48,10 @@ class Window {
   /// What stands in the window, in the order of the tree; borrowed until the next call.
   const std::vector<Control*>& controls() const { return controls_; }
   void setControls(std::vector<Control*> inTreeOrder);
+
+  /// Where the keyboard goes; null for none. The host tells.
+  Control* focusedControl() const { return focused_; }
+  void setFocusedControl(Control* control) { focused_ = control; }
 
   /// Asked when the user closes the window; the owner closes it.
   void setCloseAction(Action action) { closeAction_ = std::move(action); }
@@ -58,6 +71,10 @@ class Window {
   /// enabled then, Escape gives up what was typed. False for a key that means nothing here.
   bool keyDown(const KeyEvent& event);
 
+  /// The focused control's editing commands, "performClose:" and "performMiniaturize:".
+  bool respondsToSelector(const Selector& selector) const override;
+  void perform(const Selector& selector, Object* sender) override;
+
  private:
   bool pressDefaultButton();
   bool cancelEditing();
@@ -68,7 +85,10 @@ class Window {
   std::vector<Control*> controls_;
   Action closeAction_;
   Action metricsAction_;
+  Control* focused_ = nullptr;
+  std::weak_ptr<Object> delegate_;
   Size contentSize_;
+  int level_ = normalLevel;
   bool visible_ = false;
 };
 

@@ -16,6 +16,15 @@ class WindowPeer : public Peer {
 
   /// The controls in the order of the tree: the order of the focus and of what a screen reader tells.
   virtual void reorder(const std::vector<Control*>& inTreeOrder) noexcept = 0;
+
+  /// What of a window's height is not its content's: a menu bar that stands in it.
+  virtual double chromeHeight() const { return 0; }
+
+  /// Out of the way, into the taskbar.
+  virtual void miniaturize() noexcept {}
+
+  /// In front of the others, with the keyboard.
+  virtual void orderFront() noexcept {}
 };
 
 }  // namespace tarnwell::kit

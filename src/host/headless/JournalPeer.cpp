@@ -29,6 +29,8 @@ std::string aspectName(kit::Aspect aspect) {
       return "accessible name";
     case kit::Aspect::visible:
       return "visible";
+    case kit::Aspect::level:
+      return "level";
   }
   return "?";
 }

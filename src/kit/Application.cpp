@@ -1,0 +1,153 @@
+#include "kit/Application.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "kit/Platform.h"
+#include "kit/Window.h"
+
+namespace tarnwell::kit {
+
+std::shared_ptr<Application> Application::create(Platform& platform) {
+  return std::shared_ptr<Application>(new Application(platform));
+}
+
+Application::Application(Platform& platform) : platform_(platform), mainQueue_([this] { platform_.wakeUp(*this); }) {}
+
+void Application::addWindow(Window& window) {
+  keyWindow_ = &window;
+  if (std::find(windows_.begin(), windows_.end(), &window) == windows_.end()) {
+    windows_.push_back(&window);
+    windowObservers_.tell(*this);
+  }
+}
+
+void Application::removeWindow(Window& window) {
+  if (std::erase(windows_, &window) == 0) {
+    return;
+  }
+  if (keyWindow_ == &window) {
+    keyWindow_ = windows_.empty() ? nullptr : windows_.back();
+  }
+  windowObservers_.tell(*this);
+}
+
+Subscription Application::observeWindows(std::function<void(Application&)> changed) {
+  return windowObservers_.add(std::move(changed));
+}
+
+std::optional<Event> Application::makeEvent(Event event) const {
+  return platform_.makesEvents() ? std::optional(std::move(event)) : std::nullopt;
+}
+
+void Application::postEvent(const Event& event, bool atStart) {
+  if (atStart) {
+    events_.push_front(event);
+  } else {
+    events_.push_back(event);
+  }
+  platform_.wakeUp(*this);
+}
+
+void Application::sendEvent(const Event& event, const Action& handle) {
+  turn_.perform([&] {
+    const Event* outer = std::exchange(currentEvent_, &event);
+    handle();
+    currentEvent_ = outer;
+  });
+}
+
+void Application::runTurn() {
+  turn_.perform([this] {
+    if (!events_.empty()) {
+      const Event event = std::move(events_.front());
+      events_.pop_front();
+      if (event.type == Event::Type::keyDown) {
+        sendEvent(event, [this, &event] { performKeyEquivalent(event.key()); });
+      }
+    }
+    mainQueue_.drain();
+  });
+  if (hasWork()) {
+    platform_.wakeUp(*this);
+  }
+}
+
+bool Application::performKeyEquivalent(const KeyEvent& event) {
+  if (const auto item = mainMenu_.itemMatching(event, [this](const MenuItem& found) { return canChoose(found); })) {
+    choose(item);
+    return true;
+  }
+  return keyWindow_ != nullptr && keyWindow_->keyDown(event);
+}
+
+bool Application::sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender) {
+  Object* receiver = target ? target.get() : responderFor(action);
+  if (receiver == nullptr || !receiver->respondsToSelector(action)) {
+    return false;
+  }
+  turn_.perform([&] { receiver->perform(action, sender); });
+  return true;
+}
+
+bool Application::canChoose(const MenuItem& item) const {
+  if (!item.isEnabled() || item.isSeparator()) {
+    return false;
+  }
+  if (item.handler() || item.submenu()) {
+    return true;
+  }
+  const auto target = item.target();
+  return target ? target->respondsToSelector(item.action()) : responderFor(item.action()) != nullptr;
+}
+
+void Application::choose(const std::shared_ptr<MenuItem>& item) {
+  turn_.perform([this, item] {
+    if (!canChoose(*item)) {
+      return;
+    }
+    if (const Action handler = item->handler()) {
+      handler();
+    } else {
+      sendAction(item->action(), item->target(), item.get());
+    }
+  });
+}
+
+void Application::activateIgnoringOtherApps(bool /*flag*/) { platform_.activate(); }
+
+void Application::terminate(Object* sender) {
+  const Selector willTerminate = "applicationWillTerminate:";
+  if (const auto target = delegate(); target && target->respondsToSelector(willTerminate)) {
+    target->perform(willTerminate, sender);
+  }
+  platform_.terminate();
+}
+
+void Application::orderFrontStandardAboutPanel(Object* /*sender*/) { platform_.orderFrontStandardAboutPanel(); }
+
+bool Application::respondsToSelector(const Selector& selector) const {
+  return selector == "terminate:" || selector == "orderFrontStandardAboutPanel:";
+}
+
+void Application::perform(const Selector& selector, Object* sender) {
+  if (selector == "terminate:") {
+    terminate(sender);
+  } else if (selector == "orderFrontStandardAboutPanel:") {
+    orderFrontStandardAboutPanel(sender);
+  }
+}
+
+Object* Application::responderFor(const Selector& action) const {
+  const auto target = delegate();
+  // The application is named here as what it is to others, a receiver of actions.
+  for (Object* responder :
+       {static_cast<Object*>(keyWindow_), const_cast<Object*>(static_cast<const Object*>(this)), target.get()}) {
+    if (responder != nullptr && responder->respondsToSelector(action)) {
+      return responder;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace tarnwell::kit

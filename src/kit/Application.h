@@ -1,0 +1,106 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "kit/Event.h"
+#include "kit/MainQueue.h"
+#include "kit/Menu.h"
+#include "kit/NotificationCenter.h"
+#include "kit/Object.h"
+#include "kit/Observers.h"
+#include "kit/Turn.h"
+
+namespace tarnwell::kit {
+
+class Platform;
+class Window;
+
+/// The one application object: events, the work queue, windows, the main menu, and the end of the responder chain. What
+/// exists once a process is held here, so that each test has its own.
+class Application final : public Object {
+ public:
+  /// The platform is borrowed and outlives the application.
+  static std::shared_ptr<Application> create(Platform& platform);
+
+  Platform& platform() const { return platform_; }
+  Turn& turn() { return turn_; }
+  MainQueue& mainQueue() { return mainQueue_; }
+  NotificationCenter& notificationCenter() { return notifications_; }
+  Menu& mainMenu() { return mainMenu_; }
+
+  std::shared_ptr<Object> delegate() const { return delegate_.lock(); }
+  void setDelegate(const std::shared_ptr<Object>& delegate) { delegate_ = delegate; }
+
+  // Windows.
+
+  /// Those on the screen, in the order in which they came.
+  const std::vector<Window*>& windows() const { return windows_; }
+  void addWindow(Window& window);
+  void removeWindow(Window& window);
+  /// Hears of each change of the list. The handler is not called now.
+  [[nodiscard]] Subscription observeWindows(std::function<void(Application&)> changed);
+
+  /// The one that keys go to: the last that came to the front. Null without windows.
+  Window* keyWindow() const { return keyWindow_; }
+  void setKeyWindow(Window& window) { keyWindow_ = &window; }
+
+  // Events.
+
+  /// The event, or nothing where the platform cannot make one.
+  std::optional<Event> makeEvent(Event event) const;
+  /// Into the queue, to be handled in a later turn.
+  void postEvent(const Event& event, bool atStart);
+  const std::deque<Event>& postedEvents() const { return events_; }
+  /// The event being handled; null between events.
+  const Event* currentEvent() const { return currentEvent_; }
+  /// Runs `handle` with `event` as the current one.
+  void sendEvent(const Event& event, const Action& handle);
+
+  /// One turn of the main loop: the first posted event, then the work that was queued, then everything settles.
+  void runTurn();
+  bool hasWork() const { return !events_.empty() || !mainQueue_.isEmpty(); }
+
+  /// Where keys that no focused control wants are matched: the main menu in order, then the key window.
+  bool performKeyEquivalent(const KeyEvent& event);
+
+  // Actions.
+
+  /// To `target` or, where that is null, to the first of the responder chain that responds: the key window's focused
+  /// control, the key window, the application, its delegate. False when nobody did.
+  bool sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender);
+
+  /// Whether choosing the entry would do anything.
+  bool canChoose(const MenuItem& item) const;
+  void choose(const std::shared_ptr<MenuItem>& item);
+
+  void activateIgnoringOtherApps(bool flag);
+  /// Tells the delegate, then ends the event loop.
+  void terminate(Object* sender);
+  void orderFrontStandardAboutPanel(Object* sender);
+
+  bool respondsToSelector(const Selector& selector) const override;
+  void perform(const Selector& selector, Object* sender) override;
+
+ private:
+  explicit Application(Platform& platform);
+
+  Object* responderFor(const Selector& action) const;
+
+  Platform& platform_;
+  Turn turn_;
+  MainQueue mainQueue_;
+  NotificationCenter notifications_;
+  Menu mainMenu_;
+  std::weak_ptr<Object> delegate_;
+  std::vector<Window*> windows_;
+  Observers<Application&> windowObservers_;
+  std::deque<Event> events_;
+  const Event* currentEvent_ = nullptr;
+  Window* keyWindow_ = nullptr;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "kit/AppleEvent.h"
+#include "kit/NumberFormat.h"
+#include "kit/StatusItem.h"
+#include "kit/SystemVersion.h"
+
+namespace tarnwell::kit {
+
+class Application;
+class Host;
+class Log;
+class LoginItem;
+class Menu;
+class UpdaterController;
+
+/// What the application asks of the system beside windows and controls. Everything is called on the main thread.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  virtual Host& host() = 0;
+  virtual SystemVersion systemVersion() const = 0;
+  virtual std::shared_ptr<const NumberFormat> numberFormat() const = 0;
+
+  /// Calls `Application::runTurn` from the event loop soon, once for any number of calls before that.
+  virtual void wakeUp(Application& application) = 0;
+
+  /// Brings this application to the front.
+  virtual void activate() = 0;
+  /// Ends the event loop. Nobody is asked, nothing is waited for.
+  virtual void terminate() = 0;
+  /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.
+  virtual void orderFrontStandardAboutPanel() = 0;
+  /// Opens an address in the user's browser, without waiting for it.
+  virtual void openUrl(const std::string& address) = 0;
+
+  /// False where events cannot be made; a test says so.
+  virtual bool makesEvents() const { return true; }
+
+  /// Shows the main menu from now on. The menu outlives the platform's interest in it.
+  virtual void showMainMenu(Menu& menu) = 0;
+
+  virtual bool hasStatusButtons() const { return true; }
+  virtual std::unique_ptr<StatusItemPeer> peer(StatusItem& item) = 0;
+
+  virtual std::unique_ptr<UpdaterController> makeUpdaterController() = 0;
+  virtual LoginItem& mainAppService() = 0;
+  virtual std::optional<AppleEvent> currentAppleEvent() const = 0;
+  virtual Log& log() = 0;
+};
+
+}  // namespace tarnwell::kit

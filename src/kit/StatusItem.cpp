@@ -1,0 +1,48 @@
+#include "kit/StatusItem.h"
+
+#include <utility>
+
+#include "kit/Application.h"
+#include "kit/Menu.h"
+#include "kit/Platform.h"
+
+namespace tarnwell::kit {
+
+void StatusBarButton::setImage(Image image) {
+  if (image != image_) {
+    image_ = std::move(image);
+    observers_.tell();
+  }
+}
+
+StatusItem::StatusItem(Application& application, double length, std::string title)
+    : application_(application), length_(length), title_(std::move(title)) {
+  if (application_.platform().hasStatusButtons()) {
+    button_ = std::make_shared<StatusBarButton>();
+    peer_ = application_.platform().peer(*this);
+  }
+}
+
+StatusItem::~StatusItem() = default;
+
+void StatusItem::performClick() { click(Event::Type::leftMouseUp); }
+
+void StatusItem::mouseUp(Event::Type type) {
+  application_.sendEvent({.type = type}, [this, type] { click(type); });
+}
+
+void StatusItem::click(Event::Type type) {
+  if (!button_) {
+    return;
+  }
+  if (const auto menu = menu_) {
+    menu->willOpen();
+    application_.turn().nestedLoop([this, menu] { peer_->popUp(*menu); });
+  } else if ((button_->mask() & maskOf(type)) != 0) {
+    // A copy: the action may end the item.
+    const auto button = button_;
+    application_.sendAction(button->action(), button->target(), button.get());
+  }
+}
+
+}  // namespace tarnwell::kit
