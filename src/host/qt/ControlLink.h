@@ -1,5 +1,10 @@
 #pragma once
 
+#include <QtCore/QRectF>
+#include <utility>
+
+#include "kit/Action.h"
+
 class QObject;
 
 namespace tarnwell::kit {
@@ -21,16 +26,29 @@ class ControlLink {
   kit::Control* control() const { return control_; }
   void cut() { control_ = nullptr; }
 
-  /// How round the focus ring is, in points.
+  /// What the focus ring goes around, in the widget's coordinates, and how round it is, in points.
+  virtual QRectF focusShape() const = 0;
   virtual double cornerRadius() const = 0;
   /// Whether the ring is shown while the widget has the focus.
   virtual bool showsFocus() const = 0;
+
+  /// The fonts of the theme are new.
+  virtual void fontsChanged() = 0;
+
+  /// Run when the control's state, and with it perhaps the focus shape, is new.
+  void setFollower(kit::Action follower) { follower_ = std::move(follower); }
+  void stateChanged() const {
+    if (follower_) {
+      follower_();
+    }
+  }
 
   /// The link of a widget that shows a control, else null.
   static ControlLink* of(QObject* object) noexcept;
 
  private:
   kit::Control* control_;
+  kit::Action follower_;
 };
 
 }  // namespace tarnwell::host::qt

@@ -16,11 +16,11 @@ class ControlWidget : public QWidget, public ControlLink {
  public:
   ControlWidget(kit::Control& control, const Theme& theme, QWidget* parent);
 
+  QRectF focusShape() const override { return bounds(); }
   double cornerRadius() const override { return 6; }
   bool showsFocus() const override { return reachedByKeyboard_; }
 
-  /// The fonts of the theme are new.
-  virtual void fontsChanged() { update(); }
+  void fontsChanged() override { update(); }
 
   bool event(QEvent* event) noexcept override;
 

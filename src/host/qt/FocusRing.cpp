@@ -3,6 +3,7 @@
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
 
+#include "host/qt/ControlLink.h"
 #include "host/qt/Theme.h"
 
 namespace tarnwell::host::qt {
@@ -12,17 +13,24 @@ constexpr int thickness = 3;
 
 }  // namespace
 
-FocusRing::FocusRing(QWidget& target, double cornerRadius, const Theme& theme)
-    : QFocusFrame(target.parentWidget()), target_(target), cornerRadius_(cornerRadius), theme_(theme) {
+FocusRing::FocusRing(QWidget& target, ControlLink& link, const Theme& theme)
+    : QFocusFrame(target.parentWidget()), target_(&target), link_(link), theme_(theme) {
   target.installEventFilter(this);
+  link.setFollower([this] { follow(); });
   follow();
+}
+
+FocusRing::~FocusRing() {
+  if (target_) {
+    link_.setFollower(nullptr);
+  }
 }
 
 bool FocusRing::eventFilter(QObject* object, QEvent* event) {
   const bool moved = event->type() == QEvent::Move || event->type() == QEvent::Resize ||
                      event->type() == QEvent::Show || event->type() == QEvent::Hide ||
                      event->type() == QEvent::ZOrderChange;
-  if (object == &target_ && moved) {
+  if (object == target_ && moved) {
     follow();
   }
   return false;
@@ -34,13 +42,14 @@ void FocusRing::paintEvent(QPaintEvent* /*event*/) {
   constexpr double half = thickness / 2.0;
   painter.setPen(QPen(theme_.palette().focusRing, thickness));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), cornerRadius_ + half,
-                          cornerRadius_ + half);
+  const double radius = link_.cornerRadius() + half;
+  painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), radius, radius);
 }
 
 void FocusRing::follow() {
-  setGeometry(target_.geometry().adjusted(-thickness, -thickness, thickness, thickness));
-  setVisible(target_.isVisibleTo(target_.parentWidget()));
+  const QRect shape = link_.focusShape().toAlignedRect().translated(target_->pos());
+  setGeometry(shape.adjusted(-thickness, -thickness, thickness, thickness));
+  setVisible(target_->isVisibleTo(parentWidget()));
   raise();
 }
 

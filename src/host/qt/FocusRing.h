@@ -5,13 +5,16 @@
 
 namespace tarnwell::host::qt {
 
+class ControlLink;
 class Theme;
 
 /// The ring around the control that has the keyboard. It lies beside the control in the same parent, since it is larger
-/// than the control. Only its kind is the toolkit's focus frame: screen readers skip that.
+/// than the control. It is a focus frame of the toolkit only because screen readers skip those.
 class FocusRing final : public QFocusFrame {
  public:
-  FocusRing(QWidget& target, double cornerRadius, const Theme& theme);
+  /// `target` shows the control of `link`.
+  FocusRing(QWidget& target, ControlLink& link, const Theme& theme);
+  ~FocusRing() override;
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -21,8 +24,8 @@ class FocusRing final : public QFocusFrame {
  private:
   void follow();
 
-  QWidget& target_;  // A sibling; the ring goes when the target does.
-  double cornerRadius_;
+  QPointer<QWidget> target_;
+  ControlLink& link_;  // As alive as the target.
   const Theme& theme_;
 };
 

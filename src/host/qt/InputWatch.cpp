@@ -45,12 +45,16 @@ void InputWatch::endEditing(QObject* pressed) {
 }
 
 void InputWatch::focusMoved(QWidget* to) noexcept {
+  // A menu only borrows the focus.
+  if (to != nullptr && to->window()->windowType() == Qt::Popup) {
+    return;
+  }
   delete ring_;
-  const ControlLink* link = ControlLink::of(to);
+  ControlLink* link = ControlLink::of(to);
   if (link == nullptr || link->control() == nullptr || !link->showsFocus()) {
     return;
   }
-  ring_ = new FocusRing(*to, link->cornerRadius(), theme_);
+  ring_ = new FocusRing(*to, *link, theme_);
   ScrollAreaPeer::reveal(*to);
 }
 

@@ -5,7 +5,9 @@
 namespace tarnwell::host::qt {
 
 bool KeyRoute::deliver(const kit::KeyEvent& event, kit::Window& window) const {
-  const bool wasEquivalent = equivalents_ && equivalents_(event);
+  // A copy: what the key does may replace it.
+  const Equivalents equivalents = equivalents_;
+  const bool wasEquivalent = equivalents && equivalents(event);
   return wasEquivalent || window.keyDown(event);
 }
 

@@ -25,9 +25,10 @@ constexpr double trailingSpace = 14;
 constexpr double menuRadius = 7;
 constexpr double rowRadius = 5;
 
-QSize rowSize(const std::vector<kit::PopUpButton::Item>& items, const Theme& theme) {
-  double widest = 0;
-  for (const auto& item : items) {
+// The menu ends where the button does, unless a row needs more.
+QSize rowSize(const kit::PopUpButton& button, const Theme& theme) {
+  double widest = button.bounds().width - kit::metrics::popUpInset - trailingSpace - margin;
+  for (const auto& item : button.items()) {
     widest = std::max(widest, itemLineWidth(item, theme));
   }
   return {static_cast<int>(std::ceil(checkWidth + widest + trailingSpace)), rowHeightInPoints};
@@ -48,7 +49,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
                      std::function<void(int)> chosen)
     : QMenu(parent), items_(button.items()), selected_(button.selectedIndex()), theme_(theme) {
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* style = new MenuStyle(rowSize(items_, theme), margin);
+  auto* style = new MenuStyle(rowSize(button, theme), margin);
   style->setParent(this);
   setStyle(style);
   for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
@@ -67,8 +68,6 @@ void PopUpMenu::openOver(const QPoint& title) {
   popup(row, current);
   setActiveAction(current);
 }
-
-double PopUpMenu::rowHeight() { return rowHeightInPoints; }
 
 void PopUpMenu::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

@@ -18,8 +18,6 @@ class PopUpMenu final : public QMenu {
   /// Opens so that the title of the chosen row covers the button's own, whose left edge and middle are at `title`.
   void openOver(const QPoint& title);
 
-  static double rowHeight();
-
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

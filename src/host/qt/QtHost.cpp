@@ -6,7 +6,7 @@
 #include "host/qt/Accessibility.h"
 #include "host/qt/BoxPeer.h"
 #include "host/qt/ButtonPeer.h"
-#include "host/qt/ControlWidget.h"
+#include "host/qt/ControlLink.h"
 #include "host/qt/PopUpButtonPeer.h"
 #include "host/qt/ScrollAreaPeer.h"
 #include "host/qt/SliderPeer.h"
@@ -80,8 +80,8 @@ double QtHost::capHeight(kit::FontRole font) const { return QFontMetricsF(theme_
 void QtHost::fontChanged() {
   theme_.takeApplicationFont();
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (auto* control = dynamic_cast<ControlWidget*>(widget)) {
-      control->fontsChanged();
+    if (ControlLink* link = ControlLink::of(widget); link != nullptr && link->control() != nullptr) {
+      link->fontsChanged();
     }
   }
   if (metricsChanged_) {

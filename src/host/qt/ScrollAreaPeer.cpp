@@ -39,6 +39,7 @@ class Viewport final : public ControlWidget {
     const double distance =
         event->hasPixelDelta() ? event->pixelDelta().y() : event->angleDelta().y() / notch * pointsPerNotch;
     area_.scrollTo(area_.offset() - distance);
+    event->accept();
   }
 
  private:

@@ -49,6 +49,14 @@ class SliderWidget final : public ControlWidget {
   SliderWidget(kit::Slider& slider, const Theme& theme, QWidget* parent)
       : ControlWidget(slider, theme, parent), slider_(slider) {}
 
+  QRectF focusShape() const override {
+    QRectF shape = knob();
+    shape.moveCenter(knobOnScreen());
+    return shape;
+  }
+
+  double cornerRadius() const override { return kit::metrics::sliderKnobWidth / 2; }
+
  protected:
   void draw(QPainter& painter) override {
     drawTicks(painter);

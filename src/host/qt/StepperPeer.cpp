@@ -41,11 +41,14 @@ class StepperWidget final : public ControlWidget {
 
   void mousePressEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton) {
-      hold(event->position().y() < face().center().y() ? Direction::up : Direction::down);
+      pointer_ = event->position();
+      hold(pointer_.y() < face().center().y() ? Direction::up : Direction::down);
       timer_.start(firstRepeat, this);
       step(*held_);
     }
   }
+
+  void mouseMoveEvent(QMouseEvent* event) override { pointer_ = event->position(); }
 
   void mouseReleaseEvent(QMouseEvent* /*event*/) override { letGo(); }
 
@@ -67,8 +70,7 @@ class StepperWidget final : public ControlWidget {
 
   void timerEvent(QTimerEvent* /*event*/) override {
     timer_.start(nextRepeat, this);
-    const QPoint pointer = mapFromGlobal(QCursor::pos());
-    if (held_ && half(*held_).contains(pointer)) {
+    if (held_ && half(*held_).contains(pointer_)) {
       step(*held_);
     }
   }
@@ -113,6 +115,7 @@ class StepperWidget final : public ControlWidget {
   kit::Stepper& stepper_;
   QBasicTimer timer_;
   std::optional<Direction> held_;
+  QPointF pointer_;
 };
 
 }  // namespace

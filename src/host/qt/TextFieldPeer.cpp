@@ -28,14 +28,17 @@ class LineEdit final : public QLineEdit, public ControlLink {
     QPalette seeThrough;
     seeThrough.setColor(QPalette::Base, Qt::transparent);
     setPalette(seeThrough);
-    setFont(theme.font(kit::FontRole::body));
+    LineEdit::fontsChanged();
     const int inset = static_cast<int>(kit::metrics::fieldInset) - ownMargin;
     setTextMargins(inset, 0, inset, 0);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { typed(text); });
   }
 
+  QRectF focusShape() const override { return rect(); }
   double cornerRadius() const override { return radius; }
   bool showsFocus() const override { return true; }
+
+  void fontsChanged() override { setFont(theme_.font(kit::FontRole::body)); }
 
   bool event(QEvent* event) noexcept override {
     return control() != nullptr ? QLineEdit::event(event) : QObject::event(event);
@@ -58,6 +61,12 @@ class LineEdit final : public QLineEdit, public ControlLink {
       drawRounded(painter, rect(), radius, theme_.palette().fieldFace, theme_.palette().controlBorder);
     }
     QLineEdit::paintEvent(event);
+  }
+
+  // Tab commits before it leaves: what the commit enables may be where it goes.
+  bool focusNextPrevChild(bool next) override {
+    field_.commit();
+    return control() != nullptr && QLineEdit::focusNextPrevChild(next);
   }
 
   void focusOutEvent(QFocusEvent* event) override {

@@ -42,6 +42,7 @@ void WidgetPeer::show(kit::Aspect aspect) noexcept {
       break;
     default:
       showState(aspect);
+      ControlLink::of(widget_)->stateChanged();
       break;
   }
   announceChange(*widget_, control_, aspect);

@@ -50,16 +50,14 @@ void restackAll(const std::vector<QWidget*>& inTreeOrder) {
   }
 }
 
-void chainFocus(const std::vector<QWidget*>& inTreeOrder) {
-  QWidget* previous = nullptr;
+// From the window itself, so that the first control is where the keyboard begins.
+void chainFocus(QWidget& window, const std::vector<QWidget*>& inTreeOrder) {
+  QWidget* previous = &window;
   for (QWidget* widget : inTreeOrder) {
-    if (widget->focusPolicy() == Qt::NoFocus) {
-      continue;
-    }
-    if (previous != nullptr && previous->nextInFocusChain() != widget) {
+    if (widget->focusPolicy() != Qt::NoFocus) {
       QWidget::setTabOrder(previous, widget);
+      previous = widget;
     }
-    previous = widget;
   }
 }
 
@@ -90,7 +88,6 @@ void WindowPeer::show(kit::Aspect aspect) noexcept {
   } else if (aspect == kit::Aspect::visible) {
     widget_->setVisible(window_.isVisible());
     if (window_.isVisible()) {
-      widget_->raise();
       widget_->activateWindow();
     }
   }
@@ -109,9 +106,11 @@ double WindowPeer::availableHeight() const {
 }
 
 void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {
-  const std::vector<QWidget*> widgets = widgetsOf(inTreeOrder);
-  restackAll(widgets);
-  chainFocus(widgets);
+  if (widget_) {
+    const std::vector<QWidget*> widgets = widgetsOf(inTreeOrder);
+    restackAll(widgets);
+    chainFocus(*widget_, widgets);
+  }
 }
 
 }  // namespace tarnwell::host::qt

@@ -21,7 +21,8 @@ constexpr double pageShare = 0.9;
 
 WindowWidget::WindowWidget(kit::Window& window, KeyRoute& keys)
     : QWidget(nullptr, fixedSizeWindow), window_(&window), keys_(keys) {
-  // Nothing in the window has the focus until the user goes there.
+  // Nothing in the window has the focus until the user goes there, and a press on the ground takes it back.
+  setFocusPolicy(Qt::ClickFocus);
   setFocus(Qt::OtherFocusReason);
 }
 
@@ -40,11 +41,6 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
   if (!keys_.deliver(key, *window_) && window_ != nullptr && !scroll(event->key())) {
     event->ignore();
   }
-}
-
-void WindowWidget::mousePressEvent(QMouseEvent* /*event*/) {
-  // A press on the ground leaves whatever had the focus.
-  setFocus(Qt::MouseFocusReason);
 }
 
 bool WindowWidget::scroll(int key) {

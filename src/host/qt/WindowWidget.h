@@ -25,7 +25,6 @@ class WindowWidget final : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   bool scroll(int key);

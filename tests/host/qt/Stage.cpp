@@ -1,0 +1,72 @@
+#include "host/qt/Stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QtWidgets/QApplication>
+
+#include "fixtures/WaitFor.h"
+#include "host/qt/QtApplication.h"
+#include "host/qt/WidgetDriver.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+std::unique_ptr<QtApplication> application;
+
+class ApplicationOfTheTests final : public testing::Environment {
+ public:
+  void SetUp() override {
+    static char name[] = "test";
+    static char* arguments[] = {name, nullptr};
+    application = QtApplication::create(1, arguments);
+    ASSERT_NE(application, nullptr);
+  }
+  void TearDown() override { application.reset(); }
+};
+
+[[maybe_unused]] const auto* const environment = testing::AddGlobalTestEnvironment(new ApplicationOfTheTests);
+
+}  // namespace
+
+QtHost& testHost() { return application->host(); }
+
+Stage::Stage() : window_(std::make_unique<kit::Window>("stage", "Stage")) {
+  window_->setContentSize({.width = 400, .height = 300});
+  window_->attach(testHost().peer(*window_));
+}
+
+Stage::~Stage() {
+  clear();
+  window_.reset();
+  driver::settle();
+}
+
+void Stage::show() {
+  window_->setVisible(true);
+  const QWidget& widget = driver::widget(*window_);
+  ASSERT_TRUE(fixtures::waitFor([&widget] {
+    QApplication::processEvents();
+    return widget.isActiveWindow();
+  }));
+}
+
+void Stage::clear() {
+  if (window_) {
+    window_->setControls({});
+  }
+  // The inner ones first, as a tree of views goes.
+  while (!controls_.empty()) {
+    controls_.pop_back();
+  }
+}
+
+void Stage::put(std::unique_ptr<kit::Control> control, const kit::Rect& frame, kit::Peer& parent) {
+  control->setFrame(frame);
+  control->attach(control->makePeer(testHost(), parent));
+  std::vector<kit::Control*> order = window_->controls();
+  order.push_back(control.get());
+  controls_.push_back(std::move(control));
+  window_->setControls(std::move(order));
+}
+
+}  // namespace tarnwell::host::qt
