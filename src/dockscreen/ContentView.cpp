@@ -8,6 +8,7 @@
 #include "dockscreen/SpeedControls.h"
 #include "view/Button.h"
 #include "view/Form.h"
+#include "view/Label.h"
 #include "view/LabeledRow.h"
 #include "view/Picker.h"
 #include "view/Section.h"
@@ -34,8 +35,9 @@ View narrow(const std::string& description) {
   return View(view::Text{description}).frame({.width = 250, .alignment = kit::TextAlignment::leading});
 }
 
-View switchRow(view::Label label, const std::string& description, view::Binding<bool> isOn) {
+View switchRow(const view::Label& label, const std::string& description, view::Binding<bool> isOn) {
   return view::LabeledRow{.label = label,
+                          .title = label.title,
                           .description = view::Text{description},
                           .control = view::Toggle{.title = label.title, .isOn = std::move(isOn)}};
 }
@@ -63,7 +65,8 @@ std::shared_ptr<DockSettings> ContentView::makeSettings(const view::EnvironmentV
 
 View ContentView::speeds() const {
   return view::Section{
-      .rows = {view::LabeledRow{.label = {.title = "Animation", .symbol = "dock.arrow.up.rectangle"},
+      .rows = {view::LabeledRow{.label = view::Label{.title = "Animation", .symbol = "dock.arrow.up.rectangle"},
+                                .title = "Animation",
                                 .description = narrow("How long the dock's reveal animation lasts."),
                                 .control = SpeedControls{.name = "Animation",
                                                          .leftLabel = "Slow",
@@ -71,7 +74,8 @@ View ContentView::speeds() const {
                                                          .value = settings.binding(&DockSettings::animationSpeed),
                                                          .format = numberFormat.get()}},
                view::LabeledRow{
-                   .label = {.title = "Delay", .symbol = "timer"},
+                   .label = view::Label{.title = "Delay", .symbol = "timer"},
+                   .title = "Delay",
                    .description = narrow("How long the mouse must be against the screen edge before the dock reveals."),
                    .control = SpeedControls{.name = "Delay",
                                             .leftLabel = "Long",
@@ -85,7 +89,8 @@ View ContentView::minimizeEffect() const {
   const std::string title = "Minimize windows using";
   return view::Section{
       .rows = {view::LabeledRow{
-          .label = {.title = title, .symbol = "arrow.down.right.and.arrow.up.left"},
+          .label = view::Label{.title = title, .symbol = "arrow.down.right.and.arrow.up.left"},
+          .title = title,
           .control = view::makePicker<MinEffect>(
               title, settings.binding(&DockSettings::minEffect),
               {{.tag = MinEffect::genie, .item = {.title = "Genie Effect", .symbol = "wand.and.stars.inverse"}},

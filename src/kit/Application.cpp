@@ -7,10 +7,25 @@
 #include "kit/Window.h"
 
 namespace tarnwell::kit {
+namespace {
+
+Application* sharedApplication = nullptr;
+
+}  // namespace
 
 std::shared_ptr<Application> Application::create(Platform& platform) {
-  return std::shared_ptr<Application>(new Application(platform));
+  std::shared_ptr<Application> application(new Application(platform));
+  sharedApplication = application.get();
+  return application;
 }
+
+Application::~Application() {
+  if (sharedApplication == this) {
+    sharedApplication = nullptr;
+  }
+}
+
+Application* Application::shared() { return sharedApplication; }
 
 Application::Application(Platform& platform) : platform_(platform), mainQueue_([this] { platform_.wakeUp(*this); }) {}
 

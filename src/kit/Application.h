@@ -1,9 +1,12 @@
 #pragma once
 
+#include <any>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <typeindex>
 #include <vector>
 
 #include "kit/Event.h"
@@ -25,6 +28,20 @@ class Application final : public Object {
  public:
   /// The platform is borrowed and outlives the application.
   static std::shared_ptr<Application> create(Platform& platform);
+  ~Application() override;
+
+  /// The application of this process: the last one created, null when it has gone.
+  static Application* shared();
+
+  /// The one object of type `T` that belongs to this application, made by `make` when it is first asked for.
+  template <class T, class Make>
+  std::shared_ptr<T> single(const Make& make) {
+    std::any& object = singles_[typeid(T)];
+    if (!object.has_value()) {
+      object = std::shared_ptr<T>(make());
+    }
+    return std::any_cast<std::shared_ptr<T>>(object);
+  }
 
   Platform& platform() const { return platform_; }
   Turn& turn() { return turn_; }
@@ -101,6 +118,7 @@ class Application final : public Object {
   std::deque<Event> events_;
   const Event* currentEvent_ = nullptr;
   Window* keyWindow_ = nullptr;
+  std::map<std::type_index, std::any> singles_;
 };
 
 }  // namespace tarnwell::kit

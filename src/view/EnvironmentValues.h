@@ -31,6 +31,18 @@ class EnvironmentValues {
     return with(typeid(K), std::any(std::move(value)));
   }
 
+  /// The object of that type that was set above; null where there is none.
+  template <class O>
+  std::shared_ptr<O> object() const {
+    const std::any* object = find(typeid(O));
+    return object != nullptr ? std::any_cast<const std::shared_ptr<O>&>(*object) : nullptr;
+  }
+
+  template <class O>
+  EnvironmentValues withObject(std::shared_ptr<O> object) const {
+    return with(typeid(O), std::any(std::move(object)));
+  }
+
  private:
   using Map = std::map<std::type_index, std::any>;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "view/FormMetrics.h"
+#include "view/Label.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {
@@ -21,7 +22,7 @@ class LabeledRowNode final : public MountedNode {
     const auto& row = valueAs<LabeledRow>();
     const View description =
         row.description.font(kit::FontRole::subheadline).foregroundStyle(kit::ColorRole::secondary);
-    updateChildren({row.label, description, row.control.accessibilityLabel(row.label.title)}, environment());
+    updateChildren({row.label, description, row.control.accessibilityLabel(row.title)}, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {

@@ -1,17 +1,19 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
-#include "view/Label.h"
 #include "view/Spacer.h"
 #include "view/View.h"
 
 namespace tarnwell::view {
 
 /// A row of a form: a label, with a description under its title, on the left; a control on the right. The control
-/// takes its ideal size first, the label gets the rest. Screen readers call the control as the label reads.
+/// takes its ideal size first, the label gets the rest.
 struct LabeledRow {
-  Label label = {};
+  View label = EmptyView{};
+  /// What screen readers call the control.
+  std::string title = {};
   View description = EmptyView{};
   View control = EmptyView{};
 };

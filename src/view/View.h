@@ -59,6 +59,12 @@ class View {
     return environment([value = std::move(value)](const EnvironmentValues& outer) { return outer.with<K>(value); });
   }
 
+  template <class O>
+  View environmentObject(std::shared_ptr<O> object) const {
+    return environment(
+        [object = std::move(object)](const EnvironmentValues& outer) { return outer.withObject(object); });
+  }
+
   View font(kit::FontRole font) const { return environment<FontKey>(font); }
   View foregroundStyle(kit::ColorRole color) const { return environment<ForegroundKey>(color); }
   View labelStyle(LabelStyle style) const { return environment<LabelStyleKey>(style); }
