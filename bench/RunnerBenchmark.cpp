@@ -79,7 +79,8 @@ void capturedByQProcess(benchmark::State& state) {
 
 /// Memory that is resident because every page of it was written.
 std::vector<char> resident(const benchmark::State& state) {
-  return std::vector<char>(static_cast<std::size_t>(state.range(0)) * 1024 * 1024, 'x');
+  std::vector<char> memory(static_cast<std::size_t>(state.range(0)) * 1024 * 1024, 'x');
+  return memory;
 }
 
 void detachedByRunner(benchmark::State& state) {
