@@ -70,13 +70,14 @@ class Control {
   virtual std::vector<Aspect> aspects() const = 0;
 
  private:
-  std::unique_ptr<Peer> peer_;
   Turn* turn_ = nullptr;
   Rect frame_;
   std::string accessibleName_;
   double rotation_ = 0;
   unsigned sizeRevision_ = 0;
   bool enabled_ = true;
+  // The last, so that it goes first: it may read the state above while it goes.
+  std::unique_ptr<Peer> peer_;
 };
 
 }  // namespace tarnwell::kit

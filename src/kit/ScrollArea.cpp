@@ -8,14 +8,16 @@
 namespace tarnwell::kit {
 
 void ScrollArea::setContentHeight(double height) {
-  if (std::exchange(contentHeight_, height) != height) {
-    offset_ = std::clamp(offset_, 0.0, std::max(0.0, contentHeight_ - bounds().height));
+  const bool changesHeight = std::exchange(contentHeight_, height) != height;
+  const double next = held(offset_);
+  const bool movesOffset = std::exchange(offset_, next) != next;
+  if (changesHeight || movesOffset) {
     changed(Aspect::value);
   }
 }
 
 void ScrollArea::scrollTo(double offset) {
-  const double next = std::clamp(offset, 0.0, std::max(0.0, contentHeight_ - bounds().height));
+  const double next = held(offset);
   if (std::exchange(offset_, next) != next) {
     changed(Aspect::value);
   }
@@ -33,6 +35,10 @@ std::unique_ptr<Peer> ScrollArea::makePeer(Host& host, Peer& parent) { return ho
 
 Measurement ScrollArea::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
   return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(contentHeight_)}};
+}
+
+double ScrollArea::held(double offset) const {
+  return std::clamp(offset, 0.0, std::max(0.0, contentHeight_ - bounds().height));
 }
 
 }  // namespace tarnwell::kit

@@ -7,7 +7,7 @@ namespace tarnwell::kit {
 /// A view onto content that may be taller than itself. Its peer is the parent of the content's peers.
 class ScrollArea final : public Control {
  public:
-  /// Points; the content is as wide as the area.
+  /// Points; the content is as wide as the area. Set after each new frame: the offset is held to what both allow.
   double contentHeight() const { return contentHeight_; }
   void setContentHeight(double height);
 
@@ -25,6 +25,8 @@ class ScrollArea final : public Control {
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:
+  double held(double offset) const;
+
   double contentHeight_ = 0;
   double offset_ = 0;
 };

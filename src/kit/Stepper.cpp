@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "kit/ControlMetrics.h"
 #include "kit/Host.h"
@@ -10,7 +9,10 @@
 namespace tarnwell::kit {
 
 void Stepper::setValue(double value) {
-  if (std::exchange(value_, value) != value) {
+  // Two values that are no numbers look alike.
+  const bool alike = value == value_ || (std::isnan(value) && std::isnan(value_));
+  value_ = value;
+  if (!alike) {
     changed(Aspect::value);
   }
 }

@@ -12,6 +12,9 @@ namespace {
 // A tree that is sound needs two or three steps; one whose change handlers chase each other never ends.
 constexpr int mostSteps = 100;
 
+// A host that lays out or shows a window may report events of its own, which settle once more.
+constexpr int mostRounds = 10;
+
 }  // namespace
 
 void Turn::join(Settler& settler) { settlers_.push_back(&settler); }
@@ -23,6 +26,8 @@ void Turn::perform(Action action) {
   action();
   if (depth_ == loopDepth_ + 1 && !settling_) {
     settle();
+  } else {
+    stirred_ = true;
   }
   --depth_;
   if (depth_ == 0) {
@@ -46,6 +51,19 @@ void Turn::nestedLoop(const Action& loop) {
 void Turn::bury(std::shared_ptr<void> removed) { graveyard_.push_back(std::move(removed)); }
 
 void Turn::settle() {
+  for (int round = 0; round < mostRounds; ++round) {
+    comeToRest();
+    stirred_ = false;
+    for (std::size_t i = 0; i < settlers_.size(); ++i) {
+      settlers_[i]->settled();
+    }
+    if (!stirred_) {
+      return;
+    }
+  }
+}
+
+void Turn::comeToRest() {
   settling_ = true;
   int steps = 0;
   while (takeStep()) {
@@ -55,9 +73,6 @@ void Turn::settle() {
     }
   }
   settling_ = false;
-  for (std::size_t i = 0; i < settlers_.size(); ++i) {
-    settlers_[i]->settled();
-  }
 }
 
 bool Turn::takeStep() {

@@ -43,6 +43,7 @@ class Turn {
 
  private:
   void settle();
+  void comeToRest();
   bool takeStep();
 
   std::vector<Settler*> settlers_;
@@ -50,6 +51,7 @@ class Turn {
   int depth_ = 0;
   int loopDepth_ = 0;
   bool settling_ = false;
+  bool stirred_ = false;
 };
 
 }  // namespace tarnwell::kit
