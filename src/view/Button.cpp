@@ -1,37 +1,41 @@
 #include "view/Button.h"
 
-#include "view/ControlNode.h"
-#include "view/ControlSummary.h"
+#include "view/ButtonStyle.h"
+#include "view/PassThroughNode.h"
+#include "view/PlainButton.h"
+#include "view/Text.h"
 
 namespace tarnwell::view {
 namespace {
 
-class ButtonNode final : public ControlNode {
- public:
-  using ControlNode::ControlNode;
+std::string titleOf(const Button& button) {
+  if (!button.label) {
+    return button.title;
+  }
+  const Text* text = button.label->valueIf<Text>();
+  return text != nullptr ? text->text : std::string();
+}
 
-  std::string summary() const override { return describe(controlAs<kit::Button>()); }
+class ButtonNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
 
  protected:
-  std::unique_ptr<kit::Control> makeControl() override {
-    auto button = std::make_unique<kit::Button>();
-    button->setAction(reacting(this, [](ButtonNode& node) {
-      // A copy: the action may replace the description that holds it.
-      if (const kit::Action action = node.valueAs<Button>().action) {
-        action();
-      }
-    }));
-    return button;
+  void apply() override {
+    const auto& button = valueAs<Button>();
+    if (const PrimitiveButtonStyle style = environment().get<ButtonStyleKey>()) {
+      const std::optional role = button.role == kit::Button::Role::none ? std::nullopt : std::optional(button.role);
+      const View label = button.label ? *button.label : View(Text{button.title});
+      updateChildren({style({.label = label, .role = role, .trigger = button.action})},
+                     environment().with<ButtonStyleKey>(nullptr));
+    } else {
+      updateChildren({PlainButton{.title = titleOf(button),
+                                  .role = button.role,
+                                  .isDefault = button.keyboardShortcut == KeyboardShortcut::defaultAction,
+                                  .action = button.action}},
+                     environment());
+    }
   }
-
-  void updateControl() override {
-    auto& button = controlAs<kit::Button>();
-    button.setTitle(valueAs<Button>().title);
-    button.setRole(valueAs<Button>().role);
-    button.setDefault(valueAs<Button>().keyboardShortcut == KeyboardShortcut::defaultAction);
-  }
-
-  std::string ownName() const override { return valueAs<Button>().title; }
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "kit/MenuItem.h"
 #include "kit/NumberFormat.h"
 #include "kit/OpenUrl.h"
 #include "kit/SystemVersion.h"
@@ -42,6 +43,11 @@ struct AccessibleNameKey {
 struct RotationKey {
   using Value = double;
   static Value initial() { return 0; }
+};
+
+struct KeyEquivalentKey {
+  using Value = kit::MenuItem::KeyEquivalent;
+  static Value initial() { return {}; }
 };
 
 /// Null outside an application; a view that shows a number needs one.

@@ -20,6 +20,7 @@ class FrameNode final : public PassThroughNode {
   std::string summary() const override {
     const Frame& frame = valueAs<FrameModifier>().frame;
     return "Frame" + (frame.width ? " width " + plainText(*frame.width) : "") +
+           (frame.height ? " height " + plainText(*frame.height) : "") +
            (frame.maxHeight ? " at most " + plainText(*frame.maxHeight) + " high" : "") + " " +
            alignmentName(frame.alignment);
   }
@@ -34,8 +35,8 @@ class FrameNode final : public PassThroughNode {
       // Proposed again, so that the content knows that it is cut and can scroll.
       inner = child().measure({.width = within(proposal).width, .height = frame.maxHeight});
     }
-    return {.size = {.width = frame.width.value_or(inner.size.width),
-                     .height = std::min(inner.size.height, frame.maxHeight.value_or(inner.size.height))},
+    const double height = std::min(inner.size.height, frame.maxHeight.value_or(inner.size.height));
+    return {.size = {.width = frame.width.value_or(inner.size.width), .height = frame.height.value_or(height)},
             .firstBaseline = inner.firstBaseline};
   }
 
@@ -53,6 +54,9 @@ class FrameNode final : public PassThroughNode {
     const Frame& frame = valueAs<FrameModifier>().frame;
     if (frame.width) {
       proposal.width = frame.width;
+    }
+    if (frame.height) {
+      proposal.height = frame.height;
     }
     if (frame.maxHeight && proposal.height) {
       proposal.height = std::min(*proposal.height, *frame.maxHeight);

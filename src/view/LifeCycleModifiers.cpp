@@ -57,7 +57,51 @@ std::shared_ptr<MountedNode> makeNode(const ChangeModifier& /*modifier*/, const 
   return std::make_shared<ChangeNode>(place);
 }
 
+struct ReceiveModifier {
+  View content;
+  std::function<kit::Subscription(kit::NotificationCenter::Handler)> subscribe;
+  kit::NotificationCenter::Handler handler;
+};
+
+class ReceiveNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override {
+    if (!subscribed_) {
+      subscribed_ = true;
+      subscription_ = valueAs<ReceiveModifier>().subscribe(receiving());
+    }
+    updateChildren({valueAs<ReceiveModifier>().content}, environment());
+  }
+
+  void willUnmount() override { subscription_.invalidate(); }
+
+ private:
+  kit::NotificationCenter::Handler receiving() {
+    return [weak = weak_from_this()](const kit::Notification& notification) {
+      if (const auto node = std::static_pointer_cast<ReceiveNode>(weak.lock())) {
+        const auto handler = node->valueAs<ReceiveModifier>().handler;
+        node->tree().turn().perform([&] { handler(notification); });
+      }
+    };
+  }
+
+  kit::Subscription subscription_;
+  bool subscribed_ = false;
+};
+
+std::shared_ptr<MountedNode> makeNode(const ReceiveModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<ReceiveNode>(place);
+}
+
 }  // namespace
+
+View View::onReceive(std::function<kit::Subscription(kit::NotificationCenter::Handler)> subscribe,
+                     kit::NotificationCenter::Handler handler) const {
+  return ReceiveModifier{.content = *this, .subscribe = std::move(subscribe), .handler = std::move(handler)};
+}
 
 View View::onAppear(kit::Action action) const { return AppearModifier{.content = *this, .action = std::move(action)}; }
 

@@ -11,6 +11,7 @@
 
 namespace tarnwell::kit {
 class Control;
+class MenuItem;
 class Peer;
 }  // namespace tarnwell::kit
 
@@ -46,6 +47,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
 
   /// Its control; null unless it has one.
   virtual kit::Control* control() const { return nullptr; }
+  /// Its entry in a menu; null unless it is one.
+  virtual std::shared_ptr<kit::MenuItem> menuItem() const { return nullptr; }
   /// The parent of the peers below.
   virtual kit::Peer& peerForChildren() const;
 

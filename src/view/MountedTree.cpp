@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "kit/Menu.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {
@@ -30,9 +31,11 @@ std::vector<std::shared_ptr<MountedNode>> ancestorsFirst(const std::vector<std::
 }  // namespace
 
 MountedTree::MountedTree(kit::Turn& turn, kit::Host& host, kit::Peer& rootPeer)
-    : turn_(turn), host_(host), rootPeer_(rootPeer) {
+    : turn_(turn), host_(&host), rootPeer_(&rootPeer) {
   turn_.join(*this);
 }
+
+MountedTree::MountedTree(kit::Turn& turn, kit::Menu& menu) : turn_(turn), menu_(&menu) { turn_.join(*this); }
 
 MountedTree::~MountedTree() {
   turn_.leave(*this);
@@ -78,7 +81,20 @@ bool MountedTree::settleStep() {
   return !dirty.empty() || !handlers.empty();
 }
 
+void MountedTree::fillMenu() {
+  std::vector<std::shared_ptr<kit::MenuItem>> items;
+  walk(*root_, [&items](const MountedNode& node) {
+    if (auto item = node.menuItem()) {
+      items.push_back(std::move(item));
+    }
+  });
+  menu_->setItems(std::move(items));
+}
+
 void MountedTree::settled() {
+  if (menu_ != nullptr && root_) {
+    fillMenu();
+  }
   if (std::exchange(needsLayout_, false) && layoutAction_) {
     layoutAction_();
   }

@@ -12,6 +12,7 @@
 namespace tarnwell::kit {
 class Control;
 class Host;
+class Menu;
 class Peer;
 }  // namespace tarnwell::kit
 
@@ -19,12 +20,14 @@ namespace tarnwell::view {
 
 class MountedNode;
 
-/// One view and everything below it, mounted in a window. Whatever changes it runs through the turn, and when the
-/// outermost event ends the tree is brought in line again until nothing changes any more.
+/// One view and everything below it, mounted in a window or a menu. Whatever changes it runs through the turn, and when
+/// the outermost event ends the tree is brought in line again until nothing changes any more.
 class MountedTree final : public kit::Settler {
  public:
   /// Turn, host and peer are borrowed and outlive the tree.
   MountedTree(kit::Turn& turn, kit::Host& host, kit::Peer& rootPeer);
+  /// The entries of a menu instead of controls in a window; borrowed as well.
+  MountedTree(kit::Turn& turn, kit::Menu& menu);
   MountedTree(const MountedTree&) = delete;
   MountedTree& operator=(const MountedTree&) = delete;
   ~MountedTree() override;
@@ -38,8 +41,10 @@ class MountedTree final : public kit::Settler {
 
   MountedNode& root() const { return *root_; }
   kit::Turn& turn() const { return turn_; }
-  kit::Host& host() const { return host_; }
-  kit::Peer& rootPeer() const { return rootPeer_; }
+  bool isMenu() const { return menu_ != nullptr; }
+  /// Only in a window.
+  kit::Host& host() const { return *host_; }
+  kit::Peer& rootPeer() const { return *rootPeer_; }
 
   /// Every control in the order of the tree.
   std::vector<kit::Control*> controls() const;
@@ -58,9 +63,12 @@ class MountedTree final : public kit::Settler {
   void settled() override;
 
  private:
+  void fillMenu();
+
   kit::Turn& turn_;
-  kit::Host& host_;
-  kit::Peer& rootPeer_;
+  kit::Host* host_ = nullptr;
+  kit::Peer* rootPeer_ = nullptr;
+  kit::Menu* menu_ = nullptr;
   std::shared_ptr<MountedNode> root_;
   std::vector<std::weak_ptr<MountedNode>> dirty_;
   std::vector<kit::Action> handlers_;

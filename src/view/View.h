@@ -7,6 +7,8 @@
 #include <string>
 
 #include "kit/Action.h"
+#include "kit/MenuItem.h"
+#include "kit/NotificationCenter.h"
 #include "kit/TextStyle.h"
 #include "view/Description.h"
 #include "view/EnvironmentKeys.h"
@@ -15,9 +17,10 @@
 
 namespace tarnwell::view {
 
-/// A fixed width, a greatest height (points), and where the content stands in what it does not fill.
+/// A fixed width, a fixed height, a greatest height (points), and where the content stands in what it does not fill.
 struct Frame {
   std::optional<double> width = std::nullopt;
+  std::optional<double> height = std::nullopt;
   std::optional<double> maxHeight = std::nullopt;
   kit::TextAlignment alignment = kit::TextAlignment::center;
 };
@@ -34,11 +37,21 @@ class View {
 
   const Description& description() const { return *description_; }
 
+  /// The value of a view of kind `V`; null for any other kind.
+  template <class V>
+  const V* valueIf() const {
+    const auto* found = dynamic_cast<const ValueDescription<V>*>(description_.get());
+    return found != nullptr ? &found->value() : nullptr;
+  }
+
   View frame(Frame frame) const;
   /// The ideal size, whatever the parent offers.
   View fixedSize() const;
   /// Turns the picture of each control below about its centre; layout does not see it.
   View rotation(double radians) const;
+
+  /// Stands behind, in the middle, and takes no part in the size.
+  View background(View background) const;
 
   /// Runs at every showing: when the window opens, and when the view is put into one that is open.
   View onAppear(kit::Action action) const;
@@ -53,6 +66,11 @@ class View {
         },
         [action = std::move(action)](const std::any& changed) { action(std::any_cast<const T&>(changed)); });
   }
+
+  /// Calls `subscribe` when the view is mounted and ends the subscription when it goes. What it hands over is called
+  /// within a turn, and reaches the handler of the newest description.
+  View onReceive(std::function<kit::Subscription(kit::NotificationCenter::Handler)> subscribe,
+                 kit::NotificationCenter::Handler handler) const;
 
   template <EnvironmentKey K>
   View environment(typename K::Value value) const {
@@ -69,6 +87,10 @@ class View {
   View foregroundStyle(kit::ColorRole color) const { return environment<ForegroundKey>(color); }
   View labelStyle(LabelStyle style) const { return environment<LabelStyleKey>(style); }
   View accessibilityLabel(std::string name) const { return environment<AccessibleNameKey>(std::move(name)); }
+  /// For the entries of a menu.
+  View keyboardShortcut(kit::MenuItem::KeyEquivalent equivalent) const {
+    return environment<KeyEquivalentKey>(std::move(equivalent));
+  }
   /// What is disabled stays disabled whatever stands below.
   View disabled(bool disabled) const;
 
