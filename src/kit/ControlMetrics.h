@@ -22,6 +22,8 @@ inline constexpr double buttonHeight = 24;
 inline constexpr double buttonInset = 14;
 inline constexpr double buttonLeastWidth = 64;
 inline constexpr double helpButtonSide = 22;
+inline constexpr Size tab = {.width = 72, .height = 48};
+inline constexpr double tabBarInset = 6;
 inline constexpr double popUpInset = 10;
 inline constexpr double popUpSymbolSide = 16;
 inline constexpr double popUpGap = 6;

@@ -16,6 +16,7 @@ class ScrollArea;
 class Slider;
 class Stepper;
 class SymbolView;
+class TabBar;
 class TextField;
 class TextLabel;
 class Toggle;
@@ -33,6 +34,7 @@ class Host : public TextMeasurer {
   virtual std::unique_ptr<Peer> peer(Slider& slider, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Stepper& stepper, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(SymbolView& symbol, Peer& parent) = 0;
+  virtual std::unique_ptr<Peer> peer(TabBar& bar, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(TextField& field, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(TextLabel& label, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Toggle& toggle, Peer& parent) = 0;

@@ -35,14 +35,7 @@ Picker makePicker(std::string title, Binding<T> selection, const std::vector<Tag
     picker.items.push_back(entry.item);
     tags.push_back(entry.tag);
   }
-  picker.selectedIndex.get = [tags, selection] {
-    for (std::size_t i = 0; i < tags.size(); ++i) {
-      if (same(tags[i], selection.get())) {
-        return static_cast<int>(i);
-      }
-    }
-    return -1;
-  };
+  picker.selectedIndex.get = [tags, selection] { return indexOf(tags, selection.get()); };
   picker.selectedIndex.set = [tags, selection](int index) { selection.set(tags.at(static_cast<std::size_t>(index))); };
   return picker;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <vector>
 
 namespace tarnwell::view {
 
@@ -13,6 +14,17 @@ bool same(const T& a, const T& b) {
   } else {
     return false;
   }
+}
+
+/// The first position of `value`, -1 where it is none of them.
+template <class T>
+int indexOf(const std::vector<T>& values, const T& value) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (same(values[i], value)) {
+      return static_cast<int>(i);
+    }
+  }
+  return -1;
 }
 
 }  // namespace tarnwell::view

@@ -12,6 +12,7 @@
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
 #include "kit/SymbolView.h"
+#include "kit/TabBar.h"
 #include "kit/TextField.h"
 #include "kit/TextLabel.h"
 #include "kit/Toggle.h"
@@ -82,6 +83,10 @@ std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Stepper& stepper, kit::Peer& 
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::SymbolView& symbol, kit::Peer& /*parent*/) {
   return journalPeer(journal_, symbol, "symbol");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TabBar& bar, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, bar, "tabs");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextField& field, kit::Peer& /*parent*/) {

@@ -1,15 +1,20 @@
 #include "host/qt/Palette.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace tarnwell::host::qt {
 namespace {
 
 constexpr int ringAlpha = 140;
-// White on a colour that is lighter than this cannot be read; black can.
-constexpr double lightAccent = 0.4;
+// What a control needs to stand out from its ground.
+constexpr double leastContrast = 3;
 
-// Relative luminance as the contrast rules for texts define it, without their gamma: close enough to choose by.
+double linear(double channel) {
+  return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
 double luminance(const QColor& color) {
-  const auto linear = [](double channel) { return channel * channel; };
   return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
@@ -31,6 +36,7 @@ Palette Palette::light() {
           .secondaryText = QColor(0x66666c),
           .accent = QColor(0x1268e3),
           .accentText = QColor(0xffffff),
+          .accentOnWindow = QColor(0x0f5bc8),
           .destructive = QColor(0xc81e1e),
           .controlFace = QColor(0xffffff),
           .controlFacePressed = QColor(0xe4e4e9),
@@ -42,7 +48,8 @@ Palette Palette::light() {
           .knobBorder = QColor(0, 0, 0, 46),
           .shadow = QColor(0, 0, 0, 40),
           .focusRing = QColor(0x12, 0x68, 0xe3, ringAlpha),
-          .menuFace = QColor(0xf8f8fa)};
+          .menuFace = QColor(0xf8f8fa),
+          .chosenTab = QColor(0, 0, 0, 18)};
 }
 
 Palette Palette::dark() {
@@ -53,6 +60,7 @@ Palette Palette::dark() {
           .secondaryText = QColor(0xa5a5ad),
           .accent = QColor(0x2a74e8),
           .accentText = QColor(0xffffff),
+          .accentOnWindow = QColor(0x6aa6ff),
           .destructive = QColor(0xff7a70),
           .controlFace = QColor(0x47474d),
           .controlFacePressed = QColor(0x5a5a61),
@@ -64,7 +72,8 @@ Palette Palette::dark() {
           .knobBorder = QColor(0, 0, 0, 90),
           .shadow = QColor(0, 0, 0, 90),
           .focusRing = QColor(0x4d, 0x92, 0xff, ringAlpha),
-          .menuFace = QColor(0x2c2c30)};
+          .menuFace = QColor(0x2c2c30),
+          .chosenTab = QColor(255, 255, 255, 24)};
 }
 
 Palette Palette::of(ColorScheme scheme) { return scheme == ColorScheme::dark ? dark() : light(); }
@@ -72,7 +81,8 @@ Palette Palette::of(ColorScheme scheme) { return scheme == ColorScheme::dark ? d
 Palette Palette::withAccent(const QColor& color) const {
   Palette changed = *this;
   changed.accent = color;
-  changed.accentText = luminance(color) > lightAccent ? QColor(Qt::black) : QColor(Qt::white);
+  changed.accentText = contrast(Qt::white, color) >= leastContrast ? QColor(Qt::white) : QColor(Qt::black);
+  changed.accentOnWindow = contrast(color, window) >= leastContrast ? color : primaryText;
   changed.focusRing = color;
   changed.focusRing.setAlpha(ringAlpha);
   return changed;
@@ -91,6 +101,11 @@ QPalette Palette::toolkitPalette() const {
   }
   setColors(palette, QPalette::Disabled, *this, secondaryText);
   return palette;
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+  return (lighter + 0.05) / (darker + 0.05);
 }
 
 ColorScheme schemeOf(const QPalette& palette) {

@@ -15,8 +15,9 @@ struct Palette {
   QColor primaryText = {};
   QColor secondaryText = {};
   QColor accent = {};
-  QColor accentText = {};   ///< On the accent colour.
-  QColor destructive = {};  ///< The text of a button that cannot be taken back.
+  QColor accentText = {};      ///< On the accent colour.
+  QColor accentOnWindow = {};  ///< The accent as a text on the window.
+  QColor destructive = {};     ///< The text of a button that cannot be taken back.
   QColor controlFace = {};
   QColor controlFacePressed = {};
   QColor controlBorder = {};
@@ -28,17 +29,21 @@ struct Palette {
   QColor shadow = {};
   QColor focusRing = {};
   QColor menuFace = {};
+  QColor chosenTab = {};
 
   static Palette light();
   static Palette dark();
   static Palette of(ColorScheme scheme);
 
-  /// The same with the user's accent colour.
+  /// The same with the user's accent colour, and a text on it that can be read.
   Palette withAccent(const QColor& color) const;
 
   /// For what the toolkit paints itself: menus, tool tips, the selection in a text field.
   QPalette toolkitPalette() const;
 };
+
+/// How far two colours stand apart, from 1 to 21, as the accessibility rules for texts count it.
+double contrast(const QColor& one, const QColor& other);
 
 /// What the desktop's own colours look like: text that is lighter than its ground is a dark desktop.
 ColorScheme schemeOf(const QPalette& palette);

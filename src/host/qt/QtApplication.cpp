@@ -56,7 +56,9 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 }
 
 void QtApplication::openUrl(const std::string& address) {
-  QProcess::startDetached(QStringLiteral("xdg-open"), {toQString(address)});
+  if (!QProcess::startDetached(QStringLiteral("xdg-open"), {toQString(address)})) {
+    diagnostics::printErrorLine("tarnwell: xdg-open could not be started to open " + address);
+  }
 }
 
 int QtApplication::run() { return QApplication::exec(); }

@@ -12,6 +12,7 @@
 #include "host/qt/SliderPeer.h"
 #include "host/qt/StepperPeer.h"
 #include "host/qt/SymbolViewPeer.h"
+#include "host/qt/TabBarPeer.h"
 #include "host/qt/TextFieldPeer.h"
 #include "host/qt/TextLabelPeer.h"
 #include "host/qt/TogglePeer.h"
@@ -55,6 +56,10 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::Stepper& stepper, kit::Peer& parent
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::SymbolView& symbol, kit::Peer& parent) {
   return std::make_unique<SymbolViewPeer>(symbol, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::TabBar& bar, kit::Peer& parent) {
+  return std::make_unique<TabBarPeer>(bar, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TextField& field, kit::Peer& parent) {

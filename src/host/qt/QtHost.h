@@ -22,6 +22,7 @@ class QtHost final : public kit::Host {
   std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Stepper& stepper, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::SymbolView& symbol, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::TabBar& bar, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::TextField& field, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::TextLabel& label, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Toggle& toggle, kit::Peer& parent) override;

@@ -1,0 +1,110 @@
+#include "host/qt/TabBarPeer.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "host/qt/ControlWidget.h"
+#include "host/qt/Conversions.h"
+#include "host/qt/Drawing.h"
+#include "host/qt/Theme.h"
+#include "host/qt/WrappedText.h"
+#include "kit/TabBar.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr double radius = 7;
+constexpr double symbolSide = 22;
+constexpr double symbolTop = 5;
+constexpr double titleTop = 29;
+constexpr double tabGap = 2;
+
+class TabBarWidget final : public ControlWidget {
+ public:
+  TabBarWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent) : ControlWidget(bar, theme, parent), bar_(bar) {}
+
+  QRectF focusShape() const override { return shapeOf(std::max(0, bar_.selectedIndex())); }
+  double cornerRadius() const override { return radius; }
+
+ protected:
+  void draw(QPainter& painter) override {
+    for (int i = 0; i < count(); ++i) {
+      drawTab(painter, i);
+    }
+    QRectF edge = bounds();
+    edge.setTop(edge.bottom() - hairlineWidth(painter));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(onDevicePixels(painter, edge), theme().palette().hairline);
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    for (int i = 0; i < count(); ++i) {
+      if (event->button() == Qt::LeftButton && shapeOf(i).contains(event->position())) {
+        bar_.choose(i);
+        return;
+      }
+    }
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Left:
+        chooseNear(bar_.selectedIndex() - 1);
+        break;
+      case Qt::Key_Right:
+        chooseNear(bar_.selectedIndex() + 1);
+        break;
+      case Qt::Key_Home:
+        chooseNear(0);
+        break;
+      case Qt::Key_End:
+        chooseNear(count() - 1);
+        break;
+      default:
+        event->ignore();
+        break;
+    }
+  }
+
+ private:
+  int count() const { return static_cast<int>(bar_.tabs().size()); }
+
+  QRectF shapeOf(int index) const { return toQRectF(bar_.rectOfTab(index)).adjusted(tabGap, 0, -tabGap, 0); }
+
+  void chooseNear(int index) {
+    if (count() > 0) {
+      bar_.choose(std::clamp(index, 0, count() - 1));
+    }
+  }
+
+  void drawTab(QPainter& painter, int index) {
+    const kit::TabBar::Tab& tab = bar_.tabs().at(static_cast<std::size_t>(index));
+    const Palette& palette = theme().palette();
+    const QRectF shape = shapeOf(index);
+    const bool chosen = index == bar_.selectedIndex();
+    if (chosen) {
+      painter.setPen(Qt::NoPen);
+      painter.setBrush(palette.chosenTab);
+      painter.drawRoundedRect(shape, radius, radius);
+    }
+    const QColor color = chosen ? palette.accentOnWindow : palette.secondaryText;
+    const QRectF symbol(std::round(shape.center().x() - symbolSide / 2), shape.top() + symbolTop, symbolSide,
+                        symbolSide);
+    theme().symbols().draw(painter, tab.symbol, symbol, color);
+    const WrappedText title(tab.title, theme().font(kit::FontRole::subheadline), std::nullopt);
+    painter.setPen(color);
+    title.draw(painter, {std::round(shape.center().x() - title.size().width() / 2), shape.top() + titleTop});
+  }
+
+  kit::TabBar& bar_;
+};
+
+}  // namespace
+
+TabBarPeer::TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent)
+    : WidgetPeer(bar, new TabBarWidget(bar, theme, parent)) {}
+
+}  // namespace tarnwell::host::qt

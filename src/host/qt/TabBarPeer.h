@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class TabBar;
+}
+
+namespace tarnwell::host::qt {
+
+class Theme;
+
+class TabBarPeer final : public WidgetPeer {
+ public:
+  TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host::qt

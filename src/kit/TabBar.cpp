@@ -1,0 +1,54 @@
+#include "kit/TabBar.h"
+
+#include <utility>
+
+#include "diagnostics/Fault.h"
+#include "kit/ControlMetrics.h"
+#include "kit/Host.h"
+
+namespace tarnwell::kit {
+
+void TabBar::setTabs(std::vector<Tab> tabs) {
+  if (tabs != tabs_) {
+    tabs_ = std::move(tabs);
+    changed(Aspect::title);
+  }
+}
+
+void TabBar::setSelectedIndex(int index) {
+  if (index < -1 || index >= static_cast<int>(tabs_.size())) {
+    diagnostics::fault("a tab bar was told to select a tab that it does not have");
+  }
+  if (std::exchange(selected_, index) != index) {
+    changed(Aspect::value);
+  }
+}
+
+void TabBar::choose(int index) {
+  if (!isEnabled() || index == selected_) {
+    return;
+  }
+  setSelectedIndex(index);
+  send([action = action_, index] {
+    if (action) {
+      action(index);
+    }
+  });
+}
+
+Rect TabBar::rectOfTab(int index) const {
+  const double all = metrics::tab.width * static_cast<double>(tabs_.size());
+  return {.x = (bounds().width - all) / 2 + metrics::tab.width * index,
+          .y = metrics::tabBarInset,
+          .width = metrics::tab.width,
+          .height = metrics::tab.height};
+}
+
+std::unique_ptr<Peer> TabBar::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement TabBar::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
+  const double all = metrics::tab.width * static_cast<double>(tabs_.size());
+  return {.size = {.width = proposal.width.value_or(all), .height = metrics::tab.height + 2 * metrics::tabBarInset}};
+}
+
+}  // namespace tarnwell::kit
