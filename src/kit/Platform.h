@@ -45,6 +45,9 @@ class Platform {
   /// Shows the main menu from now on. The menu outlives the platform's interest in it.
   virtual void showMainMenu(Menu& menu) = 0;
 
+  /// Whether the system can hide an application and bring it back.
+  virtual bool hidesApplications() const { return false; }
+
   virtual bool hasStatusButtons() const { return true; }
   virtual std::unique_ptr<StatusItemPeer> peer(StatusItem& item) = 0;
 
