@@ -15,4 +15,8 @@ std::string pageAddress(std::string_view host, std::string_view path) {
 
 std::string helpPage() { return pageAddress(TARNWELL_WEB_HOST, "/help"); }
 
+std::string feedbackPage() { return pageAddress(TARNWELL_WEB_HOST, "/feedback"); }
+
+std::string donationPage() { return pageAddress(TARNWELL_WEB_HOST, "/donate"); }
+
 }  // namespace tarnwell::core

@@ -9,7 +9,10 @@ namespace tarnwell::core {
 /// port's colon gives no address, which is a fault.
 std::string pageAddress(std::string_view host, std::string_view path);
 
-/// The help page on the product's web site.
+// Pages on the product's web site.
+
 std::string helpPage();
+std::string feedbackPage();
+std::string donationPage();
 
 }  // namespace tarnwell::core

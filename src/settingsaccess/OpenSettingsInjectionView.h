@@ -1,0 +1,24 @@
+#pragma once
+
+#include <tuple>
+
+#include "settingsaccess/OpenSettingsKey.h"
+#include "view/Composite.h"
+#include "view/Environment.h"
+
+namespace tarnwell::settingsaccess {
+
+/// Stands around the root content of a scene and connects `openSettingsLegacy` to the platform: from system 14 on by an
+/// invisible settings link behind the content.
+struct OpenSettingsInjectionView {
+  view::Environment<OpenSettingsKey> openSettingsLegacy = {};
+  view::View content;
+
+  auto stored() { return std::tie(openSettingsLegacy); }
+  view::View body() const;
+};
+
+/// The same as a modifier.
+view::View openSettingsAccess(const view::View& content);
+
+}  // namespace tarnwell::settingsaccess

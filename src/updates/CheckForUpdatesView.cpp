@@ -1,0 +1,16 @@
+#include "updates/CheckForUpdatesView.h"
+
+#include "view/Button.h"
+
+namespace tarnwell::updates {
+
+CheckForUpdatesView::CheckForUpdatesView(kit::Updater& theUpdater)
+    : checkForUpdatesViewModel(std::make_shared<CheckForUpdatesViewModel>(theUpdater)), updater(&theUpdater) {}
+
+view::View CheckForUpdatesView::body() const {
+  return view::View(
+             view::Button{.title = "Check for Updates…", .action = [updater = updater] { updater->checkForUpdates(); }})
+      .disabled(!checkForUpdatesViewModel->canCheckForUpdates());
+}
+
+}  // namespace tarnwell::updates

@@ -1,0 +1,52 @@
+#include "updates/GeneralView.h"
+
+#include "launchatlogin/Toggle.h"
+#include "updates/CheckForUpdatesView.h"
+#include "view/Form.h"
+#include "view/LabeledRow.h"
+#include "view/Section.h"
+#include "view/Text.h"
+#include "view/Toggle.h"
+
+namespace tarnwell::updates {
+namespace {
+
+using view::View;
+
+View switchRow(const std::string& title, view::Binding<bool> isOn) {
+  return view::LabeledRow{
+      .label = view::Text{title}, .title = title, .control = view::Toggle{.title = title, .isOn = std::move(isOn)}};
+}
+
+kit::Updater& updaterOf(const std::shared_ptr<UpdaterEnv>& environment) {
+  return environment->updaterController().updater();
+}
+
+}  // namespace
+
+View GeneralView::body() const {
+  const View form = view::Form{.sections = {view::Section{.rows = {launchatlogin::Toggle()}},
+                                            view::Section{.rows = {checkSwitch(), downloadSwitch()},
+                                                          .footer = CheckForUpdatesView(updaterOf(updaterEnv.get()))}}};
+  return form.onAppear([updaterEnv = updaterEnv.get(), checks = checkForUpdatesAuto.binding(),
+                        downloads = autoDownloadUpdates.binding()] {
+    checks.set(updaterOf(updaterEnv).automaticallyChecksForUpdates());
+    downloads.set(updaterOf(updaterEnv).automaticallyDownloadsUpdates());
+  });
+}
+
+View GeneralView::checkSwitch() const {
+  return switchRow("Check for updates automatically", checkForUpdatesAuto.binding())
+      .onChange<bool>(checkForUpdatesAuto.get(), [updaterEnv = updaterEnv.get()](const bool& checks) {
+        updaterOf(updaterEnv).setAutomaticallyChecksForUpdates(checks);
+      });
+}
+
+View GeneralView::downloadSwitch() const {
+  return switchRow("Download updates automatically", autoDownloadUpdates.binding())
+      .onChange<bool>(autoDownloadUpdates.get(), [updaterEnv = updaterEnv.get()](const bool& downloads) {
+        updaterOf(updaterEnv).setAutomaticallyDownloadsUpdates(downloads);
+      });
+}
+
+}  // namespace tarnwell::updates

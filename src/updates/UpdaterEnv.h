@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include "kit/Updater.h"
+#include "view/ObservableObject.h"
+
+namespace tarnwell::updates {
+
+/// The one holder of the updater controller, handed to every view that needs the updater.
+class UpdaterEnv final : public view::ObservableObject {
+ public:
+  static constexpr const char* typeName = "UpdaterEnv";
+
+  /// Makes the controller and so starts the updater. Needs the shared application.
+  UpdaterEnv();
+  ~UpdaterEnv() override;
+
+  kit::UpdaterController& updaterController() const { return *updaterController_; }
+
+ private:
+  std::unique_ptr<kit::UpdaterController> updaterController_;
+};
+
+}  // namespace tarnwell::updates
