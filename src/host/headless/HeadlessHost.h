@@ -7,7 +7,7 @@ namespace tarnwell::host_headless {
 
 /// A platform in memory: its peers show nothing and note in a journal what they were told. Every character of a font
 /// is equally wide, so that geometry can be asserted.
-class HeadlessHost final : public kit::Host {
+class HeadlessHost : public kit::Host {
  public:
   Journal& journal() { return journal_; }
 
