@@ -1,0 +1,90 @@
+# What the scripts need from the system, by purpose. Sourced, not run.
+#
+#   prepare build run     installs what is missing for building and running
+#
+# shellcheck shell=sh
+
+packages_for() {
+  case $1 in
+    build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev ;;
+    run)
+      echo zsh psmisc xdg-utils
+      # The toolkit speaks to a Wayland desktop through a plug-in of its own.
+      [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
+      ;;
+    # The sources of locales are there for a test that makes a locale with a decimal comma.
+    test) echo libgtest-dev libgmock-dev locales clang-format-14 clang-tidy-14 shellcheck ;;
+    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon python3-dbus python3-gi ;;
+  esac
+}
+
+# The programs among them, for systems where we cannot ask for packages. Libraries are found missing by CMake.
+commands_for() {
+  case $1 in
+    build) echo c++ cmake ninja pkg-config ;;
+    run) echo zsh killall ;;
+    test) echo clang-format-14 run-clang-tidy-14 shellcheck ;;
+    tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 ;;
+  esac
+}
+
+for_each() {
+  of=$1
+  shift
+  for purpose; do "$of" "$purpose"; done | tr ' ' '\n'
+}
+
+missing_packages() {
+  # shellcheck disable=SC2046 # one argument for each package
+  installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' $(for_each packages_for "$@") 2>/dev/null |
+    sed -n 's/ installed$//p')
+  for_each packages_for "$@" | while read -r package; do
+    printf '%s\n' "$installed" | grep -qxF "$package" || printf '%s ' "$package"
+  done
+}
+
+missing_commands() {
+  for_each commands_for "$@" | while read -r command; do
+    command -v "$command" >/dev/null || printf '%s ' "$command"
+  done
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    echo "Neither root nor sudo: cannot run: $*" >&2
+    return 1
+  fi
+}
+
+apt() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=300 "$@"
+}
+
+install_packages() {
+  echo "Installing: $*"
+  # A list of packages that cannot be renewed may still do.
+  apt update || true
+  apt install --no-install-recommends "$@"
+}
+
+prepare() {
+  if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then
+    missing=$(missing_packages "$@")
+    [ -n "$missing" ] || return 0
+    # shellcheck disable=SC2086 # one argument for each package
+    install_packages $missing && return 0
+    echo "Could not install: $missing" >&2
+  else
+    echo "This system has no apt-get. Tarnwell needs what Debian 12 has in these packages:" >&2
+    for_each packages_for "$@" | tr '\n' ' ' | sed 's/^/  /;s/ $//' >&2
+    echo >&2
+  fi
+  missing=$(missing_commands "$@")
+  [ -n "$missing" ] || { echo "The programs among them are here; going on." >&2 && return 0; }
+  echo "These programs are missing: $missing" >&2
+  return 1
+}
