@@ -17,6 +17,11 @@ constexpr FourCharCode fourCharCode(std::string_view code) {
   return value;
 }
 
+/// The event of a start, the parameter that says what for, and its value at login.
+inline constexpr FourCharCode openApplicationEvent = fourCharCode("oapp");
+inline constexpr FourCharCode propertyDataKeyword = fourCharCode("prdt");
+inline constexpr FourCharCode launchedAsLoginItem = fourCharCode("lgit");
+
 /// The message with which the system started or called the application.
 struct AppleEvent {
   FourCharCode eventID = 0;

@@ -47,8 +47,12 @@ void Application::removeWindow(Window& window) {
   windowObservers_.tell(*this);
 }
 
-Subscription Application::observeWindows(std::function<void(Application&)> changed) {
-  return windowObservers_.add(std::move(changed));
+Subscription Application::observeWindows(const std::function<void(Application&)>& changed, Observation observation) {
+  Subscription subscription = windowObservers_.add(changed);
+  if (observation == Observation::initialToo) {
+    changed(*this);
+  }
+  return subscription;
 }
 
 std::optional<Event> Application::makeEvent(Event event) const {
@@ -89,11 +93,23 @@ void Application::runTurn() {
 }
 
 bool Application::performKeyEquivalent(const KeyEvent& event) {
-  if (const auto item = mainMenu_.itemMatching(event, [this](const MenuItem& found) { return canChoose(found); })) {
-    choose(item);
-    return true;
+  for (const Menu* menu : {openMenu_, &mainMenu_}) {
+    if (menu == nullptr) {
+      continue;
+    }
+    if (const auto item = menu->itemMatching(event, [this](const MenuItem& found) { return canChoose(found); })) {
+      choose(item);
+      return true;
+    }
   }
   return keyWindow_ != nullptr && keyWindow_->keyDown(event);
+}
+
+void Application::trackMenu(Menu& menu, const Action& show) {
+  menu.willOpen();
+  Menu* outer = std::exchange(openMenu_, &menu);
+  turn_.nestedLoop(show);
+  openMenu_ = outer;
 }
 
 bool Application::sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender) {
@@ -129,13 +145,14 @@ void Application::choose(const std::shared_ptr<MenuItem>& item) {
   });
 }
 
+void Application::finishLaunching() {
+  turn_.perform([this] { tellDelegate("applicationDidFinishLaunching:", this); });
+}
+
 void Application::activateIgnoringOtherApps(bool /*flag*/) { platform_.activate(); }
 
 void Application::terminate(Object* sender) {
-  const Selector willTerminate = "applicationWillTerminate:";
-  if (const auto target = delegate(); target && target->respondsToSelector(willTerminate)) {
-    target->perform(willTerminate, sender);
-  }
+  tellDelegate("applicationWillTerminate:", sender);
   platform_.terminate();
 }
 
@@ -163,6 +180,12 @@ Object* Application::responderFor(const Selector& action) const {
     }
   }
   return nullptr;
+}
+
+void Application::tellDelegate(const Selector& selector, Object* sender) {
+  if (const auto target = delegate(); target && target->respondsToSelector(selector)) {
+    target->perform(selector, sender);
+  }
 }
 
 }  // namespace tarnwell::kit

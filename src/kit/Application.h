@@ -58,8 +58,11 @@ class Application final : public Object {
   const std::vector<Window*>& windows() const { return windows_; }
   void addWindow(Window& window);
   void removeWindow(Window& window);
-  /// Hears of each change of the list. The handler is not called now.
-  [[nodiscard]] Subscription observeWindows(std::function<void(Application&)> changed);
+  enum class Observation { ofChanges, initialToo };
+
+  /// Hears of each change of the list and, with `initialToo`, of the list as it is now, before this returns.
+  [[nodiscard]] Subscription observeWindows(const std::function<void(Application&)>& changed,
+                                            Observation observation = Observation::ofChanges);
 
   /// The one that keys go to: the last that came to the front. Null without windows.
   Window* keyWindow() const { return keyWindow_; }
@@ -81,8 +84,13 @@ class Application final : public Object {
   void runTurn();
   bool hasWork() const { return !events_.empty() || !mainQueue_.isEmpty(); }
 
-  /// Where keys that no focused control wants are matched: the main menu in order, then the key window.
+  /// Where keys that no focused control wants are matched: the menu that is open, the main menu, each in order, then
+  /// the key window.
   bool performKeyEquivalent(const KeyEvent& event);
+
+  /// A menu that is not the main one opens: its entries are made, then `show` runs as a nested loop, which ends when
+  /// the menu has closed.
+  void trackMenu(Menu& menu, const Action& show);
 
   // Actions.
 
@@ -94,6 +102,8 @@ class Application final : public Object {
   bool canChoose(const MenuItem& item) const;
   void choose(const std::shared_ptr<MenuItem>& item);
 
+  /// Tells the delegate that the application runs. A host calls it once, before its event loop.
+  void finishLaunching();
   void activateIgnoringOtherApps(bool flag);
   /// Tells the delegate, then ends the event loop.
   void terminate(Object* sender);
@@ -106,6 +116,7 @@ class Application final : public Object {
   explicit Application(Platform& platform);
 
   Object* responderFor(const Selector& action) const;
+  void tellDelegate(const Selector& selector, Object* sender);
 
   Platform& platform_;
   Turn turn_;
@@ -118,6 +129,7 @@ class Application final : public Object {
   std::deque<Event> events_;
   const Event* currentEvent_ = nullptr;
   Window* keyWindow_ = nullptr;
+  Menu* openMenu_ = nullptr;
   std::map<std::type_index, std::any> singles_;
 };
 

@@ -36,8 +36,7 @@ void StatusItem::click(Event::Type type) {
     return;
   }
   if (const auto menu = menu_) {
-    menu->willOpen();
-    application_.turn().nestedLoop([this, menu] { peer_->popUp(*menu); });
+    application_.trackMenu(*menu, [this, menu] { peer_->popUp(*menu); });
   } else if ((button_->mask() & maskOf(type)) != 0) {
     // A copy: the action may end the item.
     const auto button = button_;

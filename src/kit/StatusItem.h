@@ -68,6 +68,7 @@ class StatusItem final {
   StatusItem& operator=(const StatusItem&) = delete;
   ~StatusItem();
 
+  Application& application() const { return application_; }
   double length() const { return length_; }
   const std::string& title() const { return title_; }
 
