@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/headless/Journal.h"
+#include "kit/LoginItem.h"
+
+namespace tarnwell::host_headless {
+
+/// A registration that exists in memory. It does what a test tells it to, and notes each change that was asked for.
+class HeadlessLoginItem final : public kit::LoginItem {
+ public:
+  /// How the system answers from now on.
+  struct Answers {
+    std::optional<std::string> registerFailure = std::nullopt;
+    std::optional<std::string> unregisterFailure = std::nullopt;
+    Status onceRegistered = Status::enabled;
+  };
+
+  explicit HeadlessLoginItem(Journal& journal) : journal_(journal) {}
+
+  Answers& answers() { return answers_; }
+  /// Somebody else changes the registration.
+  void setStatus(Status status) { status_ = status; }
+
+  Status status() const override { return status_; }
+  std::optional<std::string> registerItem() override;
+  std::optional<std::string> unregisterItem() override;
+
+ private:
+  Journal& journal_;
+  Answers answers_;
+  Status status_ = Status::notRegistered;
+};
+
+}  // namespace tarnwell::host_headless

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/headless/HeadlessHost.h"
+#include "host/headless/HeadlessLog.h"
+#include "host/headless/HeadlessLoginItem.h"
+#include "host/headless/HeadlessStatusItemPeer.h"
+#include "host/headless/HeadlessUpdater.h"
+#include "host/headless/PointNumberFormat.h"
+#include "kit/Platform.h"
+
+namespace tarnwell::host_headless {
+
+/// A system in memory, played by a test: it notes what it is asked in the host's journal, and turns run when the test
+/// says so.
+class HeadlessPlatform final : public kit::Platform {
+ public:
+  /// What the system is like; a test changes it at will.
+  struct Traits {
+    bool makesEvents = true;
+    bool hasStatusButtons = true;
+    kit::SystemVersion systemVersion = {};
+    std::shared_ptr<const kit::NumberFormat> numberFormat = std::make_shared<const PointNumberFormat>();
+    std::optional<kit::AppleEvent> currentAppleEvent = std::nullopt;
+  };
+
+  // For the test.
+
+  Traits& traits() { return traits_; }
+  Journal& journal() { return host_.journal(); }
+  HeadlessLoginItem& loginItem() { return loginItem_; }
+  HeadlessLog& keptLog() { return log_; }
+  HeadlessUpdater& updater() { return updater_; }
+  /// The icons that are there, oldest first.
+  const std::vector<kit::StatusItem*>& statusItems() const { return statusBar_.items; }
+  /// What the user does with each menu of an icon.
+  void setMenuScript(MenuScript script) { statusBar_.script = std::move(script); }
+  /// Null until it is shown.
+  kit::Menu* shownMainMenu() const { return mainMenu_; }
+  bool hasTerminated() const { return terminated_; }
+
+  /// Ends the launch, with `event` as the current one meanwhile.
+  void launch(kit::Application& application, const kit::AppleEvent& event);
+  /// Runs the turns that are due until none is or the application has ended.
+  void runUntilIdle(kit::Application& application);
+
+  // For the application.
+
+  HeadlessHost& host() override { return host_; }
+  kit::SystemVersion systemVersion() const override { return traits_.systemVersion; }
+  std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return traits_.numberFormat; }
+  void wakeUp(kit::Application& application) override;
+  void activate() override;
+  void terminate() override;
+  void orderFrontStandardAboutPanel() override;
+  void openUrl(const std::string& address) override;
+  bool makesEvents() const override { return traits_.makesEvents; }
+  void showMainMenu(kit::Menu& menu) override;
+  bool hasStatusButtons() const override { return traits_.hasStatusButtons; }
+  std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
+  std::unique_ptr<kit::UpdaterController> makeUpdaterController() override;
+  kit::LoginItem& mainAppService() override { return loginItem_; }
+  std::optional<kit::AppleEvent> currentAppleEvent() const override { return traits_.currentAppleEvent; }
+  kit::Log& log() override { return log_; }
+
+ private:
+  HeadlessHost host_;
+  Traits traits_;
+  HeadlessLoginItem loginItem_{host_.journal()};
+  HeadlessLog log_;
+  HeadlessUpdater updater_{host_.journal()};
+  HeadlessStatusItemPeer::StatusBar statusBar_;
+  kit::Menu* mainMenu_ = nullptr;
+  bool turnIsDue_ = false;
+  bool terminated_ = false;
+};
+
+}  // namespace tarnwell::host_headless
