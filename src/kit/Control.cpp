@@ -6,6 +6,8 @@
 
 namespace tarnwell::kit {
 
+Control::~Control() { *handle_ = nullptr; }
+
 void Control::setEnabled(bool enabled) {
   if (std::exchange(enabled_, enabled) != enabled) {
     changed(Aspect::enabled);
@@ -13,9 +15,13 @@ void Control::setEnabled(bool enabled) {
 }
 
 void Control::setFrame(const Rect& frame) {
-  if (std::exchange(frame_, frame) != frame && peer_) {
+  if (std::exchange(frame_, frame) == frame) {
+    return;
+  }
+  if (peer_) {
     peer_->place(frame);
   }
+  placed();
 }
 
 void Control::setRotation(double radians) {
@@ -37,9 +43,13 @@ void Control::setAccessibleName(std::string name) {
 
 void Control::attach(std::unique_ptr<Peer> peer) {
   peer_ = std::move(peer);
-  if (!peer_) {
-    return;
+  if (peer_) {
+    replay();
   }
+  attached();
+}
+
+void Control::replay() {
   for (const Aspect aspect : aspects()) {
     peer_->show(aspect);
   }

@@ -15,6 +15,7 @@ namespace tarnwell::kit {
 
 class Host;
 class Turn;
+class Window;
 
 /// What stands in a window: state and logic that need no toolkit. A host's peer shows it; without one the same object
 /// is the control of a test. Setting from code tells the peer and sends no action; a user's input always does.
@@ -23,7 +24,7 @@ class Control {
   Control() = default;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
-  virtual ~Control() = default;
+  virtual ~Control();
 
   bool isEnabled() const { return enabled_; }
   void setEnabled(bool enabled);
@@ -45,6 +46,13 @@ class Control {
   /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
   void joinTurn(Turn& turn) { turn_ = &turn; }
 
+  /// The window that it stands in; null while it is in none.
+  Window* window() const { return window_; }
+  void setWindow(Window* window) { window_ = window; }
+
+  /// For work that may outlive the control: points to it as long as it lives, then to null.
+  std::shared_ptr<Control* const> handle() const { return handle_; }
+
   /// Shows the current state, then every change.
   void attach(std::unique_ptr<Peer> peer);
   Peer* peer() const { return peer_.get(); }
@@ -65,12 +73,21 @@ class Control {
  protected:
   void changed(Aspect aspect);
   void send(Action action);
+  Turn* turn() const { return turn_; }
+
+  /// Told after a peer came or went, and after another frame was set.
+  virtual void attached() {}
+  virtual void placed() {}
 
   /// What a new peer has to be told beside the aspects that every control has.
   virtual std::vector<Aspect> aspects() const = 0;
 
  private:
+  void replay();
+
+  std::shared_ptr<Control*> handle_ = std::make_shared<Control*>(this);
   Turn* turn_ = nullptr;
+  Window* window_ = nullptr;
   Rect frame_;
   std::string accessibleName_;
   double rotation_ = 0;

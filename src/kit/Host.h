@@ -11,6 +11,7 @@ namespace tarnwell::kit {
 class Box;
 class Button;
 class Control;
+class Pane;
 class PopUpButton;
 class ScrollArea;
 class Slider;
@@ -29,6 +30,7 @@ class Host : public TextMeasurer {
 
   virtual std::unique_ptr<Peer> peer(Box& box, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Button& button, Peer& parent) = 0;
+  virtual std::unique_ptr<Peer> peer(Pane& pane, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(PopUpButton& button, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(ScrollArea& area, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Slider& slider, Peer& parent) = 0;

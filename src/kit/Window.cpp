@@ -43,7 +43,13 @@ void Window::setLevel(int level) {
 
 void Window::setControls(std::vector<Control*> inTreeOrder) {
   if (inTreeOrder != controls_) {
+    for (Control* control : controls_) {
+      control->setWindow(nullptr);
+    }
     controls_ = std::move(inTreeOrder);
+    for (Control* control : controls_) {
+      control->setWindow(this);
+    }
     if (std::find(controls_.begin(), controls_.end(), focused_) == controls_.end()) {
       focused_ = nullptr;
     }

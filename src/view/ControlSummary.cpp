@@ -16,4 +16,6 @@ std::string describe(const kit::Slider& slider) {
          plainText(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks";
 }
 
+std::string describe(const kit::Pane& /*pane*/) { return "Hosting view"; }
+
 }  // namespace tarnwell::view

@@ -7,6 +7,7 @@
 #include "host/headless/JournalPeer.h"
 #include "kit/Box.h"
 #include "kit/Button.h"
+#include "kit/Pane.h"
 #include "kit/PopUpButton.h"
 #include "kit/ScrollArea.h"
 #include "kit/Slider.h"
@@ -63,6 +64,10 @@ std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Button& button, kit::Peer& /*parent*/) {
   return journalPeer(journal_, button, "button");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Pane& pane, kit::Peer& /*parent*/) {
+  return journalPeer(journal_, pane, "pane");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Peer& /*parent*/) {

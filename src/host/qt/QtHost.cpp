@@ -7,6 +7,7 @@
 #include "host/qt/BoxPeer.h"
 #include "host/qt/ButtonPeer.h"
 #include "host/qt/ControlLink.h"
+#include "host/qt/PanePeer.h"
 #include "host/qt/PopUpButtonPeer.h"
 #include "host/qt/ScrollAreaPeer.h"
 #include "host/qt/SliderPeer.h"
@@ -36,6 +37,10 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Button& button, kit::Peer& parent) {
   return std::make_unique<ButtonPeer>(button, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
+  return std::make_unique<PanePeer>(pane, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {

@@ -17,6 +17,7 @@ class QtHost final : public kit::Host {
 
   std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Button& button, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::Pane& pane, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::PopUpButton& button, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::ScrollArea& area, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;

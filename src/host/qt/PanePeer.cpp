@@ -1,0 +1,23 @@
+#include "host/qt/PanePeer.h"
+
+#include "host/qt/ControlWidget.h"
+#include "kit/Pane.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+class PaneWidget final : public ControlWidget {
+ public:
+  using ControlWidget::ControlWidget;
+
+ protected:
+  // What stands in it is all that is seen.
+  void draw(QPainter& /*painter*/) override {}
+};
+
+}  // namespace
+
+PanePeer::PanePeer(kit::Pane& pane, const Theme& theme, QWidget* parent)
+    : WidgetPeer(pane, new PaneWidget(pane, theme, parent)) {}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+
+#include "kit/Pane.h"
+#include "view/MountedTree.h"
+#include "view/View.h"
+
+namespace tarnwell::view {
+
+/// A control that shows a view, with a tree and an environment of its own. It keeps the view it was made with.
+class HostingView final : public kit::Pane {
+ public:
+  explicit HostingView(View rootView) : rootView_(std::move(rootView)) {}
+
+  /// Null until the control stands somewhere.
+  MountedTree* tree() const { return tree_.get(); }
+
+  std::unique_ptr<kit::Peer> makePeer(kit::Host& host, kit::Peer& parent) override;
+  kit::Measurement measure(const kit::TextMeasurer& text, kit::Proposal proposal) const override;
+
+ protected:
+  void attached() override;
+  void placed() override;
+
+ private:
+  View rootView_;
+  kit::Host* host_ = nullptr;
+  std::unique_ptr<MountedTree> tree_;
+};
+
+}  // namespace tarnwell::view
