@@ -1,0 +1,31 @@
+#include "app/MenuBarExtraView.h"
+
+#include "app/ApplicationActions.h"
+#include "core/ProductPages.h"
+#include "settingsaccess/PrePostSettingsLink.h"
+#include "updates/CheckForUpdatesView.h"
+#include "view/Button.h"
+#include "view/Divider.h"
+#include "view/Group.h"
+#include "view/Link.h"
+#include "view/Text.h"
+
+namespace tarnwell::app {
+
+using view::View;
+
+View MenuBarExtraView::body() const {
+  const View settings = View(settingsaccess::PrePostSettingsLink{
+                                 .label = view::Text{"Settings..."}, .preAction = [] {}, .postAction = [] {}})
+                            .keyboardShortcut({.key = ","});
+  // Upper case is meant: it is shown, and matched, as it stands.
+  const View quit = View(view::Button{.title = "Quit Tarnwell", .action = terminate}).keyboardShortcut({.key = "Q"});
+  return view::Group{
+      .children = {settings, view::Divider{}, view::Button{.title = "About Tarnwell", .action = showAboutPanel},
+                   updates::CheckForUpdatesView(updaterEnv->updaterController().updater()),
+                   view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
+                   view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
+                   view::Divider{}, quit}};
+}
+
+}  // namespace tarnwell::app

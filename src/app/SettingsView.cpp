@@ -1,0 +1,46 @@
+#include "app/SettingsView.h"
+
+#include "dockscreen/ContentView.h"
+#include "kit/Application.h"
+#include "kit/Window.h"
+#include "updates/GeneralView.h"
+#include "view/SceneRunner.h"
+#include "view/TabView.h"
+
+namespace tarnwell::app {
+namespace {
+
+using view::View;
+
+bool isSettingsWindow(const kit::Object* object) {
+  const auto* window = dynamic_cast<const kit::Window*>(object);
+  return window != nullptr && window->identifier() == view::SceneRunner::settingsWindowIdentifier;
+}
+
+kit::Subscription observeClosing(kit::NotificationCenter::Handler handler) {
+  return kit::Application::shared()->notificationCenter().addObserver(kit::windowWillCloseNotification,
+                                                                      std::move(handler));
+}
+
+}  // namespace
+
+View SettingsView::body() const {
+  const View general = View(updates::GeneralView{}).environmentObject(updaterEnv.get());
+  return View(view::makeTabView<Tabs>(
+                  selection.binding(),
+                  {{.tag = Tabs::dock,
+                    .title = "Dock",
+                    .symbol = "dock.rectangle",
+                    .content = dockscreen::ContentView{}},
+                   {.tag = Tabs::general, .title = "General", .symbol = "gear", .content = general}}))
+      .frame({.width = 600})
+      .frame({.maxHeight = 700})
+      .fixedSize()
+      .onReceive(observeClosing, [select = selection.binding()](const kit::Notification& notification) {
+        if (isSettingsWindow(notification.object)) {
+          select.set(Tabs::dock);
+        }
+      });
+}
+
+}  // namespace tarnwell::app

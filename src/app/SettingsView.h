@@ -1,0 +1,22 @@
+#pragma once
+
+#include <tuple>
+
+#include "app/Tabs.h"
+#include "updates/UpdaterEnv.h"
+#include "view/Composite.h"
+#include "view/ObservableObject.h"
+#include "view/State.h"
+
+namespace tarnwell::app {
+
+/// The content of the settings window: its tabs, and its size. When the window closes it goes back to the Dock tab.
+struct SettingsView {
+  view::EnvironmentObject<updates::UpdaterEnv> updaterEnv = {};
+  view::State<Tabs> selection = Tabs::dock;
+
+  auto stored() { return std::tie(updaterEnv, selection); }
+  view::View body() const;
+};
+
+}  // namespace tarnwell::app

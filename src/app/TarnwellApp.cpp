@@ -1,0 +1,65 @@
+#include "app/TarnwellApp.h"
+
+#include "app/ApplicationActions.h"
+#include "app/LauncherView.h"
+#include "app/MenuBarExtraView.h"
+#include "app/SettingsView.h"
+#include "app/WelcomeView.h"
+#include "core/ProductPages.h"
+#include "settingsaccess/PrePostSettingsLink.h"
+#include "updates/CheckForUpdatesView.h"
+#include "view/Button.h"
+#include "view/Divider.h"
+#include "view/Group.h"
+#include "view/Link.h"
+#include "view/Text.h"
+
+namespace tarnwell::app {
+namespace {
+
+using view::CommandGroup;
+using view::CommandGroupPlacement;
+using view::View;
+
+View aboutButton() { return view::Button{.title = "About Tarnwell", .action = showAboutPanel}; }
+
+View showSettings() {
+  return View(settingsaccess::PrePostSettingsLink{
+                  .label = view::Text{"Show settings window"}, .preAction = [] {}, .postAction = [] {}})
+      .keyboardShortcut({.key = ","});
+}
+
+View helpEntries(kit::Updater& updater) {
+  return view::Group{
+      .children = {view::Link{.title = "Tarnwell Help", .destination = core::helpPage()}, view::Divider{},
+                   updates::CheckForUpdatesView(updater),
+                   view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
+                   view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
+                   view::Divider{}, aboutButton()}};
+}
+
+std::vector<CommandGroup> commands(kit::Updater& updater) {
+  return {{.replacing = CommandGroupPlacement::appInfo, .content = aboutButton()},
+          {.replacing = CommandGroupPlacement::newItem},
+          {.replacing = CommandGroupPlacement::toolbar, .content = showSettings()},
+          {.replacing = CommandGroupPlacement::help, .content = helpEntries(updater)}};
+}
+
+}  // namespace
+
+std::vector<view::Scene> TarnwellApp::body() {
+  if (!updaterEnv_) {
+    updaterEnv_ = std::make_shared<updates::UpdaterEnv>();
+  }
+  const View settings =
+      View(SettingsView{}).environmentObject(updaterEnv_).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
+  return {view::WindowGroup{.id = WelcomeView::launcherIdentifier,
+                            .content = LauncherView{},
+                            .commands = commands(updaterEnv_->updaterController().updater())},
+          view::MenuBarExtra{.title = "Utility App",
+                             .systemImage = "dock.rectangle",
+                             .content = View(MenuBarExtraView{}).environmentObject(updaterEnv_)},
+          view::Settings{.content = settings}};
+}
+
+}  // namespace tarnwell::app
