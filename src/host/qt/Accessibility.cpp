@@ -76,38 +76,44 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   return shows ? accessibleFor(static_cast<QWidget*>(object), *link) : nullptr;
 }
 
-void announceValue(QWidget& widget, const kit::Control& control) {
+std::unique_ptr<QAccessibleEvent> newValue(QWidget& widget, const kit::Control& control) {
   if (const auto* slider = dynamic_cast<const kit::Slider*>(&control)) {
-    QAccessibleValueChangeEvent event(&widget, slider->doubleValue());
-    QAccessible::updateAccessibility(&event);
-  } else if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
-    QAccessibleValueChangeEvent event(&widget, stepper->value());
-    QAccessible::updateAccessibility(&event);
-  } else if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
-    QAccessibleValueChangeEvent event(&widget,
-                                      QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value));
-    QAccessible::updateAccessibility(&event);
-  } else if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
+    return std::make_unique<QAccessibleValueChangeEvent>(&widget, slider->doubleValue());
+  }
+  if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
+    return std::make_unique<QAccessibleValueChangeEvent>(&widget, stepper->value());
+  }
+  if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
+    const QString chosen = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value);
+    return std::make_unique<QAccessibleValueChangeEvent>(&widget, chosen);
+  }
+  if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
     QAccessible::State changed;
     changed.checked = true;
-    QAccessibleStateChangeEvent event(&widget, changed);
-    QAccessible::updateAccessibility(&event);
+    return std::make_unique<QAccessibleStateChangeEvent>(&widget, changed);
   }
+  return nullptr;
 }
 
 }  // namespace
 
 void installAccessibility() { QAccessible::installFactory(&accessible); }
 
+std::unique_ptr<QAccessibleEvent> announcementOf(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
+  if (aspect == kit::Aspect::value) {
+    return newValue(widget, control);
+  }
+  // Qt tells of the names that are given and of enabledness by itself; a title is our own affair.
+  const bool renamed = aspect == kit::Aspect::title;
+  return renamed ? std::make_unique<QAccessibleEvent>(&widget, QAccessible::NameChanged) : nullptr;
+}
+
 void announceChange(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
   if (!QAccessible::isActive()) {
     return;
   }
-  if (aspect == kit::Aspect::value) {
-    announceValue(widget, control);
-  } else if (aspect == kit::Aspect::title) {
-    QAccessibleEvent event(&widget, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
+  if (const auto announcement = announcementOf(widget, control, aspect)) {
+    QAccessible::updateAccessibility(announcement.get());
   }
 }
 

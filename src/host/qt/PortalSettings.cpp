@@ -77,7 +77,8 @@ void PortalSettings::settingChanged(const QString& space, const QString& key, co
 }
 
 void PortalSettings::connectToPortal() {
-  QDBusConnection::sessionBus().connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+  // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
+  QDBusConnection::sessionBus().connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                                         SLOT(settingChanged(QString, QString, QDBusVariant)));
   ask(colorSchemeKey);
   ask(accentKey);
