@@ -1,0 +1,55 @@
+#include "launchatlogin/LaunchAtLogin.h"
+
+#include "diagnostics/Fault.h"
+#include "kit/Application.h"
+#include "kit/LoginItem.h"
+#include "kit/Platform.h"
+#include "launchatlogin/Observable.h"
+
+namespace tarnwell::launchatlogin {
+namespace {
+
+kit::Application& application() {
+  kit::Application* shared = kit::Application::shared();
+  if (shared == nullptr) {
+    diagnostics::fault("launch at login was asked for without an application");
+  }
+  return *shared;
+}
+
+kit::LoginItem& mainAppService() { return application().platform().mainAppService(); }
+
+std::optional<std::string> enable(kit::LoginItem& item) {
+  // A fresh registration replaces one that may speak of a former place of the application.
+  if (item.status() == kit::LoginItem::Status::enabled) {
+    item.unregisterItem();
+  }
+  return item.registerItem();
+}
+
+}  // namespace
+
+bool LaunchAtLogin::isEnabled() { return mainAppService().status() == kit::LoginItem::Status::enabled; }
+
+void LaunchAtLogin::setEnabled(bool enabled) {
+  kit::LoginItem& item = mainAppService();
+  if (const auto failure = enabled ? enable(item) : item.unregisterItem()) {
+    const std::string what = enabled ? "enable" : "disable";
+    logger.error(application().platform().log(), "Failed to " + what + " launch at login: " + *failure);
+  }
+}
+
+bool LaunchAtLogin::wasLaunchedAtLogin() {
+  const auto event = application().platform().currentAppleEvent();
+  if (!event || event->eventID != kit::openApplicationEvent) {
+    return false;
+  }
+  const auto data = event->parameters.find(kit::propertyDataKeyword);
+  return data != event->parameters.end() && data->second == kit::launchedAsLoginItem;
+}
+
+std::shared_ptr<LaunchAtLogin::Observable> LaunchAtLogin::observable() {
+  return application().single<Observable>([] { return std::make_shared<Observable>(); });
+}
+
+}  // namespace tarnwell::launchatlogin
