@@ -48,7 +48,11 @@ void Turn::nestedLoop(const Action& loop) {
   loopDepth_ = outerLoopDepth;
 }
 
-void Turn::bury(std::shared_ptr<void> removed) { graveyard_.push_back(std::move(removed)); }
+void Turn::bury(std::shared_ptr<void> removed) {
+  if (depth_ > 0) {
+    graveyard_.push_back(std::move(removed));
+  }
+}
 
 void Turn::settle() {
   for (int round = 0; round < mostRounds; ++round) {

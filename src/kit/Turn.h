@@ -38,7 +38,8 @@ class Turn {
   /// event settles by itself. Calling it while settling is a fault.
   void nestedLoop(const Action& loop);
 
-  /// Keeps `removed` alive until the outermost event has ended: it may be what is running.
+  /// Keeps `removed` alive until the outermost event has ended: it may be what is running. Outside of an event nothing
+  /// is running, and it goes at once.
   void bury(std::shared_ptr<void> removed);
 
  private:

@@ -35,6 +35,8 @@ class ControlNode : public MountedNode {
     return [weak = self->weak_from_this(), react](auto&&... input) {
       if (const auto node = std::static_pointer_cast<N>(weak.lock()); node && node->isMounted()) {
         node->markDirty();
+        // What reacts may run a loop of events that replaces the description whose closure it is.
+        const View kept = node->view();
         react(*node, input...);
       }
     };

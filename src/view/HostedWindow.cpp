@@ -12,7 +12,7 @@ HostedWindow::HostedWindow(kit::Turn& turn, kit::Host& host, const Content& cont
     : turn_(turn), window_(content.identifier, content.title) {
   window_.attach(host.peer(window_));
   tree_ = std::make_unique<MountedTree>(turn, host, *window_.peer());
-  tree_->setLayoutAction([this] { layOut(); });
+  tree_->setLayoutAction([this] { settled(); });
   window_.setMetricsAction([this] { turn_.perform([this] { tree_->root().forgetMeasurementsBelow(); }); });
   turn_.perform([&] { tree_->mount(content.view, content.environment); });
 }
@@ -40,15 +40,22 @@ void HostedWindow::close() {
   });
 }
 
+void HostedWindow::settled() {
+  // What nobody sees is laid out when it is shown.
+  if (tree_->isShown()) {
+    layOut();
+  }
+  window_.setControls(tree_->controls());
+  if (std::exchange(showWhenSettled_, false)) {
+    window_.setVisible(true);
+  }
+}
+
 void HostedWindow::layOut() {
   kit::Size size = tree_->root().measure({}).size;
   size.height = std::min(size.height, window_.peer()->availableHeight());
   window_.setContentSize(size);
   tree_->root().place({.width = size.width, .height = size.height});
-  window_.setControls(tree_->controls());
-  if (std::exchange(showWhenSettled_, false)) {
-    window_.setVisible(true);
-  }
 }
 
 }  // namespace tarnwell::view

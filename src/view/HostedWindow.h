@@ -36,6 +36,7 @@ class HostedWindow {
   MountedTree& tree() { return *tree_; }
 
  private:
+  void settled();
   void layOut();
 
   kit::Turn& turn_;

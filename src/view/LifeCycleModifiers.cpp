@@ -15,9 +15,17 @@ class AppearNode final : public PassThroughNode {
   using PassThroughNode::PassThroughNode;
 
   void showingChanged(bool shown) override {
-    if (shown) {
-      tree().addHandler(valueAs<AppearModifier>().action);
+    if (!shown) {
+      return;
     }
+    tree().addHandler([weak = weak_from_this()] {
+      const auto node = std::static_pointer_cast<AppearNode>(weak.lock());
+      // A window may have closed in the same event: then nothing appeared.
+      if (node && node->isMounted() && node->tree().isShown()) {
+        const kit::Action action = node->valueAs<AppearModifier>().action;
+        action();
+      }
+    });
   }
 
  protected:
@@ -42,7 +50,8 @@ class ChangeNode final : public PassThroughNode {
  protected:
   void apply() override {
     const auto& modifier = valueAs<ChangeModifier>();
-    if (last_.has_value() && !modifier.same(last_, modifier.value)) {
+    // A value of another type is a first one: there is nothing to compare it with.
+    if (last_.type() == modifier.value.type() && !modifier.same(last_, modifier.value)) {
       tree().addHandler([action = modifier.action, value = modifier.value] { action(value); });
     }
     last_ = modifier.value;

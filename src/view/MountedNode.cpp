@@ -14,10 +14,10 @@ MountedNode::MountedNode(const Place& place)
 
 void MountedNode::mount() {
   mounted_ = true;
-  apply();
   if (tree_.isShown()) {
     showingChanged(true);
   }
+  apply();
 }
 
 void MountedNode::update(View view, EnvironmentValues environment) {

@@ -74,6 +74,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   virtual std::string summary() const { return {}; }
 
  protected:
+  const View& view() const { return view_; }
   const Description& description() const { return view_.description(); }
 
   /// The description, for a node that was made for values of type `V`.

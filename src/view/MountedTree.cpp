@@ -41,6 +41,7 @@ MountedTree::~MountedTree() {
   turn_.leave(*this);
   if (root_) {
     root_->unmount();
+    turn_.bury(root_);
   }
 }
 

@@ -126,6 +126,11 @@ TEST_F(TurnTest, theBuriedStayUntilTheOutermostPerformEnds) {
   EXPECT_EQ(notes, (Notes{"still running", "settled", "freed"}));
 }
 
+TEST_F(TurnTest, whatIsBuriedOutsideOfAnEventGoesAtOnce) {
+  turn.bury(makeRemains(notes, "freed"));
+  EXPECT_EQ(notes, Notes{"freed"});
+}
+
 TEST_F(TurnTest, whatGoesMayBuryMore) {
   turn.perform([this] {
     turn.bury({nullptr, [this](void*) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vector>
+
+#include "host/headless/HeadlessHost.h"
+#include "kit/Box.h"
+
+namespace tarnwell::view {
+
+/// The platform in memory, which also knows the boxes that stand in it: no dump tells of them.
+class BoxHost final : public host_headless::HeadlessHost {
+ public:
+  using HeadlessHost::peer;
+
+  std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
+
+  /// The frames of the boxes of that kind, in the order in which they were made.
+  std::vector<kit::Rect> boxes(kit::Box::Kind kind) const;
+
+ private:
+  std::vector<const kit::Box*> boxes_;
+};
+
+}  // namespace tarnwell::view
