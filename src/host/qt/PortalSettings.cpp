@@ -5,6 +5,7 @@
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 
@@ -78,6 +79,8 @@ void PortalSettings::settingChanged(const QString& space, const QString& key, co
 
 void PortalSettings::connectToPortal() {
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
+  // The bus library knows its own types only once it has been asked for one; until then no slot fits.
+  QDBusMetaType::typeToSignature(QMetaType::fromType<QDBusVariant>());
   QDBusConnection::sessionBus().connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                                         SLOT(settingChanged(QString, QString, QDBusVariant)));
   ask(colorSchemeKey);

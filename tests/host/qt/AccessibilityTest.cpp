@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <numbers>
+
+#include "host/qt/Accessibility.h"
+#include "host/qt/Controls.h"
+#include "host/qt/Stage.h"
+#include "host/qt/WidgetDriver.h"
+#include "kit/Box.h"
+#include "kit/SymbolView.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
+
+QAccessibleInterface& seen(const kit::Control& control) {
+  return *QAccessible::queryAccessibleInterface(&driver::widget(control));
+}
+
+template <class C>
+C& named(C& control, const std::string& name) {
+  control.setAccessibleName(name);
+  return control;
+}
+
+TEST(AccessibilityTest, everyControlHasItsRoleAndName) {
+  Stage stage;
+  auto symbol = std::make_unique<kit::SymbolView>();
+  symbol->setSymbol("timer");
+  struct Expected {
+    const kit::Control& control;
+    QAccessible::Role role;
+    const char* name;
+  };
+  const std::vector<Expected> table = {
+      {named(stage.add(makeSlider(0.5), place), "Delay"), QAccessible::Slider, "Delay"},
+      {named(stage.add(makeStepper(), place), "Delay"), QAccessible::SpinBox, "Delay"},
+      {named(stage.add(makeField("1"), place), "Delay"), QAccessible::EditableText, "Delay"},
+      {named(stage.add(makeToggle(), place), "Dim"), QAccessible::CheckBox, "Dim"},
+      {named(stage.add(makePopUpButton(), place), "Effect"), QAccessible::ComboBox, "Effect"},
+      {named(stage.add(std::move(symbol), place), "Timer"), QAccessible::Graphic, "Timer"},
+      {stage.add(makeButton("Save"), place), QAccessible::Button, "Save"},
+      {named(stage.add(makeButton(""), place), "Help"), QAccessible::Button, "Help"},
+      {stage.add(makeLabel("Text"), place), QAccessible::StaticText, "Text"},
+      {stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), place), QAccessible::Separator, ""}};
+  for (const Expected& expected : table) {
+    EXPECT_EQ(seen(expected.control).role(), expected.role) << expected.name;
+    EXPECT_EQ(seen(expected.control).text(QAccessible::Name).toStdString(), expected.name);
+  }
+}
+
+TEST(AccessibilityTest, turnedSliderTellsAndTakesTheStoredValue) {
+  Stage stage;
+  auto& slider = stage.add(makeSlider(0.7), place);
+  slider.setRotation(std::numbers::pi);
+  QAccessibleValueInterface* value = seen(slider).valueInterface();
+  ASSERT_NE(value, nullptr);
+  EXPECT_EQ(value->currentValue().toDouble(), 0.7);
+  EXPECT_EQ(value->minimumValue().toDouble(), 0);
+  EXPECT_EQ(value->maximumValue().toDouble(), 1);
+  value->setCurrentValue(0.25);
+  EXPECT_EQ(slider.doubleValue(), 0.25);
+}
+
+TEST(AccessibilityTest, stepperTellsItsValueAndSteps) {
+  Stage stage;
+  auto& stepper = stage.add(makeStepper(), place);
+  stepper.setValue(5);
+  QAccessibleInterface& interface = seen(stepper);
+  EXPECT_EQ(interface.valueInterface()->currentValue().toDouble(), 5);
+  EXPECT_EQ(interface.valueInterface()->maximumValue().toDouble(), 100);
+  interface.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+  EXPECT_EQ(stepper.value(), 6);
+  interface.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  interface.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  EXPECT_EQ(stepper.value(), 4);
+}
+
+TEST(AccessibilityTest, toggleTellsItsStateAndTurns) {
+  Stage stage;
+  auto& toggle = stage.add(makeToggle(), place);
+  EXPECT_TRUE(seen(toggle).state().checkable);
+  EXPECT_FALSE(seen(toggle).state().checked);
+  seen(toggle).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(toggle.isOn());
+  EXPECT_TRUE(seen(toggle).state().checked);
+}
+
+TEST(AccessibilityTest, buttonIsPressed) {
+  Stage stage;
+  int runs = 0;
+  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  button.setDefault(true);
+  EXPECT_TRUE(seen(button).state().defaultButton);
+  seen(button).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(AccessibilityTest, disabledControlSaysSo) {
+  Stage stage;
+  auto& button = stage.add(makeButton("Save"), place);
+  EXPECT_FALSE(seen(button).state().disabled);
+  button.setEnabled(false);
+  EXPECT_TRUE(seen(button).state().disabled);
+}
+
+TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
+  Stage stage;
+  auto& button = stage.add(makePopUpButton(), place);
+  stage.show();
+  EXPECT_EQ(seen(button).text(QAccessible::Value), "Genie");
+  seen(button).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+  QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(menu);
+  ASSERT_EQ(rows->childCount(), 3);
+  EXPECT_EQ(rows->child(2)->text(QAccessible::Name), "Suck");
+  rows->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  driver::settle();
+  EXPECT_EQ(button.selectedIndex(), 2);
+}
+
+QAccessible::Event typeOf(const kit::Control& control, kit::Aspect aspect) {
+  const auto announcement = announcementOf(driver::widget(control), control, aspect);
+  return announcement ? announcement->type() : QAccessible::InvalidEvent;
+}
+
+QVariant announcedValue(const kit::Control& control) {
+  const auto announcement = announcementOf(driver::widget(control), control, kit::Aspect::value);
+  return static_cast<QAccessibleValueChangeEvent&>(*announcement).value();
+}
+
+TEST(AnnouncementTest, newValuesAreTold) {
+  Stage stage;
+  auto& slider = stage.add(makeSlider(0.5), place);
+  auto& stepper = stage.add(makeStepper(), place);
+  auto& popUp = stage.add(makePopUpButton(), place);
+  EXPECT_EQ(typeOf(slider, kit::Aspect::value), QAccessible::ValueChanged);
+  EXPECT_EQ(announcedValue(slider), QVariant(0.5));
+  EXPECT_EQ(announcedValue(stepper), QVariant(0.0));
+  EXPECT_EQ(announcedValue(popUp), QVariant("Genie"));
+}
+
+TEST(AnnouncementTest, switchTellsThatItsStateIsNew) {
+  Stage stage;
+  EXPECT_EQ(typeOf(stage.add(makeToggle(), place), kit::Aspect::value), QAccessible::StateChanged);
+}
+
+TEST(AnnouncementTest, titlesAreNames) {
+  Stage stage;
+  auto& label = stage.add(makeLabel("Text"), place);
+  EXPECT_EQ(typeOf(label, kit::Aspect::title), QAccessible::NameChanged);
+  EXPECT_EQ(typeOf(label, kit::Aspect::style), QAccessible::InvalidEvent);
+}
+
+}  // namespace
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtCore/QVariant>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
+#include <map>
+#include <string>
+
+namespace tarnwell::host::qt {
+
+/// The desktop's settings portal, with the appearance settings that a test gives it.
+class FakePortal final : public QDBusVirtualObject {
+ public:
+  explicit FakePortal(const std::string& busAddress);
+
+  static QVariant color(double red, double green, double blue);
+
+  void set(const std::string& key, const QVariant& value) { settings_[key] = value; }
+  /// Sets, and tells everybody.
+  void change(const std::string& key, const QVariant& value);
+  /// From now on it hears questions and answers none.
+  void setSilent() { silent_ = true; }
+
+  int questions() const { return questions_; }
+
+  QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+ private:
+  QDBusConnection connection_;
+  std::map<std::string, QVariant> settings_;
+  int questions_ = 0;
+  bool silent_ = false;
+};
+
+}  // namespace tarnwell::host::qt

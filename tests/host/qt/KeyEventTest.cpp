@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include <QtGui/QKeyEvent>
+
+#include "host/qt/Conversions.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+struct Case {
+  const char* name = "";
+  Qt::Key key = Qt::Key_unknown;
+  Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+  const char* text = "";
+  std::string characters = {};
+  unsigned flags = 0;
+};
+
+class KeyEventTest : public testing::TestWithParam<Case> {};
+
+TEST_P(KeyEventTest, saysWhatThePlatformsKeyMeans) {
+  const Case& tested = GetParam();
+  const kit::KeyEvent event =
+      toKeyEvent(QKeyEvent(QEvent::KeyPress, tested.key, tested.modifiers, QString(tested.text)));
+  EXPECT_EQ(event.charactersIgnoringModifiers, tested.characters);
+  EXPECT_EQ(event.modifierFlags, tested.flags);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    keys, KeyEventTest,
+    testing::Values(Case{.name = "returnKey", .key = Qt::Key_Return, .text = "\r", .characters = "\r"},
+                    Case{.name = "enterOfTheKeypad",
+                         .key = Qt::Key_Enter,
+                         .modifiers = Qt::KeypadModifier,
+                         .text = "\r",
+                         .characters = "\r"},
+                    Case{.name = "escape", .key = Qt::Key_Escape, .text = "\x1b", .characters = "\x1b"},
+                    Case{.name = "controlIsCommand",
+                         .key = Qt::Key_Comma,
+                         .modifiers = Qt::ControlModifier,
+                         .characters = ",",
+                         .flags = 0x100000},
+                    Case{.name = "letterWithShift",
+                         .key = Qt::Key_W,
+                         .modifiers = Qt::ControlModifier | Qt::ShiftModifier,
+                         .text = "\x17",
+                         .characters = "w",
+                         .flags = 0x120000},
+                    Case{.name = "altIsOption",
+                         .key = Qt::Key_Q,
+                         .modifiers = Qt::AltModifier,
+                         .text = "q",
+                         .characters = "q",
+                         .flags = 0x80000}),
+    [](const auto& tested) { return tested.param.name; });
+
+}  // namespace
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <QtWidgets/QApplication>
+#include <cstdlib>
+
+#include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
+#include "fixtures/WaitFor.h"
+#include "host/qt/FakePortal.h"
+#include "host/qt/PrivateBus.h"
+#include "host/qt/QtApplication.h"
+
+// Each test has a process of its own: the toolkit keeps its first connection to a bus.
+namespace tarnwell::host::qt {
+namespace {
+
+std::unique_ptr<QtApplication> started() {
+  static char name[] = "test";
+  static char* arguments[] = {name, nullptr};
+  return QtApplication::create(1, arguments);
+}
+
+bool waitForTheme(Theme& theme, const std::function<bool(const Theme&)>& condition) {
+  return fixtures::waitFor([&] {
+    QApplication::processEvents();
+    return condition(theme);
+  });
+}
+
+bool becomes(Theme& theme, ColorScheme scheme) {
+  return waitForTheme(theme, [scheme](const Theme& now) { return now.colorScheme() == scheme; });
+}
+
+TEST(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const PrivateBus bus;
+              const auto application = started();
+              FakePortal portal(bus.address());
+              portal.set("color-scheme", 1U);
+              Theme& theme = application->host().theme();
+              const bool dark = becomes(theme, ColorScheme::dark);
+              portal.change("color-scheme", 2U);
+              const bool light = becomes(theme, ColorScheme::light);
+              portal.change("color-scheme", 1U);
+              return dark && light && becomes(theme, ColorScheme::dark) ? 0 : 1;
+            }),
+            0);
+}
+
+TEST(PortalSettingsTest, takesTheAccentColour) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const PrivateBus bus;
+              const auto application = started();
+              FakePortal portal(bus.address());
+              portal.set("accent-color", FakePortal::color(1, 0, 0));
+              Theme& theme = application->host().theme();
+              const bool red = waitForTheme(
+                  theme, [](const Theme& now) { return now.palette().accent == QColor::fromRgbF(1, 0, 0); });
+              portal.change("accent-color", FakePortal::color(-1, -1, -1));
+              const bool own =
+                  waitForTheme(theme, [](const Theme& now) { return now.palette().accent == Palette::light().accent; });
+              return red && own ? 0 : 1;
+            }),
+            0);
+}
+
+TEST(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const PrivateBus bus;
+              const auto application = started();
+              FakePortal portal(bus.address());
+              portal.setSilent();
+              Theme& theme = application->host().theme();
+              const bool asked = fixtures::waitFor([&portal] {
+                QApplication::processEvents();
+                return portal.questions() >= 2;
+              });
+              return asked && theme.colorScheme() == ColorScheme::light ? 0 : 1;
+            }),
+            0);
+}
+
+TEST(PortalSettingsTest, withoutABusTheDesktopsOwnColoursStay) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const fixtures::Sandbox empty;
+              ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+              ::setenv("XDG_RUNTIME_DIR", empty.path().c_str(), 1);
+              const auto application = started();
+              QApplication::processEvents();
+              return application->host().theme().colorScheme() == ColorScheme::light ? 0 : 1;
+            }),
+            0);
+}
+
+}  // namespace
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+
+namespace tarnwell::host::qt {
+
+/// A session bus of a test's own. The process is told its address before the toolkit asks for one.
+class PrivateBus {
+ public:
+  PrivateBus();
+  PrivateBus(const PrivateBus&) = delete;
+  PrivateBus& operator=(const PrivateBus&) = delete;
+  ~PrivateBus();
+
+  const std::string& address() const { return address_; }
+
+ private:
+  std::string address_;
+  pid_t process_ = 0;
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,94 @@
+#include "host/qt/QtApplication.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QtCore/QTimer>
+#include <array>
+#include <cstdlib>
+
+#include "fixtures/Subprocess.h"
+#include "kit/Window.h"
+
+// Each test has a process of its own: a toolkit starts once a process.
+namespace tarnwell::host::qt {
+namespace {
+
+std::unique_ptr<QtApplication> started() {
+  static char name[] = "test";
+  static char* arguments[] = {name, nullptr};
+  return QtApplication::create(1, arguments);
+}
+
+void forgetTheDisplay() {
+  for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    ::unsetenv(variable);
+  }
+}
+
+TEST(QtApplicationTest, saysThatThereIsNoDisplay) {
+  EXPECT_EXIT(
+      {
+        forgetTheDisplay();
+        std::_Exit(started() == nullptr ? 1 : 0);
+      },
+      testing::ExitedWithCode(1), "^tarnwell: there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set\n$");
+}
+
+TEST(QtApplicationTest, endsInOneLineWhenTheDisplayDoesNotAnswer) {
+  EXPECT_EXIT(
+      {
+        forgetTheDisplay();
+        ::setenv("DISPLAY", ":987", 1);
+        started();
+        std::_Exit(0);
+      },
+      testing::ExitedWithCode(1), "^tarnwell: cannot connect to the display\n$");
+}
+
+TEST(QtApplicationTest, loopEndsByQuitAloneWithItsStatus) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const auto application = started();
+              kit::Window window("only", "Only");
+              window.attach(application->host().peer(window));
+              QTimer::singleShot(0, [&window] {
+                window.setVisible(true);
+                window.setVisible(false);
+              });
+              QTimer::singleShot(50, [&application] { application->quit(7); });
+              return application->run();
+            }),
+            7);
+}
+
+TEST(QtApplicationTest, quitEvenWhileAWindowRefusesToClose) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const auto application = started();
+              kit::Window window("only", "Only");
+              window.attach(application->host().peer(window));
+              window.setVisible(true);
+              QTimer::singleShot(0, [&application] { application->quit(3); });
+              return application->run();
+            }),
+            3);
+}
+
+TEST(QtApplicationTest, watchedDescriptorWakesTheLoop) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const auto application = started();
+              std::array<int, 2> ends = {};
+              if (::pipe(ends.data()) != 0) {
+                return 1;
+              }
+              application->watch(ends[0], [&application, &ends] {
+                char byte = 0;
+                application->quit(::read(ends[0], &byte, 1) == 1 ? byte : 2);
+              });
+              QTimer::singleShot(0, [&ends] { (void)!::write(ends[1], "\x05", 1); });
+              return application->run();
+            }),
+            5);
+}
+
+}  // namespace
+}  // namespace tarnwell::host::qt
