@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include "kit/Application.h"
+#include "kit/MenuItem.h"
+#include "kit/StatusItem.h"
+#include "settingsaccess/OpenSettingsKey.h"
+#include "view/Environment.h"
+
+namespace tarnwell::statusmenu {
+
+/// An application delegate with an icon in the status bar, whose menu a right click opens. The application does not
+/// install it; the class registry makes one by the name "AppDelegate".
+class AppDelegate final : public kit::Object {
+ public:
+  /// The application is borrowed and outlives the delegate.
+  explicit AppDelegate(kit::Application& application) : application_(application) {}
+
+  /// In no view: the default action of the application.
+  view::Environment<settingsaccess::OpenSettingsKey> openSettingsLegacy = {};
+  /// Null before the launch.
+  std::unique_ptr<kit::StatusItem> statusItem = nullptr;
+
+  void applicationDidFinishLaunching();
+  /// Without a current event it ends the process.
+  void handleClick();
+  void itemClicked(const kit::MenuItem& item);
+  void openSettingsInSonoma();
+
+  bool respondsToSelector(const kit::Selector& selector) const override;
+  void perform(const kit::Selector& selector, kit::Object* sender) override;
+
+ private:
+  void showMenu();
+
+  kit::Application& application_;
+};
+
+}  // namespace tarnwell::statusmenu
