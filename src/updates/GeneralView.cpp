@@ -25,7 +25,7 @@ kit::Updater& updaterOf(const std::shared_ptr<UpdaterEnv>& environment) {
 }  // namespace
 
 View GeneralView::body() const {
-  const View form = view::Form{.sections = {view::Section{.rows = {launchatlogin::Toggle()}},
+  const View form = view::Form{.sections = {view::Section{.rows = {launchatlogin::LaunchAtLogin::Toggle()}},
                                             view::Section{.rows = {checkSwitch(), downloadSwitch()},
                                                           .footer = CheckForUpdatesView(updaterOf(updaterEnv.get()))}}};
   return form.onAppear([updaterEnv = updaterEnv.get(), checks = checkForUpdatesAuto.binding(),

@@ -90,8 +90,10 @@ void SceneRunner::dismissWindow(const std::string& identifier) {
 }
 
 void SceneRunner::add(const WindowGroup& group) {
-  groupWindows_.push_back(makeWindow(group.id, {}, group.content));
-  openWindow(*groupWindows_.back());
+  application_.turn().perform([&] {
+    groupWindows_.push_back(makeWindow(group.id, {}, group.content));
+    openWindow(*groupWindows_.back());
+  });
 }
 
 void SceneRunner::add(const MenuBarExtra& extra) {

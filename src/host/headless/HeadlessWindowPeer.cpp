@@ -25,4 +25,8 @@ void HeadlessWindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) 
   journal_.note("window " + window_.identifier() + ": " + std::to_string(inTreeOrder.size()) + " controls in order");
 }
 
+void HeadlessWindowPeer::miniaturize() noexcept { journal_.note("window " + window_.identifier() + ": miniaturized"); }
+
+void HeadlessWindowPeer::orderFront() noexcept { journal_.note("window " + window_.identifier() + ": in front"); }
+
 }  // namespace tarnwell::host_headless

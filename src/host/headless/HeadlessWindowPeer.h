@@ -15,6 +15,8 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
   void place(const kit::Rect& frame) noexcept override;
   double availableHeight() const override { return availableHeight_; }
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
+  void miniaturize() noexcept override;
+  void orderFront() noexcept override;
 
  private:
   Journal& journal_;

@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "app/RunningApplication.h"
+#include "kit/Window.h"
+#include "settingsaccess/OpenSettingsKey.h"
+
+namespace tarnwell::app {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
+  RunningApplication application;
+  application.start();
+  EXPECT_EQ(
+      application.milestones(),
+      (Lines{"updater controller made", "main menu shown", "status item \"Utility App\": added",
+             "status item \"Utility App\": image dock.rectangle", "window settingslauncher: title",
+             "window settingslauncher: 0 x 0", "window settingslauncher: hidden",
+             "window settingslauncher: 0 controls in order", "activate", "window settingslauncher: 2 controls in order",
+             "window settingslauncher: 0 controls in order", "window com_apple_SwiftUI_Settings_window: title",
+             "window com_apple_SwiftUI_Settings_window: 0 x 0", "window com_apple_SwiftUI_Settings_window: hidden",
+             "window com_apple_SwiftUI_Settings_window: 0 controls in order",
+             "window com_apple_SwiftUI_Settings_window: 600 x 656",
+             "window com_apple_SwiftUI_Settings_window: 50 controls in order",
+             "window com_apple_SwiftUI_Settings_window: shown"}));
+}
+
+TEST(ApplicationStart, readsTheDockOnce) {
+  RunningApplication application;
+  application.start();
+  EXPECT_EQ(application.reads().size(), 7U);
+}
+
+TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {
+  RunningApplication application;
+  application.install();
+  EXPECT_TRUE(application.application().windows().empty());
+  ASSERT_EQ(application.application().postedEvents().size(), 1U);
+  EXPECT_FALSE(application.settingsAreOpen());
+  application.settle();
+  EXPECT_TRUE(application.settingsAreOpen());
+}
+
+TEST(ApplicationStart, theLauncherPostsCommandAndACommaAlone) {
+  RunningApplication application;
+  application.install();
+  ASSERT_EQ(application.application().postedEvents().size(), 1U);
+  EXPECT_EQ(application.application().postedEvents().front(), (kit::Event{.type = kit::Event::Type::keyDown,
+                                                                          .location = {},
+                                                                          .modifierFlags = 0x100000,
+                                                                          .timestamp = 0,
+                                                                          .windowNumber = 0,
+                                                                          .characters = "",
+                                                                          .charactersIgnoringModifiers = ",",
+                                                                          .isARepeat = false,
+                                                                          .keyCode = 43}));
+}
+
+TEST(ApplicationStart, theKeyQueuesBehindWhatWaitsAlready) {
+  RunningApplication application;
+  const kit::Event earlier{.charactersIgnoringModifiers = "x"};
+  application.application().postEvent(earlier, false);
+  application.install();
+  ASSERT_EQ(application.application().postedEvents().size(), 2U);
+  EXPECT_EQ(application.application().postedEvents().front(), earlier);
+}
+
+TEST(ApplicationStart, withoutSyntheticEventsOnlyTheLauncherCloses) {
+  RunningApplication application;
+  application.platform().traits().makesEvents = false;
+  application.start();
+  EXPECT_TRUE(application.application().windows().empty());
+  EXPECT_FALSE(application.settingsAreOpen());
+  application.chooseFromExtra("Settings...");
+  EXPECT_TRUE(application.settingsAreOpen());
+}
+
+TEST(ApplicationStart, installsNoDelegate) {
+  RunningApplication application;
+  application.start();
+  EXPECT_EQ(application.application().delegate(), nullptr);
+}
+
+TEST(ApplicationStart, theLaunchersClosingLeavesTheTabAlone) {
+  RunningApplication application;
+  application.start();
+  application.chooseTab(1);
+  kit::Window other("settingslauncher", {});
+  application.application().notificationCenter().post({.name = kit::windowWillCloseNotification, .object = &other});
+  application.application().notificationCenter().post({.name = kit::windowWillCloseNotification, .object = nullptr});
+  application.settle();
+  EXPECT_NE(application.settingsPicture().find("*\"General\""), std::string::npos);
+}
+
+TEST(ApplicationStart, theHiddenLinkConnectsTheSettingsAction) {
+  RunningApplication application;
+  application.install();
+  const auto action = settingsaccess::OpenSettingsKey::initial();
+  EXPECT_NE((*action)(), nullptr);
+  application.settle();
+  application.settings().performClose();
+  application.settle();
+  EXPECT_EQ((*action)(), nullptr);
+  EXPECT_TRUE(application.settingsAreOpen());
+}
+
+}  // namespace
+}  // namespace tarnwell::app

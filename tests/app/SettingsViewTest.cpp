@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include "app/RunningApplication.h"
+#include "kit/Toggle.h"
+#include "kit/Window.h"
+
+namespace tarnwell::app {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(SettingsView, hasTwoTabsAndStartsOnTheDock) {
+  RunningApplication application;
+  application.start();
+  EXPECT_NE(application.settingsPicture().find("Tabs *\"Dock\" dock.rectangle \"General\" gear\n"), std::string::npos);
+}
+
+TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {
+  RunningApplication application;
+  application.start();
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
+  application.chooseTab(1);
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 268}));
+}
+
+TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
+  RunningApplication application;
+  application.start();
+  application.reads();
+  application.chooseTab(1);
+  EXPECT_EQ(application.reads(), Lines{});
+  application.chooseTab(0);
+  EXPECT_EQ(application.reads().size(), 7U);
+}
+
+TEST(SettingsView, leavingTheDockTabGivesUpItsEdits) {
+  RunningApplication application;
+  application.start();
+  dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).press();
+  application.chooseTab(1);
+  application.chooseTab(0);
+  EXPECT_FALSE(dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).isOn());
+}
+
+TEST(SettingsView, closingReturnsToTheDockTabAndReadsNothing) {
+  RunningApplication application;
+  application.start();
+  application.chooseTab(1);
+  application.reads();
+  application.settings().performClose();
+  application.settle();
+  EXPECT_EQ(application.reads(), Lines{});
+  EXPECT_NE(application.settingsPicture().find("*\"Dock\""), std::string::npos);
+  application.chooseFromExtra("Settings...");
+  EXPECT_EQ(application.reads().size(), 7U);
+}
+
+TEST(SettingsView, closingAnnouncesItWhileTheWindowStands) {
+  RunningApplication application;
+  application.start();
+  Lines seen;
+  const auto subscription = application.application().notificationCenter().addObserver(
+      kit::windowWillCloseNotification, [&seen](const kit::Notification& notification) {
+        const auto* window = dynamic_cast<const kit::Window*>(notification.object);
+        seen.push_back(window->identifier() + (window->isVisible() ? " visible" : " hidden"));
+      });
+  application.settings().performClose();
+  EXPECT_EQ(seen, (Lines{"com_apple_SwiftUI_Settings_window visible"}));
+  EXPECT_TRUE(application.application().windows().empty());
+}
+
+TEST(SettingsView, theGeneralTabReadsAsDesigned) {
+  RunningApplication application;
+  application.start();
+  application.chooseTab(1);
+  EXPECT_EQ(application.settingsPicture(),
+            "Fixed size\n"
+            "  Frame at most 700 high centred\n"
+            "    Frame width 600 centred\n"
+            "      Fixed size\n"
+            "        Frame at most 700 high centred\n"
+            "          Frame width 600 centred\n"
+            "            Tabs \"Dock\" dock.rectangle *\"General\" gear\n"
+            "            Form\n"
+            "              Section\n"
+            "                Row\n"
+            "                  Text \"Launch at login\"\n"
+            "                  Toggle (Launch at login) off\n"
+            "              Section\n"
+            "                Row\n"
+            "                  Text \"Check for updates automatically\"\n"
+            "                  Toggle (Check for updates automatically) off\n"
+            "                Row\n"
+            "                  Text \"Download updates automatically\"\n"
+            "                  Toggle (Download updates automatically) off\n"
+            "                Button \"Check for Updates…\"\n");
+}
+
+}  // namespace
+}  // namespace tarnwell::app
