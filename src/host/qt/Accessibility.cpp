@@ -6,6 +6,7 @@
 #include "host/qt/AccessibleControl.h"
 #include "host/qt/AccessiblePressable.h"
 #include "host/qt/AccessibleRange.h"
+#include "host/qt/AccessibleTabBar.h"
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
 #include "host/qt/ScrollBarOverlay.h"
@@ -15,6 +16,7 @@
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
 #include "kit/SymbolView.h"
+#include "kit/TabBar.h"
 #include "kit/TextLabel.h"
 #include "kit/Toggle.h"
 
@@ -57,6 +59,9 @@ QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   if (dynamic_cast<const kit::PopUpButton*>(control) != nullptr) {
     return new AccessiblePopUpButton(widget, link);
   }
+  if (dynamic_cast<const kit::TabBar*>(control) != nullptr) {
+    return new AccessibleTabBar(widget, link);
+  }
   if (dynamic_cast<const kit::TextLabel*>(control) != nullptr) {
     return new AccessibleLabel(widget, link);
   }
@@ -86,6 +91,11 @@ std::unique_ptr<QAccessibleEvent> newValue(QWidget& widget, const kit::Control& 
   if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
     const QString chosen = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value);
     return std::make_unique<QAccessibleValueChangeEvent>(&widget, chosen);
+  }
+  if (const auto* bar = dynamic_cast<const kit::TabBar*>(&control)) {
+    auto chosen = std::make_unique<QAccessibleEvent>(&widget, QAccessible::Selection);
+    chosen->setChild(bar->selectedIndex());
+    return chosen;
   }
   if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
     QAccessible::State changed;

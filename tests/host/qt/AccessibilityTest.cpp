@@ -125,6 +125,24 @@ TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
   EXPECT_EQ(button.selectedIndex(), 2);
 }
 
+TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), {.x = 0, .y = 0, .width = 400, .height = 60});
+  stage.show();
+  QAccessibleInterface& list = seen(bar);
+  EXPECT_EQ(list.role(), QAccessible::PageTabList);
+  ASSERT_EQ(list.childCount(), 2);
+  QAccessibleInterface* general = list.child(1);
+  EXPECT_EQ(general->role(), QAccessible::PageTab);
+  EXPECT_EQ(general->text(QAccessible::Name), "General");
+  EXPECT_EQ(list.indexOfChild(general), 1);
+  EXPECT_EQ(list.childAt(general->rect().center().x(), general->rect().center().y()), general);
+  EXPECT_TRUE(list.child(0)->state().selected);
+  general->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(bar.selectedIndex(), 1);
+  EXPECT_TRUE(general->state().selected);
+}
+
 QAccessible::Event typeOf(const kit::Control& control, kit::Aspect aspect) {
   const auto announcement = announcementOf(driver::widget(control), control, aspect);
   return announcement ? announcement->type() : QAccessible::InvalidEvent;

@@ -7,6 +7,7 @@
 #include "kit/PopUpButton.h"
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
+#include "kit/TabBar.h"
 #include "kit/TextField.h"
 #include "kit/TextLabel.h"
 #include "kit/Toggle.h"
@@ -61,6 +62,15 @@ inline std::unique_ptr<kit::PopUpButton> makePopUpButton(kit::PopUpButton::Choos
   button->setSelectedIndex(0);
   button->setAction(std::move(action));
   return button;
+}
+
+/// Dock and General; Dock is chosen.
+inline std::unique_ptr<kit::TabBar> makeTabBar(kit::TabBar::ChooseAction action = {}) {
+  auto bar = std::make_unique<kit::TabBar>();
+  bar->setTabs({{.title = "Dock", .symbol = "dock.rectangle"}, {.title = "General", .symbol = "gear"}});
+  bar->setSelectedIndex(0);
+  bar->setAction(std::move(action));
+  return bar;
 }
 
 }  // namespace tarnwell::host::qt

@@ -170,5 +170,30 @@ TEST(PopUpButtonTest, menuMarksWhatIsChosen) {
   EXPECT_EQ(menu->activeAction(), menu->actions().at(1));
 }
 
+constexpr kit::Rect barPlace = {.x = 0, .y = 0, .width = 400, .height = 60};
+
+TEST(TabBarTest, pressChoosesTheTabBelowIt) {
+  Stage stage;
+  std::vector<int> chosen;
+  auto& bar = stage.add(makeTabBar([&chosen](int index) { chosen.push_back(index); }), barPlace);
+  stage.show();
+  const kit::Rect general = bar.rectOfTab(1);
+  driver::clickAt(bar, {.x = general.x + general.width / 2, .y = general.y + general.height / 2});
+  driver::clickAt(bar, {.x = 5, .y = 30});
+  EXPECT_EQ(chosen, std::vector{1});
+}
+
+TEST(TabBarTest, arrowKeysChooseTheNeighbour) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), barPlace);
+  stage.show();
+  driver::keyAt(bar, Qt::Key_Right);
+  EXPECT_EQ(bar.selectedIndex(), 1);
+  driver::keyAt(bar, Qt::Key_Right);
+  EXPECT_EQ(bar.selectedIndex(), 1);
+  driver::keyAt(bar, Qt::Key_Left);
+  EXPECT_EQ(bar.selectedIndex(), 0);
+}
+
 }  // namespace
 }  // namespace tarnwell::host::qt

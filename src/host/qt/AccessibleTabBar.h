@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vector>
+
+#include "host/qt/AccessibleControl.h"
+
+namespace tarnwell::host::qt {
+
+/// A tab bar with its tabs as children. The tabs are no widgets, so their interfaces belong to the bar's.
+class AccessibleTabBar final : public AccessibleControl {
+ public:
+  AccessibleTabBar(QWidget* widget, ControlLink& link) : AccessibleControl(widget, link, QAccessible::PageTabList) {}
+  ~AccessibleTabBar() override;
+
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override;
+  QAccessibleInterface* childAt(int x, int y) const override;
+  int indexOfChild(const QAccessibleInterface* child) const override;
+
+ private:
+  mutable std::vector<QAccessible::Id> tabs_;  // Made when they are first asked for.
+};
+
+}  // namespace tarnwell::host::qt
