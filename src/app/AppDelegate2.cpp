@@ -1,0 +1,73 @@
+#include "app/AppDelegate2.h"
+
+#include <algorithm>
+
+#include "diagnostics/Console.h"
+#include "kit/Window.h"
+
+namespace tarnwell::app {
+namespace {
+
+constexpr const char* settingsWindowIdentifier = "com.apple.preferences.window";
+
+std::string describe(const kit::Window& window) {
+  const std::string identifier = window.identifier().empty() ? "" : window.identifier() + " ";
+  return "<Window: " + identifier + "\"" + window.title() + "\">";
+}
+
+void giveDelegateToSettings(const std::vector<kit::Window*>& windows, const std::shared_ptr<kit::Object>& delegate) {
+  const auto found =
+      std::ranges::find(windows, settingsWindowIdentifier, [](const auto* window) { return window->identifier(); });
+  if (found != windows.end()) {
+    (*found)->setDelegate(delegate);
+  }
+}
+
+}  // namespace
+
+std::string describe(const std::vector<kit::Window*>& windows) {
+  std::string list;
+  for (const kit::Window* window : windows) {
+    list += (list.empty() ? "" : ", ") + describe(*window);
+  }
+  return "[" + list + "]";
+}
+
+void AppDelegate2::applicationDidFinishLaunching() {
+  settingsWindowObserver = application_.observeWindows(
+      [weak = weak_from_this()](kit::Application& application) {
+        diagnostics::printLine(describe(application.windows()));
+        giveDelegateToSettings(application.windows(), weak.lock());
+      },
+      kit::Application::Observation::initialToo);
+}
+
+void AppDelegate2::windowWillClose(const kit::Notification& notification) {
+  const auto* window = dynamic_cast<kit::Window*>(notification.object);
+  if (window != nullptr && window->title() == "Settings") {
+    diagnostics::printLine("Settings window closed");
+  }
+}
+
+void AppDelegate2::applicationWillTerminate() {
+  if (settingsWindowObserver) {
+    settingsWindowObserver->invalidate();
+  }
+}
+
+bool AppDelegate2::respondsToSelector(const kit::Selector& selector) const {
+  return selector == "applicationDidFinishLaunching:" || selector == "windowWillClose:" ||
+         selector == "applicationWillTerminate:";
+}
+
+void AppDelegate2::perform(const kit::Selector& selector, kit::Object* sender) {
+  if (selector == "applicationDidFinishLaunching:") {
+    applicationDidFinishLaunching();
+  } else if (selector == "windowWillClose:") {
+    windowWillClose({.name = kit::windowWillCloseNotification, .object = sender});
+  } else if (selector == "applicationWillTerminate:") {
+    applicationWillTerminate();
+  }
+}
+
+}  // namespace tarnwell::app

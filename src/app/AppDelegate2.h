@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "kit/Application.h"
+#include "kit/NotificationCenter.h"
+#include "kit/Subscription.h"
+
+namespace tarnwell::app {
+
+/// An application and window delegate that watches for a settings window. The application does not install it.
+class AppDelegate2 final : public kit::Object {
+ public:
+  /// The application is borrowed and outlives the delegate.
+  explicit AppDelegate2(kit::Application& application) : application_(application) {}
+
+  /// None before the launch; kept, without effect, after the end.
+  std::optional<kit::Subscription> settingsWindowObserver = std::nullopt;
+
+  /// From now on each list of windows is printed, the present one first, and the first window of it with the
+  /// identifier "com.apple.preferences.window" gets this delegate.
+  void applicationDidFinishLaunching();
+  void windowWillClose(const kit::Notification& notification);
+  void applicationWillTerminate();
+
+  bool respondsToSelector(const kit::Selector& selector) const override;
+  void perform(const kit::Selector& selector, kit::Object* sender) override;
+
+ private:
+  kit::Application& application_;
+};
+
+/// The list as AppDelegate2 prints it, a window by its identifier, where it has one, and its title:
+/// `[<Window: settings "Settings">, <Window: "Untitled">]`.
+std::string describe(const std::vector<kit::Window*>& windows);
+
+}  // namespace tarnwell::app
