@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "view/Alignment.h"
+#include "view/MountedTree.h"
 #include "view/PassThroughNode.h"
 #include "view/PlainText.h"
 #include "view/View.h"
@@ -30,12 +31,13 @@ class FrameNode final : public PassThroughNode {
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     const Frame& frame = valueAs<FrameModifier>().frame;
+    const std::optional<double> most = maxHeight();
     kit::Measurement inner = child().measure(within(proposal));
-    if (frame.maxHeight && inner.size.height > *frame.maxHeight) {
+    if (most && inner.size.height > *most) {
       // Proposed again, so that the content knows that it is cut and can scroll.
-      inner = child().measure({.width = within(proposal).width, .height = frame.maxHeight});
+      inner = child().measure({.width = within(proposal).width, .height = most});
     }
-    const double height = std::min(inner.size.height, frame.maxHeight.value_or(inner.size.height));
+    const double height = std::min(inner.size.height, most.value_or(inner.size.height));
     return {.size = {.width = frame.width.value_or(inner.size.width), .height = frame.height.value_or(height)},
             .firstBaseline = inner.firstBaseline};
   }
@@ -50,6 +52,12 @@ class FrameNode final : public PassThroughNode {
   }
 
  private:
+  std::optional<double> maxHeight() const {
+    const std::optional<double> most = valueAs<FrameModifier>().frame.maxHeight;
+    // What frames the whole content of a window frames a menu bar in it too.
+    return most && isOutermost() ? std::max(0.0, *most - tree().chromeHeight()) : most;
+  }
+
   kit::Proposal within(kit::Proposal proposal) const {
     const Frame& frame = valueAs<FrameModifier>().frame;
     if (frame.width) {
@@ -58,8 +66,8 @@ class FrameNode final : public PassThroughNode {
     if (frame.height) {
       proposal.height = frame.height;
     }
-    if (frame.maxHeight && proposal.height) {
-      proposal.height = std::min(*proposal.height, *frame.maxHeight);
+    if (const std::optional<double> most = maxHeight(); most && proposal.height) {
+      proposal.height = std::min(*proposal.height, *most);
     }
     return proposal;
   }

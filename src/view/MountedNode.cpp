@@ -51,6 +51,10 @@ kit::Peer& MountedNode::peerForChildren() const {
   return parent_ != nullptr ? parent_->peerForChildren() : tree_.rootPeer();
 }
 
+bool MountedNode::isOutermost() const {
+  return parent_ == nullptr || (parent_->passesPlaceOn() && parent_->isOutermost());
+}
+
 kit::Measurement MountedNode::measure(kit::Proposal proposal) {
   for (const auto& [known, measurement] : measurements_) {
     if (known == proposal) {

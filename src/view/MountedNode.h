@@ -59,6 +59,10 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   virtual bool isEmpty() const { return false; }
   /// Takes what the others leave.
   virtual bool isSpacer() const { return false; }
+  /// Its one child stands for it: the place is handed on.
+  virtual bool passesPlaceOn() const { return false; }
+  /// Stands for all that is in the tree: whatever is above it passes its place on.
+  bool isOutermost() const;
 
   kit::Measurement measure(kit::Proposal proposal);
   /// Stands at `frame`, in the coordinates of the nearest container of peers.

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "kit/Menu.h"
+#include "kit/WindowPeer.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {
@@ -55,6 +56,11 @@ void MountedTree::setShown(bool shown) {
   if (std::exchange(shown_, shown) != shown) {
     walk(*root_, [shown](MountedNode& node) { node.showingChanged(shown); });
   }
+}
+
+double MountedTree::chromeHeight() const {
+  const auto* window = dynamic_cast<const kit::WindowPeer*>(rootPeer_);
+  return window != nullptr ? window->chromeHeight() : 0;
 }
 
 std::vector<kit::Control*> MountedTree::controls() const {

@@ -46,6 +46,9 @@ class MountedTree final : public kit::Settler {
   kit::Host& host() const { return *host_; }
   kit::Peer& rootPeer() const { return *rootPeer_; }
 
+  /// Of the window that it is mounted in, what is not the content's; 0 for any other place.
+  double chromeHeight() const;
+
   /// Every control in the order of the tree.
   std::vector<kit::Control*> controls() const;
 

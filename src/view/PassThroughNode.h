@@ -11,6 +11,7 @@ class PassThroughNode : public MountedNode {
 
   bool isEmpty() const override { return child().isEmpty(); }
   bool isSpacer() const override { return child().isSpacer(); }
+  bool passesPlaceOn() const final { return true; }
 
  protected:
   MountedNode& child() const { return *children().front(); }
