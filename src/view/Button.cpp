@@ -3,6 +3,7 @@
 #include "view/ButtonStyle.h"
 #include "view/PassThroughNode.h"
 #include "view/PlainButton.h"
+#include "view/Spacer.h"
 #include "view/Text.h"
 
 namespace tarnwell::view {
@@ -28,6 +29,9 @@ class ButtonNode final : public PassThroughNode {
       const View label = button.label ? *button.label : View(Text{button.title});
       updateChildren({style({.label = label, .role = role, .trigger = button.action})},
                      environment().with<ButtonStyleKey>(nullptr));
+    } else if (button.label && button.label->valueIf<EmptyView>() != nullptr) {
+      // Nothing to be seen is nothing to be pressed; whoever styled it may have kept its trigger.
+      updateChildren({EmptyView{}}, environment());
     } else {
       updateChildren({PlainButton{.title = titleOf(button),
                                   .role = button.role,

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "host/headless/HeadlessPlatform.h"
+#include "settingsaccess/LegacyOpener.h"
+#include "settingsaccess/OpenSettingsAccessAction.h"
+#include "settingsaccess/OpenSettingsError.h"
+#include "settingsaccess/OpenSettingsKey.h"
+#include "settingsaccess/SettingsDelegate.h"
+
+namespace tarnwell::settingsaccess {
+namespace {
+
+using Selectors = std::vector<std::string>;
+
+struct System {
+  explicit System(int major) { platform.traits().systemVersion = {.major = major}; }
+
+  host_headless::HeadlessPlatform platform;
+  std::shared_ptr<kit::Application> application = kit::Application::create(platform);
+};
+
+template <class E>
+std::optional<E> errorOf(const std::exception_ptr& failure) {
+  if (!failure) {
+    return std::nullopt;
+  }
+  try {
+    std::rethrow_exception(failure);
+  } catch (const Failure<E>& error) {
+    return error.error();
+  } catch (...) {
+    return std::nullopt;
+  }
+}
+
+TEST(OpenSettingsAccessAction, isNotConnectedAtFirstOnSystem14) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  EXPECT_FALSE(action->closure);
+  EXPECT_FALSE(action->closureBinding.get().has_value());
+  EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::settingsLinkNotConnected);
+}
+
+TEST(OpenSettingsAccessAction, callsWhatItsBindingWasGiven) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  int calls = 0;
+  action->closureBinding.set([&calls] { ++calls; });
+  EXPECT_EQ((*action)(), nullptr);
+  EXPECT_EQ(calls, 1);
+  (*action->closureBinding.get())();
+  EXPECT_EQ(calls, 2);
+}
+
+TEST(OpenSettingsAccessAction, isDisconnectedByNone) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closureBinding.set([] {});
+  action->closureBinding.set(std::nullopt);
+  EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::settingsLinkNotConnected);
+}
+
+TEST(OpenSettingsAccessAction, isNotKeptAliveByItsBinding) {
+  const System system(14);
+  auto action = OpenSettingsAccessAction::create(*system.application);
+  const std::weak_ptr weak = action;
+  const auto binding = action->closureBinding;
+  binding.set([] {});
+  action.reset();
+  EXPECT_TRUE(weak.expired());
+  EXPECT_FALSE(binding.get().has_value());
+  binding.set([] { FAIL() << "nobody is there to call this"; });
+}
+
+TEST(OpenSettingsAccessAction, passesOnAnyOtherErrorAsItIs) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closure = [] { return std::make_exception_ptr(std::runtime_error("of its own")); };
+  EXPECT_THROW(std::rethrow_exception((*action)()), std::runtime_error);
+}
+
+TEST(OpenSettingsAccessAction, translatesLegacyErrors) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closure = [] { return std::make_exception_ptr(Failure(LegacyOpenSettingsError::selectorNotFound)); };
+  EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::selectorNotFound);
+  action->closure = [] { return std::make_exception_ptr(Failure(LegacyOpenSettingsError::unsupportedPlatform)); };
+  EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::unsupportedPlatform);
+}
+
+TEST(OpenSettingsAccessAction, sendsTheNewerSelectorOnSystem13AndNeverTriesTheOlder) {
+  const System system(13);
+  const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{"showSettingsWindow:"});
+  system.application->setDelegate(delegate);
+  EXPECT_EQ((*OpenSettingsAccessAction::create(*system.application))(), nullptr);
+  EXPECT_EQ(delegate->received, (Selectors{"showSettingsWindow:"}));
+  EXPECT_EQ(std::ranges::count(delegate->asked, "showPreferencesWindow:"), 0);
+}
+
+TEST(OpenSettingsAccessAction, fallsBackToTheOlderSelectorOnSystem12) {
+  const System system(12);
+  const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{"showPreferencesWindow:"});
+  system.application->setDelegate(delegate);
+  EXPECT_EQ((*OpenSettingsAccessAction::create(*system.application))(), nullptr);
+  EXPECT_EQ(delegate->received, (Selectors{"showPreferencesWindow:"}));
+  EXPECT_EQ(delegate->asked.front(), "showSettingsWindow:");
+}
+
+TEST(OpenSettingsAccessAction, failsWithoutADelegateOnSystems11To13) {
+  for (const int major : {11, 12, 13}) {
+    const System system(major);
+    const auto action = OpenSettingsAccessAction::create(*system.application);
+    EXPECT_TRUE(action->closure);
+    EXPECT_FALSE(action->closureBinding.get().has_value());
+    EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::selectorNotFound) << major;
+  }
+}
+
+TEST(OpenSettingsAccessAction, failsOnADelegateThatKnowsNeitherSelector) {
+  const System system(13);
+  const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{});
+  system.application->setDelegate(delegate);
+  EXPECT_EQ(errorOf<OpenSettingsError>((*OpenSettingsAccessAction::create(*system.application))()),
+            OpenSettingsError::selectorNotFound);
+  EXPECT_EQ(delegate->received, Selectors{});
+}
+
+TEST(LegacyOpener, isUnsupportedFromSystem14On) {
+  const System system(14);
+  const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{"showSettingsWindow:"});
+  system.application->setDelegate(delegate);
+  EXPECT_EQ(openSettingsThroughDelegate(*system.application), LegacyOpenSettingsError::unsupportedPlatform);
+  EXPECT_EQ(delegate->received, Selectors{});
+}
+
+TEST(OpenSettingsKey, givesOneActionForTheWholeApplication) {
+  const System system(14);
+  EXPECT_EQ(OpenSettingsKey::initial(), OpenSettingsKey::initial());
+}
+
+TEST(OpenSettingsKey, givesEachApplicationItsOwn) {
+  const System first(14);
+  const auto action = OpenSettingsKey::initial();
+  const System second(14);
+  EXPECT_NE(OpenSettingsKey::initial(), action);
+}
+
+}  // namespace
+}  // namespace tarnwell::settingsaccess
