@@ -10,6 +10,7 @@
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
 #include "host/qt/ScrollBarOverlay.h"
+#include "host/qt/WindowWidget.h"
 #include "kit/Box.h"
 #include "kit/Button.h"
 #include "kit/PopUpButton.h"
@@ -72,6 +73,9 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   // Asked for each class of an object, from its own up; a text field is the toolkit's own business.
   if (className != QLatin1String("QWidget") || qobject_cast<QLineEdit*>(object) != nullptr) {
     return nullptr;
+  }
+  if (dynamic_cast<WindowWidget*>(object) != nullptr) {
+    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
   }
   if (dynamic_cast<ScrollBarOverlay*>(object) != nullptr) {
     return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::ScrollBar);

@@ -9,7 +9,7 @@ class AccessiblePressable : public AccessibleControl {
  public:
   using AccessibleControl::AccessibleControl;
 
-  QStringList actionNames() const override { return {actionName()}; }
+  QStringList actionNames() const override { return QStringList{actionName()} + AccessibleControl::actionNames(); }
   void doAction(const QString& name) override;
 
  protected:

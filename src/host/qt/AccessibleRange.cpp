@@ -15,7 +15,9 @@ void* AccessibleRange::interface_cast(QAccessible::InterfaceType type) {
                                              : AccessibleControl::interface_cast(type);
 }
 
-QStringList AccessibleRange::actionNames() const { return {increaseAction(), decreaseAction()}; }
+QStringList AccessibleRange::actionNames() const {
+  return QStringList{increaseAction(), decreaseAction()} + AccessibleControl::actionNames();
+}
 
 void AccessibleRange::doAction(const QString& name) {
   if (control<kit::Control>() == nullptr) {

@@ -22,7 +22,7 @@ bool isFieldInEditing(QObject* object) {
 
 InputWatch::InputWatch(const Theme& theme) : theme_(theme) {
   qApp->installEventFilter(this);
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*from*/, QWidget* to) { focusMoved(to); });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*from*/, QWidget* to) noexcept { focusMoved(to); });
 }
 
 bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
@@ -44,7 +44,7 @@ void InputWatch::endEditing(QObject* pressed) {
   }
 }
 
-void InputWatch::focusMoved(QWidget* to) noexcept {
+void InputWatch::focusMoved(QWidget* to) {
   // A menu only borrows the focus.
   if (to != nullptr && to->window()->windowType() == Qt::Popup) {
     return;

@@ -27,7 +27,7 @@ class InputWatch final : public QObject {
 
  private:
   void endEditing(QObject* pressed);
-  void focusMoved(QWidget* to) noexcept;
+  void focusMoved(QWidget* to);
 
   const Theme& theme_;
   kit::Action fontChanged_;

@@ -104,8 +104,9 @@ QPalette Palette::toolkitPalette() const {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
-  return (lighter + 0.05) / (darker + 0.05);
+  const double first = luminance(one);
+  const double second = luminance(other);
+  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 ColorScheme schemeOf(const QPalette& palette) {

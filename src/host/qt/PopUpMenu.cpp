@@ -62,7 +62,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
 }
 
 void PopUpMenu::openOver(const QPoint& title) {
-  const QPoint row = title - QPoint(margin + static_cast<int>(checkWidth), rowHeightInPoints / 2);
+  const QPoint row = title - QPoint(margin + static_cast<int>(checkWidth), margin + rowHeightInPoints / 2);
   const QList<QAction*> rows = actions();
   QAction* current = selected_ >= 0 ? rows.at(selected_) : nullptr;
   popup(row, current);
