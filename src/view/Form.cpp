@@ -43,7 +43,7 @@ class FormNode final : public MountedNode {
     area_->setContentHeight(contentHeight(frame.width));
     const double width = frame.width - 2 * metrics::padding;
     double y = metrics::padding;
-    for (const auto& section : children()) {
+    for (MountedNode* section : visibleSections()) {
       const double height = section->measure({.width = width}).size.height;
       section->place({.x = metrics::padding, .y = y, .width = width, .height = height});
       y += height + metrics::sectionGap;
@@ -51,12 +51,23 @@ class FormNode final : public MountedNode {
   }
 
  private:
-  double contentHeight(double width) const {
-    double height = 2 * metrics::padding;
+  std::vector<MountedNode*> visibleSections() const {
+    std::vector<MountedNode*> sections;
     for (const auto& section : children()) {
+      if (!section->isEmpty()) {
+        sections.push_back(section.get());
+      }
+    }
+    return sections;
+  }
+
+  double contentHeight(double width) const {
+    const auto sections = visibleSections();
+    double height = 2 * metrics::padding;
+    for (MountedNode* section : sections) {
       height += section->measure({.width = width - 2 * metrics::padding}).size.height;
     }
-    return height + metrics::sectionGap * static_cast<double>(std::max<std::size_t>(children().size(), 1) - 1);
+    return height + metrics::sectionGap * static_cast<double>(std::max<std::size_t>(sections.size(), 1) - 1);
   }
 
   std::unique_ptr<kit::ScrollArea> area_;

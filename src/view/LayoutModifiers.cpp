@@ -29,6 +29,10 @@ class FrameNode final : public PassThroughNode {
  protected:
   void apply() override { updateChildren({valueAs<FrameModifier>().content}, environment()); }
 
+  bool laysOutLike(const Description& next) const override {
+    return valueOf<FrameModifier>(next).frame == valueAs<FrameModifier>().frame;
+  }
+
   kit::Measurement layOut(kit::Proposal proposal) override {
     const Frame& frame = valueAs<FrameModifier>().frame;
     const std::optional<double> most = maxHeight();

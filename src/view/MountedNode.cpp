@@ -4,6 +4,12 @@
 #include "view/MountedTree.h"
 
 namespace tarnwell::view {
+namespace {
+
+// A layout asks a node for a handful of sizes. More is what layouts of the past asked for.
+constexpr std::size_t mostMeasurements = 32;
+
+}  // namespace
 
 MountedNode::MountedNode(const Place& place)
     : tree_(place.tree),
@@ -21,6 +27,9 @@ void MountedNode::mount() {
 }
 
 void MountedNode::update(View view, EnvironmentValues environment) {
+  if (!laysOutLike(view.description())) {
+    forgetMeasurements();
+  }
   view_ = std::move(view);
   environment_ = std::move(environment);
   dirty_ = false;
@@ -62,6 +71,9 @@ kit::Measurement MountedNode::measure(kit::Proposal proposal) {
     }
   }
   const kit::Measurement measurement = layOut(proposal);
+  if (measurements_.size() == mostMeasurements) {
+    measurements_.clear();
+  }
   measurements_.emplace_back(proposal, measurement);
   return measurement;
 }

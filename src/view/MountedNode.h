@@ -84,12 +84,18 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   /// The description, for a node that was made for values of type `V`.
   template <class V>
   const V& valueAs() const {
-    return static_cast<const ValueDescription<V>&>(view_.description()).value();
+    return valueOf<V>(view_.description());
+  }
+  template <class V>
+  static const V& valueOf(const Description& description) {
+    return static_cast<const ValueDescription<V>&>(description).value();
   }
 
   /// Brings controls and children in line with description and environment, at mounting and at every update.
   virtual void apply() = 0;
   virtual void willUnmount() {}
+  /// Whether it would lay out the same children as it does now with `next`, a description of the same type.
+  virtual bool laysOutLike(const Description& /*next*/) const { return true; }
   virtual kit::Measurement layOut(kit::Proposal proposal) = 0;
   virtual void placeContent(const kit::Rect& frame) = 0;
 

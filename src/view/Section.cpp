@@ -28,7 +28,6 @@ class SectionNode final : public MountedNode {
     std::vector<View> parts = section.rows;
     parts.push_back(section.footer);
     updateChildren(parts, environment());
-    makeSeparators(visibleRows().size());
   }
 
   void willUnmount() override {
@@ -38,34 +37,36 @@ class SectionNode final : public MountedNode {
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     const double width = proposal.width.value_or(0);
+    const auto rows = visibleRows();
     double height = 0;
-    for (MountedNode* row : visibleRows()) {
+    for (MountedNode* row : rows) {
       height += rowHeight(*row, width);
     }
     if (!footer().isEmpty()) {
-      const double inset = footerInset();
-      height += group_ ? metrics::footerGap : 0;
-      height += footer().measure({.width = width - 2 * inset}).size.height;
+      height += rows.empty() ? 0 : metrics::footerGap;
+      height += footer().measure({.width = width - 2 * footerInset(rows)}).size.height;
     }
     return {.size = {.width = width, .height = height}};
   }
 
   void placeContent(const kit::Rect& frame) override {
+    const auto rows = visibleRows();
+    // A row may have filled or emptied by itself.
+    makeSeparators(rows.size());
     double y = frame.y;
-    std::size_t line = 0;
-    for (MountedNode* row : visibleRows()) {
-      if (y > frame.y) {
-        separators_[line++]->setFrame(
-            {.x = frame.x + metrics::rowInset, .y = y, .width = frame.width - 2 * metrics::rowInset, .height = 1});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (i > 0) {
+        separators_[i - 1]->setFrame(kit::onWholePoints(
+            {.x = frame.x + metrics::rowInset, .y = y, .width = frame.width - 2 * metrics::rowInset, .height = 1}));
       }
-      y += placeRow(*row, {.x = frame.x, .y = y, .width = frame.width});
+      y += placeRow(*rows[i], {.x = frame.x, .y = y, .width = frame.width});
     }
     if (group_) {
       group_->setFrame(kit::onWholePoints({.x = frame.x, .y = frame.y, .width = frame.width, .height = y - frame.y}));
-      y += metrics::footerGap;
+      y += rows.empty() ? 0 : metrics::footerGap;
     }
     if (!footer().isEmpty()) {
-      const double inset = footerInset();
+      const double inset = footerInset(rows);
       const double width = frame.width - 2 * inset;
       const kit::Size size = footer().measure({.width = width}).size;
       footer().place({.x = frame.x + inset, .y = y, .width = size.width, .height = size.height});
@@ -73,12 +74,14 @@ class SectionNode final : public MountedNode {
   }
 
  private:
+  using Rows = std::vector<MountedNode*>;
+
   MountedNode& footer() const { return *children().back(); }
   // Words stand in line with the rows' words; controls without a box above them are flush with the boxes.
-  double footerInset() const { return group_ ? metrics::rowInset : 0; }
+  static double footerInset(const Rows& rows) { return rows.empty() ? 0 : metrics::rowInset; }
 
-  std::vector<MountedNode*> visibleRows() const {
-    std::vector<MountedNode*> rows;
+  Rows visibleRows() const {
+    Rows rows;
     for (std::size_t i = 0; i + 1 < children().size(); ++i) {
       if (!children()[i]->isEmpty()) {
         rows.push_back(children()[i].get());

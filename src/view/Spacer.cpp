@@ -30,10 +30,15 @@ class SpacerNode final : public BlankNode {
   std::string summary() const override { return "Spacer"; }
 
  protected:
-  // Along a stack's axis; across it a spacer takes nothing that matters.
+  bool laysOutLike(const Description& next) const override {
+    return valueOf<Spacer>(next).minLength == valueAs<Spacer>().minLength;
+  }
+
+  // A stack takes the length along its axis; across it a spacer has none.
   kit::Measurement layOut(kit::Proposal proposal) override {
     const double least = valueAs<Spacer>().minLength;
-    return {.size = {.width = std::max(least, proposal.width.value_or(least)), .height = least}};
+    return {.size = {.width = std::max(least, proposal.width.value_or(least)),
+                     .height = std::max(least, proposal.height.value_or(least))}};
   }
 };
 

@@ -24,6 +24,11 @@ class HStackNode final : public MountedNode {
  protected:
   void apply() override { updateChildren(valueAs<HStack>().children, environment()); }
 
+  bool laysOutLike(const Description& next) const override {
+    const auto& stack = valueOf<HStack>(next);
+    return stack.alignment == valueAs<HStack>().alignment && stack.spacing == valueAs<HStack>().spacing;
+  }
+
   kit::Measurement layOut(kit::Proposal proposal) override {
     const Items items = layout().measure(children(), proposal);
     const double baseline = sharedBaseline(items);
@@ -79,6 +84,11 @@ class VStackNode final : public MountedNode {
 
  protected:
   void apply() override { updateChildren(valueAs<VStack>().children, environment()); }
+
+  bool laysOutLike(const Description& next) const override {
+    const auto& stack = valueOf<VStack>(next);
+    return stack.alignment == valueAs<VStack>().alignment && stack.spacing == valueAs<VStack>().spacing;
+  }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     const Items items = layout().measure(children(), proposal);

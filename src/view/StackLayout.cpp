@@ -25,7 +25,7 @@ std::vector<StackLayout::Item> StackLayout::measure(const std::vector<std::share
     share(items, *room - gaps, proposal);
   } else {
     for (Item& item : items) {
-      item.measurement = item.node->measure(along(std::nullopt, proposal));
+      take(item, std::nullopt, proposal);
     }
   }
   return items;
@@ -50,6 +50,13 @@ double StackLayout::flexibility(MountedNode& node, kit::Proposal proposal) const
   return length(node.measure(along(unbounded, proposal)).size) - length(node.measure(along(0, proposal)).size);
 }
 
+void StackLayout::take(Item& item, std::optional<double> length, kit::Proposal proposal) const {
+  item.measurement = item.node->measure(along(length, proposal));
+  if (item.node->isSpacer()) {
+    (axis_ == Axis::horizontal ? item.measurement.size.height : item.measurement.size.width) = 0;
+  }
+}
+
 void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal proposal) const {
   std::vector<std::pair<double, Item*>> takers;
   std::vector<Item*> spacers;
@@ -65,13 +72,13 @@ void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal pro
   std::ranges::stable_sort(takers, {}, [](const auto& taker) { return taker.first; });
   std::size_t left = takers.size();
   for (const auto& [flexibility, item] : takers) {
-    item->measurement = item->node->measure(along(std::max(0.0, room) / static_cast<double>(left--), proposal));
+    take(*item, std::max(0.0, room) / static_cast<double>(left--), proposal);
     room -= length(item->measurement.size);
   }
   for (Item* spacer : spacers) {
     const double least = length(spacer->node->measure(along(0, proposal)).size);
     const double part = std::max(0.0, room) / static_cast<double>(spacers.size());
-    spacer->measurement = spacer->node->measure(along(least + part, proposal));
+    take(*spacer, least + part, proposal);
   }
 }
 

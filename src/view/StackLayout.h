@@ -31,6 +31,8 @@ class StackLayout {
  private:
   kit::Proposal along(std::optional<double> length, kit::Proposal proposal) const;
   double flexibility(MountedNode& node, kit::Proposal proposal) const;
+  /// Measures the item for that length.
+  void take(Item& item, std::optional<double> length, kit::Proposal proposal) const;
   void share(std::vector<Item>& items, double room, kit::Proposal proposal) const;
 
   Axis axis_;

@@ -23,6 +23,7 @@ struct Frame {
   std::optional<double> height = std::nullopt;
   std::optional<double> maxHeight = std::nullopt;
   kit::TextAlignment alignment = kit::TextAlignment::center;
+  friend bool operator==(const Frame&, const Frame&) = default;
 };
 
 /// An immutable description of a piece of the screen; a copy costs a reference count. Any kind of view converts to it,

@@ -7,6 +7,7 @@
 
 #include "host/headless/HeadlessHost.h"
 #include "host/headless/JournalPeer.h"
+#include "kit/Printing.h"
 
 namespace tarnwell::kit {
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "kit/Control.h"
+#include "kit/Printing.h"
 #include "kit/Turn.h"
 #include "view/Binding.h"
 #include "view/BoxHost.h"

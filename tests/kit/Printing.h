@@ -1,0 +1,17 @@
+#pragma once
+
+#include <ostream>
+
+#include "kit/Geometry.h"
+
+namespace tarnwell::kit {
+
+// How a failed comparison shows the values.
+
+inline void PrintTo(const Size& size, std::ostream* out) { *out << size.width << " x " << size.height; }
+
+inline void PrintTo(const Rect& rect, std::ostream* out) {
+  *out << rect.width << " x " << rect.height << " at " << rect.x << ", " << rect.y;
+}
+
+}  // namespace tarnwell::kit
