@@ -1,5 +1,7 @@
 #include "host/linux/SearchPath.h"
 
+#include "host/linux/RunningExecutable.h"
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -15,13 +17,6 @@ bool isProgram(const std::filesystem::path& path) {
   return std::filesystem::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
 }
 
-Result<std::filesystem::path> ownFolder() {
-  std::error_code error;
-  const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (error) return Failure{"cannot tell where the program lies: " + error.message()};
-  return executable.parent_path();
-}
-
 std::optional<Failure> putFirst(const std::string& folder) {
   if (folder.find(':') != std::string::npos) {
     return Failure{"the stand-ins cannot be found in " + folder + ": PATH takes no folder with a colon in its name"};
@@ -34,9 +29,9 @@ std::optional<Failure> putFirst(const std::string& folder) {
 }  // namespace
 
 std::optional<Failure> putStandInsFirst() {
-  const auto own = ownFolder();
+  const auto own = runningExecutable();
   if (const auto* failure = std::get_if<Failure>(&own)) return *failure;
-  const auto standIns = standInFolder(std::get<std::filesystem::path>(own));
+  const auto standIns = standInFolder(std::get<std::filesystem::path>(own).parent_path());
   if (const auto* failure = std::get_if<Failure>(&standIns)) return *failure;
   return putFirst(std::get<std::filesystem::path>(standIns).string());
 }

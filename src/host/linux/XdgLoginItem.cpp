@@ -1,0 +1,146 @@
+#include "host/linux/XdgLoginItem.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "host/linux/DesktopEntry.h"
+#include "host/linux/ReplaceFile.h"
+
+namespace tarnwell::host_linux {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* hiddenKey = "Hidden";
+constexpr const char* enabledKey = "X-GNOME-Autostart-enabled";
+
+fs::path absoluteFrom(const char* variable) {
+  const char* value = ::getenv(variable);
+  const fs::path path = value == nullptr ? "" : value;
+  return path.is_absolute() ? path : fs::path();
+}
+
+// Where writing goes: to the file that a link leads to, so that one who keeps the file elsewhere keeps doing so.
+fs::path behindLinks(const fs::path& path) {
+  std::error_code error;
+  const fs::path real = fs::canonical(path, error);
+  return !error && fs::is_regular_file(real, error) ? real : path;
+}
+
+bool isLink(const fs::path& path) {
+  std::error_code error;
+  return fs::is_symlink(path, error);
+}
+
+// Nothing there is an empty text; so is a device or a folder, which can be no entry.
+Result<std::string> contentOf(const fs::path& path) {
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return std::string();
+  std::ifstream file(path, std::ios::binary);
+  std::string content(std::istreambuf_iterator<char>(file), {});
+  if (file.bad() || !file.is_open()) return Failure{"cannot read " + path.string()};
+  return content;
+}
+
+bool isOn(const DesktopEntry& entry) {
+  return !entry.value("Exec").value_or("").empty() && !entry.isTrue(hiddenKey) && !entry.isFalse(enabledKey);
+}
+
+void switchOn(DesktopEntry& entry) {
+  entry.erase(hiddenKey);
+  if (entry.isFalse(enabledKey)) {
+    entry.erase(enabledKey);
+  }
+}
+
+void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::string& value) {
+  if (!entry.value(key)) {
+    entry.set(key, value);
+  }
+}
+
+std::optional<std::string> words(const std::optional<Failure>& failure) {
+  return failure ? std::optional(failure->message) : std::nullopt;
+}
+
+}  // namespace
+
+kit::LoginItem::Status XdgLoginItem::status() const {
+  const auto path = file();
+  if (!std::holds_alternative<fs::path>(path)) return Status::notFound;
+  const auto content = contentOf(std::get<fs::path>(path));
+  const auto* text = std::get_if<std::string>(&content);
+  return text != nullptr && isOn(DesktopEntry(*text)) ? Status::enabled : Status::notRegistered;
+}
+
+std::optional<std::string> XdgLoginItem::registerItem() { return words(tryRegister()); }
+
+std::optional<std::string> XdgLoginItem::unregisterItem() { return words(tryUnregister()); }
+
+Result<fs::path> XdgLoginItem::folder() {
+  fs::path base = absoluteFrom("XDG_CONFIG_HOME");
+  if (base.empty() && !absoluteFrom("HOME").empty()) {
+    base = absoluteFrom("HOME") / ".config";
+  }
+  if (base.empty()) return Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
+  return base / "autostart";
+}
+
+std::optional<Failure> XdgLoginItem::tryRegister() const {
+  const auto path = file();
+  if (const auto* failure = std::get_if<Failure>(&path)) return *failure;
+  const auto exec = execLine();
+  if (const auto* failure = std::get_if<Failure>(&exec)) return *failure;
+  const fs::path target = behindLinks(std::get<fs::path>(path));
+  const auto content = contentOf(target);
+  if (const auto* failure = std::get_if<Failure>(&content)) return *failure;
+  const auto& text = std::get<std::string>(content);
+  if (text.empty()) return replaceFile(target, ownText(std::get<std::string>(exec)));
+  DesktopEntry entry(text);
+  switchOn(entry);
+  setWhereMissing(entry, "Name", program_.name);
+  setWhereMissing(entry, "Type", "Application");
+  entry.set("Exec", std::get<std::string>(exec));
+  return replaceFile(target, entry.text());
+}
+
+std::optional<Failure> XdgLoginItem::tryUnregister() const {
+  const auto found = file();
+  if (const auto* failure = std::get_if<Failure>(&found)) return *failure;
+  const auto& path = std::get<fs::path>(found);
+  const auto content = contentOf(path);
+  if (const auto* failure = std::get_if<Failure>(&content)) return *failure;
+  const auto& text = std::get<std::string>(content);
+  const auto exec = execLine();
+  const auto* ownExec = std::get_if<std::string>(&exec);
+  if (text.empty()) return std::nullopt;
+  if (ownExec != nullptr && text == ownText(*ownExec) && !isLink(path)) {
+    std::error_code error;
+    fs::remove(path, error);
+    return error ? std::optional(Failure{"cannot remove " + path.string() + ": " + error.message()}) : std::nullopt;
+  }
+  DesktopEntry entry(text);
+  entry.set(hiddenKey, "true");
+  return replaceFile(behindLinks(path), entry.text());
+}
+
+Result<fs::path> XdgLoginItem::file() const {
+  auto place = folder();
+  if (auto* path = std::get_if<fs::path>(&place)) {
+    *path /= program_.id + ".desktop";
+  }
+  return place;
+}
+
+Result<std::string> XdgLoginItem::execLine() const {
+  if (const auto line = execValue({program_.executable.string(), program_.argument})) return *line;
+  return Failure{"an autostart entry cannot name " + program_.executable.string() + ": there is a \"=\" in it"};
+}
+
+std::string XdgLoginItem::ownText(const std::string& exec) const {
+  return "[Desktop Entry]\nType=Application\nName=" + program_.name + "\nIcon=" + program_.id + "\nExec=" + exec + "\n";
+}
+
+}  // namespace tarnwell::host_linux

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "host/linux/Result.h"
+#include "kit/LoginItem.h"
+
+namespace tarnwell::host_linux {
+
+/// The application among the programs that a desktop starts at login: `autostart/ID.desktop` in the user's
+/// configuration folder. Desktops and users edit that file as well, so it is read each time, and what we did not write
+/// stays in it: a file that is ours alone is removed, an edited one is only switched off.
+class XdgLoginItem final : public kit::LoginItem {
+ public:
+  struct Program {
+    std::string id = {};
+    std::string name = {};
+    /// Absolute.
+    std::filesystem::path executable = {};
+    /// With which it learns that it was started at login.
+    std::string argument = {};
+  };
+
+  explicit XdgLoginItem(Program program) : program_(std::move(program)) {}
+
+  Status status() const override;
+  std::optional<std::string> registerItem() override;
+  std::optional<std::string> unregisterItem() override;
+
+  /// "autostart" in XDG_CONFIG_HOME or, where that is unset or not absolute, in ~/.config.
+  static Result<std::filesystem::path> folder();
+
+ private:
+  std::optional<Failure> tryRegister() const;
+  std::optional<Failure> tryUnregister() const;
+  Result<std::filesystem::path> file() const;
+  Result<std::string> execLine() const;
+  std::string ownText(const std::string& exec) const;
+
+  Program program_;
+};
+
+}  // namespace tarnwell::host_linux
