@@ -9,6 +9,7 @@ struct SystemVersion {
   int major = 14;
   int minor = 0;
   int patch = 0;
+  // NOLINTNEXTLINE(modernize-use-nullptr): the tool takes the comparison's zero for a pointer
   friend auto operator<=>(const SystemVersion&, const SystemVersion&) = default;
 };
 

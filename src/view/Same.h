@@ -10,7 +10,7 @@ namespace tarnwell::view {
 template <class T>
 bool same(const T& a, const T& b) {
   if constexpr (std::equality_comparable<T>) {
-    return a == b || (a != a && b != b);
+    return a == b || (a != a && b != b);  // NOLINT(misc-redundant-expression): only a NaN differs from itself
   } else {
     return false;
   }
