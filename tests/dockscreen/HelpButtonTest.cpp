@@ -1,0 +1,62 @@
+#include "dockscreen/HelpButton.h"
+
+#include <gtest/gtest.h>
+
+#include "view/Stage.h"
+#include "view/Text.h"
+
+namespace tarnwell::dockscreen {
+namespace {
+
+class HelpButtonTest : public testing::Test {
+ protected:
+  HelpButton noting(const std::string& title, const std::string& note) {
+    return {.title = title, .action = [this, note] { notes.push_back(note); }};
+  }
+
+  view::Lines notes = {};
+};
+
+TEST_F(HelpButtonTest, aClickRunsTheActionOnce) {
+  const view::Stage stage{noting("", "help")};
+  stage.first<kit::Button>().click();
+  EXPECT_EQ(notes, view::Lines{"help"});
+}
+
+TEST_F(HelpButtonTest, itIsRoundWithOrWithoutATitle) {
+  EXPECT_EQ((view::Stage{noting("", "help")}.dump()), "Help button \"\"\n");
+  EXPECT_EQ((view::Stage{noting("More", "help")}.dump()), "Help button \"More\"\n");
+  view::Stage stage{noting("More", "help")};
+  stage.open();
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{22, 22}));
+}
+
+TEST_F(HelpButtonTest, anotherTitleShowsAndAnotherActionDoesNot) {
+  view::Stage stage{noting("first", "first")};
+  stage.show(noting("second", "second"));
+  EXPECT_EQ(stage.dump(), "Help button \"second\"\n");
+  stage.first<kit::Button>().click();
+  EXPECT_EQ(notes, view::Lines{"first"});
+}
+
+TEST_F(HelpButtonTest, aButtonMadeAnewHasTheNewAction) {
+  view::Stage stage{noting("", "first")};
+  stage.show(view::Text{"away"});
+  stage.show(noting("", "second"));
+  stage.first<kit::Button>().click();
+  EXPECT_EQ(notes, view::Lines{"second"});
+}
+
+TEST_F(HelpButtonTest, aDisabledOneIgnoresClicks) {
+  const view::Stage stage{view::View(noting("", "help")).disabled(true)};
+  stage.first<kit::Button>().click();
+  EXPECT_EQ(notes, view::Lines{});
+}
+
+TEST(HelpButtonDeathTest, theCoordinatorsPlainInitialiserIsNotSupported) {
+  EXPECT_DEATH(HelpButton::Coordinator(),
+               "use of unimplemented initializer 'init\\(\\)' for class 'HelpButton.Coordinator'");
+}
+
+}  // namespace
+}  // namespace tarnwell::dockscreen
