@@ -117,6 +117,8 @@ bool Application::sendAction(const Selector& action, const std::shared_ptr<Objec
   if (receiver == nullptr || !receiver->respondsToSelector(action)) {
     return false;
   }
+  // The action may make its owner let go of it.
+  const auto keptAlive = receiver->weak_from_this().lock();
   turn_.perform([&] { receiver->perform(action, sender); });
   return true;
 }

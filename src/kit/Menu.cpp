@@ -4,6 +4,9 @@
 
 namespace tarnwell::kit {
 
+// An entry may outlive its menu: whoever chose it still holds it.
+Menu::~Menu() { releaseItems(); }
+
 void Menu::addItem(std::shared_ptr<MenuItem> item) {
   adopt(item);
   items_.push_back(std::move(item));
@@ -14,9 +17,7 @@ void Menu::setItems(std::vector<std::shared_ptr<MenuItem>> items) {
   if (items == items_) {
     return;
   }
-  for (const auto& item : items_) {
-    item->setChangeAction({});
-  }
+  releaseItems();
   items_ = std::move(items);
   for (const auto& item : items_) {
     adopt(item);
@@ -32,6 +33,12 @@ void Menu::willOpen() const {
 
 void Menu::adopt(const std::shared_ptr<MenuItem>& item) {
   item->setChangeAction([this] { observers_.tell(); });
+}
+
+void Menu::releaseItems() {
+  for (const auto& item : items_) {
+    item->setChangeAction({});
+  }
 }
 
 }  // namespace tarnwell::kit

@@ -16,6 +16,7 @@ class Menu final {
   explicit Menu(std::string title = {}) : title_(std::move(title)) {}
   Menu(const Menu&) = delete;
   Menu& operator=(const Menu&) = delete;
+  ~Menu();
 
   const std::string& title() const { return title_; }
 
@@ -48,6 +49,7 @@ class Menu final {
 
  private:
   void adopt(const std::shared_ptr<MenuItem>& item);
+  void releaseItems();
 
   std::string title_;
   std::vector<std::shared_ptr<MenuItem>> items_;
