@@ -1,5 +1,6 @@
 #include "host/headless/PointNumberFormat.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -7,12 +8,59 @@
 namespace tarnwell::host_headless {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr std::array<std::string_view, 4> blanks = {" ", "\t", "\u00A0", "\u202F"};
+constexpr std::string_view minusSign = "\u2212";
 
-void trimZeros(std::string& fraction) {
-  while (!fraction.empty() && fraction.back() == '0') {
-    fraction.pop_back();
+/// The digits before and behind the point.
+struct Digits {
+  std::string whole = {};
+  std::string fraction = {};
+};
+
+bool areDigits(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// The shortest digits that give the number again: what is rounded is what a person sees of it.
+Digits shortestDigits(double magnitude) {
+  // The widest double has 309 digits before the point, the narrowest some 340 behind it.
+  std::array<char, 700> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed);
+  const std::string plain(buffer.data(), end.ptr);
+  const std::size_t point = std::min(plain.find('.'), plain.size());
+  return {.whole = plain.substr(0, point), .fraction = plain.substr(std::min(point + 1, plain.size()))};
+}
+
+void increment(std::string& digits) {
+  for (std::size_t i = digits.size(); i-- > 0;) {
+    if (digits[i] != '9') {
+      ++digits[i];
+      return;
+    }
+    digits[i] = '0';
   }
+  digits.insert(digits.begin(), '1');
+}
+
+bool roundsUp(std::string_view kept, std::string_view dropped) {
+  if (dropped.empty() || dropped.front() != '5') {
+    return !dropped.empty() && dropped.front() > '5';
+  }
+  const bool isHalf = dropped.find_first_not_of('0', 1) == std::string_view::npos;
+  return !isHalf || (kept.back() - '0') % 2 != 0;
+}
+
+Digits rounded(const Digits& digits, std::size_t fractionDigits) {
+  const std::size_t count = std::min(fractionDigits, digits.fraction.size());
+  std::string kept = digits.whole + digits.fraction.substr(0, count);
+  const std::size_t length = kept.size();
+  if (roundsUp(kept, std::string_view(digits.fraction).substr(count))) {
+    increment(kept);
+  }
+  const std::size_t point = digits.whole.size() + kept.size() - length;
+  Digits result{.whole = kept.substr(0, point), .fraction = kept.substr(point)};
+  result.fraction.erase(result.fraction.find_last_not_of('0') + 1);
+  return result;
 }
 
 std::string grouped(const std::string& digits, char mark) {
@@ -26,57 +74,73 @@ std::string grouped(const std::string& digits, char mark) {
   return result;
 }
 
+std::string_view withoutBlanks(std::string_view text) {
+  for (std::size_t before = text.size() + 1; text.size() != before;) {
+    before = text.size();
+    for (const std::string_view blank : blanks) {
+      if (text.starts_with(blank)) {
+        text.remove_prefix(blank.size());
+      }
+      if (text.ends_with(blank)) {
+        text.remove_suffix(blank.size());
+      }
+    }
+  }
+  return text;
+}
+
+bool takeMinus(std::string_view& text) {
+  for (const std::string_view minus : {std::string_view("-"), minusSign}) {
+    if (text.starts_with(minus)) {
+      text.remove_prefix(minus.size());
+      return true;
+    }
+  }
+  return false;
+}
+
+/// The digits of `text` without its grouping marks, or nothing where one stands at another place than a locale's.
+std::optional<std::string> ungrouped(std::string_view text, char mark) {
+  std::string digits(text);
+  std::erase(digits, mark);
+  const bool groups = digits.size() != text.size();
+  if (!areDigits(digits) || (groups && (digits.starts_with('0') || grouped(digits, mark) != text))) {
+    return std::nullopt;
+  }
+  return digits;
+}
+
 }  // namespace
 
 std::string PointNumberFormat::text(double value, int mostFractionDigits) const {
   if (std::isnan(value)) {
     return "NaN";
   }
+  const std::string sign = std::signbit(value) ? "-" : "";
   if (std::isinf(value)) {
-    return value < 0 ? "-∞" : "∞";
+    return sign + "∞";
   }
-  // The widest double has 309 digits before the point.
-  std::array<char, 400> buffer{};
-  const auto end =
-      std::to_chars(buffer.begin(), buffer.end(), std::abs(value), std::chars_format::fixed, mostFractionDigits);
-  const std::string plain(buffer.begin(), end.ptr);
-  const std::size_t point = plain.find('.');
-  std::string fraction = point == std::string::npos ? "" : plain.substr(point + 1);
-  trimZeros(fraction);
-  const std::string whole = grouped(plain.substr(0, point), groupingMark_);
-  return (std::signbit(value) ? "-" : "") + whole + (fraction.empty() ? "" : decimalMark_ + fraction);
+  const auto fractionDigits = static_cast<std::size_t>(std::max(0, mostFractionDigits));
+  const Digits digits = rounded(shortestDigits(std::abs(value)), fractionDigits);
+  return sign + grouped(digits.whole, groupingMark_) + (digits.fraction.empty() ? "" : decimalMark_ + digits.fraction);
 }
 
 std::optional<double> PointNumberFormat::value(std::string_view text) const {
-  std::string plain;
-  std::size_t sinceMark = 0;
-  bool groups = false;
-  bool fraction = false;
-  bool digits = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (isDigit(c)) {
-      plain += c;
-      digits = true;
-      ++sinceMark;
-    } else if (c == '-' && i == 0) {
-      plain += c;
-    } else if (c == groupingMark_ && !fraction && digits && (groups ? sinceMark == 3 : sinceMark <= 3)) {
-      groups = true;
-      sinceMark = 0;
-    } else if (c == decimalMark_ && !fraction && (!groups || sinceMark == 3)) {
-      fraction = true;
-      plain += '.';
-    } else {
-      return std::nullopt;
-    }
-  }
-  if (!digits || (groups && !fraction && sinceMark != 3)) {
+  text = withoutBlanks(text);
+  const bool isNegative = takeMinus(text);
+  const std::size_t point = std::min(text.find(decimalMark_), text.size());
+  const auto whole = ungrouped(text.substr(0, point), groupingMark_);
+  const std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+  if (!whole || !areDigits(fraction) || (whole->empty() && fraction.empty())) {
     return std::nullopt;
   }
-  double number = 0;
-  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), number);
-  return result.ec == std::errc() && result.ptr == plain.data() + plain.size() ? std::optional(number) : std::nullopt;
+  const std::string plain = *whole + "." + std::string(fraction);
+  double magnitude = 0;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
+  if (result.ec != std::errc()) {
+    return std::nullopt;
+  }
+  return isNegative ? -magnitude : magnitude;
 }
 
 }  // namespace tarnwell::host_headless
