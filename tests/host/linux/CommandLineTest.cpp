@@ -1,0 +1,45 @@
+#include "host/linux/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace tarnwell::host_linux {
+namespace {
+
+CommandLine::Parsed parse(std::vector<const char*> arguments) {
+  arguments.insert(arguments.begin(), "tarnwell");
+  return CommandLine::parse(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(CommandLine, withoutArgumentsStarts) {
+  const auto parsed = parse({});
+  ASSERT_TRUE(std::holds_alternative<LaunchArguments>(parsed));
+  EXPECT_FALSE(std::get<LaunchArguments>(parsed).atLogin);
+}
+
+TEST(CommandLine, knowsAStartAtLogin) {
+  EXPECT_TRUE(std::get<LaunchArguments>(parse({"--launched-at-login"})).atLogin);
+}
+
+TEST(CommandLine, printsItsVersion) {
+  EXPECT_EQ(std::get<CommandLine::Print>(parse({"--version"})).text, "tarnwell " TARNWELL_VERSION);
+}
+
+TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {
+  const std::string text = std::get<CommandLine::Print>(parse({"--help"})).text;
+  EXPECT_NE(text.find("--help"), std::string::npos);
+  EXPECT_NE(text.find("--version"), std::string::npos);
+  EXPECT_EQ(text.find("--launched-at-login"), std::string::npos);
+}
+
+TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
+  for (const char* argument : {"-x", "--verbose", "file", "--launched-at-login=maybe", "--LAUNCHED-AT-LOGIN", ""}) {
+    const auto parsed = parse({argument});
+    ASSERT_TRUE(std::holds_alternative<Failure>(parsed)) << argument;
+    EXPECT_NE(std::get<Failure>(parsed).message.find("\nusage: tarnwell [--help | --version]"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::host_linux
