@@ -1,6 +1,7 @@
 #include "host/qt/ButtonPeer.h"
 
 #include <QtGui/QPainter>
+#include <cmath>
 
 #include "host/qt/Drawing.h"
 #include "host/qt/PressableWidget.h"
@@ -61,8 +62,8 @@ class ButtonWidget final : public PressableWidget {
   void drawTitle(QPainter& painter) {
     const WrappedText title(button_.title(), theme().font(kit::FontRole::body), std::nullopt);
     painter.setPen(titleColor());
-    title.draw(painter, {(bounds().width() - title.size().width()) / 2,
-                         std::round((face().height() - title.size().height()) / 2)});
+    const double left = std::round((bounds().width() - title.size().width()) / 2);
+    title.draw(painter, {left, title.topAround(bounds().center().y())});
   }
 
   void drawGlyph(QPainter& painter) {

@@ -1,7 +1,6 @@
 #include "host/qt/ItemLine.h"
 
 #include <QtGui/QPainter>
-#include <cmath>
 
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
@@ -20,7 +19,7 @@ void drawItemLine(QPainter& painter, const kit::PopUpButton::Item& item, const Q
                   const Theme& theme) {
   const WrappedText title = titleOf(item, theme);
   painter.setPen(color);
-  title.draw(painter, {line.left(), line.top() + std::round((line.height() - title.size().height()) / 2)});
+  title.draw(painter, {line.left(), title.topAround(line.center().y())});
   const double side = kit::metrics::popUpSymbolSide;
   const QRectF symbol(line.left() + title.size().width() + kit::metrics::popUpGap, line.center().y() - side / 2, side,
                       side);

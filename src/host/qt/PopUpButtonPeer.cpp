@@ -36,7 +36,7 @@ class PopUpButtonWidget final : public ControlWidget {
     const Palette& palette = theme().palette();
     drawFace(painter, face(), radius, menu_ ? palette.controlFacePressed : palette.controlFace, palette);
     if (const int index = button_.selectedIndex(); index >= 0) {
-      const QRectF line = face().adjusted(kit::metrics::popUpInset, 0, 0, 0);
+      const QRectF line = bounds().adjusted(kit::metrics::popUpInset, 0, 0, 0);
       drawItemLine(painter, button_.items().at(static_cast<std::size_t>(index)), line, palette.primaryText, theme());
     }
     drawBadge(painter);

@@ -25,6 +25,7 @@ WrappedText::WrappedText(std::string_view utf8, const QFont& font, std::optional
   const QFontMetricsF metrics(font);
   const double lineHeight = std::ceil(metrics.ascent() + metrics.descent());
   firstBaseline_ = std::round(metrics.ascent());
+  capHeight_ = metrics.capHeight();
   layout_.setTextOption(wordWrap());
   layout_.setCacheEnabled(true);
   layout_.beginLayout();
@@ -40,6 +41,8 @@ WrappedText::WrappedText(std::string_view utf8, const QFont& font, std::optional
   layout_.endLayout();
   size_ = {std::ceil(widest), std::max(top, lineHeight)};
 }
+
+double WrappedText::topAround(double middle) const { return std::round(middle + capHeight_ / 2) - firstBaseline_; }
 
 void WrappedText::draw(QPainter& painter, const QPointF& topLeft) const { layout_.draw(&painter, topLeft); }
 

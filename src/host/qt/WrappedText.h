@@ -20,6 +20,9 @@ class WrappedText {
   QSizeF size() const { return size_; }
   double firstBaseline() const { return firstBaseline_; }
 
+  /// Where the text's top must be for the capitals of its first line to be centred on `middle`.
+  double topAround(double middle) const;
+
   /// In the painter's pen.
   void draw(QPainter& painter, const QPointF& topLeft) const;
 
@@ -27,6 +30,7 @@ class WrappedText {
   QTextLayout layout_;
   QSizeF size_;
   double firstBaseline_ = 0;
+  double capHeight_ = 0;
 };
 
 }  // namespace tarnwell::host::qt
