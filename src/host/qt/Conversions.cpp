@@ -20,9 +20,10 @@ std::string charactersOf(const QKeyEvent& event) {
     default:
       break;
   }
-  // A letter with Control held has no text, so the key itself is asked.
+  // A letter with Control held has no text, so the key itself is asked. Shift is no modifier that is left out.
   if (event.key() >= Qt::Key_Space && event.key() < Qt::Key_Escape) {
-    return QString(QChar(event.key())).toLower().toStdString();
+    const QString key(QChar(event.key()));
+    return (event.modifiers().testFlag(Qt::ShiftModifier) ? key : key.toLower()).toStdString();
   }
   return event.text().toStdString();
 }

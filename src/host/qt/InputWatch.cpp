@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMenuBar>
 
 #include "host/qt/ControlLink.h"
 #include "host/qt/ScrollAreaPeer.h"
@@ -17,6 +18,9 @@ bool isFieldInEditing(QObject* object) {
   const auto* field = link != nullptr ? dynamic_cast<const kit::TextField*>(link->control()) : nullptr;
   return field != nullptr && field->isEditing();
 }
+
+// Commands of the main menu are about what is being typed.
+bool isMenuBar(const QWidget* widget) { return qobject_cast<const QMenuBar*>(widget) != nullptr; }
 
 }  // namespace
 
@@ -36,7 +40,7 @@ bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
 
 void InputWatch::endEditing(QObject* pressed) {
   const auto* widget = qobject_cast<QWidget*>(pressed);
-  if (widget == nullptr || isFieldInEditing(pressed)) {
+  if (widget == nullptr || isFieldInEditing(pressed) || isMenuBar(widget)) {
     return;
   }
   if (kit::Window* window = WindowPeer::windowOf(*widget)) {
@@ -46,11 +50,14 @@ void InputWatch::endEditing(QObject* pressed) {
 
 void InputWatch::focusMoved(QWidget* to) {
   // A menu only borrows the focus.
-  if (to != nullptr && to->window()->windowType() == Qt::Popup) {
+  if (to != nullptr && (to->window()->windowType() == Qt::Popup || isMenuBar(to))) {
     return;
   }
   delete ring_;
   ControlLink* link = ControlLink::of(to);
+  if (kit::Window* window = to != nullptr ? WindowPeer::windowOf(*to) : nullptr) {
+    window->setFocusedControl(link != nullptr ? link->control() : nullptr);
+  }
   if (link == nullptr || link->control() == nullptr || !link->showsFocus()) {
     return;
   }

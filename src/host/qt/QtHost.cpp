@@ -28,7 +28,11 @@ QtHost::QtHost() : input_(theme_), portal_(theme_) {
 }
 
 std::unique_ptr<kit::WindowPeer> QtHost::peer(kit::Window& window) {
-  return std::make_unique<WindowPeer>(window, keys_);
+  auto peer = std::make_unique<WindowPeer>(window, keys_);
+  if (const auto chrome = makeChrome_ ? makeChrome_(window, *peer->widget()) : std::nullopt) {
+    peer->setChrome(*chrome);
+  }
+  return peer;
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {

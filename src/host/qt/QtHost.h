@@ -4,6 +4,7 @@
 #include "host/qt/KeyRoute.h"
 #include "host/qt/PortalSettings.h"
 #include "host/qt/Theme.h"
+#include "host/qt/WindowPeer.h"
 #include "kit/Host.h"
 
 namespace tarnwell::host::qt {
@@ -34,6 +35,10 @@ class QtHost final : public kit::Host {
   /// Who is asked first about a key that the focused control has no use for: the main menu.
   void setKeyEquivalents(KeyRoute::Equivalents equivalents) { keys_.setEquivalents(std::move(equivalents)); }
 
+  /// Asked for what stands in each new window beside its content; nothing for none.
+  using ChromeMaker = std::function<std::optional<WindowChrome>(kit::Window& window, QWidget& parent)>;
+  void setChromeMaker(ChromeMaker maker) { makeChrome_ = std::move(maker); }
+
   /// Run when the user has changed the desktop's font: every measurement is out of date.
   void setMetricsChanged(kit::Action action) { metricsChanged_ = std::move(action); }
 
@@ -46,6 +51,7 @@ class QtHost final : public kit::Host {
   KeyRoute keys_;
   InputWatch input_;
   PortalSettings portal_;
+  ChromeMaker makeChrome_;
   kit::Action metricsChanged_;
 };
 

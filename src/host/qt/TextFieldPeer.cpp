@@ -3,6 +3,9 @@
 #include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QLineEdit>
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
@@ -18,6 +21,38 @@ constexpr double radius = 5;
 constexpr double dimmed = 0.5;
 // The line edit keeps this much to each side of its text by itself.
 constexpr int ownMargin = 2;
+
+// The context menu, the main menu and another application's window give the focus back.
+bool onlyBorrows(Qt::FocusReason reason) {
+  return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
+}
+
+bool hasSelection(const QLineEdit& edit) { return edit.hasSelectedText(); }
+
+/// An editing command: when it can do something, and what.
+struct EditingCommand {
+  std::string_view selector = {};
+  bool (*isPossible)(const QLineEdit&) = nullptr;
+  void (*perform)(QLineEdit&) = nullptr;
+};
+
+constexpr std::array<EditingCommand, 7> editingCommands = {
+    EditingCommand{"undo:", [](const QLineEdit& edit) { return edit.isUndoAvailable(); },
+                   [](QLineEdit& edit) { edit.undo(); }},
+    EditingCommand{"redo:", [](const QLineEdit& edit) { return edit.isRedoAvailable(); },
+                   [](QLineEdit& edit) { edit.redo(); }},
+    EditingCommand{"cut:", &hasSelection, [](QLineEdit& edit) { edit.cut(); }},
+    EditingCommand{"copy:", &hasSelection, [](QLineEdit& edit) { edit.copy(); }},
+    // What the clipboard holds is its owner's to say, which may take its time.
+    EditingCommand{"paste:", [](const QLineEdit& /*edit*/) { return true; }, [](QLineEdit& edit) { edit.paste(); }},
+    EditingCommand{"delete:", &hasSelection, [](QLineEdit& edit) { edit.del(); }},
+    EditingCommand{"selectAll:", [](const QLineEdit& edit) { return !edit.text().isEmpty(); },
+                   [](QLineEdit& edit) { edit.selectAll(); }}};
+
+const EditingCommand* editingCommand(const kit::Selector& selector) {
+  const auto* found = std::ranges::find(editingCommands, selector, &EditingCommand::selector);
+  return found != editingCommands.end() ? found : nullptr;
+}
 
 class LineEdit final : public QLineEdit, public ControlLink {
  public:
@@ -41,7 +76,8 @@ class LineEdit final : public QLineEdit, public ControlLink {
   void fontsChanged() override { setFont(theme_.font(kit::FontRole::body)); }
 
   bool event(QEvent* event) noexcept override {
-    return control() != nullptr ? QLineEdit::event(event) : QObject::event(event);
+    const bool heard = control() != nullptr || event->type() == QEvent::DeferredDelete;
+    return heard && QLineEdit::event(event);
   }
 
   void showText() {
@@ -70,9 +106,11 @@ class LineEdit final : public QLineEdit, public ControlLink {
   }
 
   void focusOutEvent(QFocusEvent* event) override {
-    QLineEdit::focusOutEvent(event);
-    // The context menu and another application's window only borrow the focus.
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+    const bool comesBack = onlyBorrows(event->reason());
+    // The toolkit keeps the selection for a pop-up alone.
+    QFocusEvent told(QEvent::FocusOut, comesBack ? Qt::PopupFocusReason : event->reason());
+    QLineEdit::focusOutEvent(&told);
+    if (!comesBack) {
       field_.commit();
     }
   }
@@ -92,6 +130,17 @@ class LineEdit final : public QLineEdit, public ControlLink {
 
 TextFieldPeer::TextFieldPeer(kit::TextField& field, const Theme& theme, QWidget* parent)
     : WidgetPeer(field, new LineEdit(field, theme, parent)) {}
+
+bool TextFieldPeer::canEdit(const kit::Selector& command) const {
+  const EditingCommand* known = editingCommand(command);
+  return known != nullptr && widget() != nullptr && known->isPossible(static_cast<const LineEdit&>(*widget()));
+}
+
+void TextFieldPeer::edit(const kit::Selector& command) {
+  if (canEdit(command)) {
+    editingCommand(command)->perform(static_cast<LineEdit&>(*widget()));
+  }
+}
 
 void TextFieldPeer::showState(kit::Aspect /*aspect*/) { static_cast<LineEdit*>(widget())->showText(); }
 

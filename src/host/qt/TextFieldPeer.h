@@ -1,18 +1,18 @@
 #pragma once
 
 #include "host/qt/WidgetPeer.h"
-
-namespace tarnwell::kit {
-class TextField;
-}
+#include "kit/TextField.h"
 
 namespace tarnwell::host::qt {
 
 class Theme;
 
-class TextFieldPeer final : public WidgetPeer {
+class TextFieldPeer final : public WidgetPeer, public kit::EditingPeer {
  public:
   TextFieldPeer(kit::TextField& field, const Theme& theme, QWidget* parent);
+
+  bool canEdit(const kit::Selector& command) const override;
+  void edit(const kit::Selector& command) override;
 
  protected:
   void showState(kit::Aspect aspect) override;

@@ -1,10 +1,12 @@
 #include "host/qt/WindowPeer.h"
 
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <algorithm>
 #include <cmath>
 #include <map>
 
+#include "host/qt/ActivationToken.h"
 #include "host/qt/Conversions.h"
 #include "host/qt/WidgetPeer.h"
 #include "host/qt/WindowWidget.h"
@@ -61,10 +63,14 @@ void chainFocus(QWidget& window, const std::vector<QWidget*>& inTreeOrder) {
   }
 }
 
+int heightOf(const QPointer<QWidget>& chrome) {
+  return chrome && !chrome->isHidden() ? chrome->sizeHint().height() : 0;
+}
+
 }  // namespace
 
 WindowPeer::WindowPeer(kit::Window& window, KeyRoute& keys)
-    : window_(window), widget_(new WindowWidget(window, keys)) {}
+    : window_(window), widget_(new WindowWidget(window, keys)), content_(widget_) {}
 
 WindowPeer::~WindowPeer() {
   if (widget_) {
@@ -79,6 +85,19 @@ kit::Window* WindowPeer::windowOf(const QWidget& widget) {
   return window != nullptr ? window->kitWindow() : nullptr;
 }
 
+void WindowPeer::setChrome(const WindowChrome& chrome) {
+  above_ = chrome.above;
+  below_ = chrome.below;
+  content_ = new QWidget(widget_);
+  // A press on the ground takes the keyboard back, one on a menu bar does not.
+  content_->setFocusPolicy(widget_->focusPolicy());
+  widget_->setFocusPolicy(Qt::NoFocus);
+  if (below_) {
+    // The last that a screen reader tells.
+    below_->raise();
+  }
+}
+
 void WindowPeer::show(kit::Aspect aspect) noexcept {
   if (!widget_) {
     return;
@@ -88,21 +107,59 @@ void WindowPeer::show(kit::Aspect aspect) noexcept {
   } else if (aspect == kit::Aspect::visible) {
     widget_->setVisible(window_.isVisible());
     if (window_.isVisible()) {
-      widget_->activateWindow();
+      bringToFront(*widget_);
     }
+  } else if (aspect == kit::Aspect::level) {
+    showLevel();
   }
 }
 
+void WindowPeer::showLevel() {
+  const bool above = window_.level() > kit::Window::normalLevel;
+  if (QWindow* shown = widget_->windowHandle()) {
+    // The widget's own setter would take the window off the screen.
+    shown->setFlag(Qt::WindowStaysOnTopHint, above);
+  }
+  widget_->overrideWindowFlags(widget_->windowFlags().setFlag(Qt::WindowStaysOnTopHint, above));
+}
+
 void WindowPeer::place(const kit::Rect& frame) noexcept {
-  if (widget_) {
-    widget_->setFixedSize(static_cast<int>(std::ceil(frame.width)), static_cast<int>(std::ceil(frame.height)));
+  if (!widget_) {
+    return;
+  }
+  const QSize size(static_cast<int>(std::ceil(frame.width)), static_cast<int>(std::ceil(frame.height)));
+  const int above = heightOf(above_);
+  const int below = heightOf(below_);
+  widget_->setFixedSize(size.width(), above + size.height() + below);
+  if (content_ != widget_) {
+    content_->setGeometry(0, above, size.width(), size.height());
+  }
+  if (above_) {
+    above_->setGeometry(0, 0, size.width(), above);
+  }
+  if (below_) {
+    below_->setGeometry(0, above + size.height(), size.width(), below);
   }
 }
 
 double WindowPeer::availableHeight() const {
   const QRect room = widget_->screen()->availableGeometry();
   const int frame = widget_->frameGeometry().height() - widget_->height();
-  return room.height() - (frame > 0 ? frame : usualFrame);
+  return room.height() - (frame > 0 ? frame : usualFrame) - chromeHeight();
+}
+
+double WindowPeer::chromeHeight() const { return heightOf(above_) + heightOf(below_); }
+
+void WindowPeer::miniaturize() noexcept {
+  if (widget_) {
+    widget_->showMinimized();
+  }
+}
+
+void WindowPeer::orderFront() noexcept {
+  if (widget_) {
+    bringToFront(*widget_);
+  }
 }
 
 void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {

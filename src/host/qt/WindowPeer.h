@@ -14,6 +14,13 @@ namespace tarnwell::host::qt {
 
 class KeyRoute;
 
+/// What stands in a window beside its content, across the whole width: children of the window's widget. Null for
+/// nothing.
+struct WindowChrome {
+  QWidget* above = nullptr;
+  QWidget* below = nullptr;
+};
+
 /// A window on the screen: of a fixed size, placed by the window manager.
 class WindowPeer final : public kit::WindowPeer, public Container {
  public:
@@ -22,7 +29,11 @@ class WindowPeer final : public kit::WindowPeer, public Container {
 
   /// Null only when Qt has closed down before the window.
   QWidget* widget() const { return widget_; }
-  QWidget* content() const override { return widget_; }
+  QWidget* content() const override { return content_; }
+
+  /// Takes what stands beside the content, before anything stands in it. What hides or comes later has to be told as a
+  /// change of metrics.
+  void setChrome(const WindowChrome& chrome);
 
   /// The window that `widget` stands in; null for a widget that stands in none of ours.
   static kit::Window* windowOf(const QWidget& widget);
@@ -30,11 +41,19 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
   double availableHeight() const override;
+  double chromeHeight() const override;
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
+  void miniaturize() noexcept override;
+  void orderFront() noexcept override;
 
  private:
+  void showLevel();
+
   kit::Window& window_;
   QPointer<QWidget> widget_;
+  QPointer<QWidget> content_;  // The same unless there is something beside the content.
+  QPointer<QWidget> above_;
+  QPointer<QWidget> below_;
 };
 
 }  // namespace tarnwell::host::qt

@@ -1,0 +1,105 @@
+#include "host/qt/AboutPanel.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+#include "host/qt/ApplicationIcon.h"
+#include "host/qt/Conversions.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr Qt::WindowFlags panelFlags =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+constexpr int leastWidth = 300;
+constexpr int margin = 28;
+constexpr int iconSide = 96;
+constexpr int belowIcon = 12;
+constexpr int belowName = 4;
+constexpr int belowVersion = 14;
+constexpr double nameShare = 1.4;
+constexpr double smallShare = 0.9;
+
+QFont sized(double share) {
+  QFont font = QApplication::font();
+  font.setPointSizeF(font.pointSizeF() * share);
+  return font;
+}
+
+/// Drawn anew for each screen that it is shown on.
+class Picture final : public QWidget {
+ public:
+  explicit Picture(QWidget* parent) : QWidget(parent) { setFixedSize(iconSide, iconSide); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter(this).drawPixmap(0, 0, applicationPicture(iconSide, devicePixelRatioF()));
+  }
+};
+
+}  // namespace
+
+AboutPanel::AboutPanel(const Content& content) : QWidget(nullptr, panelFlags) {
+  setWindowTitle("About " + toQString(content.name));
+  auto* lines = new QVBoxLayout(this);
+  lines->setContentsMargins(margin, margin, margin, margin);
+  lines->setSpacing(0);
+  lines->setSizeConstraint(QLayout::SetFixedSize);
+  setMinimumWidth(leastWidth);
+  lines->addWidget(new Picture(this), 0, Qt::AlignHCenter);
+  lines->addSpacing(belowIcon);
+  name_ = addLine(content.name);
+  lines->addSpacing(belowName);
+  version_ = addLine("Version " + content.version);
+  lines->addSpacing(belowVersion);
+  copyright_ = addLine(content.copyright);
+  // The palette's quiet text.
+  copyright_->setForegroundRole(QPalette::PlaceholderText);
+  setFonts();
+}
+
+void AboutPanel::orderFront() {
+  const bool active = QGuiApplication::applicationState() == Qt::ApplicationActive;
+  setAttribute(Qt::WA_ShowWithoutActivating, !active);
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  if (active) {
+    activateWindow();
+  }
+}
+
+void AboutPanel::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
+    close();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void AboutPanel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ApplicationFontChange) {
+    setFonts();
+  }
+  QWidget::changeEvent(event);
+}
+
+QLabel* AboutPanel::addLine(const std::string& text) {
+  auto* label = new QLabel(toQString(text), this);
+  label->setAlignment(Qt::AlignHCenter);
+  layout()->addWidget(label);
+  return label;
+}
+
+void AboutPanel::setFonts() {
+  QFont bold = sized(nameShare);
+  bold.setBold(true);
+  name_->setFont(bold);
+  version_->setFont(sized(1));
+  copyright_->setFont(sized(smallShare));
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,52 @@
+#include "host/qt/ActivationToken.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QWidget>
+#include <cstdlib>
+#include <utility>
+
+#include "host/qt/X11Activation.h"
+#include "host/qt/X11Display.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
+
+// On X11 alone; the toolkit keeps Wayland's.
+std::string keptToken;
+
+std::string variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+std::string givenActivationToken() {
+  const std::string token = variable(tokenVariable);
+  return token.empty() ? variable("DESKTOP_STARTUP_ID") : token;
+}
+
+void useActivationToken(const std::string& token) {
+  if (token.empty()) {
+    return;
+  }
+  if (x11Display() != nullptr) {
+    keptToken = token;
+  } else {
+    // Where the toolkit looks for it when a window asks to be activated.
+    ::setenv(tokenVariable, token.c_str(), 1);
+  }
+}
+
+void bringToFront(QWidget& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.raise();
+  window.activateWindow();
+  if (const std::string token = std::exchange(keptToken, {}); !token.empty()) {
+    activateX11Window(window.winId(), token);
+  }
+}
+
+}  // namespace tarnwell::host::qt

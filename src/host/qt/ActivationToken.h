@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace tarnwell::host::qt {
+
+/// The desktop's permission to come to the front, which whoever started this process was given for it; empty for none.
+/// Read before the toolkit starts, which uses it up.
+std::string givenActivationToken();
+
+/// Keeps such a permission, perhaps another process's, for the next window that comes to the front.
+void useActivationToken(const std::string& token);
+
+/// Puts the window in front of all others and asks for the keyboard, with the permission that is kept if there is one.
+void bringToFront(QWidget& window);
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,53 @@
+#include "host/qt/KeyEquivalentText.h"
+
+#include <array>
+
+#include "host/qt/Conversions.h"
+#include "kit/Event.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+struct Modifier {
+  unsigned flag = 0;
+  const char* shown = "";
+  const char* name = "";
+};
+
+// In the order in which desktops write them.
+constexpr std::array<Modifier, 4> modifiers = {Modifier{.flag = kit::commandFlag, .shown = "Ctrl", .name = "Control"},
+                                               Modifier{.flag = kit::controlFlag, .shown = "Meta", .name = "Super"},
+                                               Modifier{.flag = kit::optionFlag, .shown = "Alt", .name = "Alt"},
+                                               Modifier{.flag = kit::shiftFlag, .shown = "Shift", .name = "Shift"}};
+
+// Shift is in the letter.
+unsigned typedFlags(const kit::MenuItem::KeyEquivalent& equivalent) {
+  const QString key = toQString(equivalent.key);
+  const bool upperCase = key != key.toLower();
+  return equivalent.modifierFlags | (upperCase ? kit::shiftFlag : 0);
+}
+
+QStringList parts(const kit::MenuItem::KeyEquivalent& equivalent, const char* Modifier::*wording) {
+  if (equivalent.key.empty()) {
+    return {};
+  }
+  QStringList parts;
+  for (const Modifier& modifier : modifiers) {
+    if ((typedFlags(equivalent) & modifier.flag) != 0) {
+      parts += QString::fromLatin1(modifier.*wording);
+    }
+  }
+  return parts + QStringList{toQString(equivalent.key).toUpper()};
+}
+
+}  // namespace
+
+QString keyEquivalentText(const kit::MenuItem::KeyEquivalent& equivalent) {
+  return parts(equivalent, &Modifier::shown).join('+');
+}
+
+QStringList keyEquivalentNames(const kit::MenuItem::KeyEquivalent& equivalent) {
+  return parts(equivalent, &Modifier::name);
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,97 @@
+#include "host/qt/MenuWidget.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+
+#include "host/qt/Conversions.h"
+#include "host/qt/KeyEquivalentText.h"
+#include "host/qt/MenuLook.h"
+#include "host/qt/Theme.h"
+#include "kit/Application.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+// An ampersand of a title is no mnemonic.
+QString titleOf(const kit::MenuItem& item) { return toQString(item.title()).replace('&', "&&"); }
+
+QString textOf(const kit::MenuItem& item) {
+  const QString keys = keyEquivalentText(item.keyEquivalent());
+  return keys.isEmpty() ? titleOf(item) : titleOf(item) + '\t' + keys;
+}
+
+void closeOpenMenus() {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    popup->close();
+  }
+}
+
+}  // namespace
+
+MenuWidget::MenuWidget(kit::Application& application, kit::Menu& menu, const Theme& theme, QWidget* parent)
+    : QMenu(parent), application_(application), theme_(theme) {
+  auto* look = new MenuLook(theme);
+  look->setParent(this);
+  setStyle(look);
+  setTitle(toQString(menu.title()));
+  changes_ = menu.observe([this, &menu] { follow(menu); });
+  connect(this, &QMenu::aboutToShow, this, [this]() noexcept {
+    setFont(theme_.font(kit::FontRole::body));
+    for (const auto& [item, action] : rows_) {
+      show(*item, *action);
+    }
+  });
+  follow(menu);
+}
+
+void MenuWidget::keyPressEvent(QKeyEvent* event) {
+  const kit::KeyEvent key = toKeyEvent(*event);
+  if ((key.modifierFlags & kit::commandFlag) == 0) {
+    QMenu::keyPressEvent(event);
+    return;
+  }
+  closeOpenMenus();
+  application_.performKeyEquivalent(key);
+}
+
+void MenuWidget::follow(const kit::Menu& menu) {
+  const auto shows = [](const auto& row, const Item& item) { return row.first == item; };
+  if (!std::ranges::equal(rows_, menu.items(), shows)) {
+    rebuild(menu.items());
+  }
+  for (const auto& [item, action] : rows_) {
+    show(*item, *action);
+  }
+}
+
+void MenuWidget::rebuild(const std::vector<Item>& items) {
+  for (const auto& [item, action] : rows_) {
+    removeAction(action);
+    // It may be what is being chosen.
+    action->deleteLater();
+  }
+  rows_.clear();
+  for (const Item& item : items) {
+    rows_.emplace_back(item, item->isSeparator() ? addSeparator() : addEntry(item));
+  }
+}
+
+QAction* MenuWidget::addEntry(const Item& item) {
+  if (item->submenu()) {
+    return addMenu(new MenuWidget(application_, *item->submenu(), theme_, this));
+  }
+  QAction* action = addAction(QString());
+  connect(action, &QAction::triggered, this,
+          [&application = application_, item]() noexcept { application.choose(item); });
+  return action;
+}
+
+void MenuWidget::show(const kit::MenuItem& item, QAction& action) const {
+  if (!item.isSeparator()) {
+    action.setText(textOf(item));
+    action.setEnabled(application_.canChoose(item));
+  }
+}
+
+}  // namespace tarnwell::host::qt

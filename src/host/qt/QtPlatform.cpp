@@ -1,0 +1,149 @@
+#include "host/qt/QtPlatform.h"
+
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <utility>
+
+#include "host/qt/ActivationToken.h"
+#include "host/qt/ApplicationIcon.h"
+#include "host/qt/MenuBar.h"
+#include "host/qt/StatusIcon.h"
+#include "host/qt/TrayNotice.h"
+#include "host/qt/WindowWidget.h"
+#include "kit/Application.h"
+#include "kit/ApplicationId.h"
+#include "kit/Updater.h"
+#include "kit/Window.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+std::weak_ptr<kit::Application> weak(kit::Application& application) {
+  return std::static_pointer_cast<kit::Application>(application.shared_from_this());
+}
+
+template <class Visit>
+void forEachWindow(const Visit& visit) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* window = dynamic_cast<WindowWidget*>(widget);
+    if (window != nullptr && window->kitWindow() != nullptr) {
+      visit(*window);
+    }
+  }
+}
+
+// The bars stand beside the content, so their heights come first.
+void takeMetrics() {
+  forEachWindow([](WindowWidget& window) {
+    for (QObject* child : window.children()) {
+      if (auto* bar = dynamic_cast<MenuBar*>(child)) {
+        bar->takeFont();
+      }
+    }
+    window.kitWindow()->metricsChanged();
+  });
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(QtApplication& application, Services services)
+    : application_(application), services_(std::move(services)) {
+  QApplication::setApplicationName(QString::fromStdString(services_.about.name));
+  QApplication::setApplicationVersion(QString::fromStdString(services_.about.version));
+  QApplication::setDesktopFileName(kit::applicationId);
+  QApplication::setWindowIcon(applicationIcon());
+  host().setMetricsChanged([] { takeMetrics(); });
+}
+
+QtPlatform::~QtPlatform() {
+  host().setKeyEquivalents({});
+  host().setChromeMaker({});
+  host().setMetricsChanged({});
+}
+
+void QtPlatform::launch(kit::Application& application, const kit::AppleEvent& event) {
+  currentEvent_ = event;
+  application.finishLaunching();
+  currentEvent_.reset();
+}
+
+void QtPlatform::wakeUp(kit::Application& application) {
+  if (std::exchange(turnIsDue_, true)) {
+    return;
+  }
+  QMetaObject::invokeMethod(
+      &context_,
+      [this, woken = weak(application)]() noexcept {
+        turnIsDue_ = false;
+        if (const auto alive = woken.lock()) {
+          alive->runTurn();
+        }
+      },
+      Qt::QueuedConnection);
+}
+
+void QtPlatform::activate() {
+  forEachWindow([](WindowWidget& window) {
+    if (window.isVisible()) {
+      bringToFront(window);
+    }
+  });
+}
+
+void QtPlatform::terminate() {
+  // Queued as well: a loop that has not begun yet would not hear of it.
+  QMetaObject::invokeMethod(
+      &context_, [this]() noexcept { application_.quit(); }, Qt::QueuedConnection);
+  application_.quit();
+}
+
+void QtPlatform::orderFrontStandardAboutPanel() {
+  if (!aboutPanel_) {
+    aboutPanel_ = std::make_unique<AboutPanel>(services_.about);
+  }
+  aboutPanel_->orderFront();
+}
+
+void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
+
+void QtPlatform::showMainMenu(kit::Menu& /*menu*/) {
+  kit::Application& application = *kit::Application::shared();
+  host().setKeyEquivalents([known = weak(application)](const kit::KeyEvent& event) {
+    const auto alive = known.lock();
+    return alive && alive->performKeyEquivalent(event);
+  });
+  host().setChromeMaker([this](kit::Window& window, QWidget& parent) { return makeChrome(window, parent); });
+  followKeyWindow(application);
+}
+
+std::unique_ptr<kit::StatusItemPeer> QtPlatform::peer(kit::StatusItem& item) {
+  return std::make_unique<StatusIcon>(item, tray_, host().theme());
+}
+
+std::unique_ptr<kit::UpdaterController> QtPlatform::makeUpdaterController() {
+  return services_.makeUpdaterController();
+}
+
+std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget& parent) {
+  if (window.identifier() != services_.menuWindow) {
+    return std::nullopt;
+  }
+  return WindowChrome{.above = new MenuBar(*kit::Application::shared(), host().theme(), parent),
+                      .below = new TrayNotice(host().theme(), tray_, parent)};
+}
+
+void QtPlatform::followKeyWindow(kit::Application& application) {
+  QObject::connect(
+      qApp, &QGuiApplication::focusWindowChanged, &context_, [known = weak(application)](QWindow* focused) noexcept {
+        const auto alive = known.lock();
+        forEachWindow([&](const WindowWidget& window) {
+          const auto& shown = alive ? alive->windows() : std::vector<kit::Window*>();
+          if (window.windowHandle() == focused && std::ranges::find(shown, window.kitWindow()) != shown.end()) {
+            alive->setKeyWindow(*window.kitWindow());
+          }
+        });
+      });
+}
+
+}  // namespace tarnwell::host::qt

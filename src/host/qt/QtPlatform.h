@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/qt/AboutPanel.h"
+#include "host/qt/QtApplication.h"
+#include "host/qt/TrayWatch.h"
+#include "kit/Platform.h"
+
+namespace tarnwell::host::qt {
+
+/// A Linux desktop as the application sees it: windows that carry the main menu, status icons in whatever tray there
+/// is, the panel about the application.
+class QtPlatform final : public kit::Platform {
+ public:
+  /// What a desktop's toolkit cannot answer. What is pointed to is borrowed, and never null.
+  struct Services {
+    kit::SystemVersion systemVersion = {};
+    std::shared_ptr<const kit::NumberFormat> numberFormat = {};
+    kit::LoginItem* loginItem = nullptr;
+    kit::Log* log = nullptr;
+    std::function<std::unique_ptr<kit::UpdaterController>()> makeUpdaterController = {};
+    AboutPanel::Content about = {};
+    /// The identifier of the window that carries the main menu.
+    std::string menuWindow = {};
+  };
+
+  /// The application is borrowed and outlives the platform.
+  QtPlatform(QtApplication& application, Services services);
+  QtPlatform(const QtPlatform&) = delete;
+  QtPlatform& operator=(const QtPlatform&) = delete;
+  ~QtPlatform() override;
+
+  /// Ends the launch, with `event` as the current one meanwhile.
+  void launch(kit::Application& application, const kit::AppleEvent& event);
+
+  QtHost& host() override { return application_.host(); }
+  kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
+  std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
+  void wakeUp(kit::Application& application) override;
+  void activate() override;
+  void terminate() override;
+  void orderFrontStandardAboutPanel() override;
+  void openUrl(const std::string& address) override;
+  /// In windows that are made from now on. Keys are matched with it from now on.
+  void showMainMenu(kit::Menu& menu) override;
+  std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
+  std::unique_ptr<kit::UpdaterController> makeUpdaterController() override;
+  kit::LoginItem& mainAppService() override { return *services_.loginItem; }
+  std::optional<kit::AppleEvent> currentAppleEvent() const override { return currentEvent_; }
+  kit::Log& log() override { return *services_.log; }
+
+ private:
+  std::optional<WindowChrome> makeChrome(kit::Window& window, QWidget& parent);
+  void followKeyWindow(kit::Application& application);
+
+  QtApplication& application_;
+  Services services_;
+  TrayWatch tray_;
+  QObject context_;  // Ends what was queued, and what listens to the toolkit.
+  std::unique_ptr<AboutPanel> aboutPanel_;
+  std::optional<kit::AppleEvent> currentEvent_;
+  bool turnIsDue_ = false;
+};
+
+}  // namespace tarnwell::host::qt

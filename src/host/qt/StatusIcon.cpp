@@ -1,0 +1,95 @@
+#include "host/qt/StatusIcon.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QTimer>
+#include <QtGui/QCursor>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QSystemTrayIcon>
+
+#include "host/qt/Conversions.h"
+#include "host/qt/MenuWidget.h"
+#include "host/qt/SessionBus.h"
+#include "host/qt/TrayWatch.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+QString nextPath() {
+  static int count = 0;
+  return QStringLiteral("/StatusNotifierItem/%1").arg(++count);
+}
+
+}  // namespace
+
+StatusIcon::StatusIcon(kit::StatusItem& item, TrayWatch& watch, const Theme& theme)
+    : item_(item), watch_(watch), theme_(theme), image_(theme) {
+  imageChanges_ = item_.button()->observe([this] { imageChanged(); });
+  trayChanges_ = watch_.observe([this] { follow(); });
+  qApp->installEventFilter(this);
+  // The item is not complete yet; it gets its menu after it was made.
+  QTimer::singleShot(0, this, [this]() noexcept { follow(); });
+}
+
+StatusIcon::~StatusIcon() = default;
+
+void StatusIcon::popUp(kit::Menu& menu) { MenuWidget(item_.application(), menu, theme_).exec(menuPosition()); }
+
+bool StatusIcon::eventFilter(QObject* object, QEvent* event) noexcept {
+  if (event->type() == QEvent::ApplicationPaletteChange && object == qApp) {
+    imageChanged();
+  }
+  return false;
+}
+
+void StatusIcon::follow() {
+  if (watch_.isOnBus()) {
+    showOnBus();
+  } else if (watch_.tray() == TrayWatch::Tray::xEmbed) {
+    showInPanel();
+  } else {
+    onBus_.reset();
+    inPanel_.reset();
+  }
+}
+
+void StatusIcon::showOnBus() {
+  inPanel_.reset();
+  if (!onBus_) {
+    onBus_ = std::make_unique<BusStatusItem>(*sessionBus(), nextPath(), item_, image_);
+  }
+  TrayWatch::announce(onBus_->path());
+}
+
+void StatusIcon::showInPanel() {
+  onBus_.reset();
+  if (inPanel_) {
+    return;
+  }
+  inPanel_ = std::make_unique<QSystemTrayIcon>(image_.icon());
+  inPanel_->setToolTip(toQString(item_.title()));
+  // No menu is left to the toolkit: which button does what is the item's affair.
+  connect(inPanel_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) noexcept {
+    if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context) {
+      const bool left = reason == QSystemTrayIcon::Trigger;
+      item_.mouseUp(left ? kit::Event::Type::leftMouseUp : kit::Event::Type::rightMouseUp);
+    }
+  });
+  inPanel_->show();
+}
+
+void StatusIcon::imageChanged() {
+  image_.setSymbol(item_.button()->image().symbol);
+  if (inPanel_) {
+    inPanel_->setIcon(image_.icon());
+  }
+  if (onBus_) {
+    onBus_->imageChanged();
+  }
+}
+
+QPoint StatusIcon::menuPosition() const {
+  const QRect icon = inPanel_ ? inPanel_->geometry() : QRect();
+  return icon.isValid() ? icon.bottomLeft() : QCursor::pos();
+}
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+#include "kit/Subscription.h"
+
+namespace tarnwell::host::qt {
+
+class Theme;
+class TrayWatch;
+
+/// A strip across the bottom of a window which says, once, that there is nowhere to show the status icon. It goes when
+/// a tray comes, or with the first closing of its window.
+class TrayNotice final : public QWidget {
+ public:
+  /// Theme and watch are borrowed.
+  TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void follow();
+  void setShown(bool shown);
+
+  const Theme& theme_;
+  TrayWatch& watch_;
+  kit::Subscription changes_;
+  bool said_ = false;
+};
+
+}  // namespace tarnwell::host::qt

@@ -1,0 +1,102 @@
+#include "host/qt/TrayWatch.h"
+
+#include <QtCore/QTimer>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+#include <QtDBus/QDBusServiceWatcher>
+#include <utility>
+
+#include "host/qt/SessionBus.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString objectPath = QStringLiteral("/StatusNotifierWatcher");
+const QString interface = QStringLiteral("org.kde.StatusNotifierWatcher");
+
+bool saysThereIsNone(const QDBusError& error) {
+  return error.type() == QDBusError::ServiceUnknown || error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
+}
+
+}  // namespace
+
+TrayWatch::TrayWatch() : xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
+  QTimer::singleShot(0, this, [this]() noexcept { listen(); });
+}
+
+TrayWatch::~TrayWatch() = default;
+
+TrayWatch::Tray TrayWatch::tray() const {
+  switch (answer_) {
+    case Answer::none:
+      return Tray::unknown;
+    case Answer::noHost:
+      return Tray::watcher;
+    case Answer::host:
+      return Tray::notifier;
+    case Answer::noWatcher:
+      break;
+  }
+  return xEmbed_ && xEmbed_->exists() ? Tray::xEmbed : Tray::none;
+}
+
+void TrayWatch::announce(const QString& path) {
+  QDBusMessage message =
+      QDBusMessage::createMethodCall(service, objectPath, interface, QStringLiteral("RegisterStatusNotifierItem"));
+  message.setArguments({path});
+  message.setAutoStartService(false);
+  if (const auto bus = sessionBus()) {
+    bus->asyncCall(message);
+  }
+}
+
+void TrayWatch::listen() {
+  auto bus = sessionBus();
+  if (!bus) {
+    tell(Answer::noWatcher);
+    return;
+  }
+  auto* owners = new QDBusServiceWatcher(service, *bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+  connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, [this]() noexcept { ask(); });
+  // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
+  for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
+    bus->connect(QString(), objectPath, interface, QString::fromLatin1(signal), this, SLOT(ask()));
+  }
+  ask();
+}
+
+void TrayWatch::ask() {
+  const auto bus = sessionBus();
+  if (!bus) {
+    tell(Answer::noWatcher);
+    return;
+  }
+  QDBusMessage message = QDBusMessage::createMethodCall(
+      service, objectPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  message.setArguments({interface, QStringLiteral("IsStatusNotifierHostRegistered")});
+  message.setAutoStartService(false);
+  auto* answer = new QDBusPendingCallWatcher(bus->asyncCall(message), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) noexcept {
+    take(*finished);
+    finished->deleteLater();
+  });
+}
+
+void TrayWatch::take(const QDBusPendingCallWatcher& finished) {
+  const QDBusPendingReply<QVariant> reply = finished;
+  if (reply.isError() && saysThereIsNone(reply.error())) {
+    tell(Answer::noWatcher);
+  } else {
+    // One that does not say it is taken to show what it takes in.
+    tell(reply.isError() || reply.value().toBool() ? Answer::host : Answer::noHost);
+  }
+}
+
+void TrayWatch::tell(Answer answer) {
+  answer_ = answer;
+  observers_.tell();
+}
+
+}  // namespace tarnwell::host::qt
