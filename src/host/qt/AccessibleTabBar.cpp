@@ -1,5 +1,7 @@
 #include "host/qt/AccessibleTabBar.h"
 
+#include <memory>
+
 #include "host/qt/AccessibleTab.h"
 #include "kit/TabBar.h"
 
@@ -21,8 +23,8 @@ QAccessibleInterface* AccessibleTabBar::child(int index) const {
     return nullptr;
   }
   while (static_cast<int>(tabs_.size()) <= index) {
-    auto* tab = new AccessibleTab(widget(), static_cast<int>(tabs_.size()));
-    tabs_.push_back(QAccessible::registerAccessibleInterface(tab));
+    auto tab = std::make_unique<AccessibleTab>(widget(), static_cast<int>(tabs_.size()));
+    tabs_.push_back(QAccessible::registerAccessibleInterface(tab.release()));
   }
   return QAccessible::accessibleInterface(tabs_.at(static_cast<std::size_t>(index)));
 }

@@ -24,7 +24,8 @@ ControlWidget::ControlWidget(kit::Control& control, const Theme& theme, QWidget*
 
 bool ControlWidget::event(QEvent* event) noexcept {
   // Deferred deletion is all that still matters to a widget without a control.
-  return control() != nullptr ? QWidget::event(event) : QObject::event(event);
+  const bool heard = control() != nullptr || event->type() == QEvent::DeferredDelete;
+  return heard && QWidget::event(event);
 }
 
 void ControlWidget::paintEvent(QPaintEvent* /*event*/) {

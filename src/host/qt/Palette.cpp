@@ -6,7 +6,8 @@
 namespace tarnwell::host::qt {
 namespace {
 
-constexpr int ringAlpha = 140;
+constexpr int lightRingAlpha = 140;
+constexpr int darkRingAlpha = 190;
 // What a control needs to stand out from its ground.
 constexpr double leastContrast = 3;
 
@@ -47,7 +48,7 @@ Palette Palette::light() {
           .knob = QColor(0xffffff),
           .knobBorder = QColor(0, 0, 0, 46),
           .shadow = QColor(0, 0, 0, 40),
-          .focusRing = QColor(0x12, 0x68, 0xe3, ringAlpha),
+          .focusRing = QColor(0x12, 0x68, 0xe3, lightRingAlpha),
           .menuFace = QColor(0xf8f8fa),
           .chosenTab = QColor(0, 0, 0, 18)};
 }
@@ -71,7 +72,7 @@ Palette Palette::dark() {
           .knob = QColor(0xe6e6ea),
           .knobBorder = QColor(0, 0, 0, 90),
           .shadow = QColor(0, 0, 0, 90),
-          .focusRing = QColor(0x4d, 0x92, 0xff, ringAlpha),
+          .focusRing = QColor(0x4d, 0x92, 0xff, darkRingAlpha),
           .menuFace = QColor(0x2c2c30),
           .chosenTab = QColor(255, 255, 255, 24)};
 }
@@ -84,7 +85,7 @@ Palette Palette::withAccent(const QColor& color) const {
   changed.accentText = contrast(Qt::white, color) >= leastContrast ? QColor(Qt::white) : QColor(Qt::black);
   changed.accentOnWindow = contrast(color, window) >= leastContrast ? color : primaryText;
   changed.focusRing = color;
-  changed.focusRing.setAlpha(ringAlpha);
+  changed.focusRing.setAlpha(focusRing.alpha());
   return changed;
 }
 

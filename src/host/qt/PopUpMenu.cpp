@@ -5,7 +5,6 @@
 #include <QtGui/QPainterPath>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "host/qt/Conversions.h"
 #include "host/qt/Drawing.h"
@@ -46,7 +45,7 @@ void drawCheckMark(QPainter& painter, const QPointF& centre, const QColor& color
 }  // namespace
 
 PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget* parent,
-                     std::function<void(int)> chosen)
+                     const std::function<void(int)>& chosen)
     : QMenu(parent), items_(button.items()), selected_(button.selectedIndex()), theme_(theme) {
   setAttribute(Qt::WA_DeleteOnClose);
   auto* style = new MenuStyle(rowSize(button, theme), margin);

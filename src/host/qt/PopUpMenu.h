@@ -13,7 +13,8 @@ class Theme;
 /// It tells what was chosen, closes and deletes itself.
 class PopUpMenu final : public QMenu {
  public:
-  PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget* parent, std::function<void(int)> chosen);
+  PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget* parent,
+            const std::function<void(int)>& chosen);
 
   /// Opens so that the title of the chosen row covers the button's own, whose left edge and middle are at `title`.
   void openOver(const QPoint& title);

@@ -2,7 +2,6 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
-#include <QtCore/QTimer>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMetaType>
@@ -67,7 +66,8 @@ std::optional<QColor> accentOf(const QVariant& value) {
 
 PortalSettings::PortalSettings(Theme& theme) : theme_(theme) {
   if (sessionBusExists()) {
-    QTimer::singleShot(0, this, [this] { connectToPortal(); });
+    QMetaObject::invokeMethod(
+        this, [this] { connectToPortal(); }, Qt::QueuedConnection);
   }
 }
 

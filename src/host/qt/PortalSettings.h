@@ -16,7 +16,8 @@ class PortalSettings final : public QObject {
  public:
   explicit PortalSettings(Theme& theme);
 
- private Q_SLOTS:
+ public Q_SLOTS:
+  /// From the bus.
   void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
  private:

@@ -31,7 +31,8 @@ void ScrollBarOverlay::follow() {
 }
 
 bool ScrollBarOverlay::event(QEvent* event) noexcept {
-  return area_ != nullptr ? QWidget::event(event) : QObject::event(event);
+  const bool heard = area_ != nullptr || event->type() == QEvent::DeferredDelete;
+  return heard && QWidget::event(event);
 }
 
 void ScrollBarOverlay::paintEvent(QPaintEvent* /*event*/) {

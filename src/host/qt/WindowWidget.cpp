@@ -27,7 +27,8 @@ WindowWidget::WindowWidget(kit::Window& window, KeyRoute& keys)
 }
 
 bool WindowWidget::event(QEvent* event) noexcept {
-  return window_ != nullptr ? QWidget::event(event) : QObject::event(event);
+  const bool heard = window_ != nullptr || event->type() == QEvent::DeferredDelete;
+  return heard && QWidget::event(event);
 }
 
 void WindowWidget::closeEvent(QCloseEvent* event) {

@@ -18,109 +18,109 @@ constexpr kit::Rect savePlace = {.x = 20, .y = 80, .width = 80, .height = 24};
 class EditingTest : public testing::Test {
  protected:
   EditingTest() {
-    save_.setEnabled(false);
-    save_.setDefault(true);
-    stage_.show();
+    save.setEnabled(false);
+    save.setDefault(true);
+    stage.show();
   }
 
-  QLineEdit& lineEdit() { return static_cast<QLineEdit&>(driver::widget(field_)); }
+  QLineEdit& lineEdit() { return static_cast<QLineEdit&>(driver::widget(field)); }
 
-  Stage stage_;
-  std::vector<std::string> committed_;
-  int saved_ = 0;
-  kit::Button& save_ = stage_.add(makeButton("Save", [this] { ++saved_; }), savePlace);
-  kit::TextField& field_ = stage_.add(makeField("0.5",
-                                                [this](const std::string& text) {
-                                                  committed_.push_back(text);
-                                                  field_.setText(text);
-                                                  save_.setEnabled(true);
-                                                }),
-                                      fieldPlace);
+  Stage stage;
+  std::vector<std::string> committed;
+  int saved = 0;
+  kit::Button& save = stage.add(makeButton("Save", [this] { ++saved; }), savePlace);
+  kit::TextField& field = stage.add(makeField("0.5",
+                                              [this](const std::string& text) {
+                                                committed.push_back(text);
+                                                field.setText(text);
+                                                save.setEnabled(true);
+                                              }),
+                                    fieldPlace);
 };
 
 using Texts = std::vector<std::string>;
 
 TEST_F(EditingTest, typingCommitsNothing) {
-  driver::type(field_, "0.7");
-  EXPECT_EQ(field_.shownText(), "0.7");
-  EXPECT_EQ(committed_, Texts{});
+  driver::type(field, "0.7");
+  EXPECT_EQ(field.shownText(), "0.7");
+  EXPECT_EQ(committed, Texts{});
 }
 
 TEST_F(EditingTest, pressElsewhereCommitsBeforeItIsDelivered) {
-  driver::type(field_, "0.7");
-  ASSERT_FALSE(save_.isEnabled());
-  driver::click(save_);
-  EXPECT_EQ(committed_, Texts{"0.7"});
-  EXPECT_EQ(saved_, 1);
+  driver::type(field, "0.7");
+  ASSERT_FALSE(save.isEnabled());
+  driver::click(save);
+  EXPECT_EQ(committed, Texts{"0.7"});
+  EXPECT_EQ(saved, 1);
 }
 
 TEST_F(EditingTest, pressOnTheGroundCommitsAndLeavesTheField) {
-  driver::type(field_, "0.7");
-  driver::releaseAnywhere(stage_.window());
-  EXPECT_EQ(committed_, Texts{});
-  driver::clickGround(stage_.window(), {.x = 300, .y = 200});
-  EXPECT_EQ(committed_, Texts{"0.7"});
+  driver::type(field, "0.7");
+  driver::releaseAnywhere(stage.window());
+  EXPECT_EQ(committed, Texts{});
+  driver::clickGround(stage.window(), {.x = 300, .y = 200});
+  EXPECT_EQ(committed, Texts{"0.7"});
   EXPECT_FALSE(lineEdit().hasFocus());
 }
 
 TEST_F(EditingTest, pressInTheFieldItselfCommitsNothing) {
-  driver::type(field_, "0.7");
-  driver::click(field_);
-  EXPECT_EQ(committed_, Texts{});
+  driver::type(field, "0.7");
+  driver::click(field);
+  EXPECT_EQ(committed, Texts{});
 }
 
 TEST_F(EditingTest, returnCommitsThenPressesTheDefaultButton) {
-  driver::type(field_, "0.7");
-  driver::key(stage_.window(), Qt::Key_Return);
-  EXPECT_EQ(committed_, Texts{"0.7"});
-  EXPECT_EQ(saved_, 1);
+  driver::type(field, "0.7");
+  driver::key(stage.window(), Qt::Key_Return);
+  EXPECT_EQ(committed, Texts{"0.7"});
+  EXPECT_EQ(saved, 1);
 }
 
 TEST_F(EditingTest, enterOfTheKeypadIsReturn) {
-  driver::type(field_, "0.7");
-  driver::key(stage_.window(), Qt::Key_Enter, Qt::KeypadModifier);
-  EXPECT_EQ(saved_, 1);
+  driver::type(field, "0.7");
+  driver::key(stage.window(), Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_EQ(saved, 1);
 }
 
 TEST_F(EditingTest, escapeGivesUpWhatWasTyped) {
-  driver::type(field_, "0.7");
-  driver::key(stage_.window(), Qt::Key_Escape);
-  EXPECT_EQ(committed_, Texts{});
+  driver::type(field, "0.7");
+  driver::key(stage.window(), Qt::Key_Escape);
+  EXPECT_EQ(committed, Texts{});
   EXPECT_EQ(lineEdit().text(), "0.5");
 }
 
 TEST_F(EditingTest, tabCommits) {
-  driver::type(field_, "0.7");
-  driver::key(stage_.window(), Qt::Key_Tab);
-  EXPECT_EQ(committed_, Texts{"0.7"});
+  driver::type(field, "0.7");
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_EQ(committed, Texts{"0.7"});
 }
 
 TEST_F(EditingTest, anotherWindowOnlyBorrowsTheFocus) {
-  driver::type(field_, "0.7");
+  driver::type(field, "0.7");
   QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
   QApplication::sendEvent(&lineEdit(), &left);
-  EXPECT_EQ(committed_, Texts{});
+  EXPECT_EQ(committed, Texts{});
 }
 
 TEST_F(EditingTest, whatIsTypedIsNotRewrittenWhileItIsTyped) {
-  driver::type(field_, "0.70");
-  field_.setText("0.9");
+  driver::type(field, "0.70");
+  field.setText("0.9");
   EXPECT_EQ(lineEdit().text(), "0.70");
 }
 
 TEST_F(EditingTest, showingTheSameTextLeavesTheCaretAlone) {
-  driver::type(field_, "12345");
-  driver::key(stage_.window(), Qt::Key_Home);
-  driver::key(stage_.window(), Qt::Key_9);
+  driver::type(field, "12345");
+  driver::key(stage.window(), Qt::Key_Home);
+  driver::key(stage.window(), Qt::Key_9);
   EXPECT_EQ(lineEdit().text(), "912345");
   EXPECT_EQ(lineEdit().cursorPosition(), 1);
 }
 
 TEST_F(EditingTest, disabledFieldTakesNoText) {
-  field_.setEnabled(false);
-  driver::click(field_);
-  driver::key(stage_.window(), Qt::Key_7);
-  EXPECT_EQ(field_.shownText(), "0.5");
+  field.setEnabled(false);
+  driver::click(field);
+  driver::key(stage.window(), Qt::Key_7);
+  EXPECT_EQ(field.shownText(), "0.5");
 }
 
 }  // namespace

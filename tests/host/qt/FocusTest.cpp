@@ -140,51 +140,50 @@ TEST(FocusTest, clickedButtonThatDisablesItselfHandsTheFocusToNobody) {
 class PageTest : public testing::Test {
  protected:
   PageTest() {
-    area_.setContentHeight(500);
+    area.setContentHeight(500);
     for (int i = 0; i < 10; ++i) {
-      toggles_.push_back(&stage_.addTo(area_, makeToggle(), row(10 + 50 * i)));
+      toggles.push_back(&stage.addTo(area, makeToggle(), row(10 + 50 * i)));
     }
-    stage_.show();
+    stage.show();
   }
 
-  Stage stage_;
-  kit::ScrollArea& area_ =
-      stage_.add(std::make_unique<kit::ScrollArea>(), {.x = 0, .y = 0, .width = 400, .height = 300});
-  std::vector<kit::Toggle*> toggles_;
+  Stage stage;
+  kit::ScrollArea& area = stage.add(std::make_unique<kit::ScrollArea>(), {.x = 0, .y = 0, .width = 400, .height = 300});
+  std::vector<kit::Toggle*> toggles;
 };
 
 TEST_F(PageTest, focusedControlIsScrolledIntoView) {
-  tabbedThrough(stage_, 10);
-  EXPECT_EQ(area_.offset(), 196);
-  EXPECT_FALSE(driver::widget(*toggles_.back()).visibleRegion().isEmpty());
+  tabbedThrough(stage, 10);
+  EXPECT_EQ(area.offset(), 196);
+  EXPECT_FALSE(driver::widget(*toggles.back()).visibleRegion().isEmpty());
 }
 
 TEST_F(PageTest, pressingWithTheMouseScrollsNothing) {
-  driver::clickAt(*toggles_[5], {.x = 10, .y = 10});
-  EXPECT_TRUE(toggles_[5]->isOn());
-  EXPECT_EQ(area_.offset(), 0);
+  driver::clickAt(*toggles[5], {.x = 10, .y = 10});
+  EXPECT_TRUE(toggles[5]->isOn());
+  EXPECT_EQ(area.offset(), 0);
 }
 
 TEST_F(PageTest, pageKeysScrollWhenNothingHasTheFocus) {
-  driver::key(stage_.window(), Qt::Key_PageDown);
-  EXPECT_EQ(area_.offset(), 200);
-  driver::key(stage_.window(), Qt::Key_Home);
-  EXPECT_EQ(area_.offset(), 0);
+  driver::key(stage.window(), Qt::Key_PageDown);
+  EXPECT_EQ(area.offset(), 200);
+  driver::key(stage.window(), Qt::Key_Home);
+  EXPECT_EQ(area.offset(), 0);
 }
 
 TEST_F(PageTest, wheelOverAControlScrollsThePageAndNothingElse) {
-  auto& slider = stage_.addTo(area_, makeSlider(0.5), {.x = 200, .y = 10, .width = 120, .height = 24});
-  auto& stepper = stage_.addTo(area_, makeStepper(), {.x = 200, .y = 100, .width = 16, .height = 22});
+  auto& slider = stage.addTo(area, makeSlider(0.5), {.x = 200, .y = 10, .width = 120, .height = 24});
+  auto& stepper = stage.addTo(area, makeStepper(), {.x = 200, .y = 100, .width = 16, .height = 22});
   driver::turnWheel(slider, -1);
   driver::turnWheel(stepper, -1);
-  EXPECT_EQ(area_.offset(), 96);
+  EXPECT_EQ(area.offset(), 96);
   EXPECT_EQ(slider.doubleValue(), 0.5);
   EXPECT_EQ(stepper.value(), 0);
 }
 
 TEST_F(PageTest, contentMovesWithTheOffset) {
-  area_.scrollTo(60);
-  EXPECT_EQ(driver::widget(*toggles_[2]).mapTo(&driver::widget(stage_.window()), QPoint()), QPoint(20, 50));
+  area.scrollTo(60);
+  EXPECT_EQ(driver::widget(*toggles[2]).mapTo(&driver::widget(stage.window()), QPoint()), QPoint(20, 50));
 }
 
 }  // namespace

@@ -16,6 +16,8 @@ struct Case {
   unsigned flags = 0;
 };
 
+std::ostream& operator<<(std::ostream& out, const Case& tested) { return out << tested.name; }
+
 class KeyEventTest : public testing::TestWithParam<Case> {};
 
 TEST_P(KeyEventTest, saysWhatThePlatformsKeyMeans) {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QtWidgets/QApplication>
+#include <array>
 #include <cstdlib>
+#include <string>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -15,9 +17,9 @@ namespace tarnwell::host::qt {
 namespace {
 
 std::unique_ptr<QtApplication> started() {
-  static char name[] = "test";
-  static char* arguments[] = {name, nullptr};
-  return QtApplication::create(1, arguments);
+  static std::string name = "test";
+  static std::array<char*, 2> arguments = {name.data(), nullptr};
+  return QtApplication::create(1, arguments.data());
 }
 
 bool waitForTheme(Theme& theme, const std::function<bool(const Theme&)>& condition) {

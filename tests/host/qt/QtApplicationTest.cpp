@@ -6,6 +6,7 @@
 #include <QtCore/QTimer>
 #include <array>
 #include <cstdlib>
+#include <string>
 
 #include "fixtures/Subprocess.h"
 #include "kit/Window.h"
@@ -15,9 +16,9 @@ namespace tarnwell::host::qt {
 namespace {
 
 std::unique_ptr<QtApplication> started() {
-  static char name[] = "test";
-  static char* arguments[] = {name, nullptr};
-  return QtApplication::create(1, arguments);
+  static std::string name = "test";
+  static std::array<char*, 2> arguments = {name.data(), nullptr};
+  return QtApplication::create(1, arguments.data());
 }
 
 void forgetTheDisplay() {

@@ -30,6 +30,8 @@ struct Turn {
   double valueAtThreeTenthsFromTheLeft = 0;
 };
 
+std::ostream& operator<<(std::ostream& out, const Turn& turn) { return out << "turned by " << turn.rotation; }
+
 class SliderTest : public testing::TestWithParam<Turn> {};
 
 TEST_P(SliderTest, pressFetchesTheKnob) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QtWidgets/QApplication>
+#include <array>
+#include <string>
 
 #include "fixtures/WaitFor.h"
 #include "host/qt/QtApplication.h"
@@ -16,9 +18,9 @@ std::unique_ptr<QtApplication> application;
 class ApplicationOfTheTests final : public testing::Environment {
  public:
   void SetUp() override {
-    static char name[] = "test";
-    static char* arguments[] = {name, nullptr};
-    application = QtApplication::create(1, arguments);
+    static std::string name = "test";
+    static std::array<char*, 2> arguments = {name.data(), nullptr};
+    application = QtApplication::create(1, arguments.data());
     ASSERT_NE(application, nullptr);
   }
   void TearDown() override { application.reset(); }

@@ -10,18 +10,22 @@
 #include "host/qt/WidgetDriver.h"
 
 namespace tarnwell::host::qt {
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the test library looks for.
+static void PrintTo(ColorScheme scheme, std::ostream* out) { *out << (scheme == ColorScheme::dark ? "dark" : "light"); }
+
 namespace {
 
 /// Leaves the theme as the other tests expect it.
 class ThemeTest : public testing::Test {
  protected:
   ~ThemeTest() override {
-    theme_.setColorScheme(std::nullopt);
-    theme_.setAccent(std::nullopt);
+    theme.setColorScheme(std::nullopt);
+    theme.setAccent(std::nullopt);
     driver::settle();
   }
 
-  Theme& theme_ = testHost().theme();
+  Theme& theme = testHost().theme();
 };
 
 class PaletteTest : public testing::TestWithParam<ColorScheme> {};
@@ -53,11 +57,11 @@ TEST_P(PaletteTest, toolkitSeesTheSameScheme) {
 INSTANTIATE_TEST_SUITE_P(schemes, PaletteTest, testing::Values(ColorScheme::light, ColorScheme::dark));
 
 TEST_F(ThemeTest, withoutAPreferenceTheDesktopsOwnColoursDecide) {
-  EXPECT_EQ(theme_.colorScheme(), ColorScheme::light);
-  theme_.setColorScheme(ColorScheme::dark);
-  EXPECT_EQ(theme_.colorScheme(), ColorScheme::dark);
-  theme_.setColorScheme(std::nullopt);
-  EXPECT_EQ(theme_.colorScheme(), ColorScheme::light);
+  EXPECT_EQ(theme.colorScheme(), ColorScheme::light);
+  theme.setColorScheme(ColorScheme::dark);
+  EXPECT_EQ(theme.colorScheme(), ColorScheme::dark);
+  theme.setColorScheme(std::nullopt);
+  EXPECT_EQ(theme.colorScheme(), ColorScheme::light);
 }
 
 TEST_F(ThemeTest, darkPaintsEverythingAnewAndTouchesNothingElse) {
@@ -67,7 +71,7 @@ TEST_F(ThemeTest, darkPaintsEverythingAnewAndTouchesNothingElse) {
   driver::type(field, "0.7");
   QWidget& window = driver::widget(stage.window());
   const QImage light = window.grab().toImage();
-  theme_.setColorScheme(ColorScheme::dark);
+  theme.setColorScheme(ColorScheme::dark);
   driver::settle();
   const QImage dark = window.grab().toImage();
   EXPECT_EQ(dark.pixelColor(200, 200), Palette::dark().window);
@@ -82,7 +86,7 @@ TEST_F(ThemeTest, accentColoursTheDefaultButton) {
   auto& button = stage.add(makeButton("Save"), {.x = 20, .y = 20, .width = 80, .height = 24});
   button.setDefault(true);
   stage.show();
-  theme_.setAccent(QColor(0x2f8f3a));
+  theme.setAccent(QColor(0x2f8f3a));
   EXPECT_EQ(driver::widget(button).grab().toImage().pixelColor(8, 12), QColor(0x2f8f3a));
 }
 

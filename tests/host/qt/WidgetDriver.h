@@ -15,11 +15,9 @@ class TextField;
 class Window;
 }  // namespace tarnwell::kit
 
-namespace tarnwell::host::qt {
-
 /// The user's hands on widgets. Input goes in where the display's would, at the toolkit's windows: what is hit, whether
 /// it is enabled and where the focus goes is decided on the way.
-namespace driver {
+namespace tarnwell::host::qt::driver {
 
 /// The widget that shows `control`; a fault where there is none.
 QWidget& widget(const kit::Control& control);
@@ -56,5 +54,4 @@ void turnWheel(const kit::Control& control, int notches);
 /// Lets everything that waits run, deletions included.
 void settle();
 
-}  // namespace driver
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host::qt::driver
