@@ -1,0 +1,134 @@
+#include "host/linux/InstanceSocket.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace tarnwell::host_linux {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr auto patience = std::chrono::seconds(2);
+constexpr int pauseMilliseconds = 20;
+constexpr std::size_t longestMessage = 4096;
+constexpr mode_t folderMode = 0700;
+constexpr mode_t fileMode = 0600;
+constexpr mode_t othersMay = 0077;
+
+Failure failure(const std::string& what) { return {what + ": " + std::system_category().message(errno)}; }
+
+std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  const std::string text = path.string();
+  if (text.size() >= sizeof(address.sun_path)) {
+    return std::nullopt;
+  }
+  std::memcpy(&address.sun_path[0], text.c_str(), text.size() + 1);
+  return address;
+}
+
+const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
+
+int openSocket() { return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0); }
+
+// Whoever reads there takes whole messages, so none is ever cut.
+bool leaveMessage(const sockaddr_un& address, const std::string& message) {
+  const int socket = openSocket();
+  const std::string sent = message.substr(0, longestMessage);
+  const ssize_t count = ::sendto(socket, sent.data(), sent.size(), MSG_NOSIGNAL, plain(address), sizeof(address));
+  ::close(socket);
+  return count >= 0;
+}
+
+/// Bound to the address, in the place of what a process that is gone has left there; negative where that failed.
+int listenAt(const sockaddr_un& address) {
+  const int socket = openSocket();
+  ::unlink(&address.sun_path[0]);
+  if (socket >= 0 && ::bind(socket, plain(address), sizeof(address)) != 0) {
+    const int error = errno;
+    ::close(socket);
+    errno = error;
+    return -1;
+  }
+  return socket;
+}
+
+bool isOursAlone(const std::filesystem::path& folder) {
+  struct stat status = {};
+  return ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid() &&
+         (status.st_mode & othersMay) == 0;
+}
+
+}  // namespace
+
+Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesystem::path& folder,
+                                                              const std::string& message) {
+  const std::filesystem::path path = folder / "tarnwell.socket";
+  const auto address = addressOf(path);
+  if (!address) {
+    return Failure{path.string() + " is too long for a socket"};
+  }
+  const int lock = ::open((folder / "tarnwell.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, fileMode);
+  const auto deadline = Clock::now() + patience;
+  while (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) != 0) {
+    const bool told = leaveMessage(*address, message);
+    if (told || Clock::now() > deadline) {
+      ::close(lock);
+      return told ? Result<std::unique_ptr<InstanceSocket>>(nullptr) : failure(path.string() + " does not answer");
+    }
+    // It may just be starting, or ending.
+    ::poll(nullptr, 0, pauseMilliseconds);
+  }
+  const int socket = lock >= 0 ? listenAt(*address) : -1;
+  if (socket < 0) {
+    const Failure why = failure(path.string());
+    ::close(lock);
+    return why;
+  }
+  return std::unique_ptr<InstanceSocket>(new InstanceSocket(lock, socket, path));
+}
+
+InstanceSocket::~InstanceSocket() {
+  ::unlink(path_.c_str());
+  ::close(socket_);
+  // The last, since it lets the next one in.
+  ::close(lock_);
+}
+
+std::string InstanceSocket::receive() const {
+  std::array<char, longestMessage> buffer = {};
+  const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
+  return count > 0 ? std::string(buffer.data(), static_cast<std::size_t>(count)) : std::string();
+}
+
+Result<std::filesystem::path> InstanceSocket::folder() {
+  const char* given = std::getenv("XDG_RUNTIME_DIR");
+  if (given != nullptr && std::filesystem::path(given).is_absolute() && isOursAlone(given)) {
+    return std::filesystem::path(given);
+  }
+  const std::filesystem::path own = "/tmp/tarnwell-" + std::to_string(::geteuid());
+  if (::mkdir(own.c_str(), folderMode) != 0 && errno != EEXIST) {
+    return failure(own.string());
+  }
+  if (!isOursAlone(own)) {
+    return Failure{own.string() + " is not the user's alone"};
+  }
+  return own;
+}
+
+}  // namespace tarnwell::host_linux

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux {
+
+/// Keeps a second start from becoming a second program where no session bus does that: a lock, and a socket on which
+/// the program that holds it hears of further starts. Both end with the process, whatever ends it.
+class InstanceSocket {
+ public:
+  /// The lock in `folder`, which must be the user's alone; or null where another process holds it, which has then been
+  /// told `message`. Waits two seconds at most, for one that has the lock but no socket yet.
+  static Result<std::unique_ptr<InstanceSocket>> claim(const std::filesystem::path& folder, const std::string& message);
+
+  InstanceSocket(const InstanceSocket&) = delete;
+  InstanceSocket& operator=(const InstanceSocket&) = delete;
+  ~InstanceSocket();
+
+  /// Can be read when another start has left a message.
+  int descriptor() const { return socket_; }
+  /// The oldest message; empty when there is none.
+  std::string receive() const;
+
+  /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below /tmp.
+  static Result<std::filesystem::path> folder();
+
+ private:
+  InstanceSocket(int lock, int socket, std::filesystem::path path)
+      : lock_(lock), socket_(socket), path_(std::move(path)) {}
+
+  int lock_;
+  int socket_;
+  std::filesystem::path path_;
+};
+
+}  // namespace tarnwell::host_linux

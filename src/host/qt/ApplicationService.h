@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "host/qt/BusObject.h"
+
+namespace tarnwell::host::qt {
+
+/// The application as launchers and further starts see it on the session bus (`org.freedesktop.Application`), under its
+/// own name.
+class ApplicationService final : public BusObject {
+ public:
+  explicit ApplicationService(const QDBusConnection& bus);
+
+  struct Request {
+    /// One of the desktop entry's; empty for the application itself.
+    std::string action = {};
+    /// The asker's permission to come to the front; empty for none.
+    std::string token = {};
+  };
+  using Asked = std::function<void(const Request&)>;
+
+  /// Hears of each request. Requests wait for the event loop.
+  void setAsked(Asked asked) { asked_ = std::move(asked); }
+
+  enum class Claim { ours, others, unavailable };
+  /// Asks the bus for the name, for two seconds at most.
+  Claim claimName() const;
+
+  enum class Answer { given, gone, none };
+  /// Asks whoever has the name to come to the front, for five seconds at most.
+  Answer activateOther(const std::string& token) const;
+
+ protected:
+  std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) override;
+
+ private:
+  void ask(const QString& action, const QVariant& platformData);
+
+  Asked asked_;
+};
+
+}  // namespace tarnwell::host::qt
