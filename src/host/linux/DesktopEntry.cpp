@@ -1,7 +1,5 @@
 #include "host/linux/DesktopEntry.h"
 
-#include <algorithm>
-
 namespace tarnwell::host_linux {
 namespace {
 
@@ -10,7 +8,9 @@ constexpr std::string_view blanks = " \t\r";
 
 std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) {
+    return {};
+  }
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
@@ -36,9 +36,13 @@ std::string quoted(const std::string& argument) {
   constexpr std::string_view reserved = " \t\n\"'\\><~|&;$*?#()`";
   std::string result;
   for (const char c : argument) {
-    if (c == '"' || c == '`' || c == '$' || c == '\\') result += '\\';
+    if (c == '"' || c == '`' || c == '$' || c == '\\') {
+      result += '\\';
+    }
     // A per cent sign starts a field code, in quotes as well.
-    if (c == '%') result += '%';
+    if (c == '%') {
+      result += '%';
+    }
     result += c;
   }
   const bool plain = !argument.empty() && argument.find_first_of(reserved) == std::string::npos;
@@ -75,7 +79,9 @@ DesktopEntry::DesktopEntry(std::string_view text) : lines_(split(text)) {}
 
 std::optional<std::string> DesktopEntry::value(std::string_view key) const {
   const auto lines = linesOf(key);
-  if (lines.empty()) return std::nullopt;
+  if (lines.empty()) {
+    return std::nullopt;
+  }
   return std::string(valueOf(lines_[lines.back()]));
 }
 
@@ -96,7 +102,9 @@ void DesktopEntry::set(const std::string& key, const std::string& value) {
     return;
   }
   std::size_t at = 0;
-  while (at < lines_.size() && !isHeader(at)) ++at;
+  while (at < lines_.size() && !isHeader(at)) {
+    ++at;
+  }
   if (at == lines_.size()) {
     // In front of the emptiness behind the last line feed, if the text ends in one.
     at -= lines_.back().empty() ? 1 : 0;
@@ -106,9 +114,10 @@ void DesktopEntry::set(const std::string& key, const std::string& value) {
 }
 
 void DesktopEntry::erase(std::string_view key) {
-  const auto lines = linesOf(key);
-  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
+  std::ptrdiff_t erased = 0;
+  for (const std::size_t line : linesOf(key)) {
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(line) - erased);
+    ++erased;
   }
 }
 
@@ -137,7 +146,9 @@ std::vector<std::size_t> DesktopEntry::linesOf(std::string_view key) const {
 }
 
 std::optional<std::string> execValue(const std::vector<std::string>& arguments) {
-  if (arguments.empty() || arguments.front().find('=') != std::string::npos) return std::nullopt;
+  if (arguments.empty() || arguments.front().find('=') != std::string::npos) {
+    return std::nullopt;
+  }
   std::string line;
   for (const std::string& argument : arguments) {
     line += (line.empty() ? "" : " ") + quoted(argument);

@@ -49,7 +49,7 @@ int listenAt(const char* path) {
 std::string received(int number) {
   std::array<char, 4096> bytes = {};
   const ssize_t count = ::recv(number, bytes.data(), bytes.size(), MSG_DONTWAIT);
-  return std::string(bytes.data(), static_cast<std::size_t>(count < 0 ? 0 : count));
+  return {bytes.data(), static_cast<std::size_t>(count < 0 ? 0 : count)};
 }
 
 bool holdsLine(const std::string& text, const std::string& line) {
@@ -68,24 +68,32 @@ int failing(const std::string& text) {
 
 TEST(JournalLogTest, theJournalGetsTheFields) {
   const int status = fixtures::exitStatusOf([] {
-    if (!enterOwnMountTable()) return refused;
+    if (!enterOwnMountTable()) {
+      return refused;
+    }
     const int journal = listenAt("/run/systemd/journal/socket");
     const int olderLog = listenAt("/dev/log");
     speak();
     const std::string text = received(journal);
     for (const char* line : {"MESSAGE=100 %s of it", "PRIORITY=3", "SUBSYSTEM=example.part", "CATEGORY=main",
                              "SYSLOG_IDENTIFIER=tarnwell"}) {
-      if (!holdsLine(text, line)) return failing(text);
+      if (!holdsLine(text, line)) {
+        return failing(text);
+      }
     }
     return text.find("CODE_FILE") == std::string::npos && received(olderLog).empty() ? 0 : failing(text);
   });
-  if (status == refused) GTEST_SKIP() << "the system lets us make no mount table";
+  if (status == refused) {
+    GTEST_SKIP() << "the system lets us make no mount table";
+  }
   EXPECT_EQ(status, 0);
 }
 
 TEST(JournalLogTest, withoutAJournalTheOlderLogGetsTheLine) {
   const int status = fixtures::exitStatusOf([] {
-    if (!enterOwnMountTable()) return refused;
+    if (!enterOwnMountTable()) {
+      return refused;
+    }
     const int olderLog = listenAt("/dev/log");
     speak();
     const std::string text = received(olderLog);
@@ -95,17 +103,23 @@ TEST(JournalLogTest, withoutAJournalTheOlderLogGetsTheLine) {
                ? 0
                : failing(text);
   });
-  if (status == refused) GTEST_SKIP() << "the system lets us make no mount table";
+  if (status == refused) {
+    GTEST_SKIP() << "the system lets us make no mount table";
+  }
   EXPECT_EQ(status, 0);
 }
 
 TEST(JournalLogTest, withoutAnyLogTheApplicationGoesOn) {
   const int status = fixtures::exitStatusOf([] {
-    if (!enterOwnMountTable()) return refused;
+    if (!enterOwnMountTable()) {
+      return refused;
+    }
     speak();
     return 0;
   });
-  if (status == refused) GTEST_SKIP() << "the system lets us make no mount table";
+  if (status == refused) {
+    GTEST_SKIP() << "the system lets us make no mount table";
+  }
   EXPECT_EQ(status, 0);
 }
 
