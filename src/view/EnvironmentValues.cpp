@@ -2,19 +2,18 @@
 
 namespace tarnwell::view {
 
-const std::any* EnvironmentValues::find(std::type_index key) const {
-  if (!values_) {
-    return nullptr;
+const std::any* EnvironmentValues::find(Key key) const {
+  for (const Entry* entry = nearest_.get(); entry != nullptr; entry = entry->outer.get()) {
+    if (entry->key == key) {
+      return &entry->value;
+    }
   }
-  const auto found = values_->find(key);
-  return found != values_->end() ? &found->second : nullptr;
+  return nullptr;
 }
 
-EnvironmentValues EnvironmentValues::with(std::type_index key, std::any value) const {
-  auto changed = values_ ? std::make_shared<Map>(*values_) : std::make_shared<Map>();
-  changed->insert_or_assign(key, std::move(value));
+EnvironmentValues EnvironmentValues::with(Key key, std::any value) const {
   EnvironmentValues result;
-  result.values_ = std::move(changed);
+  result.nearest_ = std::make_shared<const Entry>(Entry{.key = key, .value = std::move(value), .outer = nearest_});
   return result;
 }
 

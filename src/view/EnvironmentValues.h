@@ -1,9 +1,8 @@
 #pragma once
 
 #include <any>
-#include <map>
+#include <concepts>
 #include <memory>
-#include <typeindex>
 #include <utility>
 
 namespace tarnwell::view {
@@ -22,34 +21,44 @@ class EnvironmentValues {
  public:
   template <EnvironmentKey K>
   typename K::Value get() const {
-    const std::any* value = find(typeid(K));
+    const std::any* value = find(&identity<K>);
     return value != nullptr ? std::any_cast<const typename K::Value&>(*value) : K::initial();
   }
 
   template <EnvironmentKey K>
   EnvironmentValues with(typename K::Value value) const {
-    return with(typeid(K), std::any(std::move(value)));
+    return with(&identity<K>, std::any(std::move(value)));
   }
 
   /// The object of that type that was set above; null where there is none.
   template <class O>
   std::shared_ptr<O> object() const {
-    const std::any* object = find(typeid(O));
+    const std::any* object = find(&identity<O>);
     return object != nullptr ? std::any_cast<const std::shared_ptr<O>&>(*object) : nullptr;
   }
 
   template <class O>
   EnvironmentValues withObject(std::shared_ptr<O> object) const {
-    return with(typeid(O), std::any(std::move(object)));
+    return with(&identity<O>, std::any(std::move(object)));
   }
 
  private:
-  using Map = std::map<std::type_index, std::any>;
+  /// A type's address tells it from others faster than its name does.
+  template <class T>
+  static constexpr char identity = 0;
+  using Key = const char*;
 
-  const std::any* find(std::type_index key) const;
-  EnvironmentValues with(std::type_index key, std::any value) const;
+  /// A value, and all that was set above. Few are set in one another: a search is short, and setting copies nothing.
+  struct Entry {
+    Key key = nullptr;
+    std::any value = {};
+    std::shared_ptr<const Entry> outer = {};
+  };
 
-  std::shared_ptr<const Map> values_;
+  const std::any* find(Key key) const;
+  EnvironmentValues with(Key key, std::any value) const;
+
+  std::shared_ptr<const Entry> nearest_;
 };
 
 }  // namespace tarnwell::view

@@ -7,6 +7,7 @@ namespace tarnwell::view {
 namespace {
 
 // A layout asks a node for a handful of sizes. More is what layouts of the past asked for.
+constexpr std::size_t fewMeasurements = 8;
 constexpr std::size_t mostMeasurements = 32;
 
 }  // namespace
@@ -71,7 +72,9 @@ kit::Measurement MountedNode::measure(kit::Proposal proposal) {
     }
   }
   const kit::Measurement measurement = layOut(proposal);
-  if (measurements_.size() == mostMeasurements) {
+  if (measurements_.empty()) {
+    measurements_.reserve(fewMeasurements);
+  } else if (measurements_.size() == mostMeasurements) {
     measurements_.clear();
   }
   measurements_.emplace_back(proposal, measurement);
@@ -79,6 +82,10 @@ kit::Measurement MountedNode::measure(kit::Proposal proposal) {
 }
 
 void MountedNode::place(const kit::Rect& frame) {
+  // Whatever moves something below was forgotten on its way up.
+  if (std::exchange(placed_, true) && frame == frame_) {
+    return;
+  }
   frame_ = frame;
   placeContent(frame);
 }
@@ -86,12 +93,14 @@ void MountedNode::place(const kit::Rect& frame) {
 void MountedNode::forgetMeasurements() {
   for (MountedNode* node = this; node != nullptr; node = node->parent_) {
     node->measurements_.clear();
+    node->placed_ = false;
   }
   tree_.setNeedsLayout();
 }
 
 void MountedNode::forgetMeasurementsBelow() {
   measurements_.clear();
+  placed_ = false;
   for (const auto& child : children_) {
     child->forgetMeasurementsBelow();
   }

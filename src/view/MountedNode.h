@@ -115,6 +115,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   kit::Rect frame_;
   int depth_;
   bool mounted_ = false;
+  bool placed_ = false;
   bool dirty_ = false;
 };
 

@@ -14,6 +14,7 @@ constexpr double unbounded = 100000;
 std::vector<StackLayout::Item> StackLayout::measure(const std::vector<std::shared_ptr<MountedNode>>& children,
                                                     kit::Proposal proposal) const {
   std::vector<Item> items;
+  items.reserve(children.size());
   for (const auto& child : children) {
     if (!child->isEmpty()) {
       items.push_back({.node = child.get()});
@@ -59,26 +60,35 @@ void StackLayout::take(Item& item, std::optional<double> length, kit::Proposal p
 
 void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal proposal) const {
   std::vector<std::pair<double, Item*>> takers;
-  std::vector<Item*> spacers;
+  takers.reserve(items.size());
+  double spacers = 0;
   for (Item& item : items) {
     if (item.node->isSpacer()) {
       // Its least length is not the others' to take.
-      room -= length(item.node->measure(along(0, proposal)).size);
-      spacers.push_back(&item);
+      take(item, 0, proposal);
+      room -= length(item.measurement.size);
+      ++spacers;
     } else {
       takers.emplace_back(flexibility(*item.node, proposal), &item);
     }
   }
-  std::ranges::stable_sort(takers, {}, [](const auto& taker) { return taker.first; });
+  // Of two that give way alike, the first takes first.
+  std::ranges::sort(takers);
   std::size_t left = takers.size();
   for (const auto& [flexibility, item] : takers) {
     take(*item, std::max(0.0, room) / static_cast<double>(left--), proposal);
     room -= length(item->measurement.size);
   }
-  for (Item* spacer : spacers) {
-    const double least = length(spacer->node->measure(along(0, proposal)).size);
-    const double part = std::max(0.0, room) / static_cast<double>(spacers.size());
-    take(*spacer, least + part, proposal);
+  if (spacers > 0) {
+    shareAmongSpacers(items, std::max(0.0, room) / spacers, proposal);
+  }
+}
+
+void StackLayout::shareAmongSpacers(std::vector<Item>& items, double part, kit::Proposal proposal) const {
+  for (Item& item : items) {
+    if (item.node->isSpacer()) {
+      take(item, length(item.measurement.size) + part, proposal);
+    }
   }
 }
 

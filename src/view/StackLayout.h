@@ -34,6 +34,7 @@ class StackLayout {
   /// Measures the item for that length.
   void take(Item& item, std::optional<double> length, kit::Proposal proposal) const;
   void share(std::vector<Item>& items, double room, kit::Proposal proposal) const;
+  void shareAmongSpacers(std::vector<Item>& items, double part, kit::Proposal proposal) const;
 
   Axis axis_;
   double spacing_;
