@@ -1,74 +1,144 @@
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <variant>
 
+#include "app/TarnwellApp.h"
 #include "core/ShellCommandRunner.h"
 #include "diagnostics/Console.h"
 #include "dockscreen/CommandRunnerKey.h"
-#include "dockscreen/ContentView.h"
+#include "host/linux/CommandLine.h"
 #include "host/linux/IcuNumberFormat.h"
+#include "host/linux/JournalLog.h"
+#include "host/linux/NumberLocale.h"
 #include "host/linux/PlayedSystemVersion.h"
+#include "host/linux/RunningExecutable.h"
 #include "host/linux/SearchPath.h"
+#include "host/linux/UnconfiguredUpdater.h"
+#include "host/linux/XdgLoginItem.h"
+#include "host/qt/ActivationToken.h"
+#include "host/qt/MessagePanel.h"
 #include "host/qt/QtApplication.h"
-#include "kit/Turn.h"
-#include "view/HostedWindow.h"
+#include "host/qt/QtPlatform.h"
+#include "host/qt/SingleInstance.h"
+#include "kit/Application.h"
+#include "kit/ApplicationId.h"
+#include "view/SceneRunner.h"
 
+namespace tarnwell {
 namespace {
 
-using namespace tarnwell;
+constexpr int wrongUsage = 2;
 
-int failed(const std::string& message, int status = 1) {
+int failed(const std::string& message, int status) {
   diagnostics::printErrorLine("tarnwell: " + message);
   return status;
 }
 
-view::EnvironmentValues makeEnvironment(host::qt::QtApplication& application, core::CommandRunner& runner,
-                                        kit::SystemVersion version) {
-  const std::shared_ptr<const kit::NumberFormat> format(
-      new host_linux::IcuNumberFormat(host_linux::IcuNumberFormat::fromEnvironment()));
+std::unique_ptr<kit::UpdaterController> makeUpdaterController() {
+  return std::make_unique<host_linux::UnconfiguredUpdaterController>(
+      [](const std::string& message, kit::Action closed) {
+        host::qt::showMessage("Check for Updates", message, std::move(closed));
+      });
+}
+
+view::EnvironmentValues makeEnvironment(host::qt::QtPlatform& platform, core::CommandRunner& runner) {
   return view::EnvironmentValues()
       .with<dockscreen::CommandRunnerKey>(&runner)
-      .with<view::NumberFormatKey>(format)
-      .with<view::SystemVersionKey>(version)
-      .with<view::OpenUrlKey>([&application](const std::string& address) { application.openUrl(address); });
+      .with<view::NumberFormatKey>(platform.numberFormat())
+      .with<view::SystemVersionKey>(platform.systemVersion())
+      .with<view::OpenUrlKey>([&platform](const std::string& address) { platform.openUrl(address); });
 }
 
-int runApplication(host::qt::QtApplication& application, kit::SystemVersion version) {
+/// What is settled before anything is shown.
+struct Start {
+  host_linux::LaunchArguments launch = {};
+  kit::SystemVersion version = {};
+  std::filesystem::path executable = {};
+};
+
+int run(host::qt::QtApplication& desktop, host::qt::SingleInstance& instance, const Start& start) {
+  host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
+                                      .name = "Tarnwell",
+                                      .executable = start.executable,
+                                      .argument = host_linux::LaunchArguments::launchedAtLogin});
+  host_linux::JournalLog log("tarnwell");
+  host::qt::QtPlatform platform(
+      desktop,
+      {.systemVersion = start.version,
+       .numberFormat = std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment()),
+       .loginItem = &loginItem,
+       .log = &log,
+       .makeUpdaterController = makeUpdaterController,
+       .about = {.name = "Tarnwell", .version = TARNWELL_VERSION, .copyright = TARNWELL_COPYRIGHT},
+       .menuWindow = view::SceneRunner::settingsWindowIdentifier});
   core::ShellCommandRunner runner;
-  application.watch(runner.descriptor(), [&runner] { runner.reap(); });
-  kit::Turn turn;
-  const view::View content =
-      view::View(dockscreen::ContentView{}).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
-  view::HostedWindow window(turn, application.host(),
-                            {.identifier = "dock",
-                             .title = "Tarnwell",
-                             .view = content,
-                             .environment = makeEnvironment(application, runner, version)});
-  application.host().setMetricsChanged([&window] { window.window().metricsChanged(); });
-  window.window().setCloseAction([&] {
-    window.close();
-    application.quit();
+  desktop.watch(runner.descriptor(), [&runner] { runner.reap(); });
+  const auto application = kit::Application::create(platform);
+  app::TarnwellApp tarnwellApp;
+  view::SceneRunner scenes(*application, makeEnvironment(platform, runner));
+  instance.setAsked([&](const host::qt::ApplicationService::Request& request) {
+    host::qt::useActivationToken(request.token);
+    application->turn().perform([&scenes] { scenes.openSettings(); });
+    platform.activate();
   });
-  window.open();
-  return application.run();
+  scenes.install(tarnwellApp.body());
+  platform.launch(*application, start.launch.event());
+  return desktop.run();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  if (argc > 1) {
-    return failed(std::string("unknown argument ") + argv[1] + "\nusage: tarnwell", 2);
+int startOnDesktop(int argc, char** argv, const Start& start) {
+  // Before the toolkit starts, which uses it up.
+  const std::string token = host::qt::givenActivationToken();
+  const auto desktop = host::qt::QtApplication::create(argc, argv);
+  if (!desktop) {
+    return EXIT_FAILURE;
   }
+  const auto claimed = host::qt::SingleInstance::claim(*desktop, token);
+  if (const auto* failure = std::get_if<host_linux::Failure>(&claimed)) {
+    return failed(failure->message, EXIT_FAILURE);
+  }
+  const auto& instance = std::get<std::unique_ptr<host::qt::SingleInstance>>(claimed);
+  // The one that runs already has come to the front.
+  return instance ? run(*desktop, *instance, start) : EXIT_SUCCESS;
+}
+
+int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   // Whoever reads our diagnostic lines may stop reading them.
   std::signal(SIGPIPE, SIG_IGN);
   const auto version = host_linux::playedSystemVersion();
   if (const auto* failure = std::get_if<host_linux::Failure>(&version)) {
-    return failed(failure->message);
+    return failed(failure->message, EXIT_FAILURE);
+  }
+  const auto executable = host_linux::runningExecutable();
+  if (const auto* failure = std::get_if<host_linux::Failure>(&executable)) {
+    return failed(failure->message, EXIT_FAILURE);
   }
   if (const auto failure = host_linux::putStandInsFirst()) {
-    return failed(failure->message);
+    return failed(failure->message, EXIT_FAILURE);
   }
-  const auto application = host::qt::QtApplication::create(argc, argv);
-  return application ? runApplication(*application, std::get<kit::SystemVersion>(version)) : 1;
+  return startOnDesktop(argc, argv,
+                        {.launch = launch,
+                         .version = std::get<kit::SystemVersion>(version),
+                         .executable = std::get<std::filesystem::path>(executable)});
+}
+
+}  // namespace
+}  // namespace tarnwell
+
+int main(int argc, char** argv) {
+  using tarnwell::host_linux::CommandLine;
+  using tarnwell::host_linux::Failure;
+  using tarnwell::host_linux::LaunchArguments;
+  const CommandLine::Parsed parsed = CommandLine::parse(argc, argv);
+  if (const auto* print = std::get_if<CommandLine::Print>(&parsed)) {
+    tarnwell::diagnostics::printLine(print->text);
+    return EXIT_SUCCESS;
+  }
+  if (const auto* failure = std::get_if<Failure>(&parsed)) {
+    return tarnwell::failed(failure->message, tarnwell::wrongUsage);
+  }
+  return tarnwell::start(argc, argv, std::get<LaunchArguments>(parsed));
 }
