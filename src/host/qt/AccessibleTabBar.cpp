@@ -1,7 +1,5 @@
 #include "host/qt/AccessibleTabBar.h"
 
-#include <memory>
-
 #include "host/qt/AccessibleTab.h"
 #include "kit/TabBar.h"
 
@@ -23,8 +21,9 @@ QAccessibleInterface* AccessibleTabBar::child(int index) const {
     return nullptr;
   }
   while (static_cast<int>(tabs_.size()) <= index) {
-    auto tab = std::make_unique<AccessibleTab>(widget(), static_cast<int>(tabs_.size()));
-    tabs_.push_back(QAccessible::registerAccessibleInterface(tab.release()));
+    auto* tab = new AccessibleTab(widget(), static_cast<int>(tabs_.size()));
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): what is registered belongs to the registry.
+    tabs_.push_back(QAccessible::registerAccessibleInterface(tab));
   }
   return QAccessible::accessibleInterface(tabs_.at(static_cast<std::size_t>(index)));
 }

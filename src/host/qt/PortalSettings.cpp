@@ -66,8 +66,7 @@ std::optional<QColor> accentOf(const QVariant& value) {
 
 PortalSettings::PortalSettings(Theme& theme) : theme_(theme) {
   if (sessionBusExists()) {
-    QMetaObject::invokeMethod(
-        this, [this] { connectToPortal(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "connectToPortal", Qt::QueuedConnection);
   }
 }
 

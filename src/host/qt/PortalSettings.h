@@ -16,12 +16,11 @@ class PortalSettings final : public QObject {
  public:
   explicit PortalSettings(Theme& theme);
 
- public Q_SLOTS:
   /// From the bus.
-  void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+  Q_SLOT void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
  private:
-  void connectToPortal();
+  Q_SLOT void connectToPortal();
   void ask(const QString& key);
   void take(const QString& key, const QVariant& value);
 

@@ -6,6 +6,7 @@
 #include <QtCore/QTimer>
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <string>
 
 #include "fixtures/Subprocess.h"
@@ -20,6 +21,19 @@ std::unique_ptr<QtApplication> started() {
   static std::array<char*, 2> arguments = {name.data(), nullptr};
   return QtApplication::create(1, arguments.data());
 }
+
+/// Does something from the event loop.
+class Later {
+ public:
+  Later(int milliseconds, const std::function<void()>& action) {
+    QObject::connect(&timer_, &QTimer::timeout, action);
+    timer_.setSingleShot(true);
+    timer_.start(milliseconds);
+  }
+
+ private:
+  QTimer timer_;
+};
 
 void forgetTheDisplay() {
   for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -52,11 +66,11 @@ TEST(QtApplicationTest, loopEndsByQuitAloneWithItsStatus) {
               const auto application = started();
               kit::Window window("only", "Only");
               window.attach(application->host().peer(window));
-              QTimer::singleShot(0, [&window] {
+              const Later shown(0, [&window] {
                 window.setVisible(true);
                 window.setVisible(false);
               });
-              QTimer::singleShot(50, [&application] { application->quit(7); });
+              const Later quit(50, [&application] { application->quit(7); });
               return application->run();
             }),
             7);
@@ -68,7 +82,7 @@ TEST(QtApplicationTest, quitEvenWhileAWindowRefusesToClose) {
               kit::Window window("only", "Only");
               window.attach(application->host().peer(window));
               window.setVisible(true);
-              QTimer::singleShot(0, [&application] { application->quit(3); });
+              const Later quit(0, [&application] { application->quit(3); });
               return application->run();
             }),
             3);
@@ -85,7 +99,7 @@ TEST(QtApplicationTest, watchedDescriptorWakesTheLoop) {
                 char byte = 0;
                 application->quit(::read(ends[0], &byte, 1) == 1 ? byte : 2);
               });
-              QTimer::singleShot(0, [&ends] { (void)!::write(ends[1], "\x05", 1); });
+              const Later written(0, [&ends] { (void)!::write(ends[1], "\x05", 1); });
               return application->run();
             }),
             5);
