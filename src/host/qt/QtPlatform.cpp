@@ -41,7 +41,7 @@ void takeMetrics() {
         bar->takeFont();
       }
     }
-    window.kitWindow()->metricsChanged();
+    WindowPeer::chromeChanged(window);
   });
 }
 

@@ -9,7 +9,6 @@
 #include "host/qt/TrayWatch.h"
 #include "host/qt/WindowPeer.h"
 #include "host/qt/WrappedText.h"
-#include "kit/Window.h"
 
 namespace tarnwell::host::qt {
 namespace {
@@ -56,9 +55,7 @@ void TrayNotice::setShown(bool shown) {
     return;
   }
   setVisible(shown);
-  if (kit::Window* owner = WindowPeer::windowOf(*this)) {
-    owner->metricsChanged();
-  }
+  WindowPeer::chromeChanged(*this);
 }
 
 }  // namespace tarnwell::host::qt

@@ -52,9 +52,9 @@ void restackAll(const std::vector<QWidget*>& inTreeOrder) {
   }
 }
 
-// From the window itself, so that the first control is where the keyboard begins.
-void chainFocus(QWidget& window, const std::vector<QWidget*>& inTreeOrder) {
-  QWidget* previous = &window;
+// From the ground that they stand on, so that the first control is where the keyboard begins.
+void chainFocus(QWidget& ground, const std::vector<QWidget*>& inTreeOrder) {
+  QWidget* previous = &ground;
   for (QWidget* widget : inTreeOrder) {
     if (widget->focusPolicy() != Qt::NoFocus) {
       QWidget::setTabOrder(previous, widget);
@@ -96,6 +96,17 @@ void WindowPeer::setChrome(const WindowChrome& chrome) {
     // The last that a screen reader tells.
     below_->raise();
   }
+}
+
+void WindowPeer::chromeChanged(const QWidget& inWindow) {
+  kit::Window* window = windowOf(inWindow);
+  if (window == nullptr || window->peer() == nullptr) {
+    return;
+  }
+  // The content may well keep its size, and the window is then not placed again.
+  const kit::Size size = window->contentSize();
+  window->peer()->place({.width = size.width, .height = size.height});
+  window->metricsChanged();
 }
 
 void WindowPeer::show(kit::Aspect aspect) noexcept {
@@ -166,7 +177,7 @@ void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept
   if (widget_) {
     const std::vector<QWidget*> widgets = widgetsOf(inTreeOrder);
     restackAll(widgets);
-    chainFocus(*widget_, widgets);
+    chainFocus(*content_, widgets);
   }
 }
 

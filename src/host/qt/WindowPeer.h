@@ -31,9 +31,11 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   QWidget* widget() const { return widget_; }
   QWidget* content() const override { return content_; }
 
-  /// Takes what stands beside the content, before anything stands in it. What hides or comes later has to be told as a
-  /// change of metrics.
+  /// Takes what stands beside the content, before anything stands in it.
   void setChrome(const WindowChrome& chrome);
+
+  /// To be told when what stands beside the content is higher or lower than it was, is hidden or comes.
+  static void chromeChanged(const QWidget& inWindow);
 
   /// The window that `widget` stands in; null for a widget that stands in none of ours.
   static kit::Window* windowOf(const QWidget& widget);
