@@ -3,11 +3,14 @@
 #
 # shellcheck shell=sh disable=SC2034
 
-window_title=Tarnwell
-delay_short_end="463 102"
-delay_middle="404 102"
-scroll_to_expose_switch="549 281"
-reset_button="488 531"
+window_title="Tarnwell Settings"
+dock_tab="264 58"
+general_tab="336 58"
+help_menu="290 14"
+delay_short_end="463 190"
+delay_middle="404 190"
+scroll_to_expose_switch="549 369"
+reset_button="488 619"
 
 # Tab goes through the controls in the order in which they stand.
 tabs_from_delay_slider_to_picker=3 # over the field and the stepper
