@@ -5,6 +5,7 @@
 #include "view/Text.h"
 
 namespace tarnwell::app {
+
 view::View WelcomeView::body() const {
   return view::View(view::Text{"Hello, World!"}).onAppear([dismiss = dismissWindow] {
     kit::Application& application = *kit::Application::shared();
