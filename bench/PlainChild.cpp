@@ -18,7 +18,9 @@ pid_t spawn(const std::string& commandLine, const posix_spawn_file_actions_t* ac
   std::string command = commandLine;
   const std::array<char*, 4> arguments = {shell.data(), option.data(), command.data(), nullptr};
   pid_t child = 0;
-  if (::posix_spawn(&child, "/bin/zsh", actions, nullptr, arguments.data(), environ) != 0) std::abort();
+  if (::posix_spawn(&child, "/bin/zsh", actions, nullptr, arguments.data(), environ) != 0) {
+    std::abort();
+  }
   return child;
 }
 
@@ -28,7 +30,9 @@ pid_t spawnPlainly(const std::string& commandLine) { return spawn(commandLine, n
 
 std::string captureByHand(const std::string& commandLine) {
   std::array<int, 2> ends{};
-  if (::pipe2(ends.data(), O_CLOEXEC) != 0) std::abort();
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+    std::abort();
+  }
   posix_spawn_file_actions_t actions;
   ::posix_spawn_file_actions_init(&actions);
   ::posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -50,11 +54,15 @@ std::string captureByHand(const std::string& commandLine) {
 
 std::string captureByPopen(const std::string& commandLine) {
   FILE* const stream = ::popen(("/bin/zsh -c '" + commandLine + "' 2>&1 </dev/null").c_str(), "re");
-  if (stream == nullptr) std::abort();
+  if (stream == nullptr) {
+    std::abort();
+  }
   std::string output;
   std::array<char, 4096> chunk{};
   std::size_t count = 0;
-  while ((count = std::fread(chunk.data(), 1, chunk.size(), stream)) > 0) output.append(chunk.data(), count);
+  while ((count = std::fread(chunk.data(), 1, chunk.size(), stream)) > 0) {
+    output.append(chunk.data(), count);
+  }
   ::pclose(stream);
   return output;
 }

@@ -29,12 +29,16 @@ core::ShellCommandRunner& sharedRunner() {
 /// Reaps until no child is left, as the host's loop does in between.
 void settleRunner() {
   siginfo_t info = {};
-  while (::waitid(P_ALL, 0, &info, WEXITED | WNOWAIT) == 0) sharedRunner().reap();
+  while (::waitid(P_ALL, 0, &info, WEXITED | WNOWAIT) == 0) {
+    sharedRunner().reap();
+  }
 }
 
 void waitForAllChildren() {
   siginfo_t info = {};
-  while (::waitid(P_ALL, 0, &info, WEXITED) == 0 || errno != ECHILD) continue;
+  while (::waitid(P_ALL, 0, &info, WEXITED) == 0 || errno != ECHILD) {
+    continue;
+  }
 }
 
 /// Times what the caller waits for. What is left of children afterwards goes before the next round.
@@ -87,7 +91,9 @@ void detachedByRunner(benchmark::State& state) {
   const std::vector<char> memory = resident(state);
   benchmark::DoNotOptimize(memory.data());
   const auto save = [] {
-    for (int count = 0; count < startsOfASave; ++count) sharedRunner().runDetached(detachedCommand);
+    for (int count = 0; count < startsOfASave; ++count) {
+      sharedRunner().runDetached(detachedCommand);
+    }
   };
   timeCalls(state, save, settleRunner);
 }
@@ -96,7 +102,9 @@ void detachedBare(benchmark::State& state) {
   const std::vector<char> memory = resident(state);
   benchmark::DoNotOptimize(memory.data());
   const auto save = [] {
-    for (int count = 0; count < startsOfASave; ++count) spawnPlainly(detachedCommand);
+    for (int count = 0; count < startsOfASave; ++count) {
+      spawnPlainly(detachedCommand);
+    }
   };
   timeCalls(state, save, waitForAllChildren);
 }
@@ -114,7 +122,9 @@ BENCHMARK(detachedByRunner)->ArgName("residentMB")->Arg(0)->Arg(300)->UseManualT
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
   benchmark::RunSpecifiedBenchmarks();
   return 0;
 }

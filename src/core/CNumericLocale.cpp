@@ -8,7 +8,9 @@ namespace {
 locale_t plainLocale() {
   // Made once and never freed: it serves until the process ends.
   static const locale_t locale = ::newlocale(LC_ALL_MASK, "C", nullptr);
-  if (locale == nullptr) diagnostics::fault("the C locale is missing");
+  if (locale == nullptr) {
+    diagnostics::fault("the C locale is missing");
+  }
   return locale;
 }
 

@@ -97,14 +97,18 @@ template <class T>
 consteval const Preference& preferenceOf(T DockSettings::*edited) {
   for (const Preference& preference : table) {
     const auto* const access = std::get_if<ValueAccess<T>>(&preference.access);
-    if (access != nullptr && access->edited == edited) return preference;
+    if (access != nullptr && access->edited == edited) {
+      return preference;
+    }
   }
   throw "no preference edits this field";
 }
 
 const Preference& preferenceWrittenWith(std::string_view prefix) {
   for (const Preference& preference : table) {
-    if (preference.writePrefix == prefix) return preference;
+    if (preference.writePrefix == prefix) {
+      return preference;
+    }
   }
   diagnostics::fault("no preference is written with \"" + std::string(prefix) + "\"");
 }
@@ -150,7 +154,9 @@ void Catalogue::write(const Preference& preference, std::string_view valueText) 
 
 std::string Catalogue::read(const Preference& preference) const {
   std::string answer = withoutLineFeeds(runner_.runCaptured(std::string(preference.readCommand)));
-  if (preference.printedLabel) diagnostics::printLine(std::string(*preference.printedLabel) + answer);
+  if (preference.printedLabel) {
+    diagnostics::printLine(std::string(*preference.printedLabel) + answer);
+  }
   return answer;
 }
 

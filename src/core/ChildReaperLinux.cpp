@@ -17,7 +17,9 @@ namespace {
 /// inherited as ignored, nothing is left of a child to reap.
 bool hasEnded(idtype_t type, int number) {
   siginfo_t info = {};
-  if (::waitid(type, static_cast<id_t>(number), &info, WEXITED | WNOHANG) != 0) return errno == ECHILD;
+  if (::waitid(type, static_cast<id_t>(number), &info, WEXITED | WNOHANG) != 0) {
+    return errno == ECHILD;
+  }
   return info.si_pid != 0;
 }
 
@@ -29,12 +31,16 @@ Descriptor processDescriptor(pid_t child) {
 }  // namespace
 
 ChildReaper::ChildReaper() : events_(aboveStandardStreams(Descriptor(::epoll_create1(EPOLL_CLOEXEC)))) {
-  if (events_.isEmpty()) systemFault("watch children", errno);
+  if (events_.isEmpty()) {
+    systemFault("watch children", errno);
+  }
 }
 
 void ChildReaper::watch(pid_t child) {
   reapUnwatched();
-  if (!tryWatch(child)) unwatched_.push_back(child);
+  if (!tryWatch(child)) {
+    unwatched_.push_back(child);
+  }
 }
 
 void ChildReaper::reap() {
@@ -43,7 +49,9 @@ void ChildReaper::reap() {
   const int count = ::epoll_wait(events_.number(), events.data(), static_cast<int>(events.size()), 0);
   for (int index = 0; index < count; ++index) {
     const int number = events.at(static_cast<std::size_t>(index)).data.fd;
-    if (!hasEnded(P_PIDFD, number)) continue;
+    if (!hasEnded(P_PIDFD, number)) {
+      continue;
+    }
     // Out of the set before it is closed: a set keeps what is still open elsewhere, and would report it for ever.
     ::epoll_ctl(events_.number(), EPOLL_CTL_DEL, number, nullptr);
     watched_.erase(number);
@@ -53,10 +61,14 @@ void ChildReaper::reap() {
 
 bool ChildReaper::tryWatch(pid_t child) {
   Descriptor descriptor = processDescriptor(child);
-  if (descriptor.isEmpty()) return errno == ESRCH;
+  if (descriptor.isEmpty()) {
+    return errno == ESRCH;
+  }
   const int number = descriptor.number();
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
-  if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) return false;
+  if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
+    return false;
+  }
   watched_.emplace(number, std::move(descriptor));
   return true;
 }

@@ -10,7 +10,9 @@ namespace tarnwell::core {
 namespace {
 
 void require(int error) {
-  if (error != 0) systemFault("prepare a child's streams", error);
+  if (error != 0) {
+    systemFault("prepare a child's streams", error);
+  }
 }
 
 }  // namespace

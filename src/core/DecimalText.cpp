@@ -15,8 +15,12 @@ bool standsInFixedNotation(double value) {
 }  // namespace
 
 std::string decimalText(double value) {
-  if (std::isnan(value)) return "nan";
-  if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
+  if (std::isnan(value)) {
+    return "nan";
+  }
+  if (std::isinf(value)) {
+    return value < 0 ? "-inf" : "inf";
+  }
   const bool isFixed = standsInFixedNotation(value);
   // Seventeen digits, a sign, a point and an exponent, or four leading zeros, always fit.
   std::array<char, 32> buffer{};
@@ -24,7 +28,9 @@ std::string decimalText(double value) {
                                  isFixed ? std::chars_format::fixed : std::chars_format::scientific)
                        .ptr;
   std::string text(buffer.data(), end);
-  if (isFixed && text.find('.') == std::string::npos) text += ".0";
+  if (isFixed && text.find('.') == std::string::npos) {
+    text += ".0";
+  }
   return text;
 }
 

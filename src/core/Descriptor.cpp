@@ -19,11 +19,15 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
 
 void Descriptor::close() {
   // An interrupted close has closed all the same; a second try could hit somebody else's descriptor.
-  if (!isEmpty()) ::close(std::exchange(number_, -1));
+  if (!isEmpty()) {
+    ::close(std::exchange(number_, -1));
+  }
 }
 
 Descriptor aboveStandardStreams(Descriptor descriptor) {
-  if (descriptor.isEmpty() || descriptor.number() > STDERR_FILENO) return descriptor;
+  if (descriptor.isEmpty() || descriptor.number() > STDERR_FILENO) {
+    return descriptor;
+  }
   return Descriptor(::fcntl(descriptor.number(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
 }
 

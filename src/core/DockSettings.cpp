@@ -77,7 +77,9 @@ void DockSettings::copyEditedToCurrent() {
 
 void DockSettings::notify() const {
   const auto changed = changed_;
-  if (changed) changed();
+  if (changed) {
+    changed();
+  }
 }
 
 }  // namespace tarnwell::core

@@ -35,7 +35,9 @@ std::string_view text(MinEffect effect) {
 std::optional<MinEffect> parseMinEffect(std::string_view text) {
   const std::string lower = lowerCased(text);
   for (const MinEffect effect : effects) {
-    if (lower == core::text(effect)) return effect;
+    if (lower == core::text(effect)) {
+      return effect;
+    }
   }
   return std::nullopt;
 }

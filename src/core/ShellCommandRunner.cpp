@@ -20,7 +20,9 @@ std::string readToEnd(const Descriptor& source) {
   std::array<char, 4096> chunk{};
   for (;;) {
     const ssize_t count = ::read(source.number(), chunk.data(), chunk.size());
-    if (count == 0) return bytes;
+    if (count == 0) {
+      return bytes;
+    }
     if (count > 0) {
       bytes.append(chunk.data(), static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
@@ -45,7 +47,9 @@ std::string ShellCommandRunner::runCaptured(const std::string& commandLine) {
   pipe.writeEnd.close();
   reaper_.watch(child);
   std::string output = readToEnd(pipe.readEnd);
-  if (!isUtf8(output)) diagnostics::fault("the output of \"" + commandLine + "\" is not UTF-8");
+  if (!isUtf8(output)) {
+    diagnostics::fault("the output of \"" + commandLine + "\" is not UTF-8");
+  }
   return output;
 }
 

@@ -12,7 +12,9 @@ namespace tarnwell::core {
 namespace {
 
 void require(int error) {
-  if (error != 0) systemFault("prepare a launch", error);
+  if (error != 0) {
+    systemFault("prepare a launch", error);
+  }
 }
 
 }  // namespace
@@ -38,7 +40,9 @@ pid_t ShellLauncher::launch(const std::string& commandLine, const ChildStreams& 
                                           const_cast<char*>(commandLine.c_str()), nullptr};
   pid_t child = 0;
   const int error = ::posix_spawn(&child, shell, &streams.actions(), &attributes_, arguments.data(), environ);
-  if (error != 0) systemFault("launch /bin/zsh", error);
+  if (error != 0) {
+    systemFault("launch /bin/zsh", error);
+  }
   return child;
 }
 

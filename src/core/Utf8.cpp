@@ -34,10 +34,16 @@ bool isWithin(char byte, unsigned char low, unsigned char high) {
 }
 
 bool isComplete(const Sequence& sequence, std::string_view bytes) {
-  if (bytes.size() < sequence.length) return false;
-  if (sequence.length > 1 && !isWithin(bytes[1], sequence.secondLow, sequence.secondHigh)) return false;
+  if (bytes.size() < sequence.length) {
+    return false;
+  }
+  if (sequence.length > 1 && !isWithin(bytes[1], sequence.secondLow, sequence.secondHigh)) {
+    return false;
+  }
   for (std::size_t index = 2; index < sequence.length; ++index) {
-    if (!isWithin(bytes[index], 0x80, 0xBF)) return false;
+    if (!isWithin(bytes[index], 0x80, 0xBF)) {
+      return false;
+    }
   }
   return true;
 }
@@ -57,7 +63,9 @@ std::size_t leadingSequence(std::string_view bytes) {
 bool isUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     const std::size_t length = leadingSequence(bytes);
-    if (length == 0) return false;
+    if (length == 0) {
+      return false;
+    }
     bytes.remove_prefix(length);
   }
   return true;

@@ -14,7 +14,9 @@ std::string withoutLineFeeds(std::string text) {
 double parseFloat(std::string_view text) {
   // strtod skips white space in front of a number by itself.
   constexpr std::string_view whiteSpace = " \t\n\v\f\r";
-  if (text.empty() || whiteSpace.find(text.front()) != std::string_view::npos) return 0.0;
+  if (text.empty() || whiteSpace.find(text.front()) != std::string_view::npos) {
+    return 0.0;
+  }
   const std::string terminated(text);
   const CNumericLocale locale;
   char* end = nullptr;

@@ -24,7 +24,9 @@ class CatalogueTest : public testing::Test {
 
 TEST_F(CatalogueTest, rowsStandInTheFixedOrder) {
   std::vector<std::string> commands;
-  for (const Preference& preference : Catalogue::preferences()) commands.emplace_back(preference.readCommand);
+  for (const Preference& preference : Catalogue::preferences()) {
+    commands.emplace_back(preference.readCommand);
+  }
   const std::vector<std::string> expected = {
       "defaults read com.apple.dock autohide-delay", "defaults read com.apple.dock autohide-time-modifier",
       "defaults read com.apple.dock scroll-to-open", "defaults read com.apple.dock mineffect",
@@ -80,7 +82,9 @@ TEST_F(CatalogueTest, booleansReadAsTheTableSays) {
   const std::vector<std::pair<std::string, bool>> table = {
       {"1\n", true}, {"\n1", true}, {"0\n", false}, {"true\n", false}, {"YES\n", false}, {"", false}, {"1\r\n", false}};
   for (const auto& [output, value] : table) {
-    for (const char* key : {"scroll-to-open", "showhidden", "static-only", "single-app"}) answer(key, output);
+    for (const char* key : {"scroll-to-open", "showhidden", "static-only", "single-app"}) {
+      answer(key, output);
+    }
     EXPECT_EQ(catalogue.readScrollToExpose(), value) << output;
     EXPECT_EQ(catalogue.readShowHidden(), value) << output;
     EXPECT_EQ(catalogue.readActiveAppsOnly(), value) << output;

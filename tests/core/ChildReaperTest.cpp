@@ -21,7 +21,9 @@ using fixtures::waitFor;
 
 pid_t forkToExit(int status = 0) {
   const pid_t child = ::fork();
-  if (child == 0) ::_exit(status);
+  if (child == 0) {
+    ::_exit(status);
+  }
   return child;
 }
 
@@ -58,7 +60,9 @@ TEST_F(ChildReaperTest, aRunningChildIsLeftAlone) {
 }
 
 TEST_F(ChildReaperTest, aBurstIsReapedInSeveralCalls) {
-  for (int count = 0; count < 20; ++count) runner.runDetached(":");
+  for (int count = 0; count < 20; ++count) {
+    runner.runDetached(":");
+  }
   EXPECT_TRUE(waitFor([] { return zombieCount() == 20; }));
   runner.reap();
   EXPECT_GT(zombieCount(), 0);
@@ -98,7 +102,9 @@ TEST_F(ChildReaperTest, anIgnoredChildSignalIsNoTrouble) {
   const auto body = [this] {
     std::signal(SIGCHLD, SIG_IGN);
     for (int count = 0; count < 20; ++count) {
-      if (runner.runCaptured("print x") != "x\n") return 1;
+      if (runner.runCaptured("print x") != "x\n") {
+        return 1;
+      }
       runner.runDetached(":");
     }
     const bool isQuiet = waitFor([this] { return allReaped() && !isReadable(); });
@@ -136,7 +142,9 @@ TEST_F(ChildReaperTest, theNextChildsWatchReapsWhatCouldNotBeWatched) {
     ChildReaper reaper;
     const pid_t first = forkToExit();
     watchWithoutDescriptors(reaper, first);
-    if (!waitFor([] { return zombieCount() == 1; })) return 1;
+    if (!waitFor([] { return zombieCount() == 1; })) {
+      return 1;
+    }
     reaper.watch(forkToExit());
     return ::waitpid(first, nullptr, WNOHANG) == -1 ? 0 : 2;
   };

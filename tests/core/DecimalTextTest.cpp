@@ -53,14 +53,18 @@ TEST(DecimalTextTest, valuesReadAsTheTableSays) {
       {nan, "nan"},
       {-nan, "nan"},
   };
-  for (const auto& [value, text] : table) EXPECT_EQ(decimalText(value), text);
+  for (const auto& [value, text] : table) {
+    EXPECT_EQ(decimalText(value), text);
+  }
 }
 
 TEST(DecimalTextTest, everyTextReadsBackToTheSameDouble) {
   std::mt19937_64 random(20240615);
   for (int count = 0; count < 20000; ++count) {
     const auto value = std::bit_cast<double>(random());
-    if (!std::isfinite(value)) continue;
+    if (!std::isfinite(value)) {
+      continue;
+    }
     ASSERT_EQ(std::bit_cast<std::uint64_t>(parseFloat(decimalText(value))), std::bit_cast<std::uint64_t>(value))
         << decimalText(value);
   }
@@ -81,7 +85,9 @@ TEST(DecimalTextTest, aDigitLessReadsAsAnotherDouble) {
 
 TEST(DecimalTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
-  if (!locale.isInForce()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  if (!locale.isInForce()) {
+    GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  }
   EXPECT_EQ(decimalText(1234.5), "1234.5");
   EXPECT_EQ(decimalText(0.2), "0.2");
 }

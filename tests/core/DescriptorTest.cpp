@@ -56,9 +56,13 @@ TEST(DescriptorTest, aStandardStreamsNumberIsMovedUpAndClosedOnExec) {
   const auto body = [] {
     ::close(STDIN_FILENO);
     Descriptor low(openSomething());
-    if (low.number() != STDIN_FILENO) return 1;
+    if (low.number() != STDIN_FILENO) {
+      return 1;
+    }
     const Descriptor high = aboveStandardStreams(std::move(low));
-    if (high.number() <= STDERR_FILENO || isOpen(STDIN_FILENO)) return 2;
+    if (high.number() <= STDERR_FILENO || isOpen(STDIN_FILENO)) {
+      return 2;
+    }
     return ::fcntl(high.number(), F_GETFD) == FD_CLOEXEC ? 0 : 3;
   };
   EXPECT_EQ(fixtures::exitStatusOf(body), 0);

@@ -249,7 +249,9 @@ TEST_F(DockSettingsTest, newerSystemsNeverHearOfSingleApp) {
   settings.singleAppMode = true;
   settings.save();
   settings.resetToDefaults();
-  for (const std::string& command : runner.commands) EXPECT_EQ(command.find("single-app"), std::string::npos);
+  for (const std::string& command : runner.commands) {
+    EXPECT_EQ(command.find("single-app"), std::string::npos);
+  }
   EXPECT_EQ(runner.commands.size(), 18U);
 }
 

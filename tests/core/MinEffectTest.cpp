@@ -30,7 +30,9 @@ TEST(MinEffectTest, caseNamesParseInAnyLetterCase) {
 
 TEST(MinEffectTest, otherTextsParseAsNone) {
   const std::vector<std::string> texts = {"", "Genie Effect", "scale\r", " suck", "suck ", "gen\u0130e", "1"};
-  for (const std::string& other : texts) EXPECT_EQ(parseMinEffect(other), std::nullopt) << '"' << other << '"';
+  for (const std::string& other : texts) {
+    EXPECT_EQ(parseMinEffect(other), std::nullopt) << '"' << other << '"';
+  }
   EXPECT_EQ(parseMinEffect(std::string_view("genie\0", 6)), std::nullopt);
 }
 

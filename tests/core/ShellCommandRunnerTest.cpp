@@ -129,7 +129,9 @@ volatile std::sig_atomic_t gateToOpen = -1;
 
 void countInterruption(int) {
   interruptions = interruptions + 1;
-  if (interruptions == 50) (void)!::write(gateToOpen, "\n", 1);
+  if (interruptions == 50) {
+    (void)!::write(gateToOpen, "\n", 1);
+  }
 }
 
 TEST_F(ShellCommandRunnerTest, interruptedCallsAreRepeated) {
@@ -150,7 +152,9 @@ TEST_F(ShellCommandRunnerTest, interruptedCallsAreRepeated) {
 
 TEST_F(ShellCommandRunnerTest, closedStandardStreamsAreNoTrouble) {
   const auto body = [this] {
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::close(stream);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+      ::close(stream);
+    }
     ShellCommandRunner own;
     const std::string text = own.runCaptured("print out; print -u2 err; cat");
     own.runDetached("print to nobody; : > " + path("written"));

@@ -56,7 +56,9 @@ TEST_F(ShellLauncherTest, theChildHoldsNoDescriptorOfOurs) {
 
 TEST_F(ShellLauncherTest, theChildStartsWithCleanSignals) {
   const auto body = [this] {
-    for (const int number : {SIGPIPE, SIGINT, SIGCHLD, SIGUSR2}) std::signal(number, SIG_IGN);
+    for (const int number : {SIGPIPE, SIGINT, SIGCHLD, SIGUSR2}) {
+      std::signal(number, SIG_IGN);
+    }
     sigset_t blocked;
     ::sigemptyset(&blocked);
     ::sigaddset(&blocked, SIGUSR1);

@@ -25,7 +25,9 @@ TEST(Utf8Test, wellFormedTextIsUtf8) {
       "\xF4\x8F\xBF\xBF",
       "Größe \u2026 \U0001F600\n",
   };
-  for (const std::string& text : texts) EXPECT_TRUE(isUtf8(text)) << text;
+  for (const std::string& text : texts) {
+    EXPECT_TRUE(isUtf8(text)) << text;
+  }
 }
 
 TEST(Utf8Test, malformedBytesAreNot) {
@@ -51,7 +53,9 @@ TEST(Utf8Test, malformedBytesAreNot) {
       "\xF0\x9F\x98(",
       "good then \xC3\xA4\xA4",  // one continuation too many
   };
-  for (const std::string& text : texts) EXPECT_FALSE(isUtf8(text)) << testing::PrintToString(text);
+  for (const std::string& text : texts) {
+    EXPECT_FALSE(isUtf8(text)) << testing::PrintToString(text);
+  }
 }
 
 }  // namespace

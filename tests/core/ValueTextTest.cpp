@@ -32,7 +32,9 @@ TEST(ValueTextTest, wholeLiteralsAreNumbers) {
       {"inf", infinity}, {"-INF", -infinity}, {"1e999", infinity}, {"1e-999", 0.0}, {"infinity", infinity},
       {"007.5", 7.5},
   };
-  for (const auto& [text, value] : table) EXPECT_EQ(parseFloat(text), value) << text;
+  for (const auto& [text, value] : table) {
+    EXPECT_EQ(parseFloat(text), value) << text;
+  }
   EXPECT_TRUE(std::isnan(parseFloat("nan")));
   EXPECT_TRUE(std::isnan(parseFloat("NAN(12)")));
 }
@@ -42,12 +44,16 @@ TEST(ValueTextTest, everyOtherTextIsZero) {
                                           nul + "0.2", "0.2 ",       "0.2\r", "0.2s",  "0.2" + nul, "0.2" + nul + "5",
                                           "0,2",       "1 2",        "1e",    "0x",    "+-1",       "1_000",
                                           "\n0.2",     "zsh: error", "in",    "1.2.3", "\u00A00.2"};
-  for (const std::string& text : texts) EXPECT_EQ(parseFloat(text), 0.0) << '"' << text << '"';
+  for (const std::string& text : texts) {
+    EXPECT_EQ(parseFloat(text), 0.0) << '"' << text << '"';
+  }
 }
 
 TEST(ValueTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
-  if (!locale.isInForce()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  if (!locale.isInForce()) {
+    GTEST_SKIP() << "no locale with a decimal comma can be made here";
+  }
   EXPECT_EQ(parseFloat("0.5"), 0.5);
   EXPECT_EQ(parseFloat("0,5"), 0.0);
   EXPECT_EQ(*std::localeconv()->decimal_point, ',') << "the process keeps its locale";

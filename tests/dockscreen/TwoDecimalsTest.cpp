@@ -20,7 +20,9 @@ struct Row {
 };
 
 void expectCut(const kit::NumberFormat& format, const std::vector<Row>& table) {
-  for (const Row& row : table) EXPECT_EQ(withTwoDecimals(row.value, format), row.cut) << row.value;
+  for (const Row& row : table) {
+    EXPECT_EQ(withTwoDecimals(row.value, format), row.cut) << row.value;
+  }
 }
 
 TEST(TwoDecimalsTest, aPointLocaleKeepsTwoDecimalsAndLosesThousands) {
@@ -79,7 +81,9 @@ TEST(TwoDecimalsTest, hundredthsAreRoundedHalfAwayFromZero) {
   const std::vector<Row> table = {{0, 0},        {0.456, 0.46},   {0.125, 0.13},       {0.375, 0.38}, {0.005, 0.01},
                                   {0.0049, 0},   {-0.125, -0.13}, {-0.005, -0.01},     {1, 1},        {99.994, 99.99},
                                   {99.995, 100}, {1e15, 1e15},    {infinity, infinity}};
-  for (const Row& row : table) EXPECT_EQ(roundedToHundredths(row.value), row.cut) << row.value;
+  for (const Row& row : table) {
+    EXPECT_EQ(roundedToHundredths(row.value), row.cut) << row.value;
+  }
   EXPECT_TRUE(std::isnan(roundedToHundredths(nan)));
 }
 

@@ -55,7 +55,9 @@ template <class C>
 void expectReplay(ShownControl<C> control, const Lines& ownAspects) {
   control.showAgain();
   Lines told;
-  for (const std::string& line : control.told()) told.push_back(line.substr(line.find(": ") + 2));
+  for (const std::string& line : control.told()) {
+    told.push_back(line.substr(line.find(": ") + 2));
+  }
   Lines expected = {"removed"};
   expected.insert(expected.end(), ownAspects.begin(), ownAspects.end());
   expected.insert(expected.end(), {"enabled", "rotation", "accessible name", "place"});

@@ -33,7 +33,9 @@ inline void expectWritten(const NumberFormat& format, const std::vector<WrittenN
 }
 
 inline void expectRead(const NumberFormat& format, const std::vector<ReadNumber>& rows) {
-  for (const ReadNumber& row : rows) EXPECT_EQ(format.value(row.text), row.value) << '"' << row.text << '"';
+  for (const ReadNumber& row : rows) {
+    EXPECT_EQ(format.value(row.text), row.value) << '"' << row.text << '"';
+  }
 }
 
 /// The tables of a format that writes numbers as American English does.

@@ -32,7 +32,9 @@ class ScriptedSettler final : public Settler {
 
   void settled() override {
     notes_.emplace_back("settled");
-    if (const Action action = std::exchange(settledAction_, nullptr)) action();
+    if (const Action action = std::exchange(settledAction_, nullptr)) {
+      action();
+    }
   }
 
  private:

@@ -55,13 +55,17 @@ TEST(BinaryShapeTest, tellsWhatSurvivesFromWhatDoesNot) {
       {"count that is too long", {"\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}, BinaryShape::broken},
       {"count that is none", {"_Qx"}, BinaryShape::broken},
   };
-  for (const Shape& each : shapes) EXPECT_EQ(binaryShape(binaryList(each.objects)), each.shape) << each.what;
+  for (const Shape& each : shapes) {
+    EXPECT_EQ(binaryShape(binaryList(each.objects)), each.shape) << each.what;
+  }
 }
 
 // Each level refers to the next one twice, so the tree below the top has two to the power of forty leaves.
 TEST(BinaryShapeTest, aSmallFileThatUnfoldsWithoutEndIsBroken) {
   Objects objects;
-  for (char i = 1; i <= 40; ++i) objects.push_back(std::string("\xA2") + i + i);
+  for (char i = 1; i <= 40; ++i) {
+    objects.push_back(std::string("\xA2") + i + i);
+  }
   objects.emplace_back("\x09");
   EXPECT_EQ(binaryShape(binaryList(objects)), BinaryShape::broken);
 }
@@ -73,7 +77,9 @@ TEST(BinaryShapeTest, nestingHasALimit) {
     plist_array_append_item(outer, list.release());
     list.reset(outer);
     const bool allowed = depth <= deepestNesting;
-    if (depth % 100 != 0 && depth < deepestNesting - 1) continue;
+    if (depth % 100 != 0 && depth < deepestNesting - 1) {
+      continue;
+    }
     EXPECT_EQ(parsePropertyList(binaryText(list.get())).list != nullptr, allowed) << depth;
   }
   EXPECT_EQ(parsePropertyList(xmlText(list.get())).list, nullptr);
@@ -85,9 +91,15 @@ TEST(BinaryShapeTest, damagedBytesNeverCrash) {
   int understood = 0;
   for (int i = 0; i < 20000; ++i) {
     std::string bytes = sound;
-    for (int flips = 0; flips < 3; ++flips) bytes[random() % bytes.size()] = static_cast<char>(random());
-    if (i % 2 == 0) bytes.resize(random() % bytes.size());
-    if (parsePropertyList(bytes).list) ++understood;
+    for (int flips = 0; flips < 3; ++flips) {
+      bytes[random() % bytes.size()] = static_cast<char>(random());
+    }
+    if (i % 2 == 0) {
+      bytes.resize(random() % bytes.size());
+    }
+    if (parsePropertyList(bytes).list) {
+      ++understood;
+    }
   }
   EXPECT_GT(understood, 0);
 }

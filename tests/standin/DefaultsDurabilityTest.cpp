@@ -20,7 +20,9 @@ TEST(DefaultsDurabilityTest, concurrentWritersLoseNothing) {
                              "-$i -int $i || exit 1; i=$((i + 1)); done";
     writers.push_back(std::make_unique<Process>(Words{"/bin/sh", "-c", text}, system.environment()));
   }
-  for (const auto& writer : writers) EXPECT_EQ(writer->wait().status, 0);
+  for (const auto& writer : writers) {
+    EXPECT_EQ(writer->wait().status, 0);
+  }
   const PropertyList list = parsePropertyList(fileContent(system.dockStore())).list;
   EXPECT_EQ(plist_dict_get_size(list.get()), 200U);
   EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});

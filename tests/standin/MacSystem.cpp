@@ -16,7 +16,9 @@ Outcome MacSystem::shell(const std::string& text) const { return run({"/bin/sh",
 
 std::string MacSystem::value(const std::string& key) const {
   std::string text = defaults({"read", "com.apple.dock", key}).output;
-  if (text.ends_with('\n')) text.pop_back();
+  if (text.ends_with('\n')) {
+    text.pop_back();
+  }
   return text;
 }
 
@@ -32,7 +34,9 @@ void MacSystem::store(const std::string& bytes) const {
 Words MacSystem::preferenceNames() const {
   Words names;
   for (const auto& entry : std::filesystem::directory_iterator(preferences())) {
-    if (entry.path().filename() != ".defaults.lock") names.push_back(entry.path().filename().string());
+    if (entry.path().filename() != ".defaults.lock") {
+      names.push_back(entry.path().filename().string());
+    }
   }
   std::sort(names.begin(), names.end());
   return names;

@@ -30,7 +30,9 @@ constexpr std::array<Quoting, 12> quotings = {{
 }};
 
 TEST(OldStyleTextTest, onlyPlainTextsGoUnquoted) {
-  for (const Quoting& each : quotings) EXPECT_EQ(quotedText(each.text), each.quoted);
+  for (const Quoting& each : quotings) {
+    EXPECT_EQ(quotedText(each.text), each.quoted);
+  }
 }
 
 TEST(OldStyleTextTest, everyTypeHasItsText) {

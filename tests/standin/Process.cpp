@@ -16,7 +16,9 @@ namespace {
 
 std::vector<char*> pointers(const Words& words) {
   std::vector<char*> result;
-  for (const std::string& word : words) result.push_back(const_cast<char*>(word.c_str()));
+  for (const std::string& word : words) {
+    result.push_back(const_cast<char*>(word.c_str()));
+  }
   result.push_back(nullptr);
   return result;
 }
@@ -26,7 +28,9 @@ std::string contentOf(int file) {
   std::array<char, 4096> buffer{};
   for (;;) {
     const ssize_t count = ::pread(file, buffer.data(), buffer.size(), static_cast<off_t>(content.size()));
-    if (count <= 0) return content;
+    if (count <= 0) {
+      return content;
+    }
     content.append(buffer.data(), static_cast<std::size_t>(count));
   }
 }
@@ -43,7 +47,9 @@ Process::Process(const Words& command, const Words& environment)
   const int error = ::posix_spawn(&id_, command.front().c_str(), &actions, nullptr, pointers(command).data(),
                                   pointers(environment).data());
   ::posix_spawn_file_actions_destroy(&actions);
-  if (error != 0) throw std::runtime_error("cannot start " + command.front());
+  if (error != 0) {
+    throw std::runtime_error("cannot start " + command.front());
+  }
 }
 
 Process::~Process() {
@@ -69,11 +75,17 @@ std::optional<Outcome> Process::reap(int options) {
   do {
     ended = ::waitpid(id_, &status, options);
   } while (ended < 0 && errno == EINTR);
-  if (ended == 0) return std::nullopt;
+  if (ended == 0) {
+    return std::nullopt;
+  }
   id_ = -1;
   Outcome outcome;
-  if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
-  if (WIFSIGNALED(status)) outcome.signal = WTERMSIG(status);
+  if (WIFEXITED(status)) {
+    outcome.status = WEXITSTATUS(status);
+  }
+  if (WIFSIGNALED(status)) {
+    outcome.signal = WTERMSIG(status);
+  }
   outcome.output = contentOf(output_);
   outcome.errors = contentOf(errors_);
   return outcome;
@@ -84,7 +96,9 @@ Outcome run(const Words& command, const Words& environment) { return Process(com
 bool isRunning(pid_t id) {
   std::ifstream file("/proc/" + std::to_string(id) + "/stat");
   std::string stat;
-  if (!std::getline(file, stat)) return false;
+  if (!std::getline(file, stat)) {
+    return false;
+  }
   const std::size_t name = stat.rfind(") ");
   return name != std::string::npos && stat[name + 2] != 'Z';
 }

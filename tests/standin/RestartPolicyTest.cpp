@@ -19,7 +19,9 @@ TEST(RestartPolicyTest, failuresAtTheStartDoubleTheWaitUpToTenSeconds) {
 
 TEST(RestartPolicyTest, killsNeverMakeItWait) {
   RestartPolicy policy;
-  for (int i = 0; i < 7; ++i) EXPECT_EQ(policy.delayAfter(Ending::killed, milliseconds(5)), milliseconds(0));
+  for (int i = 0; i < 7; ++i) {
+    EXPECT_EQ(policy.delayAfter(Ending::killed, milliseconds(5)), milliseconds(0));
+  }
 }
 
 TEST(RestartPolicyTest, aKillOrALongLifeForgetsTheFailures) {

@@ -33,7 +33,9 @@ std::unique_ptr<kit::Peer> BoxHost::peer(kit::Box& box, kit::Peer& parent) {
 std::vector<kit::Rect> BoxHost::boxes(kit::Box::Kind kind) const {
   std::vector<kit::Rect> frames;
   for (const kit::Box* box : boxes_) {
-    if (box->kind() == kind) frames.push_back(box->frame());
+    if (box->kind() == kind) {
+      frames.push_back(box->frame());
+    }
   }
   return frames;
 }

@@ -39,7 +39,9 @@ TEST_F(ChangeTest, theFirstValueIsNoChange) {
 
 TEST_F(ChangeTest, everyChangeRunsTheHandlerWithTheNewValue) {
   Stage stage{noting(1)};
-  for (const int value : {2, 2, 3, 1}) stage.show(noting(value));
+  for (const int value : {2, 2, 3, 1}) {
+    stage.show(noting(value));
+  }
   EXPECT_EQ(notes, (Lines{"2", "3", "1"}));
 }
 

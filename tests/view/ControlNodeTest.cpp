@@ -215,7 +215,9 @@ TEST(ControlNodeTest, controlsAreCalledByTheirTitleUnlessTheEnvironmentSaysOther
       VStack{.children = {Toggle{.title = "own", .isOn = refusing(true)},
                           View(Toggle{.title = "own", .isOn = refusing(true)}).accessibilityLabel("given"),
                           Button{.title = "press"}, Text{"text"}, Symbol{.name = "timer", .title = "clock"}}}};
-  for (const char* name : {"own", "given", "press", "text", "clock"}) EXPECT_TRUE(stage.has(name)) << name;
+  for (const char* name : {"own", "given", "press", "text", "clock"}) {
+    EXPECT_TRUE(stage.has(name)) << name;
+  }
 }
 
 TEST(ControlNodeTest, aRowNamesItsControlButNoTextNorSymbol) {

@@ -16,13 +16,17 @@ namespace {
 
 std::vector<const BlockControl*> blocks(const Stage& stage) {
   std::vector<const BlockControl*> found;
-  for (const char* name : {"a", "b", "c"}) found.push_back(&stage.find<BlockControl>(name));
+  for (const char* name : {"a", "b", "c"}) {
+    found.push_back(&stage.find<BlockControl>(name));
+  }
   return found;
 }
 
 std::size_t measurements(const Stage& stage) {
   std::size_t count = 0;
-  for (const BlockControl* block : blocks(stage)) count += block->proposals().size();
+  for (const BlockControl* block : blocks(stage)) {
+    count += block->proposals().size();
+  }
   return count;
 }
 
@@ -39,7 +43,9 @@ TEST(MeasureTest, noProposalIsMeasuredTwice) {
   stage.open();
   for (const BlockControl* block : blocks(stage)) {
     for (std::size_t i = 0; i < block->proposals().size(); ++i) {
-      for (std::size_t j = 0; j < i; ++j) EXPECT_NE(block->proposals()[i], block->proposals()[j]);
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_NE(block->proposals()[i], block->proposals()[j]);
+      }
     }
   }
 }
@@ -93,7 +99,9 @@ TEST(MeasureTest, everyWidthThatATextEverHadIsNotKeptForEver) {
   };
   Stage stage{content(1)};
   stage.open();
-  for (int width = 2; width < 500; ++width) stage.show(content(width));
+  for (int width = 2; width < 500; ++width) {
+    stage.show(content(width));
+  }
   const std::size_t before = stage.find<BlockControl>("b").proposals().size();
   stage.show(content(1));
   EXPECT_GT(stage.find<BlockControl>("b").proposals().size(), before);

@@ -26,7 +26,9 @@ std::string picture(Stage& stage) {
     auto boxes = stage.host().boxes(kind);
     // Which was made first depends on what stood there before.
     std::ranges::sort(boxes, {}, [](const kit::Rect& box) { return std::tie(box.y, box.x, box.height, box.width); });
-    for (const kit::Rect& box : boxes) append(out, box);
+    for (const kit::Rect& box : boxes) {
+      append(out, box);
+    }
   }
   return out.str();
 }

@@ -27,9 +27,15 @@ struct Parts {
 };
 
 Parts partsOf(Kind kind) {
-  if (kind < Kind::row) return {};
-  if (kind == Kind::background || kind == Kind::labeledRow) return {2, 2};
-  if (kind == Kind::section) return {1, 4};
+  if (kind < Kind::row) {
+    return {};
+  }
+  if (kind == Kind::background || kind == Kind::labeledRow) {
+    return {2, 2};
+  }
+  if (kind == Kind::section) {
+    return {1, 4};
+  }
   return kind < Kind::frame ? Parts{0, 4} : Parts{1, 1};
 }
 
@@ -121,8 +127,12 @@ View modified(const Recipe& recipe, const std::vector<View>& parts) {
 
 View Recipe::view() const {
   std::vector<View> made;
-  for (const Recipe& part : parts) made.push_back(part.view());
-  if (kind < Kind::row) return leaf(*this);
+  for (const Recipe& part : parts) {
+    made.push_back(part.view());
+  }
+  if (kind < Kind::row) {
+    return leaf(*this);
+  }
   return kind < Kind::frame ? container(*this, std::move(made)) : modified(*this, made);
 }
 
@@ -132,7 +142,9 @@ Recipe Cook::invent(int depth) {
   Recipe recipe{.kind = static_cast<Kind>(below(depth > 0 ? kinds : leaves)), .choice = below(choices)};
   const Parts parts = partsOf(recipe.kind);
   const int count = parts.least + below(parts.most - parts.least + 1);
-  for (int i = 0; i < count; ++i) recipe.parts.push_back(invent(depth - 1));
+  for (int i = 0; i < count; ++i) {
+    recipe.parts.push_back(invent(depth - 1));
+  }
   return recipe;
 }
 

@@ -46,7 +46,9 @@ std::string Stage::dump() const { return view::dump(window_->tree().root()); }
 
 bool Stage::has(const std::string& name) const {
   for (const kit::Control* control : window_->tree().controls()) {
-    if (control->accessibleName() == name) return true;
+    if (control->accessibleName() == name) {
+      return true;
+    }
   }
   return false;
 }

@@ -61,7 +61,9 @@ class Stage {
   C* lookFor(const Test& test, const std::string& name) const {
     for (kit::Control* control : window_->tree().controls()) {
       auto* found = dynamic_cast<C*>(control);
-      if (found != nullptr && test(*found)) return found;
+      if (found != nullptr && test(*found)) {
+        return found;
+      }
     }
     throw std::out_of_range("no control of that kind is called " + name);
   }

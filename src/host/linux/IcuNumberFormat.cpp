@@ -17,7 +17,9 @@ using Symbol = icu::DecimalFormatSymbols::ENumberFormatSymbol;
 
 bool isKnown(const icu::Locale& locale) {
   // Without a language it is ICU's root, which groups.
-  if (*locale.getLanguage() == '\0') return false;
+  if (*locale.getLanguage() == '\0') {
+    return false;
+  }
   UErrorCode status = U_ZERO_ERROR;
   const icu::LocalUResourceBundlePointer bundle(ures_open(nullptr, locale.getName(), &status));
   return U_SUCCESS(status) && status != U_USING_DEFAULT_WARNING;
@@ -38,7 +40,9 @@ void addNativeZero(const icu::Locale& locale, NumberSymbols& symbols) {
   icu::Locale native = locale;
   native.setKeywordValue("numbers", "native", status);
   const std::unique_ptr<icu::NumberingSystem> system(icu::NumberingSystem::createInstance(native, status));
-  if (U_FAILURE(status) || system->isAlgorithmic()) return;
+  if (U_FAILURE(status) || system->isAlgorithmic()) {
+    return;
+  }
   symbols.zeros.push_back(static_cast<char32_t>(system->getDescription().char32At(0)));
 }
 
@@ -47,7 +51,9 @@ NumberSymbols symbolsOf(const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
   const auto* decimal = dynamic_cast<const icu::DecimalFormat*>(format.get());
-  if (U_FAILURE(status) || decimal == nullptr) return symbols;
+  if (U_FAILURE(status) || decimal == nullptr) {
+    return symbols;
+  }
   const icu::DecimalFormatSymbols& written = *decimal->getDecimalFormatSymbols();
   symbols.decimal = characterOf(written, Symbol::kDecimalSeparatorSymbol);
   symbols.grouping = characterOf(written, Symbol::kGroupingSeparatorSymbol);

@@ -35,7 +35,9 @@ std::string withScript(std::string_view name, std::string_view script) {
 std::string numberLocaleOfEnvironment() {
   for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
     const char* value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') return localeNamed(value);
+    if (value != nullptr && *value != '\0') {
+      return localeNamed(value);
+    }
   }
   return std::string(plainLocale);
 }
@@ -43,8 +45,12 @@ std::string numberLocaleOfEnvironment() {
 std::string localeNamed(std::string_view environmentName) {
   const auto modifierAt = environmentName.find('@');
   const auto name = environmentName.substr(0, std::min(environmentName.find('.'), modifierAt));
-  if (!isName(name) || name == "C" || name == "POSIX") return std::string(plainLocale);
-  if (modifierAt == std::string_view::npos) return std::string(name);
+  if (!isName(name) || name == "C" || name == "POSIX") {
+    return std::string(plainLocale);
+  }
+  if (modifierAt == std::string_view::npos) {
+    return std::string(name);
+  }
   const auto modifier = environmentName.substr(modifierAt + 1);
   const auto* const known =
       std::find_if(scripts.begin(), scripts.end(), [&](const auto& script) { return script.first == modifier; });

@@ -34,9 +34,13 @@ std::optional<kit::SystemVersion> numbers(std::string_view text) {
   for (int& part : parts) {
     const auto end = text.find('.');
     const auto value = number(text.substr(0, end));
-    if (!value) return std::nullopt;
+    if (!value) {
+      return std::nullopt;
+    }
     part = *value;
-    if (end == std::string_view::npos) return kit::SystemVersion{parts[0], parts[1], parts[2]};
+    if (end == std::string_view::npos) {
+      return kit::SystemVersion{parts[0], parts[1], parts[2]};
+    }
     text.remove_prefix(end + 1);
   }
   return std::nullopt;
@@ -59,8 +63,12 @@ Result<kit::SystemVersion> playedSystemVersion() {
 Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
   const std::string beginning = "MACOS_VERSION is " + quoted(text) + ": ";
   const auto version = numbers(text);
-  if (!version) return Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};
-  if (*version < oldest) return Failure{beginning + "the oldest supported version is 14"};
+  if (!version) {
+    return Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};
+  }
+  if (*version < oldest) {
+    return Failure{beginning + "the oldest supported version is 14"};
+  }
   return *version;
 }
 

@@ -37,7 +37,9 @@ class Draft {
   bool write(std::string_view content) const {
     while (!content.empty()) {
       const ssize_t count = ::write(number_, content.data(), content.size());
-      if (count < 0 && errno != EINTR) return false;
+      if (count < 0 && errno != EINTR) {
+        return false;
+      }
       content.remove_prefix(static_cast<std::size_t>(count < 0 ? 0 : count));
     }
     return ::fchmod(number_, modeOfTarget()) == 0 && ::fsync(number_) == 0;
@@ -45,7 +47,9 @@ class Draft {
 
   bool takePlace() {
     // Some file systems report a failed write no sooner than here.
-    if (::close(std::exchange(number_, -1)) == 0 && ::rename(name_.c_str(), target_.c_str()) == 0) return true;
+    if (::close(std::exchange(number_, -1)) == 0 && ::rename(name_.c_str(), target_.c_str()) == 0) {
+      return true;
+    }
     const int error = errno;
     ::unlink(name_.c_str());
     errno = error;
@@ -65,8 +69,12 @@ class Draft {
 };
 
 bool makeFolders(const std::filesystem::path& folder) {
-  if (folder.empty() || ::mkdir(folder.c_str(), folderMode) == 0) return true;
-  if (errno == EEXIST) return true;
+  if (folder.empty() || ::mkdir(folder.c_str(), folderMode) == 0) {
+    return true;
+  }
+  if (errno == EEXIST) {
+    return true;
+  }
   return errno == ENOENT && folder.has_relative_path() && makeFolders(folder.parent_path()) &&
          (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST);
 }
@@ -88,9 +96,13 @@ Failure failure(const std::filesystem::path& path) {
 }  // namespace
 
 std::optional<Failure> replaceFile(const std::filesystem::path& path, std::string_view content) {
-  if (!makeFolders(path.parent_path())) return failure(path);
+  if (!makeFolders(path.parent_path())) {
+    return failure(path);
+  }
   Draft draft(path);
-  if (!draft.isOpen() || !draft.write(content) || !draft.takePlace()) return failure(path);
+  if (!draft.isOpen() || !draft.write(content) || !draft.takePlace()) {
+    return failure(path);
+  }
   syncFolder(path.parent_path());
   return std::nullopt;
 }

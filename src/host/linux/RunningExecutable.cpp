@@ -10,7 +10,9 @@ Result<std::filesystem::path> runningExecutable() {
   constexpr std::string_view removed = " (deleted)";
   std::error_code error;
   std::string path = std::filesystem::read_symlink("/proc/self/exe", error).string();
-  if (error) return Failure{"cannot tell where the program lies: " + error.message()};
+  if (error) {
+    return Failure{"cannot tell where the program lies: " + error.message()};
+  }
   if (path.ends_with(removed) && !std::filesystem::exists(path, error)) {
     path.resize(path.size() - removed.size());
   }

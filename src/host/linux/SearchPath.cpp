@@ -22,7 +22,9 @@ std::optional<Failure> putFirst(const std::string& folder) {
     return Failure{"the stand-ins cannot be found in " + folder + ": PATH takes no folder with a colon in its name"};
   }
   const char* before = ::getenv("PATH");
-  if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) return std::nullopt;
+  if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) {
+    return std::nullopt;
+  }
   return Failure{"PATH cannot be set"};
 }
 
@@ -30,9 +32,13 @@ std::optional<Failure> putFirst(const std::string& folder) {
 
 std::optional<Failure> putStandInsFirst() {
   const auto own = runningExecutable();
-  if (const auto* failure = std::get_if<Failure>(&own)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&own)) {
+    return *failure;
+  }
   const auto standIns = standInFolder(std::get<std::filesystem::path>(own).parent_path());
-  if (const auto* failure = std::get_if<Failure>(&standIns)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&standIns)) {
+    return *failure;
+  }
   return putFirst(std::get<std::filesystem::path>(standIns).string());
 }
 
@@ -40,7 +46,9 @@ Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder)
   const auto built = folder / "libexec";
   const auto installed = (folder / ".." / "libexec" / "tarnwell").lexically_normal();
   for (const auto& candidate : {built, installed}) {
-    if (isProgram(candidate / "defaults")) return candidate;
+    if (isProgram(candidate / "defaults")) {
+      return candidate;
+    }
   }
   return Failure{"no program defaults in " + built.string() + " nor in " + installed.string()};
 }
@@ -51,9 +59,13 @@ std::string searchPathWith(std::string_view folder, std::string_view before) {
   for (bool more = true; more;) {
     const auto end = rest.find(':');
     const auto entry = rest.substr(0, end);
-    if (entry != folder) (path += ':') += entry;
+    if (entry != folder) {
+      (path += ':') += entry;
+    }
     more = end != std::string_view::npos;
-    if (more) rest.remove_prefix(end + 1);
+    if (more) {
+      rest.remove_prefix(end + 1);
+    }
   }
   return path;
 }

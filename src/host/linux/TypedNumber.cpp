@@ -17,17 +17,23 @@ bool isIn(std::u32string_view set, char32_t character) { return set.find(charact
 
 std::u32string_view withoutBlanks(std::u32string_view text) {
   const auto first = text.find_first_not_of(blanks);
-  if (first == std::u32string_view::npos) return {};
+  if (first == std::u32string_view::npos) {
+    return {};
+  }
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 void skipDirectionMarks(std::u32string_view& text) {
-  while (!text.empty() && isIn(directionMarks, text.front())) text.remove_prefix(1);
+  while (!text.empty() && isIn(directionMarks, text.front())) {
+    text.remove_prefix(1);
+  }
 }
 
 bool takeMinus(std::u32string_view& text) {
   skipDirectionMarks(text);
-  if (text.empty() || !isIn(minuses, text.front())) return false;
+  if (text.empty() || !isIn(minuses, text.front())) {
+    return false;
+  }
   text.remove_prefix(1);
   skipDirectionMarks(text);
   return true;
@@ -35,15 +41,23 @@ bool takeMinus(std::u32string_view& text) {
 
 // A keyboard has one blank and one apostrophe; the locales use their typographic relatives.
 bool isGrouping(char32_t character, const NumberSymbols& symbols) {
-  if (symbols.firstGroup == 0) return false;
-  if (isIn(blanks, symbols.grouping)) return isIn(blanks, character);
-  if (isIn(apostrophes, symbols.grouping)) return isIn(apostrophes, character);
+  if (symbols.firstGroup == 0) {
+    return false;
+  }
+  if (isIn(blanks, symbols.grouping)) {
+    return isIn(blanks, character);
+  }
+  if (isIn(apostrophes, symbols.grouping)) {
+    return isIn(apostrophes, character);
+  }
   return character == symbols.grouping;
 }
 
 std::optional<char> plainDigit(char32_t character, const NumberSymbols& symbols) {
   for (const char32_t zero : symbols.zeros) {
-    if (character >= zero && character - zero < 10) return static_cast<char>('0' + (character - zero));
+    if (character >= zero && character - zero < 10) {
+      return static_cast<char>('0' + (character - zero));
+    }
   }
   return std::nullopt;
 }
@@ -52,7 +66,9 @@ std::optional<std::string> plainDigits(std::u32string_view text, const NumberSym
   std::string digits;
   for (const char32_t character : text) {
     const auto digit = plainDigit(character, symbols);
-    if (!digit) return std::nullopt;
+    if (!digit) {
+      return std::nullopt;
+    }
     digits += *digit;
   }
   return digits;
@@ -62,7 +78,9 @@ std::vector<std::u32string_view> groupsOf(std::u32string_view text, const Number
   std::vector<std::u32string_view> groups;
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
-    if (!isGrouping(text[at], symbols)) continue;
+    if (!isGrouping(text[at], symbols)) {
+      continue;
+    }
     groups.push_back(text.substr(start, at - start));
     start = at + 1;
   }
@@ -71,24 +89,36 @@ std::vector<std::u32string_view> groupsOf(std::u32string_view text, const Number
 }
 
 bool areWellFormed(const std::vector<std::u32string_view>& groups, const NumberSymbols& symbols) {
-  if (groups.size() == 1) return true;
+  if (groups.size() == 1) {
+    return true;
+  }
   const auto first = static_cast<std::size_t>(symbols.firstGroup);
   const auto further = static_cast<std::size_t>(symbols.furtherGroups);
-  if (groups.back().size() != first) return false;
-  for (std::size_t index = 1; index + 1 < groups.size(); ++index) {
-    if (groups[index].size() != further) return false;
+  if (groups.back().size() != first) {
+    return false;
   }
-  if (groups.front().empty() || groups.front().size() > further) return false;
+  for (std::size_t index = 1; index + 1 < groups.size(); ++index) {
+    if (groups[index].size() != further) {
+      return false;
+    }
+  }
+  if (groups.front().empty() || groups.front().size() > further) {
+    return false;
+  }
   return plainDigit(groups.front().front(), symbols) != '0';
 }
 
 std::optional<std::string> wholePart(std::u32string_view text, const NumberSymbols& symbols) {
   const auto groups = groupsOf(text, symbols);
-  if (!areWellFormed(groups, symbols)) return std::nullopt;
+  if (!areWellFormed(groups, symbols)) {
+    return std::nullopt;
+  }
   std::string digits;
   for (const auto group : groups) {
     const auto part = plainDigits(group, symbols);
-    if (!part) return std::nullopt;
+    if (!part) {
+      return std::nullopt;
+    }
     digits += *part;
   }
   return digits;
@@ -98,7 +128,9 @@ std::optional<std::string> wholePart(std::u32string_view text, const NumberSymbo
 std::optional<double> plainNumber(const std::string& text) {
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+  if (error != std::errc{} || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
   return number;
 }
 
@@ -111,7 +143,9 @@ std::optional<double> typedNumber(std::u32string_view text, const NumberSymbols&
   const bool hasSeparator = separator != std::u32string_view::npos;
   const auto whole = wholePart(rest.substr(0, separator), symbols);
   const auto fraction = plainDigits(hasSeparator ? rest.substr(separator + 1) : std::u32string_view(), symbols);
-  if (!whole || !fraction || (whole->empty() && fraction->empty())) return std::nullopt;
+  if (!whole || !fraction || (whole->empty() && fraction->empty())) {
+    return std::nullopt;
+  }
   return plainNumber(sign + (whole->empty() ? "0" : *whole) + "." + *fraction);
 }
 

@@ -37,10 +37,14 @@ bool isLink(const fs::path& path) {
 // Nothing there is an empty text; so is a device or a folder, which can be no entry.
 Result<std::string> contentOf(const fs::path& path) {
   std::error_code error;
-  if (!fs::is_regular_file(path, error)) return std::string();
+  if (!fs::is_regular_file(path, error)) {
+    return std::string();
+  }
   std::ifstream file(path, std::ios::binary);
   std::string content(std::istreambuf_iterator<char>(file), {});
-  if (file.bad() || !file.is_open()) return Failure{"cannot read " + path.string()};
+  if (file.bad() || !file.is_open()) {
+    return Failure{"cannot read " + path.string()};
+  }
   return content;
 }
 
@@ -69,7 +73,9 @@ std::optional<std::string> words(const std::optional<Failure>& failure) {
 
 kit::LoginItem::Status XdgLoginItem::status() const {
   const auto path = file();
-  if (!std::holds_alternative<fs::path>(path)) return Status::notFound;
+  if (!std::holds_alternative<fs::path>(path)) {
+    return Status::notFound;
+  }
   const auto content = contentOf(std::get<fs::path>(path));
   const auto* text = std::get_if<std::string>(&content);
   return text != nullptr && isOn(DesktopEntry(*text)) ? Status::enabled : Status::notRegistered;
@@ -84,20 +90,30 @@ Result<fs::path> XdgLoginItem::folder() {
   if (base.empty() && !absoluteFrom("HOME").empty()) {
     base = absoluteFrom("HOME") / ".config";
   }
-  if (base.empty()) return Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
+  if (base.empty()) {
+    return Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
+  }
   return base / "autostart";
 }
 
 std::optional<Failure> XdgLoginItem::tryRegister() const {
   const auto path = file();
-  if (const auto* failure = std::get_if<Failure>(&path)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&path)) {
+    return *failure;
+  }
   const auto exec = execLine();
-  if (const auto* failure = std::get_if<Failure>(&exec)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&exec)) {
+    return *failure;
+  }
   const fs::path target = behindLinks(std::get<fs::path>(path));
   const auto content = contentOf(target);
-  if (const auto* failure = std::get_if<Failure>(&content)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&content)) {
+    return *failure;
+  }
   const auto& text = std::get<std::string>(content);
-  if (text.empty()) return replaceFile(target, ownText(std::get<std::string>(exec)));
+  if (text.empty()) {
+    return replaceFile(target, ownText(std::get<std::string>(exec)));
+  }
   DesktopEntry entry(text);
   switchOn(entry);
   setWhereMissing(entry, "Name", program_.name);
@@ -108,14 +124,20 @@ std::optional<Failure> XdgLoginItem::tryRegister() const {
 
 std::optional<Failure> XdgLoginItem::tryUnregister() const {
   const auto found = file();
-  if (const auto* failure = std::get_if<Failure>(&found)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&found)) {
+    return *failure;
+  }
   const auto& path = std::get<fs::path>(found);
   const auto content = contentOf(path);
-  if (const auto* failure = std::get_if<Failure>(&content)) return *failure;
+  if (const auto* failure = std::get_if<Failure>(&content)) {
+    return *failure;
+  }
   const auto& text = std::get<std::string>(content);
   const auto exec = execLine();
   const auto* ownExec = std::get_if<std::string>(&exec);
-  if (text.empty()) return std::nullopt;
+  if (text.empty()) {
+    return std::nullopt;
+  }
   if (ownExec != nullptr && text == ownText(*ownExec) && !isLink(path)) {
     std::error_code error;
     fs::remove(path, error);
@@ -135,7 +157,9 @@ Result<fs::path> XdgLoginItem::file() const {
 }
 
 Result<std::string> XdgLoginItem::execLine() const {
-  if (const auto line = execValue({program_.executable.string(), program_.argument})) return *line;
+  if (const auto line = execValue({program_.executable.string(), program_.argument})) {
+    return *line;
+  }
   return Failure{"an autostart entry cannot name " + program_.executable.string() + ": there is a \"=\" in it"};
 }
 

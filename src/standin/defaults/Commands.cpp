@@ -33,7 +33,9 @@ Status noRoot() {
 Status runForDomain(const DomainVerb& verb, Arguments arguments) {
   const std::optional<std::string> root = systemRoot();
   // An absolute path says by itself where the store is.
-  if (!root && !arguments.front().starts_with('/')) return noRoot();
+  if (!root && !arguments.front().starts_with('/')) {
+    return noRoot();
+  }
   std::optional<Domain> domain = Domain::resolve(arguments.front(), root.value_or(std::string()));
   if (!domain) {
     logLine(quotedText(arguments.front()) + " is not the name of a domain; leaving defaults unchanged.");
@@ -50,15 +52,25 @@ Status runForAll(Status (*run)(const std::string&)) {
 }  // namespace
 
 Status runDefaults(Arguments arguments) {
-  if (arguments.empty()) return misused();
+  if (arguments.empty()) {
+    return misused();
+  }
   const std::string verb = lowerCase(arguments.front());
   const Arguments rest = arguments.subspan(1);
-  if (verb == "help" || verb == "-help" || verb == "--help" || verb == "-h") return showHelp();
-  if (verb == "domains" && rest.empty()) return runForAll(listDomains);
-  if (verb == "read" && rest.empty()) return runForAll(readAllDomains);
+  if (verb == "help" || verb == "-help" || verb == "--help" || verb == "-h") {
+    return showHelp();
+  }
+  if (verb == "domains" && rest.empty()) {
+    return runForAll(listDomains);
+  }
+  if (verb == "read" && rest.empty()) {
+    return runForAll(readAllDomains);
+  }
   const auto* const found =
       std::find_if(domainVerbs.begin(), domainVerbs.end(), [&](const DomainVerb& each) { return each.name == verb; });
-  if (found == domainVerbs.end() || rest.empty()) return misused();
+  if (found == domainVerbs.end() || rest.empty()) {
+    return misused();
+  }
   return runForDomain(*found, rest);
 }
 
@@ -93,7 +105,9 @@ Status commit(PreferenceTransaction& transaction, const Domain& domain) {
 }
 
 void reportSetAside(const PreferenceTransaction& transaction, const Domain& domain) {
-  if (transaction.setAsidePath().empty()) return;
+  if (transaction.setAsidePath().empty()) {
+    return;
+  }
   logLine("Domain " + domain.name + " was not a property list; it is kept as " + transaction.setAsidePath());
 }
 

@@ -16,7 +16,9 @@ Status deleteDomain(PreferenceTransaction& transaction, const Domain& domain) {
 }
 
 Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const std::string& key) {
-  if (plist_dict_get_item(transaction.dictionary(), key.c_str()) == nullptr) return noSuchPair(domain, key);
+  if (plist_dict_get_item(transaction.dictionary(), key.c_str()) == nullptr) {
+    return noSuchPair(domain, key);
+  }
   plist_dict_remove_item(transaction.dictionary(), key.c_str());
   return commit(transaction, domain);
 }
@@ -25,18 +27,28 @@ Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const
 
 Status deleteKeyOrDomain(const Invocation& invocation) {
   const Domain& domain = invocation.domain;
-  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  if (invocation.arguments.size() > 1) {
+    return unexpectedArgument(invocation, 1);
+  }
   // Looked at before the lock is made: a domain that never was leaves no trace.
   const StoredPreferences stored = loadPreferences(domain.path);
-  if (stored.state == StoreState::absent) return notFound(domain);
+  if (stored.state == StoreState::absent) {
+    return notFound(domain);
+  }
   const bool wholeDomain = invocation.arguments.empty();
   if (stored.state == StoreState::unreadable || (stored.state == StoreState::damaged && !wholeDomain)) {
     return couldNotRead(domain, stored);
   }
   std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(domain.path);
-  if (!transaction) return couldNotWrite(domain);
-  if (transaction->state() == StoreState::absent) return notFound(domain);
-  if (wholeDomain) return deleteDomain(*transaction, domain);
+  if (!transaction) {
+    return couldNotWrite(domain);
+  }
+  if (transaction->state() == StoreState::absent) {
+    return notFound(domain);
+  }
+  if (wholeDomain) {
+    return deleteDomain(*transaction, domain);
+  }
   return deleteKey(*transaction, domain, std::string(invocation.arguments.front()));
 }
 

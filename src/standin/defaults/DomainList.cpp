@@ -23,10 +23,14 @@ std::vector<std::string> domainNames(const std::string& root) {
   constexpr std::string_view extension = ".plist";
   std::vector<std::string> names;
   const std::unique_ptr<DIR, FolderCloser> folder(::opendir(preferencesFolder(root).c_str()));
-  if (!folder) return names;
+  if (!folder) {
+    return names;
+  }
   while (const dirent* entry = ::readdir(folder.get())) {  // NOLINT(concurrency-mt-unsafe): one thread
     const std::string_view name = entry->d_name;
-    if (name.starts_with('.') || !name.ends_with(extension)) continue;
+    if (name.starts_with('.') || !name.ends_with(extension)) {
+      continue;
+    }
     names.emplace_back(name.substr(0, name.size() - extension.size()));
   }
   std::sort(names.begin(), names.end());
@@ -36,7 +40,9 @@ std::vector<std::string> domainNames(const std::string& root) {
 Status listDomains(const std::string& root) {
   std::string line;
   for (const std::string& name : domainNames(root)) {
-    if (!line.empty()) line += ", ";
+    if (!line.empty()) {
+      line += ", ";
+    }
     line += name;
   }
   return printOut(line + "\n") ? Status::success : Status::failure;

@@ -25,13 +25,17 @@ Lookup lookUp(const Domain& domain, const std::string& key) {
     lookup.status = couldNotRead(domain, lookup.stored);
     return lookup;
   }
-  if (lookup.stored.dictionary) lookup.node = plist_dict_get_item(lookup.stored.dictionary.get(), key.c_str());
+  if (lookup.stored.dictionary) {
+    lookup.node = plist_dict_get_item(lookup.stored.dictionary.get(), key.c_str());
+  }
   lookup.status = lookup.node == nullptr ? noSuchPair(domain, key) : Status::success;
   return lookup;
 }
 
 Status show(const std::string& text) {
-  if (printOut(text + "\n")) return Status::success;
+  if (printOut(text + "\n")) {
+    return Status::success;
+  }
   logLine("Could not write to standard output");
   return Status::failure;
 }
@@ -43,21 +47,31 @@ std::string shownText(plist_t node) {
 }  // namespace
 
 Status readDomain(const Invocation& invocation) {
-  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  if (invocation.arguments.size() > 1) {
+    return unexpectedArgument(invocation, 1);
+  }
   if (invocation.arguments.size() == 1) {
     const Lookup lookup = lookUp(invocation.domain, std::string(invocation.arguments.front()));
     return lookup.node == nullptr ? lookup.status : show(shownText(lookup.node));
   }
   const StoredPreferences stored = loadPreferences(invocation.domain.path);
-  if (!isThere(stored)) return couldNotRead(invocation.domain, stored);
-  if (stored.state == StoreState::sound) return show(oldStyleText(stored.dictionary.get()));
+  if (!isThere(stored)) {
+    return couldNotRead(invocation.domain, stored);
+  }
+  if (stored.state == StoreState::sound) {
+    return show(oldStyleText(stored.dictionary.get()));
+  }
   logLine("\nDomain " + invocation.domain.name + " does not exist");
   return Status::failure;
 }
 
 Status readType(const Invocation& invocation) {
-  if (invocation.arguments.empty()) return misused();
-  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  if (invocation.arguments.empty()) {
+    return misused();
+  }
+  if (invocation.arguments.size() > 1) {
+    return unexpectedArgument(invocation, 1);
+  }
   const Lookup lookup = lookUp(invocation.domain, std::string(invocation.arguments.front()));
   return lookup.node == nullptr ? lookup.status : show(std::string("Type is ") + typeName(lookup.node));
 }

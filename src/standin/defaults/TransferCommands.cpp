@@ -20,13 +20,17 @@ bool mayBeReplaced(const std::string& path) {
 
 // No lock guards a folder of the user's, so the temporary name is this process's own.
 bool writeFile(const std::string& path, const std::string& bytes) {
-  if (!mayBeReplaced(path)) return false;
+  if (!mayBeReplaced(path)) {
+    return false;
+  }
   std::optional<AtomicFile> file = AtomicFile::create(path, ".defaults-" + std::to_string(::getpid()) + ".tmp");
   return file && file->fill(bytes) && file->commit();
 }
 
 bool readInput(const std::string& path, std::string& bytes) {
-  if (path == standardStream) return Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3)).readAll(bytes);
+  if (path == standardStream) {
+    return Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3)).readAll(bytes);
+  }
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   return file && file.readAll(bytes);
 }
@@ -41,8 +45,12 @@ void mergeInto(plist_t target, plist_t source) { plist_dict_merge(&target, sourc
 }  // namespace
 
 Status exportDomain(const Invocation& invocation) {
-  if (invocation.arguments.empty()) return misused();
-  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  if (invocation.arguments.empty()) {
+    return misused();
+  }
+  if (invocation.arguments.size() > 1) {
+    return unexpectedArgument(invocation, 1);
+  }
   const StoredPreferences stored = loadPreferences(invocation.domain.path);
   if (stored.state == StoreState::damaged || stored.state == StoreState::unreadable) {
     return couldNotRead(invocation.domain, stored);
@@ -56,15 +64,25 @@ Status exportDomain(const Invocation& invocation) {
 }
 
 Status importDomain(const Invocation& invocation) {
-  if (invocation.arguments.empty()) return misused();
-  if (invocation.arguments.size() > 1) return unexpectedArgument(invocation, 1);
+  if (invocation.arguments.empty()) {
+    return misused();
+  }
+  if (invocation.arguments.size() > 1) {
+    return unexpectedArgument(invocation, 1);
+  }
   const std::string path(invocation.arguments.front());
   std::string bytes;
-  if (!readInput(path, bytes)) return fileFailure("read", path);
+  if (!readInput(path, bytes)) {
+    return fileFailure("read", path);
+  }
   const ParsedList parsed = parsePropertyList(bytes);
-  if (!PLIST_IS_DICT(parsed.list.get()) || parsed.fidelity == Fidelity::inexact) return fileFailure("parse", path);
+  if (!PLIST_IS_DICT(parsed.list.get()) || parsed.fidelity == Fidelity::inexact) {
+    return fileFailure("parse", path);
+  }
   std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(invocation.domain.path);
-  if (!transaction) return couldNotWrite(invocation.domain);
+  if (!transaction) {
+    return couldNotWrite(invocation.domain);
+  }
   mergeInto(transaction->dictionary(), parsed.list.get());
   return commit(*transaction, invocation.domain);
 }

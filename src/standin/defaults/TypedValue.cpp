@@ -22,44 +22,64 @@ PropertyList makeString(const std::string& text) {
 
 PropertyList makeBoolean(const std::string& text) {
   const std::string word = lowerCase(text);
-  if (word == "true" || word == "yes") return PropertyList(plist_new_bool(1));
-  if (word == "false" || word == "no") return PropertyList(plist_new_bool(0));
+  if (word == "true" || word == "yes") {
+    return PropertyList(plist_new_bool(1));
+  }
+  if (word == "false" || word == "no") {
+    return PropertyList(plist_new_bool(0));
+  }
   return nullptr;
 }
 
 PropertyList makeInteger(const std::string& text) {
   const char* begin = text.data();
   const char* const end = begin + text.size();
-  if (text.starts_with('+') && !text.starts_with("+-")) ++begin;
+  if (text.starts_with('+') && !text.starts_with("+-")) {
+    ++begin;
+  }
   std::int64_t value = 0;
   const auto [rest, error] = std::from_chars(begin, end, value);
-  if (error != std::errc() || rest != end) return nullptr;
+  if (error != std::errc() || rest != end) {
+    return nullptr;
+  }
   return PropertyList(plist_new_uint(static_cast<std::uint64_t>(value)));
 }
 
 // The tool never leaves the C locale, so the decimal point is a point.
 PropertyList makeReal(const std::string& text) {
   constexpr std::string_view blanks = " \t\n\v\f\r";
-  if (text.empty() || blanks.find(text.front()) != std::string_view::npos) return nullptr;
+  if (text.empty() || blanks.find(text.front()) != std::string_view::npos) {
+    return nullptr;
+  }
   char* rest = nullptr;
   const float value = std::strtof(text.c_str(), &rest);
   return PropertyList(*rest == '\0' ? plist_new_real(static_cast<double>(value)) : nullptr);
 }
 
 int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= '0' && c <= '9') {
+    return c - '0';
+  }
+  if (c >= 'a' && c <= 'f') {
+    return c - 'a' + 10;
+  }
+  if (c >= 'A' && c <= 'F') {
+    return c - 'A' + 10;
+  }
   return -1;
 }
 
 PropertyList makeData(const std::string& text) {
-  if (text.size() % 2 != 0) return nullptr;
+  if (text.size() % 2 != 0) {
+    return nullptr;
+  }
   std::string bytes;
   for (std::size_t i = 0; i < text.size(); i += 2) {
     const int high = hexDigit(text[i]);
     const int low = hexDigit(text[i + 1]);
-    if (high < 0 || low < 0) return nullptr;
+    if (high < 0 || low < 0) {
+      return nullptr;
+    }
     bytes += static_cast<char>(high * 16 + low);
   }
   return PropertyList(plist_new_data(bytes.data(), bytes.size()));
@@ -70,12 +90,16 @@ bool parseDate(const std::string& text, std::time_t& seconds) {
   for (const char* format : {"%Y-%m-%d %H:%M:%S %z", "%Y-%m-%dT%H:%M:%S%z", "%Y-%m-%d"}) {
     tm parts{};
     const char* rest = ::strptime(text.c_str(), format, &parts);
-    if (rest == nullptr || *rest != '\0') continue;
+    if (rest == nullptr || *rest != '\0') {
+      continue;
+    }
     const int day = parts.tm_mday;
     const long zone = parts.tm_gmtoff;
     seconds = ::timegm(&parts);
     // The thirtieth of February has become a day in March.
-    if (parts.tm_mday != day) return false;
+    if (parts.tm_mday != day) {
+      return false;
+    }
     seconds -= zone;
     return true;
   }
@@ -86,7 +110,9 @@ bool parseDate(const std::string& text, std::time_t& seconds) {
 PropertyList makeDate(const std::string& text) {
   std::time_t seconds = 0;
   tm parts{};
-  if (!parseDate(text, seconds) || ::gmtime_r(&seconds, &parts) == nullptr) return nullptr;
+  if (!parseDate(text, seconds) || ::gmtime_r(&seconds, &parts) == nullptr) {
+    return nullptr;
+  }
   std::array<char, 96> xml{};
   const std::size_t length =
       std::strftime(xml.data(), xml.size(), R"(<plist version="1.0"><date>%Y-%m-%dT%H:%M:%SZ</date></plist>)", &parts);
@@ -133,7 +159,9 @@ TypedValue made(PropertyList value, std::size_t used) {
 }
 
 TypedValue parseUntyped(std::string_view text) {
-  if (isFlag(text)) return {};
+  if (isFlag(text)) {
+    return {};
+  }
   // The system's tool takes such a text for a property list; stored as plain text it would be wrong without a word.
   if (text.starts_with('{') || text.starts_with('(') || text.starts_with('<')) {
     return failed("Property list text is not understood here: " + std::string(text));
@@ -143,12 +171,20 @@ TypedValue parseUntyped(std::string_view text) {
 }
 
 TypedValue parseScalar(Arguments arguments) {
-  if (arguments.empty()) return {};
+  if (arguments.empty()) {
+    return {};
+  }
   const ScalarType* type = scalarType(arguments[0]);
-  if (type == nullptr) return parseUntyped(arguments[0]);
-  if (arguments.size() < 2) return {};
+  if (type == nullptr) {
+    return parseUntyped(arguments[0]);
+  }
+  if (arguments.size() < 2) {
+    return {};
+  }
   const std::string text(arguments[1]);
-  if (PropertyList value = type->make(text)) return made(std::move(value), 2);
+  if (PropertyList value = type->make(text)) {
+    return made(std::move(value), 2);
+  }
   return failed(type->expected.empty() ? std::string() : text + " is not " + std::string(type->expected));
 }
 
@@ -157,7 +193,9 @@ TypedValue parseArray(Arguments arguments, Placement placement) {
   result.placement = placement;
   for (Arguments rest = arguments; !rest.empty();) {
     TypedValue item = parseScalar(rest);
-    if (!item.value) return item;
+    if (!item.value) {
+      return item;
+    }
     plist_array_append_item(result.value.get(), item.value.release());
     rest = rest.subspan(item.used);
   }
@@ -169,10 +207,16 @@ TypedValue parseDictionary(Arguments arguments, Placement placement) {
   result.placement = placement;
   for (Arguments rest = arguments; !rest.empty();) {
     const std::string key(rest.front());
-    if (!isUtf8(key)) return failed(key + " is not text in UTF-8");
-    if (rest.size() == 1) return failed("Key " + key + " lacks a value");
+    if (!isUtf8(key)) {
+      return failed(key + " is not text in UTF-8");
+    }
+    if (rest.size() == 1) {
+      return failed("Key " + key + " lacks a value");
+    }
     TypedValue entry = parseScalar(rest.subspan(1));
-    if (!entry.value) return entry;
+    if (!entry.value) {
+      return entry;
+    }
     plist_dict_set_item(result.value.get(), key.c_str(), entry.value.release());
     rest = rest.subspan(1 + entry.used);
   }
@@ -182,7 +226,9 @@ TypedValue parseDictionary(Arguments arguments, Placement placement) {
 }  // namespace
 
 TypedValue parseTypedValue(Arguments arguments) {
-  if (arguments.empty()) return {};
+  if (arguments.empty()) {
+    return {};
+  }
   const std::string_view flag = arguments.front();
   const Arguments values = arguments.subspan(1);
   TypedValue result;

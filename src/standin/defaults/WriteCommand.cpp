@@ -24,7 +24,9 @@ bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
     plist_dict_set_item(dictionary, key.c_str(), typed.value.release());
     return true;
   }
-  if (plist_get_node_type(there) != plist_get_node_type(typed.value.get())) return false;
+  if (plist_get_node_type(there) != plist_get_node_type(typed.value.get())) {
+    return false;
+  }
   if (typed.placement == Placement::appendItems) {
     appendItems(there, typed.value.get());
   } else {
@@ -37,14 +39,24 @@ bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
 
 Status writeValue(const Invocation& invocation) {
   const Arguments arguments = invocation.arguments;
-  if (arguments.size() < 2) return misused();
+  if (arguments.size() < 2) {
+    return misused();
+  }
   const std::string key(arguments.front());
-  if (!isUtf8(key)) return refused(key + " is not text in UTF-8");
+  if (!isUtf8(key)) {
+    return refused(key + " is not text in UTF-8");
+  }
   TypedValue typed = parseTypedValue(arguments.subspan(1));
-  if (!typed.value) return typed.error.empty() ? misused() : refused(typed.error);
-  if (typed.used + 1 < arguments.size()) return unexpectedArgument(invocation, typed.used + 1);
+  if (!typed.value) {
+    return typed.error.empty() ? misused() : refused(typed.error);
+  }
+  if (typed.used + 1 < arguments.size()) {
+    return unexpectedArgument(invocation, typed.used + 1);
+  }
   std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(invocation.domain.path);
-  if (!transaction) return couldNotWrite(invocation.domain);
+  if (!transaction) {
+    return couldNotWrite(invocation.domain);
+  }
   const char* kind = typed.placement == Placement::appendItems ? "an array" : "a dictionary";
   if (!place(transaction->dictionary(), key, std::move(typed))) {
     return refused("Value for key " + key + " is not " + kind + "; cannot append");

@@ -23,12 +23,16 @@ bool hasRoom(const Descriptor& log, std::size_t more) {
 }  // namespace
 
 bool appendToDockLog(const std::string& folder, std::string_view line) {
-  if (!makeFolders(folder)) return false;
+  if (!makeFolders(folder)) {
+    return false;
+  }
   const std::string path = folder + "/Dock.log";
   const std::string bytes = std::string(line) + "\n";
   Descriptor log = openLog(path);
   if (log && !hasRoom(log, bytes.size())) {
-    if (std::rename(path.c_str(), (path + ".1").c_str()) != 0) return false;
+    if (std::rename(path.c_str(), (path + ".1").c_str()) != 0) {
+      return false;
+    }
     log = openLog(path);
   }
   return log && log.writeAll(bytes);

@@ -22,11 +22,19 @@ constexpr std::array<DockKey, 7> dockKeys = {{{"autohide-delay", PLIST_REAL},
                                               {"single-app", PLIST_BOOLEAN}}};
 
 std::string keyText(const StoredPreferences& stored, const DockKey& key) {
-  if (stored.state == StoreState::absent) return "absent";
-  if (stored.state != StoreState::sound) return "unreadable";
+  if (stored.state == StoreState::absent) {
+    return "absent";
+  }
+  if (stored.state != StoreState::sound) {
+    return "unreadable";
+  }
   plist_t node = plist_dict_get_item(stored.dictionary.get(), key.name);
-  if (node == nullptr) return "absent";
-  if (plist_get_node_type(node) != key.type) return std::string("wrong-type(") + typeName(node) + ")";
+  if (node == nullptr) {
+    return "absent";
+  }
+  if (plist_get_node_type(node) != key.type) {
+    return std::string("wrong-type(") + typeName(node) + ")";
+  }
   return quotedText(valueText(node));
 }
 
@@ -35,7 +43,9 @@ std::string keyText(const StoredPreferences& stored, const DockKey& key) {
 std::string dockSettingsText(const StoredPreferences& stored) {
   std::string text;
   for (const DockKey& key : dockKeys) {
-    if (!text.empty()) text += ' ';
+    if (!text.empty()) {
+      text += ' ';
+    }
     text += std::string(key.name) + "=" + keyText(stored, key);
   }
   return text;

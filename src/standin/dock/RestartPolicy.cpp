@@ -20,7 +20,9 @@ std::chrono::milliseconds RestartPolicy::delayAfter(Ending ending, std::chrono::
 Ending endingOf(int waitStatus) {
   // A program that crashes at its start must not be started in a tight loop.
   constexpr std::array<int, 7> faults = {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS, SIGTRAP};
-  if (!WIFSIGNALED(waitStatus)) return Ending::failed;
+  if (!WIFSIGNALED(waitStatus)) {
+    return Ending::failed;
+  }
   const bool isFault = std::find(faults.begin(), faults.end(), WTERMSIG(waitStatus)) != faults.end();
   return isFault ? Ending::failed : Ending::killed;
 }

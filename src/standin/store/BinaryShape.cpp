@@ -20,7 +20,9 @@ class Walk {
   explicit Walk(std::string_view bytes) : bytes_(bytes) {}
 
   BinaryShape run() {
-    if (!readTrailer() || !visit(top_, 0)) return BinaryShape::broken;
+    if (!readTrailer() || !visit(top_, 0)) {
+      return BinaryShape::broken;
+    }
     return exact_ ? BinaryShape::exact : BinaryShape::inexact;
   }
 
@@ -28,7 +30,9 @@ class Walk {
   // Big-endian; the caller has made sure that the bytes are there.
   std::uint64_t number(std::size_t at, std::size_t size) const {
     std::uint64_t value = 0;
-    for (const char c : bytes_.substr(at, size)) value = value << 8U | static_cast<unsigned char>(c);
+    for (const char c : bytes_.substr(at, size)) {
+      value = value << 8U | static_cast<unsigned char>(c);
+    }
     return value;
   }
 
@@ -37,7 +41,9 @@ class Walk {
   }
 
   bool readTrailer() {
-    if (bytes_.size() < headerSize + trailerSize) return false;
+    if (bytes_.size() < headerSize + trailerSize) {
+      return false;
+    }
     const std::size_t end = bytes_.size() - trailerSize;
     offsetSize_ = number(end + 6, 1);
     referenceSize_ = number(end + 7, 1);
@@ -49,9 +55,13 @@ class Walk {
   }
 
   bool visit(std::uint64_t object, std::size_t depth) {
-    if (object >= objects_ || depth > deepestNesting || ++visits_ > visitLimit) return false;
+    if (object >= objects_ || depth > deepestNesting || ++visits_ > visitLimit) {
+      return false;
+    }
     const std::size_t at = number(table_ + object * offsetSize_, offsetSize_);
-    if (at < headerSize || at >= table_) return false;
+    if (at < headerSize || at >= table_) {
+      return false;
+    }
     const std::uint64_t marker = number(at, 1);
     const std::size_t nibble = marker & 0xFU;
     switch (marker >> 4U) {
@@ -83,18 +93,28 @@ class Walk {
   // A count of 15 or more follows the marker as an integer object.
   bool body(std::size_t at, std::size_t nibble, Body& result) const {
     result = {at + 1, nibble};
-    if (nibble != 0xF) return true;
-    if (!holds(at + 1, 1, 1)) return false;
+    if (nibble != 0xF) {
+      return true;
+    }
+    if (!holds(at + 1, 1, 1)) {
+      return false;
+    }
     const std::uint64_t marker = number(at + 1, 1);
     const std::size_t size = std::size_t{1} << (marker & 0xFU);
-    if (marker >> 4U != 0x1 || size > 8 || !holds(at + 2, size, 1)) return false;
+    if (marker >> 4U != 0x1 || size > 8 || !holds(at + 2, size, 1)) {
+      return false;
+    }
     result = {at + 2 + size, number(at + 2, size)};
     return true;
   }
 
   bool visitInteger(std::size_t at, std::size_t nibble) {
-    if (nibble > 4 || !holds(at, std::size_t{1} << nibble, 1)) return false;
-    if (nibble == 4 && number(at, 8) != 0) exact_ = false;
+    if (nibble > 4 || !holds(at, std::size_t{1} << nibble, 1)) {
+      return false;
+    }
+    if (nibble == 4 && number(at, 8) != 0) {
+      exact_ = false;
+    }
     return true;
   }
 
@@ -105,32 +125,46 @@ class Walk {
 
   bool noteAscii(std::size_t at, std::size_t nibble) {
     Body text;
-    if (!body(at, nibble, text)) return false;
+    if (!body(at, nibble, text)) {
+      return false;
+    }
     for (const char c : bytes_.substr(text.at, text.count)) {
-      if (c == '\0' || static_cast<unsigned char>(c) > 0x7F) exact_ = false;
+      if (c == '\0' || static_cast<unsigned char>(c) > 0x7F) {
+        exact_ = false;
+      }
     }
     return true;
   }
 
   bool noteUtf16(std::size_t at, std::size_t nibble) {
     Body text;
-    if (!body(at, nibble, text)) return false;
+    if (!body(at, nibble, text)) {
+      return false;
+    }
     bool wantsLow = false;
     for (std::size_t i = 0; i < text.count; ++i) {
       const std::uint64_t unit = number(text.at + 2 * i, 2);
       const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
-      if (unit == 0 || isLow != wantsLow) exact_ = false;
+      if (unit == 0 || isLow != wantsLow) {
+        exact_ = false;
+      }
       wantsLow = unit >= 0xD800 && unit <= 0xDBFF;
     }
-    if (wantsLow) exact_ = false;
+    if (wantsLow) {
+      exact_ = false;
+    }
     return true;
   }
 
   bool visitMembers(std::size_t at, std::size_t nibble, std::size_t references, std::size_t depth) {
     Body members;
-    if (!body(at, nibble, members) || !holds(members.at, members.count, references * referenceSize_)) return false;
+    if (!body(at, nibble, members) || !holds(members.at, members.count, references * referenceSize_)) {
+      return false;
+    }
     for (std::size_t i = 0; i < members.count * references; ++i) {
-      if (!visit(number(members.at + i * referenceSize_, referenceSize_), depth + 1)) return false;
+      if (!visit(number(members.at + i * referenceSize_, referenceSize_), depth + 1)) {
+        return false;
+      }
     }
     return true;
   }

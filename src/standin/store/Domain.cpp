@@ -20,14 +20,18 @@ bool isGlobal(std::string_view text) {
 
 std::optional<Domain> Domain::resolve(std::string_view text, const std::string& root) {
   const std::string folder = preferencesFolder(root) + "/";
-  if (isGlobal(text)) return Domain{"kCFPreferencesAnyApplication", folder + ".GlobalPreferences.plist"};
+  if (isGlobal(text)) {
+    return Domain{"kCFPreferencesAnyApplication", folder + ".GlobalPreferences.plist"};
+  }
   std::string name(text);
   if (text.starts_with('/') && !text.ends_with('/')) {
     std::string path = text.ends_with(extension) ? name : name + std::string(extension);
     return Domain{std::move(name), std::move(path)};
   }
   // What looks like a flag is one that is not understood, such as -currentHost.
-  if (text.empty() || text.starts_with('-') || text.find('/') != std::string_view::npos) return std::nullopt;
+  if (text.empty() || text.starts_with('-') || text.find('/') != std::string_view::npos) {
+    return std::nullopt;
+  }
   std::string path = folder + name + std::string(extension);
   return Domain{std::move(name), std::move(path)};
 }

@@ -9,10 +9,14 @@ namespace tarnwell::standin {
 
 std::optional<FileLock> FileLock::acquire(const std::string& path, LockWait wait) {
   Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
-  if (!file) return std::nullopt;
+  if (!file) {
+    return std::nullopt;
+  }
   const int operation = wait == LockWait::never ? LOCK_EX | LOCK_NB : LOCK_EX;
   while (::flock(file.number(), operation) != 0) {
-    if (errno != EINTR) return std::nullopt;
+    if (errno != EINTR) {
+      return std::nullopt;
+    }
   }
   return FileLock(std::move(file));
 }

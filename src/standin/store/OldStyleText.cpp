@@ -33,11 +33,21 @@ std::string formatted(const char* format, std::uint32_t value) {
 }
 
 std::string escaped(std::uint32_t codePoint) {
-  if (codePoint == '\n') return "\\n";
-  if (codePoint == '"' || codePoint == '\\') return {'\\', static_cast<char>(codePoint)};
-  if (codePoint < 0x20 || codePoint == 0x7F) return formatted("\\%03o", codePoint);
-  if (codePoint < 0x80) return {static_cast<char>(codePoint)};
-  if (codePoint < 0x10000) return formatted("\\U%04x", codePoint);
+  if (codePoint == '\n') {
+    return "\\n";
+  }
+  if (codePoint == '"' || codePoint == '\\') {
+    return {'\\', static_cast<char>(codePoint)};
+  }
+  if (codePoint < 0x20 || codePoint == 0x7F) {
+    return formatted("\\%03o", codePoint);
+  }
+  if (codePoint < 0x80) {
+    return {static_cast<char>(codePoint)};
+  }
+  if (codePoint < 0x10000) {
+    return formatted("\\U%04x", codePoint);
+  }
   const std::uint32_t offset = codePoint - 0x10000;
   return formatted("\\U%04x", 0xD800 + (offset >> 10U)) + formatted("\\U%04x", 0xDC00 + (offset & 0x3FFU));
 }
@@ -50,7 +60,9 @@ std::vector<Entry> sortedEntries(plist_t dictionary) {
     char* key = nullptr;
     plist_t value = nullptr;
     plist_dict_next_item(dictionary, iterator, &key, &value);
-    if (value == nullptr) break;
+    if (value == nullptr) {
+      break;
+    }
     entries.emplace_back(key, value);
     std::free(key);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
   }
@@ -80,7 +92,9 @@ std::string arrayText(plist_t node, std::size_t level) {
 }  // namespace
 
 std::string quotedText(std::string_view text) {
-  if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) return std::string(text);
+  if (!text.empty() && std::all_of(text.begin(), text.end(), isPlain)) {
+    return std::string(text);
+  }
   std::string quoted = "\"";
   while (!text.empty()) {
     if (const auto codePoint = takeCodePoint(text)) {

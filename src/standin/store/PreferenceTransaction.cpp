@@ -19,29 +19,45 @@ constexpr const char* temporaryName = ".defaults.tmp";
 
 std::optional<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
   const std::string folder = folderOf(path);
-  if (!makeFolders(folder)) return std::nullopt;
+  if (!makeFolders(folder)) {
+    return std::nullopt;
+  }
   std::optional<FileLock> lock = FileLock::acquire(folder + lockName, LockWait::untilFree);
-  if (!lock) return std::nullopt;
+  if (!lock) {
+    return std::nullopt;
+  }
   StoredPreferences stored = loadPreferences(path);
-  if (stored.state == StoreState::unreadable || stored.fidelity == Fidelity::inexact) return std::nullopt;
-  if (!stored.dictionary) stored.dictionary.reset(plist_new_dict());
+  if (stored.state == StoreState::unreadable || stored.fidelity == Fidelity::inexact) {
+    return std::nullopt;
+  }
+  if (!stored.dictionary) {
+    stored.dictionary.reset(plist_new_dict());
+  }
   return PreferenceTransaction(path, std::move(*lock), std::move(stored));
 }
 
 bool PreferenceTransaction::commit() {
   const std::string bytes = binaryText(dictionary());
-  if (bytes.empty()) return false;
+  if (bytes.empty()) {
+    return false;
+  }
   std::optional<AtomicFile> file = AtomicFile::create(path_, temporaryName);
   // The new store is complete before the damaged one moves: a full disk leaves everything in its place.
   return file && file->fill(bytes) && (state() != StoreState::damaged || setAside()) && file->commit();
 }
 
 bool PreferenceTransaction::remove() {
-  if (state() == StoreState::damaged && !setAside()) return false;
+  if (state() == StoreState::damaged && !setAside()) {
+    return false;
+  }
   const std::string folder = folderOf(path_);
   const std::string removed = folder + "/" + temporaryName;
-  if (std::rename(path_.c_str(), removed.c_str()) != 0) return false;
-  if (syncFolder(folder)) return ::unlink(removed.c_str()) == 0;
+  if (std::rename(path_.c_str(), removed.c_str()) != 0) {
+    return false;
+  }
+  if (syncFolder(folder)) {
+    return ::unlink(removed.c_str()) == 0;
+  }
   (void)std::rename(removed.c_str(), path_.c_str());
   return false;
 }
@@ -55,7 +71,9 @@ bool PreferenceTransaction::setAside() {
       setAsidePath_ = std::move(aside);
       return true;
     }
-    if (errno != EEXIST) return false;
+    if (errno != EEXIST) {
+      return false;
+    }
   }
   return false;
 }

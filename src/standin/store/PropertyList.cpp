@@ -17,7 +17,9 @@ std::string written(plist_t node, Writer write) {
   char* bytes = nullptr;
   std::uint32_t length = 0;
   write(node, &bytes, &length);
-  if (bytes == nullptr) return {};
+  if (bytes == nullptr) {
+    return {};
+  }
   std::string text(bytes, length);
   std::free(bytes);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
   return text;
@@ -29,15 +31,23 @@ bool isNestedTooDeep(std::string_view xml) {
   std::size_t depth = 0;
   for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
     const std::string_view tag = xml.substr(at + 1, 6);
-    if (tag.starts_with("dict") || tag.starts_with("array")) ++depth;
-    if (depth > 0 && (tag.starts_with("/dict") || tag.starts_with("/array"))) --depth;
-    if (depth > deepestNesting) return true;
+    if (tag.starts_with("dict") || tag.starts_with("array")) {
+      ++depth;
+    }
+    if (depth > 0 && (tag.starts_with("/dict") || tag.starts_with("/array"))) {
+      --depth;
+    }
+    if (depth > deepestNesting) {
+      return true;
+    }
   }
   return false;
 }
 
 BinaryShape shapeOf(std::string_view bytes) {
-  if (bytes.starts_with(binaryMagic)) return binaryShape(bytes);
+  if (bytes.starts_with(binaryMagic)) {
+    return binaryShape(bytes);
+  }
   return isNestedTooDeep(bytes) ? BinaryShape::broken : BinaryShape::exact;
 }
 
@@ -45,13 +55,19 @@ BinaryShape shapeOf(std::string_view bytes) {
 
 ParsedList parsePropertyList(std::string_view bytes) {
   ParsedList parsed;
-  if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) return parsed;
+  if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
+    return parsed;
+  }
   const BinaryShape shape = shapeOf(bytes);
-  if (shape == BinaryShape::broken) return parsed;
+  if (shape == BinaryShape::broken) {
+    return parsed;
+  }
   plist_t node = nullptr;
   plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
   parsed.list.reset(node);
-  if (shape == BinaryShape::inexact) parsed.fidelity = Fidelity::inexact;
+  if (shape == BinaryShape::inexact) {
+    parsed.fidelity = Fidelity::inexact;
+  }
   return parsed;
 }
 

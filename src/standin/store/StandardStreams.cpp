@@ -20,7 +20,9 @@ bool writeTo(int stream, std::string_view text) {
 void prepareStandardStreams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
     // Reading only: a write to a stream that was closed must still fail.
-    if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", O_RDONLY) < 0) ::_exit(1);
+    if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", O_RDONLY) < 0) {
+      ::_exit(1);
+    }
   }
   (void)std::signal(SIGPIPE, SIG_IGN);
   (void)std::signal(SIGXFSZ, SIG_IGN);

@@ -13,10 +13,16 @@ std::string variable(const char* name) {
 }  // namespace
 
 std::optional<std::string> systemRoot() {
-  if (std::string root = variable("MACOS_ROOT"); !root.empty()) return root;
+  if (std::string root = variable("MACOS_ROOT"); !root.empty()) {
+    return root;
+  }
   // The base directory rules have a relative path ignored.
-  if (const std::string data = variable("XDG_DATA_HOME"); data.starts_with('/')) return data + "/macos-standin";
-  if (const std::string home = variable("HOME"); !home.empty()) return home + "/.local/share/macos-standin";
+  if (const std::string data = variable("XDG_DATA_HOME"); data.starts_with('/')) {
+    return data + "/macos-standin";
+  }
+  if (const std::string home = variable("HOME"); !home.empty()) {
+    return home + "/.local/share/macos-standin";
+  }
   return std::nullopt;
 }
 

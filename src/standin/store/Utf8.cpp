@@ -10,10 +10,18 @@ struct Lead {
 };
 
 Lead leadOf(unsigned char byte) {
-  if (byte < 0x80) return {1, byte, 0};
-  if ((byte & 0xE0U) == 0xC0) return {2, byte & 0x1FU, 0x80};
-  if ((byte & 0xF0U) == 0xE0) return {3, byte & 0x0FU, 0x800};
-  if ((byte & 0xF8U) == 0xF0) return {4, byte & 0x07U, 0x10000};
+  if (byte < 0x80) {
+    return {1, byte, 0};
+  }
+  if ((byte & 0xE0U) == 0xC0) {
+    return {2, byte & 0x1FU, 0x80};
+  }
+  if ((byte & 0xF0U) == 0xE0) {
+    return {3, byte & 0x0FU, 0x800};
+  }
+  if ((byte & 0xF8U) == 0xF0) {
+    return {4, byte & 0x07U, 0x10000};
+  }
   return {};
 }
 
@@ -22,23 +30,33 @@ bool isScalar(std::uint32_t value) { return value < 0xD800 || (value > 0xDFFF &&
 }  // namespace
 
 std::optional<std::uint32_t> takeCodePoint(std::string_view& text) {
-  if (text.empty()) return std::nullopt;
+  if (text.empty()) {
+    return std::nullopt;
+  }
   const Lead lead = leadOf(static_cast<unsigned char>(text.front()));
-  if (lead.length == 0 || lead.length > text.size()) return std::nullopt;
+  if (lead.length == 0 || lead.length > text.size()) {
+    return std::nullopt;
+  }
   std::uint32_t value = lead.bits;
   for (const char c : text.substr(1, lead.length - 1)) {
     const auto byte = static_cast<unsigned char>(c);
-    if ((byte & 0xC0U) != 0x80) return std::nullopt;
+    if ((byte & 0xC0U) != 0x80) {
+      return std::nullopt;
+    }
     value = value << 6U | (byte & 0x3FU);
   }
-  if (value < lead.least || !isScalar(value)) return std::nullopt;
+  if (value < lead.least || !isScalar(value)) {
+    return std::nullopt;
+  }
   text.remove_prefix(lead.length);
   return value;
 }
 
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
-    if (!takeCodePoint(text)) return false;
+    if (!takeCodePoint(text)) {
+      return false;
+    }
   }
   return true;
 }

@@ -13,7 +13,9 @@ namespace tarnwell::standin {
 namespace {
 
 bool fitsFloat(double value) {
-  if (!std::isfinite(value)) return true;
+  if (!std::isfinite(value)) {
+    return true;
+  }
   return std::fabs(value) <= FLT_MAX && static_cast<double>(static_cast<float>(value)) == value;
 }
 
@@ -33,8 +35,12 @@ std::string dataText(plist_t node) {
 // 2025-03-20T18:05:18Z becomes 2025-03-20 18:05:18 +0000.
 std::string dateText(plist_t node) {
   std::string text = xmlContent(node);
-  if (const std::size_t separator = text.find('T'); separator != std::string::npos) text[separator] = ' ';
-  if (text.ends_with('Z')) text.pop_back();
+  if (const std::size_t separator = text.find('T'); separator != std::string::npos) {
+    text[separator] = ' ';
+  }
+  if (text.ends_with('Z')) {
+    text.pop_back();
+  }
   return text + " +0000";
 }
 
@@ -102,7 +108,9 @@ std::string valueText(plist_t node) {
 
 // The tool never leaves the C locale, so the decimal point is a point.
 std::string realText(double value) {
-  if (std::isnan(value)) return "nan";
+  if (std::isnan(value)) {
+    return "nan";
+  }
   std::array<char, 32> buffer{};
   const int length = std::snprintf(buffer.data(), buffer.size(), "%.*g", fitsFloat(value) ? 7 : 15, value);
   return {buffer.data(), static_cast<std::size_t>(length)};

@@ -40,7 +40,9 @@ TEST(NumberLocale, readsTheEnvironmentsNames) {
       {"/usr/share/locale/de", "en_US_POSIX"},
       {"de DE", "en_US_POSIX"},
   };
-  for (const Name& name : names) EXPECT_EQ(localeNamed(name.environment), name.locale) << name.environment;
+  for (const Name& name : names) {
+    EXPECT_EQ(localeNamed(name.environment), name.locale) << name.environment;
+  }
 }
 
 TEST(NumberLocale, nameOfNoReasonableLengthIsPlain) { EXPECT_EQ(localeNamed(std::string(65, 'd')), plainLocale); }

@@ -20,7 +20,9 @@ enum class Mode { executable, plain };
 void placeDefaults(const fs::path& folder, Mode mode = Mode::executable) {
   fs::create_directories(folder);
   std::ofstream(folder / "defaults") << "#!/bin/sh\necho ours\n";
-  if (mode == Mode::executable) fs::permissions(folder / "defaults", fs::perms::owner_all);
+  if (mode == Mode::executable) {
+    fs::permissions(folder / "defaults", fs::perms::owner_all);
+  }
 }
 
 // The folder beside this test program, for as long as a test needs it.
