@@ -3,6 +3,7 @@
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFocusFrame>
+#include <QtWidgets/QMenuBar>
 
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
@@ -63,6 +64,22 @@ TEST(FocusTest, controlsThatComeLaterStandWhereTheTreeHasThem) {
   stage.reorder({&first, &second, &third});
   const std::vector<QWidget*> expected = {&driver::widget(first), &driver::widget(second), &driver::widget(third)};
   EXPECT_EQ(tabbedThrough(stage, 3), expected);
+}
+
+TEST(FocusTest, belowAMenuBarTheFirstControlIsStillTheFirst) {
+  testHost().setChromeMaker([](kit::Window&, QWidget& parent) {
+    WindowChrome chrome;
+    chrome.above = new QMenuBar(&parent);
+    return std::optional(chrome);
+  });
+  Stage stage;
+  testHost().setChromeMaker({});
+  auto& second = stage.add(makeToggle(), row(60));
+  auto& first = stage.add(makeToggle(), row(20));
+  stage.reorder({&first, &second});
+  stage.show();
+  const std::vector<QWidget*> expected = {&driver::widget(first), &driver::widget(second)};
+  EXPECT_EQ(tabbedThrough(stage, 2), expected);
 }
 
 TEST(FocusTest, disabledControlIsPassedOver) {
