@@ -8,6 +8,7 @@
 
 #include "host/qt/ApplicationIcon.h"
 #include "host/qt/Conversions.h"
+#include "kit/Event.h"
 
 namespace tarnwell::host::qt {
 namespace {
@@ -48,7 +49,7 @@ AboutPanel::AboutPanel(const Content& content) : QWidget(nullptr, panelFlags) {
   lines->setContentsMargins(margin, margin, margin, margin);
   lines->setSpacing(0);
   lines->setSizeConstraint(QLayout::SetFixedSize);
-  setMinimumWidth(leastWidth);
+  lines->addStrut(leastWidth - 2 * margin);
   lines->addWidget(new Picture(this), 0, Qt::AlignHCenter);
   lines->addSpacing(belowIcon);
   name_ = addLine(content.name);
@@ -73,8 +74,11 @@ void AboutPanel::orderFront() {
 }
 
 void AboutPanel::keyPressEvent(QKeyEvent* event) {
+  const kit::KeyEvent key = toKeyEvent(*event);
   if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
     close();
+  } else if ((key.modifierFlags & kit::commandFlag) != 0 && keys_) {
+    keys_(key);
   } else {
     QWidget::keyPressEvent(event);
   }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QtWidgets/QWidget>
+#include <functional>
 #include <string>
+
+#include "kit/KeyEvent.h"
 
 class QLabel;
 
@@ -18,6 +21,9 @@ class AboutPanel final : public QWidget {
 
   explicit AboutPanel(const Content& content);
 
+  /// Where the key equivalents go that the panel has no use for.
+  void setKeyEquivalents(std::function<void(const kit::KeyEvent&)> keys) { keys_ = std::move(keys); }
+
   /// In front of the application's other windows; with the keyboard only if the application has it already.
   void orderFront();
 
@@ -29,6 +35,7 @@ class AboutPanel final : public QWidget {
   QLabel* addLine(const std::string& text);
   void setFonts();
 
+  std::function<void(const kit::KeyEvent&)> keys_;
   QLabel* name_;
   QLabel* version_;
   QLabel* copyright_;

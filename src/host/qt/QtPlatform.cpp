@@ -101,6 +101,11 @@ void QtPlatform::terminate() {
 void QtPlatform::orderFrontStandardAboutPanel() {
   if (!aboutPanel_) {
     aboutPanel_ = std::make_unique<AboutPanel>(services_.about);
+    aboutPanel_->setKeyEquivalents([](const kit::KeyEvent& key) {
+      if (kit::Application* application = kit::Application::shared()) {
+        application->performKeyEquivalent(key);
+      }
+    });
   }
   aboutPanel_->orderFront();
 }

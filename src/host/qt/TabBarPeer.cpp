@@ -5,6 +5,7 @@
 #include <QtGui/QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Conversions.h"
@@ -21,10 +22,14 @@ constexpr double symbolSide = 22;
 constexpr double symbolTop = 5;
 constexpr double titleTop = 29;
 constexpr double tabGap = 2;
+// How much of the chosen tab's ground the one under the pointer has.
+constexpr double hoverShare = 0.5;
 
 class TabBarWidget final : public ControlWidget {
  public:
-  TabBarWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent) : ControlWidget(bar, theme, parent), bar_(bar) {}
+  TabBarWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent) : ControlWidget(bar, theme, parent), bar_(bar) {
+    setMouseTracking(true);
+  }
 
   QRectF focusShape() const override { return shapeOf(std::max(0, bar_.selectedIndex())); }
   double cornerRadius() const override { return radius; }
@@ -41,13 +46,15 @@ class TabBarWidget final : public ControlWidget {
   }
 
   void mousePressEvent(QMouseEvent* event) override {
-    for (int i = 0; i < count(); ++i) {
-      if (event->button() == Qt::LeftButton && shapeOf(i).contains(event->position())) {
-        bar_.choose(i);
-        return;
-      }
+    const int pressed = tabAt(event->position());
+    if (event->button() == Qt::LeftButton && pressed >= 0) {
+      bar_.choose(pressed);
     }
   }
+
+  void mouseMoveEvent(QMouseEvent* event) override { setHovered(tabAt(event->position())); }
+
+  void leaveEvent(QEvent* /*event*/) override { setHovered(-1); }
 
   void keyPressEvent(QKeyEvent* event) override {
     switch (event->key()) {
@@ -74,6 +81,21 @@ class TabBarWidget final : public ControlWidget {
 
   QRectF shapeOf(int index) const { return toQRectF(bar_.rectOfTab(index)).adjusted(tabGap, 0, -tabGap, 0); }
 
+  int tabAt(QPointF position) const {
+    for (int i = 0; i < count(); ++i) {
+      if (shapeOf(i).contains(position)) {
+        return i;
+      }
+    }
+    return -1;
+  }
+
+  void setHovered(int index) {
+    if (std::exchange(hovered_, index) != index) {
+      update();
+    }
+  }
+
   void chooseNear(int index) {
     if (count() > 0) {
       bar_.choose(std::clamp(index, 0, count() - 1));
@@ -85,10 +107,8 @@ class TabBarWidget final : public ControlWidget {
     const Palette& palette = theme().palette();
     const QRectF shape = shapeOf(index);
     const bool chosen = index == bar_.selectedIndex();
-    if (chosen) {
-      painter.setPen(Qt::NoPen);
-      painter.setBrush(palette.chosenTab);
-      painter.drawRoundedRect(shape, radius, radius);
+    if (chosen || index == hovered_) {
+      drawGround(painter, shape, chosen ? 1 : hoverShare);
     }
     const QColor color = chosen ? palette.accentOnWindow : palette.secondaryText;
     const QRectF symbol(std::round(shape.center().x() - symbolSide / 2), shape.top() + symbolTop, symbolSide,
@@ -99,7 +119,16 @@ class TabBarWidget final : public ControlWidget {
     title.draw(painter, {std::round(shape.center().x() - title.size().width() / 2), shape.top() + titleTop});
   }
 
+  void drawGround(QPainter& painter, const QRectF& shape, double share) const {
+    QColor ground = theme().palette().chosenTab;
+    ground.setAlphaF(ground.alphaF() * static_cast<float>(share));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(shape, radius, radius);
+  }
+
   kit::TabBar& bar_;
+  int hovered_ = -1;  // The tab under the pointer.
 };
 
 }  // namespace
