@@ -19,7 +19,7 @@ using testing::MatchesRegex;
 // What a Dock says of the settings it finds now.
 std::string settingsLine(const MacSystem& system) {
   std::filesystem::remove(system.dockLog());
-  const Process dock({DOCK_PATH, "--no-window"}, system.environment());
+  const Process dock({DOCK_PATH}, system.environment());
   EXPECT_TRUE(waitFor([&] { return fileContent(system.dockLog()).ends_with('\n'); }));
   return fileContent(system.dockLog());
 }

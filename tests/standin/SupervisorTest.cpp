@@ -19,7 +19,9 @@ using testing::HasSubstr;
 std::vector<pid_t> loggedDocks(const MacSystem& system) {
   std::vector<pid_t> docks;
   std::istringstream log(fileContent(system.dockLog()));
-  for (std::string line; std::getline(log, line);) docks.push_back(std::stoi(line.substr(line.find('[') + 1)));
+  for (std::string line; std::getline(log, line);) {
+    docks.push_back(std::stoi(line.substr(line.find('[') + 1)));
+  }
   return docks;
 }
 
@@ -50,7 +52,7 @@ TEST(SupervisorTest, aDockThatIsKilledSevenTimesComesBackSevenTimes) {
 
 TEST(SupervisorTest, theNewDockHasReadWhatWasWrittenBeforeTheKill) {
   const MacSystem system;
-  const Process supervisor({SUPERVISOR_PATH, "--no-window"}, system.environment());
+  const Process supervisor({SUPERVISOR_PATH}, system.environment());
   const pid_t first = waitForDock(system, 1);
   system.defaults({"write", "com.apple.dock", "mineffect", "suck"});
   ::kill(first, SIGTERM);

@@ -21,13 +21,12 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: Dock [--no-window] [--help]
+constexpr std::string_view usageText = R"(Usage: Dock [--help]
 
 Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and waits until it is
 killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
 
-  --no-window   show nothing on the screen, as always today
-  --help        this text
+  --help   this text
 )";
 
 // Whoever started us may have ignored or blocked it, and then killall would have no effect.
@@ -60,15 +59,20 @@ int logSettings() {
 
 int main(int argc, char** argv) {
   tarnwell::standin::prepareStandardStreams();
-  for (int i = 1; i < argc; ++i) {
-    const std::string_view argument = argv[i];
-    if (argument == "--help") return tarnwell::standin::printOut(tarnwell::standin::usageText) ? 0 : 1;
-    if (argument == "--no-window") continue;
+  if (argc > 1) {
+    const std::string_view argument = argv[1];
+    if (argument == "--help") {
+      return tarnwell::standin::printOut(tarnwell::standin::usageText) ? 0 : 1;
+    }
     tarnwell::standin::printError("Dock: unknown argument " + std::string(argument) + "\n" +
                                   std::string(tarnwell::standin::usageText));
     return 2;
   }
   tarnwell::standin::letTerminationThrough();
-  if (const int status = tarnwell::standin::logSettings(); status != 0) return status;
-  for (;;) ::pause();
+  if (const int status = tarnwell::standin::logSettings(); status != 0) {
+    return status;
+  }
+  for (;;) {
+    ::pause();
+  }
 }

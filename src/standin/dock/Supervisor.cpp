@@ -32,7 +32,9 @@ milliseconds since(std::chrono::steady_clock::time_point start) {
 
 // The new process gets a clean slate, whatever was ignored or blocked here or in whoever started us.
 void restoreSignals() {
-  for (const int signal : watched) (void)std::signal(signal, SIG_DFL);
+  for (const int signal : watched) {
+    (void)std::signal(signal, SIG_DFL);
+  }
   (void)std::signal(SIGPIPE, SIG_DFL);
   (void)std::signal(SIGXFSZ, SIG_DFL);
   sigset_t none;
@@ -43,11 +45,15 @@ void restoreSignals() {
 [[noreturn]] void become(const std::vector<std::string>& command, pid_t supervisor) {
   // The order closes the gap in which the supervisor could die unnoticed.
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (::getppid() != supervisor) ::_exit(1);
+  if (::getppid() != supervisor) {
+    ::_exit(1);
+  }
   restoreSignals();
   std::vector<char*> arguments;
   arguments.reserve(command.size() + 1);
-  for (const std::string& each : command) arguments.push_back(const_cast<char*>(each.c_str()));
+  for (const std::string& each : command) {
+    arguments.push_back(const_cast<char*>(each.c_str()));
+  }
   arguments.push_back(nullptr);
   ::execv(arguments.front(), arguments.data());
   printError("dock-supervisor: cannot start " + command.front() + ": " + std::strerror(errno) +
@@ -59,7 +65,9 @@ void restoreSignals() {
 
 Supervisor::Supervisor(std::vector<std::string> command) : command_(std::move(command)) {
   ::sigemptyset(&signals_);
-  for (const int signal : watched) ::sigaddset(&signals_, signal);
+  for (const int signal : watched) {
+    ::sigaddset(&signals_, signal);
+  }
 }
 
 void Supervisor::run() {
@@ -70,38 +78,53 @@ void Supervisor::run() {
     const Clock::time_point begin = Clock::now();
     start();
     const std::optional<int> status = waitForEnding();
-    if (!status) return stop();
-    if (!rest(policy_.delayAfter(endingOf(*status), since(begin)))) return;
+    if (!status) {
+      return stop();
+    }
+    if (!rest(policy_.delayAfter(endingOf(*status), since(begin)))) {
+      return;
+    }
   }
 }
 
 void Supervisor::start() {
   const pid_t self = ::getpid();
   process_ = ::fork();
-  if (process_ == 0) become(command_, self);
+  if (process_ == 0) {
+    become(command_, self);
+  }
 }
 
 std::optional<int> Supervisor::waitForEnding() {
   // A process that could not even be made has failed.
   int status = W_EXITCODE(1, 0);
   while (!hasEnded(status)) {
-    if (waitForSignal(unlimited) != SIGCHLD) return std::nullopt;
+    if (waitForSignal(unlimited) != SIGCHLD) {
+      return std::nullopt;
+    }
   }
   return status;
 }
 
 bool Supervisor::hasEnded(int& status) {
-  if (process_ > 0 && ::waitpid(process_, &status, WNOHANG) == 0) return false;
+  if (process_ > 0 && ::waitpid(process_, &status, WNOHANG) == 0) {
+    return false;
+  }
   process_ = -1;
   return true;
 }
 
 void Supervisor::stop() {
-  ::kill(process_, SIGTERM);
+  // Without a process, its number would stand for every process there is.
+  if (process_ > 0) {
+    ::kill(process_, SIGTERM);
+  }
   const Clock::time_point deadline = Clock::now() + grace;
   int status = 0;
   while (!hasEnded(status)) {
-    if (Clock::now() >= deadline) ::kill(process_, SIGKILL);
+    if (Clock::now() >= deadline) {
+      ::kill(process_, SIGKILL);
+    }
     waitForSignal(std::max(std::chrono::duration_cast<milliseconds>(deadline - Clock::now()), milliseconds(10)));
   }
 }
@@ -111,8 +134,12 @@ std::optional<int> Supervisor::waitForSignal(milliseconds limit) const {
   for (;;) {
     const int signal =
         limit == unlimited ? ::sigwaitinfo(&signals_, nullptr) : ::sigtimedwait(&signals_, nullptr, &time);
-    if (signal > 0) return signal;
-    if (errno == EAGAIN) return std::nullopt;
+    if (signal > 0) {
+      return signal;
+    }
+    if (errno == EAGAIN) {
+      return std::nullopt;
+    }
   }
 }
 
@@ -120,9 +147,13 @@ bool Supervisor::rest(milliseconds delay) const {
   const Clock::time_point end = Clock::now() + delay;
   for (;;) {
     const auto left = std::chrono::duration_cast<milliseconds>(end - Clock::now());
-    if (left <= milliseconds::zero()) return true;
+    if (left <= milliseconds::zero()) {
+      return true;
+    }
     const std::optional<int> signal = waitForSignal(left);
-    if (signal && signal != SIGCHLD) return false;
+    if (signal && signal != SIGCHLD) {
+      return false;
+    }
   }
 }
 

@@ -10,7 +10,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "standin/dock/Supervisor.h"
 #include "standin/store/FileLock.h"
@@ -21,12 +20,11 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: dock-supervisor [--no-window] [--help]
+constexpr std::string_view usageText = R"(Usage: dock-supervisor [--help]
 
 Keeps the Dock that lies beside this program running until it is ended itself.
 
-  --no-window   handed on to the Dock
-  --help        this text
+  --help   this text
 )";
 
 int fail(const std::string& message, int status) {
@@ -40,17 +38,23 @@ std::string ownFolder() {
   return length <= 0 ? "." : folderOf(std::string(path.data(), static_cast<std::size_t>(length)));
 }
 
-int supervise(std::vector<std::string> command) {
+int supervise() {
   const std::optional<std::string> root = systemRoot();
-  if (!root) return fail(noRootMessage, 1);
+  if (!root) {
+    return fail(noRootMessage, 1);
+  }
   const std::string lockPath = *root + "/.dock-supervisor.lock";
   std::optional<FileLock> lock;
-  if (makeFolders(*root)) lock = FileLock::acquire(lockPath, LockWait::never);
-  if (!lock && errno == EWOULDBLOCK) return fail("another one is already running for " + *root, 1);
+  if (makeFolders(*root)) {
+    lock = FileLock::acquire(lockPath, LockWait::never);
+  }
+  if (!lock && errno == EWOULDBLOCK) {
+    return fail("another one is already running for " + *root, 1);
+  }
   if (!lock) {
     return fail("cannot lock " + lockPath + ": " + std::strerror(errno), 1);  // NOLINT(concurrency-mt-unsafe)
   }
-  Supervisor(std::move(command)).run();
+  Supervisor({ownFolder() + "/Dock"}).run();
   return 0;
 }
 
@@ -62,14 +66,12 @@ int main(int argc, char** argv) {
   tarnwell::standin::prepareStandardStreams();
   // We outlive whoever started us, and must not keep the other end of a pipe of theirs open.
   ::close_range(STDERR_FILENO + 1, ~0U, 0);
-  std::vector<std::string> command = {tarnwell::standin::ownFolder() + "/Dock"};
-  for (int i = 1; i < argc; ++i) {
-    const std::string_view argument = argv[i];
-    if (argument == "--help") return tarnwell::standin::printOut(usageText) ? 0 : 1;
-    if (argument != "--no-window") {
-      return tarnwell::standin::fail("unknown argument " + std::string(argument) + "\n" + std::string(usageText), 2);
-    }
-    command.emplace_back(argument);
+  if (argc < 2) {
+    return tarnwell::standin::supervise();
   }
-  return tarnwell::standin::supervise(std::move(command));
+  const std::string_view argument = argv[1];
+  if (argument == "--help") {
+    return tarnwell::standin::printOut(usageText) ? 0 : 1;
+  }
+  return tarnwell::standin::fail("unknown argument " + std::string(argument) + "\n" + std::string(usageText), 2);
 }
