@@ -15,6 +15,8 @@ Slider::Slider(double value, double minValue, double maxValue, SliderAction acti
   setFrame({.width = metrics::sliderIdealWidth, .height = metrics::sliderHeight});
 }
 
+Slider::Slider(const Rect& frame) : Slider(0, 0, 1, nullptr) { setFrame(frame); }
+
 void Slider::setDoubleValue(double value) {
   const double next = clamped(value);
   if (std::exchange(value_, next) != next) {

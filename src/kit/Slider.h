@@ -11,8 +11,14 @@ class Slider : public Control {
  public:
   using SliderAction = std::function<void(Slider&)>;
 
+  /// How far an arrow key and a page key move the knob, as fractions of the range.
+  static constexpr double arrowStep = 0.01;
+  static constexpr double pageStep = 0.1;
+
   /// `action` is copied; it must hold its target weakly, since a drag can outlive what made the slider.
   Slider(double value, double minValue, double maxValue, SliderAction action);
+  /// At 0 in a range from 0 to 1, without an action.
+  explicit Slider(const Rect& frame);
 
   /// Always within the range; a value that is no number counts as the minimum.
   double doubleValue() const { return value_; }

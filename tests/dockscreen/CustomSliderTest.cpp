@@ -50,6 +50,13 @@ TEST_F(CustomSliderTest, threeTicksAreAWholeWidthApart) {
   EXPECT_EQ(tick(2, 3).x, 398);
 }
 
+TEST(CustomSliderFrameTest, itCanBeMadeWithAFrame) {
+  CustomSlider slider(kit::Rect{.x = 3, .y = 4, .width = 200, .height = 24});
+  slider.setNumberOfTickMarks(11);
+  EXPECT_EQ(slider.frame(), (kit::Rect{3, 4, 200, 24}));
+  EXPECT_EQ(slider.rectOfTickMarkAtIndex(9), (kit::Rect{200, 5, 2, 16}));
+}
+
 TEST_F(CustomSliderTest, itIsASliderInEverythingElse) {
   withTicks(slider, 11).dragTo({.x = 100});
   EXPECT_EQ(slider.doubleValue(), 0.5);

@@ -36,6 +36,16 @@ TEST(SliderTest, theValueIsHeldToTheRange) {
   EXPECT_EQ(Slider(nan, 2, 3, nullptr).doubleValue(), 2);
 }
 
+TEST(SliderTest, aSliderMadeWithAFrameStandsAtTheStartOfTheUnitRange) {
+  Slider slider(Rect{.x = 40, .y = 30, .width = 210, .height = 24});
+  EXPECT_EQ(slider.frame(), (Rect{.x = 40, .y = 30, .width = 210, .height = 24}));
+  EXPECT_EQ(slider.doubleValue(), 0);
+  EXPECT_EQ(slider.minValue(), 0);
+  EXPECT_EQ(slider.maxValue(), 1);
+  slider.dragTo({.x = 105});
+  EXPECT_EQ(slider.doubleValue(), 0.5);
+}
+
 TEST(SliderTest, settingItTellsThePeerOnceAndSendsNothing) {
   ShownControl<Slider> slider(0, 0, 1, [](Slider&) { FAIL() << "setting a value sent the action"; });
   slider->setDoubleValue(0.5);

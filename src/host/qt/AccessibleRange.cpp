@@ -4,11 +4,6 @@
 #include "kit/Stepper.h"
 
 namespace tarnwell::host::qt {
-namespace {
-
-constexpr double sliderStep = 0.01;  // Of the range, as the arrow keys move it.
-
-}  // namespace
 
 void* AccessibleRange::interface_cast(QAccessible::InterfaceType type) {
   return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
@@ -58,7 +53,7 @@ QVariant AccessibleSlider::minimumValue() const {
 }
 
 QVariant AccessibleSlider::minimumStepSize() const {
-  return sliderStep * (maximumValue().toDouble() - minimumValue().toDouble());
+  return kit::Slider::arrowStep * (maximumValue().toDouble() - minimumValue().toDouble());
 }
 
 void AccessibleSlider::step(int direction) {

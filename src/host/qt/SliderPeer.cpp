@@ -18,8 +18,6 @@ namespace {
 
 constexpr double trackThickness = 4;
 constexpr double knobHeight = 18;
-constexpr double smallStep = 0.01;
-constexpr double pageStep = 0.1;
 constexpr double wholeRange = 1;
 
 // How far each key moves the knob to the right, as a fraction of the range.
@@ -27,14 +25,14 @@ std::optional<double> stepOf(int key) {
   switch (key) {
     case Qt::Key_Right:
     case Qt::Key_Up:
-      return smallStep;
+      return kit::Slider::arrowStep;
     case Qt::Key_Left:
     case Qt::Key_Down:
-      return -smallStep;
+      return -kit::Slider::arrowStep;
     case Qt::Key_PageUp:
-      return pageStep;
+      return kit::Slider::pageStep;
     case Qt::Key_PageDown:
-      return -pageStep;
+      return -kit::Slider::pageStep;
     case Qt::Key_End:
       return wholeRange;
     case Qt::Key_Home:
