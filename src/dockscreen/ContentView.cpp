@@ -31,8 +31,13 @@ View footnote(const std::string& text) {
   return View(view::Text{text}).font(kit::FontRole::subheadline).foregroundStyle(kit::ColorRole::secondary);
 }
 
-View narrow(const std::string& description) {
-  return View(view::Text{description}).frame({.width = 250, .alignment = kit::TextAlignment::leading});
+View speedRow(const view::Label& label, const std::string& description, SpeedControls controls) {
+  controls.name = label.title;
+  return view::LabeledRow{
+      .label = label,
+      .title = label.title,
+      .description = View(view::Text{description}).frame({.width = 250, .alignment = kit::TextAlignment::leading}),
+      .control = std::move(controls)};
 }
 
 View switchRow(const view::Label& label, const std::string& description, view::Binding<bool> isOn) {
@@ -65,23 +70,15 @@ std::shared_ptr<DockSettings> ContentView::makeSettings(const view::EnvironmentV
 
 View ContentView::speeds() const {
   return view::Section{
-      .rows = {view::LabeledRow{.label = view::Label{.title = "Animation", .symbol = "dock.arrow.up.rectangle"},
-                                .title = "Animation",
-                                .description = narrow("How long the dock's reveal animation lasts."),
-                                .control = SpeedControls{.name = "Animation",
-                                                         .leftLabel = "Slow",
-                                                         .rightLabel = "Fast",
-                                                         .value = settings.binding(&DockSettings::animationSpeed),
-                                                         .format = numberFormat.get()}},
-               view::LabeledRow{
-                   .label = view::Label{.title = "Delay", .symbol = "timer"},
-                   .title = "Delay",
-                   .description = narrow("How long the mouse must be against the screen edge before the dock reveals."),
-                   .control = SpeedControls{.name = "Delay",
-                                            .leftLabel = "Long",
-                                            .rightLabel = "Short",
-                                            .value = settings.binding(&DockSettings::delaySpeed),
-                                            .format = numberFormat.get()}}},
+      .rows = {speedRow({.title = "Animation", .symbol = "dock.arrow.up.rectangle"},
+                        "How long the dock's reveal animation lasts.",
+                        {.leftLabel = "Slow",
+                         .rightLabel = "Fast",
+                         .value = settings.binding(&DockSettings::animationSpeed)}),
+               speedRow(
+                   {.title = "Delay", .symbol = "timer"},
+                   "How long the mouse must be against the screen edge before the dock reveals.",
+                   {.leftLabel = "Long", .rightLabel = "Short", .value = settings.binding(&DockSettings::delaySpeed)})},
       .footer = footnote("Delay setting is ignored in fullscreen mode.")};
 }
 

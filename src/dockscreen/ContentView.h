@@ -13,10 +13,9 @@ namespace tarnwell::dockscreen {
 /// nothing reaches the Dock before Save. Needs a command runner and a number format in its environment.
 struct ContentView {
   view::StateObject<core::DockSettings> settings{makeSettings};
-  view::Environment<view::NumberFormatKey> numberFormat = {};
   view::Environment<view::SystemVersionKey> systemVersion = {};
 
-  auto stored() { return std::tie(settings, numberFormat, systemVersion); }
+  auto stored() { return std::tie(settings, systemVersion); }
   view::View body() const;
 
  private:

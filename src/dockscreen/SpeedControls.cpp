@@ -30,7 +30,7 @@ View SpeedControls::body() const {
   const View row =
       view::HStack{.alignment = view::VerticalAlignment::firstTextBaseline, .children = {sliderGroup(), numberGroup()}};
   return View(view::VStack{.children = {row}})
-      .onChange<double>(value.get(), [value = value, format = format](const double& changed) {
+      .onChange<double>(value.get(), [value = value, format = numberFormat.get()](const double& changed) {
         value.set(withTwoDecimals(changed, *format));
       });
 }

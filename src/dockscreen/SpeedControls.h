@@ -1,23 +1,26 @@
 #pragma once
 
-#include <memory>
 #include <string>
+#include <tuple>
 
-#include "kit/NumberFormat.h"
 #include "view/Binding.h"
+#include "view/Environment.h"
+#include "view/EnvironmentKeys.h"
 #include "view/View.h"
 
 namespace tarnwell::dockscreen {
 
 /// The control column of a speed row: a turned slider between a tortoise and a hare, and the number with a stepper.
-/// The slider covers 0 to 1 second, its long end on the left; field and stepper go on to 100.
+/// The slider covers 0 to 1 second, its long end on the left; field and stepper go on to 100. Needs a number format in
+/// its environment.
 struct SpeedControls {
   std::string name = {};        ///< The row's label, for screen readers to tell the twins apart.
   std::string leftLabel = {};   ///< Under the slider's long end.
   std::string rightLabel = {};  ///< Under its short end.
   view::Binding<double> value = {};
-  std::shared_ptr<const kit::NumberFormat> format = {};
+  view::Environment<view::NumberFormatKey> numberFormat = {};
 
+  auto stored() { return std::tie(numberFormat); }
   view::View body() const;
 
  private:
