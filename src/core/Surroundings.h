@@ -11,9 +11,9 @@ namespace tarnwell::core {
 struct Surroundings {
   /// Borrowed for the state's life.
   CommandRunner& runner;
-  /// Whether the system is older than macOS 15 and so knows the single-application mode.
+  /// Whether the system is older than macOS 15 and so knows the single-application mode. Must be set.
   std::function<bool()> usesSingleApp = {};
-  /// Opens an address in the user's browser.
+  /// Opens an address in the user's browser. Must be set.
   std::function<void(const std::string&)> openURL = {};
   /// Hears that fields have changed. May be empty.
   std::function<void()> changed = {};
