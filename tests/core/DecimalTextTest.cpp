@@ -85,9 +85,6 @@ TEST(DecimalTextTest, aDigitLessReadsAsAnotherDouble) {
 
 TEST(DecimalTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
-  if (!locale.isInForce()) {
-    GTEST_SKIP() << "no locale with a decimal comma can be made here";
-  }
   EXPECT_EQ(decimalText(1234.5), "1234.5");
   EXPECT_EQ(decimalText(0.2), "0.2");
 }

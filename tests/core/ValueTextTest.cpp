@@ -51,9 +51,6 @@ TEST(ValueTextTest, everyOtherTextIsZero) {
 
 TEST(ValueTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
-  if (!locale.isInForce()) {
-    GTEST_SKIP() << "no locale with a decimal comma can be made here";
-  }
   EXPECT_EQ(parseFloat("0.5"), 0.5);
   EXPECT_EQ(parseFloat("0,5"), 0.0);
   EXPECT_EQ(*std::localeconv()->decimal_point, ',') << "the process keeps its locale";
