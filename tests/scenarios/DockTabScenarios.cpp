@@ -184,6 +184,37 @@ TEST(DockTabScenarios, inACommaLocaleFractionsBecomeNoneAndWholeNumbersStay) {
   EXPECT_EQ(tab.value("Delay seconds"), "0");
 }
 
+TEST(DockTabScenarios, inACommaLocaleTypedThousandsAreCutAgainUntilTheyStay) {
+  DockTab tab({.format = host_headless::PointNumberFormat(',', '.')});
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "1000");
+  EXPECT_EQ(tab.value("Delay seconds"), "1");
+  // 1234 is read as 1.234 first, and that loses its fraction.
+  tab.enter("Delay seconds", "1234");
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+}
+
+TEST(DockTabScenarios, aTypedNegativeIsTakenAndTheSliderStandsAtNone) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "-3");
+  EXPECT_EQ(tab.value("Delay seconds"), "-3");
+  EXPECT_EQ(tab.value("Delay slider"), "0.0");
+  EXPECT_EQ(tab.value("Delay stepper"), "-3.0");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float -3.0; killall Dock");
+}
+
+TEST(DockTabScenarios, aTypedNegativeThatRoundsToNoneKeepsItsSign) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "-0.001");
+  EXPECT_EQ(tab.value("Delay seconds"), "-0");
+  EXPECT_EQ(tab.value("Delay slider"), "-0.0");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float -0.0; killall Dock");
+}
+
 TEST(DockTabScenarios, steppersMoveByAHundredthBetweenNoneAndAHundred) {
   DockTab tab;
   tab.holdingDefaults().holding("autohide-delay", "99.99").holding("autohide-time-modifier", "0.01").open();

@@ -37,7 +37,7 @@ class HeadlessDriver final : public Driver {
   kit::Host& host() override { return host_; }
 
   void click(kit::Control& control) override {
-    endEditingBefore(control);
+    leaveField(control);
     if (auto* button = dynamic_cast<kit::Button*>(&control)) {
       button->click();
     } else if (auto* toggle = dynamic_cast<kit::Toggle*>(&control)) {
@@ -45,18 +45,33 @@ class HeadlessDriver final : public Driver {
     }
   }
 
-  void drag(kit::Slider& slider, kit::Point to) override { slider.dragTo(to); }
-
-  void type(kit::TextField& field, const std::string& text) override {
-    field.type(text);
-    typedInto_ = &field;
+  void drag(kit::Slider& slider, kit::Point to) override {
+    leaveField(slider);
+    slider.dragTo(to);
   }
 
-  void stepUp(kit::Stepper& stepper) override { stepper.increment(); }
-  void stepDown(kit::Stepper& stepper) override { stepper.decrement(); }
-  void choose(kit::PopUpButton& button, int index) override { button.choose(index); }
+  void type(kit::TextField& field, const std::string& text) override {
+    leaveField(field);
+    field.type(text);
+  }
+
+  void stepUp(kit::Stepper& stepper) override {
+    leaveField(stepper);
+    stepper.increment();
+  }
+
+  void stepDown(kit::Stepper& stepper) override {
+    leaveField(stepper);
+    stepper.decrement();
+  }
+
+  void choose(kit::PopUpButton& button, int index) override {
+    leaveField(button);
+    button.choose(index);
+  }
 
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {
+    leaveField(control);
     auto* slider = dynamic_cast<kit::Slider*>(&control);
     if (key == Key::enter) {
       window.keyDown({.charactersIgnoringModifiers = kit::returnKey});
@@ -67,7 +82,7 @@ class HeadlessDriver final : public Driver {
     } else if (key == Key::tab) {
       window.endEditing();
     } else if (slider != nullptr) {
-      slider->nudge(key == Key::right ? 0.01 : -0.01);
+      slider->nudge(key == Key::right ? kit::Slider::arrowStep : -kit::Slider::arrowStep);
     }
   }
 
@@ -76,16 +91,15 @@ class HeadlessDriver final : public Driver {
   }
 
  private:
-  // A press elsewhere commits what is being typed before it is delivered.
-  void endEditingBefore(const kit::Control& pressed) {
-    if (typedInto_ != nullptr && typedInto_ != &pressed) {
-      typedInto_->commit();
-      typedInto_ = nullptr;
+  // What goes to another control than the field that is being typed into ends the editing first.
+  static void leaveField(const kit::Control& next) {
+    const auto* field = dynamic_cast<const kit::TextField*>(&next);
+    if (field == nullptr || !field->isEditing()) {
+      next.window()->endEditing();
     }
   }
 
   host_headless::HeadlessHost host_;
-  kit::TextField* typedInto_ = nullptr;
 };
 
 }  // namespace

@@ -1,7 +1,11 @@
+#include <gtest/gtest.h>
+
 #include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
+#include <array>
+#include <memory>
 #include <stdexcept>
 
 #include "core/DecimalText.h"
@@ -19,13 +23,23 @@
 namespace tarnwell::scenarios {
 namespace {
 
-// One for the program: the toolkit allows no second.
-host::qt::QtApplication& application() {
-  static std::array<char, 9> name = {"scenario"};
-  static std::array<char*, 2> arguments = {name.data(), nullptr};
-  static const auto instance = host::qt::QtApplication::create(1, arguments.data());
-  return *instance;
-}
+// One for the program: the toolkit allows no second. It goes before the program takes the toolkit's globals apart.
+class ApplicationEnvironment final : public testing::Environment {
+ public:
+  void SetUp() override { application_ = host::qt::QtApplication::create(1, arguments_.data()); }
+  void TearDown() override { application_.reset(); }
+
+  host::qt::QtApplication& application() { return *application_; }
+
+ private:
+  std::array<char, 9> name_ = {"scenario"};
+  std::array<char*, 2> arguments_ = {name_.data(), nullptr};
+  std::unique_ptr<host::qt::QtApplication> application_;
+};
+
+// Owned by the test framework.
+ApplicationEnvironment& environment =
+    static_cast<ApplicationEnvironment&>(*testing::AddGlobalTestEnvironment(new ApplicationEnvironment));
 
 QWidget& widgetOf(const kit::Control& control) {
   QWidget* widget = host::qt::WidgetPeer::widgetOf(control);
@@ -73,7 +87,7 @@ std::string valueOf(const kit::Control& control, QAccessibleInterface& seen) {
 
 class QtDriver final : public Driver {
  public:
-  kit::Host& host() override { return application().host(); }
+  kit::Host& host() override { return environment.application().host(); }
 
   void click(kit::Control& control) override {
     QWidget& widget = widgetOf(control);
