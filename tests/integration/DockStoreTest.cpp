@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <iterator>
+#include <string>
+
+#include "core/DockSettings.h"
+#include "core/ShellCommandRunner.h"
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/StandardOutputCapture.h"
+#include "fixtures/Subprocess.h"
+#include "fixtures/WaitFor.h"
+#include "standin/MacSystem.h"
+
+namespace tarnwell {
+namespace {
+
+namespace fs = std::filesystem;
+using core::DockSettings;
+using core::MinEffect;
+using fixtures::waitFor;
+
+constexpr std::array keys = {
+    "autohide-delay", "autohide-time-modifier", "scroll-to-open", "mineffect", "showhidden", "static-only",
+    "single-app"};
+
+/// The settings over the real shell, the stand-in for `defaults` with a store of its own, and a `killall` that only
+/// counts.
+class DockStoreTest : public testing::Test {
+ protected:
+  DockStoreTest() {
+    fs::create_directories(folder() / "bin");
+    fs::create_directories(folder() / "killed");
+    fs::create_symlink(DEFAULTS_PATH, folder() / "bin" / "defaults");
+    // A file for each call, and nothing in it, so that it counts on a full disk too.
+    system.folder().write("bin/killall", "#!/bin/sh\n: > '" + (folder() / "killed").string() + "'/\"$1.$$\"\n");
+    fs::permissions(folder() / "bin" / "killall", fs::perms::owner_all);
+  }
+
+  fs::path folder() const { return system.folder().path(); }
+
+  std::ptrdiff_t killedDocks() const {
+    const fs::directory_iterator calls(folder() / "killed");
+    return std::count_if(begin(calls), end(calls), [](const auto& call) { return call.path().stem() == "Dock"; });
+  }
+
+  bool waitForKills(std::ptrdiff_t count) const {
+    return waitFor([&] { return killedDocks() == count; });
+  }
+
+  /// A store in which no key holds its default or its fallback.
+  void storeUnusualValues() const {
+    system.shell(
+        R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.75; w autohide-time-modifier -float 1.5;)"
+        "w scroll-to-open -bool true; w mineffect -string suck; w showhidden -bool true; w static-only -bool true;"
+        "w single-app -bool true");
+  }
+
+  void editUnusualValues() {
+    settings.set(&DockSettings::delaySpeed, 0.75);
+    settings.set(&DockSettings::animationSpeed, 1.5);
+    settings.set(&DockSettings::scrollToExpose, true);
+    settings.set(&DockSettings::minEffect, MinEffect::suck);
+    settings.set(&DockSettings::showHidden, true);
+    settings.set(&DockSettings::activeAppsOnly, true);
+    settings.set(&DockSettings::singleAppMode, true);
+  }
+
+  bool holdsUnusualValues() const {
+    return settings.delaySpeed == 0.75 && settings.animationSpeed == 1.5 && settings.scrollToExpose &&
+           settings.minEffect == MinEffect::suck && settings.showHidden && settings.activeAppsOnly &&
+           settings.singleAppMode;
+  }
+
+  bool holdsFallbacks() const {
+    return settings.delaySpeed == 0 && settings.animationSpeed == 0 && !settings.scrollToExpose &&
+           settings.minEffect == MinEffect::genie && !settings.showHidden && !settings.activeAppsOnly &&
+           !settings.singleAppMode;
+  }
+
+  /// What the store holds for the seven keys, in their order.
+  standin::Words storedValues() const {
+    standin::Words values;
+    std::transform(keys.begin(), keys.end(), std::back_inserter(values),
+                   [this](const char* key) { return system.value(key); });
+    return values;
+  }
+
+  const standin::Words unusualValues = {"0.75", "1.5", "1", "suck", "1", "1", "1"};
+
+  standin::MacSystem system;
+  fixtures::EnvironmentScope path{"PATH", (folder() / "bin").string() + ":/usr/bin:/bin"};
+  fixtures::EnvironmentScope root{"MACOS_ROOT", system.root()};
+  fixtures::EnvironmentScope startUpFiles{"ZDOTDIR", folder().string()};
+  fixtures::StandardOutputCapture printed;
+  core::ShellCommandRunner runner;
+  DockSettings settings{{.runner = runner, .usesSingleApp = [] { return true; }, .openURL = [](const auto&) {}}};
+};
+
+TEST_F(DockStoreTest, loadReadsWhatTheStoreHolds) {
+  storeUnusualValues();
+  settings.loadFromDock();
+  EXPECT_TRUE(holdsUnusualValues());
+  EXPECT_TRUE(settings.matchesCurrent());
+  EXPECT_EQ(printed.text(), "1.5\nSCROLL 1\nsuck\n");
+}
+
+TEST_F(DockStoreTest, loadFallsBackWithoutASoundStoreAndLeavesItAlone) {
+  settings.loadFromDock();
+  EXPECT_TRUE(holdsFallbacks());
+  EXPECT_FALSE(fs::exists(system.dockStore()));
+  for (const std::string bytes : {"", "garbage", "bplist00", "<plist version=\"1.0\"><array/></plist>"}) {
+    system.store(bytes);
+    editUnusualValues();
+    settings.loadFromDock();
+    EXPECT_TRUE(holdsFallbacks()) << bytes;
+    EXPECT_EQ(standin::fileContent(system.dockStore()), bytes);
+  }
+}
+
+TEST_F(DockStoreTest, aStoreThatCannotBeReadIsLikeNone) {
+  fs::create_directories(system.dockStore());
+  settings.loadFromDock();
+  EXPECT_TRUE(holdsFallbacks());
+}
+
+TEST_F(DockStoreTest, valuesOfOtherTypesAreReadAsTheirText) {
+  system.shell(R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -array a b; w autohide-time-modifier 0.4;)"
+               "w scroll-to-open -array 1; w mineffect -int 3; w showhidden -int 1; w static-only -string true");
+  settings.loadFromDock();
+  EXPECT_EQ(settings.delaySpeed, 0);
+  EXPECT_EQ(settings.animationSpeed, 0.4);
+  EXPECT_FALSE(settings.scrollToExpose);
+  EXPECT_EQ(settings.minEffect, MinEffect::genie);
+  EXPECT_TRUE(settings.showHidden);
+  EXPECT_FALSE(settings.activeAppsOnly);
+  system.shell(R"("$D" write com.apple.dock autohide-time-modifier fast)");
+  settings.loadFromDock();
+  EXPECT_EQ(settings.animationSpeed, 0);
+}
+
+TEST_F(DockStoreTest, aStartUpFileThatPrintsSpoilsTheReadingButNotTheWriting) {
+  storeUnusualValues();
+  system.folder().write(".zshenv", "print hello; print -u2 there\n");
+  settings.loadFromDock();
+  EXPECT_TRUE(holdsFallbacks());
+  settings.set(&DockSettings::delaySpeed, 0.3);
+  settings.save();
+  EXPECT_TRUE(waitForKills(7));
+  EXPECT_EQ(storedValues(), (standin::Words{"0.3", "0", "0", "genie", "0", "0", "0"}));
+}
+
+TEST_F(DockStoreTest, saveArrivesAndIsReadBack) {
+  editUnusualValues();
+  settings.save();
+  EXPECT_TRUE(waitForKills(7));
+  EXPECT_EQ(storedValues(), unusualValues);
+  settings.resetToDefaults();
+  EXPECT_TRUE(waitForKills(14));
+  EXPECT_EQ(storedValues(), (standin::Words{"0.2", "0.5", "0", "genie", "0", "0", "0"}));
+  settings.loadFromDock();
+  EXPECT_TRUE(settings.matchesDefaults());
+}
+
+TEST_F(DockStoreTest, saveReplacesValuesOfOtherTypes) {
+  system.shell(
+      R"(for k in autohide-delay mineffect showhidden; do "$D" write com.apple.dock "$k" -array a b || exit; done)");
+  editUnusualValues();
+  settings.save();
+  EXPECT_TRUE(waitForKills(7));
+  EXPECT_EQ(storedValues(), unusualValues);
+}
+
+TEST_F(DockStoreTest, saveLeavesTheOtherKeysAsTheyWere) {
+  const standin::PropertyList before = standin::everyType();
+  system.store(standin::binaryText(before.get()));
+  editUnusualValues();
+  settings.save();
+  EXPECT_TRUE(waitForKills(7));
+  EXPECT_EQ(storedValues(), unusualValues);
+  const standin::PropertyList after = standin::parsePropertyList(standin::fileContent(system.dockStore())).list;
+  for (const char* key : keys) {
+    plist_dict_remove_item(after.get(), key);
+  }
+  EXPECT_EQ(standin::xmlText(after.get()), standin::xmlText(before.get()));
+}
+
+TEST_F(DockStoreTest, saveKeepsADamagedStoreAside) {
+  for (const std::string bytes : {"", "garbage"}) {
+    system.store(bytes);
+    editUnusualValues();
+    const std::ptrdiff_t before = killedDocks();
+    settings.save();
+    EXPECT_TRUE(waitForKills(before + 7)) << bytes;
+    EXPECT_EQ(storedValues(), unusualValues) << bytes;
+  }
+  EXPECT_EQ(system.preferenceNames().size(), 3U);
+}
+
+TEST_F(DockStoreTest, aStoreThatCannotBeWrittenStaysAsItWas) {
+  storeUnusualValues();
+  const std::string before = standin::fileContent(system.dockStore());
+  const auto body = [this] {
+    // A full disk, which stops the super-user too. Standard output is a file by now.
+    ::close(STDOUT_FILENO);
+    const rlimit nothing = {.rlim_cur = 0, .rlim_max = 0};
+    ::setrlimit(RLIMIT_FSIZE, &nothing);
+    settings.resetToDefaults();
+    // The effect alone starts the Dock again only after its own success.
+    const bool killed = waitForKills(6);
+    settings.loadFromDock();
+    return killed && holdsUnusualValues() ? 0 : 1;
+  };
+  EXPECT_EQ(fixtures::exitStatusOf(body), 0);
+  EXPECT_EQ(standin::fileContent(system.dockStore()), before);
+}
+
+TEST_F(DockStoreTest, quittingRightAfterSaveStillWrites) {
+  // Slow and talkative, so that everything happens after the end.
+  const fs::path gate = folder() / "gate";
+  system.folder().write("gate", "");
+  system.folder().write(".zshenv",
+                        "while [[ -e " + gate.string() + " ]]; do sleep 0.01; done; print hello; print -u2 there\n");
+  const auto body = [this] {
+    editUnusualValues();
+    settings.save();
+    return 0;
+  };
+  EXPECT_EQ(fixtures::exitStatusOf(body), 0);
+  EXPECT_EQ(killedDocks(), 0);
+  fs::remove(gate);
+  EXPECT_TRUE(waitForKills(7));
+  EXPECT_EQ(storedValues(), unusualValues);
+}
+
+}  // namespace
+}  // namespace tarnwell
