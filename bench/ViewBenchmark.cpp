@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
-#include <time.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -57,7 +57,9 @@ class Scene {
   template <class C>
   C& first() const {
     for (kit::Control* control : window_->tree().controls()) {
-      if (auto* found = dynamic_cast<C*>(control)) return *found;
+      if (auto* found = dynamic_cast<C*>(control)) {
+        return *found;
+      }
     }
     std::abort();
   }
@@ -115,6 +117,7 @@ struct Switches {
   auto stored() { return std::tie(isFirstOn); }
   View body() const {
     std::vector<View> rows;
+    rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
       rows.push_back(makeRow(i == 0 ? isFirstOn.binding() : view::Binding<bool>{.get = [] { return true; }}));
     }
@@ -185,7 +188,9 @@ BENCHMARK_TEMPLATE(turnSwitchInForm, GrowingRow)->Apply(tenToAThousand);
 int main(int argc, char** argv) {
   const tarnwell::bench::QuietOutput quiet;
   benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   return 0;

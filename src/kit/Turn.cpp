@@ -21,6 +21,7 @@ void Turn::join(Settler& settler) { settlers_.push_back(&settler); }
 
 void Turn::leave(Settler& settler) { std::erase(settlers_, &settler); }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): what it does may release the original
 void Turn::perform(Action action) {
   ++depth_;
   action();
@@ -58,6 +59,7 @@ void Turn::settle() {
   for (int round = 0; round < mostRounds; ++round) {
     comeToRest();
     stirred_ = false;
+    // NOLINTNEXTLINE(modernize-loop-convert): whoever is told may open or close a window, which joins or leaves
     for (std::size_t i = 0; i < settlers_.size(); ++i) {
       settlers_[i]->settled();
     }
@@ -81,7 +83,7 @@ void Turn::comeToRest() {
 
 bool Turn::takeStep() {
   bool changed = false;
-  // By index: a step may open or close a window, which joins or leaves.
+  // NOLINTNEXTLINE(modernize-loop-convert): a step may open or close a window, which joins or leaves
   for (std::size_t i = 0; i < settlers_.size(); ++i) {
     changed = settlers_[i]->settleStep() || changed;
   }
