@@ -1,5 +1,6 @@
 #include "host/qt/QtPlatform.h"
 
+#include <QtCore/QThread>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <algorithm>
@@ -92,10 +93,13 @@ void QtPlatform::activate() {
 }
 
 void QtPlatform::terminate() {
-  // Queued as well: a loop that has not begun yet would not hear of it.
-  QMetaObject::invokeMethod(
-      &context_, [this]() noexcept { application_.quit(); }, Qt::QueuedConnection);
-  application_.quit();
+  if (QThread::currentThread()->loopLevel() > 0) {
+    application_.quit();
+  } else {
+    // A loop that has not begun yet would not hear of it.
+    QMetaObject::invokeMethod(
+        &context_, [this]() noexcept { application_.quit(); }, Qt::QueuedConnection);
+  }
 }
 
 void QtPlatform::orderFrontStandardAboutPanel() {

@@ -1,0 +1,213 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QtCore/QTimer>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+
+#include "host/qt/Desktop.h"
+#include "host/qt/MessagePanel.h"
+#include "host/qt/WidgetDriver.h"
+#include "kit/ApplicationId.h"
+#include "kit/Menu.h"
+#include "kit/StatusItem.h"
+
+namespace tarnwell::host::qt {
+namespace {
+
+using testing::ElementsAre;
+
+class RecordingDelegate final : public kit::Object {
+ public:
+  explicit RecordingDelegate(Desktop& desktop) : desktop_(desktop) {}
+
+  bool respondsToSelector(const kit::Selector& selector) const override {
+    return selector == "applicationDidFinishLaunching:";
+  }
+  void perform(const kit::Selector& /*selector*/, kit::Object* /*sender*/) override {
+    event = desktop_.platform().currentAppleEvent();
+  }
+
+  std::optional<kit::AppleEvent> event;
+
+ private:
+  Desktop& desktop_;
+};
+
+template <class Kind>
+Kind* shown() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* found = dynamic_cast<Kind*>(widget);
+    if (found != nullptr && found->isVisible()) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+std::vector<std::string> textsOf(const QWidget& panel) {
+  std::vector<std::string> texts;
+  for (const QLabel* label : panel.findChildren<QLabel*>()) {
+    texts.push_back(label->text().toStdString());
+  }
+  return texts;
+}
+
+TEST(PlatformTest, queuedWorkRunsFromTheEventLoop) {
+  Desktop desktop;
+  int runs = 0;
+  desktop.application().mainQueue().async([&runs] { ++runs; });
+  desktop.application().mainQueue().async([&runs] { ++runs; });
+  EXPECT_EQ(runs, 0);
+  QApplication::processEvents();
+  EXPECT_EQ(runs, 2);
+}
+
+TEST(PlatformTest, queuedWorkRunsWhileAMenuIsOpen) {
+  Desktop desktop;
+  const auto menu = std::make_shared<kit::Menu>();
+  menu->addItem(entry("Entry", [] {}));
+  bool ranInside = false;
+  bool isOpen = false;
+  kit::StatusItem item(desktop.application(), kit::StatusItem::variableLength, "Item");
+  item.setMenu(menu);
+  desktop.application().mainQueue().async([&] {
+    ranInside = isOpen;
+    QApplication::activePopupWidget()->close();
+  });
+  isOpen = true;
+  item.performClick();
+  isOpen = false;
+  EXPECT_TRUE(ranInside);
+}
+
+TEST(PlatformTest, workOfAnApplicationThatIsGoneIsNotRun) {
+  Desktop desktop;
+  bool ran = false;
+  auto second = kit::Application::create(desktop.platform());
+  second->mainQueue().async([&ran] { ran = true; });
+  second.reset();
+  QApplication::processEvents();
+  EXPECT_FALSE(ran);
+}
+
+TEST(PlatformTest, terminatingEndsTheEventLoop) {
+  Desktop desktop;
+  QTimer::singleShot(0, [&desktop] { desktop.application().terminate(nullptr); });
+  EXPECT_EQ(testApplication().run(), 0);
+}
+
+TEST(PlatformTest, terminatingBeforeTheEventLoopBeginsEndsItAtOnce) {
+  Desktop desktop;
+  desktop.application().terminate(nullptr);
+  EXPECT_EQ(testApplication().run(), 0);
+}
+
+TEST(PlatformTest, terminatingFromAnOpenMenuEndsAllLoops) {
+  Desktop desktop;
+  const auto menu = std::make_shared<kit::Menu>();
+  menu->addItem(kit::MenuItem::create("Quit", "terminate:", "Q"));
+  kit::StatusItem item(desktop.application(), kit::StatusItem::variableLength, "Item");
+  item.setMenu(menu);
+  QTimer::singleShot(0, [&item] { item.performClick(); });
+  desktop.application().mainQueue().async(
+      [&] { desktop.application().mainQueue().async([&] { desktop.application().choose(menu->items().front()); }); });
+  EXPECT_EQ(testApplication().run(), 0);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST(PlatformTest, eventOfTheStartIsTheCurrentOneDuringTheLaunchAlone) {
+  Desktop desktop;
+  const auto delegate = std::make_shared<RecordingDelegate>(desktop);
+  desktop.application().setDelegate(delegate);
+  desktop.platform().launch(desktop.application(), {.eventID = kit::openApplicationEvent});
+  ASSERT_TRUE(delegate->event.has_value());
+  EXPECT_EQ(delegate->event->eventID, kit::openApplicationEvent);
+  EXPECT_FALSE(desktop.platform().currentAppleEvent().has_value());
+}
+
+TEST(PlatformTest, programIsKnownByItsIdentifier) {
+  const Desktop desktop;
+  EXPECT_EQ(QApplication::desktopFileName(), kit::applicationId);
+  EXPECT_EQ(QApplication::applicationVersion(), "1.2.3");
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
+}
+
+TEST(PlatformTest, theActiveWindowIsTheKeyWindow) {
+  Desktop desktop;
+  desktop.showWindow();
+  kit::Window second("second", "Second");
+  second.setContentSize({.width = 100, .height = 100});
+  second.attach(desktop.platform().host().peer(second));
+  desktop.application().addWindow(second);
+  second.setVisible(true);
+  ASSERT_TRUE(becomes([&] { return desktop.application().keyWindow() == &second; }));
+  desktop.window().peer()->orderFront();
+  EXPECT_TRUE(becomes([&] { return desktop.application().keyWindow() == &desktop.window(); }));
+  desktop.application().removeWindow(second);
+  second.attach(nullptr);
+}
+
+TEST(PlatformTest, windowsGoOutOfTheWayAndComeBack) {
+  Desktop desktop;
+  desktop.showWindow();
+  desktop.window().peer()->miniaturize();
+  EXPECT_TRUE(driver::widget(desktop.window()).isMinimized());
+  desktop.window().peer()->orderFront();
+  EXPECT_FALSE(driver::widget(desktop.window()).isMinimized());
+}
+
+TEST(PlatformTest, aWindowOfAHigherLevelStaysOnTop) {
+  Desktop desktop;
+  desktop.showWindow();
+  const QWidget& widget = driver::widget(desktop.window());
+  desktop.window().setLevel(3);
+  EXPECT_TRUE(widget.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+  EXPECT_TRUE(widget.isVisible());
+  desktop.window().setLevel(kit::Window::normalLevel);
+  EXPECT_FALSE(widget.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST(AboutPanelTest, saysWhatTheProgramIs) {
+  Desktop desktop;
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  const auto* panel = shown<AboutPanel>();
+  ASSERT_NE(panel, nullptr);
+  EXPECT_THAT(textsOf(*panel), ElementsAre("Tarnwell", "Version 1.2.3", "© Somebody"));
+  EXPECT_EQ(panel->windowTitle(), "About Tarnwell");
+}
+
+TEST(AboutPanelTest, thereIsOne) {
+  Desktop desktop;
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  const auto* first = shown<AboutPanel>();
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  EXPECT_EQ(shown<AboutPanel>(), first);
+}
+
+TEST(AboutPanelTest, escapeClosesItAndItCanBeShownAgain) {
+  Desktop desktop;
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  driver::keyTo(*shown<AboutPanel>(), Qt::Key_Escape);
+  EXPECT_EQ(shown<AboutPanel>(), nullptr);
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  EXPECT_NE(shown<AboutPanel>(), nullptr);
+}
+
+TEST(MessagePanelTest, saysWhenItIsClosed) {
+  int closed = 0;
+  showMessage("Title", "A message.", [&closed] { ++closed; });
+  auto* panel = shown<MessagePanel>();
+  ASSERT_NE(panel, nullptr);
+  EXPECT_THAT(textsOf(*panel), ElementsAre("A message."));
+  EXPECT_EQ(closed, 0);
+  driver::keyTo(*panel, Qt::Key_Return);
+  driver::settle();
+  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(shown<MessagePanel>(), nullptr);
+}
+
+}  // namespace
+}  // namespace tarnwell::host::qt
