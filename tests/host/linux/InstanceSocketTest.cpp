@@ -1,0 +1,97 @@
+#include "host/linux/InstanceSocket.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <variant>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
+
+namespace tarnwell::host_linux {
+namespace {
+
+using Claimed = Result<std::unique_ptr<InstanceSocket>>;
+
+/// Null where another one holds the lock, or where there is an error, which is a failure of the test.
+std::unique_ptr<InstanceSocket> claim(const std::filesystem::path& folder, const std::string& message = {}) {
+  Claimed claimed = InstanceSocket::claim(folder, message);
+  if (const auto* failure = std::get_if<Failure>(&claimed)) {
+    ADD_FAILURE() << failure->message;
+    return nullptr;
+  }
+  return std::get<std::unique_ptr<InstanceSocket>>(std::move(claimed));
+}
+
+TEST(InstanceSocketTest, theFirstHearsOfEveryFurtherOne) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(claim(folder.path(), "one"), nullptr);
+  EXPECT_EQ(claim(folder.path(), "two"), nullptr);
+  EXPECT_EQ(first->receive(), "one");
+  EXPECT_EQ(first->receive(), "two");
+  EXPECT_EQ(first->receive(), "");
+}
+
+TEST(InstanceSocketTest, lockIsFreeAtTheEnd) {
+  const fixtures::Sandbox folder;
+  EXPECT_NE(claim(folder.path()), nullptr);
+  EXPECT_NE(claim(folder.path()), nullptr);
+  EXPECT_FALSE(folder.holds("tarnwell.socket"));
+}
+
+TEST(InstanceSocketTest, whatADeadProcessLeftIsReplaced) {
+  const fixtures::Sandbox folder;
+  fixtures::exitStatusOf([&folder] {
+    // Never ended: the process goes with it.
+    return claim(folder.path()).release() != nullptr ? 0 : 1;
+  });
+  ASSERT_TRUE(folder.holds("tarnwell.socket"));
+  EXPECT_NE(claim(folder.path()), nullptr);
+}
+
+TEST(InstanceSocketTest, oneThatHoldsTheLockButNeverListensIsReported) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  std::filesystem::remove(folder / "tarnwell.socket");
+  const Claimed second = InstanceSocket::claim(folder.path(), {});
+  ASSERT_TRUE(std::holds_alternative<Failure>(second));
+  EXPECT_NE(std::get<Failure>(second).message.find("does not answer"), std::string::npos);
+}
+
+TEST(InstanceSocketTest, childrenDoNotInheritLockOrSocket) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  const std::string listing = "ls -l /proc/self/fd | grep -c tarnwell.lock > '" + (folder / "count").string() + "'";
+  EXPECT_NE(std::system(listing.c_str()), -1);
+  EXPECT_EQ(folder.read("count"), "0\n");
+}
+
+TEST(InstanceSocketTest, folderThatIsTooDeepIsReported) {
+  const fixtures::Sandbox folder;
+  const std::string deep(120, 'd');
+  const Claimed claimed = InstanceSocket::claim(folder / deep, {});
+  ASSERT_TRUE(std::holds_alternative<Failure>(claimed));
+}
+
+TEST(InstanceSocketTest, usesTheUsersRuntimeFolder) {
+  const fixtures::Sandbox folder;
+  const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
+  EXPECT_EQ(std::get<std::filesystem::path>(InstanceSocket::folder()), folder.path());
+}
+
+TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
+  const fixtures::Sandbox folder;
+  ::chmod(folder.path().c_str(), 0755);
+  const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
+  const auto used = std::get<std::filesystem::path>(InstanceSocket::folder());
+  EXPECT_EQ(used, "/tmp/tarnwell-" + std::to_string(::geteuid()));
+  EXPECT_EQ(std::filesystem::status(used).permissions(), std::filesystem::perms::owner_all);
+}
+
+}  // namespace
+}  // namespace tarnwell::host_linux
