@@ -101,12 +101,12 @@ TEST(ControlNodeTest, aFieldShowsItsNumberInTheEnvironmentsNotation) {
 }
 
 TEST(ControlNodeTest, whatIsBeingTypedOutlivesUpdates) {
-  double speed = 0.5;
-  const View content = VStack{.children = {TextField{.title = "field", .value = bindingTo(speed)}, Counter{}}};
+  const auto speed = std::make_unique<double>(0.5);
+  const View content = VStack{.children = {TextField{.title = "field", .value = bindingTo(*speed)}, Counter{}}};
   Stage stage{content};
   auto& field = stage.find<kit::TextField>("field");
   field.type("0.7");
-  speed = 0.9;
+  *speed = 0.9;
   stage.show(content);
   EXPECT_EQ(field.shownText(), "0.7");
   field.cancel();
@@ -243,15 +243,15 @@ TEST(ControlNodeTest, aLabelThatIsIconOnlyTellsItsTitleToScreenReaders) {
 // Pickers.
 
 TEST(ControlNodeTest, aPickerWithAValueThatIsNoItemsShowsNone) {
-  int value = 7;
-  const View content = makePicker<int>("picker", bindingTo(value),
+  const auto value = std::make_unique<int>(7);
+  const View content = makePicker<int>("picker", bindingTo(*value),
                                        {{.tag = 1, .item = {.title = "one"}}, {.tag = 2, .item = {.title = "two"}}});
   Stage stage{content};
   auto& popUp = stage.find<kit::PopUpButton>("picker");
   EXPECT_EQ(popUp.selectedIndex(), -1);
   popUp.choose(0);
-  EXPECT_EQ(value, 1);
-  value = 9;
+  EXPECT_EQ(*value, 1);
+  *value = 9;
   stage.show(content);
   EXPECT_EQ(popUp.selectedIndex(), -1);
 }

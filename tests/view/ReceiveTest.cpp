@@ -50,8 +50,9 @@ TEST_F(ReceiveTest, aViewThatWentReceivesNothing) {
 TEST_F(ReceiveTest, whatTheHandlerChangesSettles) {
   const Numbered numbered{.make = [this](const State<int>& number) {
     return View(Text{std::to_string(number.get())})
-        .onReceive([this](kit::NotificationCenter::Handler handler) { return center.addObserver("bell", handler); },
-                   [number](const kit::Notification&) { number.set(number.get() + 1); });
+        .onReceive(
+            [this](kit::NotificationCenter::Handler handler) { return center.addObserver("bell", std::move(handler)); },
+            [number](const kit::Notification&) { number.set(number.get() + 1); });
   }};
   const Stage stage{numbered};
   center.post({.name = "bell"});

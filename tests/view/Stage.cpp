@@ -13,24 +13,25 @@ namespace {
 
 /// Shows a view that is exchanged from outside.
 struct Slot {
-  State<View> content;
-  std::shared_ptr<Binding<View>> remote = {};
+  State<std::shared_ptr<const View>> content = {};
+  std::shared_ptr<Binding<std::shared_ptr<const View>>> remote = {};
 
   auto stored() { return std::tie(content); }
   View body() const {
     *remote = content.binding();
-    return content.get();
+    return *content.get();
   }
 };
 
 }  // namespace
 
 Stage::Stage(const View& content, const EnvironmentValues& environment) {
-  window_ = std::make_unique<HostedWindow>(turn_, host_,
-                                           HostedWindow::Content{.identifier = "stage",
-                                                                 .title = "Stage",
-                                                                 .view = Slot{.content = content, .remote = content_},
-                                                                 .environment = environment});
+  window_ = std::make_unique<HostedWindow>(
+      turn_, host_,
+      HostedWindow::Content{.identifier = "stage",
+                            .title = "Stage",
+                            .view = Slot{.content = std::make_shared<const View>(content), .remote = content_},
+                            .environment = environment});
   told();
 }
 
@@ -39,7 +40,7 @@ EnvironmentValues Stage::makeEnvironment() {
 }
 
 void Stage::show(const View& content) {
-  turn_.perform([this, content] { content_->set(content); });
+  turn_.perform([this, content] { content_->set(std::make_shared<const View>(content)); });
 }
 
 std::string Stage::dump() const { return view::dump(window_->tree().root()); }

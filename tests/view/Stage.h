@@ -70,7 +70,8 @@ class Stage {
 
   BoxHost host_;
   kit::Turn turn_;
-  std::shared_ptr<Binding<View>> content_ = std::make_shared<Binding<View>>();
+  std::shared_ptr<Binding<std::shared_ptr<const View>>> content_ =
+      std::make_shared<Binding<std::shared_ptr<const View>>>();
   std::unique_ptr<HostedWindow> window_;
 };
 
