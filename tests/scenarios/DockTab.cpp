@@ -1,5 +1,6 @@
 #include "scenarios/DockTab.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -14,7 +15,7 @@
 
 namespace tarnwell::scenarios {
 
-DockTab::DockTab(DockTabOptions options) : driver_(makeDriver()) {
+DockTab::DockTab(const DockTabOptions& options) : driver_(makeDriver()) {
   const auto environment =
       view::EnvironmentValues()
           .with<dockscreen::CommandRunnerKey>(&runner_)
@@ -83,12 +84,12 @@ std::vector<std::string> DockTab::reads() { return std::exchange(runner_.capture
 kit::Control& DockTab::control(const std::string& name) const {
   // Backwards: a row's label stands before the control that is named for it.
   const auto controls = window_->tree().controls();
-  for (auto it = controls.rbegin(); it != controls.rend(); ++it) {
-    if ((*it)->accessibleName() == name) {
-      return **it;
-    }
+  const auto found = std::find_if(controls.rbegin(), controls.rend(),
+                                  [&name](const kit::Control* each) { return each->accessibleName() == name; });
+  if (found == controls.rend()) {
+    throw std::invalid_argument("nothing is called " + name);
   }
-  throw std::invalid_argument("nothing is called " + name);
+  return **found;
 }
 
 }  // namespace tarnwell::scenarios

@@ -21,7 +21,7 @@ struct DockTabOptions {
 /// The Dock tab in a window of its own, over a runner that answers from a table.
 class DockTab {
  public:
-  explicit DockTab(DockTabOptions options = {});
+  explicit DockTab(const DockTabOptions& options = {});
   DockTab(const DockTab&) = delete;
   DockTab& operator=(const DockTab&) = delete;
   ~DockTab();
