@@ -4,6 +4,7 @@
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
+#include "host/qt/RunLater.h"
 #include "kit/ApplicationId.h"
 
 namespace tarnwell::host::qt {
@@ -93,14 +94,11 @@ std::optional<QVariantList> ApplicationService::call(const QString& method, cons
 void ApplicationService::ask(const QString& action, const QVariant& platformData) {
   const Request request = {.action = action.toStdString(), .token = tokenOf(qdbus_cast<QVariantMap>(platformData))};
   // After the answer, for which another start waits.
-  QMetaObject::invokeMethod(
-      this,
-      [this, request]() noexcept {
-        if (asked_) {
-          asked_(request);
-        }
-      },
-      Qt::QueuedConnection);
+  runLater(*this, [this, request] {
+    if (asked_) {
+      asked_(request);
+    }
+  });
 }
 
 }  // namespace tarnwell::host::qt

@@ -6,6 +6,7 @@
 
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyEquivalentText.h"
+#include "host/qt/RunLater.h"
 #include "kit/Application.h"
 
 namespace tarnwell::host::qt {
@@ -174,7 +175,7 @@ QVariantMap BusMenu::propertiesOf(int id) const {
 }
 
 QVariantList BusMenu::groupProperties(const QVariant& ids) const {
-  QList<int> wanted = qdbus_cast<QList<int>>(ids);
+  auto wanted = qdbus_cast<QList<int>>(ids);
   if (wanted.isEmpty()) {
     // None stands for all.
     std::ranges::transform(items_, std::back_inserter(wanted), &std::pair<const int, Item>::first);
@@ -200,8 +201,7 @@ void BusMenu::handle(const BusMenuEvent& event) {
   const auto found = items_.find(event.id);
   if (event.kind == QLatin1String("clicked") && found != items_.end()) {
     // After the answer: what is chosen may take its time, or end the program.
-    QMetaObject::invokeMethod(
-        this, [this, item = found->second]() noexcept { application_.choose(item); }, Qt::QueuedConnection);
+    runLater(*this, [this, item = found->second] { application_.choose(item); });
   }
 }
 

@@ -11,8 +11,11 @@ const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Propert
 
 }  // namespace
 
-BusObject::BusObject(const QDBusConnection& bus, QString path, QString interface, QString description)
-    : bus_(bus), path_(std::move(path)), interface_(std::move(interface)), description_(std::move(description)) {
+BusObject::BusObject(QDBusConnection bus, QString path, QString interface, QString description)
+    : bus_(std::move(bus)),
+      path_(std::move(path)),
+      interface_(std::move(interface)),
+      description_(std::move(description)) {
   bus_.registerVirtualObject(path_, this);
 }
 

@@ -19,7 +19,7 @@ class BusObject : public QDBusVirtualObject {
 
  protected:
   /// `description` is the interface as introspection tells it.
-  BusObject(const QDBusConnection& bus, QString path, QString interface, QString description);
+  BusObject(QDBusConnection bus, QString path, QString interface, QString description);
 
   /// What a method of the interface gives back; nothing for a method that it does not have.
   virtual std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) = 0;

@@ -4,6 +4,7 @@
 
 #include "host/qt/ActivationToken.h"
 #include "host/qt/Conversions.h"
+#include "host/qt/RunLater.h"
 #include "host/qt/StatusImage.h"
 #include "kit/ApplicationId.h"
 
@@ -87,8 +88,7 @@ QVariantMap BusStatusItem::properties() const {
 
 void BusStatusItem::released(kit::Event::Type button) {
   // After the answer: a menu stays open until it is left.
-  QMetaObject::invokeMethod(
-      this, [this, button]() noexcept { item_.mouseUp(button); }, Qt::QueuedConnection);
+  runLater(*this, [this, button] { item_.mouseUp(button); });
 }
 
 }  // namespace tarnwell::host::qt

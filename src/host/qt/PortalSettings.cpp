@@ -1,13 +1,12 @@
 #include "host/qt/PortalSettings.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QStandardPaths>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 
+#include "host/qt/SessionBus.h"
 #include "host/qt/Theme.h"
 
 namespace tarnwell::host::qt {
@@ -19,12 +18,6 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
 const QString accentKey = QStringLiteral("accent-color");
-
-// Without an address the bus library would start a bus of its own, and wait for that.
-bool sessionBusExists() {
-  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-         QFile::exists(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/bus");
-}
 
 // The portal wraps its answers once or twice, depending on its version.
 QVariant unwrapped(QVariant value) {
@@ -65,9 +58,7 @@ std::optional<QColor> accentOf(const QVariant& value) {
 }  // namespace
 
 PortalSettings::PortalSettings(Theme& theme) : theme_(theme) {
-  if (sessionBusExists()) {
-    QMetaObject::invokeMethod(this, "connectToPortal", Qt::QueuedConnection);
-  }
+  QMetaObject::invokeMethod(this, "connectToPortal", Qt::QueuedConnection);
 }
 
 void PortalSettings::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
@@ -77,11 +68,15 @@ void PortalSettings::settingChanged(const QString& space, const QString& key, co
 }
 
 void PortalSettings::connectToPortal() {
+  auto bus = sessionBus();
+  if (!bus) {
+    return;
+  }
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   // The bus library knows its own types only once it has been asked for one; until then no slot fits.
   QDBusMetaType::typeToSignature(QMetaType::fromType<QDBusVariant>());
-  QDBusConnection::sessionBus().connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
-                                        SLOT(settingChanged(QString, QString, QDBusVariant)));
+  bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+               SLOT(settingChanged(QString, QString, QDBusVariant)));
   ask(colorSchemeKey);
   ask(accentKey);
 }

@@ -9,6 +9,7 @@
 #include "host/qt/ActivationToken.h"
 #include "host/qt/ApplicationIcon.h"
 #include "host/qt/MenuBar.h"
+#include "host/qt/RunLater.h"
 #include "host/qt/StatusIcon.h"
 #include "host/qt/TrayNotice.h"
 #include "host/qt/WindowWidget.h"
@@ -73,15 +74,12 @@ void QtPlatform::wakeUp(kit::Application& application) {
   if (std::exchange(turnIsDue_, true)) {
     return;
   }
-  QMetaObject::invokeMethod(
-      &context_,
-      [this, woken = weak(application)]() noexcept {
-        turnIsDue_ = false;
-        if (const auto alive = woken.lock()) {
-          alive->runTurn();
-        }
-      },
-      Qt::QueuedConnection);
+  runLater(context_, [this, woken = weak(application)] {
+    turnIsDue_ = false;
+    if (const auto alive = woken.lock()) {
+      alive->runTurn();
+    }
+  });
 }
 
 void QtPlatform::activate() {
@@ -97,8 +95,7 @@ void QtPlatform::terminate() {
     application_.quit();
   } else {
     // A loop that has not begun yet would not hear of it.
-    QMetaObject::invokeMethod(
-        &context_, [this]() noexcept { application_.quit(); }, Qt::QueuedConnection);
+    runLater(context_, [this] { application_.quit(); });
   }
 }
 

@@ -1,13 +1,13 @@
 #include "host/qt/StatusIcon.h"
 
 #include <QtCore/QEvent>
-#include <QtCore/QTimer>
 #include <QtGui/QCursor>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QSystemTrayIcon>
 
 #include "host/qt/Conversions.h"
 #include "host/qt/MenuWidget.h"
+#include "host/qt/RunLater.h"
 #include "host/qt/SessionBus.h"
 #include "host/qt/TrayWatch.h"
 
@@ -27,7 +27,7 @@ StatusIcon::StatusIcon(kit::StatusItem& item, TrayWatch& watch, const Theme& the
   trayChanges_ = watch_.observe([this] { follow(); });
   qApp->installEventFilter(this);
   // The item is not complete yet; it gets its menu after it was made.
-  QTimer::singleShot(0, this, [this]() noexcept { follow(); });
+  runLater(*this, [this] { follow(); });
 }
 
 StatusIcon::~StatusIcon() = default;

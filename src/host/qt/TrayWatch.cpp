@@ -1,12 +1,12 @@
 #include "host/qt/TrayWatch.h"
 
-#include <QtCore/QTimer>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtDBus/QDBusServiceWatcher>
 #include <utility>
 
+#include "host/qt/RunLater.h"
 #include "host/qt/SessionBus.h"
 
 namespace tarnwell::host::qt {
@@ -23,7 +23,7 @@ bool saysThereIsNone(const QDBusError& error) {
 }  // namespace
 
 TrayWatch::TrayWatch() : xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
-  QTimer::singleShot(0, this, [this]() noexcept { listen(); });
+  runLater(*this, [this] { listen(); });
 }
 
 TrayWatch::~TrayWatch() = default;

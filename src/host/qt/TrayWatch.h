@@ -37,10 +37,8 @@ class TrayWatch final : public QObject {
   /// Makes the icon at `path` on the session bus known.
   static void announce(const QString& path);
 
- private Q_SLOTS:
-  void ask();
-
  private:
+  Q_SLOT void ask();
   enum class Answer { none, noWatcher, noHost, host };
 
   void listen();

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "kit/Action.h"
+
+class QObject;
+
+namespace tarnwell::host::qt {
+
+/// Runs `action` from the event loop, the innermost one too, unless `context` has ended by then.
+void runLater(QObject& context, kit::Action action);
+
+}  // namespace tarnwell::host::qt
