@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fixtures/StandardOutputCapture.h"
+#include "view/Spacer.h"
 #include "view/Stage.h"
 
 namespace tarnwell::dockscreen {
@@ -104,6 +105,13 @@ TEST_F(NSSliderWrapperTest, theFirstBindingIsKept) {
   stage.first<kit::Slider>().choose(0.25);
   EXPECT_EQ(value, 0.25);
   EXPECT_EQ(other, 0);
+}
+
+TEST_F(NSSliderWrapperTest, aDragMayTakeItsOwnWindowAway) {
+  view::Stage stage{view::EmptyView{}};
+  stage.show(NSSliderWrapper{.value = {.get = [] { return 0.5; }, .set = [&stage](double) { stage.drop(); }}});
+  stage.first<kit::Slider>().choose(0.25);
+  EXPECT_TRUE(printed().ends_with("VALUE: 0.25\n"));
 }
 
 TEST_F(NSSliderWrapperTest, aSliderThatOutlivesItsCoordinatorIsSilent) {

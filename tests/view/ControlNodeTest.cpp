@@ -143,43 +143,6 @@ TEST(ControlNodeTest, anActionMayRemoveItsOwnView) {
   EXPECT_EQ(stage.dump(), "Text \"gone\"\n");
 }
 
-// What is replaced by a nested loop is still running when the loop ends.
-TEST(ControlNodeTest, aBindingMayOpenALoopInWhichItsOwnViewIsUpdatedOrRemoved) {
-  for (const bool removes : {false, true}) {
-    Stage stage{EmptyView{}};
-    const std::string note = "a text that is too long to be kept in the closure itself";
-    std::string said;
-    const auto ask = [&stage, &said, note, removes] {
-      stage.turn().nestedLoop([&] { stage.show(removes ? View(Text{"gone"}) : View(VStack{})); });
-      said += note;
-    };
-    const auto content = [ask] {
-      return VStack{
-          .children = {
-              Toggle{.title = "switch", .isOn = {.get = [] { return false; }, .set = [ask](bool) { ask(); }}},
-              Stepper{.title = "stepper", .value = {.get = [] { return 1.0; }, .set = [ask](double) { ask(); }}},
-              TextField{.title = "field", .value = {.get = [] { return 1.0; }, .set = [ask](double) { ask(); }}},
-              Picker{.title = "picker",
-                     .items = {{.title = "a"}, {.title = "b"}},
-                     .selectedIndex = {.get = [] { return 0; }, .set = [ask](int) { ask(); }}}}};
-    };
-    const std::vector<std::function<void()>> inputs = {[&] { stage.find<kit::Toggle>("switch").press(); },
-                                                       [&] { stage.find<kit::Stepper>("stepper").increment(); },
-                                                       [&] {
-                                                         auto& field = stage.find<kit::TextField>("field");
-                                                         field.type("2");
-                                                         field.commit();
-                                                       },
-                                                       [&] { stage.find<kit::PopUpButton>("picker").choose(1); }};
-    for (const auto& input : inputs) {
-      said.clear();
-      stage.show(content());
-      input();
-      EXPECT_EQ(said, note);
-    }
-  }
-}
-
 TEST(ControlNodeTest, aRemovedNodesLateActionDoesNothing) {
   int clicks = 0;
   bool on = false;
