@@ -128,7 +128,8 @@ int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
 }  // namespace
 }  // namespace tarnwell
 
-int main(int argc, char** argv) {
+// What is thrown past here is a fault, and ends the process as one.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   using tarnwell::host_linux::CommandLine;
   using tarnwell::host_linux::Failure;
   using tarnwell::host_linux::LaunchArguments;

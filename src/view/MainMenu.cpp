@@ -29,9 +29,8 @@ std::shared_ptr<kit::MenuItem> settingsEntry(kit::Action open) {
 
 }  // namespace
 
-MainMenu::MainMenu(kit::Application& application, const std::vector<CommandGroup>& commands,
-                   const EnvironmentValues& environment)
-    : application_(application), commands_(commands), environment_(environment) {
+MainMenu::MainMenu(kit::Application& application, std::vector<CommandGroup> commands, EnvironmentValues environment)
+    : application_(application), commands_(std::move(commands)), environment_(std::move(environment)) {
   addApplicationMenu();
   addFileMenu();
   addEditMenu();

@@ -16,8 +16,7 @@ namespace tarnwell::view {
 class MainMenu {
  public:
   /// The application is borrowed and outlives the menu.
-  MainMenu(kit::Application& application, const std::vector<CommandGroup>& commands,
-           const EnvironmentValues& environment);
+  MainMenu(kit::Application& application, std::vector<CommandGroup> commands, EnvironmentValues environment);
   MainMenu(const MainMenu&) = delete;
   MainMenu& operator=(const MainMenu&) = delete;
   ~MainMenu();
