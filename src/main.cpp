@@ -40,11 +40,11 @@ int failed(const std::string& message, int status) {
 std::unique_ptr<kit::UpdaterController> makeUpdaterController() {
   return std::make_unique<host_linux::UnconfiguredUpdaterController>(
       [](const std::string& message, kit::Action closed) {
-        host::qt::showMessage("Check for Updates", message, std::move(closed));
+        host_qt::showMessage("Check for Updates", message, std::move(closed));
       });
 }
 
-view::EnvironmentValues makeEnvironment(host::qt::QtPlatform& platform, core::CommandRunner& runner) {
+view::EnvironmentValues makeEnvironment(host_qt::QtPlatform& platform, core::CommandRunner& runner) {
   return view::EnvironmentValues()
       .with<dockscreen::CommandRunnerKey>(&runner)
       .with<view::NumberFormatKey>(platform.numberFormat())
@@ -59,13 +59,13 @@ struct Start {
   std::filesystem::path executable = {};
 };
 
-int run(host::qt::QtApplication& desktop, host::qt::SingleInstance& instance, const Start& start) {
+int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, const Start& start) {
   host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
                                       .name = "Tarnwell",
                                       .executable = start.executable,
                                       .argument = host_linux::LaunchArguments::launchedAtLogin});
   host_linux::JournalLog log("tarnwell");
-  host::qt::QtPlatform platform(
+  host_qt::QtPlatform platform(
       desktop,
       {.systemVersion = start.version,
        .numberFormat = std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment()),
@@ -79,8 +79,8 @@ int run(host::qt::QtApplication& desktop, host::qt::SingleInstance& instance, co
   const auto application = kit::Application::create(platform);
   app::TarnwellApp tarnwellApp;
   view::SceneRunner scenes(*application, makeEnvironment(platform, runner));
-  instance.setAsked([&](const host::qt::ApplicationService::Request& request) {
-    host::qt::useActivationToken(request.token);
+  instance.setAsked([&](const host_qt::ApplicationService::Request& request) {
+    host_qt::useActivationToken(request.token);
     application->turn().perform([&scenes] { scenes.openSettings(); });
     platform.activate();
   });
@@ -91,16 +91,16 @@ int run(host::qt::QtApplication& desktop, host::qt::SingleInstance& instance, co
 
 int startOnDesktop(int argc, char** argv, const Start& start) {
   // Before the toolkit starts, which uses it up.
-  const std::string token = host::qt::givenActivationToken();
-  const auto desktop = host::qt::QtApplication::create(argc, argv);
+  const std::string token = host_qt::givenActivationToken();
+  const auto desktop = host_qt::QtApplication::create(argc, argv);
   if (!desktop) {
     return EXIT_FAILURE;
   }
-  const auto claimed = host::qt::SingleInstance::claim(*desktop, token);
+  const auto claimed = host_qt::SingleInstance::claim(*desktop, token);
   if (const auto* failure = std::get_if<host_linux::Failure>(&claimed)) {
     return failed(failure->message, EXIT_FAILURE);
   }
-  const auto& instance = std::get<std::unique_ptr<host::qt::SingleInstance>>(claimed);
+  const auto& instance = std::get<std::unique_ptr<host_qt::SingleInstance>>(claimed);
   // The one that runs already has come to the front.
   return instance ? run(*desktop, *instance, start) : EXIT_SUCCESS;
 }

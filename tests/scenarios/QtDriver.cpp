@@ -26,15 +26,15 @@ namespace {
 // One for the program: the toolkit allows no second. It goes before the program takes the toolkit's globals apart.
 class ApplicationEnvironment final : public testing::Environment {
  public:
-  void SetUp() override { application_ = host::qt::QtApplication::create(1, arguments_.data()); }
+  void SetUp() override { application_ = host_qt::QtApplication::create(1, arguments_.data()); }
   void TearDown() override { application_.reset(); }
 
-  host::qt::QtApplication& application() { return *application_; }
+  host_qt::QtApplication& application() { return *application_; }
 
  private:
   std::array<char, 9> name_ = {"scenario"};
   std::array<char*, 2> arguments_ = {name_.data(), nullptr};
-  std::unique_ptr<host::qt::QtApplication> application_;
+  std::unique_ptr<host_qt::QtApplication> application_;
 };
 
 // Owned by the test framework.
@@ -42,7 +42,7 @@ ApplicationEnvironment& environment =
     static_cast<ApplicationEnvironment&>(*testing::AddGlobalTestEnvironment(new ApplicationEnvironment));
 
 QWidget& widgetOf(const kit::Control& control) {
-  QWidget* widget = host::qt::WidgetPeer::widgetOf(control);
+  QWidget* widget = host_qt::WidgetPeer::widgetOf(control);
   if (widget == nullptr) {
     throw std::logic_error("the control has no widget");
   }

@@ -40,7 +40,7 @@ Names symbolsOfSettings(app::RunningApplication& application) {
 
 void expectDrawings(const Names& names) {
   for (const std::string& name : names) {
-    EXPECT_TRUE(host::qt::Symbols::has(name)) << '"' << name << '"';
+    EXPECT_TRUE(host_qt::Symbols::has(name)) << '"' << name << '"';
   }
 }
 
@@ -70,7 +70,7 @@ TEST(QtSymbols, theMenuBarExtrasSymbolHasADrawing) {
   application.start();
   const std::string name = application.platform().statusItems().at(0)->button()->image().symbol;
   EXPECT_EQ(name, "dock.rectangle");
-  EXPECT_TRUE(host::qt::Symbols::has(name));
+  EXPECT_TRUE(host_qt::Symbols::has(name));
 }
 
 }  // namespace

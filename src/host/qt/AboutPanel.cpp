@@ -10,7 +10,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/Event.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr Qt::WindowFlags panelFlags =
@@ -106,4 +106,4 @@ void AboutPanel::setFonts() {
   copyright_->setFont(sized(smallShare));
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

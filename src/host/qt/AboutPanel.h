@@ -8,7 +8,7 @@
 
 class QLabel;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The panel with icon, name, version and copyright. Escape and Control-W close it.
 class AboutPanel final : public QWidget {
@@ -41,4 +41,4 @@ class AboutPanel final : public QWidget {
   QLabel* copyright_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -21,7 +21,7 @@
 #include "kit/TextLabel.h"
 #include "kit/Toggle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 class AccessibleLabel final : public AccessibleControl {
@@ -131,4 +131,4 @@ void announceChange(QWidget& widget, const kit::Control& control, kit::Aspect as
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

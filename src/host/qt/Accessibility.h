@@ -11,7 +11,7 @@ namespace tarnwell::kit {
 class Control;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// Makes the widgets of controls known to screen readers by what they are. Once, before the first window.
 void installAccessibility();
@@ -22,4 +22,4 @@ std::unique_ptr<QAccessibleEvent> announcementOf(QWidget& widget, const kit::Con
 /// Tells it, where there is a screen reader.
 void announceChange(QWidget& widget, const kit::Control& control, kit::Aspect aspect);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

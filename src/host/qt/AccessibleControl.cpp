@@ -3,7 +3,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/Control.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
   const auto* shown = control<kit::Control>();
@@ -14,4 +14,4 @@ QString AccessibleControl::text(QAccessible::Text kind) const {
   return given.isEmpty() ? ownName() : given;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 
 #include "host/qt/ControlLink.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// What a screen reader is told of a control: role, name and state. Qt keeps it as long as the widget, which is a
 /// moment longer than the control.
@@ -29,4 +29,4 @@ class AccessibleControl : public QAccessibleWidget {
   ControlLink& link_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

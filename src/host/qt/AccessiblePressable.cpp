@@ -9,7 +9,7 @@
 #include "kit/PopUpButton.h"
 #include "kit/Toggle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 void AccessiblePressable::doAction(const QString& name) {
   if (control<kit::Control>() == nullptr) {
@@ -63,4 +63,4 @@ void AccessiblePopUpButton::press() {
   QApplication::sendEvent(widget(), &space);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

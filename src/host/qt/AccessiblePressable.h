@@ -2,7 +2,7 @@
 
 #include "host/qt/AccessibleControl.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A control with one action, which does what a click does.
 class AccessiblePressable : public AccessibleControl {
@@ -53,4 +53,4 @@ class AccessiblePopUpButton final : public AccessiblePressable {
   void press() override;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 void* AccessibleRange::interface_cast(QAccessible::InterfaceType type) {
   return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
@@ -99,4 +99,4 @@ void AccessibleStepper::step(int direction) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -2,7 +2,7 @@
 
 #include "host/qt/AccessibleControl.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A slider or a stepper: the stored value, whichever way the picture is turned.
 class AccessibleRange : public AccessibleControl, public QAccessibleValueInterface {
@@ -47,4 +47,4 @@ class AccessibleStepper final : public AccessibleRange {
   void step(int direction) override;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/TabBar.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 bool AccessibleTab::isValid() const { return bar() != nullptr; }
 
@@ -52,4 +52,4 @@ kit::TabBar* AccessibleTab::bar() const {
   return exists ? shown : nullptr;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@ namespace tarnwell::kit {
 class TabBar;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// One tab of a tab bar, as a screen reader is told of it.
 class AccessibleTab final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -44,4 +44,4 @@ class AccessibleTab final : public QAccessibleInterface, public QAccessibleActio
   int index_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

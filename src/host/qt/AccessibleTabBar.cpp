@@ -3,7 +3,7 @@
 #include "host/qt/AccessibleTab.h"
 #include "kit/TabBar.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 AccessibleTabBar::~AccessibleTabBar() {
   for (const QAccessible::Id tab : tabs_) {
@@ -42,4 +42,4 @@ int AccessibleTabBar::indexOfChild(const QAccessibleInterface* child) const {
   return tab != nullptr ? tab->index() : -1;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

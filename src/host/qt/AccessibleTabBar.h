@@ -4,7 +4,7 @@
 
 #include "host/qt/AccessibleControl.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A tab bar with its tabs as children. The tabs are no widgets, so their interfaces belong to the bar's.
 class AccessibleTabBar final : public AccessibleControl {
@@ -21,4 +21,4 @@ class AccessibleTabBar final : public AccessibleControl {
   mutable std::vector<QAccessible::Id> tabs_;  // Made when they are first asked for.
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 #include "host/qt/X11Activation.h"
 #include "host/qt/X11Display.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
@@ -49,4 +49,4 @@ void bringToFront(QWidget& window) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

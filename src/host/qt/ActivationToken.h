@@ -4,7 +4,7 @@
 
 class QWidget;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The desktop's permission to come to the front, which whoever started this process was given for it; empty for none.
 /// Read before the toolkit starts, which uses it up.
@@ -16,4 +16,4 @@ void useActivationToken(const std::string& token);
 /// Puts the window in front of all others and asks for the keyboard, with the permission that is kept if there is one.
 void bringToFront(QWidget& window);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

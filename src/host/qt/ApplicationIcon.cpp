@@ -5,7 +5,7 @@
 #include <array>
 #include <cmath>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr std::array<int, 4> sides = {16, 32, 48, 128};
@@ -32,4 +32,4 @@ QPixmap applicationPicture(int points, double scale) {
   return picture;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

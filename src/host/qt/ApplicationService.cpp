@@ -7,7 +7,7 @@
 #include "host/qt/RunLater.h"
 #include "kit/ApplicationId.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int namePatience = 2000;
@@ -101,4 +101,4 @@ void ApplicationService::ask(const QString& action, const QVariant& platformData
   });
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 
 #include "host/qt/BusObject.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The application as launchers and further starts see it on the session bus (`org.freedesktop.Application`), under its
 /// own name.
@@ -41,4 +41,4 @@ class ApplicationService final : public BusObject {
   Asked asked_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/Theme.h"
 #include "kit/Box.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double groupRadius = 10;
@@ -42,4 +42,4 @@ class BoxWidget final : public ControlWidget {
 BoxPeer::BoxPeer(kit::Box& box, const Theme& theme, QWidget* parent)
     : WidgetPeer(box, new BoxWidget(box, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

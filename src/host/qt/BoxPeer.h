@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Box;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class BoxPeer final : public WidgetPeer {
   BoxPeer(kit::Box& box, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@
 #include "host/qt/RunLater.h"
 #include "kit/Application.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int rootId = 0;
@@ -205,4 +205,4 @@ void BusMenu::handle(const BusMenuEvent& event) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@ namespace tarnwell::kit {
 class Application;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A menu that another program shows, a panel for one (`com.canonical.dbusmenu`).
 class BusMenu final : public BusObject {
@@ -47,4 +47,4 @@ class BusMenu final : public BusObject {
   kit::Subscription changes_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include <QtDBus/QDBusVariant>
 #include <utility>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
@@ -61,4 +61,4 @@ std::optional<QVariantList> BusObject::property(const QString& name) const {
                                  : std::nullopt;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 #include <QtDBus/QDBusVirtualObject>
 #include <optional>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// An object on the session bus with one interface, from its making to its end. Calls arrive on the main thread.
 class BusObject : public QDBusVirtualObject {
@@ -40,4 +40,4 @@ class BusObject : public QDBusVirtualObject {
   QString description_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

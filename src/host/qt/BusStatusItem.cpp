@@ -8,7 +8,7 @@
 #include "host/qt/StatusImage.h"
 #include "kit/ApplicationId.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // The path by which panels know that there is no menu.
@@ -91,4 +91,4 @@ void BusStatusItem::released(kit::Event::Type button) {
   runLater(*this, [this, button] { item_.mouseUp(button); });
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include "host/qt/BusObject.h"
 #include "kit/StatusItem.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class StatusImage;
 
@@ -29,4 +29,4 @@ class BusStatusItem final : public BusObject {
   std::unique_ptr<BusMenu> menu_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <QtDBus/QDBusMetaType>
 #include <initializer_list>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 template <class... Member>
@@ -75,4 +75,4 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& eve
   return read(argument, event.id, event.kind, event.data, event.timestamp);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 // The structures that status icons and their menus are told in on the bus.
 
@@ -59,10 +59,10 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuLayout& la
 QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& event);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt
 
-Q_DECLARE_METATYPE(tarnwell::host::qt::BusImage)
-Q_DECLARE_METATYPE(tarnwell::host::qt::BusToolTip)
-Q_DECLARE_METATYPE(tarnwell::host::qt::BusMenuItem)
-Q_DECLARE_METATYPE(tarnwell::host::qt::BusMenuLayout)
-Q_DECLARE_METATYPE(tarnwell::host::qt::BusMenuEvent)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusImage)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusToolTip)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuItem)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuLayout)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuEvent)

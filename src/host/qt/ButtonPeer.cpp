@@ -9,7 +9,7 @@
 #include "host/qt/WrappedText.h"
 #include "kit/Button.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double pushRadius = 6;
@@ -80,4 +80,4 @@ class ButtonWidget final : public PressableWidget {
 ButtonPeer::ButtonPeer(kit::Button& button, const Theme& theme, QWidget* parent)
     : WidgetPeer(button, new ButtonWidget(button, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

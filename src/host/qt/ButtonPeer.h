@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Button;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class ButtonPeer final : public WidgetPeer {
   ButtonPeer(kit::Button& button, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include "diagnostics/Fault.h"
 #include "kit/Peer.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 QWidget* Container::contentOf(kit::Peer& peer) {
   const auto* container = dynamic_cast<const Container*>(&peer);
@@ -13,4 +13,4 @@ QWidget* Container::contentOf(kit::Peer& peer) {
   return container->content();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Peer;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A peer that other peers stand in.
 class Container {
@@ -23,4 +23,4 @@ class Container {
   static QWidget* contentOf(kit::Peer& peer);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

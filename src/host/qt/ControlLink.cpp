@@ -2,8 +2,8 @@
 
 #include <QtCore/QObject>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 ControlLink* ControlLink::of(QObject* object) noexcept { return dynamic_cast<ControlLink*>(object); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@ namespace tarnwell::kit {
 class Control;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// What ties a widget to the control that it shows. A widget outlives its control by a moment, since it may be inside
 /// an event of its own when the control goes; from then on it is cut off and hears nothing.
@@ -51,4 +51,4 @@ class ControlLink {
   kit::Action follower_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

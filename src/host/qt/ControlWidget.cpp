@@ -6,7 +6,7 @@
 
 #include "kit/Control.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double dimmed = 0.42;
@@ -57,4 +57,4 @@ void ControlWidget::focusInEvent(QFocusEvent* event) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@
 
 class QPainter;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -38,4 +38,4 @@ class ControlWidget : public QWidget, public ControlLink {
   bool reachedByKeyboard_ = false;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -2,7 +2,7 @@
 
 #include <QtGui/QKeyEvent>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr unsigned shiftFlag = 0x20000;
@@ -57,4 +57,4 @@ kit::KeyEvent toKeyEvent(const QKeyEvent& event) {
   return {.charactersIgnoringModifiers = charactersOf(event), .modifierFlags = flags};
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

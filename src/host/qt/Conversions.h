@@ -10,7 +10,7 @@
 
 class QKeyEvent;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 QString toQString(std::string_view utf8);
 
@@ -25,4 +25,4 @@ kit::Rect toRect(const QRect& rect);
 /// Control counts as Command, as is usual on this platform.
 kit::KeyEvent toKeyEvent(const QKeyEvent& event);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 
 #include "host/qt/Palette.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double chevronStroke = 1.4;
@@ -66,4 +66,4 @@ void drawChevron(QPainter& painter, const QPointF& centre, double size, Directio
   painter.drawPath(path);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 
 class QPainter;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 struct Palette;
 
@@ -29,4 +29,4 @@ void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palett
 /// A small arrow without a shaft, centred on `centre`; `size` is its width in points.
 void drawChevron(QPainter& painter, const QPointF& centre, double size, Direction direction, const QColor& color);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

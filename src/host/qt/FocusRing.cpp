@@ -6,7 +6,7 @@
 #include "host/qt/ControlLink.h"
 #include "host/qt/Theme.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int thickness = 3;
@@ -53,4 +53,4 @@ void FocusRing::follow() {
   raise();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QFocusFrame>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class ControlLink;
 class Theme;
@@ -29,4 +29,4 @@ class FocusRing final : public QFocusFrame {
   const Theme& theme_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -10,7 +10,7 @@
 #include "kit/TextField.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 bool isFieldInEditing(QObject* object) {
@@ -65,4 +65,4 @@ void InputWatch::focusMoved(QWidget* to) {
   ScrollAreaPeer::reveal(*to);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

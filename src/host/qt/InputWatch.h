@@ -9,7 +9,7 @@
 
 class QWidget;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -34,4 +34,4 @@ class InputWatch final : public QObject {
   QPointer<FocusRing> ring_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

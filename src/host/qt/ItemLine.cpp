@@ -6,7 +6,7 @@
 #include "host/qt/WrappedText.h"
 #include "kit/ControlMetrics.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 WrappedText titleOf(const kit::PopUpButton::Item& item, const Theme& theme) {
@@ -31,4 +31,4 @@ double itemLineWidth(const kit::PopUpButton::Item& item, const Theme& theme) {
   return titleOf(item, theme).size().width() + symbol;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -18,4 +18,4 @@ void drawItemLine(QPainter& painter, const kit::PopUpButton::Item& item, const Q
 /// In points.
 double itemLineWidth(const kit::PopUpButton::Item& item, const Theme& theme);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/Event.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 struct Modifier {
@@ -50,4 +50,4 @@ QStringList keyEquivalentNames(const kit::MenuItem::KeyEquivalent& equivalent) {
   return parts(equivalent, &Modifier::name);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

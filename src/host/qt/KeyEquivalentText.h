@@ -5,7 +5,7 @@
 
 #include "kit/MenuItem.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A key equivalent as menus show it here: "Ctrl+," for a comma with Command, "Ctrl+Q" for a "q", "Ctrl+Shift+Q" for
 /// an upper-case "Q", since that is how it is typed. Empty for none.
@@ -15,4 +15,4 @@ QString keyEquivalentText(const kit::MenuItem::KeyEquivalent& equivalent);
 /// "Q".
 QStringList keyEquivalentNames(const kit::MenuItem::KeyEquivalent& equivalent);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

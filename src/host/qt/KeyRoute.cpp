@@ -2,7 +2,7 @@
 
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 bool KeyRoute::deliver(const kit::KeyEvent& event, kit::Window& window) const {
   // A copy: what the key does may replace it.
@@ -11,4 +11,4 @@ bool KeyRoute::deliver(const kit::KeyEvent& event, kit::Window& window) const {
   return wasEquivalent || window.keyDown(event);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@ namespace tarnwell::kit {
 class Window;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// Where a key goes that the focused control has no use for: first to the key equivalents of the main menu, then to the
 /// window. This is the only place that asks either.
@@ -27,4 +27,4 @@ class KeyRoute {
   Equivalents equivalents_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 #include "host/qt/Theme.h"
 #include "kit/Application.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // `title` with an ampersand before the first letter that no other title has taken.
@@ -69,4 +69,4 @@ void MenuBar::addTopMenu(const kit::MenuItem& item, QString& taken) {
   addMenu(menu);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

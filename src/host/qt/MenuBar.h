@@ -8,7 +8,7 @@ namespace tarnwell::kit {
 class Application;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -32,4 +32,4 @@ class MenuBar final : public QMenuBar {
   kit::Subscription changes_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

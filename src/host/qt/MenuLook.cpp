@@ -8,7 +8,7 @@
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int menuMargin = 5;
@@ -178,4 +178,4 @@ void MenuLook::drawHighlight(QPainter& painter, const QRectF& shape, const QColo
   painter.drawRoundedRect(shape, highlightRadius, highlightRadius);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 
 class QStyleOptionMenuItem;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -34,4 +34,4 @@ class MenuLook final : public QProxyStyle {
   const Theme& theme_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -1,6 +1,6 @@
 #include "host/qt/MenuStyle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
@@ -25,4 +25,4 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   return hint == SH_Menu_KeyboardSearch ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QProxyStyle>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The measures of a menu that paints its own rows.
 class MenuStyle final : public QProxyStyle {
@@ -20,4 +20,4 @@ class MenuStyle final : public QProxyStyle {
   int margin_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -10,7 +10,7 @@
 #include "host/qt/Theme.h"
 #include "kit/Application.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // An ampersand of a title is no mnemonic.
@@ -94,4 +94,4 @@ void MenuWidget::show(const kit::MenuItem& item, QAction& action) const {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@ namespace tarnwell::kit {
 class Application;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -40,4 +40,4 @@ class MenuWidget final : public QMenu {
   kit::Subscription changes_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/ControlMetrics.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr Qt::WindowFlags panelFlags =
@@ -89,4 +89,4 @@ void showMessage(const std::string& title, const std::string& message, kit::Acti
   panel->activateWindow();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 
 #include "kit/Action.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A short message with a button to close it. Return, Escape and Control-W close it as well. It ends itself.
 class MessagePanel final : public QWidget {
@@ -23,4 +23,4 @@ class MessagePanel final : public QWidget {
 /// Shows a message in front and returns at once; `closed` is run when the user has closed it.
 void showMessage(const std::string& title, const std::string& message, kit::Action closed);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int lightRingAlpha = 140;
@@ -115,4 +115,4 @@ ColorScheme schemeOf(const QPalette& palette) {
   return dark ? ColorScheme::dark : ColorScheme::light;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <QtGui/QColor>
 #include <QtGui/QPalette>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 enum class ColorScheme { light, dark };
 
@@ -48,4 +48,4 @@ double contrast(const QColor& one, const QColor& other);
 /// What the desktop's own colours look like: text that is lighter than its ground is a dark desktop.
 ColorScheme schemeOf(const QPalette& palette);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include "host/qt/ControlWidget.h"
 #include "kit/Pane.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 class PaneWidget final : public ControlWidget {
@@ -20,4 +20,4 @@ class PaneWidget final : public ControlWidget {
 PanePeer::PanePeer(kit::Pane& pane, const Theme& theme, QWidget* parent)
     : WidgetPeer(pane, new PaneWidget(pane, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Pane;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class PanePeer final : public WidgetPeer {
   PanePeer(kit::Pane& pane, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

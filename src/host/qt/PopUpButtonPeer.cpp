@@ -14,7 +14,7 @@
 #include "kit/ControlMetrics.h"
 #include "kit/PopUpButton.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double radius = 6;
@@ -120,4 +120,4 @@ class PopUpButtonWidget final : public ControlWidget {
 PopUpButtonPeer::PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent)
     : WidgetPeer(button, new PopUpButtonWidget(button, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class PopUpButton;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class PopUpButtonPeer final : public WidgetPeer {
   PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -14,7 +14,7 @@
 #include "host/qt/WrappedText.h"
 #include "kit/ControlMetrics.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int margin = 5;
@@ -107,4 +107,4 @@ void PopUpMenu::drawRow(QPainter& painter, int index, const QRectF& row) const {
   drawItemLine(painter, items_.at(static_cast<std::size_t>(index)), row.adjusted(checkWidth, 0, 0, 0), text, theme_);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

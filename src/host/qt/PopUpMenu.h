@@ -5,7 +5,7 @@
 
 #include "kit/PopUpButton.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -31,4 +31,4 @@ class PopUpMenu final : public QMenu {
   const Theme& theme_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@
 #include "host/qt/SessionBus.h"
 #include "host/qt/Theme.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
@@ -102,4 +102,4 @@ void PortalSettings::take(const QString& key, const QVariant& value) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include <QtCore/QString>
 #include <QtDBus/QDBusVariant>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -27,4 +27,4 @@ class PortalSettings final : public QObject {
   Theme& theme_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

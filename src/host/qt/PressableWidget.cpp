@@ -4,7 +4,7 @@
 #include <QtGui/QMouseEvent>
 #include <utility>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 void PressableWidget::mousePressEvent(QMouseEvent* event) {
   held_ = event->button() == Qt::LeftButton;
@@ -64,4 +64,4 @@ void PressableWidget::setPressed(bool pressed) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

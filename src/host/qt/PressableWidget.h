@@ -2,7 +2,7 @@
 
 #include "host/qt/ControlWidget.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A widget that is pressed as a whole: with the left mouse button, released where it was pressed, or with the space
 /// bar.
@@ -31,4 +31,4 @@ class PressableWidget : public ControlWidget {
   bool pressed_ = false;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

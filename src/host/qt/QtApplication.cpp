@@ -8,7 +8,7 @@
 #include "diagnostics/Console.h"
 #include "host/qt/Conversions.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 bool displayIsNamed() {
@@ -68,4 +68,4 @@ void QtApplication::quit(int status) {
   QCoreApplication::exit(status);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/QtHost.h"
 #include "kit/Action.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The toolkit's application, its event loop and the host. The loop ends by `quit` alone, never because a window
 /// closed. Constructing it sets the process's locale from the environment.
@@ -38,4 +38,4 @@ class QtApplication {
   QtHost host_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -20,7 +20,7 @@
 #include "host/qt/WindowPeer.h"
 #include "host/qt/WrappedText.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 QtHost::QtHost() : input_(theme_), portal_(theme_) {
   installAccessibility();
@@ -103,4 +103,4 @@ void QtHost::fontChanged() {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

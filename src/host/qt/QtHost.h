@@ -7,7 +7,7 @@
 #include "host/qt/WindowPeer.h"
 #include "kit/Host.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A Linux desktop. Needs the toolkit's application object, and must outlive the peers that it makes.
 class QtHost final : public kit::Host {
@@ -55,4 +55,4 @@ class QtHost final : public kit::Host {
   kit::Action metricsChanged_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -18,7 +18,7 @@
 #include "kit/Updater.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::weak_ptr<kit::Application> weak(kit::Application& application) {
@@ -152,4 +152,4 @@ void QtPlatform::followKeyWindow(kit::Application& application) {
       });
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "host/qt/TrayWatch.h"
 #include "kit/Platform.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A Linux desktop as the application sees it: windows that carry the main menu, status icons in whatever tray there
 /// is, the panel about the application.
@@ -67,4 +67,4 @@ class QtPlatform final : public kit::Platform {
   bool turnIsDue_ = false;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include <QtCore/QEvent>
 #include <utility>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 /// Waits for its one event; a child of the context, with which it goes.
@@ -33,4 +33,4 @@ void runLater(QObject& context, kit::Action action) {
   QCoreApplication::postEvent(new Waiting(context, std::move(action)), new QEvent(QEvent::User));
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,9 +4,9 @@
 
 class QObject;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// Runs `action` from the event loop, the innermost one too, unless `context` has ended by then.
 void runLater(QObject& context, kit::Action action);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

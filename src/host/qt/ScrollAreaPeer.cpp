@@ -8,7 +8,7 @@
 #include "host/qt/ScrollBarOverlay.h"
 #include "kit/ScrollArea.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double pointsPerNotch = 48;
@@ -86,4 +86,4 @@ void ScrollAreaPeer::showState(kit::Aspect /*aspect*/) { static_cast<Viewport*>(
 
 void ScrollAreaPeer::placed() { static_cast<Viewport*>(widget())->follow(); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

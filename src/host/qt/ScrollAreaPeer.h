@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class ScrollArea;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -25,4 +25,4 @@ class ScrollAreaPeer final : public WidgetPeer {
   void placed() override;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/Theme.h"
 #include "kit/ScrollArea.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int barWidth = 12;
@@ -84,4 +84,4 @@ void ScrollBarOverlay::dragThumbTo(double top) {
   update();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@ namespace tarnwell::kit {
 class ScrollArea;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -39,4 +39,4 @@ class ScrollBarOverlay final : public QWidget {
   std::optional<double> grab_;  // From the thumb's top to where it was taken hold of.
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 bool sessionBusExists() {
@@ -21,4 +21,4 @@ std::optional<QDBusConnection> sessionBus() {
   return bus.isConnected() ? std::optional(bus) : std::nullopt;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/QtApplication.h"
 #include "host/qt/SessionBus.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // The other one may end between being found and being asked.
@@ -75,4 +75,4 @@ Claimed SingleInstance::claimOnSocket(QtApplication& application, const std::str
   return instance;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

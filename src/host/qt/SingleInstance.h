@@ -6,7 +6,7 @@
 #include "host/linux/InstanceSocket.h"
 #include "host/qt/ApplicationService.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class QtApplication;
 
@@ -34,4 +34,4 @@ class SingleInstance {
   ApplicationService::Asked asked_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -13,7 +13,7 @@
 #include "kit/ControlMetrics.h"
 #include "kit/Slider.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double trackThickness = 4;
@@ -137,4 +137,4 @@ class SliderWidget final : public ControlWidget {
 SliderPeer::SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent)
     : WidgetPeer(slider, new SliderWidget(slider, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

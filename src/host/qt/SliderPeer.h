@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Slider;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class SliderPeer final : public WidgetPeer {
   SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "host/qt/SessionBus.h"
 #include "host/qt/TrayWatch.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 QString nextPath() {
@@ -92,4 +92,4 @@ QPoint StatusIcon::menuPosition() const {
   return icon.isValid() ? icon.bottomLeft() : QCursor::pos();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

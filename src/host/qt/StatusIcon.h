@@ -9,7 +9,7 @@
 
 class QSystemTrayIcon;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 class TrayWatch;
@@ -42,4 +42,4 @@ class StatusIcon final : public QObject, public kit::StatusItemPeer {
   kit::Subscription trayChanges_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

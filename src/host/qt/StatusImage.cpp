@@ -8,7 +8,7 @@
 
 #include "host/qt/Theme.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr std::array<int, 6> sides = {16, 22, 24, 32, 44, 48};
@@ -59,4 +59,4 @@ QImage StatusImage::image(int side) const {
   return image;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 
 #include "host/qt/BusTypes.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -28,4 +28,4 @@ class StatusImage {
   std::string symbol_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

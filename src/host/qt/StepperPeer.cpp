@@ -10,7 +10,7 @@
 #include "host/qt/Theme.h"
 #include "kit/Stepper.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int firstRepeat = 400;  // Milliseconds.
@@ -123,4 +123,4 @@ class StepperWidget final : public ControlWidget {
 StepperPeer::StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent)
     : WidgetPeer(stepper, new StepperWidget(stepper, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Stepper;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class StepperPeer final : public WidgetPeer {
   StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/Theme.h"
 #include "kit/SymbolView.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 class SymbolWidget final : public ControlWidget {
@@ -32,4 +32,4 @@ class SymbolWidget final : public ControlWidget {
 SymbolViewPeer::SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent)
     : WidgetPeer(symbol, new SymbolWidget(symbol, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class SymbolView;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class SymbolViewPeer final : public WidgetPeer {
   SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

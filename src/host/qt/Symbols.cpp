@@ -9,7 +9,7 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/Drawing.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 QString pathOf(const std::string& name) { return ":/symbols/" + toQString(name) + ".svg"; }
@@ -54,4 +54,4 @@ void Symbols::reportMissing(const std::string& name) {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

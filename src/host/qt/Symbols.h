@@ -9,7 +9,7 @@
 
 class QPainter;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The symbols by their names, drawn from this program's own pictures. Nothing is read before its first use.
 class Symbols {
@@ -27,4 +27,4 @@ class Symbols {
   std::set<std::string> reported_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -14,7 +14,7 @@
 #include "host/qt/WrappedText.h"
 #include "kit/TabBar.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double radius = 7;
@@ -136,4 +136,4 @@ class TabBarWidget final : public ControlWidget {
 TabBarPeer::TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent)
     : WidgetPeer(bar, new TabBarWidget(bar, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

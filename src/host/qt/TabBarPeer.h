@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class TabBar;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class TabBarPeer final : public WidgetPeer {
   TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

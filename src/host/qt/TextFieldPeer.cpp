@@ -14,7 +14,7 @@
 #include "kit/ControlMetrics.h"
 #include "kit/TextField.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double radius = 5;
@@ -144,4 +144,4 @@ void TextFieldPeer::edit(const kit::Selector& command) {
 
 void TextFieldPeer::showState(kit::Aspect /*aspect*/) { static_cast<LineEdit*>(widget())->showText(); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

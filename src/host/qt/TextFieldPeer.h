@@ -3,7 +3,7 @@
 #include "host/qt/WidgetPeer.h"
 #include "kit/TextField.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -18,4 +18,4 @@ class TextFieldPeer final : public WidgetPeer, public kit::EditingPeer {
   void showState(kit::Aspect aspect) override;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 #include "host/qt/WrappedText.h"
 #include "kit/TextLabel.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 class LabelWidget final : public ControlWidget {
@@ -46,4 +46,4 @@ TextLabelPeer::TextLabelPeer(kit::TextLabel& label, const Theme& theme, QWidget*
 
 void TextLabelPeer::showState(kit::Aspect /*aspect*/) { static_cast<LabelWidget*>(widget())->layOutAnew(); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

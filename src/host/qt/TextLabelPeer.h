@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class TextLabel;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -18,4 +18,4 @@ class TextLabelPeer final : public WidgetPeer {
   void showState(kit::Aspect aspect) override;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -3,7 +3,7 @@
 #include <QtWidgets/QApplication>
 #include <utility>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 Theme::Theme() : desktopScheme_(schemeOf(QApplication::palette())), typography_(QApplication::font()) { apply(); }
 
@@ -32,4 +32,4 @@ void Theme::apply() {
   QApplication::setPalette(palette_.toolkitPalette());
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

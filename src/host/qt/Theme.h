@@ -8,7 +8,7 @@
 #include "host/qt/Typography.h"
 #include "kit/TextStyle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// What all widgets share: colours, fonts, symbols. Must outlive the widgets. Needs the application object.
 class Theme {
@@ -44,4 +44,4 @@ class Theme {
   mutable Symbols symbols_;  // Only a cache of pictures.
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

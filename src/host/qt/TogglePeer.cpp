@@ -7,7 +7,7 @@
 #include "host/qt/Theme.h"
 #include "kit/Toggle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double knobGap = 2;
@@ -42,4 +42,4 @@ class ToggleWidget final : public PressableWidget {
 TogglePeer::TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent)
     : WidgetPeer(toggle, new ToggleWidget(toggle, theme, parent)) {}
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

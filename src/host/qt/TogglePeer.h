@@ -6,7 +6,7 @@ namespace tarnwell::kit {
 class Toggle;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 
@@ -15,4 +15,4 @@ class TogglePeer final : public WidgetPeer {
   TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent);
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -10,7 +10,7 @@
 #include "host/qt/WindowPeer.h"
 #include "host/qt/WrappedText.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr const char* notice = "There is no place for a status icon. To come back after closing, start Tarnwell again.";
@@ -58,4 +58,4 @@ void TrayNotice::setShown(bool shown) {
   WindowPeer::chromeChanged(*this);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

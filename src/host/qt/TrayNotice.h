@@ -4,7 +4,7 @@
 
 #include "kit/Subscription.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class Theme;
 class TrayWatch;
@@ -32,4 +32,4 @@ class TrayNotice final : public QWidget {
   bool said_ = false;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@
 #include "host/qt/RunLater.h"
 #include "host/qt/SessionBus.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -99,4 +99,4 @@ void TrayWatch::tell(Answer answer) {
   observers_.tell();
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 
 class QDBusPendingCallWatcher;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// Whether the desktop has a place for status icons, now and whenever that changes. Asked without waiting.
 class TrayWatch final : public QObject {
@@ -50,4 +50,4 @@ class TrayWatch final : public QObject {
   Answer answer_ = Answer::none;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr int leastBody = 12;
@@ -26,4 +26,4 @@ Typography::Typography(const QFont& applicationFont) {
             sized(applicationFont, body, 10)};
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

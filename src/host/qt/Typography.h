@@ -6,7 +6,7 @@
 
 #include "kit/TextStyle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The fonts of the roles, all derived from the application's font. Body is that font itself, held to 12 to 15 pixels,
 /// since it stands in controls of 22 to 24 points; the smaller roles keep the proportions 13 : 11 : 10.
@@ -20,4 +20,4 @@ class Typography {
   std::array<QFont, 3> fonts_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 #include "host/qt/Conversions.h"
 #include "kit/Control.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // Else Qt hands the focus to the next control as if the user had gone there.
@@ -72,4 +72,4 @@ void WidgetPeer::showEnabled() {
   widget_->setEnabled(control_.isEnabled());
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -10,7 +10,7 @@ namespace tarnwell::kit {
 class Control;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The peer of a control that is one widget. The widget belongs to its parent widget in Qt's way; the peer takes it out
 /// of sight at once and has it deleted when its events are over.
@@ -43,4 +43,4 @@ class WidgetPeer : public kit::Peer, public Container {
   QPointer<QWidget> widget_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -13,7 +13,7 @@
 #include "kit/Control.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // A title bar, as long as the window manager has not told its height.
@@ -181,4 +181,4 @@ void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -10,7 +10,7 @@ namespace tarnwell::kit {
 class Window;
 }
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class KeyRoute;
 
@@ -58,4 +58,4 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   QPointer<QWidget> below_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

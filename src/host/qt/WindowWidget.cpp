@@ -8,7 +8,7 @@
 #include "kit/ScrollArea.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr Qt::WindowFlags fixedSizeWindow = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -77,4 +77,4 @@ kit::ScrollArea* WindowWidget::scrollArea() const {
   return nullptr;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@ class ScrollArea;
 class Window;
 }  // namespace tarnwell::kit
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 class KeyRoute;
 
@@ -34,4 +34,4 @@ class WindowWidget final : public QWidget {
   KeyRoute& keys_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 
 #include "host/qt/Conversions.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr double unlimited = 1 << 20;
@@ -46,4 +46,4 @@ double WrappedText::topAround(double middle) const { return std::round(middle + 
 
 void WrappedText::draw(QPainter& painter, const QPointF& topLeft) const { layout_.draw(&painter, topLeft); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

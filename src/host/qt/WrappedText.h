@@ -8,7 +8,7 @@
 
 class QPainter;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A text broken into lines, for measuring and for painting alike: what was measured is what is seen.
 class WrappedText {
@@ -33,4 +33,4 @@ class WrappedText {
   double capHeight_ = 0;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@
 
 #include "host/qt/X11Display.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr std::uint32_t fromApplication = 1;
@@ -76,4 +76,4 @@ void activateX11Window(WId window, const std::string& startupId) {
   xcb_flush(x11Display());
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

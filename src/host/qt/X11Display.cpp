@@ -3,7 +3,7 @@
 #include <QtGui/QGuiApplication>
 #include <cstdint>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 xcb_connection_t* x11Display() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -37,4 +37,4 @@ xcb_atom_t atomOf(xcb_intern_atom_cookie_t asked) {
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

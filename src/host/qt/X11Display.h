@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// What xcb gives to be freed.
 struct FreeReply {
@@ -27,4 +27,4 @@ xcb_window_t x11RootWindow();
 xcb_intern_atom_cookie_t askForAtom(const std::string& name);
 xcb_atom_t atomOf(xcb_intern_atom_cookie_t asked);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

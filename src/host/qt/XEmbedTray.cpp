@@ -6,7 +6,7 @@
 
 #include "host/qt/X11Display.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 std::unique_ptr<XEmbedTray> XEmbedTray::create(kit::Action changed) {
   return x11Display() != nullptr ? std::unique_ptr<XEmbedTray>(new XEmbedTray(std::move(changed))) : nullptr;
@@ -57,4 +57,4 @@ void XEmbedTray::findOwner() {
   }
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

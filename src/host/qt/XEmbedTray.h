@@ -6,7 +6,7 @@
 
 #include "kit/Action.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The older kind of tray, which X11 panels have: a window that takes icons in.
 class XEmbedTray final : public QAbstractNativeEventFilter {
@@ -33,4 +33,4 @@ class XEmbedTray final : public QAbstractNativeEventFilter {
   std::uint32_t owner_ = 0;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "host/qt/QtApplication.h"
 
 // Each test has a process of its own, in which no window has been active yet.
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::unique_ptr<QtApplication> started() {
@@ -31,4 +31,4 @@ TEST(AboutPanelTest, doesNotBringTheProgramToTheFront) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -13,7 +13,7 @@
 #include "kit/Box.h"
 #include "kit/SymbolView.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
@@ -177,4 +177,4 @@ TEST(AnnouncementTest, titlesAreNames) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -12,7 +12,7 @@
 #include "kit/TextLabel.h"
 #include "kit/Toggle.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 // Controls as the tests want them, in one line each.
 
@@ -73,4 +73,4 @@ inline std::unique_ptr<kit::TabBar> makeTabBar(kit::TabBar::ChooseAction action 
   return bar;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

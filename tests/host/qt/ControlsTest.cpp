@@ -8,7 +8,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
@@ -196,4 +196,4 @@ TEST(TabBarTest, arrowKeysChooseTheNeighbour) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "kit/Updater.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::unique_ptr<PrivateBus> bus;
@@ -123,4 +123,4 @@ std::vector<std::string> linesOf(const QMenu& menu) {
   return lines;
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

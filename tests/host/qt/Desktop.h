@@ -15,7 +15,7 @@
 class QMenu;
 class QMenuBar;
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The toolkit's application of this test program. It lives as long as the tests run, on a session bus of their own.
 QtApplication& testApplication();
@@ -73,4 +73,4 @@ std::shared_ptr<kit::MenuItem> entry(const std::string& title, kit::Action handl
 /// Entries as a user sees them: "title|keys", "(title)" where it cannot be chosen, "-" for a line between two.
 std::vector<std::string> linesOf(const QMenu& menu);
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -8,7 +8,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr kit::Rect fieldPlace = {.x = 20, .y = 20, .width = 60, .height = 22};
@@ -124,4 +124,4 @@ TEST_F(EditingTest, disabledFieldTakesNoText) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 
 #include "host/qt/Desktop.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -135,6 +135,6 @@ QVariantList FakePanel::ask(const QString& path, const QString& interface, const
 
 QString FakePanel::menuPath() const { return qdbus_cast<QDBusObjectPath>(icon().value("Menu")).path(); }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt
 
 #include "FakePanel.moc"

@@ -9,7 +9,7 @@
 #include "host/qt/BusObject.h"
 #include "host/qt/BusTypes.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A desktop's panel with a tray, on a connection of its own to the tests' bus. All questions wait with a deadline.
 class FakePanel {
@@ -52,4 +52,4 @@ class FakePanel {
   std::unique_ptr<Watcher> watcher_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

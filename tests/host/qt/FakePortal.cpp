@@ -3,7 +3,7 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr const char* path = "/org/freedesktop/portal/desktop";
@@ -53,4 +53,4 @@ bool FakePortal::handleMessage(const QDBusMessage& message, const QDBusConnectio
   return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(wrapped))));
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

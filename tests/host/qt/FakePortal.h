@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The desktop's settings portal, with the appearance settings that a test gives it.
 class FakePortal final : public QDBusVirtualObject {
@@ -33,4 +33,4 @@ class FakePortal final : public QDBusVirtualObject {
   bool silent_ = false;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -11,7 +11,7 @@
 #include "kit/Box.h"
 #include "kit/ScrollArea.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 kit::Rect row(double top) { return {.x = 20, .y = top, .width = 120, .height = 24}; }
@@ -204,4 +204,4 @@ TEST_F(PageTest, contentMovesWithTheOffset) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

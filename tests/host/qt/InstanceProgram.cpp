@@ -13,10 +13,10 @@
 
 int main(int argc, char** argv) {
   using tarnwell::diagnostics::printLine;
-  using tarnwell::host::qt::ApplicationService;
-  using tarnwell::host::qt::SingleInstance;
-  const std::string token = tarnwell::host::qt::givenActivationToken();
-  const auto application = tarnwell::host::qt::QtApplication::create(argc, argv);
+  using tarnwell::host_qt::ApplicationService;
+  using tarnwell::host_qt::SingleInstance;
+  const std::string token = tarnwell::host_qt::givenActivationToken();
+  const auto application = tarnwell::host_qt::QtApplication::create(argc, argv);
   const auto claimed = SingleInstance::claim(*application, token);
   if (const auto* failure = std::get_if<tarnwell::host_linux::Failure>(&claimed)) {
     printLine("failed: " + failure->message);

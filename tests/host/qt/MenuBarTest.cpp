@@ -12,7 +12,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "kit/TextField.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 using testing::ElementsAre;
@@ -267,4 +267,4 @@ TEST_F(EditMenuTest, theFieldsOwnKeysComeFirst) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

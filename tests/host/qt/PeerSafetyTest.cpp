@@ -8,7 +8,7 @@
 #include "host/qt/WidgetDriver.h"
 
 // A control may be ended by its own action, while its widget is still inside the event that asked for it.
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
@@ -148,4 +148,4 @@ TEST(PeerSafetyTest, controlsMayOutliveTheirWindow) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -14,7 +14,7 @@
 #include "kit/Menu.h"
 #include "kit/StatusItem.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 using testing::ElementsAre;
@@ -210,4 +210,4 @@ TEST(MessagePanelTest, saysWhenItIsClosed) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

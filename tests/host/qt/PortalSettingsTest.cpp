@@ -13,7 +13,7 @@
 #include "host/qt/QtApplication.h"
 
 // Each test has a process of its own: the toolkit keeps its first connection to a bus.
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::unique_ptr<QtApplication> started() {
@@ -95,4 +95,4 @@ TEST(PortalSettingsTest, withoutABusTheDesktopsOwnColoursStay) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // The child's part: the daemon ends with this process, however that ends.
@@ -53,4 +53,4 @@ PrivateBus::~PrivateBus() {
   ::waitpid(process_, nullptr, 0);
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

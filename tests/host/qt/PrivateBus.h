@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// A session bus of a test's own. The process is told its address before the toolkit asks for one.
 class PrivateBus {
@@ -21,4 +21,4 @@ class PrivateBus {
   pid_t process_ = 0;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

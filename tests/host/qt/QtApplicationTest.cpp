@@ -13,7 +13,7 @@
 #include "kit/Window.h"
 
 // Each test has a process of its own: a toolkit starts once a process.
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::unique_ptr<QtApplication> started() {
@@ -106,4 +106,4 @@ TEST(QtApplicationTest, watchedDescriptorWakesTheLoop) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

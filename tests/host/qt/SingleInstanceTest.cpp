@@ -14,7 +14,7 @@
 #include "host/qt/PrivateBus.h"
 #include "kit/ApplicationId.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 using testing::ElementsAre;
@@ -159,4 +159,4 @@ TEST_P(BusInstanceTest, oneThatDoesNotAnswerIsReported) {
 INSTANTIATE_TEST_SUITE_P(ways, BusInstanceTest, testing::Values(Way::bus), [](const auto&) { return "bus"; });
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -7,7 +7,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 // The knob's centre goes from 5 to 105.
@@ -121,4 +121,4 @@ TEST(SliderPictureTest, disabledSliderIsDimmedAndDeaf) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

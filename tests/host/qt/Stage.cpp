@@ -10,7 +10,7 @@
 #include "host/qt/QtApplication.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 std::unique_ptr<QtApplication> application;
@@ -71,4 +71,4 @@ void Stage::put(std::unique_ptr<kit::Control> control, const kit::Rect& frame, k
   window_->setControls(std::move(order));
 }
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

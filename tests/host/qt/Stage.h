@@ -7,7 +7,7 @@
 #include "kit/Control.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 /// The host of this test program; its application lives as long as the tests run.
 QtHost& testHost();
@@ -51,4 +51,4 @@ class Stage {
   std::vector<std::unique_ptr<kit::Control>> controls_;
 };
 
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

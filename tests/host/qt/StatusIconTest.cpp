@@ -13,7 +13,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "kit/ApplicationId.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 using testing::ElementsAre;
@@ -179,4 +179,4 @@ TEST_F(StatusIconTest, iconGoesWithItsItem) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

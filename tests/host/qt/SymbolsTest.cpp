@@ -5,7 +5,7 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 QImage drawn(Symbols& symbols, const std::string& name, const QColor& color, double scale = 1) {
@@ -80,4 +80,4 @@ TEST(SymbolsTest, emptyNameIsNoMistake) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -6,7 +6,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WrappedText.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 constexpr const char* sentence = "How long the mouse must be against the screen edge before the dock reveals.";
@@ -84,4 +84,4 @@ TEST(TextTest, lettersStandOnTheBaseline) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -9,7 +9,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the test library looks for.
 static void PrintTo(ColorScheme scheme, std::ostream* out) { *out << (scheme == ColorScheme::dark ? "dark" : "light"); }
@@ -107,4 +107,4 @@ TEST_F(ThemeTest, fontOfTheDesktopChangesTheMeasures) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

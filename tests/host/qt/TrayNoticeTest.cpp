@@ -6,7 +6,7 @@
 #include "host/qt/FakePanel.h"
 #include "host/qt/WidgetDriver.h"
 
-namespace tarnwell::host::qt {
+namespace tarnwell::host_qt {
 namespace {
 
 QWidget& noticeIn(Desktop& desktop) {
@@ -59,4 +59,4 @@ TEST(TrayNoticeTest, isSaidOnce) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host::qt
+}  // namespace tarnwell::host_qt

@@ -15,7 +15,7 @@
 #include "kit/TextField.h"
 #include "kit/Window.h"
 
-namespace tarnwell::host::qt::driver {
+namespace tarnwell::host_qt::driver {
 namespace {
 
 constexpr int unitsPerNotch = 120;
@@ -135,4 +135,4 @@ void settle() {
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-}  // namespace tarnwell::host::qt::driver
+}  // namespace tarnwell::host_qt::driver

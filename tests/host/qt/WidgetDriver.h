@@ -17,7 +17,7 @@ class Window;
 
 /// The user's hands on widgets. Input goes in where the display's would, at the toolkit's windows: what is hit, whether
 /// it is enabled and where the focus goes is decided on the way.
-namespace tarnwell::host::qt::driver {
+namespace tarnwell::host_qt::driver {
 
 /// The widget that shows `control`; a fault where there is none.
 QWidget& widget(const kit::Control& control);
@@ -54,4 +54,4 @@ void turnWheel(const kit::Control& control, int notches);
 /// Lets everything that waits run, deletions included.
 void settle();
 
-}  // namespace tarnwell::host::qt::driver
+}  // namespace tarnwell::host_qt::driver

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+#include "core/Descriptor.h"
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// A downloaded package that has no name yet: only its descriptor leads to it, so that nobody can put another file in
+/// its place between verification and use. It vanishes with the object unless it was given a name.
+class PackageFile {
+ public:
+  /// An empty file in a folder that only the user can enter; the folder is made when it is not there.
+  static Result<PackageFile> create(const std::filesystem::path& folder);
+
+  std::optional<Failure> append(std::string_view bytes);
+  /// Bytes appended so far.
+  std::uint64_t length() const { return length_; }
+  /// To read from, at any position. Borrowed.
+  int descriptor() const { return file_.number(); }
+  /// Gives this very file a name in its folder, replacing what had it, and makes it read-only.
+  Result<std::filesystem::path> giveName(const std::string& name);
+
+ private:
+  PackageFile(std::filesystem::path folder, core::Descriptor file);
+
+  std::filesystem::path folder_;
+  core::Descriptor file_;
+  std::uint64_t length_ = 0;
+};
+
+}  // namespace tarnwell::host_linux::updates
