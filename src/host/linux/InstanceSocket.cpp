@@ -25,7 +25,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto patience = std::chrono::seconds(2);
 constexpr int pauseMilliseconds = 20;
 constexpr std::size_t longestMessage = 4096;
-constexpr mode_t folderMode = 0700;
+constexpr mode_t socketFolderMode = 0700;
 constexpr mode_t fileMode = 0600;
 constexpr mode_t othersMay = 0077;
 
@@ -122,7 +122,7 @@ Result<std::filesystem::path> InstanceSocket::folder() {
     return std::filesystem::path(given);
   }
   const std::filesystem::path own = "/tmp/tarnwell-" + std::to_string(::geteuid());
-  if (::mkdir(own.c_str(), folderMode) != 0 && errno != EEXIST) {
+  if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
     return failure(own.string());
   }
   if (!isOursAlone(own)) {

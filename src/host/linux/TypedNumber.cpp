@@ -7,7 +7,7 @@
 namespace tarnwell::host_linux {
 namespace {
 
-constexpr std::u32string_view blanks = U" \t\u00A0\u2009\u202F";
+constexpr std::u32string_view spaces = U" \t\u00A0\u2009\u202F";
 constexpr std::u32string_view apostrophes = U"'\u2019";
 constexpr std::u32string_view minuses = U"-\u2212";
 // Right-to-left locales put these around the sign.
@@ -15,12 +15,12 @@ constexpr std::u32string_view directionMarks = U"\u061C\u200E\u200F";
 
 bool isIn(std::u32string_view set, char32_t character) { return set.find(character) != std::u32string_view::npos; }
 
-std::u32string_view withoutBlanks(std::u32string_view text) {
-  const auto first = text.find_first_not_of(blanks);
+std::u32string_view withoutSpaces(std::u32string_view text) {
+  const auto first = text.find_first_not_of(spaces);
   if (first == std::u32string_view::npos) {
     return {};
   }
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  return text.substr(first, text.find_last_not_of(spaces) - first + 1);
 }
 
 void skipDirectionMarks(std::u32string_view& text) {
@@ -44,8 +44,8 @@ bool isGrouping(char32_t character, const NumberSymbols& symbols) {
   if (symbols.firstGroup == 0) {
     return false;
   }
-  if (isIn(blanks, symbols.grouping)) {
-    return isIn(blanks, character);
+  if (isIn(spaces, symbols.grouping)) {
+    return isIn(spaces, character);
   }
   if (isIn(apostrophes, symbols.grouping)) {
     return isIn(apostrophes, character);
@@ -137,7 +137,7 @@ std::optional<double> plainNumber(const std::string& text) {
 }  // namespace
 
 std::optional<double> typedNumber(std::u32string_view text, const NumberSymbols& symbols) {
-  std::u32string_view rest = withoutBlanks(text);
+  std::u32string_view rest = withoutSpaces(text);
   const std::string sign = takeMinus(rest) ? "-" : "";
   const auto separator = rest.find(symbols.decimal);
   const bool hasSeparator = separator != std::u32string_view::npos;
