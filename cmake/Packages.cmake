@@ -4,6 +4,8 @@ find_package(ICU REQUIRED COMPONENTS i18n uc)
 find_package(CLI11 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(expat REQUIRED IMPORTED_TARGET expat)
+pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
 pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb)
 pkg_check_modules(systemd REQUIRED IMPORTED_TARGET libsystemd)
 
