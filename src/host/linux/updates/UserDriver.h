@@ -37,7 +37,7 @@ class UserDriver {
   /// Downloaded and verified; installing it is the user's decision.
   virtual void showReady(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) = 0;
   virtual void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) = 0;
-  /// `reason` is a sentence for people.
+  /// `reason` is a sentence for people. `retry` is empty where trying again cannot help.
   virtual void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) = 0;
   /// Takes away whatever is shown, without running its answer.
   virtual void dismiss() = 0;
