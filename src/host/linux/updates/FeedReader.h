@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/linux/Result.h"
+#include "host/linux/updates/FeedItem.h"
+
+namespace tarnwell::host_linux::updates {
+
+class FeedHandler;
+struct XmlParser;
+
+/// Reads a feed (RSS 2.0 with the extensions of its namespace) piece by piece, as it arrives. All texts come out in
+/// UTF-8. Document types and the entities that they declare are refused, and so is whatever exceeds a limit: a feed is
+/// not trusted, and reading it takes bounded time and memory. An item stands for itself; nothing is taken over from
+/// the one before it.
+class FeedReader {
+ public:
+  static constexpr std::size_t maximumLength = 1024 * 1024;  // Bytes.
+  static constexpr std::size_t maximumItems = 1000;
+  static constexpr std::size_t maximumDepth = 32;  // Of elements within each other.
+  static constexpr std::size_t maximumAttributes = 32;
+  static constexpr std::size_t maximumAttributeLength = 4096;
+  static constexpr std::size_t maximumFieldLength = 4096;
+  static constexpr std::size_t maximumNotesLength = 256 * 1024;
+
+  FeedReader();
+  FeedReader(const FeedReader&) = delete;
+  FeedReader& operator=(const FeedReader&) = delete;
+  ~FeedReader();
+
+  /// Returns why the feed cannot be used, from the first time on that this is known.
+  std::optional<Failure> feed(std::string_view bytes);
+  /// To be called once, behind the last byte: the items in the order of the feed.
+  Result<std::vector<FeedItem>> finish();
+
+ private:
+  void parse(bool isLast);
+
+  std::unique_ptr<FeedHandler> handler_;
+  std::unique_ptr<XmlParser> parser_;
+  std::string pending_;
+  std::size_t length_ = 0;
+  std::optional<Failure> failure_;
+};
+
+}  // namespace tarnwell::host_linux::updates
