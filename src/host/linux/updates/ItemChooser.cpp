@@ -1,0 +1,47 @@
+#include "host/linux/updates/ItemChooser.h"
+
+#include <algorithm>
+
+#include "host/linux/updates/Version.h"
+#include "host/linux/updates/WebAddress.h"
+
+namespace tarnwell::host_linux::updates {
+namespace {
+
+// A feed without a word on systems is a Linux feed, as it is ours.
+bool isForLinux(const FeedItem& item) { return item.enclosure.system.empty() || item.enclosure.system == "linux"; }
+
+bool isNewer(const std::string& version, const std::string& than) {
+  return compareVersions(version, than) == std::weak_ordering::greater;
+}
+
+bool leadsSomewhere(const FeedItem& item) {
+  return item.isInformational ? isWebAddress(item.link) : !item.enclosure.url.empty();
+}
+
+}  // namespace
+
+bool ItemChooser::suits(const FeedItem& item) const {
+  const auto& channels = circumstances_.channels;
+  return isForLinux(item) && leadsSomewhere(item) && !item.version.empty() &&
+         isNewer(item.version, circumstances_.runningVersion) &&
+         !isNewer(item.minimumSystemVersion, circumstances_.systemVersion) &&
+         (item.channel.empty() || std::find(channels.begin(), channels.end(), item.channel) != channels.end());
+}
+
+bool ItemChooser::isSkipped(const FeedItem& item) const {
+  return circumstances_.origin == UserDriver::Origin::schedule && !item.isCritical &&
+         !circumstances_.skippedVersion.empty() && !isNewer(item.version, circumstances_.skippedVersion);
+}
+
+std::optional<FeedItem> ItemChooser::best(const std::vector<FeedItem>& items) const {
+  const FeedItem* best = nullptr;
+  for (const FeedItem& item : items) {
+    if (suits(item) && !isSkipped(item) && (best == nullptr || isNewer(item.version, best->version))) {
+      best = &item;
+    }
+  }
+  return best != nullptr ? std::optional(*best) : std::nullopt;
+}
+
+}  // namespace tarnwell::host_linux::updates

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/linux/updates/FeedItem.h"
+#include "host/linux/updates/UserDriver.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// Picks the item of a feed that is to be offered.
+class ItemChooser {
+ public:
+  struct Circumstances {
+    std::string runningVersion = {};
+    /// Of the kernel, the one number that all Linux systems share and that grows: what `minimumSystemVersion` asks for.
+    std::string systemVersion = {};
+    std::vector<std::string> channels = {};  // Beside the one without a name.
+    std::string skippedVersion = {};
+    UserDriver::Origin origin = UserDriver::Origin::user;
+  };
+
+  explicit ItemChooser(Circumstances circumstances) : circumstances_(std::move(circumstances)) {}
+
+  /// The newest item that suits this system and is newer than what runs; of several with the same version the first.
+  /// Unless the user asks, what is not newer than the skipped version is passed over, but never a critical item.
+  std::optional<FeedItem> best(const std::vector<FeedItem>& items) const;
+
+ private:
+  bool suits(const FeedItem& item) const;
+  bool isSkipped(const FeedItem& item) const;
+
+  Circumstances circumstances_;
+};
+
+}  // namespace tarnwell::host_linux::updates
