@@ -6,10 +6,6 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# Where the presets ask for it, a dozen sources of a folder are compiled as one, which takes a fifth of the time. Sources
-# of one folder therefore give their local names only once. The linter compiles each source by itself.
-set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
-
 add_library(tarnwell_options INTERFACE)
 target_include_directories(tarnwell_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 # The same sources give the same binary, wherever they were checked out.

@@ -1,0 +1,44 @@
+# The headers that most sources read anyway are read once for each kind of target. A source still includes what it uses:
+# the linter compiles each by itself, without these.
+set(standard_headers
+    <algorithm>
+    <array>
+    <filesystem>
+    <functional>
+    <map>
+    <memory>
+    <optional>
+    <string>
+    <string_view>
+    <tuple>
+    <utility>
+    <variant>
+    <vector>)
+set(toolkit_headers
+    ${standard_headers}
+    <QtDBus/QDBusConnection>
+    <QtDBus/QDBusMessage>
+    <QtGui/QKeyEvent>
+    <QtGui/QPainter>
+    <QtGui/QPainterPath>
+    <QtWidgets/QApplication>
+    <QtWidgets/QLabel>
+    <QtWidgets/QMenu>)
+
+# precompiled_headers(NAME HEADERS ... LINKS ...): for targets to reuse.
+function(precompiled_headers name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;LINKS")
+  set(source "${CMAKE_BINARY_DIR}/${name}.cpp")
+  file(CONFIGURE OUTPUT "${source}" CONTENT "")
+  add_library(${name} OBJECT "${source}")
+  target_link_libraries(${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
+precompiled_headers(tarnwell_precompiled HEADERS ${standard_headers})
+precompiled_headers(tarnwell_precompiled_qt HEADERS ${toolkit_headers} LINKS Qt6::Widgets Qt6::DBus)
+if(TARNWELL_BUILD_TESTS)
+  precompiled_headers(tarnwell_precompiled_test HEADERS ${standard_headers} <gtest/gtest.h> LINKS GTest::gtest)
+  precompiled_headers(tarnwell_precompiled_qt_test HEADERS ${toolkit_headers} <gtest/gtest.h>
+                      LINKS Qt6::Widgets Qt6::DBus GTest::gtest)
+endif()
