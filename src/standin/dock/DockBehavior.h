@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "standin/dock/model/MinimizeEffect.h"
+#include "standin/store/PreferenceFile.h"
+
+namespace tarnwell::standin {
+
+/// What the dock goes by: the settings that it finds, and the system's defaults where there is none of the right type.
+struct DockBehavior {
+  double autohideDelay = 0.2;         // in seconds
+  double autohideTimeModifier = 0.5;  // in seconds
+  bool scrollToOpen = false;
+  MinimizeEffect minimizeEffect = MinimizeEffect::genie;
+  bool showHidden = false;
+  bool staticOnly = false;
+  bool singleApp = false;
+};
+
+DockBehavior dockBehavior(const StoredPreferences& stored);
+
+/// One "key value" a line, with the names and in the order of the preferences.
+std::string listText(const DockBehavior& behavior);
+
+}  // namespace tarnwell::standin

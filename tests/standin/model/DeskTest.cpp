@@ -1,0 +1,130 @@
+#include "standin/dock/model/Desk.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+namespace tarnwell::standin {
+namespace {
+
+constexpr std::size_t files = 0;
+constexpr std::size_t letters = 1;
+constexpr std::size_t notebook = 2;
+
+int visibleCount(const Desk& desk, std::size_t application) {
+  int count = 0;
+  for (std::size_t i = 0; i < desk.applications()[application].documents.size(); ++i) {
+    count += desk.isVisible({application, i}) ? 1 : 0;
+  }
+  return count;
+}
+
+TEST(DeskTest, eightApplicationsOfWhichThreeRunAndNoneHasAWindow) {
+  const Desk desk;
+  EXPECT_EQ(desk.applications().size(), 8U);
+  int running = 0;
+  for (std::size_t i = 0; i < desk.applications().size(); ++i) {
+    running += desk.applications()[i].isRunning ? 1 : 0;
+    EXPECT_EQ(visibleCount(desk, i), 0);
+  }
+  EXPECT_EQ(running, 3);
+}
+
+TEST(DeskTest, aClickLaunchesAndOpensTheDocuments) {
+  Desk desk;
+  desk.activate(letters, OthersOnActivation::stay);
+  EXPECT_TRUE(desk.applications()[letters].isRunning);
+  EXPECT_EQ(visibleCount(desk, letters), 2);
+}
+
+TEST(DeskTest, aHiddenApplicationHasNoVisibleWindowsUntilItIsClicked) {
+  Desk desk;
+  desk.activate(files, OthersOnActivation::stay);
+  desk.close({files, 1});
+  desk.hide(files);
+  EXPECT_TRUE(desk.applications()[files].isHidden);
+  EXPECT_EQ(visibleCount(desk, files), 0);
+  desk.activate(files, OthersOnActivation::stay);
+  EXPECT_FALSE(desk.applications()[files].isHidden);
+  EXPECT_EQ(visibleCount(desk, files), 1);
+}
+
+TEST(DeskTest, singleApplicationModeHidesTheOthersThatRun) {
+  Desk desk;
+  desk.activate(files, OthersOnActivation::stay);
+  desk.activate(notebook, OthersOnActivation::hide);
+  EXPECT_EQ(visibleCount(desk, files), 0);
+  EXPECT_EQ(visibleCount(desk, notebook), 3);
+  EXPECT_TRUE(desk.applications()[files].isHidden);
+  EXPECT_FALSE(desk.applications()[letters].isHidden);
+  EXPECT_FALSE(desk.applications()[notebook].isHidden);
+}
+
+TEST(DeskTest, onlyWhatRunsCanBeHidden) {
+  Desk desk;
+  desk.hide(letters);
+  EXPECT_FALSE(desk.applications()[letters].isHidden);
+}
+
+TEST(DeskTest, minimizedDocumentsKeepTheirOrder) {
+  Desk desk;
+  desk.activate(notebook, OthersOnActivation::stay);
+  desk.minimize({notebook, 2});
+  desk.minimize({notebook, 0});
+  desk.minimize({notebook, 0});
+  ASSERT_EQ(desk.minimized().size(), 2U);
+  EXPECT_EQ(desk.minimized()[0], (DocumentId{notebook, 2}));
+  EXPECT_EQ(visibleCount(desk, notebook), 1);
+  desk.restore({notebook, 2});
+  EXPECT_EQ(desk.minimized().size(), 1U);
+  EXPECT_TRUE(desk.isVisible({notebook, 2}));
+}
+
+TEST(DeskTest, aClickBringsBackWhatWasMinimizedLastWhereNothingIsOpen) {
+  Desk desk;
+  desk.activate(files, OthersOnActivation::stay);
+  desk.minimize({files, 0});
+  desk.minimize({files, 1});
+  desk.activate(files, OthersOnActivation::stay);
+  EXPECT_FALSE(desk.isVisible({files, 0}));
+  EXPECT_TRUE(desk.isVisible({files, 1}));
+}
+
+TEST(DeskTest, quittingClosesEverything) {
+  Desk desk;
+  desk.activate(files, OthersOnActivation::stay);
+  desk.minimize({files, 0});
+  desk.quit(files);
+  EXPECT_FALSE(desk.applications()[files].isRunning);
+  EXPECT_TRUE(desk.minimized().empty());
+  EXPECT_EQ(visibleCount(desk, files), 0);
+}
+
+TEST(DeskTest, itsTextBringsEverythingBack) {
+  Desk desk;
+  desk.activate(notebook, OthersOnActivation::stay);
+  desk.minimize({notebook, 1});
+  desk.move({notebook, 0}, {12.5, 700});
+  desk.hide(files);
+  desk.quit(4);
+  Desk other;
+  other.restoreFrom(desk.text());
+  EXPECT_EQ(other.text(), desk.text());
+  EXPECT_EQ(other.minimized(), desk.minimized());
+  EXPECT_EQ(other.document({notebook, 0}).place, (Point{12.5, 700}));
+}
+
+TEST(DeskTest, aDamagedTextDoesNoHarm) {
+  const std::string fresh = Desk().text();
+  for (const char* text :
+       {"", "\n\n", "nobody running shown", "files running shown open", "files running shown open x y",
+        "files running shown ajar 1 1 open 1 1", "files running shown open 1e99 1 open 1 1"}) {
+    Desk desk;
+    desk.restoreFrom(text);
+    EXPECT_EQ(desk.text(), fresh) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::standin

@@ -1,0 +1,108 @@
+#include "standin/dock/model/MeshPainter.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace tarnwell::standin {
+namespace {
+
+constexpr std::uint32_t red = 0xffff0000U;
+constexpr std::uint32_t blue = 0xff0000ffU;
+
+Pixels filled(int width, int height, std::uint32_t color) {
+  Pixels pixels(width, height);
+  std::ranges::fill(pixels.values, color);
+  return pixels;
+}
+
+// Red on the left, blue on the right.
+Picture twoHalves(int width, int height) {
+  Pixels pixels = filled(width, height, red);
+  for (int y = 0; y < height; ++y) {
+    std::fill(pixels.row(y) + width / 2, pixels.row(y) + width, blue);
+  }
+  return Picture(std::move(pixels));
+}
+
+TEST(MeshPainterTest, aPictureThatIsNotBentIsCopiedExactly) {
+  Pixels canvas(60, 50);
+  drawBent(canvas, twoHalves(40, 30), [](double u, double v) { return Point{10 + 40 * u, 5 + 30 * v}; });
+  for (int y = 0; y < canvas.height; ++y) {
+    for (int x = 0; x < canvas.width; ++x) {
+      const bool inside = x >= 10 && x < 50 && y >= 5 && y < 35;
+      const std::uint32_t expected = x < 30 ? red : blue;
+      ASSERT_EQ(canvas.row(y)[x], inside ? expected : 0) << x << ' ' << y;
+    }
+  }
+}
+
+TEST(MeshPainterTest, hasNoHolesWhenBent) {
+  Pixels canvas(100, 100);
+  // A trapezoid that is 90 wide at its top and 30 at its bottom.
+  drawBent(canvas, Picture(filled(200, 200, red)), [](double u, double v) {
+    const double half = 45 - 30 * v;
+    return Point{50 - half + 2 * half * u, 5 + 90 * v};
+  });
+  // The rim is blended with what is outside of the picture.
+  constexpr int rim = 5;
+  for (int y = 5 + rim; y < 95 - rim; ++y) {
+    const double half = 45 - 30 * (y + 0.5 - 5) / 90 - rim;
+    for (int x = static_cast<int>(50 - half) + 1; x < static_cast<int>(50 + half); ++x) {
+      ASSERT_EQ(canvas.row(y)[x], red) << x << ' ' << y;
+    }
+  }
+}
+
+TEST(MeshPainterTest, drawsNothingBesideTheCanvas) {
+  Pixels canvas(20, 20);
+  const Picture picture(filled(40, 40, red));
+  drawBent(canvas, picture, [](double u, double v) { return Point{-30 + 40 * u, -30 + 40 * v}; });
+  EXPECT_EQ(canvas.row(5)[5], red);
+  EXPECT_EQ(canvas.row(15)[15], 0U);
+  drawBent(canvas, picture, [](double u, double v) { return Point{10 + 400 * u, 10 + 400 * v}; });
+  EXPECT_EQ(canvas.row(19)[19], red);
+}
+
+TEST(MeshPainterTest, whatHasNoAreaIsNotThere) {
+  Pixels canvas(20, 20);
+  drawBent(canvas, Picture(filled(40, 40, red)), [](double, double) { return Point{10, 10}; });
+  EXPECT_TRUE(std::ranges::all_of(canvas.values, [](std::uint32_t each) { return each == 0; }));
+}
+
+TEST(PictureTest, aSmallerCopyHoldsTheMeanOfWhatItReplaces) {
+  Pixels stripes(64, 64);
+  for (int y = 0; y < 64; ++y) {
+    for (int x = 0; x < 64; ++x) {
+      stripes.row(y)[x] = x % 2 == 0 ? 0xffffffffU : 0xff000000U;
+    }
+  }
+  const Picture picture(std::move(stripes));
+  const int level = picture.levelFor(4);
+  EXPECT_EQ(level, 2);
+  const std::uint32_t grey = picture.colorAt(32, 32, level);
+  EXPECT_EQ(grey >> 24U, 255U);
+  EXPECT_NEAR(grey & 255U, 127, 2);
+  EXPECT_EQ(picture.levelFor(0.5), 0);
+  EXPECT_EQ(picture.levelFor(1000), 3);
+}
+
+TEST(PictureTest, isTransparentOutside) {
+  const Picture picture(filled(8, 8, red));
+  EXPECT_EQ(picture.colorAt(-2, 4, 0), 0U);
+  EXPECT_EQ(picture.colorAt(4, 11, 0), 0U);
+  EXPECT_NEAR(picture.colorAt(0, 4, 0) >> 24U, 127, 1);
+}
+
+TEST(PictureTest, blendingCoversAsMuchAsTheUpperColourIsOpaque) {
+  EXPECT_EQ(blended(red, blue), red);
+  EXPECT_EQ(blended(0, blue), blue);
+  const std::uint32_t mixed = blended(0x80800000U, blue);
+  EXPECT_NEAR(mixed >> 24U, 255, 1);
+  EXPECT_NEAR(mixed & 255U, 127, 2);
+}
+
+}  // namespace
+}  // namespace tarnwell::standin

@@ -1,0 +1,94 @@
+#include "standin/dock/model/Warp.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+namespace tarnwell::standin {
+namespace {
+
+constexpr Rectangle window{100, 100, 400, 300};
+constexpr Rectangle icon{700, 820, 50, 50};
+constexpr std::array everyEffect = {MinimizeEffect::genie, MinimizeEffect::scale, MinimizeEffect::suck};
+constexpr std::array shares = {0.0, 0.25, 0.5, 0.75, 1.0};
+
+TEST(WarpTest, startsOnTheWindow) {
+  for (const auto effect : everyEffect) {
+    const Warp warp(effect, window, icon);
+    for (const double u : shares) {
+      for (const double v : shares) {
+        EXPECT_NEAR(warp.at(u, v, 0).x, 100 + 400 * u, 1e-9);
+        EXPECT_NEAR(warp.at(u, v, 0).y, 100 + 300 * v, 1e-9);
+      }
+    }
+  }
+}
+
+TEST(WarpTest, endsWithinTheIcon) {
+  for (const auto effect : everyEffect) {
+    const Warp warp(effect, window, icon);
+    for (const double u : shares) {
+      for (const double v : shares) {
+        const Point end = warp.at(u, v, 1);
+        EXPECT_TRUE(end.x >= icon.x && end.x <= icon.right()) << effectName(effect);
+        EXPECT_TRUE(end.y >= icon.y && end.y <= icon.bottom()) << effectName(effect);
+      }
+    }
+  }
+}
+
+TEST(WarpTest, nothingJumps) {
+  for (const auto effect : everyEffect) {
+    const Warp warp(effect, window, icon);
+    for (const double u : shares) {
+      for (const double v : shares) {
+        for (int frame = 0; frame < 100; ++frame) {
+          const Point before = warp.at(u, v, frame / 100.0);
+          const Point after = warp.at(u, v, (frame + 1) / 100.0);
+          EXPECT_LT(std::hypot(after.x - before.x, after.y - before.y), 80) << effectName(effect) << frame;
+        }
+      }
+    }
+  }
+}
+
+TEST(WarpTest, theGeniesRowsStayLevelAndNarrowTowardsTheIcon) {
+  const Warp warp(MinimizeEffect::genie, window, icon);
+  const auto width = [&](double v) { return warp.at(1, v, 0.5).x - warp.at(0, v, 0.5).x; };
+  double last = 1000;
+  for (const double v : shares) {
+    EXPECT_DOUBLE_EQ(warp.at(0, v, 0.5).y, warp.at(1, v, 0.5).y);
+    EXPECT_LE(width(v), last);
+    last = width(v);
+  }
+  EXPECT_GT(width(0), 250);
+  EXPECT_NEAR(width(1), icon.width, 1e-9);
+}
+
+TEST(WarpTest, theScaledWindowStaysARectangle) {
+  const Warp warp(MinimizeEffect::scale, window, icon);
+  EXPECT_EQ(warp.at(0, 0, 0.5), (Point{400, 460}));
+  EXPECT_EQ(warp.at(1, 0, 0.5), (Point{625, 460}));
+  EXPECT_EQ(warp.at(0, 1, 0.5), (Point{400, 635}));
+}
+
+TEST(WarpTest, theSuckedWindowIsPulledByItsNearestCorner) {
+  const Warp warp(MinimizeEffect::suck, window, icon);
+  EXPECT_EQ(warp.at(1, 1, 0.5), icon.center());
+  EXPECT_EQ(warp.at(0, 0, 0.5), (Point{100, 100}));
+  const Warp mirrored(MinimizeEffect::suck, window, {10, 820, 50, 50});
+  EXPECT_EQ(mirrored.at(0, 1, 0.5), (Point{35, 845}));
+  EXPECT_EQ(mirrored.at(1, 0, 0.5), (Point{500, 100}));
+}
+
+TEST(WarpTest, aWindowThatReachesBelowTheIconStillEndsInIt) {
+  const Warp warp(MinimizeEffect::genie, {100, 700, 400, 300}, icon);
+  for (const double v : shares) {
+    EXPECT_NEAR(warp.at(0, v, 1).y, icon.center().y, 1e-9);
+    EXPECT_LE(warp.at(0, v, 0.5).y, 1000);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::standin
