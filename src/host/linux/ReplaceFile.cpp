@@ -10,10 +10,11 @@
 #include <system_error>
 #include <utility>
 
+#include "host/linux/MakeFolders.h"
+
 namespace tarnwell::host_linux {
 namespace {
 
-constexpr mode_t folderMode = 0700;
 constexpr mode_t newFileMode = 0644;
 
 // A file beside the one that it is to replace; removed unless it took that one's place.
@@ -67,17 +68,6 @@ class Draft {
   std::string name_;
   int number_ = -1;
 };
-
-bool makeFolders(const std::filesystem::path& folder) {
-  if (folder.empty() || ::mkdir(folder.c_str(), folderMode) == 0) {
-    return true;
-  }
-  if (errno == EEXIST) {
-    return true;
-  }
-  return errno == ENOENT && folder.has_relative_path() && makeFolders(folder.parent_path()) &&
-         (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST);
-}
 
 // The new name survives a power failure only once the folder is on the disk. Not every file system can do that, and
 // the file is complete by now.

@@ -18,6 +18,7 @@ class UpdaterPreferences {
 
   static constexpr std::chrono::seconds usualInterval = std::chrono::hours(24);
   static constexpr std::chrono::seconds shortestInterval = std::chrono::hours(1);
+  static constexpr std::chrono::seconds longestInterval = std::chrono::hours(24 * 366);
 
   /// The file need not be there yet.
   explicit UpdaterPreferences(std::filesystem::path file) : file_(std::move(file)) {}
@@ -36,7 +37,8 @@ class UpdaterPreferences {
   std::optional<Time> lastCheck() const;
   std::optional<Failure> setLastCheck(Time time) const;
 
-  /// Between scheduled checks; never shorter than the shortest. Changed in the file only.
+  /// Between scheduled checks: at least the shortest, and the usual one instead of what is beyond the longest. Changed
+  /// in the file only.
   std::chrono::seconds interval() const;
 
   /// Empty when none is skipped.

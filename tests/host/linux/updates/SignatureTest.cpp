@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <vector>
 
@@ -22,11 +24,15 @@ std::string parseRefusalOf(std::string_view base64) {
   return failure != nullptr ? failure->message : "";
 }
 
+core::Descriptor fileOf(const std::string& content) {
+  core::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
+  return file;
+}
+
 /// Why `signature` is refused for a file of this content; empty when it is not.
 std::string refusalOf(std::string_view signature, const std::string& content, std::string_view key) {
-  const fixtures::Sandbox sandbox;
-  sandbox.write("package", content);
-  const core::Descriptor file(::open((sandbox / "package").c_str(), O_RDONLY | O_CLOEXEC));
+  const core::Descriptor file = fileOf(content);
   const auto parsedKey = PublicKey::parse(key);
   const auto parsed = Signature::parse(signature);
   if (const auto* failure = std::get_if<Failure>(&parsedKey)) {
@@ -160,9 +166,7 @@ TEST(Signature, overTheHashOfAFileIsNoSignatureOverTheFile) {
 
 TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {
   const SigningKey key;
-  const fixtures::Sandbox sandbox;
-  sandbox.write("package", package());
-  const core::Descriptor file(::open((sandbox / "package").c_str(), O_RDONLY | O_CLOEXEC));
+  const core::Descriptor file = fileOf(package());
   const auto signature = std::get<Signature>(Signature::parse(key.signatureOf(package())));
   const auto publicKey = std::get<PublicKey>(PublicKey::parse(key.publicText()));
   EXPECT_FALSE(signature.verify(publicKey, file.number(), package().size()));

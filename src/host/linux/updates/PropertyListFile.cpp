@@ -1,0 +1,193 @@
+#include "host/linux/updates/PropertyListFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "core/CNumericLocale.h"
+#include "core/Descriptor.h"
+#include "diagnostics/Console.h"
+#include "host/linux/MakeFolders.h"
+#include "host/linux/ReplaceFile.h"
+
+namespace tarnwell::host_linux::updates {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t largestFile = 1024 * 1024;  // Bytes; a few hundred are usual.
+constexpr int deepestNesting = 64;
+constexpr int mostFilesSetAside = 1000;
+
+Failure systemFailure(const std::string& what, const fs::path& path) {
+  return {what + " " + path.string() + ": " + std::system_category().message(errno)};
+}
+
+void report(const Failure& failure) { diagnostics::printErrorLine("tarnwell: " + failure.message); }
+
+// The library goes down by calling itself. Counts tags only, which may refuse a text that spells many of them.
+bool isNestedTooDeep(std::string_view xml) {
+  int depth = 0;
+  for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+    const std::string_view tag = xml.substr(at + 1);
+    if (tag.starts_with("dict") || tag.starts_with("array")) {
+      ++depth;
+    } else if (tag.starts_with("/dict") || tag.starts_with("/array")) {
+      --depth;
+    }
+    if (depth > deepestNesting) {
+      return true;
+    }
+  }
+  return false;
+}
+
+PropertyList parsed(const std::string& text) {
+  if (text.size() > largestFile || isNestedTooDeep(text)) {
+    return nullptr;
+  }
+  const core::CNumericLocale locale;
+  plist_t node = nullptr;
+  plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &node);
+  PropertyList list(node);
+  return plist_get_node_type(list.get()) == PLIST_DICT ? std::move(list) : nullptr;
+}
+
+std::string textOf(plist_t dictionary) {
+  const core::CNumericLocale locale;
+  char* bytes = nullptr;
+  std::uint32_t length = 0;
+  plist_to_xml(dictionary, &bytes, &length);
+  std::string text(bytes != nullptr ? bytes : "", length);
+  std::free(bytes);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
+  return text;
+}
+
+/// One byte more than the largest file shows that there is more.
+Result<std::string> contentOf(int descriptor, const fs::path& path) {
+  std::string content;
+  std::array<char, 65536> buffer = {};
+  while (content.size() <= largestFile) {
+    const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
+    if (count < 0 && errno != EINTR) {
+      return systemFailure("cannot read", path);
+    }
+    if (count == 0) {
+      break;
+    }
+    content.append(buffer.data(), static_cast<std::size_t>(count < 0 ? 0 : count));
+  }
+  return content;
+}
+
+/// No list stands for a damaged file.
+Result<PropertyList> loaded(const fs::path& path) {
+  const core::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.isEmpty()) {
+    return errno == ENOENT ? Result<PropertyList>(PropertyList(plist_new_dict())) : systemFailure("cannot read", path);
+  }
+  struct stat status = {};
+  if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return Failure{"cannot read " + path.string() + ": it is not a file"};
+  }
+  const auto content = contentOf(file.number(), path);
+  if (const auto* failure = std::get_if<Failure>(&content)) {
+    return *failure;
+  }
+  return parsed(std::get<std::string>(content));
+}
+
+/// Held as long as the descriptor is open.
+core::Descriptor locked(const fs::path& path) {
+  const fs::path lock = path.parent_path() / ("." + path.filename().string() + ".lock");
+  if (!makeFolders(path.parent_path())) {
+    return {};
+  }
+  core::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
+  while (!file.isEmpty() && ::flock(file.number(), LOCK_EX) != 0) {
+    if (errno != EINTR) {
+      return {};
+    }
+  }
+  return file;
+}
+
+/// Gives the file a second name, so that there is no moment without it. Returns that name.
+Result<fs::path> namedAside(const fs::path& path) {
+  for (int number = 1; number <= mostFilesSetAside; ++number) {
+    fs::path aside = path.string() + ".damaged-" + std::to_string(number);
+    if (::link(path.c_str(), aside.c_str()) == 0) {
+      report({path.string() + " is damaged; it is kept as " + aside.string()});
+      return aside;
+    }
+    if (errno != EEXIST) {
+      return systemFailure("cannot set aside", path);
+    }
+  }
+  return Failure{"cannot set aside " + path.string() + ": there are too many damaged ones"};
+}
+
+std::optional<Failure> setAside(const fs::path& path) {
+  const auto aside = namedAside(path);
+  if (const auto* failure = std::get_if<Failure>(&aside)) {
+    return *failure;
+  }
+  return ::unlink(path.c_str()) == 0 ? std::nullopt : std::optional(systemFailure("cannot set aside", path));
+}
+
+/// What is stored; a damaged file is out of the way afterwards. Only for who holds the lock.
+Result<PropertyList> mended(const fs::path& path) {
+  auto list = loaded(path);
+  const auto* dictionary = std::get_if<PropertyList>(&list);
+  if (dictionary == nullptr || *dictionary != nullptr) {
+    return list;
+  }
+  if (const auto failure = setAside(path)) {
+    return *failure;
+  }
+  return PropertyList(plist_new_dict());
+}
+
+Result<PropertyList> mendedUnderLock(const fs::path& path) {
+  const core::Descriptor lock = locked(path);
+  return lock.isEmpty() ? systemFailure("cannot lock", path) : mended(path);
+}
+
+}  // namespace
+
+PropertyList PropertyListFile::dictionary() const {
+  auto list = loaded(path_);
+  if (const auto* found = std::get_if<PropertyList>(&list); found != nullptr && *found == nullptr) {
+    list = mendedUnderLock(path_);
+  }
+  if (const auto* failure = std::get_if<Failure>(&list)) {
+    report(*failure);
+    return PropertyList(plist_new_dict());
+  }
+  return std::get<PropertyList>(std::move(list));
+}
+
+std::optional<Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
+  const core::Descriptor lock = locked(path_);
+  if (lock.isEmpty()) {
+    return systemFailure("cannot write", path_);
+  }
+  const auto list = mended(path_);
+  if (const auto* failure = std::get_if<Failure>(&list)) {
+    return *failure;
+  }
+  plist_t dictionary = std::get<PropertyList>(list).get();
+  change(dictionary);
+  return replaceFile(path_, textOf(dictionary));
+}
+
+}  // namespace tarnwell::host_linux::updates
