@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/Descriptor.h"
@@ -17,12 +18,14 @@ class PackageFile {
   /// An empty file in a folder that only the user can enter; the folder is made when it is not there.
   static Result<PackageFile> create(const std::filesystem::path& folder);
 
+  /// After a failure the file is incomplete and of no use.
   std::optional<Failure> append(std::string_view bytes);
   /// Bytes appended so far.
   std::uint64_t length() const { return length_; }
   /// To read from, at any position. Borrowed.
   int descriptor() const { return file_.number(); }
-  /// Gives this very file a name in its folder, replacing what had it, and makes it read-only.
+  /// Gives this very file a name in its folder, replacing what had it, and makes it read-only. Where the file system
+  /// cannot name a file that has no name, a copy of it is made. `name` is a plain file name.
   Result<std::filesystem::path> giveName(const std::string& name);
 
  private:

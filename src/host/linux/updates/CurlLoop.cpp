@@ -1,0 +1,191 @@
+#include "host/linux/updates/CurlLoop.h"
+
+#include <fcntl.h>
+#include <sys/epoll.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "core/SystemFault.h"
+#include "diagnostics/Fault.h"
+
+namespace tarnwell::host_linux::updates {
+namespace {
+
+constexpr long millisecondsPerSecond = 1000;
+constexpr long nanosecondsPerMillisecond = 1'000'000;
+
+std::set<int> openDescriptors() {
+  std::set<int> numbers;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry("/proc/self/fd", error), end; !error && entry != end;
+       entry.increment(error)) {
+    numbers.insert(std::stoi(entry->path().filename().string()));
+  }
+  // The one that the folder was read through is among them.
+  std::erase_if(numbers, [](int number) { return ::fcntl(number, F_GETFD) < 0; });
+  return numbers;
+}
+
+// The library makes a pair of sockets for waking it up, and would leave it open in the programs that we start.
+CURLM* newClosedMulti() {
+  const std::set<int> before = openDescriptors();
+  CURLM* multi = curl_multi_init();
+  for (const int number : openDescriptors()) {
+    if (!before.contains(number)) {
+      ::fcntl(number, F_SETFD, FD_CLOEXEC);
+    }
+  }
+  return multi;
+}
+
+// Once for the process; the library keeps nothing that is worth giving back at the end.
+CURLM* newMulti() {
+  static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
+  CURLM* multi = ready == CURLE_OK ? newClosedMulti() : nullptr;
+  if (multi == nullptr) {
+    diagnostics::fault("the network library does not start");
+  }
+  return multi;
+}
+
+core::Descriptor required(int number, const char* action) {
+  auto descriptor = core::aboveStandardStreams(core::Descriptor(number));
+  if (descriptor.isEmpty()) {
+    core::systemFault(action, errno);
+  }
+  return descriptor;
+}
+
+std::uint32_t eventsFor(int wanted) {
+  const bool reads = wanted == CURL_POLL_IN || wanted == CURL_POLL_INOUT;
+  const bool writes = wanted == CURL_POLL_OUT || wanted == CURL_POLL_INOUT;
+  return (reads ? std::uint32_t{EPOLLIN} : 0U) | (writes ? std::uint32_t{EPOLLOUT} : 0U);
+}
+
+int conditionsOf(std::uint32_t events) {
+  const bool reads = (events & (EPOLLIN | EPOLLHUP)) != 0;
+  return (reads ? CURL_CSELECT_IN : 0) | ((events & EPOLLOUT) != 0 ? CURL_CSELECT_OUT : 0) |
+         ((events & EPOLLERR) != 0 ? CURL_CSELECT_ERR : 0);
+}
+
+}  // namespace
+
+CurlLoop::CurlLoop()
+    : events_(required(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
+      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
+      multi_(newMulti()) {
+  curl_multi_setopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
+  curl_multi_setopt(multi_, CURLMOPT_SOCKETDATA, this);
+  curl_multi_setopt(multi_, CURLMOPT_TIMERFUNCTION, &CurlLoop::timerChanged);
+  curl_multi_setopt(multi_, CURLMOPT_TIMERDATA, this);
+  watch(timer_.number(), CURL_POLL_IN);
+}
+
+CurlLoop::~CurlLoop() { curl_multi_cleanup(multi_); }
+
+void CurlLoop::dispatch() {
+  // The bound keeps a fast connection from holding up the host's loop.
+  std::array<epoll_event, 8> events{};
+  const int count = ::epoll_wait(events_.number(), events.data(), static_cast<int>(events.size()), 0);
+  for (int index = 0; index < count; ++index) {
+    const epoll_event& event = events.at(static_cast<std::size_t>(index));
+    if (event.data.fd == timer_.number()) {
+      std::uint64_t expirations = 0;
+      if (::read(timer_.number(), &expirations, sizeof expirations) > 0) {
+        act(CURL_SOCKET_TIMEOUT, 0);
+      }
+    } else {
+      act(event.data.fd, conditionsOf(event.events));
+    }
+  }
+  tellEnded();
+}
+
+void CurlLoop::add(CURL* handle, std::function<void(CURLcode)> ended) {
+  ended_.insert_or_assign(handle, std::move(ended));
+  if (curl_multi_add_handle(multi_, handle) != CURLM_OK) {
+    diagnostics::fault("the network library takes no transfer");
+  }
+}
+
+void CurlLoop::remove(CurlHandle handle) {
+  ended_.erase(handle.get());
+  if (isInside_) {
+    removed_.push_back(std::move(handle));
+  } else {
+    end(std::move(handle));
+  }
+}
+
+int CurlLoop::socketChanged(CURL* /*handle*/, curl_socket_t socket, int wanted, void* loop, void* /*known*/) {
+  static_cast<CurlLoop*>(loop)->watch(socket, wanted);
+  return 0;
+}
+
+int CurlLoop::timerChanged(CURLM* /*multi*/, long milliseconds, void* loop) {
+  static_cast<CurlLoop*>(loop)->setTimer(milliseconds);
+  return 0;
+}
+
+void CurlLoop::watch(curl_socket_t socket, int wanted) const {
+  if (wanted == CURL_POLL_REMOVE) {
+    ::epoll_ctl(events_.number(), EPOLL_CTL_DEL, socket, nullptr);
+    return;
+  }
+  epoll_event event = {.events = eventsFor(wanted), .data = {.fd = socket}};
+  if (::epoll_ctl(events_.number(), EPOLL_CTL_MOD, socket, &event) != 0 &&
+      ::epoll_ctl(events_.number(), EPOLL_CTL_ADD, socket, &event) != 0) {
+    core::systemFault("watch a connection", errno);
+  }
+}
+
+// Negative for no timer; zero is as soon as possible, but from the event loop.
+void CurlLoop::setTimer(long milliseconds) const {
+  itimerspec due = {};
+  if (milliseconds == 0) {
+    due.it_value.tv_nsec = 1;
+  } else if (milliseconds > 0) {
+    due.it_value.tv_sec = milliseconds / millisecondsPerSecond;
+    due.it_value.tv_nsec = milliseconds % millisecondsPerSecond * nanosecondsPerMillisecond;
+  }
+  ::timerfd_settime(timer_.number(), 0, &due, nullptr);
+}
+
+void CurlLoop::act(curl_socket_t socket, int what) {
+  int running = 0;
+  isInside_ = true;
+  curl_multi_socket_action(multi_, socket, what, &running);
+  isInside_ = false;
+  for (CurlHandle& handle : std::exchange(removed_, {})) {
+    end(std::move(handle));
+  }
+}
+
+void CurlLoop::tellEnded() {
+  int left = 0;
+  while (const CURLMsg* message = curl_multi_info_read(multi_, &left)) {
+    const auto found = ended_.find(message->easy_handle);
+    if (message->msg == CURLMSG_DONE && found != ended_.end()) {
+      const CURLcode code = message->data.result;
+      const auto ended = std::move(found->second);
+      ended_.erase(found);
+      ended(code);
+    }
+  }
+}
+
+void CurlLoop::end(CurlHandle handle) {
+  curl_multi_remove_handle(multi_, handle.get());
+  handle.reset();
+}
+
+}  // namespace tarnwell::host_linux::updates

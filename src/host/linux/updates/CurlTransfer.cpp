@@ -1,0 +1,172 @@
+#include "host/linux/updates/CurlTransfer.h"
+
+#include <sys/socket.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "core/Descriptor.h"
+#include "diagnostics/Fault.h"
+#include "host/linux/updates/CurlFailure.h"
+
+namespace tarnwell::host_linux::updates {
+namespace {
+
+constexpr long mostRedirects = 5;
+constexpr long complete = 200;
+
+CURL* newHandle() {
+  CURL* handle = curl_easy_init();
+  if (handle == nullptr) {
+    diagnostics::fault("the network library has no handle left");
+  }
+  return handle;
+}
+
+// An option that the library does not know would be a limit that nobody keeps.
+template <class Value>
+void set(const CurlHandle& handle, CURLoption option, Value value) {
+  if (curl_easy_setopt(handle.get(), option, value) != CURLE_OK) {
+    diagnostics::fault("the network library does not take an option");
+  }
+}
+
+long statusOf(CURL* handle) {
+  long status = 0;
+  curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+  return status;
+}
+
+std::string addressOf(CURL* handle, const std::string& asked) {
+  const char* last = nullptr;
+  curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &last);
+  return last == nullptr || *last == '\0' ? asked : last;
+}
+
+// The library's own sockets would be open in the programs that we start.
+curl_socket_t openSocket(void* /*state*/, curlsocktype /*purpose*/, curl_sockaddr* address) {
+  return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+}  // namespace
+
+struct CurlTransfer::State {
+  Transport::Request request = {};
+  Transport::Received received = {};
+  CURL* handle = nullptr;
+  std::uint64_t length = 0;
+  bool isTooLong = false;
+  bool isStopped = false;  // By `received`, or because the transfer was destroyed.
+  std::array<char, CURL_ERROR_SIZE> error = {};
+
+  bool take(std::string_view bytes) {
+    // What comes along with any other answer is not what was asked for.
+    if (isStopped || statusOf(handle) != complete) {
+      return false;
+    }
+    isTooLong = bytes.size() > request.maximumLength - length;
+    if (isTooLong) {
+      return false;
+    }
+    length += bytes.size();
+    isStopped = !received(bytes) || isStopped;
+    return !isStopped;
+  }
+
+  static std::size_t bytesCame(char* bytes, std::size_t one, std::size_t count, void* state) {
+    const std::size_t length = one * count;
+    return static_cast<State*>(state)->take({bytes, length}) ? length : CURL_WRITEFUNC_ERROR;
+  }
+};
+
+CurlTransfer::CurlTransfer(std::shared_ptr<CurlLoop> loop, const CurlTransport::Settings& settings,
+                           const Transport::Request& request, Transport::Received received,
+                           Transport::Finished finished)
+    : loop_(std::move(loop)), state_(std::make_shared<State>()), finished_(std::move(finished)) {
+  state_->request = request;
+  state_->received = std::move(received);
+  state_->handle = newHandle();
+  handle_ = CurlHandle(state_->handle, CurlHandleEnd{state_});
+  restrict(settings);
+  limit(settings);
+  connect();
+  loop_->add(handle_.get(), [this](CURLcode code) { ended(code); });
+}
+
+CurlTransfer::~CurlTransfer() {
+  if (handle_) {
+    state_->isStopped = true;
+    loop_->remove(std::move(handle_));
+  }
+}
+
+void CurlTransfer::restrict(const CurlTransport::Settings& settings) {
+  set(handle_, CURLOPT_PROTOCOLS_STR, "https");
+  set(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
+  set(handle_, CURLOPT_FOLLOWLOCATION, 1L);
+  set(handle_, CURLOPT_MAXREDIRS, mostRedirects);
+  set(handle_, CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2});
+  set(handle_, CURLOPT_SSL_VERIFYPEER, 1L);
+  set(handle_, CURLOPT_SSL_VERIFYHOST, 2L);
+  if (!settings.authorities.empty()) {
+    set(handle_, CURLOPT_CAINFO, settings.authorities.c_str());
+    set(handle_, CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+  }
+  set(handle_, CURLOPT_DISALLOW_USERNAME_IN_URL, 1L);
+  set(handle_, CURLOPT_NETRC, long{CURL_NETRC_IGNORED});
+  set(handle_, CURLOPT_FAILONERROR, 1L);
+  // Bytes as they lie on the server: a small file must not become a large one here.
+  set(handle_, CURLOPT_HTTP_CONTENT_DECODING, 0L);
+  set(handle_, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+  set(handle_, CURLOPT_USERAGENT, settings.userAgent.c_str());
+}
+
+void CurlTransfer::limit(const CurlTransport::Settings& settings) {
+  using std::chrono::milliseconds;
+  set(handle_, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(state_->request.maximumLength));
+  set(handle_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(milliseconds(settings.connectLimit).count()));
+  set(handle_, CURLOPT_LOW_SPEED_LIMIT, settings.leastSpeed);
+  set(handle_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(settings.stallLimit.count()));
+  set(handle_, CURLOPT_NOSIGNAL, 1L);
+  // To cancel while a name is being looked up does not wait for the answer.
+  set(handle_, CURLOPT_QUICK_EXIT, 1L);
+  set(handle_, CURLOPT_FORBID_REUSE, 1L);
+}
+
+void CurlTransfer::connect() {
+  set(handle_, CURLOPT_URL, state_->request.address.c_str());
+  set(handle_, CURLOPT_ERRORBUFFER, state_->error.data());
+  set(handle_, CURLOPT_WRITEFUNCTION, &State::bytesCame);
+  set(handle_, CURLOPT_WRITEDATA, static_cast<void*>(state_.get()));
+  set(handle_, CURLOPT_OPENSOCKETFUNCTION, &openSocket);
+}
+
+void CurlTransfer::ended(CURLcode code) {
+  const std::optional<Failure> failure = outcome(code);
+  loop_->remove(std::move(handle_));
+  // It may end this transfer.
+  const Transport::Finished finished = std::move(finished_);
+  finished(failure);
+}
+
+std::optional<Failure> CurlTransfer::outcome(CURLcode code) const {
+  if (state_->isStopped) {
+    return std::nullopt;
+  }
+  const long status = statusOf(handle_.get());
+  if (code == CURLE_OK && status == complete) {
+    return std::nullopt;
+  }
+  if (state_->isTooLong) {
+    code = CURLE_FILESIZE_EXCEEDED;
+  } else if (code == CURLE_OK || (code == CURLE_WRITE_ERROR && status != complete)) {
+    code = CURLE_HTTP_RETURNED_ERROR;
+  }
+  // Of a redirect that is refused, the one who redirects is to blame.
+  const std::string& asked = state_->request.address;
+  const std::string last = code == CURLE_UNSUPPORTED_PROTOCOL ? asked : addressOf(handle_.get(), asked);
+  return transferFailure(code, last, state_->error.data(), status);
+}
+
+}  // namespace tarnwell::host_linux::updates

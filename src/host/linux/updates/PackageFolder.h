@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// Where downloads lie: "tarnwell/updates" in XDG_CACHE_HOME or, where that is unset or not absolute, in ~/.cache. It
+/// is the updater's alone.
+Result<std::filesystem::path> packageFolder();
+
+/// Removes the packages that an earlier run of the program gave names to. A folder that is not there, or that is
+/// somebody else's, is left alone.
+void removePackages(const std::filesystem::path& folder);
+
+}  // namespace tarnwell::host_linux::updates
