@@ -102,7 +102,19 @@ bool Application::performKeyEquivalent(const KeyEvent& event) {
       return true;
     }
   }
-  return keyWindow_ != nullptr && keyWindow_->keyDown(event);
+  return giveToKeyWindow(event);
+}
+
+bool Application::giveToKeyWindow(const KeyEvent& event) {
+  bool meant = false;
+  const Action give = [&] { meant = keyWindow_ != nullptr && keyWindow_->keyDown(event); };
+  if (turn_.isPerforming()) {
+    // A posted key. It is an event of its own for the window, which needs what a commit changes to settle.
+    turn_.nestedLoop(give);
+  } else {
+    give();
+  }
+  return meant;
 }
 
 void Application::trackMenu(Menu& menu, const Action& show) {

@@ -115,6 +115,7 @@ class Application final : public Object {
  private:
   explicit Application(Platform& platform);
 
+  bool giveToKeyWindow(const KeyEvent& event);
   Object* responderFor(const Selector& action) const;
   void tellDelegate(const Selector& selector, Object* sender);
 

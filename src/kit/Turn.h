@@ -34,6 +34,9 @@ class Turn {
   /// Runs a copy of `action`, since what it does may release the original.
   void perform(Action action);
 
+  /// Whether an event is under way: what it changed has not settled. False in a nested loop between its events.
+  bool isPerforming() const { return depth_ > loopDepth_; }
+
   /// For a loop inside an event (an open menu, a drag, a dialog): settles first, then runs `loop`, in which each
   /// event settles by itself. Calling it while settling is a fault.
   void nestedLoop(const Action& loop);

@@ -3,15 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "diagnostics/Fault.h"
 #include "kit/Button.h"
 #include "kit/TextField.h"
+#include "kit/Turn.h"
 
 namespace tarnwell::kit {
 
 Window::Window(std::string identifier, std::string title)
     : identifier_(std::move(identifier)), title_(std::move(title)) {}
 
-Window::~Window() = default;
+Window::~Window() { *handle_ = nullptr; }
 
 void Window::setContentSize(Size size) {
   if (std::exchange(contentSize_, size) != size && peer_) {
@@ -66,7 +68,11 @@ void Window::metricsChanged() {
 }
 
 void Window::performClose() {
+  const auto self = handle_;
   endEditing();
+  if (*self == nullptr) {
+    return;
+  }
   if (const Action action = closeAction_) {
     action();
   }
@@ -84,14 +90,13 @@ void Window::endEditing() {
 }
 
 bool Window::keyDown(const KeyEvent& event) {
+  if (turn_ != nullptr && turn_->isPerforming()) {
+    diagnostics::fault("a window was given a key in the middle of another event");
+  }
   if (event.charactersIgnoringModifiers == escapeKey && event.modifierFlags == 0) {
     return cancelEditing();
   }
-  if (event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0) {
-    endEditing();
-    return pressDefaultButton();
-  }
-  return false;
+  return event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0 && commitAndPressDefaultButton();
 }
 
 bool Window::respondsToSelector(const Selector& selector) const {
@@ -107,6 +112,12 @@ void Window::perform(const Selector& selector, Object* /*sender*/) {
   } else if (selector == "performMiniaturize:" && peer_) {
     peer_->miniaturize();
   }
+}
+
+bool Window::commitAndPressDefaultButton() {
+  const auto self = handle_;
+  endEditing();
+  return *self == nullptr || pressDefaultButton();
 }
 
 bool Window::pressDefaultButton() {

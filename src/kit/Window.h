@@ -15,6 +15,7 @@ namespace tarnwell::kit {
 
 class Button;
 class Host;
+class Turn;
 
 /// A window of the application: its size follows its content, never the user.
 class Window final : public Object {
@@ -41,6 +42,9 @@ class Window final : public Object {
   std::shared_ptr<Object> delegate() const { return delegate_.lock(); }
   void setDelegate(const std::shared_ptr<Object>& delegate) { delegate_ = delegate; }
 
+  /// What the user does here is part of `turn`, which must outlive the window; `keyDown` has to know.
+  void joinTurn(Turn& turn) { turn_ = &turn; }
+
   /// Shows the current state, then every change.
   void attach(std::unique_ptr<WindowPeer> peer);
   WindowPeer* peer() const { return peer_.get(); }
@@ -60,7 +64,7 @@ class Window final : public Object {
   void setMetricsAction(Action action) { metricsAction_ = std::move(action); }
   void metricsChanged();
 
-  // The user's doing.
+  // The user's doing. A commit may end the window.
 
   void performClose();
 
@@ -68,7 +72,8 @@ class Window final : public Object {
   void endEditing();
 
   /// One place for the keys that belong to no control: Return commits and presses the default button if that is
-  /// enabled then, Escape gives up what was typed. False for a key that means nothing here.
+  /// enabled then, Escape gives up what was typed. False for a key that means nothing here. An event of its own: what
+  /// the commit changes has to settle before the button is asked, so a call in the middle of another event is a fault.
   bool keyDown(const KeyEvent& event);
 
   /// The focused control's editing commands, "performClose:" and "performMiniaturize:".
@@ -76,9 +81,13 @@ class Window final : public Object {
   void perform(const Selector& selector, Object* sender) override;
 
  private:
+  bool commitAndPressDefaultButton();
   bool pressDefaultButton();
   bool cancelEditing();
 
+  /// Points to null once the window is gone.
+  std::shared_ptr<Window*> handle_ = std::make_shared<Window*>(this);
+  Turn* turn_ = nullptr;
   std::string identifier_;
   std::string title_;
   std::unique_ptr<WindowPeer> peer_;

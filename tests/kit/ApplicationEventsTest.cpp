@@ -1,5 +1,9 @@
 #include "kit/ApplicationTest.h"
 
+#include "kit/Button.h"
+#include "kit/TextField.h"
+#include "kit/Window.h"
+
 namespace tarnwell::kit {
 namespace {
 
@@ -8,17 +12,26 @@ class ApplicationEventsTest : public ApplicationTest {};
 /// Notes when everything settles.
 class NotingSettler final : public Settler {
  public:
-  NotingSettler(Turn& turn, Lines& notes) : turn_(turn), notes_(notes) { turn_.join(*this); }
+  NotingSettler(Turn& turn, Lines& notes, Action whenSettled = {})
+      : turn_(turn), notes_(notes), whenSettled_(std::move(whenSettled)) {
+    turn_.join(*this);
+  }
   NotingSettler(const NotingSettler&) = delete;
   NotingSettler& operator=(const NotingSettler&) = delete;
   ~NotingSettler() override { turn_.leave(*this); }
 
   bool settleStep() override { return false; }
-  void settled() override { notes_.emplace_back("settled"); }
+  void settled() override {
+    notes_.emplace_back("settled");
+    if (whenSettled_) {
+      whenSettled_();
+    }
+  }
 
  private:
   Turn& turn_;
   Lines& notes_;
+  Action whenSettled_;
 };
 
 TEST_F(ApplicationEventsTest, aPostedEventWaitsForALaterTurn) {
@@ -100,6 +113,29 @@ TEST_F(ApplicationEventsTest, aPostedKeyIsTheCurrentEventOfItsEntry) {
   application->mainMenu().addItem(item);
   application->postEvent(key("a"), false);
   application->runTurn();
+}
+
+TEST_F(ApplicationEventsTest, aPostedReturnPressesTheButtonThatItsCommitEnables) {
+  Window window("", "");
+  window.joinTurn(application->turn());
+  TextField field;
+  Button save;
+  bool committed = false;
+  field.setAction([&committed](const std::string&) { committed = true; });
+  save.setDefault(true);
+  save.setEnabled(false);
+  save.setAction([this] { notes.emplace_back("save"); });
+  for (Control* control : {static_cast<Control*>(&field), static_cast<Control*>(&save)}) {
+    control->joinTurn(application->turn());
+  }
+  window.setControls({&field, &save});
+  const NotingSettler settler(application->turn(), notes, [&] { save.setEnabled(committed); });
+  application->addWindow(window);
+  field.type("5");
+  application->postEvent(key(returnKey, 0), false);
+  application->runTurn();
+  EXPECT_EQ(notes, (Lines{"settled", "settled", "save", "settled", "settled"}));
+  application->removeWindow(window);
 }
 
 TEST_F(ApplicationEventsTest, makesEventsWhereThePlatformDoes) {

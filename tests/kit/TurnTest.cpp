@@ -184,6 +184,19 @@ TEST_F(TurnTest, loopsNest) {
   EXPECT_EQ(notes, (Notes{"settled", "settled", "innermost", "settled", "inner", "settled", "settled"}));
 }
 
+TEST_F(TurnTest, performsWhileAnEventIsUnderWayAndNotBetweenTheEventsOfANestedLoop) {
+  EXPECT_FALSE(turn.isPerforming());
+  turn.perform([this] {
+    EXPECT_TRUE(turn.isPerforming());
+    turn.nestedLoop([this] {
+      EXPECT_FALSE(turn.isPerforming());
+      turn.perform([this] { EXPECT_TRUE(turn.isPerforming()); });
+    });
+    EXPECT_TRUE(turn.isPerforming());
+  });
+  EXPECT_FALSE(turn.isPerforming());
+}
+
 TEST_F(TurnTest, whatNeverSettlesEndsWithOneLine) {
   int steps = 0;
   Action again = [&] {

@@ -150,5 +150,36 @@ TEST_F(WindowTest, otherMetricsAreToldToItsOwner) {
   EXPECT_EQ(events, Lines{"metrics"});
 }
 
+TEST(WindowEndTest, aCommitMayEndItsWindow) {
+  TextField field;
+  auto window = std::make_unique<Window>("dock", "Dock");
+  window->setControls({&field});
+  field.setAction([&window](const std::string&) { window.reset(); });
+  field.type("5");
+  EXPECT_TRUE(window->keyDown(returnDown));
+  EXPECT_EQ(window, nullptr);
+}
+
+TEST(WindowEndTest, aCommitMayEndTheWindowThatIsBeingClosed) {
+  TextField field;
+  auto window = std::make_unique<Window>("dock", "Dock");
+  window->setControls({&field});
+  window->setCloseAction([] { FAIL() << "there is no window left to close"; });
+  field.setAction([&window](const std::string&) { window.reset(); });
+  field.type("5");
+  window->performClose();
+  EXPECT_EQ(window, nullptr);
+}
+
+using WindowDeathTest = WindowTest;
+
+TEST_F(WindowDeathTest, aKeyInTheMiddleOfAnotherEventIsAFault) {
+  Turn turn;
+  window.joinTurn(turn);
+  EXPECT_DEATH(turn.perform([this] { window.keyDown(returnDown); }),
+               "tarnwell: a window was given a key in the middle of another event");
+  turn.perform([&] { turn.nestedLoop([this] { EXPECT_TRUE(window.keyDown(returnDown)); }); });
+}
+
 }  // namespace
 }  // namespace tarnwell::kit
