@@ -15,13 +15,14 @@ class AppearNode final : public PassThroughNode {
   using PassThroughNode::PassThroughNode;
 
   void showingChanged(bool shown) override {
+    ++showingChanges_;
     if (!shown) {
       return;
     }
-    tree().addHandler([weak = weak_from_this()] {
+    tree().addHandler([weak = weak_from_this(), change = showingChanges_] {
       const auto node = std::static_pointer_cast<AppearNode>(weak.lock());
-      // A window may have closed in the same event: then nothing appeared.
-      if (node && node->isMounted() && node->tree().isShown()) {
+      // A window may have closed in the same event, and opened once more: only the last showing is one.
+      if (node && node->isMounted() && node->showingChanges_ == change) {
         const kit::Action action = node->valueAs<AppearModifier>().action;
         action();
       }
@@ -30,6 +31,9 @@ class AppearNode final : public PassThroughNode {
 
  protected:
   void apply() override { updateChildren({valueAs<AppearModifier>().content}, environment()); }
+
+ private:
+  int showingChanges_ = 0;
 };
 
 std::shared_ptr<MountedNode> makeNode(const AppearModifier& /*modifier*/, const Place& place) {

@@ -49,9 +49,11 @@ std::shared_ptr<MountedNode> makeNode(const TabBarView& /*bar*/, const Place& pl
   return std::make_shared<TabBarNode>(place);
 }
 
-/// Knows its tab, so that another tab's content is never taken for an update of this one's.
+/// Knows its tab and its showing, so that another tab's content, or what was there before the window closed, is never
+/// taken for an update of this one's.
 struct Page {
   int index = -1;
+  int showing = 0;
   View content = EmptyView{};
 };
 
@@ -64,10 +66,11 @@ class PageNode final : public MountedNode {
  protected:
   void apply() override {
     const auto& page = valueAs<Page>();
-    if (shownIndex_ != page.index) {
+    if (shownIndex_ != page.index || showing_ != page.showing) {
       // Another page is a new place in the tree.
       updateChildren({}, environment());
       shownIndex_ = page.index;
+      showing_ = page.showing;
     }
     if (page.index < 0) {
       return;
@@ -87,6 +90,7 @@ class PageNode final : public MountedNode {
 
  private:
   int shownIndex_ = -1;
+  int showing_ = 0;
 };
 
 std::shared_ptr<MountedNode> makeNode(const Page& /*page*/, const Place& place) {
@@ -97,7 +101,10 @@ class TabViewNode final : public MountedNode {
  public:
   using MountedNode::MountedNode;
 
-  void showingChanged(bool /*shown*/) override { markDirty(); }
+  void showingChanged(bool shown) override {
+    showings_ += shown ? 1 : 0;
+    markDirty();
+  }
 
  protected:
   void apply() override {
@@ -107,7 +114,10 @@ class TabViewNode final : public MountedNode {
       bar.tabs.push_back(tab.label);
     }
     const int chosen = tree().isShown() ? tabView.selectedIndex.get() : -1;
-    const Page page = chosen < 0 ? Page{} : Page{chosen, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
+    Page page;
+    if (chosen >= 0) {
+      page = {chosen, showings_, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
+    }
     updateChildren({bar, page}, environment());
   }
 
@@ -130,6 +140,8 @@ class TabViewNode final : public MountedNode {
  private:
   MountedNode& bar() const { return *children()[0]; }
   MountedNode& page() const { return *children()[1]; }
+
+  int showings_ = 0;
 };
 
 }  // namespace

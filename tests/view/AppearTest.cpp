@@ -114,5 +114,25 @@ TEST_F(AppearTest, whatAHandlerChangesIsShownFirst) {
                                  "text \"loaded\": place", "window stage: shown"}));
 }
 
+TEST_F(AppearTest, aWindowThatOpensTwiceInOneEventAppearsOnce) {
+  Stage stage{noting("a")};
+  stage.perform([&] {
+    stage.open();
+    stage.close();
+    stage.open();
+  });
+  EXPECT_EQ(appeared, Lines{"a"});
+}
+
+TEST_F(AppearTest, aWindowThatClosesAndOpensInOneEventAppearsAgain) {
+  Stage stage{noting("a")};
+  stage.open();
+  stage.perform([&] {
+    stage.close();
+    stage.open();
+  });
+  EXPECT_EQ(appeared, (Lines{"a", "a"}));
+}
+
 }  // namespace
 }  // namespace tarnwell::view

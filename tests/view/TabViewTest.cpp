@@ -91,5 +91,17 @@ TEST_F(TabViewTest, thePageStandsUnderTheBarAndLearnsOfALowWindow) {
   EXPECT_EQ(stage.frame("page").height, 200 - barHeight);
 }
 
+TEST_F(TabViewTest, aWindowThatClosesAndOpensInOneEventMountsItsPageAfresh) {
+  Stage stage{tabs()};
+  stage.open();
+  stage.find<kit::Button>("dock page").click();
+  stage.perform([&] {
+    stage.close();
+    stage.open();
+  });
+  EXPECT_EQ(stage.find<kit::Button>("dock page").title(), "0");
+  EXPECT_EQ(appeared, (Lines{"dock page", "dock page"}));
+}
+
 }  // namespace
 }  // namespace tarnwell::view
