@@ -4,6 +4,7 @@
 
 #include "kit/Box.h"
 #include "kit/Host.h"
+#include "kit/Turn.h"
 #include "view/FormMetrics.h"
 #include "view/MountedNode.h"
 #include "view/MountedTree.h"
@@ -18,12 +19,16 @@ class SectionNode final : public MountedNode {
   using MountedNode::MountedNode;
 
   std::string summary() const override { return group_ ? "Section" : "Section without a box"; }
+  // In the order of the tree before the rows: one that comes later than they did is drawn under them too.
+  kit::Control* control() const override { return group_.get(); }
 
  protected:
   void apply() override {
     const auto& section = valueAs<Section>();
-    if (section.rows.empty() != !group_) {
-      group_ = section.rows.empty() ? nullptr : makeBox(kit::Box::Kind::group);
+    if (section.rows.empty()) {
+      removeGroup();
+    } else if (!group_) {
+      group_ = makeBox(kit::Box::Kind::group);
     }
     std::vector<View> parts = section.rows;
     parts.push_back(section.footer);
@@ -31,7 +36,9 @@ class SectionNode final : public MountedNode {
   }
 
   void willUnmount() override {
-    group_.reset();
+    if (group_) {
+      group_->attach(nullptr);
+    }
     separators_.clear();
   }
 
@@ -110,6 +117,14 @@ class SectionNode final : public MountedNode {
     return box;
   }
 
+  void removeGroup() {
+    if (group_) {
+      group_->attach(nullptr);
+      // The window knows it until this event has settled.
+      tree().turn().bury(std::move(group_));
+    }
+  }
+
   void makeSeparators(std::size_t rows) {
     const std::size_t lines = rows > 0 ? rows - 1 : 0;
     while (separators_.size() < lines) {
@@ -118,7 +133,6 @@ class SectionNode final : public MountedNode {
     separators_.resize(lines);
   }
 
-  // Before the rows, so that it is drawn under them.
   std::unique_ptr<kit::Box> group_;
   std::vector<std::unique_ptr<kit::Box>> separators_;
 };

@@ -22,8 +22,15 @@ TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
              "window com_apple_SwiftUI_Settings_window: 0 x 0", "window com_apple_SwiftUI_Settings_window: hidden",
              "window com_apple_SwiftUI_Settings_window: 0 controls in order",
              "window com_apple_SwiftUI_Settings_window: 600 x 656",
-             "window com_apple_SwiftUI_Settings_window: 50 controls in order",
+             "window com_apple_SwiftUI_Settings_window: 54 controls in order",
              "window com_apple_SwiftUI_Settings_window: shown"}));
+}
+
+TEST(ApplicationStart, leavesTheSettingsInFrontAndNothingElse) {
+  RunningApplication application;
+  application.start();
+  EXPECT_EQ(application.application().windows(), std::vector<kit::Window*>{&application.settings()});
+  EXPECT_EQ(application.application().keyWindow(), &application.settings());
 }
 
 TEST(ApplicationStart, readsTheDockOnce) {
@@ -88,7 +95,10 @@ TEST(ApplicationStart, theLaunchersClosingLeavesTheTabAlone) {
   application.chooseTab(1);
   kit::Window other("settingslauncher", {});
   application.application().notificationCenter().post({.name = kit::windowWillCloseNotification, .object = &other});
-  application.application().notificationCenter().post({.name = kit::windowWillCloseNotification, .object = nullptr});
+  for (kit::Object* noWindow :
+       {static_cast<kit::Object*>(nullptr), static_cast<kit::Object*>(&application.application())}) {
+    application.application().notificationCenter().post({.name = kit::windowWillCloseNotification, .object = noWindow});
+  }
   application.settle();
   EXPECT_NE(application.settingsPicture().find("*\"General\""), std::string::npos);
 }

@@ -75,6 +75,17 @@ TEST(SectionTest, boxesComeAndGoWithTheRows) {
   EXPECT_EQ(stage.host().boxes(Kind::group).size(), 0U);
 }
 
+TEST(SectionTest, aBoxThatComesLaterStandsBeforeItsRowsInTheTree) {
+  FormStage stage{{Section{.footer = Text{"foot"}}}};
+  stage.show(FormStage::page({Section{.rows = {Text{"a"}}, .footer = Text{"foot"}}}));
+  const auto& controls = stage.window().controls();
+  ASSERT_EQ(controls.size(), 4U);
+  EXPECT_NE(dynamic_cast<kit::ScrollArea*>(controls[0]), nullptr);
+  EXPECT_NE(dynamic_cast<kit::Box*>(controls[1]), nullptr);
+  EXPECT_EQ(controls[2]->accessibleName(), "a");
+  EXPECT_EQ(controls[3]->accessibleName(), "foot");
+}
+
 TEST(SectionTest, aRowThatFillsByItselfGetsItsLine) {
   Binding<int> remote;
   const Numbered late{.make = [&remote](const State<int>& number) {
