@@ -68,6 +68,13 @@ void Control::changed(Aspect aspect) {
   }
 }
 
+void Control::sizeChangedByItself() {
+  ++sizeRevision_;
+  if (const Action action = sizeAction_) {
+    action();
+  }
+}
+
 void Control::send(Action action) {
   if (turn_ != nullptr) {
     turn_->perform(std::move(action));

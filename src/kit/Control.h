@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kit/Action.h"
@@ -63,6 +64,12 @@ class Control {
   /// Another number whenever the natural size may have become another.
   unsigned sizeRevision() const { return sizeRevision_; }
 
+  /// Told, within the turn, when that happened without anybody having set anything: by what stands in the control.
+  void setSizeAction(Action changed) { sizeAction_ = std::move(changed); }
+
+  /// The host measures differently: another font, style or scale.
+  virtual void metricsChanged() {}
+
   /// The editing commands of the main menu, "copy:" and its kin, while the control has the keyboard.
   virtual bool canEdit(const Selector& /*command*/) const { return false; }
   virtual void edit(const Selector& /*command*/) {}
@@ -72,6 +79,7 @@ class Control {
 
  protected:
   void changed(Aspect aspect);
+  void sizeChangedByItself();
   void send(Action action);
   Turn* turn() const { return turn_; }
 
@@ -90,6 +98,7 @@ class Control {
   Window* window_ = nullptr;
   Rect frame_;
   std::string accessibleName_;
+  Action sizeAction_;
   double rotation_ = 0;
   unsigned sizeRevision_ = 0;
   bool enabled_ = true;

@@ -12,6 +12,8 @@ void ControlNode::apply() {
   if (first) {
     control_ = makeControl();
     control_->joinTurn(tree().turn());
+    // The node outlives its control.
+    control_->setSizeAction([this] { sizeChanged(); });
   }
   applyEnvironment();
   updateControl();
@@ -24,6 +26,15 @@ void ControlNode::apply() {
 }
 
 void ControlNode::willUnmount() { control_->attach(nullptr); }
+
+void ControlNode::metricsChanged() { control_->metricsChanged(); }
+
+void ControlNode::sizeChanged() {
+  sizeRevision_ = control_->sizeRevision();
+  if (isMounted()) {
+    forgetMeasurements();
+  }
+}
 
 kit::Measurement ControlNode::layOut(kit::Proposal proposal) { return tree().host().measure(*control_, proposal); }
 

@@ -44,11 +44,13 @@ class ControlNode : public MountedNode {
 
   void apply() final;
   void willUnmount() override;
+  void metricsChanged() override;
   kit::Measurement layOut(kit::Proposal proposal) override;
   void placeContent(const kit::Rect& frame) override;
 
  private:
   void applyEnvironment();
+  void sizeChanged();
 
   std::unique_ptr<kit::Control> control_;
   unsigned sizeRevision_ = 0;

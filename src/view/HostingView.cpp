@@ -1,5 +1,7 @@
 #include "view/HostingView.h"
 
+#include <utility>
+
 #include "kit/Turn.h"
 #include "view/MountedNode.h"
 
@@ -20,11 +22,26 @@ void HostingView::attached() {
     return;
   }
   tree_ = std::make_unique<MountedTree>(*turn(), *host_, *peer());
-  tree_->setLayoutAction([this] { placed(); });
+  settledBefore_ = false;
+  tree_->setLayoutAction([this] { settled(); });
   turn()->perform([this] {
     tree_->mount(rootView_, {});
     tree_->setShown(true);
   });
+}
+
+void HostingView::metricsChanged() {
+  if (tree_) {
+    tree_->root().forgetMeasurementsBelow();
+  }
+}
+
+void HostingView::settled() {
+  placed();
+  // The first time everything around it is about to be laid out anyway.
+  if (std::exchange(settledBefore_, true)) {
+    turn()->perform([this] { sizeChangedByItself(); });
+  }
 }
 
 void HostingView::placed() {

@@ -8,7 +8,8 @@
 
 namespace tarnwell::view {
 
-/// A control that shows a view, with a tree and an environment of its own. It keeps the view it was made with.
+/// A control that shows a view, with a tree and an environment of its own. It keeps the view it was made with, and has
+/// that view's size, whatever becomes of it.
 class HostingView final : public kit::Pane {
  public:
   explicit HostingView(View rootView) : rootView_(std::move(rootView)) {}
@@ -18,15 +19,19 @@ class HostingView final : public kit::Pane {
 
   std::unique_ptr<kit::Peer> makePeer(kit::Host& host, kit::Peer& parent) override;
   kit::Measurement measure(const kit::TextMeasurer& text, kit::Proposal proposal) const override;
+  void metricsChanged() override;
 
  protected:
   void attached() override;
   void placed() override;
 
  private:
+  void settled();
+
   View rootView_;
   kit::Host* host_ = nullptr;
   std::unique_ptr<MountedTree> tree_;
+  bool settledBefore_ = false;
 };
 
 }  // namespace tarnwell::view

@@ -101,6 +101,7 @@ void MountedNode::forgetMeasurements() {
 void MountedNode::forgetMeasurementsBelow() {
   measurements_.clear();
   placed_ = false;
+  metricsChanged();
   for (const auto& child : children_) {
     child->forgetMeasurementsBelow();
   }

@@ -94,6 +94,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   /// Brings controls and children in line with description and environment, at mounting and at every update.
   virtual void apply() = 0;
   virtual void willUnmount() {}
+  /// The host measures differently; what was measured here has been forgotten.
+  virtual void metricsChanged() {}
   /// Whether it would lay out the same children as it does now with `next`, a description of the same type.
   virtual bool laysOutLike(const Description& /*next*/) const { return true; }
   virtual kit::Measurement layOut(kit::Proposal proposal) = 0;

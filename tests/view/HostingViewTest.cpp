@@ -1,0 +1,103 @@
+#include "view/HostingView.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "view/Block.h"
+#include "view/Composite.h"
+#include "view/Counter.h"
+#include "view/Representable.h"
+#include "view/Stack.h"
+#include "view/Stage.h"
+#include "view/Text.h"
+
+namespace tarnwell::view {
+namespace {
+
+/// Hosts a view.
+struct Hosting {
+  struct Coordinator {};
+  using NSView = HostingView;
+  using Context = RepresentableContext<Coordinator>;
+
+  View content;
+
+  std::shared_ptr<Coordinator> makeCoordinator() const { return std::make_shared<Coordinator>(); }
+  std::unique_ptr<HostingView> makeNSView(Context& /*context*/) const { return std::make_unique<HostingView>(content); }
+  void updateNSView(HostingView& /*hostingView*/, Context& /*context*/) const {}
+};
+
+class HostingViewTest : public testing::Test {
+ protected:
+  /// A text that a test makes longer from outside.
+  View growing() {
+    return Numbered{.make = [this](const State<int>& number) {
+      remote = number.binding();
+      return Text{std::string(static_cast<std::size_t>(number.get() + 1), 'x')};
+    }};
+  }
+
+  Binding<int> remote;
+};
+
+TEST_F(HostingViewTest, isAsLargeAsItsContent) {
+  Stage stage{Hosting{.content = Text{"Hosted"}}};
+  stage.open();
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{42, 16}));
+}
+
+TEST_F(HostingViewTest, isLaidOutOnceAtTheFirstShowing) {
+  Stage stage{Hosting{.content = Text{"Hosted"}}};
+  stage.open();
+  const Lines told = stage.told();
+  EXPECT_EQ(std::count(told.begin(), told.end(), "window stage: 42 x 16"), 1);
+  EXPECT_EQ(told.back(), "window stage: shown");
+}
+
+TEST_F(HostingViewTest, contentThatGrowsMovesWhatStandsAroundIt) {
+  Stage stage{HStack{.children = {Hosting{.content = growing()}, Text{"after"}}}};
+  stage.open();
+  const double before = stage.frame("after").x;
+  stage.perform([this] { remote.set(4); });
+  EXPECT_EQ(stage.frame("after").x, before + 4 * 7);
+  EXPECT_EQ(stage.first<HostingView>().frame().width, 5 * 7);
+  stage.perform([this] { remote.set(0); });
+  EXPECT_EQ(stage.frame("after").x, before);
+}
+
+TEST_F(HostingViewTest, contentThatGrowsInARoomOfItsOwnIsPlacedThere) {
+  Stage stage{View(Hosting{.content = growing()}).frame({.width = 100, .height = 16})};
+  stage.open();
+  stage.perform([this] { remote.set(4); });
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{100, 16}));
+  EXPECT_EQ(stage.first<HostingView>().tree()->controls().front()->frame(), (kit::Rect{0, 0, 35, 16}));
+}
+
+TEST_F(HostingViewTest, otherMetricsReachItsContent) {
+  Stage stage{Hosting{.content = tallBlock("hosted", 10, 500)}};
+  stage.open();
+  const auto& block = dynamic_cast<BlockControl&>(*stage.first<HostingView>().tree()->controls().front());
+  const std::size_t asked = block.proposals().size();
+  stage.window().metricsChanged();
+  EXPECT_GT(block.proposals().size(), asked);
+}
+
+TEST_F(HostingViewTest, hasAnEnvironmentOfItsOwn) {
+  Stage stage{View(Hosting{.content = Counter{}}).disabled(true)};
+  stage.open();
+  EXPECT_FALSE(stage.first<HostingView>().isEnabled());
+  EXPECT_TRUE(stage.first<HostingView>().tree()->controls().front()->isEnabled());
+}
+
+TEST_F(HostingViewTest, contentThatIsGoneGrowsNoMore) {
+  Stage stage{Hosting{.content = growing()}};
+  stage.open();
+  stage.show(Text{"away"});
+  stage.told();
+  stage.perform([this] { remote.set(4); });
+  EXPECT_EQ(stage.told(), Lines{});
+}
+
+}  // namespace
+}  // namespace tarnwell::view
