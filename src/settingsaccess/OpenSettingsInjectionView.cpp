@@ -13,13 +13,13 @@ using view::View;
 
 View withHiddenLink(const View& content, const OpenSettingsAccessAction& action) {
   const View link = View(view::SettingsLink{.label = view::EmptyView{}}).frame({.width = 0, .height = 0});
-  return content.background(PrePostActionsButtonStyleModifier{.performAction = action.closureBinding}.body(link));
+  return content.background(PrePostActionsButtonStyleModifier{._performAction = action.closureBinding}.body(link));
 }
 
 }  // namespace
 
 View OpenSettingsInjectionView::body() const {
-  const auto action = openSettingsLegacy.get();
+  const auto action = _openSettingsLegacy.get();
   const bool hasLinks = kit::Application::shared()->platform().systemVersion() >= kit::SystemVersion{.major = 14};
   return View(view::Group{.children = {hasLinks ? withHiddenLink(content, *action) : content}})
       .environment<OpenSettingsKey>(action);

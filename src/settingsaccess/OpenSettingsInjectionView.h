@@ -11,10 +11,10 @@ namespace tarnwell::settingsaccess {
 /// Stands around the root content of a scene and connects `openSettingsLegacy` to the platform: from system 14 on by an
 /// invisible settings link behind the content.
 struct OpenSettingsInjectionView {
-  view::Environment<OpenSettingsKey> openSettingsLegacy = {};
+  view::Environment<OpenSettingsKey> _openSettingsLegacy = {};
   view::View content;
 
-  auto stored() { return std::tie(openSettingsLegacy); }
+  auto stored() { return std::tie(_openSettingsLegacy); }
   view::View body() const;
 };
 

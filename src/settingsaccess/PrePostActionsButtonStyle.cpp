@@ -16,9 +16,9 @@ void run(const std::optional<kit::Action>& action) {
 
 view::View PrePostActionsButtonStyle::makeBody(const view::ButtonConfiguration& configuration) const {
   kit::Application& application = *kit::Application::shared();
-  if (performAction.set) {
+  if (_performAction.set) {
     application.mainQueue().async(
-        [set = performAction.set, trigger = configuration.trigger] { set(std::optional(trigger)); });
+        [set = _performAction.set, trigger = configuration.trigger] { set(std::optional(trigger)); });
   }
   const bool knowsRoles = application.platform().systemVersion() >= kit::SystemVersion{.major = 12};
   return view::Button{
@@ -34,7 +34,7 @@ view::View PrePostActionsButtonStyle::makeBody(const view::ButtonConfiguration& 
 
 view::View PrePostActionsButtonStyleModifier::body(const view::View& content) const {
   const PrePostActionsButtonStyle style{
-      .preAction = preAction, .postAction = postAction, .performAction = performAction};
+      .preAction = preAction, .postAction = postAction, ._performAction = _performAction};
   return content.environment<view::ButtonStyleKey>(
       [style](const view::ButtonConfiguration& configuration) { return style.makeBody(configuration); });
 }

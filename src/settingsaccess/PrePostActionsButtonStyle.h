@@ -15,7 +15,7 @@ struct PrePostActionsButtonStyle {
   std::optional<kit::Action> preAction = std::nullopt;
   std::optional<kit::Action> postAction = std::nullopt;
   /// Written on a later turn of the main queue, after each drawing. Without functions nothing is written.
-  view::Binding<std::optional<kit::Action>> performAction = {};
+  view::Binding<std::optional<kit::Action>> _performAction = {};
 
   view::View makeBody(const view::ButtonConfiguration& configuration) const;
 };
@@ -24,7 +24,7 @@ struct PrePostActionsButtonStyle {
 struct PrePostActionsButtonStyleModifier {
   std::optional<kit::Action> preAction = std::nullopt;
   std::optional<kit::Action> postAction = std::nullopt;
-  view::Binding<std::optional<kit::Action>> performAction = {};
+  view::Binding<std::optional<kit::Action>> _performAction = {};
 
   view::View body(const view::View& content) const;
 };

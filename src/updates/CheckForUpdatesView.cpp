@@ -5,12 +5,12 @@
 namespace tarnwell::updates {
 
 CheckForUpdatesView::CheckForUpdatesView(kit::Updater& theUpdater)
-    : checkForUpdatesViewModel(std::make_shared<CheckForUpdatesViewModel>(theUpdater)), updater(&theUpdater) {}
+    : _checkForUpdatesViewModel(std::make_shared<CheckForUpdatesViewModel>(theUpdater)), updater(&theUpdater) {}
 
 view::View CheckForUpdatesView::body() const {
   return view::View(
              view::Button{.title = "Check for Updates…", .action = [updater = updater] { updater->checkForUpdates(); }})
-      .disabled(!checkForUpdatesViewModel->canCheckForUpdates());
+      .disabled(!_checkForUpdatesViewModel->canCheckForUpdates());
 }
 
 }  // namespace tarnwell::updates

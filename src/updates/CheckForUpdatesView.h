@@ -14,10 +14,10 @@ struct CheckForUpdatesView {
   /// The updater is borrowed and outlives the view.
   explicit CheckForUpdatesView(kit::Updater& updater);
 
-  auto stored() { return std::tie(checkForUpdatesViewModel); }
+  auto stored() { return std::tie(_checkForUpdatesViewModel); }
   view::View body() const;
 
-  view::ObservedObject<CheckForUpdatesViewModel> checkForUpdatesViewModel;
+  view::ObservedObject<CheckForUpdatesViewModel> _checkForUpdatesViewModel;
   kit::Updater* updater;
 };
 

@@ -25,26 +25,27 @@ kit::Updater& updaterOf(const std::shared_ptr<UpdaterEnv>& environment) {
 }  // namespace
 
 View GeneralView::body() const {
-  const View form = view::Form{.sections = {view::Section{.rows = {launchatlogin::LaunchAtLogin::Toggle()}},
-                                            view::Section{.rows = {checkSwitch(), downloadSwitch()},
-                                                          .footer = CheckForUpdatesView(updaterOf(updaterEnv.get()))}}};
-  return form.onAppear([updaterEnv = updaterEnv.get(), checks = checkForUpdatesAuto.binding(),
-                        downloads = autoDownloadUpdates.binding()] {
+  const View form =
+      view::Form{.sections = {view::Section{.rows = {launchatlogin::LaunchAtLogin::Toggle()}},
+                              view::Section{.rows = {checkSwitch(), downloadSwitch()},
+                                            .footer = CheckForUpdatesView(updaterOf(_updaterEnv.get()))}}};
+  return form.onAppear([updaterEnv = _updaterEnv.get(), checks = _checkForUpdatesAuto.binding(),
+                        downloads = _autoDownloadUpdates.binding()] {
     checks.set(updaterOf(updaterEnv).automaticallyChecksForUpdates());
     downloads.set(updaterOf(updaterEnv).automaticallyDownloadsUpdates());
   });
 }
 
 View GeneralView::checkSwitch() const {
-  return switchRow("Check for updates automatically", checkForUpdatesAuto.binding())
-      .onChange<bool>(checkForUpdatesAuto.get(), [updaterEnv = updaterEnv.get()](const bool& checks) {
+  return switchRow("Check for updates automatically", _checkForUpdatesAuto.binding())
+      .onChange<bool>(_checkForUpdatesAuto.get(), [updaterEnv = _updaterEnv.get()](const bool& checks) {
         updaterOf(updaterEnv).setAutomaticallyChecksForUpdates(checks);
       });
 }
 
 View GeneralView::downloadSwitch() const {
-  return switchRow("Download updates automatically", autoDownloadUpdates.binding())
-      .onChange<bool>(autoDownloadUpdates.get(), [updaterEnv = updaterEnv.get()](const bool& downloads) {
+  return switchRow("Download updates automatically", _autoDownloadUpdates.binding())
+      .onChange<bool>(_autoDownloadUpdates.get(), [updaterEnv = _updaterEnv.get()](const bool& downloads) {
         updaterOf(updaterEnv).setAutomaticallyDownloadsUpdates(downloads);
       });
 }

@@ -11,11 +11,11 @@ namespace tarnwell::updates {
 
 /// The General tab: launch at login, and the updater's two preferences, each as the system holds it when it is shown.
 struct GeneralView {
-  view::EnvironmentObject<UpdaterEnv> updaterEnv = {};
-  view::State<bool> checkForUpdatesAuto = false;
-  view::State<bool> autoDownloadUpdates = false;
+  view::EnvironmentObject<UpdaterEnv> _updaterEnv = {};
+  view::State<bool> _checkForUpdatesAuto = false;
+  view::State<bool> _autoDownloadUpdates = false;
 
-  auto stored() { return std::tie(updaterEnv, checkForUpdatesAuto, autoDownloadUpdates); }
+  auto stored() { return std::tie(_updaterEnv, _checkForUpdatesAuto, _autoDownloadUpdates); }
   view::View body() const;
 
  private:

@@ -1,11 +1,23 @@
 #include "updates/UpdaterEnv.h"
 
+#include "diagnostics/Fault.h"
 #include "kit/Application.h"
 #include "kit/Platform.h"
 
 namespace tarnwell::updates {
+namespace {
 
-UpdaterEnv::UpdaterEnv() : updaterController_(kit::Application::shared()->platform().makeUpdaterController()) {}
+kit::Platform& platform() {
+  kit::Application* application = kit::Application::shared();
+  if (application == nullptr) {
+    diagnostics::fault("an updater was asked for without an application");
+  }
+  return application->platform();
+}
+
+}  // namespace
+
+UpdaterEnv::UpdaterEnv() : updaterController_(platform().makeUpdaterController()) {}
 
 UpdaterEnv::~UpdaterEnv() = default;
 

@@ -12,7 +12,7 @@ class UpdaterEnv final : public view::ObservableObject {
  public:
   static constexpr const char* typeName = "UpdaterEnv";
 
-  /// Makes the controller and so starts the updater. Needs the shared application.
+  /// Makes the controller and so starts the updater. Without the shared application that is a fault.
   UpdaterEnv();
   ~UpdaterEnv() override;
 

@@ -87,8 +87,8 @@ TEST(PrePostActionsButtonStyle, handsOutThePressOneTurnLaterWithoutTheOtherActio
   Screen screen(14);
   std::optional<kit::Action> press;
   auto modifier = noting(screen);
-  modifier.performAction = {.get = [&press] { return press; },
-                            .set = [&press](const std::optional<kit::Action>& action) { press = action; }};
+  modifier._performAction = {.get = [&press] { return press; },
+                             .set = [&press](const std::optional<kit::Action>& action) { press = action; }};
   screen.show(modifier.body(pressable(screen)));
   EXPECT_FALSE(press.has_value());
   screen.runQueue();
@@ -158,6 +158,50 @@ TEST(OpenSettingsInjectionView, leavesTheContentAloneOnSystem13) {
   Screen screen(13);
   screen.show(openSettingsAccess(view::Text{"Content"}));
   EXPECT_EQ(view::dump(screen.window().tree().root()), "VStack centred, spacing 2\n  Text \"Content\"\n");
+}
+
+TEST(OpenSettingsInjectionView, connectsTheActionOfItsEnvironmentWhichItsContentReadsToo) {
+  /// Notes the action that it reads.
+  struct Reader {
+    std::shared_ptr<OpenSettingsAccessAction>* outlet = nullptr;
+    view::Environment<OpenSettingsKey> openSettingsLegacy = {};
+
+    auto stored() { return std::tie(openSettingsLegacy); }
+    View body() const {
+      *outlet = openSettingsLegacy.get();
+      return view::Text{"Content"};
+    }
+  };
+  Screen screen(14);
+  const auto own = OpenSettingsAccessAction::create(*screen.application);
+  std::shared_ptr<OpenSettingsAccessAction> read;
+  screen.show(openSettingsAccess(Reader{.outlet = &read}).environment<OpenSettingsKey>(own));
+  screen.runQueue();
+  EXPECT_EQ(read, own);
+  EXPECT_EQ((*own)(), nullptr);
+  EXPECT_EQ(screen.steps, (Lines{"settings"}));
+  EXPECT_FALSE(OpenSettingsKey::initial()->closure);
+}
+
+TEST(OpenSettingsInjectionView, eachLaterDrawingWritesAFreshPress) {
+  Screen screen(14);
+  const auto action = OpenSettingsKey::initial();
+  screen.show(openSettingsAccess(view::Text{"Content"}));
+  screen.runQueue();
+  action->closureBinding.set([] { FAIL() << "the press of an earlier drawing"; });
+  screen.application->turn().perform([&screen] { screen.window().tree().root().markDirty(); });
+  screen.runQueue();
+  EXPECT_EQ((*action)(), nullptr);
+  EXPECT_EQ(screen.steps, (Lines{"settings"}));
+}
+
+TEST(PrePostSettingsLink, needsNoActions) {
+  for (const int major : {13, 14}) {
+    Screen screen(major);
+    screen.show(PrePostSettingsLink{.label = view::Text{"Settings..."}});
+    screen.button().click();
+    EXPECT_EQ(screen.steps, major == 14 ? Lines{"settings"} : Lines{});
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "settingsaccess/OpenSettingsError.h"
 #include "settingsaccess/OpenSettingsKey.h"
 #include "settingsaccess/SettingsDelegate.h"
+#include "view/Environment.h"
 
 namespace tarnwell::settingsaccess {
 namespace {
@@ -146,6 +147,70 @@ TEST(OpenSettingsKey, givesEachApplicationItsOwn) {
   const auto action = OpenSettingsKey::initial();
   const System second(14);
   EXPECT_NE(OpenSettingsKey::initial(), action);
+}
+
+TEST(OpenSettingsAccessAction, followsTheLinkFromVersion14_0_0On) {
+  for (const auto& [version, isLive] : {std::pair(kit::SystemVersion{.major = 13, .minor = 9, .patch = 9}, false),
+                                        std::pair(kit::SystemVersion{.major = 14}, true),
+                                        std::pair(kit::SystemVersion{.major = 15, .minor = 1}, true)}) {
+    System system(version.major);
+    system.platform.traits().systemVersion = version;
+    const auto action = OpenSettingsAccessAction::create(*system.application);
+    action->closureBinding.set([] {});
+    EXPECT_EQ(action->closureBinding.get().has_value(), isLive) << version.major;
+  }
+}
+
+TEST(OpenSettingsAccessAction, cannotBeConnectedAnewOnSystem13) {
+  const System system(13);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closureBinding.set([] { FAIL() << "the binding holds none, whatever it is given"; });
+  EXPECT_EQ(errorOf<OpenSettingsError>((*action)()), OpenSettingsError::selectorNotFound);
+  action->closureBinding.set(std::nullopt);
+  EXPECT_TRUE(action->closure);
+}
+
+TEST(OpenSettingsAccessAction, itsBindingGivesAnActionThatFailsNever) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closure = [] { return std::make_exception_ptr(std::runtime_error("of its own")); };
+  EXPECT_NO_THROW((*action->closureBinding.get())());
+}
+
+TEST(OpenSettingsAccessAction, mayBeDisconnectedByWhatItCalls) {
+  const System system(14);
+  const auto action = OpenSettingsAccessAction::create(*system.application);
+  action->closureBinding.set([&action] { action->closureBinding.set(std::nullopt); });
+  EXPECT_EQ((*action)(), nullptr);
+  EXPECT_FALSE(action->closure);
+}
+
+TEST(OpenSettingsError, hasItsCasesInOrder) {
+  EXPECT_LT(LegacyOpenSettingsError::unsupportedPlatform, LegacyOpenSettingsError::selectorNotFound);
+  EXPECT_LT(OpenSettingsError::unsupportedPlatform, OpenSettingsError::selectorNotFound);
+  EXPECT_LT(OpenSettingsError::selectorNotFound, OpenSettingsError::settingsLinkNotConnected);
+}
+
+/// Reads the action where no view stands.
+std::string readOutsideOfAView(int major) {
+  const System system(major);
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(view::Environment<OpenSettingsKey>().get(), OpenSettingsKey::initial());
+  return testing::internal::GetCapturedStderr();
+}
+
+TEST(OpenSettingsKey, readOutsideOfAViewIsReportedAndGivesTheDefault) {
+  EXPECT_EQ(readOutsideOfAView(14),
+            "Accessing Environment<OpenSettingsAccessAction>'s value outside of being installed on a View. This will "
+            "always read the default value and will not update.\n");
+  EXPECT_EQ(readOutsideOfAView(13),
+            "Accessing Environment's value outside of being installed on a View. This will always read the default "
+            "value and will not update.\n");
+}
+
+TEST(OpenSettingsKeyDeathTest, withoutAnApplicationThereIsNoAction) {
+  EXPECT_DEATH(OpenSettingsKey::initial(),
+               "tarnwell: the way to open the settings was asked for without an application");
 }
 
 }  // namespace

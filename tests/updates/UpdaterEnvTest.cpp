@@ -1,0 +1,28 @@
+#include "updates/UpdaterEnv.h"
+
+#include <gtest/gtest.h>
+
+#include "host/headless/HeadlessPlatform.h"
+#include "kit/Application.h"
+
+namespace tarnwell::updates {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(UpdaterEnvTest, makesOneControllerAndKeepsIt) {
+  host_headless::HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  const UpdaterEnv environment;
+  EXPECT_EQ(platform.journal().lines(), Lines{"updater controller made"});
+  EXPECT_EQ(&environment.updaterController().updater(), &platform.updater());
+  EXPECT_EQ(&environment.updaterController(), &environment.updaterController());
+  EXPECT_EQ(platform.journal().lines().size(), 1U);
+}
+
+TEST(UpdaterEnvDeathTest, withoutAnApplicationThereIsNoUpdater) {
+  EXPECT_DEATH(UpdaterEnv(), "tarnwell: an updater was asked for without an application");
+}
+
+}  // namespace
+}  // namespace tarnwell::updates
