@@ -107,6 +107,17 @@ TEST_F(AppDelegate2Test, theObservationEndsWithTheDelegate) {
   EXPECT_EQ(output.text(), "[]\n");
 }
 
+TEST_F(AppDelegate2Test, anObservationThatOutlivesTheDelegateTakesTheDelegateAway) {
+  const fixtures::StandardOutputCapture output;
+  install();
+  const kit::Subscription observation = std::move(*delegate->settingsWindowObserver);
+  settings.setDelegate(application);
+  delegate.reset();
+  application->addWindow(settings);
+  EXPECT_EQ(output.text(), "[]\n[<Window: com.apple.preferences.window \"Settings\">]\n");
+  EXPECT_EQ(settings.delegate(), nullptr);
+}
+
 TEST_F(AppDelegate2Test, aSecondLaunchReplacesTheObservation) {
   const fixtures::StandardOutputCapture output;
   install();

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningApplication.h"
+#include "app/SettingsView.h"
 #include "kit/Toggle.h"
 #include "kit/Window.h"
+#include "view/HostedWindow.h"
 
 namespace tarnwell::app {
 namespace {
@@ -94,6 +96,34 @@ TEST(SettingsView, theGeneralTabReadsAsDesigned) {
             "                  Text \"Download updates automatically\"\n"
             "                  Toggle (Download updates automatically) off\n"
             "                Button \"Check for Updates…\"\n");
+}
+
+/// Notes what it hears of its window.
+class ClosingWitness final : public kit::Object {
+ public:
+  bool respondsToSelector(const kit::Selector& selector) const override { return selector == "windowWillClose:"; }
+  void perform(const kit::Selector& selector, kit::Object* sender) override {
+    const auto& window = dynamic_cast<kit::Window&>(*sender);
+    heard.push_back(selector + window.identifier() + (window.isVisible() ? " visible" : " hidden"));
+  }
+
+  Lines heard = {};
+};
+
+TEST(SettingsView, theWindowsDelegateHearsOfTheClosingToo) {
+  RunningApplication application;
+  application.start();
+  const auto witness = std::make_shared<ClosingWitness>();
+  application.settings().setDelegate(witness);
+  application.settings().performClose();
+  EXPECT_EQ(witness->heard, Lines{"windowWillClose:com_apple_SwiftUI_Settings_window visible"});
+}
+
+TEST(SettingsViewDeathTest, endsTheProcessWithoutAnUpdater) {
+  host_headless::HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  EXPECT_DEATH(view::HostedWindow(application->turn(), platform.host(), {.view = SettingsView{}}),
+               "No ObservableObject of type UpdaterEnv found");
 }
 
 }  // namespace
