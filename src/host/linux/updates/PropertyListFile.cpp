@@ -15,9 +15,9 @@
 
 #include "core/CNumericLocale.h"
 #include "core/Descriptor.h"
-#include "diagnostics/Console.h"
 #include "host/linux/MakeFolders.h"
 #include "host/linux/ReplaceFile.h"
+#include "host/linux/updates/Report.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -31,8 +31,6 @@ constexpr int mostFilesSetAside = 1000;
 Failure systemFailure(const std::string& what, const fs::path& path) {
   return {what + " " + path.string() + ": " + std::system_category().message(errno)};
 }
-
-void report(const Failure& failure) { diagnostics::printErrorLine("tarnwell: " + failure.message); }
 
 // The library goes down by calling itself. Counts tags only, which may refuse a text that spells many of them.
 bool isNestedTooDeep(std::string_view xml) {
@@ -126,7 +124,7 @@ Result<fs::path> namedAside(const fs::path& path) {
   for (int number = 1; number <= mostFilesSetAside; ++number) {
     fs::path aside = path.string() + ".damaged-" + std::to_string(number);
     if (::link(path.c_str(), aside.c_str()) == 0) {
-      report({path.string() + " is damaged; it is kept as " + aside.string()});
+      report(Failure{path.string() + " is damaged; it is kept as " + aside.string()});
       return aside;
     }
     if (errno != EEXIST) {

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
-#include "host/linux/updates/Alarm.h"
-#include "host/linux/updates/Installer.h"
-#include "host/linux/updates/Transport.h"
+#include "host/linux/updates/CheckSchedule.h"
 #include "host/linux/updates/UpdaterConfiguration.h"
+#include "host/linux/updates/UpdaterPorts.h"
 #include "host/linux/updates/UpdaterPreferences.h"
-#include "host/linux/updates/UserDriver.h"
 #include "kit/Updater.h"
 
 namespace tarnwell::host_linux::updates {
@@ -20,15 +18,7 @@ class UpdateCheck;
 /// Everything is called on the main thread; what it shows, it shows from the event loop.
 class Updater final : public kit::Updater {
  public:
-  /// What it works through. Borrowed; all of it outlives the updater.
-  struct Ports {
-    Transport& transport;
-    UserDriver& driver;
-    Installer& installer;
-    Alarm& alarm;
-    /// Shows a web page in the browser.
-    std::function<void(const std::string& address)> openUrl = {};
-  };
+  using Ports = UpdaterPorts;
 
   Updater(UpdaterConfiguration configuration, UpdaterPreferences preferences, Ports ports);
   Updater(const Updater&) = delete;
@@ -39,6 +29,7 @@ class Updater final : public kit::Updater {
   /// and sets the alarm for the next check.
   void start();
 
+  /// Where an update that nobody asked for is on the screen already, it comes to the front instead.
   void checkForUpdates() override;
 
   bool automaticallyChecksForUpdates() const override;
@@ -49,16 +40,22 @@ class Updater final : public kit::Updater {
  private:
   void begin(UserDriver::Origin origin);
   void ended();
-  void sayThatThereIsNoFeed();
+  void sayWhyNot();
   void askForPermission();
   void takePermission(UserDriver::Permission permission);
   void setAlarm();
   void wake();
+  void tellWhetherItCanCheck();
 
   UpdaterConfiguration configuration_;
   UpdaterPreferences preferences_;
   Ports ports_;
+  CheckSchedule schedule_;
+  /// Why no check is possible with this configuration; empty where one is.
+  std::string obstacle_;
   std::unique_ptr<UpdateCheck> check_;
+  bool saysWhyNot_ = false;
+  bool asksForPermission_ = false;
 };
 
 /// Owns an updater that has started.

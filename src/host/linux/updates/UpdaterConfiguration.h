@@ -8,7 +8,7 @@ namespace tarnwell::host_linux::updates {
 
 /// What is settled before the updater starts, and stays.
 struct UpdaterConfiguration {
-  /// Of this build, this system and this user.
+  /// Of this build and this system; the folder is left to the caller.
   static UpdaterConfiguration compiledIn();
 
   /// Whether there is a feed to ask: an address that is no example, and a key.

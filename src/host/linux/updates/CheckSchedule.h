@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+
+#include "host/linux/updates/Alarm.h"
+#include "host/linux/updates/UpdaterPreferences.h"
+#include "kit/Action.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// When to look for new versions without being asked: an interval after the last check, whoever wanted that one and
+/// whichever run of the program made it.
+class CheckSchedule {
+ public:
+  /// The alarm is borrowed.
+  CheckSchedule(UpdaterPreferences preferences, Alarm& alarm) : preferences_(std::move(preferences)), alarm_(alarm) {}
+
+  /// Whether checks are switched on and one is due by now.
+  bool isDue() const;
+  /// A check begins now.
+  void noteCheck();
+  /// Sets the alarm for the next check, or none where checks are switched off.
+  void set(kit::Action wake);
+
+ private:
+  bool isOn() const { return preferences_.automaticChecks().value_or(false); }
+  Alarm::Clock::time_point nextCheck() const;
+
+  UpdaterPreferences preferences_;
+  Alarm& alarm_;
+  /// The last check where it could not be stored: it must not be made again and again for that.
+  std::optional<Alarm::Clock::time_point> unstoredCheck_;
+};
+
+}  // namespace tarnwell::host_linux::updates

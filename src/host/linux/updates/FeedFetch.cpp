@@ -1,0 +1,28 @@
+#include "host/linux/updates/FeedFetch.h"
+
+#include <utility>
+
+namespace tarnwell::host_linux::updates {
+
+FeedFetch::FeedFetch(Transport& transport, const std::string& address, Finished finished)
+    : finished_(std::move(finished)) {
+  transfer_ = transport.get(
+      {.address = address, .maximumLength = FeedReader::maximumLength},
+      [this](std::string_view bytes) { return take(bytes); },
+      [this](const std::optional<Failure>& failure) { finish(failure); });
+}
+
+bool FeedFetch::take(std::string_view bytes) {
+  refusal_ = reader_.feed(bytes);
+  return !refusal_;
+}
+
+void FeedFetch::finish(const std::optional<Failure>& transportFailure) {
+  const auto failure = refusal_ ? refusal_ : transportFailure;
+  const Result<std::vector<FeedItem>> result = failure ? *failure : reader_.finish();
+  // The one who is told may end us.
+  const Finished finished = std::move(finished_);
+  finished(result);
+}
+
+}  // namespace tarnwell::host_linux::updates

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/linux/Result.h"
+#include "host/linux/updates/FeedItem.h"
+#include "host/linux/updates/FeedReader.h"
+#include "host/linux/updates/Transport.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// Gets the feed and reads it as it arrives. Under way as long as it lives and has not finished.
+class FeedFetch {
+ public:
+  using Finished = std::function<void(const Result<std::vector<FeedItem>>&)>;
+
+  /// `finished` is called once, from the event loop, and may end the fetch.
+  FeedFetch(Transport& transport, const std::string& address, Finished finished);
+  FeedFetch(const FeedFetch&) = delete;
+  FeedFetch& operator=(const FeedFetch&) = delete;
+
+ private:
+  bool take(std::string_view bytes);
+  void finish(const std::optional<Failure>& transportFailure);
+
+  Finished finished_;
+  FeedReader reader_;
+  std::optional<Failure> refusal_;
+  std::unique_ptr<Transport::Transfer> transfer_;
+};
+
+}  // namespace tarnwell::host_linux::updates

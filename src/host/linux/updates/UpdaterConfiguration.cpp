@@ -1,0 +1,32 @@
+#include "host/linux/updates/UpdaterConfiguration.h"
+
+#include <sys/utsname.h>
+
+#include "host/linux/updates/WebAddress.h"
+
+namespace tarnwell::host_linux::updates {
+namespace {
+
+/// "6.1.0" of "6.1.0-13-amd64": what distributions append says nothing about the system's age.
+std::string kernelVersion() {
+  utsname names = {};
+  ::uname(&names);
+  const std::string release = names.release;
+  return release.substr(0, release.find_first_not_of("0123456789."));
+}
+
+}  // namespace
+
+UpdaterConfiguration UpdaterConfiguration::compiledIn() {
+  return {.feedAddress = TARNWELL_FEED_URL,
+          .publicKey = TARNWELL_PUBLIC_ED_KEY,
+          .runningVersion = TARNWELL_VERSION,
+          .shownVersion = TARNWELL_VERSION,
+          .systemVersion = kernelVersion()};
+}
+
+bool UpdaterConfiguration::hasFeed() const {
+  return !feedAddress.empty() && !publicKey.empty() && !hostIn(feedAddress).ends_with(".example");
+}
+
+}  // namespace tarnwell::host_linux::updates
