@@ -1,7 +1,5 @@
 #include "scenarios/DockTab.h"
 
-#include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 #include "dockscreen/CommandRunnerKey.h"
@@ -12,6 +10,7 @@
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
 #include "kit/TextField.h"
+#include "scenarios/NamedControl.h"
 
 namespace tarnwell::scenarios {
 
@@ -46,14 +45,7 @@ DockTab& DockTab::holdingDefaults() {
       .holding("single-app", "0");
 }
 
-bool DockTab::has(const std::string& name) const {
-  for (const kit::Control* control : window_->tree().controls()) {
-    if (control->accessibleName() == name) {
-      return true;
-    }
-  }
-  return false;
-}
+bool DockTab::has(const std::string& name) const { return hasControlNamed(name, window_->tree()); }
 
 void DockTab::type(const std::string& name, const std::string& text) {
   driver_->type(find<kit::TextField>(name), text);
@@ -81,15 +73,6 @@ std::vector<std::string> DockTab::writes() { return std::exchange(runner_.detach
 
 std::vector<std::string> DockTab::reads() { return std::exchange(runner_.captured, {}); }
 
-kit::Control& DockTab::control(const std::string& name) const {
-  // Backwards: a row's label stands before the control that is named for it.
-  const auto controls = window_->tree().controls();
-  const auto found = std::find_if(controls.rbegin(), controls.rend(),
-                                  [&name](const kit::Control* each) { return each->accessibleName() == name; });
-  if (found == controls.rend()) {
-    throw std::invalid_argument("nothing is called " + name);
-  }
-  return **found;
-}
+kit::Control& DockTab::control(const std::string& name) const { return controlNamed(name, window_->tree()); }
 
 }  // namespace tarnwell::scenarios

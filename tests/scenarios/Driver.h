@@ -11,6 +11,7 @@ class Host;
 class PopUpButton;
 class Slider;
 class Stepper;
+class TabBar;
 class TextField;
 class Window;
 }  // namespace tarnwell::kit
@@ -41,6 +42,7 @@ class Driver {
   virtual void stepUp(kit::Stepper& stepper) = 0;
   virtual void stepDown(kit::Stepper& stepper) = 0;
   virtual void choose(kit::PopUpButton& button, int index) = 0;
+  virtual void chooseTab(kit::TabBar& bar, int index) = 0;
   /// Gives the keyboard to `control` and presses the key.
   virtual void pressKey(kit::Window& window, kit::Control& control, Key key) = 0;
 

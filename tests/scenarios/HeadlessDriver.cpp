@@ -3,6 +3,7 @@
 #include "kit/PopUpButton.h"
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
+#include "kit/TabBar.h"
 #include "kit/TextField.h"
 #include "kit/Toggle.h"
 #include "kit/Window.h"
@@ -68,6 +69,11 @@ class HeadlessDriver final : public Driver {
   void choose(kit::PopUpButton& button, int index) override {
     leaveField(button);
     button.choose(index);
+  }
+
+  void chooseTab(kit::TabBar& bar, int index) override {
+    leaveField(bar);
+    bar.choose(index);
   }
 
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {

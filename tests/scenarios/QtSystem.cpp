@@ -1,0 +1,168 @@
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <algorithm>
+#include <stdexcept>
+
+#include "host/headless/HeadlessLog.h"
+#include "host/headless/Journal.h"
+#include "host/qt/AboutPanel.h"
+#include "host/qt/Desktop.h"
+#include "host/qt/FakePanel.h"
+#include "host/qt/QtPlatform.h"
+#include "host/qt/WidgetDriver.h"
+#include "scenarios/System.h"
+#include "view/SceneRunner.h"
+
+namespace tarnwell::scenarios {
+namespace {
+
+namespace driver = host_qt::driver;
+
+constexpr int longestEnd = 10000;  // Milliseconds.
+
+QMenuBar& menuBarOnScreen() {
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* bar = widget->findChild<QMenuBar*>();
+    if (bar != nullptr && bar->isVisible()) {
+      return *bar;
+    }
+  }
+  throw std::logic_error("no window on the screen carries a menu bar");
+}
+
+/// Null while there is none on the screen.
+const host_qt::AboutPanel* aboutPanelOnScreen() {
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    const auto* panel = dynamic_cast<const host_qt::AboutPanel*>(widget);
+    if (panel != nullptr && panel->isVisible()) {
+      return panel;
+    }
+  }
+  return nullptr;
+}
+
+/// Without the keys that stand beside each title, which are a host's own affair.
+std::vector<std::string> withoutKeys(std::vector<std::string> lines, const std::string& beforeKeys) {
+  for (std::string& line : lines) {
+    const bool disabled = line.starts_with('(');
+    line = line.substr(0, line.find(beforeKeys));
+    line += disabled && !line.ends_with(')') ? ")" : "";
+  }
+  return lines;
+}
+
+class QtSystem final : public System {
+ public:
+  QtSystem()
+      : platform_(host_qt::testApplication(),
+                  {.loginItem = &loginItem_,
+                   .log = &log_,
+                   .makeUpdaterController =
+                       [this] { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
+                   .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Somebody"},
+                   .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {}
+  QtSystem(const QtSystem&) = delete;
+  QtSystem& operator=(const QtSystem&) = delete;
+  ~QtSystem() override { driver::settle(); }
+
+  kit::Platform& platform() override { return platform_; }
+  host_headless::HeadlessUpdater& updater() override { return updater_; }
+  host_headless::HeadlessLoginItem& loginItem() override { return loginItem_; }
+  const std::vector<std::string>& journal() override { return journal_.lines(); }
+
+  void launch(kit::Application& application) override {
+    platform_.launch(application, {.eventID = kit::openApplicationEvent});
+    settle();
+    if (!panel_.hasIcon()) {
+      throw std::logic_error("no icon came to the panel");
+    }
+  }
+
+  void settle() override {
+    if (!host_qt::becomes([] { return !kit::Application::shared()->hasWork(); })) {
+      throw std::logic_error("the application does not come to rest");
+    }
+  }
+
+  std::vector<std::string> entries(const std::string& menu) override {
+    if (menu == icon) {
+      return withoutKeys(panel_.openMenu(), " [");
+    }
+    QMenu& shown = open(menu);
+    const auto lines = withoutKeys(host_qt::linesOf(shown), "|");
+    shown.close();
+    return lines;
+  }
+
+  void choose(const std::string& menu, const std::string& entry) override {
+    if (menu == icon) {
+      panel_.choose(entry);
+    } else {
+      QMenu& shown = open(menu);
+      const auto titles = withoutKeys(host_qt::linesOf(shown), "|");
+      const auto index = static_cast<int>(std::ranges::find(titles, entry) - titles.begin());
+      QTest::mouseClick(shown.windowHandle(), Qt::LeftButton, {},
+                        shown.actionGeometry(shown.actions().at(index)).center());
+    }
+    settle();
+  }
+
+  void pressCommand(char key) override {
+    const QWidget& window = *menuBarOnScreen().window();
+    if (!host_qt::becomes([&window] { return window.isActiveWindow(); })) {
+      throw std::logic_error("the window does not come to the front");
+    }
+    QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
+    settle();
+  }
+
+  void closeWindow(kit::Window& window) override {
+    driver::widget(window).close();
+    settle();
+  }
+
+  bool isOnScreen(const kit::Window& window) override { return driver::widget(window).isVisible(); }
+
+  kit::Size sizeOf(const kit::Window& window) override {
+    const QSize size = driver::widget(window).size();
+    return {.width = static_cast<double>(size.width()), .height = static_cast<double>(size.height())};
+  }
+
+  bool aboutIsShown() override { return aboutPanelOnScreen() != nullptr; }
+  void closeAbout() override { driver::keyTo(*aboutPanelOnScreen(), Qt::Key_Escape); }
+
+  bool endsBy(const std::function<void()>& action) override {
+    QTimer tooLate;
+    QObject::connect(&tooLate, &QTimer::timeout, [] { host_qt::testApplication().quit(EXIT_FAILURE); });
+    tooLate.start(longestEnd);
+    QTimer::singleShot(0, [&action] { action(); });
+    return host_qt::testApplication().run() == EXIT_SUCCESS;
+  }
+
+ private:
+  static QMenu& open(const std::string& title) {
+    for (const QAction* action : menuBarOnScreen().actions()) {
+      if (action->text().remove('&').toStdString() == title) {
+        action->menu()->popup({0, 0});
+        return *action->menu();
+      }
+    }
+    throw std::invalid_argument("there is no menu " + title);
+  }
+
+  host_headless::Journal journal_;
+  host_headless::HeadlessUpdater updater_{journal_};
+  host_headless::HeadlessLoginItem loginItem_{journal_};
+  host_headless::HeadlessLog log_;
+  host_qt::FakePanel panel_;
+  host_qt::QtPlatform platform_;
+};
+
+}  // namespace
+
+std::unique_ptr<System> makeSystem() { return std::make_unique<QtSystem>(); }
+
+}  // namespace tarnwell::scenarios
