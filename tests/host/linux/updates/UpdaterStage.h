@@ -1,0 +1,92 @@
+#pragma once
+
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "fixtures/Sandbox.h"
+#include "host/linux/updates/FakeAlarm.h"
+#include "host/linux/updates/FakeInstaller.h"
+#include "host/linux/updates/FakeTransport.h"
+#include "host/linux/updates/FakeUserDriver.h"
+#include "host/linux/updates/FeedText.h"
+#include "host/linux/updates/SigningKey.h"
+#include "host/linux/updates/Updater.h"
+
+namespace tarnwell::host_linux::updates {
+
+using Choice = UserDriver::Choice;
+
+/// An updater of version 1.0 with a user, a network and a clock of the test's own. It has been launched before.
+struct UpdaterStage {
+  UpdaterStage() { preferences.setHasLaunchedBefore(); }
+
+  UpdaterConfiguration configuration() const {
+    return {.feedAddress = "https://updates.invalid/feed.xml",
+            .publicKey = key.publicText(),
+            .runningVersion = "1.0",
+            .shownVersion = "1.0",
+            .systemVersion = "6.1.0",
+            .packageFolder = sandbox / "packages"};
+  }
+
+  /// As the program does when it starts; what ran before has ended.
+  Updater& launch() { return launch(configuration()); }
+  Updater& launch(const UpdaterConfiguration& with) {
+    updater.reset();
+    updater = std::make_unique<Updater>(
+        with, preferences, UpdaterPorts{transport, driver, installer, alarm, [this](const std::string& address) {
+                                          openedAddresses.push_back(address);
+                                        }});
+    updater->start();
+    return *updater;
+  }
+
+  std::string package(const std::string& version) const { return "package of " + version; }
+  /// What the feed says of `file`.
+  std::string enclosure(const std::string& file) const { return enclosure(key.signatureOf(file), file.size()); }
+  std::string enclosure(const std::string& signature, std::size_t length) const {
+    return "<enclosure url='https://updates.invalid/package' length='" + std::to_string(length) + "' x:edSignature='" +
+           signature + "'/>";
+  }
+  std::string item(const std::string& version, const std::string& more = "") const {
+    return "<item><x:version>" + version + "</x:version>" + enclosure(package(version)) + more + "</item>";
+  }
+  std::string feed(const std::string& version) const { return feedOf(item(version)); }
+
+  /// With checks switched on and the last one made just now.
+  void checkedJustNow() const {
+    preferences.setAutomaticChecks(true);
+    preferences.setLastCheck(alarm.now());
+  }
+  /// A check that the user asks for, up to the feed's arrival.
+  void ask(const std::string& feedText) {
+    updater->checkForUpdates();
+    transport.answer(feedText);
+  }
+  /// A check that the schedule makes, up to the feed's arrival.
+  void passADay(const std::string& feedText) {
+    alarm.pass(std::chrono::hours(24));
+    transport.answer(feedText);
+  }
+  /// Up to a downloaded package.
+  void askAndDownload(const std::string& version) {
+    ask(feed(version));
+    driver.choose(Choice::install);
+    transport.answer(package(version));
+  }
+  bool holdsNoPackage() const { return !sandbox.holds("packages") || std::filesystem::is_empty(sandbox / "packages"); }
+
+  fixtures::Sandbox sandbox;
+  SigningKey key;
+  UpdaterPreferences preferences{sandbox / "updates.plist"};
+  FakeTransport transport;
+  FakeUserDriver driver;
+  FakeInstaller installer;
+  FakeAlarm alarm;
+  std::vector<std::string> openedAddresses = {};
+  std::unique_ptr<Updater> updater;
+};
+
+}  // namespace tarnwell::host_linux::updates
