@@ -4,18 +4,17 @@
 #include <array>
 #include <charconv>
 
+#include "host/linux/updates/FeedNamespace.h"
 #include "host/linux/updates/FeedReader.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
 
-constexpr std::string_view extensionNamespace = "http://www.andymatuschak.org/xml-namespaces/sparkle";
-
 /// The name of an extension without its namespace; empty for every other name.
 std::string_view extensionName(std::string_view name) {
-  const bool isExtension = name.starts_with(extensionNamespace) && name.size() > extensionNamespace.size() &&
-                           name[extensionNamespace.size()] == FeedHandler::separator;
-  return isExtension ? name.substr(extensionNamespace.size() + 1) : std::string_view();
+  const bool isExtension = name.starts_with(feedExtensions) && name.size() > feedExtensions.size() &&
+                           name[feedExtensions.size()] == FeedHandler::separator;
+  return isExtension ? name.substr(feedExtensions.size() + 1) : std::string_view();
 }
 
 struct Field {
@@ -51,7 +50,7 @@ std::string attribute(const FeedHandler::Attributes& attributes, std::string_vie
 }
 
 std::string extensionAttribute(const FeedHandler::Attributes& attributes, std::string_view name) {
-  return attribute(attributes, std::string(extensionNamespace) + FeedHandler::separator + std::string(name));
+  return attribute(attributes, std::string(feedExtensions) + FeedHandler::separator + std::string(name));
 }
 
 /// 0, which no package has, for what is no number of bytes.

@@ -1,0 +1,108 @@
+#include "host/linux/publish/SecretKey.h"
+
+#include <fcntl.h>
+#include <sodium.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+
+#include "core/Descriptor.h"
+#include "diagnostics/Fault.h"
+#include "host/linux/updates/Base64.h"
+#include "host/linux/updates/MappedFile.h"
+
+namespace tarnwell::host_linux::publish {
+namespace {
+
+using updates::decodeBase64;
+using updates::encodeBase64;
+using updates::MappedFile;
+
+Failure systemFailure(const std::string& what, const std::filesystem::path& file) {
+  return {what + " " + file.string() + ": " + std::system_category().message(errno)};
+}
+
+/// Both halves of a key pair, as the library has them.
+struct KeyPair {
+  explicit KeyPair(const unsigned char* seed) { crypto_sign_seed_keypair(open.data(), secret.data(), seed); }
+  KeyPair(const KeyPair&) = delete;
+  KeyPair& operator=(const KeyPair&) = delete;
+  ~KeyPair() { sodium_memzero(secret.data(), secret.size()); }
+
+  std::array<unsigned char, crypto_sign_PUBLICKEYBYTES> open = {};
+  std::array<unsigned char, crypto_sign_SECRETKEYBYTES> secret = {};
+};
+
+bool writeAll(int descriptor, const std::string& text) {
+  return ::write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size()) && ::fsync(descriptor) == 0;
+}
+
+}  // namespace
+
+SecretKey SecretKey::generate() {
+  if (sodium_init() < 0) {
+    diagnostics::fault("there is no source of chance");
+  }
+  SecretKey key;
+  randombytes_buf(key.seed_.data(), key.seed_.size());
+  return key;
+}
+
+SecretKey::~SecretKey() { sodium_memzero(seed_.data(), seed_.size()); }
+
+Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
+  const core::Descriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat status = {};
+  if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
+    return systemFailure("cannot read", file);
+  }
+  if ((status.st_mode & 077U) != 0) {
+    return Failure{"others can read " + file.string() + "; make it yours alone: chmod 600"};
+  }
+  const auto mapped = MappedFile::create(opened.number());
+  if (const auto* failure = std::get_if<Failure>(&mapped)) {
+    return Failure{file.string() + ": " + failure->message};
+  }
+  const auto& bytes = std::get<MappedFile>(mapped);
+  std::string_view text(reinterpret_cast<const char*>(bytes.bytes()), bytes.length());
+  text.remove_suffix(text.ends_with('\n') ? 1 : 0);
+  SecretKey key;
+  if (!decodeBase64(text, key.seed_)) {
+    return Failure{file.string() + " is not a private key"};
+  }
+  return key;
+}
+
+std::optional<Failure> SecretKey::store(const std::filesystem::path& file) const {
+  const core::Descriptor created(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  if (created.isEmpty()) {
+    return systemFailure("cannot make", file);
+  }
+  std::string text = encodeBase64(seed_) + "\n";
+  const bool isWritten = writeAll(created.number(), text);
+  const auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
+  sodium_memzero(text.data(), text.size());
+  if (failure) {
+    ::unlink(file.c_str());
+  }
+  return failure;
+}
+
+std::string SecretKey::publicText() const { return encodeBase64(KeyPair(seed_.data()).open); }
+
+Result<std::string> SecretKey::sign(int descriptor) const {
+  const auto mapped = MappedFile::create(descriptor);
+  if (const auto* failure = std::get_if<Failure>(&mapped)) {
+    return *failure;
+  }
+  const auto& file = std::get<MappedFile>(mapped);
+  const KeyPair pair(seed_.data());
+  std::array<unsigned char, crypto_sign_BYTES> signature = {};
+  crypto_sign_detached(signature.data(), nullptr, file.bytes(), file.length(), pair.secret.data());
+  return encodeBase64(signature);
+}
+
+}  // namespace tarnwell::host_linux::publish
