@@ -1,0 +1,64 @@
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "fuzz/Require.h"
+#include "host/linux/updates/FeedReader.h"
+#include "host/linux/updates/ItemChooser.h"
+#include "host/linux/updates/PackageClaim.h"
+
+namespace tarnwell::fuzz {
+namespace {
+
+using host_linux::Result;
+using host_linux::updates::FeedItem;
+using host_linux::updates::FeedReader;
+using host_linux::updates::ItemChooser;
+using host_linux::updates::PackageClaim;
+
+using Items = std::vector<FeedItem>;
+
+Result<Items> read(std::string_view text, std::size_t piece) {
+  FeedReader reader;
+  for (std::size_t at = 0; at < text.size(); at += piece) {
+    reader.feed(text.substr(at, piece));
+  }
+  return reader.finish();
+}
+
+void check(const FeedItem& item) {
+  for (const auto* text : {&item.title, &item.version, &item.shownVersion, &item.link, &item.channel}) {
+    require(text->size() <= FeedReader::maximumFieldLength);
+  }
+  require(item.notes.size() <= FeedReader::maximumNotesLength);
+  const auto claim = PackageClaim::create(item);
+  if (const auto* good = std::get_if<PackageClaim>(&claim)) {
+    require(good->length > 0 && good->length <= PackageClaim::maximumLength);
+  }
+}
+
+void run(std::string_view text) {
+  const auto whole = read(text, text.size() + 1);
+  const auto pieces = read(text, 13);
+  require(whole.index() == pieces.index());
+  const auto* items = std::get_if<Items>(&whole);
+  if (items == nullptr) {
+    return;
+  }
+  require(items->size() <= FeedReader::maximumItems && items->size() == std::get<Items>(pieces).size());
+  for (const FeedItem& item : *items) {
+    check(item);
+  }
+  const auto best = ItemChooser({.runningVersion = "1.0", .systemVersion = "6.1"}).best(*items);
+  require(!best || !best->version.empty());
+}
+
+}  // namespace
+}  // namespace tarnwell::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  tarnwell::fuzz::run({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

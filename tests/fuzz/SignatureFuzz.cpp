@@ -1,0 +1,53 @@
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "core/Descriptor.h"
+#include "fuzz/Require.h"
+#include "host/linux/updates/Base64.h"
+#include "host/linux/updates/PublicKey.h"
+#include "host/linux/updates/Signature.h"
+
+namespace tarnwell::fuzz {
+namespace {
+
+using host_linux::updates::encodeBase64;
+using host_linux::updates::PublicKey;
+using host_linux::updates::Signature;
+
+// Of the pair whose seed is nothing but ones.
+constexpr std::string_view someKey = "iojj3XQJ8ZX9UtstPLpdcspnCb8dlBIb83SIAbQPb1w=";
+
+int package() {
+  static const core::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  static const bool isWritten = ::write(file.number(), "package", 7) == 7;
+  require(isWritten);
+  return file.number();
+}
+
+/// The whole text is a key, and it is a signature.
+void run(std::string_view text) {
+  const auto key = PublicKey::parse(text);
+  if (const auto* good = std::get_if<PublicKey>(&key)) {
+    require(encodeBase64(good->bytes()) == text);
+  }
+  const auto signature = Signature::parse(text);
+  if (const auto* good = std::get_if<Signature>(&signature)) {
+    require(text.size() == 88);
+    const auto real = std::get<PublicKey>(PublicKey::parse(someKey));
+    require(good->verify(real, package(), 7).has_value());
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  tarnwell::fuzz::run({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
