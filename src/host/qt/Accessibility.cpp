@@ -80,9 +80,13 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   if (dynamic_cast<ScrollBarOverlay*>(object) != nullptr) {
     return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::ScrollBar);
   }
+  auto* widget = static_cast<QWidget*>(object);
+  if (widget->windowType() == Qt::Dialog) {
+    return new QAccessibleWidget(widget, QAccessible::Dialog);
+  }
   ControlLink* link = ControlLink::of(object);
   const bool shows = link != nullptr && link->control() != nullptr;
-  return shows ? accessibleFor(static_cast<QWidget*>(object), *link) : nullptr;
+  return shows ? accessibleFor(widget, *link) : nullptr;
 }
 
 std::unique_ptr<QAccessibleEvent> newValue(QWidget& widget, const kit::Control& control) {

@@ -2,6 +2,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QWidget>
 
 #include "host/qt/Conversions.h"
@@ -45,7 +46,8 @@ void AccessibleToggle::press() { control<kit::Toggle>()->press(); }
 
 QString AccessiblePopUpButton::text(QAccessible::Text kind) const {
   const auto* button = control<kit::PopUpButton>();
-  if (kind != QAccessible::Value || button == nullptr || button->selectedIndex() < 0) {
+  const bool tellsChoice = kind == QAccessible::Value || kind == QAccessible::Description;
+  if (!tellsChoice || button == nullptr || button->selectedIndex() < 0) {
     return AccessiblePressable::text(kind);
   }
   return toQString(button->items().at(static_cast<std::size_t>(button->selectedIndex())).title);
@@ -55,6 +57,19 @@ QAccessible::State AccessiblePopUpButton::state() const {
   QAccessible::State state = AccessiblePressable::state();
   state.hasPopup = true;
   return state;
+}
+
+QAccessibleInterface* AccessiblePopUpButton::child(int index) const {
+  return index == 0 && childCount() == 1 ? QAccessible::queryAccessibleInterface(openMenu()) : nullptr;
+}
+
+int AccessiblePopUpButton::indexOfChild(const QAccessibleInterface* child) const {
+  return child != nullptr && childCount() == 1 && child->object() == openMenu() ? 0 : -1;
+}
+
+QMenu* AccessiblePopUpButton::openMenu() const {
+  auto* menu = widget()->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+  return menu != nullptr && menu->isVisible() ? menu : nullptr;
 }
 
 void AccessiblePopUpButton::press() {

@@ -2,6 +2,8 @@
 
 #include "host/qt/AccessibleControl.h"
 
+class QMenu;
+
 namespace tarnwell::host_qt {
 
 /// A control with one action, which does what a click does.
@@ -44,13 +46,20 @@ class AccessiblePopUpButton final : public AccessiblePressable {
   AccessiblePopUpButton(QWidget* widget, ControlLink& link)
       : AccessiblePressable(widget, link, QAccessible::ComboBox) {}
 
-  /// The value is the chosen title.
+  /// The value is the chosen title, and the description as well: not every screen reader asks for values in words.
   QString text(QAccessible::Text kind) const override;
   QAccessible::State state() const override;
+  /// The menu, while it is open. The toolkit counts no menu among the children of a widget.
+  int childCount() const override { return openMenu() != nullptr ? 1 : 0; }
+  QAccessibleInterface* child(int index) const override;
+  int indexOfChild(const QAccessibleInterface* child) const override;
 
  protected:
   const QString& actionName() const override { return showMenuAction(); }
   void press() override;
+
+ private:
+  QMenu* openMenu() const;
 };
 
 }  // namespace tarnwell::host_qt

@@ -66,7 +66,8 @@ class LineEdit final : public QLineEdit, public ControlLink {
     LineEdit::fontsChanged();
     const int inset = static_cast<int>(kit::metrics::fieldInset) - ownMargin;
     setTextMargins(inset, 0, inset, 0);
-    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { typed(text); });
+    // Edited or set: assistive technologies do the latter.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { typed(text); });
   }
 
   QRectF focusShape() const override { return rect(); }
@@ -117,8 +118,9 @@ class LineEdit final : public QLineEdit, public ControlLink {
 
  private:
   void typed(const QString& text) {
-    if (control() != nullptr) {
+    if (control() != nullptr && text != toQString(field_.shownText())) {
       field_.type(text.toStdString());
+      showText();
     }
   }
 

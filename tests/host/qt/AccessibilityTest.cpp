@@ -6,6 +6,7 @@
 
 #include <numbers>
 
+#include "host/qt/AboutPanel.h"
 #include "host/qt/Accessibility.h"
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
@@ -91,6 +92,18 @@ TEST(AccessibilityTest, toggleTellsItsStateAndTurns) {
   EXPECT_TRUE(seen(toggle).state().checked);
 }
 
+TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
+  Stage stage;
+  auto& field = stage.add(makeField("1"), place);
+  std::string committed;
+  field.setAction([&committed](const std::string& text) { committed = text; });
+  seen(field).setText(QAccessible::Value, QStringLiteral("0.3"));
+  EXPECT_EQ(field.shownText(), "0.3");
+  EXPECT_EQ(committed, "");
+  field.commit();
+  EXPECT_EQ(committed, "0.3");
+}
+
 TEST(AccessibilityTest, buttonIsPressed) {
   Stage stage;
   int runs = 0;
@@ -114,15 +127,28 @@ TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
   auto& button = stage.add(makePopUpButton(), place);
   stage.show();
   EXPECT_EQ(seen(button).text(QAccessible::Value), "Genie");
+  EXPECT_EQ(seen(button).text(QAccessible::Description), "Genie");
+  EXPECT_EQ(seen(button).childCount(), 0);
   seen(button).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
   QWidget* menu = QApplication::activePopupWidget();
   ASSERT_NE(menu, nullptr);
   QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(menu);
+  ASSERT_EQ(seen(button).childCount(), 1);
+  EXPECT_EQ(seen(button).child(0), rows);
+  EXPECT_EQ(seen(button).indexOfChild(rows), 0);
+  EXPECT_EQ(seen(button).child(1), nullptr);
   ASSERT_EQ(rows->childCount(), 3);
   EXPECT_EQ(rows->child(2)->text(QAccessible::Name), "Suck");
   rows->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   driver::settle();
   EXPECT_EQ(button.selectedIndex(), 2);
+}
+
+TEST(AccessibilityTest, panelIsADialogOfItsName) {
+  AboutPanel panel({.name = "Tarnwell", .version = "1", .copyright = "us"});
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel);
+  EXPECT_EQ(interface->role(), QAccessible::Dialog);
+  EXPECT_EQ(interface->text(QAccessible::Name), "About Tarnwell");
 }
 
 TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {
