@@ -14,7 +14,9 @@ packages_for() {
       ;;
     # The sources of locales are there for a test that makes a locale with a decimal comma.
     test) echo libgtest-dev libgmock-dev locales clang-format-14 clang-tidy-14 shellcheck ;;
-    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon python3-dbus python3-gi ;;
+    fuzz) echo clang-14 libclang-rt-14-dev ;;
+    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon python3-dbus python3-gi trayer ;;
+    desktop) echo at-spi2-core python3-pyatspi ;;
   esac
 }
 
@@ -24,7 +26,7 @@ commands_for() {
     build) echo c++ cmake ninja pkg-config ;;
     run) echo zsh killall ;;
     test) echo clang-format-14 run-clang-tidy-14 shellcheck ;;
-    tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 ;;
+    tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
   esac
 }
 

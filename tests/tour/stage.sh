@@ -5,6 +5,7 @@
 # shellcheck shell=sh disable=SC2034,SC2154
 
 stage_processes=
+stage_width=1280
 
 fail() {
   echo "tour: $*" >&2
@@ -78,7 +79,7 @@ open_display() {
   export XAUTHORITY="$stage_folder/xauthority"
   # The server does not look at the number of the display, which it has yet to choose.
   xauth -q -f "$XAUTHORITY" add :0 . "$cookie" 2>/dev/null
-  start Xvfb -displayfd 3 -screen 0 1280x900x24 -auth "$XAUTHORITY" -nolisten tcp 3>"$stage_folder/display"
+  start Xvfb -displayfd 3 -screen 0 "${stage_width}x900x24" -auth "$XAUTHORITY" -nolisten tcp 3>"$stage_folder/display"
   wait_for 20 "a display" test -s "$stage_folder/display"
   read -r number <"$stage_folder/display"
   export DISPLAY=":$number"

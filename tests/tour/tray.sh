@@ -1,0 +1,31 @@
+# A tray of the older kind in a corner of the stage. Sourced, not run, after stage.sh.
+#
+# shellcheck shell=sh
+
+open_tray() { start trayer --edge top --align right --widthtype request --height 24; }
+
+tray_has_icon() {
+  tray=$(xdotool search --onlyvisible --class '^trayer$' | head -n 1)
+  [ -n "$tray" ] || return 1
+  eval "$(xdotool getwindowgeometry --shell "$tray")"
+  # An empty tray is a point wide, and a new one comes to its corner a moment after it has grown.
+  [ "$WIDTH" -ge 16 ] && [ "$((X + WIDTH))" -eq "$stage_width" ]
+}
+
+count_windows() { xdotool search --onlyvisible --class '^tarnwell$' | wc -l; }
+
+has_more_windows() { [ "$(count_windows)" -gt "$1" ]; }
+
+# Presses a button of the mouse over the tray's icon.
+open_tray_menu() {
+  wait_for 20 "the icon in the tray" tray_has_icon
+  windows=$(count_windows)
+  xdotool mousemove "$((X + WIDTH / 2))" "$((Y + HEIGHT / 2))" click "$1"
+  wait_for 20 "the menu of the tray's icon" has_more_windows "$windows"
+}
+
+# Chooses the entry that is so many steps down in the open menu.
+choose_in_tray() {
+  for _ in $(seq "$1"); do xdotool key Down; done
+  xdotool key Return
+}
