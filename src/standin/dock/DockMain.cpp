@@ -1,6 +1,7 @@
 /// A stand-in for the Dock of macOS: a process of that name which reads its settings from the preferences when it
 /// starts, says in its log what it has read, and then waits to be killed. It never reads them again: as on macOS, a
-/// change takes effect when the Dock is killed and dock-supervisor starts it anew. It shows nothing on the screen.
+/// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it shows
+/// what the settings do.
 
 #include <unistd.h>
 
@@ -10,9 +11,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 #include "standin/dock/DockSettings.h"
+#include "standin/dock/face/Face.h"
 #include "standin/store/Domain.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -21,12 +25,14 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: Dock [--help]
+constexpr std::string_view usageText = R"(Usage: Dock [--no-window | --list | --help]
 
-Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and waits until it is
-killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
+Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and shows a dock that goes
+by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
 
-  --help   this text
+  --no-window   show nothing, as where there is no display
+  --list        print the settings that it would go by, one "key value" a line, and end
+  --help        this text
 )";
 
 // Whoever started us may have ignored or blocked it, and then killall would have no effect.
@@ -38,20 +44,54 @@ void letTerminationThrough() {
   ::sigprocmask(SIG_UNBLOCK, &termination, nullptr);
 }
 
-int logSettings() {
+void logSettings(const std::string& root, const StoredPreferences& stored) {
+  const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + dockSettingsText(stored);
+  if (!appendToDockLog(logsFolder(root), line)) {
+    // A Dock without a log is still a Dock.
+    printError(std::string("Dock: cannot write its log: ") + std::strerror(errno) +  // NOLINT(concurrency-mt-unsafe)
+               "\n");
+  }
+}
+
+enum class Mode { face, noWindow, list };
+
+int run(Mode mode, int& argc, char** argv) {
   const std::optional<std::string> root = systemRoot();
   if (!root) {
     printError(std::string("Dock: ") + noRootMessage + "\n");
     return 1;
   }
   const StoredPreferences stored = loadPreferences(Domain::resolve("com.apple.dock", *root)->path);
-  const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + dockSettingsText(stored);
-  if (!appendToDockLog(logsFolder(*root), line)) {
-    // A Dock without a log is still a Dock.
-    printError(std::string("Dock: cannot write its log: ") + std::strerror(errno) +  // NOLINT(concurrency-mt-unsafe)
-               "\n");
+  if (mode == Mode::list) {
+    return printOut(listText(dockBehavior(stored))) ? 0 : 1;
   }
-  return 0;
+  letTerminationThrough();
+  logSettings(*root, stored);
+  if (mode == Mode::face && hasDisplay()) {
+    return showFace(argc, argv, dockBehavior(stored), *root + "/Library/Application Support/Dock/desk");
+  }
+  for (;;) {
+    ::pause();
+  }
+}
+
+int runAs(const std::vector<std::string_view>& arguments, int& argc, char** argv) {
+  if (arguments.empty()) {
+    return run(Mode::face, argc, argv);
+  }
+  // Each argument is a way of running by itself, so that there is none that a second one could be.
+  const std::string_view argument = arguments.size() > 1 ? "" : arguments.front();
+  if (argument == "--help") {
+    return printOut(usageText) ? 0 : 1;
+  }
+  if (argument == "--list") {
+    return run(Mode::list, argc, argv);
+  }
+  if (argument == "--no-window") {
+    return run(Mode::noWindow, argc, argv);
+  }
+  printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
+  return 2;
 }
 
 }  // namespace
@@ -59,20 +99,5 @@ int logSettings() {
 
 int main(int argc, char** argv) {
   tarnwell::standin::prepareStandardStreams();
-  if (argc > 1) {
-    const std::string_view argument = argv[1];
-    if (argument == "--help") {
-      return tarnwell::standin::printOut(tarnwell::standin::usageText) ? 0 : 1;
-    }
-    tarnwell::standin::printError("Dock: unknown argument " + std::string(argument) + "\n" +
-                                  std::string(tarnwell::standin::usageText));
-    return 2;
-  }
-  tarnwell::standin::letTerminationThrough();
-  if (const int status = tarnwell::standin::logSettings(); status != 0) {
-    return status;
-  }
-  for (;;) {
-    ::pause();
-  }
+  return tarnwell::standin::runAs({argv + 1, argv + argc}, argc, argv);
 }

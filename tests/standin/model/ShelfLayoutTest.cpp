@@ -15,7 +15,7 @@ constexpr ShelfLayout::Attention none;
 
 TEST(ShelfLayoutTest, standsInTheMiddle) {
   const ShelfLayout layout({icon, icon, separator, icon}, 1000);
-  const auto slots = layout.slots(none);
+  const auto slots = layout.placed(none);
   const auto ends = layout.ends(none);
   ASSERT_EQ(slots.size(), 4U);
   EXPECT_NEAR((ends.left + ends.right) / 2, 500, 0.5);
@@ -26,8 +26,8 @@ TEST(ShelfLayoutTest, standsInTheMiddle) {
 
 TEST(ShelfLayoutTest, theIconBelowThePointerGrowsMost) {
   const ShelfLayout layout(std::vector(9, icon), 1000);
-  const double pointer = layout.slots(none)[4].center;
-  const auto slots = layout.slots({.pointer = pointer, .strength = 1});
+  const double pointer = layout.placed(none)[4].center;
+  const auto slots = layout.placed({.pointer = pointer, .strength = 1});
   EXPECT_NEAR(slots[4].size, 52 * 1.36, 1e-9);
   EXPECT_NEAR(slots[4].center, pointer, 1e-9);
   EXPECT_GT(slots[4].size, slots[3].size);
@@ -44,7 +44,7 @@ TEST(ShelfLayoutTest, whatIsBelowThePointerStaysBelowIt) {
     if (!slot) {
       continue;
     }
-    const auto placed = layout.slots({.pointer = x, .strength = 1})[*slot];
+    const auto placed = layout.placed({.pointer = x, .strength = 1})[*slot];
     // An icon's slot is as much wider than the icon as at rest.
     EXPECT_LE(std::abs(placed.center - x), placed.size * 60 / 52 / 2 + 1e-6) << x;
   }
@@ -52,15 +52,15 @@ TEST(ShelfLayoutTest, whatIsBelowThePointerStaysBelowIt) {
 
 TEST(ShelfLayoutTest, nothingMovesOnTheFarSide) {
   const ShelfLayout layout(std::vector(9, icon), 1000);
-  const double left = layout.slots(none)[0].center - 26;
+  const double left = layout.placed(none)[0].center - 26;
   EXPECT_NEAR(layout.ends({.pointer = left - 4, .strength = 1}).left, layout.ends(none).left, 1e-9);
   EXPECT_GT(layout.ends({.pointer = left - 4, .strength = 1}).right, layout.ends(none).right);
 }
 
 TEST(ShelfLayoutTest, growsByDegrees) {
   const ShelfLayout layout(std::vector(3, icon), 1000);
-  const double pointer = layout.slots(none)[1].center;
-  EXPECT_NEAR(layout.slots({.pointer = pointer, .strength = 0.5})[1].size, 52 * 1.18, 1e-9);
+  const double pointer = layout.placed(none)[1].center;
+  EXPECT_NEAR(layout.placed({.pointer = pointer, .strength = 0.5})[1].size, 52 * 1.18, 1e-9);
 }
 
 TEST(ShelfLayoutTest, iconsShrinkWhereThereIsNoRoom) {
@@ -72,7 +72,7 @@ TEST(ShelfLayoutTest, iconsShrinkWhereThereIsNoRoom) {
 
 TEST(ShelfLayoutTest, aSeparatorAndThePlaceBesideTheShelfAreNoSlot) {
   const ShelfLayout layout({icon, separator, icon}, 1000);
-  const auto slots = layout.slots(none);
+  const auto slots = layout.placed(none);
   EXPECT_EQ(layout.slotAt(slots[0].center), 0U);
   EXPECT_EQ(layout.slotAt(slots[1].center), std::nullopt);
   EXPECT_EQ(layout.slotAt(slots[2].center), 2U);

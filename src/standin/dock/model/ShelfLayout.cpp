@@ -40,7 +40,7 @@ double ShelfLayout::widthAtRest(SlotKind kind) const {
   return kind == SlotKind::separator ? separatorWidth : iconSize_ + spacing;
 }
 
-std::vector<ShelfLayout::Placed> ShelfLayout::slots(const Attention& attention) const {
+std::vector<ShelfLayout::Placed> ShelfLayout::placed(const Attention& attention) const {
   const std::vector<double> bounds = edges(attention);
   std::vector<Placed> placed;
   for (std::size_t i = 0; i < slots_.size(); ++i) {

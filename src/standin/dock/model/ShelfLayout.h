@@ -39,7 +39,7 @@ class ShelfLayout {
     double strength = 0;
   };
 
-  std::vector<Placed> slots(const Attention& attention) const;
+  std::vector<Placed> placed(const Attention& attention) const;
 
   /// The ends of the shelf below them.
   struct Ends {

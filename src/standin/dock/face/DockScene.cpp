@@ -1,0 +1,307 @@
+#include "standin/dock/face/DockScene.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QMenu>
+#include <algorithm>
+#include <chrono>
+
+namespace tarnwell::standin {
+namespace {
+
+Reveal makeReveal(const DockBehavior& behavior) {
+  return {Reveal::Seconds(behavior.autohideDelay), Reveal::Seconds(behavior.autohideTimeModifier),
+          Reveal::Clock::now()};
+}
+
+std::chrono::milliseconds durationOf(DocumentWindow::Pace pace) {
+  constexpr std::chrono::milliseconds usual{420};
+  constexpr int slower = 8;
+  return pace == DocumentWindow::Pace::slow ? usual * slower : usual;
+}
+
+}  // namespace
+
+DockScene::DockScene(Surface& surface, const DockBehavior& behavior, std::string deskPath)
+    : behavior_(behavior),
+      surface_(surface),
+      file_(std::move(deskPath)),
+      effect_(surface),
+      spread_(surface),
+      dock_(surface, icons_, makeReveal(behavior),
+            {.click = [this](std::size_t item) { click(item); },
+             .menu = [this](std::size_t item, QPoint place) { openMenu(item, place); },
+             .scrollUp = [this](std::size_t item) { scrollUp(item); }}),
+      appearance_([this](Scheme scheme) {
+        setScheme(scheme);
+        begin();
+      }) {
+  // A desktop that does not answer at once is not waited for.
+  constexpr std::chrono::milliseconds patience{40};
+  file_.restore(desk_);
+  begin_.setSingleShot(true);
+  QObject::connect(&begin_, &QTimer::timeout, &begin_, [this] { begin(); });
+  begin_.start(appearance_.isAsked() ? patience : std::chrono::milliseconds(0));
+}
+
+void DockScene::begin() {
+  if (meanings_.empty()) {
+    begin_.stop();
+    show();
+    dock_.greet();
+  }
+}
+
+void DockScene::setScheme(Scheme scheme) {
+  scheme_ = scheme;
+  surface_.setScheme(scheme);
+  dock_.setScheme(scheme);
+  spread_.setScheme(scheme);
+  for (const auto& [key, window] : windows_) {
+    window->setScheme(scheme);
+  }
+  if (!meanings_.empty()) {
+    showItems();
+  }
+}
+
+void DockScene::show() {
+  for (std::size_t application = 0; application < desk_.applications().size(); ++application) {
+    for (std::size_t document = 0; document < desk_.applications()[application].documents.size(); ++document) {
+      showWindow({application, document});
+    }
+  }
+  showItems();
+  file_.save(desk_);
+}
+
+void DockScene::showWindow(DocumentId id) {
+  const WindowKey key(id.application, id.document);
+  const bool isVisible = desk_.isVisible(id) && travelling_ != id;
+  if (isVisible) {
+    window(id).show();
+  } else if (const auto found = windows_.find(key); found != windows_.end() && travelling_ != id) {
+    found->second->hide();
+  }
+}
+
+DocumentWindow& DockScene::window(DocumentId id) {
+  auto& window = windows_[{id.application, id.document}];
+  if (!window) {
+    window = makeWindow(id);
+  }
+  return *window;
+}
+
+std::unique_ptr<DocumentWindow> DockScene::makeWindow(DocumentId id) {
+  const Document& document = desk_.document(id);
+  auto made = std::make_unique<DocumentWindow>(
+      surface_, desk_.applications()[id.application].id, QString::fromStdString(document.title),
+      DocumentWindow::Actions{.minimize = [this, id](DocumentWindow::Pace pace) { minimize(id, pace); },
+                              .close =
+                                  [this, id] {
+                                    desk_.close(id);
+                                    show();
+                                  },
+                              .hide =
+                                  [this, id] {
+                                    desk_.hide(id.application);
+                                    show();
+                                  },
+                              .moved =
+                                  [this, id] {
+                                    const QPoint place = window(id).pos() - surface_.area().topLeft();
+                                    desk_.move(id, {static_cast<double>(place.x()), static_cast<double>(place.y())});
+                                    file_.save(desk_);
+                                  }});
+  made->setScheme(scheme_);
+  const QRect area = surface_.area();
+  const int right = std::max(area.width() - made->width(), 0);
+  const int bottom = std::max(area.height() - made->height(), 0);
+  made->move(area.x() + std::clamp(static_cast<int>(document.place.x), 0, right),
+             area.y() + std::clamp(static_cast<int>(document.place.y), 0, bottom));
+  return made;
+}
+
+void DockScene::showItems() {
+  meanings_.clear();
+  std::vector<DockItem> items;
+  const auto add = [&](DockItem item, Meaning meaning) {
+    items.push_back(std::move(item));
+    meanings_.push_back(meaning);
+  };
+  for (std::size_t i = 0; i < desk_.applications().size(); ++i) {
+    if (desk_.applications()[i].isRunning || !behavior_.staticOnly) {
+      add(applicationItem(i), {.application = i});
+    }
+  }
+  add({.kind = DockItem::Kind::separator}, {});
+  for (const DocumentId id : desk_.minimized()) {
+    add(documentItem(id), {.document = id});
+  }
+  add({.kind = DockItem::Kind::trash, .icon = "trash", .label = QStringLiteral("Trash")}, {});
+  dock_.setItems(std::move(items));
+}
+
+DockItem DockScene::applicationItem(std::size_t application) const {
+  const DemoApplication& shown = desk_.applications()[application];
+  return {.kind = DockItem::Kind::application,
+          .icon = shown.id,
+          .label = QString::fromStdString(shown.name),
+          .isRunning = shown.isRunning,
+          .isDimmed = shown.isHidden && behavior_.showHidden};
+}
+
+DockItem DockScene::documentItem(DocumentId id) {
+  return {.kind = DockItem::Kind::window,
+          .icon = desk_.applications()[id.application].id,
+          .label = QString::fromStdString(desk_.document(id).title),
+          .picture = travelling_ == id ? QPixmap() : window(id).picture()};
+}
+
+void DockScene::click(std::size_t item) {
+  const Meaning meaning = meanings_[item];
+  if (spread_.isOpen()) {
+    return spread_.close();
+  }
+  if (meaning.document) {
+    restore(*meaning.document);
+  } else if (meaning.application) {
+    activate(*meaning.application);
+  }
+}
+
+void DockScene::activate(std::size_t application) {
+  desk_.activate(application, behavior_.singleApp ? OthersOnActivation::hide : OthersOnActivation::stay);
+  show();
+  for (std::size_t i = 0; i < desk_.applications()[application].documents.size(); ++i) {
+    if (desk_.isVisible({application, i})) {
+      window({application, i}).raise();
+      window({application, i}).activateWindow();
+    }
+  }
+  surface_.raiseDock();
+}
+
+void DockScene::openMenu(std::size_t item, QPoint place) {
+  const auto application = meanings_[item].application;
+  if (!application || spread_.isOpen()) {
+    return;
+  }
+  const DemoApplication& shown = desk_.applications()[*application];
+  auto* menu = new QMenu;
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const auto addAction = [&](const char* text, auto&& action) {
+    menu->addAction(QString::fromUtf8(text), [this, action] {
+      action();
+      show();
+    });
+  };
+  const std::size_t which = *application;
+  if (!shown.isRunning) {
+    addAction("Open", [this, which] { desk_.activate(which, OthersOnActivation::stay); });
+  } else {
+    if (shown.isHidden) {
+      addAction("Show", [this, which] { desk_.activate(which, OthersOnActivation::stay); });
+    } else {
+      addAction("Hide", [this, which] { desk_.hide(which); });
+    }
+    addAction("Quit", [this, which] { desk_.quit(which); });
+  }
+  dock_.hold();
+  QObject::connect(menu, &QMenu::aboutToHide, &begin_, [this] { dock_.release(); });
+  menu->popup(place - QPoint(0, menu->sizeHint().height() + 20));
+}
+
+void DockScene::scrollUp(std::size_t item) {
+  if (spread_.isOpen()) {
+    spread_.close();
+  } else if (const auto application = meanings_[item].application; application && behavior_.scrollToOpen) {
+    spread(*application);
+  }
+}
+
+void DockScene::spread(std::size_t application) {
+  if (!desk_.applications()[application].isRunning || travelling_) {
+    return;
+  }
+  desk_.activate(application, OthersOnActivation::stay);
+  show();
+  std::vector<SpreadOverlay::Window> windows;
+  std::vector<DocumentId> ids;
+  for (std::size_t i = 0; i < desk_.applications()[application].documents.size(); ++i) {
+    const DocumentId id{application, i};
+    if (desk_.isVisible(id)) {
+      windows.push_back({window(id).geometry(), window(id).picture(), window(id).windowTitle()});
+      ids.push_back(id);
+    }
+  }
+  dock_.hold();
+  spread_.open(std::move(windows), [this, ids](std::optional<std::size_t> chosen) {
+    dock_.release();
+    if (chosen) {
+      window(ids[*chosen]).raise();
+      window(ids[*chosen]).activateWindow();
+    }
+  });
+}
+
+void DockScene::minimize(DocumentId id, DocumentWindow::Pace pace) {
+  if (travelling_) {
+    return;
+  }
+  DocumentWindow& shown = window(id);
+  travelling_ = id;
+  desk_.minimize(id);
+  dock_.hold();
+  show();
+  effect_.start(shown.picture(),
+                {.effect = behavior_.minimizeEffect,
+                 .window = shown.geometry(),
+                 .icon = dock_.iconPlace(*itemOf(id)),
+                 .direction = EffectOverlay::Direction::intoDock,
+                 .duration = durationOf(pace)},
+                [this] {
+                  arrive();
+                  effect_.hide();
+                });
+  shown.hide();
+}
+
+void DockScene::restore(DocumentId id) {
+  if (travelling_) {
+    return;
+  }
+  const bool isSlow = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+  const QRect icon = dock_.iconPlace(*itemOf(id));
+  DocumentWindow& shown = window(id);
+  travelling_ = id;
+  desk_.restore(id);
+  dock_.hold();
+  show();
+  effect_.start(shown.picture(),
+                {.effect = behavior_.minimizeEffect,
+                 .window = shown.geometry(),
+                 .icon = icon,
+                 .direction = EffectOverlay::Direction::outOfDock,
+                 .duration = durationOf(isSlow ? DocumentWindow::Pace::slow : DocumentWindow::Pace::usual)},
+                [this, &shown] {
+                  // The picture stays until the window itself is there.
+                  shown.onPainted([this] { effect_.hide(); });
+                  arrive();
+                  shown.raise();
+                  shown.activateWindow();
+                });
+}
+
+void DockScene::arrive() {
+  travelling_.reset();
+  dock_.release();
+  show();
+}
+
+std::optional<std::size_t> DockScene::itemOf(DocumentId id) const {
+  const auto found = std::ranges::find(meanings_, std::optional(id), &Meaning::document);
+  return found == meanings_.end() ? std::nullopt : std::optional<std::size_t>(found - meanings_.begin());
+}
+
+}  // namespace tarnwell::standin

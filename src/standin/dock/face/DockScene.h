@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "standin/dock/DockBehavior.h"
+#include "standin/dock/face/Appearance.h"
+#include "standin/dock/face/DeskFile.h"
+#include "standin/dock/face/DockWidget.h"
+#include "standin/dock/face/DocumentWindow.h"
+#include "standin/dock/face/EffectOverlay.h"
+#include "standin/dock/face/Icons.h"
+#include "standin/dock/face/SpreadOverlay.h"
+#include "standin/dock/face/Surface.h"
+#include "standin/dock/model/Desk.h"
+
+namespace tarnwell::standin {
+
+/// The dock, the windows of its demonstration applications, and what they do to each other.
+class DockScene {
+ public:
+  DockScene(Surface& surface, const DockBehavior& behavior, std::string deskPath);
+
+ private:
+  using WindowKey = std::pair<std::size_t, std::size_t>;
+
+  /// What an item of the dock stands for; nothing of it for separator and trash.
+  struct Meaning {
+    std::optional<std::size_t> application = {};
+    std::optional<DocumentId> document = {};
+  };
+
+  void begin();
+  void setScheme(Scheme scheme);
+
+  // Brings items and windows in line with the desk, and keeps the desk.
+  void show();
+  void showItems();
+  void showWindow(DocumentId id);
+  DocumentWindow& window(DocumentId id);
+  std::unique_ptr<DocumentWindow> makeWindow(DocumentId id);
+  DockItem applicationItem(std::size_t application) const;
+  DockItem documentItem(DocumentId id);
+
+  void click(std::size_t item);
+  void activate(std::size_t application);
+  void openMenu(std::size_t item, QPoint place);
+  void scrollUp(std::size_t item);
+  void spread(std::size_t application);
+
+  void minimize(DocumentId id, DocumentWindow::Pace pace);
+  void restore(DocumentId id);
+  std::optional<std::size_t> itemOf(DocumentId id) const;
+  void arrive();
+
+  DockBehavior behavior_;
+  Surface& surface_;
+  DeskFile file_;
+  Desk desk_;
+  Icons icons_;
+  Scheme scheme_ = Scheme::light;
+  std::vector<Meaning> meanings_;
+  std::map<WindowKey, std::unique_ptr<DocumentWindow>> windows_;
+  std::optional<DocumentId> travelling_;  // on its way into the dock or out of it
+  EffectOverlay effect_;
+  SpreadOverlay spread_;
+  DockWidget dock_;
+  QTimer begin_;
+  Appearance appearance_;
+};
+
+}  // namespace tarnwell::standin

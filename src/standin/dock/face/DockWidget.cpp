@@ -1,0 +1,238 @@
+#include "standin/dock/face/DockWidget.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace tarnwell::standin {
+namespace {
+
+constexpr double secondsToGrow = 0.12;
+
+std::vector<SlotKind> kindsOf(const std::vector<DockItem>& items) {
+  std::vector<SlotKind> kinds;
+  for (const DockItem& item : items) {
+    kinds.push_back(item.kind == DockItem::Kind::separator ? SlotKind::separator : SlotKind::icon);
+  }
+  return kinds;
+}
+
+// Much smaller and large again: a blur that takes two milliseconds for the whole width of a screen.
+QPixmap blurred(const QPixmap& picture) {
+  constexpr int shrink = 14;
+  const QImage image = picture.toImage();
+  const QSize small = (image.size() / shrink).expandedTo({2, 2});
+  const QImage soft = image.scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  QPixmap result = QPixmap::fromImage(soft.scaled(image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  result.setDevicePixelRatio(picture.devicePixelRatio());
+  return result;
+}
+
+}  // namespace
+
+DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Actions actions)
+    : surface_(surface), painter_(icons, look_), actions_(std::move(actions)), reveal_(reveal), frames_([this] {
+        return frame();
+      }) {
+  setWindowTitle(QStringLiteral("Dock"));
+  setMouseTracking(true);
+  deadline_.setSingleShot(true);
+  deadline_.setTimerType(Qt::PreciseTimer);
+  connect(&deadline_, &QTimer::timeout, this, [this] { wakeUp(); });
+  surface_.adopt(*this, Surface::Role::dock);
+  surface_.onEdge([this](bool isThere) { setPointer(onDock_, isThere); });
+  surface_.onArea([this] { place(); });
+}
+
+void DockWidget::setItems(std::vector<DockItem> items) {
+  items_ = std::move(items);
+  place();
+}
+
+void DockWidget::setScheme(Scheme scheme) {
+  look_ = Look::of(scheme);
+  update();
+}
+
+void DockWidget::hold() {
+  if (++holders_ == 1) {
+    reveal_.setHeld(true, Reveal::Clock::now());
+    wakeUp();
+  }
+}
+
+void DockWidget::release() {
+  if (--holders_ == 0) {
+    reveal_.setHeld(false, Reveal::Clock::now());
+    wakeUp();
+  }
+}
+
+void DockWidget::greet() { wakeUp(); }
+
+QRect DockWidget::iconPlace(std::size_t item) const {
+  const QRect area = surface_.area();
+  const auto place = layout_.placed({})[item];
+  const double bottom = area.y() + area.height() - layout_.iconBottom();
+  return QRectF(area.x() + place.center - place.size / 2, bottom - place.size, place.size, place.size).toRect();
+}
+
+// The widget is as wide as its surface, so that the layout's coordinates are its own.
+void DockWidget::place() {
+  const QRect area = surface_.area();
+  layout_ = ShelfLayout(kindsOf(items_), area.width());
+  const int high = std::min(ShelfPainter::heightFor(layout_), area.height());
+  const QRect geometry(area.x(), area.y() + area.height() - high, area.width(), high);
+  const bool wasVisible = isVisible();
+  if (geometry != this->geometry()) {
+    QWidget::hide();
+    setGeometry(geometry);
+    backdrop_ = QPixmap();
+  }
+  if (wasVisible) {
+    show(shown_);
+  }
+}
+
+void DockWidget::setPointer(bool onDock, bool atEdge) {
+  onDock_ = onDock;
+  atEdge_ = atEdge;
+  const PointerPlace edge = atEdge_ ? PointerPlace::atEdge : PointerPlace::elsewhere;
+  reveal_.setPointer(onDock_ ? PointerPlace::onDock : edge, Reveal::Clock::now());
+  wakeUp();
+}
+
+// Does what is due, and sees to it that frames or a deadline follow where there is more to come.
+void DockWidget::wakeUp() {
+  lastGrowth_ = frames_.isRunning() ? lastGrowth_ : Reveal::Clock::now();
+  if (frame() == Frames::Next::wanted) {
+    frames_.start();
+  }
+}
+
+Frames::Next DockWidget::frame() {
+  const Time now = Reveal::Clock::now();
+  growTowards(now);
+  show(reveal_.shown(now));
+  const bool grows = strength_ != (onDock_ ? 1 : 0);
+  if (grows || reveal_.isMoving(now)) {
+    deadline_.stop();
+    return Frames::Next::wanted;
+  }
+  if (const auto deadline = reveal_.deadline()) {
+    deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
+  } else {
+    deadline_.stop();
+  }
+  return Frames::Next::none;
+}
+
+void DockWidget::growTowards(Time now) {
+  const double step = Reveal::Seconds(now - std::exchange(lastGrowth_, now)).count() / secondsToGrow;
+  strength_ = std::clamp(strength_ + (onDock_ ? step : -step), 0.0, 1.0);
+}
+
+void DockWidget::show(double share) {
+  constexpr int gap = 6;
+  shown_ = share;
+  if (share <= 0) {
+    QWidget::hide();
+    strength_ = 0;
+    backdrop_ = QPixmap();
+    surface_.setEdgeHeight(1);
+    return;
+  }
+  lookBehind();
+  const QRegion outline = ShelfPainter::outline(currentFrame()).intersected(rect());
+  // To the toolkit an empty mask is none at all.
+  const QRegion mask = outline.isEmpty() ? QRegion(-2, -2, 1, 1) : outline;
+  if (std::exchange(outline_, mask) != mask) {
+    setMask(mask);
+  }
+  if (!isVisible()) {
+    QWidget::show();
+    surface_.raiseDock();
+  }
+  // The gap below the shelf belongs to the dock, once it is there.
+  surface_.setEdgeHeight(share >= 1 ? gap : 1);
+  repaint();
+}
+
+void DockWidget::lookBehind() {
+  if (surface_.blends() || !backdrop_.isNull() || isVisible()) {
+    return;
+  }
+  backdrop_ = surface_.picture(geometry());
+  blurred_ = blurred(backdrop_);
+}
+
+ShelfPainter::Frame DockWidget::currentFrame() const {
+  const ShelfLayout::Attention attention{.pointer = pointer_, .strength = strength_};
+  const bool isLabelled = onDock_ && shown_ >= 1 && strength_ > 0;
+  return {.items = items_,
+          .layout = layout_,
+          .attention = attention,
+          .labelled = isLabelled ? layout_.slotAt(pointer_) : std::nullopt,
+          .canvas = size(),
+          .sunk = std::round((1 - shown_) * layout_.shelfTop() * devicePixelRatioF()) / devicePixelRatioF()};
+}
+
+bool DockWidget::event(QEvent* event) {
+  if (event->type() == QEvent::Hide) {
+    onDock_ = false;
+  }
+  return QWidget::event(event);
+}
+
+void DockWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (!backdrop_.isNull()) {
+    painter.drawPixmap(0, 0, backdrop_);
+  }
+  painter_.paint(painter, currentFrame(), backdrop_.isNull() ? QPixmap() : blurred_);
+}
+
+void DockWidget::enterEvent(QEnterEvent* event) {
+  pointer_ = event->position().x();
+  setPointer(true, atEdge_);
+}
+
+void DockWidget::leaveEvent(QEvent* /*event*/) { setPointer(false, atEdge_); }
+
+void DockWidget::mouseMoveEvent(QMouseEvent* event) {
+  pointer_ = event->position().x();
+  wakeUp();
+}
+
+void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const auto slot = layout_.slotAt(event->position().x());
+  if (!slot) {
+    return;
+  }
+  if (event->button() == Qt::LeftButton) {
+    actions_.click(*slot);
+  } else if (event->button() == Qt::RightButton) {
+    actions_.menu(*slot, event->globalPosition().toPoint());
+  }
+}
+
+void DockWidget::wheelEvent(QWheelEvent* event) {
+  constexpr unsigned long pause = 250;  // what follows sooner belongs to the same movement of the hand
+  constexpr int notch = 120;
+  if (event->timestamp() - lastScroll_ < pause) {
+    return;
+  }
+  scrolled_ = std::max(scrolled_ + event->angleDelta().y(), 0);
+  const auto slot = layout_.slotAt(event->position().x());
+  if (slot && scrolled_ >= notch) {
+    scrolled_ = 0;
+    lastScroll_ = event->timestamp();
+    actions_.scrollUp(*slot);
+  }
+}
+
+}  // namespace tarnwell::standin

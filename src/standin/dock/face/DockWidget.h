@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QWidget>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "standin/dock/face/Frames.h"
+#include "standin/dock/face/ShelfPainter.h"
+#include "standin/dock/face/Surface.h"
+#include "standin/dock/model/Reveal.h"
+#include "standin/dock/model/ShelfLayout.h"
+
+namespace tarnwell::standin {
+
+/// The dock itself, at the lower edge of its surface: comes and goes with the pointer, grows below it, and tells what
+/// was done to its items.
+class DockWidget final : public QWidget {
+ public:
+  /// What to do about the item of a number.
+  struct Actions {
+    std::function<void(std::size_t item)> click;
+    std::function<void(std::size_t item, QPoint place)> menu;
+    std::function<void(std::size_t item)> scrollUp;
+  };
+
+  DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Actions actions);
+
+  void setItems(std::vector<DockItem> items);
+  void setScheme(Scheme scheme);
+
+  /// Brings it and keeps it, as often as it is told so, until it was released as often.
+  void hold();
+  void release();
+
+  /// Comes for the first time.
+  void greet();
+
+  /// Where the icon of an item is once the dock is shown and nobody points at it, on the surface.
+  QRect iconPlace(std::size_t item) const;
+
+ private:
+  using Time = Reveal::Time;
+
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+  void place();
+  void setPointer(bool onDock, bool atEdge);
+  Frames::Next frame();
+  void wakeUp();
+  void show(double share);
+  void lookBehind();
+  void growTowards(Time now);
+  ShelfPainter::Frame currentFrame() const;
+
+  Surface& surface_;
+  Look look_ = Look::of(Scheme::light);
+  ShelfPainter painter_;
+  Actions actions_;
+  std::vector<DockItem> items_;
+  ShelfLayout layout_{{}, 0};
+  Reveal reveal_;
+  int holders_ = 0;
+  bool onDock_ = false;
+  bool atEdge_ = false;
+  double pointer_ = 0;
+  double strength_ = 0;  // of the growth below the pointer
+  Time lastGrowth_;
+  double shown_ = 0;
+  QPixmap backdrop_;  // what was behind the dock when it came, for a screen that does not blend
+  QPixmap blurred_;
+  QRegion outline_;
+  Frames frames_;
+  QTimer deadline_;
+  unsigned long lastScroll_ = 0;  // when the last one was told, in milliseconds of the event's clock
+  int scrolled_ = 0;
+};
+
+}  // namespace tarnwell::standin

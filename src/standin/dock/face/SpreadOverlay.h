@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QWidget>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "standin/dock/face/Frames.h"
+#include "standin/dock/face/Surface.h"
+#include "standin/dock/model/Geometry.h"
+
+namespace tarnwell::standin {
+
+/// All windows of an application side by side on a dimmed screen, to choose one of. Escape, a click beside them or
+/// close() end it.
+class SpreadOverlay final : public QWidget {
+ public:
+  struct Window {
+    QRect place;  // where it stands
+    QPixmap picture;
+    QString title;
+  };
+
+  explicit SpreadOverlay(Surface& surface);
+
+  /// `chosen` is called once it has gone, with the window that was clicked, if one was.
+  void open(std::vector<Window> windows, std::function<void(std::optional<std::size_t>)> chosen);
+  void close();
+  bool isOpen() const { return isOpening_; }
+
+  void setScheme(Scheme scheme) { look_ = Look::of(scheme); }
+
+ private:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+  Frames::Next frame();
+  double share() const;
+  void turn(bool isOpening);
+  void finish();
+  QRectF placeOf(std::size_t window) const;
+  std::optional<std::size_t> windowAt(QPointF place) const;
+  void paintWindow(QPainter& painter, std::size_t window) const;
+
+  Surface& surface_;
+  Look look_ = Look::of(Scheme::light);
+  std::vector<Window> windows_;
+  std::vector<Rectangle> spread_;
+  QPixmap backdrop_;
+  std::function<void(std::optional<std::size_t>)> chosen_;
+  std::optional<std::size_t> choice_;
+  std::optional<std::size_t> hovered_;
+  bool isOpening_ = false;
+  double from_ = 0;
+  std::chrono::steady_clock::time_point began_;
+  Frames frames_;
+};
+
+}  // namespace tarnwell::standin

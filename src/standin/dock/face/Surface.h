@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QWidget>
+#include <functional>
+#include <utility>
+
+#include "standin/dock/face/Look.h"
+
+namespace tarnwell::standin {
+
+/// Where the dock and its windows are put. On a desktop where programs place their windows, that is the screen; on any
+/// other, it is one ordinary window that plays the screen.
+class Surface {
+ public:
+  enum class Role {
+    dock,      // above everything, takes no focus
+    overlay,   // for a while above everything but the dock, takes no focus
+    document,  // an ordinary window
+  };
+
+  Surface() = default;
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+  virtual ~Surface() = default;
+
+  /// In the coordinates that widgets which were put here have.
+  virtual QRect area() const = 0;
+
+  /// Makes a fresh widget a window of the screen, or a part of the window that plays it.
+  virtual void adopt(QWidget& widget, Role role) = 0;
+
+  /// Whether what is transparent in a widget shows what is behind it.
+  virtual bool blends() const = 0;
+
+  /// What can be seen now.
+  virtual QPixmap picture(const QRect& part) const = 0;
+
+  /// Puts every adopted dock above whatever else there is.
+  virtual void raiseDock() = 0;
+
+  /// How far up from the lower edge the pointer counts as being at the edge, in points.
+  virtual void setEdgeHeight(int points) = 0;
+
+  virtual void setScheme(Scheme scheme) = 0;
+
+  /// Called with whether the pointer is at the lower edge.
+  void onEdge(std::function<void(bool)> changed) { edgeChanged_ = std::move(changed); }
+
+  /// Called when the area has changed.
+  void onArea(std::function<void()> changed) { areaChanged_ = std::move(changed); }
+
+ protected:
+  std::function<void(bool)> edgeChanged_ = [](bool) {};
+  std::function<void()> areaChanged_ = [] {};
+};
+
+}  // namespace tarnwell::standin

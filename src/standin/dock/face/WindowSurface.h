@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+#include "standin/dock/face/Surface.h"
+
+namespace tarnwell::standin {
+
+/// One ordinary window that plays the screen, for desktops where programs may not place their windows. It says so.
+class WindowSurface final : public Surface, private QWidget {
+ public:
+  WindowSurface();
+  ~WindowSurface() override;
+
+  QRect area() const override { return rect(); }
+  void adopt(QWidget& widget, Role role) override;
+  bool blends() const override { return true; }
+  QPixmap picture(const QRect& part) const override;
+  void raiseDock() override;
+  void setEdgeHeight(int points) override;
+  void setScheme(Scheme scheme) override;
+
+ private:
+  class EdgeStrip;
+
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void placeEdge();
+
+  Look look_ = Look::of(Scheme::light);
+  EdgeStrip* edge_;
+  int edgeHeight_ = 1;
+  QPointer<QWidget> dock_;
+};
+
+}  // namespace tarnwell::standin

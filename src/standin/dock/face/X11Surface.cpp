@@ -1,0 +1,203 @@
+#include "standin/dock/face/X11Surface.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace tarnwell::standin {
+namespace {
+
+struct FreeReply {
+  void operator()(void* reply) const { std::free(reply); }
+};
+template <class T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+xcb_window_t rootOf(xcb_connection_t* display, int number) {
+  xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(display));
+  for (; number > 0 && screens.rem > 1; --number) {
+    xcb_screen_next(&screens);
+  }
+  return screens.data->root;
+}
+
+int screenNumber() {
+  char* host = nullptr;
+  int display = 0;
+  int screen = 0;
+  if (xcb_parse_display(nullptr, &host, &display, &screen) != 0) {
+    std::free(host);
+  }
+  return screen;
+}
+
+// A compositing manager is whoever owns the selection of that name.
+bool hasCompositor(xcb_connection_t* display, int screen) {
+  const std::string name = "_NET_WM_CM_S" + std::to_string(screen);
+  const auto asked = xcb_intern_atom(display, 1, static_cast<std::uint16_t>(name.size()), name.data());
+  const Reply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(display, asked, nullptr));
+  if (!atom || atom->atom == XCB_ATOM_NONE) {
+    return false;
+  }
+  const Reply<xcb_get_selection_owner_reply_t> owner(
+      xcb_get_selection_owner_reply(display, xcb_get_selection_owner(display, atom->atom), nullptr));
+  return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+QScreen* screen() { return QGuiApplication::primaryScreen(); }
+
+// From points to pixels, where the screen starts at the same place in both.
+QRect pixelsOf(const QRect& points) {
+  const QRect whole = screen()->geometry();
+  const double ratio = screen()->devicePixelRatio();
+  const auto scaled = [&](int value) { return static_cast<int>(std::lround(value * ratio)); };
+  return {whole.x() + scaled(points.x() - whole.x()), whole.y() + scaled(points.y() - whole.y()),
+          scaled(points.width()), scaled(points.height())};
+}
+
+}  // namespace
+
+X11Surface::X11Surface() : display_(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection()) {
+  const int number = screenNumber();
+  root_ = rootOf(display_, number);
+  blends_ = hasCompositor(display_, number);
+  raiseSoon_.setSingleShot(true);
+  raiseSoon_.setInterval(0);
+  QObject::connect(&raiseSoon_, &QTimer::timeout, &raiseSoon_, [this] { raiseDock(); });
+  makeEdge();
+  watchStacking();
+  qGuiApp->installNativeEventFilter(this);
+  const auto moved = [this] {
+    placeEdge();
+    areaChanged_();
+  };
+  QObject::connect(screen(), &QScreen::geometryChanged, &raiseSoon_, moved);
+}
+
+X11Surface::~X11Surface() { qGuiApp->removeNativeEventFilter(this); }
+
+QRect X11Surface::area() const { return screen()->geometry(); }
+
+void X11Surface::adopt(QWidget& widget, Role role) {
+  widget.setAttribute(Qt::WA_TranslucentBackground, blends_);
+  widget.setAttribute(Qt::WA_ShowWithoutActivating);
+  if (role == Role::document) {
+    widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    return;
+  }
+  // A window manager would give it a place among windows, and take its time for it.
+  Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint |
+                          Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+  widget.setWindowFlags(flags);
+  // What appears of it is painted at once; a colour of the server's in between would flicker.
+  widget.setAttribute(Qt::WA_NoSystemBackground);
+  if (role == Role::dock) {
+    dock_ = &widget;
+  }
+}
+
+QPixmap X11Surface::picture(const QRect& part) const {
+  return screen()->grabWindow(0, part.x(), part.y(), part.width(), part.height());
+}
+
+void X11Surface::raiseDock() {
+  if (dock_ && dock_->isVisible()) {
+    dock_->raise();
+  }
+  constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+  xcb_configure_window(display_, edge_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  xcb_flush(display_);
+}
+
+void X11Surface::setEdgeHeight(int points) {
+  if (std::exchange(edgeHeight_, points) != points) {
+    placeEdge();
+  }
+}
+
+void X11Surface::setScheme(Scheme /*scheme*/) {}
+
+void X11Surface::makeEdge() {
+  edge_ = xcb_generate_id(display_);
+  const std::array<std::uint32_t, 2> values = {1, XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW};
+  xcb_create_window(display_, 0, edge_, root_, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+                    XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
+  placeEdge();
+  xcb_map_window(display_, edge_);
+  xcb_flush(display_);
+}
+
+void X11Surface::placeEdge() {
+  const QRect whole = area();
+  QRect strip = pixelsOf(QRect(whole.x(), whole.bottom() + 1 - edgeHeight_, whole.width(), edgeHeight_));
+  if (edgeHeight_ == 1) {
+    // The last row of pixels, even where a point has several.
+    strip.setTop(strip.bottom());
+  }
+  const std::array<std::uint32_t, 4> values = {
+      static_cast<std::uint32_t>(strip.x()), static_cast<std::uint32_t>(strip.y()),
+      static_cast<std::uint32_t>(strip.width()), static_cast<std::uint32_t>(strip.height())};
+  xcb_configure_window(display_, edge_,
+                       XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                       values.data());
+  xcb_flush(display_);
+}
+
+// The toolkit has asked for events of the root window on the same connection, and must go on getting them.
+void X11Surface::watchStacking() {
+  const Reply<xcb_get_window_attributes_reply_t> attributes(
+      xcb_get_window_attributes_reply(display_, xcb_get_window_attributes(display_, root_), nullptr));
+  const std::uint32_t mask = (attributes ? attributes->your_event_mask : 0) | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+  xcb_change_window_attributes(display_, root_, XCB_CW_EVENT_MASK, &mask);
+}
+
+bool X11Surface::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
+  if (type == "xcb_generic_event_t") {
+    hear(*static_cast<const xcb_generic_event_t*>(message));
+  }
+  return false;
+}
+
+void X11Surface::hear(const xcb_generic_event_t& event) {
+  constexpr std::uint8_t sentByClient = 0x80;
+  switch (event.response_type & ~sentByClient) {
+    case XCB_ENTER_NOTIFY:
+    case XCB_LEAVE_NOTIFY: {
+      const auto& crossing = reinterpret_cast<const xcb_enter_notify_event_t&>(event);
+      if (crossing.event == edge_) {
+        edgeChanged_((event.response_type & ~sentByClient) == XCB_ENTER_NOTIFY);
+      }
+      break;
+    }
+    case XCB_MAP_NOTIFY:
+      if (!isOwn(reinterpret_cast<const xcb_map_notify_event_t&>(event).window)) {
+        raiseSoon_.start();
+      }
+      break;
+    case XCB_CONFIGURE_NOTIFY: {
+      const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+      // Another program that wants to be on top of everything is left alone: two of that kind would never rest.
+      if (configured.override_redirect == 0 && !isOwn(configured.window)) {
+        raiseSoon_.start();
+      }
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+bool X11Surface::isOwn(xcb_window_t window) const {
+  return window == edge_ || std::ranges::any_of(QGuiApplication::topLevelWindows(), [&](const QWindow* each) {
+           return each->handle() != nullptr && each->winId() == window;
+         });
+}
+
+}  // namespace tarnwell::standin
