@@ -1,5 +1,6 @@
 #include "host/linux/updates/CheckSchedule.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/linux/updates/Report.h"
@@ -8,18 +9,21 @@ namespace tarnwell::host_linux::updates {
 
 Alarm::Clock::time_point CheckSchedule::nextCheck() const {
   const auto now = alarm_.now();
-  const auto last = unstoredCheck_ ? unstoredCheck_ : preferences_.lastCheck();
-  // A check in the future was made under a wrong clock, which says nothing about when it was.
-  return !last || *last > now ? now : *last + preferences_.interval();
+  std::optional<Alarm::Clock::time_point> last;
+  for (const auto& check : {preferences_.lastCheck(), ownCheck_}) {
+    // A check in the future was made under a wrong clock, which says nothing about when it was.
+    if (check && *check <= now) {
+      last = std::max(last, check);
+    }
+  }
+  return last ? *last + preferences_.interval() : now;
 }
 
 bool CheckSchedule::isDue() const { return isOn() && nextCheck() <= alarm_.now(); }
 
 void CheckSchedule::noteCheck() {
-  const auto now = alarm_.now();
-  const auto failure = preferences_.setLastCheck(now);
-  report(failure);
-  unstoredCheck_ = failure ? std::optional(now) : std::nullopt;
+  ownCheck_ = alarm_.now();
+  report(preferences_.setLastCheck(*ownCheck_));
 }
 
 void CheckSchedule::set(kit::Action wake) {

@@ -28,8 +28,8 @@ class CheckSchedule {
 
   UpdaterPreferences preferences_;
   Alarm& alarm_;
-  /// The last check where it could not be stored: it must not be made again and again for that.
-  std::optional<Alarm::Clock::time_point> unstoredCheck_;
+  /// The last one of this run. It need not have come to be stored, and must not be made again and again for that.
+  std::optional<Alarm::Clock::time_point> ownCheck_;
 };
 
 }  // namespace tarnwell::host_linux::updates

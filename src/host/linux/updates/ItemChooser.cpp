@@ -15,6 +15,13 @@ bool isNewer(const std::string& version, const std::string& than) {
   return compareVersions(version, than) == std::weak_ordering::greater;
 }
 
+/// Whether a version may stand in a sentence on the screen.
+bool isPresentable(const std::string& version) {
+  constexpr std::size_t longest = 100;  // Bytes.
+  return version.size() <= longest &&
+         std::none_of(version.begin(), version.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; });
+}
+
 bool leadsSomewhere(const FeedItem& item) {
   return item.isInformational ? isWebAddress(item.link) : !item.enclosure.url.empty();
 }
@@ -23,8 +30,8 @@ bool leadsSomewhere(const FeedItem& item) {
 
 bool ItemChooser::suits(const FeedItem& item) const {
   const auto& channels = circumstances_.channels;
-  return isForLinux(item) && leadsSomewhere(item) && !item.version.empty() &&
-         isNewer(item.version, circumstances_.runningVersion) &&
+  return isForLinux(item) && leadsSomewhere(item) && !item.version.empty() && isPresentable(item.version) &&
+         isPresentable(item.shownVersion) && isNewer(item.version, circumstances_.runningVersion) &&
          !isNewer(item.minimumSystemVersion, circumstances_.systemVersion) &&
          (item.channel.empty() || std::find(channels.begin(), channels.end(), item.channel) != channels.end());
 }

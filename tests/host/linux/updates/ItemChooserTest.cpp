@@ -36,6 +36,17 @@ TEST(ItemChooser, takesNothingOfAnOddVersion) {
   EXPECT_EQ(chosenOf({itemOf(""), itemOf("latest"), itemOf("-1"), itemOf("v9"), itemOf("..")}, running("1.0")), "none");
 }
 
+TEST(ItemChooser, takesNoVersionThatCannotBeShown) {
+  FeedItem item = itemOf("2.0");
+  for (const std::string& shown : {std::string(101, '2'), std::string("2.0\nInstall this"), std::string("2\x7f")}) {
+    item.shownVersion = shown;
+    EXPECT_EQ(chosenOf({item}, running("1.0")), "none");
+    EXPECT_EQ(chosenOf({itemOf(shown)}, running("1.0")), "none");
+  }
+  item.shownVersion = "2.0 \xc3\xa4rger";
+  EXPECT_EQ(chosenOf({item}, running("1.0")), "2.0");
+}
+
 TEST(ItemChooser, takesTheFirstOfEqualVersions) {
   FeedItem first = itemOf("2.0");
   FeedItem second = itemOf("2");

@@ -120,6 +120,16 @@ TEST(UpdaterSchedule, doesNotCheckOverAndOverWhenNothingCanBeStored) {
   EXPECT_EQ(stage.alarm.time(), stage.alarm.now() + hours(24));
 }
 
+TEST(UpdaterSchedule, doesNotCheckOverAndOverWhenTheClockIsBeyondWhatCanBeStored) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.alarm.setClock(std::chrono::sys_days(std::chrono::year(2100) / 1 / 1));
+  stage.launch();
+  stage.alarm.ring();
+  stage.transport.answer(feedOf(""));
+  EXPECT_EQ(stage.alarm.time(), stage.alarm.now() + hours(24));
+}
+
 TEST(UpdaterSchedule, isSilentWhenItFails) {
   UpdaterStage stage;
   stage.checkedJustNow();
