@@ -1,6 +1,7 @@
 #include "standin/dock/face/DockScene.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QPalette>
 #include <QtWidgets/QMenu>
 #include <algorithm>
 #include <chrono>
@@ -17,6 +18,14 @@ std::chrono::milliseconds durationOf(DocumentWindow::Pace pace) {
   constexpr std::chrono::milliseconds usual{420};
   constexpr int slower = 8;
   return pace == DocumentWindow::Pace::slow ? usual * slower : usual;
+}
+
+QPalette paletteOf(const Look& look) {
+  QPalette palette(look.ink, look.label, look.windowRim, look.windowRim, look.faintInk, look.ink, look.ink, look.label,
+                   look.label);
+  palette.setColor(QPalette::Highlight, QColor(0x1268e3));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  return palette;
 }
 
 }  // namespace
@@ -95,7 +104,10 @@ DocumentWindow& DockScene::window(DocumentId id) {
 std::unique_ptr<DocumentWindow> DockScene::makeWindow(DocumentId id) {
   const Document& document = desk_.document(id);
   auto made = std::make_unique<DocumentWindow>(
-      surface_, desk_.applications()[id.application].id, QString::fromStdString(document.title),
+      surface_,
+      DocumentWindow::Content{.application = desk_.applications()[id.application].id,
+                              .variant = static_cast<int>(id.document),
+                              .title = QString::fromStdString(document.title)},
       DocumentWindow::Actions{.minimize = [this, id](DocumentWindow::Pace pace) { minimize(id, pace); },
                               .close =
                                   [this, id] {
@@ -189,6 +201,10 @@ void DockScene::openMenu(std::size_t item, QPoint place) {
   }
   const DemoApplication& shown = desk_.applications()[*application];
   auto* menu = new QMenu;
+  menu->setPalette(paletteOf(Look::of(scheme_)));
+  QFont font = menu->font();
+  font.setPixelSize(13);
+  menu->setFont(font);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   const auto addAction = [&](const char* text, auto&& action) {
     menu->addAction(QString::fromUtf8(text), [this, action] {
@@ -209,7 +225,9 @@ void DockScene::openMenu(std::size_t item, QPoint place) {
   }
   dock_.hold();
   QObject::connect(menu, &QMenu::aboutToHide, &begin_, [this] { dock_.release(); });
-  menu->popup(place - QPoint(0, menu->sizeHint().height() + 20));
+  const QRect icon = dock_.iconPlace(item);
+  constexpr int gap = 34;  // over an icon that has grown
+  menu->popup(surface_.toScreen(QPoint(place.x(), icon.top() - gap - menu->sizeHint().height())));
 }
 
 void DockScene::scrollUp(std::size_t item) {
@@ -236,13 +254,15 @@ void DockScene::spread(std::size_t application) {
     }
   }
   dock_.hold();
-  spread_.open(std::move(windows), [this, ids](std::optional<std::size_t> chosen) {
+  spread_.open(std::move(windows), dock_.pictureWithout(), [this, ids](std::optional<std::size_t> chosen) {
+    dock_.uncover();
     dock_.release();
     if (chosen) {
       window(ids[*chosen]).raise();
       window(ids[*chosen]).activateWindow();
     }
   });
+  dock_.cover(spread_.backdrop(dock_.geometry()));
 }
 
 void DockScene::minimize(DocumentId id, DocumentWindow::Pace pace) {

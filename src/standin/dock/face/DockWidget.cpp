@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+#include "standin/dock/face/Blur.h"
+
 namespace tarnwell::standin {
 namespace {
 
@@ -19,17 +21,6 @@ std::vector<SlotKind> kindsOf(const std::vector<DockItem>& items) {
     kinds.push_back(item.kind == DockItem::Kind::separator ? SlotKind::separator : SlotKind::icon);
   }
   return kinds;
-}
-
-// Much smaller and large again: a blur that takes two milliseconds for the whole width of a screen.
-QPixmap blurred(const QPixmap& picture) {
-  constexpr int shrink = 14;
-  const QImage image = picture.toImage();
-  const QSize small = (image.size() / shrink).expandedTo({2, 2});
-  const QImage soft = image.scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  QPixmap result = QPixmap::fromImage(soft.scaled(image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-  result.setDevicePixelRatio(picture.devicePixelRatio());
-  return result;
 }
 
 }  // namespace
@@ -168,6 +159,32 @@ void DockWidget::lookBehind() {
   }
   backdrop_ = surface_.picture(geometry());
   blurred_ = blurred(backdrop_);
+}
+
+QPixmap DockWidget::pictureWithout() const {
+  QPixmap picture = surface_.picture(surface_.area());
+  if (isVisible() && !backdrop_.isNull()) {
+    QPainter(&picture).drawPixmap(geometry().topLeft() - surface_.area().topLeft(), backdrop_);
+  }
+  return picture;
+}
+
+void DockWidget::cover(const QPixmap& cover) {
+  if (surface_.blends()) {
+    return;
+  }
+  uncovered_ = backdrop_;
+  backdrop_ = cover;
+  blurred_ = blurred(cover);
+  update();
+}
+
+void DockWidget::uncover() {
+  if (!uncovered_.isNull()) {
+    backdrop_ = std::exchange(uncovered_, {});
+    blurred_ = blurred(backdrop_);
+    update();
+  }
 }
 
 ShelfPainter::Frame DockWidget::currentFrame() const {

@@ -36,6 +36,13 @@ class DockWidget final : public QWidget {
   void hold();
   void release();
 
+  /// What can be seen of the whole surface now, without the dock as far as is known what is behind it.
+  QPixmap pictureWithout() const;
+
+  /// Something else is behind the dock until uncover(): what it shines through.
+  void cover(const QPixmap& cover);
+  void uncover();
+
   /// Comes for the first time.
   void greet();
 
@@ -78,6 +85,7 @@ class DockWidget final : public QWidget {
   double shown_ = 0;
   QPixmap backdrop_;  // what was behind the dock when it came, for a screen that does not blend
   QPixmap blurred_;
+  QPixmap uncovered_;
   QRegion outline_;
   Frames frames_;
   QTimer deadline_;

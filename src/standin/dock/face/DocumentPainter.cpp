@@ -2,6 +2,7 @@
 
 #include <QtGui/QLinearGradient>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPolygonF>
 #include <array>
 #include <cstddef>
 
@@ -14,8 +15,11 @@ void bar(QPainter& painter, const QRectF& rectangle, const QColor& color) {
   painter.drawRoundedRect(rectangle, 3, 3);
 }
 
-void paintLines(QPainter& painter, const QRectF& page, const Look& look) {
-  constexpr std::array lengths = {0.92, 0.97, 0.88, 0.55, 0.0, 0.94, 0.9, 0.96, 0.4};
+void paintLines(QPainter& painter, const QRectF& page, int variant, const Look& look) {
+  constexpr std::array<std::array<double, 9>, 3> texts = {{{0.92, 0.97, 0.88, 0.55, 0.0, 0.94, 0.9, 0.96, 0.4},
+                                                           {0.5, 0.42, 0.61, 0.38, 0.55, 0.47, 0.0, 0.66, 0.3},
+                                                           {0.95, 0.3, 0.0, 0.9, 0.97, 0.72, 0.0, 0.93, 0.6}}};
+  const auto& lengths = texts[static_cast<std::size_t>(variant) % texts.size()];
   bar(painter, {page.x(), page.y(), page.width() * 0.46, 12}, look.ink);
   double y = page.y() + 30;
   for (const double length : lengths) {
@@ -63,6 +67,35 @@ void paintHills(QPainter& painter, const QRectF& page) {
   hill(-0.1, 0.3, 0.75, 1.25, 0x6f93b8);
   hill(0.35, 0.72, 1.15, 0.95, 0x54789f);
   hill(-0.4, 0.35, 1.3, 0.5, 0x4f9b68);
+  painter.restore();
+}
+
+void paintSea(QPainter& painter, const QRectF& page) {
+  QLinearGradient sky(page.topLeft(), page.bottomLeft());
+  sky.setColorAt(0, QColor(0xf4b183));
+  sky.setColorAt(0.55, QColor(0xfbe3c0));
+  painter.save();
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(sky);
+  painter.drawRoundedRect(page, 4, 4);
+  painter.setClipRect(page);
+  painter.setBrush(QColor(0xfff3d6));
+  painter.drawEllipse(QPointF(page.x() + page.width() * 0.3, page.y() + page.height() * 0.5), 24, 24);
+  const double horizon = page.y() + page.height() * 0.55;
+  painter.fillRect(QRectF(page.x(), horizon, page.width(), page.bottom() - horizon), QColor(0x3f7ea6));
+  const double middle = page.x() + page.width() * 0.68;
+  painter.setBrush(Qt::white);
+  painter.drawPolygon(QPolygonF({{middle, horizon - 44}, {middle, horizon + 6}, {middle + 26, horizon + 6}}));
+  painter.setBrush(QColor(0x7a4a35));
+  painter.drawPolygon(QPolygonF({{middle - 24, horizon + 10},
+                                 {middle + 34, horizon + 10},
+                                 {middle + 24, horizon + 20},
+                                 {middle - 16, horizon + 20}}));
+  painter.setPen(QPen(QColor(255, 255, 255, 90), 2, Qt::SolidLine, Qt::RoundCap));
+  for (int i = 0; i < 7; ++i) {
+    const double x = page.x() + 12 + i * 97 % 250;
+    painter.drawLine(QPointF(x, horizon + 28 + i * 7), QPointF(x + 30, horizon + 28 + i * 7));
+  }
   painter.restore();
 }
 
@@ -121,11 +154,11 @@ void paintRecords(QPainter& painter, const QRectF& page, const Look& look) {
 
 }  // namespace
 
-void paintDocument(QPainter& painter, const QRectF& page, const std::string& application, const Look& look) {
+void paintDocument(QPainter& painter, const QRectF& page, std::string_view application, int variant, const Look& look) {
   if (application == "files") {
     paintTiles(painter, page, look);
   } else if (application == "album") {
-    paintHills(painter, page);
+    variant % 2 == 0 ? paintHills(painter, page) : paintSea(painter, page);
   } else if (application == "almanac") {
     paintCalendar(painter, page, look);
   } else if (application == "console") {
@@ -135,7 +168,7 @@ void paintDocument(QPainter& painter, const QRectF& page, const std::string& app
   } else if (application == "tunes") {
     paintRecords(painter, page, look);
   } else {
-    paintLines(painter, page, look);
+    paintLines(painter, page, variant, look);
   }
 }
 

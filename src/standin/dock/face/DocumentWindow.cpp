@@ -18,10 +18,10 @@ constexpr double radius = 10;
 
 }  // namespace
 
-DocumentWindow::DocumentWindow(Surface& surface, std::string application, const QString& title, Actions actions)
-    : application_(std::move(application)), actions_(std::move(actions)) {
+DocumentWindow::DocumentWindow(Surface& surface, const Content& content, Actions actions)
+    : content_(content), actions_(std::move(actions)) {
   surface.adopt(*this, Surface::Role::document);
-  setWindowTitle(title);
+  setWindowTitle(content_.title);
   setMouseTracking(true);
   setFixedSize(windowSize);
   if (!surface.blends()) {
@@ -48,6 +48,10 @@ QPixmap DocumentWindow::picture() {
 void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
+  if (!mask().isEmpty()) {
+    // The mask is cut on whole points, the outline is not: what is between them belongs to the rim.
+    painter.fillRect(rect(), look_.windowRim);
+  }
   QPainterPath outline;
   outline.addRoundedRect(QRectF(rect()), radius, radius);
   painter.fillPath(outline, look_.paper);
@@ -63,7 +67,8 @@ void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
   paintButton(painter, Part::closeButton);
   paintButton(painter, Part::minimizeButton);
   constexpr int margin = 20;
-  paintDocument(painter, QRectF(rect()).adjusted(margin, titleHeight + margin, -margin, -margin), application_, look_);
+  paintDocument(painter, QRectF(rect()).adjusted(margin, titleHeight + margin, -margin, -margin), content_.application,
+                content_.variant, look_);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(look_.windowRim, 1));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QString>
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <optional>
@@ -23,7 +24,14 @@ class DocumentWindow final : public QWidget {
     std::function<void()> moved;
   };
 
-  DocumentWindow(Surface& surface, std::string application, const QString& title, Actions actions);
+  /// What it shows.
+  struct Content {
+    std::string application;
+    int variant = 0;
+    QString title;
+  };
+
+  DocumentWindow(Surface& surface, const Content& content, Actions actions);
 
   void setScheme(Scheme scheme);
 
@@ -48,7 +56,7 @@ class DocumentWindow final : public QWidget {
   static Part partAt(QPoint place);
   void paintButton(QPainter& painter, Part part) const;
 
-  std::string application_;
+  Content content_;
   Actions actions_;
   Look look_ = Look::of(Scheme::light);
   std::optional<Part> pressed_;

@@ -15,6 +15,7 @@ constexpr double dotBottom = 4;  // above the shelf's lower edge
 constexpr double labelHeight = 26;
 constexpr double labelGap = 9;
 constexpr double labelMargin = 11;
+constexpr double iconRoundness = 0.2;  // of the size
 constexpr double dimming = 0.4;
 
 QRectF shelfOf(const ShelfPainter::Frame& frame) {
@@ -70,7 +71,7 @@ void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& b
 QRegion ShelfPainter::outline(const Frame& frame) {
   QRegion region = roundedRegion(shelfOf(frame).adjusted(-1, -1, 1, 1), shelfRadius + 1);
   for (const auto& place : frame.layout.placed(frame.attention)) {
-    region += squareOf(frame, place).toAlignedRect();
+    region += roundedRegion(squareOf(frame, place), place.size * iconRoundness);
   }
   if (const auto label = labelOf(frame)) {
     region += roundedRegion(label->adjusted(-1, -1, 1, 1), 9);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "standin/dock/face/Blur.h"
 #include "standin/dock/model/Easing.h"
 #include "standin/dock/model/SpreadLayout.h"
 
@@ -24,12 +25,7 @@ Rectangle rectangleOf(const QRect& rect) {
 
 // What was on the screen, out of focus and darker, so that the windows that stand there do not show twice.
 QPixmap dimmed(const QPixmap& picture) {
-  constexpr int shrink = 24;
-  const QImage image = picture.toImage();
-  const QImage soft =
-      image.scaled((image.size() / shrink).expandedTo({2, 2}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  QPixmap result = QPixmap::fromImage(soft.scaled(image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-  result.setDevicePixelRatio(picture.devicePixelRatio());
+  QPixmap result = blurred(picture);
   QPainter painter(&result);
   painter.fillRect(result.rect(), QColor(12, 14, 20, 120));
   return result;
@@ -43,7 +39,8 @@ SpreadOverlay::SpreadOverlay(Surface& surface) : surface_(surface), frames_([thi
   surface_.adopt(*this, Surface::Role::overlay);
 }
 
-void SpreadOverlay::open(std::vector<Window> windows, std::function<void(std::optional<std::size_t>)> chosen) {
+void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
+                         std::function<void(std::optional<std::size_t>)> chosen) {
   constexpr int roomForDock = 110;
   windows_ = std::move(windows);
   chosen_ = std::move(chosen);
@@ -56,7 +53,7 @@ void SpreadOverlay::open(std::vector<Window> windows, std::function<void(std::op
     places.back().height += titleRoom;
   }
   spread_ = spreadOut(places, rectangleOf(geometry().adjusted(0, 0, 0, -roomForDock)));
-  backdrop_ = dimmed(surface_.picture(geometry()));
+  backdrop_ = dimmed(behind);
   from_ = 0;
   turn(true);
   show();
@@ -72,6 +69,12 @@ void SpreadOverlay::close() {
     from_ = share();
     turn(false);
   }
+}
+
+QPixmap SpreadOverlay::backdrop(const QRect& part) const {
+  const double ratio = backdrop_.devicePixelRatio();
+  const QRectF place(part.translated(-pos()));
+  return backdrop_.copy(QRectF(place.topLeft() * ratio, place.size() * ratio).toAlignedRect());
 }
 
 void SpreadOverlay::turn(bool isOpening) {

@@ -27,10 +27,14 @@ class SpreadOverlay final : public QWidget {
 
   explicit SpreadOverlay(Surface& surface);
 
-  /// `chosen` is called once it has gone, with the window that was clicked, if one was.
-  void open(std::vector<Window> windows, std::function<void(std::optional<std::size_t>)> chosen);
+  /// `behind` is what can be seen without it; `chosen` is called once it has gone, with the window that was clicked, if
+  /// one was.
+  void open(std::vector<Window> windows, const QPixmap& behind, std::function<void(std::optional<std::size_t>)> chosen);
   void close();
   bool isOpen() const { return isOpening_; }
+
+  /// What it shows behind the windows, in a part of its surface.
+  QPixmap backdrop(const QRect& part) const;
 
   void setScheme(Scheme scheme) { look_ = Look::of(scheme); }
 

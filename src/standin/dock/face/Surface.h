@@ -37,6 +37,9 @@ class Surface {
   /// What can be seen now.
   virtual QPixmap picture(const QRect& part) const = 0;
 
+  /// From the coordinates of widgets that were put here to those of the screen.
+  virtual QPoint toScreen(QPoint place) const = 0;
+
   /// Puts every adopted dock above whatever else there is.
   virtual void raiseDock() = 0;
 

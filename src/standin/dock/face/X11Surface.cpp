@@ -28,16 +28,6 @@ xcb_window_t rootOf(xcb_connection_t* display, int number) {
   return screens.data->root;
 }
 
-int screenNumber() {
-  char* host = nullptr;
-  int display = 0;
-  int screen = 0;
-  if (xcb_parse_display(nullptr, &host, &display, &screen) != 0) {
-    std::free(host);
-  }
-  return screen;
-}
-
 // A compositing manager is whoever owns the selection of that name.
 bool hasCompositor(xcb_connection_t* display, int screen) {
   const std::string name = "_NET_WM_CM_S" + std::to_string(screen);
@@ -64,24 +54,22 @@ QRect pixelsOf(const QRect& points) {
 
 }  // namespace
 
-X11Surface::X11Surface() : display_(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection()) {
-  const int number = screenNumber();
-  root_ = rootOf(display_, number);
-  blends_ = hasCompositor(display_, number);
+X11Surface::X11Surface() {
+  int number = 0;
+  display_.reset(xcb_connect(nullptr, &number));
+  root_ = rootOf(display_.get(), number);
+  blends_ = hasCompositor(display_.get(), number);
   raiseSoon_.setSingleShot(true);
   raiseSoon_.setInterval(0);
   QObject::connect(&raiseSoon_, &QTimer::timeout, &raiseSoon_, [this] { raiseDock(); });
   makeEdge();
-  watchStacking();
-  qGuiApp->installNativeEventFilter(this);
-  const auto moved = [this] {
+  arrival_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(display_.get()), QSocketNotifier::Read);
+  QObject::connect(arrival_.get(), &QSocketNotifier::activated, arrival_.get(), [this] { hearAll(); });
+  QObject::connect(screen(), &QScreen::geometryChanged, &raiseSoon_, [this] {
     placeEdge();
     areaChanged_();
-  };
-  QObject::connect(screen(), &QScreen::geometryChanged, &raiseSoon_, moved);
+  });
 }
-
-X11Surface::~X11Surface() { qGuiApp->removeNativeEventFilter(this); }
 
 QRect X11Surface::area() const { return screen()->geometry(); }
 
@@ -112,8 +100,8 @@ void X11Surface::raiseDock() {
     dock_->raise();
   }
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
-  xcb_configure_window(display_, edge_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-  xcb_flush(display_);
+  xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  xcb_flush(display_.get());
 }
 
 void X11Surface::setEdgeHeight(int points) {
@@ -125,13 +113,15 @@ void X11Surface::setEdgeHeight(int points) {
 void X11Surface::setScheme(Scheme /*scheme*/) {}
 
 void X11Surface::makeEdge() {
-  edge_ = xcb_generate_id(display_);
+  edge_ = xcb_generate_id(display_.get());
   const std::array<std::uint32_t, 2> values = {1, XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW};
-  xcb_create_window(display_, 0, edge_, root_, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+  xcb_create_window(display_.get(), 0, edge_, root_, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
                     XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
   placeEdge();
-  xcb_map_window(display_, edge_);
-  xcb_flush(display_);
+  xcb_map_window(display_.get(), edge_);
+  constexpr std::uint32_t stacking = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+  xcb_change_window_attributes(display_.get(), root_, XCB_CW_EVENT_MASK, &stacking);
+  xcb_flush(display_.get());
 }
 
 void X11Surface::placeEdge() {
@@ -144,25 +134,19 @@ void X11Surface::placeEdge() {
   const std::array<std::uint32_t, 4> values = {
       static_cast<std::uint32_t>(strip.x()), static_cast<std::uint32_t>(strip.y()),
       static_cast<std::uint32_t>(strip.width()), static_cast<std::uint32_t>(strip.height())};
-  xcb_configure_window(display_, edge_,
+  xcb_configure_window(display_.get(), edge_,
                        XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                        values.data());
-  xcb_flush(display_);
+  xcb_flush(display_.get());
 }
 
-// The toolkit has asked for events of the root window on the same connection, and must go on getting them.
-void X11Surface::watchStacking() {
-  const Reply<xcb_get_window_attributes_reply_t> attributes(
-      xcb_get_window_attributes_reply(display_, xcb_get_window_attributes(display_, root_), nullptr));
-  const std::uint32_t mask = (attributes ? attributes->your_event_mask : 0) | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-  xcb_change_window_attributes(display_, root_, XCB_CW_EVENT_MASK, &mask);
-}
-
-bool X11Surface::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
-  if (type == "xcb_generic_event_t") {
-    hear(*static_cast<const xcb_generic_event_t*>(message));
+void X11Surface::hearAll() {
+  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(display_.get())}) {
+    hear(*event);
   }
-  return false;
+  if (xcb_connection_has_error(display_.get()) != 0) {
+    arrival_->setEnabled(false);
+  }
 }
 
 void X11Surface::hear(const xcb_generic_event_t& event) {

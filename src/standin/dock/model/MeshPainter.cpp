@@ -46,8 +46,9 @@ Slope slopeOf(const Triangle& corners) {
   return {.origin = {u[0], v[0]}, .alongX = {u[1], v[1]}, .alongY = {u[2], v[2]}, .isFlat = false};
 }
 
+// Between the two directions, where they differ: a funnel that is narrow would else look out of focus.
 double shrinkOf(const Slope& slope) {
-  return std::max(std::hypot(slope.alongX.x, slope.alongX.y), std::hypot(slope.alongY.x, slope.alongY.y));
+  return std::sqrt(std::hypot(slope.alongX.x, slope.alongX.y) * std::hypot(slope.alongY.x, slope.alongY.y));
 }
 
 /// The part of a line of the canvas that is inside of a triangle; empty when left is not below right.
