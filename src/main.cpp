@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "app/TarnwellApp.h"
@@ -16,10 +17,10 @@
 #include "host/linux/PlayedSystemVersion.h"
 #include "host/linux/RunningExecutable.h"
 #include "host/linux/SearchPath.h"
-#include "host/linux/UnconfiguredUpdater.h"
 #include "host/linux/XdgLoginItem.h"
+#include "host/linux/updates/UpdateSource.h"
 #include "host/qt/ActivationToken.h"
-#include "host/qt/MessagePanel.h"
+#include "host/qt/DesktopUpdater.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/QtPlatform.h"
 #include "host/qt/SingleInstance.h"
@@ -37,19 +38,16 @@ int failed(const std::string& message, int status) {
   return status;
 }
 
-std::unique_ptr<kit::UpdaterController> makeUpdaterController() {
-  return std::make_unique<host_linux::UnconfiguredUpdaterController>(
-      [](const std::string& message, kit::Action closed) {
-        host_qt::showMessage("Check for Updates", message, std::move(closed));
-      });
-}
-
 view::EnvironmentValues makeEnvironment(host_qt::QtPlatform& platform, core::CommandRunner& runner) {
   return view::EnvironmentValues()
       .with<dockscreen::CommandRunnerKey>(&runner)
       .with<view::NumberFormatKey>(platform.numberFormat())
       .with<view::SystemVersionKey>(platform.systemVersion())
       .with<view::OpenUrlKey>([&platform](const std::string& address) { platform.openUrl(address); });
+}
+
+std::shared_ptr<const kit::NumberFormat> numberFormatOfUser() {
+  return std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment());
 }
 
 /// What is settled before anything is shown.
@@ -59,6 +57,18 @@ struct Start {
   std::filesystem::path executable = {};
 };
 
+std::unique_ptr<kit::UpdaterController> makeUpdaterController(host_qt::QtApplication& desktop, const Start& start) {
+  return std::make_unique<host_qt::DesktopUpdater>(
+      desktop.host().theme(),
+      host_qt::DesktopUpdater::Settings{
+          .source = host_linux::updates::updateSource(),
+          .executable = start.executable,
+          .numberFormat = numberFormatOfUser(),
+          .openUrl = [&desktop](const std::string& address) { desktop.openUrl(address); },
+          .perform = [](kit::Action action) { kit::Application::shared()->turn().perform(std::move(action)); },
+          .keyEquivalents = [](const kit::KeyEvent& key) { kit::Application::shared()->performKeyEquivalent(key); }});
+}
+
 int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, const Start& start) {
   host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
                                       .name = "Tarnwell",
@@ -66,14 +76,13 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
                                       .argument = host_linux::LaunchArguments::launchedAtLogin});
   host_linux::JournalLog log("tarnwell");
   host_qt::QtPlatform platform(
-      desktop,
-      {.systemVersion = start.version,
-       .numberFormat = std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment()),
-       .loginItem = &loginItem,
-       .log = &log,
-       .makeUpdaterController = makeUpdaterController,
-       .about = {.name = "Tarnwell", .version = TARNWELL_VERSION, .copyright = TARNWELL_COPYRIGHT},
-       .menuWindow = view::SceneRunner::settingsWindowIdentifier});
+      desktop, {.systemVersion = start.version,
+                .numberFormat = numberFormatOfUser(),
+                .loginItem = &loginItem,
+                .log = &log,
+                .makeUpdaterController = [&] { return makeUpdaterController(desktop, start); },
+                .about = {.name = "Tarnwell", .version = TARNWELL_VERSION, .copyright = TARNWELL_COPYRIGHT},
+                .menuWindow = view::SceneRunner::settingsWindowIdentifier});
   core::ShellCommandRunner runner;
   desktop.watch(runner.descriptor(), [&runner] { runner.reap(); });
   const auto application = kit::Application::create(platform);

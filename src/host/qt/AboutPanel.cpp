@@ -1,12 +1,11 @@
 #include "host/qt/AboutPanel.h"
 
 #include <QtGui/QKeyEvent>
-#include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
-#include "host/qt/ApplicationIcon.h"
+#include "host/qt/ApplicationPicture.h"
 #include "host/qt/Conversions.h"
 #include "kit/Event.h"
 
@@ -30,17 +29,6 @@ QFont sized(double share) {
   return font;
 }
 
-/// Drawn anew for each screen that it is shown on.
-class Picture final : public QWidget {
- public:
-  explicit Picture(QWidget* parent) : QWidget(parent) { setFixedSize(iconSide, iconSide); }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter(this).drawPixmap(0, 0, applicationPicture(iconSide, devicePixelRatioF()));
-  }
-};
-
 }  // namespace
 
 AboutPanel::AboutPanel(const Content& content) : QWidget(nullptr, panelFlags) {
@@ -50,7 +38,7 @@ AboutPanel::AboutPanel(const Content& content) : QWidget(nullptr, panelFlags) {
   lines->setSpacing(0);
   lines->setSizeConstraint(QLayout::SetFixedSize);
   lines->addStrut(leastWidth - 2 * margin);
-  lines->addWidget(new Picture(this), 0, Qt::AlignHCenter);
+  lines->addWidget(new ApplicationPicture(iconSide, this), 0, Qt::AlignHCenter);
   lines->addSpacing(belowIcon);
   name_ = addLine(content.name);
   lines->addSpacing(belowName);

@@ -1,0 +1,187 @@
+#include "host/qt/UpdatePanel.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+#include <utility>
+
+#include "host/qt/ApplicationPicture.h"
+#include "host/qt/Conversions.h"
+#include "host/qt/PanelButton.h"
+#include "host/qt/PanelCheckBox.h"
+#include "host/qt/PanelFocus.h"
+#include "host/qt/Theme.h"
+#include "kit/Event.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr Qt::WindowFlags panelFlags =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+constexpr int panelWidth = 500;
+constexpr int margin = 20;
+constexpr int iconSide = 56;
+constexpr int besideIcon = 16;
+constexpr int belowHeading = 5;
+constexpr int betweenParts = 14;
+constexpr int betweenButtons = 8 - 2 * panelRing;
+constexpr int textWidth = panelWidth - 2 * margin - iconSide - besideIcon;
+constexpr int headingGrowth = 2;  // Pixels.
+
+QLabel* makeText(const std::string& text, const QFont& font, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  // What comes from a server is no markup.
+  label->setTextFormat(Qt::PlainText);
+  label->setText(toQString(text));
+  label->setFont(font);
+  label->setWordWrap(true);
+  label->setFixedWidth(textWidth);
+  return label;
+}
+
+QFont headingFont(const Theme& theme) {
+  QFont font = theme.font(kit::FontRole::body);
+  font.setPixelSize(font.pixelSize() + headingGrowth);
+  font.setBold(true);
+  return font;
+}
+
+}  // namespace
+
+UpdatePanel::UpdatePanel(const Theme& theme) : QWidget(nullptr, panelFlags), theme_(theme) {
+  setWindowTitle(QStringLiteral("Software Update"));
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void UpdatePanel::show(UpdatePage page, Manner manner) {
+  ++shown_;
+  default_ = nullptr;
+  if (content_ != nullptr) {
+    layout()->removeWidget(content_);
+    content_->hide();
+    // What is running now may be one of its buttons.
+    content_->deleteLater();
+  }
+  content_ = makeContent(page);
+  layout()->addWidget(content_);
+  closed_ = std::move(page.closed);
+  setAccessibleName(toQString(page.heading));
+  setAccessibleDescription(toQString(page.message));
+  if (default_ != nullptr) {
+    default_->setFocus(Qt::OtherFocusReason);
+  }
+  order(manner);
+}
+
+void UpdatePanel::dismiss() {
+  ++shown_;
+  closed_ = nullptr;
+  hide();
+}
+
+void UpdatePanel::keyPressEvent(QKeyEvent* event) {
+  const kit::KeyEvent key = toKeyEvent(*event);
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* focused = dynamic_cast<PanelButton*>(focusWidget());
+  if (isReturn && (focused != nullptr || default_ != nullptr)) {
+    (focused != nullptr ? focused : default_)->click();
+  } else if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
+    close();
+  } else if ((key.modifierFlags & kit::commandFlag) != 0 && keys_) {
+    keys_(key);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void UpdatePanel::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  answer(closed_);
+}
+
+QWidget* UpdatePanel::makeContent(const UpdatePage& page) {
+  auto* content = new QWidget(this);
+  auto* columns = new QHBoxLayout(content);
+  columns->setContentsMargins(margin, margin, margin - panelRing, margin - panelRing);
+  columns->setSpacing(besideIcon - panelRing);
+  columns->addWidget(new ApplicationPicture(iconSide, content), 0, Qt::AlignTop);
+  auto* parts = new QVBoxLayout;
+  parts->setSpacing(betweenParts - panelRing);
+  parts->addLayout(makeTexts(page, content));
+  if (page.tick != nullptr) {
+    page.tick->setParent(content);
+    parts->addWidget(page.tick);
+  }
+  parts->addLayout(makeButtons(page, content));
+  columns->addLayout(parts);
+  return content;
+}
+
+QLayout* UpdatePanel::makeTexts(const UpdatePage& page, QWidget* parent) {
+  auto* lines = new QVBoxLayout;
+  // In line with the faces of the buttons, around which there is room for a ring.
+  lines->setContentsMargins(panelRing, 0, panelRing, 0);
+  lines->setSpacing(0);
+  lines->addWidget(makeText(page.heading, headingFont(theme_), parent));
+  if (!page.message.empty()) {
+    lines->addSpacing(belowHeading);
+    lines->addWidget(makeText(page.message, theme_.font(kit::FontRole::body), parent));
+  }
+  if (page.body != nullptr) {
+    page.body->setParent(parent);
+    lines->addSpacing(betweenParts);
+    lines->addWidget(page.body);
+  }
+  return lines;
+}
+
+QLayout* UpdatePanel::makeButtons(const UpdatePage& page, QWidget* parent) {
+  auto* places = new QHBoxLayout;
+  places->setSpacing(betweenButtons);
+  if (page.farChoice) {
+    places->addWidget(makeButton(*page.farChoice, false, parent));
+  }
+  places->addStretch();
+  if (page.otherChoice) {
+    places->addWidget(makeButton(*page.otherChoice, false, parent));
+  }
+  if (page.defaultChoice) {
+    default_ = makeButton(*page.defaultChoice, true, parent);
+    places->addWidget(default_);
+  }
+  return places;
+}
+
+PanelButton* UpdatePanel::makeButton(const UpdatePage::Choice& choice, bool isDefault, QWidget* parent) {
+  const auto kind = isDefault ? PanelButton::Kind::defaultButton : PanelButton::Kind::plain;
+  auto* button = new PanelButton(toQString(choice.title), kind, theme_, parent);
+  connect(button, &QAbstractButton::clicked, this, [this, chosen = choice.chosen]() noexcept { answer(chosen); });
+  return button;
+}
+
+void UpdatePanel::answer(kit::Action action) {
+  const int before = shown_;
+  // An answer is given once.
+  closed_ = nullptr;
+  content_->setEnabled(false);
+  if (action) {
+    action();
+  }
+  if (shown_ == before) {
+    dismiss();
+  }
+}
+
+void UpdatePanel::order(Manner manner) {
+  setAttribute(Qt::WA_ShowWithoutActivating, manner == Manner::quiet);
+  setVisible(true);
+  if (manner == Manner::inFront) {
+    raise();
+    activateWindow();
+  }
+}
+
+}  // namespace tarnwell::host_qt

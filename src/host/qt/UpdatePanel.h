@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <functional>
+
+#include "host/qt/UpdatePage.h"
+#include "kit/KeyEvent.h"
+
+namespace tarnwell::host_qt {
+
+class PanelButton;
+class Theme;
+
+/// The window of the updater. It shows one page at a time, stays where it is when the next one comes, and goes when an
+/// answer was not followed by another page. Return presses the default button; Escape and Control-W close.
+class UpdatePanel final : public QWidget {
+ public:
+  enum class Manner { inFront, quiet };
+
+  explicit UpdatePanel(const Theme& theme);
+
+  /// Where the key equivalents go that the panel has no use for.
+  void setKeyEquivalents(std::function<void(const kit::KeyEvent&)> keys) { keys_ = std::move(keys); }
+
+  /// A quiet page does not take the keyboard from any other window.
+  void show(UpdatePage page, Manner manner);
+  /// Without an answer.
+  void dismiss();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QWidget* makeContent(const UpdatePage& page);
+  QLayout* makeTexts(const UpdatePage& page, QWidget* parent);
+  QLayout* makeButtons(const UpdatePage& page, QWidget* parent);
+  PanelButton* makeButton(const UpdatePage::Choice& choice, bool isDefault, QWidget* parent);
+  void answer(kit::Action action);
+  void order(Manner manner);
+
+  const Theme& theme_;
+  std::function<void(const kit::KeyEvent&)> keys_;
+  QWidget* content_ = nullptr;
+  PanelButton* default_ = nullptr;
+  kit::Action closed_;
+  int shown_ = 0;  // How many pages so far.
+};
+
+}  // namespace tarnwell::host_qt
