@@ -67,8 +67,14 @@ class Control {
   /// Told, within the turn, when that happened without anybody having set anything: by what stands in the control.
   void setSizeAction(Action changed) { sizeAction_ = std::move(changed); }
 
+  // For controls with a tree of their own; the tree that they stand in tells them, and asks.
+
   /// The host measures differently: another font, style or scale.
   virtual void metricsChanged() {}
+  /// The window came onto the screen or left it.
+  virtual void showingChanged(bool /*shown*/) {}
+  /// What stands in the control, in order; borrowed.
+  virtual std::vector<Control*> hostedControls() const { return {}; }
 
   /// The editing commands of the main menu, "copy:" and its kin, while the control has the keyboard.
   virtual bool canEdit(const Selector& /*command*/) const { return false; }

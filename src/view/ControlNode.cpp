@@ -14,6 +14,7 @@ void ControlNode::apply() {
     control_->joinTurn(tree().turn());
     // The node outlives its control.
     control_->setSizeAction([this] { sizeChanged(); });
+    control_->showingChanged(tree().isShown());
   }
   applyEnvironment();
   updateControl();
@@ -26,6 +27,12 @@ void ControlNode::apply() {
 }
 
 void ControlNode::willUnmount() { control_->attach(nullptr); }
+
+void ControlNode::showingChanged(bool shown) {
+  if (control_) {
+    control_->showingChanged(shown);
+  }
+}
 
 void ControlNode::metricsChanged() { control_->metricsChanged(); }
 

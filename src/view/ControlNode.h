@@ -14,6 +14,7 @@ class ControlNode : public MountedNode {
   using MountedNode::MountedNode;
 
   kit::Control* control() const override { return control_.get(); }
+  void showingChanged(bool shown) override;
 
  protected:
   virtual std::unique_ptr<kit::Control> makeControl() = 0;

@@ -26,7 +26,7 @@ void HostingView::attached() {
   tree_->setLayoutAction([this] { settled(); });
   turn()->perform([this] {
     tree_->mount(rootView_, {});
-    tree_->setShown(true);
+    tree_->setShown(shown_);
   });
 }
 
@@ -34,6 +34,17 @@ void HostingView::metricsChanged() {
   if (tree_) {
     tree_->root().forgetMeasurementsBelow();
   }
+}
+
+void HostingView::showingChanged(bool shown) {
+  shown_ = shown;
+  if (tree_) {
+    tree_->setShown(shown);
+  }
+}
+
+std::vector<kit::Control*> HostingView::hostedControls() const {
+  return tree_ ? tree_->controls() : std::vector<kit::Control*>();
 }
 
 void HostingView::settled() {

@@ -1,8 +1,10 @@
 #include "view/MountedTree.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
+#include "kit/Control.h"
 #include "kit/Menu.h"
 #include "kit/WindowPeer.h"
 #include "view/MountedNode.h"
@@ -68,6 +70,7 @@ std::vector<kit::Control*> MountedTree::controls() const {
   walk(*root_, [&found](const MountedNode& node) {
     if (kit::Control* control = node.control()) {
       found.push_back(control);
+      std::ranges::copy(control->hostedControls(), std::back_inserter(found));
     }
   });
   return found;

@@ -49,7 +49,7 @@ class MountedTree final : public kit::Settler {
   /// Of the window that it is mounted in, what is not the content's; 0 for any other place.
   double chromeHeight() const;
 
-  /// Every control in the order of the tree.
+  /// Every control in the order of the tree, with what stands in hosting views.
   std::vector<kit::Control*> controls() const;
 
   /// Called at the end of each settling that made a new layout necessary.

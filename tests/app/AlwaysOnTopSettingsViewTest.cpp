@@ -83,7 +83,7 @@ TEST(AlwaysOnTopSettingsView, keepsTheContentItWasMadeWith) {
   screen.show(Counting{.outlet = outlet});
   screen.application->turn().perform([&] { outlet->set(2); });
   const auto controls = screen.window->tree().controls();
-  ASSERT_EQ(controls.size(), 1U);
+  ASSERT_EQ(controls.size(), 2U);
   const auto& hosting = dynamic_cast<view::HostingView&>(*controls.front());
   EXPECT_EQ(view::dump(hosting.tree()->root()), "Text \"1\"\n");
 }

@@ -83,6 +83,49 @@ TEST_F(HostingViewTest, otherMetricsReachItsContent) {
   EXPECT_GT(block.proposals().size(), asked);
 }
 
+TEST_F(HostingViewTest, contentAppearsAtEveryShowingOfTheWindow) {
+  int appeared = 0;
+  Stage stage{Hosting{.content = View(Text{"Hosted"}).onAppear([&appeared] { ++appeared; })}};
+  EXPECT_EQ(appeared, 0);
+  stage.open();
+  EXPECT_EQ(appeared, 1);
+  stage.close();
+  stage.open();
+  EXPECT_EQ(appeared, 2);
+}
+
+TEST_F(HostingViewTest, contentThatComesIntoAnOpenWindowAppears) {
+  int appeared = 0;
+  Stage stage{Text{"before"}};
+  stage.open();
+  stage.show(Hosting{.content = View(Text{"Hosted"}).onAppear([&appeared] { ++appeared; })});
+  EXPECT_EQ(appeared, 1);
+}
+
+TEST_F(HostingViewTest, itsControlsStandInTheWindowInTheOrderOfTheTree) {
+  Stage stage{VStack{.children = {Text{"a"}, Hosting{.content = growing()}, Text{"c"}}}};
+  stage.open();
+  stage.perform([this] { remote.set(1); });
+  std::vector<std::string> names;
+  for (const kit::Control* control : stage.window().controls()) {
+    EXPECT_EQ(control->window(), &stage.window());
+    names.push_back(control->accessibleName());
+  }
+  EXPECT_EQ(names, (Lines{"a", "", "xx", "c"}));
+}
+
+TEST_F(HostingViewTest, contentThatComesByItselfStandsInTheWindowToo) {
+  const Numbered exchanging{.make = [this](const State<int>& number) {
+    remote = number.binding();
+    return number.get() == 0 ? View(Text{"one"}) : View(Counter{.name = "two"});
+  }};
+  Stage stage{Hosting{.content = exchanging}};
+  stage.open();
+  stage.perform([this] { remote.set(1); });
+  EXPECT_EQ(stage.find<kit::Button>("two").window(), &stage.window());
+  EXPECT_EQ(stage.window().controls().size(), 2U);
+}
+
 TEST_F(HostingViewTest, hasAnEnvironmentOfItsOwn) {
   Stage stage{View(Hosting{.content = Counter{}}).disabled(true)};
   stage.open();
