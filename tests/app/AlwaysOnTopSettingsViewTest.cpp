@@ -69,6 +69,19 @@ TEST(AlwaysOnTopSettingsView, doesNothingOutsideOfAWindow) {
   EXPECT_EQ(hostingView->window(), nullptr);
 }
 
+TEST(AlwaysOnTopSettingsView, comesTooLateIntoAWindowToSetItsLevel) {
+  Screen screen;
+  AlwaysOnTopSettingsView::Context context;
+  const auto hostingView = AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}.makeNSView(context);
+  screen.platform.runUntilIdle(*screen.application);
+  kit::Window window("late", {});
+  window.setLevel(floatingLevel);
+  window.setControls({hostingView.get()});
+  screen.platform.runUntilIdle(*screen.application);
+  EXPECT_EQ(window.level(), floatingLevel);
+  window.setControls({});
+}
+
 TEST(AlwaysOnTopSettingsView, outlivedByItsWorkDoesNothing) {
   Screen screen;
   AlwaysOnTopSettingsView::Context context;
