@@ -47,7 +47,11 @@ class FrameNode final : public PassThroughNode {
   }
 
   void placeContent(const kit::Rect& frame) override {
-    const kit::Size size = child().measure(within({.width = frame.width, .height = frame.height})).size;
+    kit::Size size = child().measure(within({.width = frame.width, .height = frame.height})).size;
+    if (!valueAs<FrameModifier>().frame.height) {
+      // Content that insists on its size would lose its upper end on a low screen; so it learns of it and scrolls.
+      size.height = std::min(size.height, frame.height);
+    }
     const double x = aligned(valueAs<FrameModifier>().frame.alignment, size.width, frame.width);
     child().place({.x = frame.x + x,
                    .y = frame.y + (frame.height - size.height) / 2,

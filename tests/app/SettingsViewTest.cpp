@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "app/RunningApplication.h"
 #include "app/SettingsView.h"
+#include "kit/ScrollArea.h"
 #include "kit/Toggle.h"
 #include "kit/Window.h"
 #include "view/HostedWindow.h"
@@ -23,6 +26,21 @@ TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {
   EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
   application.chooseTab(1);
   EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 268}));
+}
+
+TEST(SettingsView, onALowScreenTheTabsStayAndThePageScrolls) {
+  RunningApplication application;
+  dynamic_cast<host_headless::HeadlessHost&>(application.platform().host()).setAvailableHeight(400);
+  application.start();
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 400}));
+  EXPECT_EQ(application.control("Tabs").frame().y, 0);
+  const auto& controls = application.scenes().settingsWindow()->tree().controls();
+  const auto isPage = [](const kit::Control* control) {
+    return dynamic_cast<const kit::ScrollArea*>(control) != nullptr;
+  };
+  const auto page = std::ranges::find_if(controls, isPage);
+  ASSERT_NE(page, controls.end());
+  EXPECT_EQ((*page)->frame().bottom(), 400);
 }
 
 TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
@@ -55,6 +73,22 @@ TEST(SettingsView, closingReturnsToTheDockTabAndReadsNothing) {
   EXPECT_NE(application.settingsPicture().find("*\"Dock\""), std::string::npos);
   application.chooseFromExtra("Settings...");
   EXPECT_EQ(application.reads().size(), 7U);
+}
+
+TEST(SettingsView, closedAndOpenedInOneEventItStartsAfreshAndReadsTheDockOnce) {
+  RunningApplication application;
+  application.start();
+  dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).press();
+  application.reads();
+  application.application().turn().perform([&application] {
+    application.settings().performClose();
+    application.scenes().openSettings();
+    application.settings().performClose();
+    application.scenes().openSettings();
+  });
+  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_TRUE(application.settingsAreOpen());
+  EXPECT_FALSE(dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).isOn());
 }
 
 TEST(SettingsView, closingAnnouncesItWhileTheWindowStands) {
