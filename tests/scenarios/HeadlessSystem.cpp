@@ -37,8 +37,7 @@ class HeadlessSystem final : public System {
       platform_.setMenuScript([entry](host_headless::OpenMenu& open) { open.choose(entry); });
       platform_.statusItems().at(0)->mouseUp(kit::Event::Type::leftMouseUp);
     } else {
-      const auto& items = opened(menu).items();
-      application().choose(*std::ranges::find(items, entry, [](const auto& item) { return item->title(); }));
+      application().choose(titled(entry, opened(menu)));
     }
     settle();
   }
@@ -73,12 +72,15 @@ class HeadlessSystem final : public System {
       platform_.statusItems().at(0)->mouseUp(kit::Event::Type::leftMouseUp);
       return *platform_.statusItems().at(0)->menu();
     }
-    const auto& menus = platform_.shownMainMenu()->items();
-    const auto found = std::ranges::find(menus, title, [](const auto& item) { return item->title(); });
-    if (found == menus.end()) {
-      throw std::invalid_argument("there is no menu " + title);
+    return *titled(title, *platform_.shownMainMenu())->submenu();
+  }
+
+  static std::shared_ptr<kit::MenuItem> titled(const std::string& title, const kit::Menu& menu) {
+    const auto found = std::ranges::find(menu.items(), title, [](const auto& item) { return item->title(); });
+    if (found == menu.items().end()) {
+      throw std::invalid_argument("there is no entry " + title);
     }
-    return *(*found)->submenu();
+    return *found;
   }
 
   long aboutPanels() { return std::ranges::count(journal(), "about panel"); }

@@ -103,7 +103,12 @@ class QtSystem final : public System {
     } else {
       QMenu& shown = open(menu);
       const auto titles = withoutKeys(host_qt::linesOf(shown), "|");
-      const auto index = static_cast<int>(std::ranges::find(titles, entry) - titles.begin());
+      const auto found = std::ranges::find(titles, entry);
+      if (found == titles.end()) {
+        shown.close();
+        throw std::invalid_argument("there is no entry " + entry);
+      }
+      const auto index = static_cast<int>(found - titles.begin());
       QTest::mouseClick(shown.windowHandle(), Qt::LeftButton, {},
                         shown.actionGeometry(shown.actions().at(index)).center());
     }
