@@ -7,8 +7,7 @@
 
 namespace tarnwell::host_linux::updates {
 
-Alarm::Clock::time_point CheckSchedule::nextCheck() const {
-  const auto now = alarm_.now();
+Alarm::Clock::time_point CheckSchedule::nextCheck(Alarm::Clock::time_point now) const {
   std::optional<Alarm::Clock::time_point> last;
   for (const auto& check : {preferences_.lastCheck(), ownCheck_}) {
     // A check in the future was made under a wrong clock, which says nothing about when it was.
@@ -19,7 +18,11 @@ Alarm::Clock::time_point CheckSchedule::nextCheck() const {
   return last ? *last + preferences_.interval() : now;
 }
 
-bool CheckSchedule::isDue() const { return isOn() && nextCheck() <= alarm_.now(); }
+bool CheckSchedule::isDue() const {
+  // One look at the clock: it goes on between two.
+  const auto now = alarm_.now();
+  return isOn() && nextCheck(now) <= now;
+}
 
 void CheckSchedule::noteCheck() {
   ownCheck_ = alarm_.now();
@@ -28,7 +31,7 @@ void CheckSchedule::noteCheck() {
 
 void CheckSchedule::set(kit::Action wake) {
   if (isOn()) {
-    alarm_.set(nextCheck(), std::move(wake));
+    alarm_.set(nextCheck(alarm_.now()), std::move(wake));
   } else {
     alarm_.cancel();
   }

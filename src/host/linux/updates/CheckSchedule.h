@@ -24,7 +24,7 @@ class CheckSchedule {
 
  private:
   bool isOn() const { return preferences_.automaticChecks().value_or(false); }
-  Alarm::Clock::time_point nextCheck() const;
+  Alarm::Clock::time_point nextCheck(Alarm::Clock::time_point now) const;
 
   UpdaterPreferences preferences_;
   Alarm& alarm_;

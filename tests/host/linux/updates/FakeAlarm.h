@@ -10,7 +10,7 @@ namespace tarnwell::host_linux::updates {
 /// A clock that the test moves.
 class FakeAlarm final : public Alarm {
  public:
-  Clock::time_point now() const override { return now_; }
+  Clock::time_point now() const override { return now_ += tick_; }
   void set(Clock::time_point time, kit::Action action) override {
     time_ = time;
     action_ = std::move(action);
@@ -20,6 +20,8 @@ class FakeAlarm final : public Alarm {
   /// When it rings; nothing when it is not set.
   std::optional<Clock::time_point> time() const { return time_; }
 
+  /// From now on the clock goes on with every look at it, as a real one does.
+  void goOn() { tick_ = std::chrono::microseconds(1); }
   void setClock(Clock::time_point now) { now_ = now; }
   /// Rings if the time has come.
   void ring() {
@@ -35,7 +37,8 @@ class FakeAlarm final : public Alarm {
   }
 
  private:
-  Clock::time_point now_ = std::chrono::sys_days(std::chrono::year(2026) / 11 / 21);
+  mutable Clock::time_point now_ = std::chrono::sys_days(std::chrono::year(2026) / 11 / 21);
+  Clock::duration tick_ = {};
   std::optional<Clock::time_point> time_;
   kit::Action action_;
 };

@@ -23,6 +23,16 @@ TEST(UpdaterSchedule, checksAnIntervalAfterTheLastCheck) {
   EXPECT_TRUE(stage.driver.journal.empty());
 }
 
+TEST(UpdaterSchedule, theFirstCheckOfAllIsMadeWhenTheAlarmRings) {
+  UpdaterStage stage;
+  stage.preferences.setAutomaticChecks(true);
+  stage.preferences.setHasLaunchedBefore();
+  stage.alarm.goOn();
+  stage.launch();
+  stage.alarm.ring();
+  EXPECT_TRUE(stage.transport.isBusy());
+}
+
 TEST(UpdaterSchedule, countsOverARestart) {
   UpdaterStage stage;
   stage.checkedJustNow();
