@@ -126,7 +126,7 @@ Result<NewItem> itemOf(const Release& release) {
 }  // namespace
 
 std::optional<Failure> publishRelease(const Release& release, const fs::path& feed) {
-  if (const auto objection = objectionTo(release)) {
+  if (auto objection = objectionTo(release)) {
     return objection;
   }
   const auto item = itemOf(release);

@@ -83,7 +83,7 @@ std::optional<Failure> SecretKey::store(const std::filesystem::path& file) const
   }
   std::string text = encodeBase64(seed_) + "\n";
   const bool isWritten = writeAll(created.number(), text);
-  const auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
+  auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
   sodium_memzero(text.data(), text.size());
   if (failure) {
     ::unlink(file.c_str());

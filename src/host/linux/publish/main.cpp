@@ -21,7 +21,7 @@ constexpr int wrongUsage = 2;
 
 std::optional<Failure> makeKey(const std::string& file) {
   const SecretKey key = SecretKey::generate();
-  const auto failure = key.store(file);
+  auto failure = key.store(file);
   if (!failure) {
     diagnostics::printLine(key.publicText());
   }

@@ -24,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t largestFile = 1024 * 1024;  // Bytes; a few hundred are usual.
+constexpr std::size_t largestFile = 1024UL * 1024;  // Bytes; a few hundred are usual.
 constexpr int deepestNesting = 64;
 constexpr int mostFilesSetAside = 1000;
 
