@@ -68,8 +68,7 @@ void UpdatePanel::show(UpdatePage page, Manner manner) {
   content_ = makeContent(page);
   layout()->addWidget(content_);
   closed_ = std::move(page.closed);
-  setAccessibleName(toQString(page.heading));
-  setAccessibleDescription(toQString(page.message));
+  setAccessibleDescription(toQString(page.heading + "\n" + page.message));
   if (default_ != nullptr) {
     default_->setFocus(Qt::OtherFocusReason);
   }
