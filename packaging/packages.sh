@@ -13,9 +13,9 @@ packages_for() {
       [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
       ;;
     # The sources of locales are there for a test that makes a locale with a decimal comma.
-    test) echo libgtest-dev libgmock-dev locales clang-format-14 clang-tidy-14 shellcheck ;;
+    test) echo libgtest-dev libgmock-dev locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
-    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon python3-dbus python3-gi trayer ;;
+    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi trayer ;;
     desktop) echo at-spi2-core python3-pyatspi ;;
   esac
 }
