@@ -8,6 +8,7 @@
 #include "fixtures/StandardOutputCapture.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/FakePanel.h"
+#include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
 #include "kit/ClassRegistry.h"
 #include "statusmenu/AppDelegate.h"
@@ -21,11 +22,11 @@ using Lines = std::vector<std::string>;
 class QtStatusMenu : public testing::Test {
  protected:
   QtStatusMenu() {
-    delegate_ = kit::ClassRegistry::make("AppDelegate", desktop_.application());
-    desktop_.application().setDelegate(delegate_);
-    desktop_.platform().launch(desktop_.application(), {.eventID = kit::openApplicationEvent});
+    delegate = kit::ClassRegistry::make("AppDelegate", desktop.application());
+    desktop.application().setDelegate(delegate);
+    desktop.platform().launch(desktop.application(), {.eventID = kit::openApplicationEvent});
   }
-  ~QtStatusMenu() override { desktop_.application().setDelegate(nullptr); }
+  ~QtStatusMenu() override { desktop.application().setDelegate(nullptr); }
 
   /// Releases a button over the icon and, once the menu stands there, does this with it and closes it. Returns what was
   /// printed until then.
@@ -39,33 +40,33 @@ class QtStatusMenu : public testing::Test {
       }
     });
     watch.start(0);
-    panel_.press(button);
+    panel.press(button);
     EXPECT_TRUE(host_qt::becomes([&output] { return !output.text().empty(); }));
     EXPECT_TRUE(host_qt::becomes([] { return QApplication::activePopupWidget() == nullptr; }));
     return output.text();
   }
 
-  host_qt::FakePanel panel_;
-  host_qt::Desktop desktop_;
-  std::shared_ptr<kit::Object> delegate_;
+  host_qt::FakePanel panel;
+  host_qt::Desktop desktop;
+  std::shared_ptr<kit::Object> delegate;
 };
 
 TEST_F(QtStatusMenu, aLeftClickPrintsLAndOpensNothing) {
-  ASSERT_TRUE(panel_.hasIcon());
+  ASSERT_TRUE(panel.hasIcon());
   EXPECT_EQ(click("Activate", [](QMenu&) { FAIL() << "a menu opened"; }), "L\n");
 }
 
 TEST_F(QtStatusMenu, aRightClickPrintsRAndShowsTheMenuWhichIsGoneAfterwards) {
-  ASSERT_TRUE(panel_.hasIcon());
+  ASSERT_TRUE(panel.hasIcon());
   Lines shown;
   EXPECT_EQ(click("ContextMenu", [&shown](QMenu& menu) { shown = host_qt::linesOf(menu); }), "R\n");
   EXPECT_EQ(shown, (Lines{"Toggle Dock Autohide", "Toggle Scroll to Exposé", "-", "Settings...", "-", "Quit|Ctrl+Q"}));
-  EXPECT_EQ(dynamic_cast<statusmenu::AppDelegate&>(*delegate_).statusItem->menu(), nullptr);
+  EXPECT_EQ(dynamic_cast<statusmenu::AppDelegate&>(*delegate).statusItem->menu(), nullptr);
   EXPECT_EQ(click("Activate", [](QMenu&) { FAIL() << "a menu opened"; }), "L\n");
 }
 
 TEST_F(QtStatusMenu, aToggleOnlyPrints) {
-  ASSERT_TRUE(panel_.hasIcon());
+  ASSERT_TRUE(panel.hasIcon());
   const std::string printed = click("ContextMenu", [](QMenu& menu) {
     QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(1)).center());
   });
@@ -73,8 +74,9 @@ TEST_F(QtStatusMenu, aToggleOnlyPrints) {
 }
 
 TEST_F(QtStatusMenu, controlQInTheOpenMenuChoosesQuit) {
-  ASSERT_TRUE(panel_.hasIcon());
-  QTimer::singleShot(0, [this] {
+  ASSERT_TRUE(panel.hasIcon());
+  QObject context;
+  host_qt::runLater(context, [this] {
     click("ContextMenu", [](QMenu& menu) { QTest::keyClick(menu.windowHandle(), Qt::Key_Q, Qt::ControlModifier); });
   });
   EXPECT_EQ(host_qt::testApplication().run(), 0);

@@ -12,6 +12,7 @@
 #include "host/qt/Desktop.h"
 #include "host/qt/FakePanel.h"
 #include "host/qt/QtPlatform.h"
+#include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
 #include "scenarios/System.h"
 #include "view/SceneRunner.h"
@@ -92,7 +93,7 @@ class QtSystem final : public System {
       return withoutKeys(panel_.openMenu(), " [");
     }
     QMenu& shown = open(menu);
-    const auto lines = withoutKeys(host_qt::linesOf(shown), "|");
+    auto lines = withoutKeys(host_qt::linesOf(shown), "|");
     shown.close();
     return lines;
   }
@@ -143,7 +144,7 @@ class QtSystem final : public System {
     QTimer tooLate;
     QObject::connect(&tooLate, &QTimer::timeout, [] { host_qt::testApplication().quit(EXIT_FAILURE); });
     tooLate.start(longestEnd);
-    QTimer::singleShot(0, [&action] { action(); });
+    host_qt::runLater(tooLate, action);
     return host_qt::testApplication().run() == EXIT_SUCCESS;
   }
 
