@@ -1,5 +1,6 @@
 #include "standin/dock/face/Appearance.h"
 
+#include <QtCore/QFile>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
@@ -16,9 +17,18 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
 
+// Without one, the bus library would start one of its own.
+bool hasBus() {
+  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+         QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
 }  // namespace
 
 Appearance::Appearance(std::function<void(Scheme)> changed) : changed_(std::move(changed)) {
+  if (!hasBus()) {
+    return;
+  }
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) {
     return;

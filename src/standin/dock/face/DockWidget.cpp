@@ -106,6 +106,10 @@ void DockWidget::wakeUp() {
 }
 
 Frames::Next DockWidget::frame() {
+  if (reveal_.isMoving(Reveal::Clock::now())) {
+    // Takes a while the first time, in which the dock has come a bit further.
+    lookBehind();
+  }
   const Time now = Reveal::Clock::now();
   growTowards(now);
   show(reveal_.shown(now));

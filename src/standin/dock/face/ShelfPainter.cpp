@@ -4,6 +4,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainterPath>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tarnwell::standin {
@@ -50,10 +51,17 @@ std::optional<QRectF> labelOf(const ShelfPainter::Frame& frame) {
   return QRectF(std::round(left), std::round(top), wide, labelHeight);
 }
 
+// A few rectangles that cover a rounded one. Whatever is drawn is cut by them, so that every one more costs time.
 QRegion roundedRegion(const QRectF& rectangle, double radius) {
-  QPainterPath path;
-  path.addRoundedRect(rectangle, radius, radius);
-  return {path.toFillPolygon().toPolygon()};
+  // How far from the upper and lower edges each starts, and how much narrower it may be; both shares of the radius.
+  constexpr std::array<std::array<double, 2>, 3> steps = {{{0, 0.56}, {0.1, 0.24}, {0.35, 0}}};
+  QRegion region;
+  for (const auto& [fromEdge, inset] : steps) {
+    const double across = inset * radius;
+    const double down = fromEdge * radius;
+    region += rectangle.adjusted(across, down, -across, -down).toAlignedRect();
+  }
+  return region;
 }
 
 }  // namespace

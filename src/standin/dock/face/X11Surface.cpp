@@ -95,11 +95,14 @@ QPixmap X11Surface::picture(const QRect& part) const {
   return screen()->grabWindow(0, part.x(), part.y(), part.width(), part.height());
 }
 
+// The edge comes last, also where the dock slides over it, or the pointer would leave it in the middle of the way. Only
+// requests on one connection keep their order.
 void X11Surface::raiseDock() {
-  if (dock_ && dock_->isVisible()) {
-    dock_->raise();
-  }
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+  if (dock_ && dock_->isVisible()) {
+    xcb_configure_window(display_.get(), static_cast<xcb_window_t>(dock_->winId()), XCB_CONFIG_WINDOW_STACK_MODE,
+                         &above);
+  }
   xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
   xcb_flush(display_.get());
 }

@@ -78,10 +78,10 @@ bool Desk::isVisible(DocumentId id) const {
 
 void Desk::activate(std::size_t application, OthersOnActivation others) {
   DemoApplication& activated = applications_[application];
-  const bool wasHidden = std::exchange(activated.isHidden, false);
+  activated.isHidden = false;
   activated.isRunning = true;
   const auto isOpen = [](const Document& each) { return each.state == DocumentState::open; };
-  if (!wasHidden && std::ranges::none_of(activated.documents, isOpen)) {
+  if (std::ranges::none_of(activated.documents, isOpen)) {
     openSomething(application);
   }
   if (others == OthersOnActivation::hide) {

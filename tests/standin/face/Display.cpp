@@ -1,0 +1,99 @@
+#include "standin/face/Display.h"
+
+#include <cstdlib>
+#include <functional>
+#include <numeric>
+#include <stdexcept>
+
+#include "fixtures/WaitFor.h"
+
+namespace tarnwell::standin {
+namespace {
+
+struct FreeReply {
+  void operator()(void* reply) const { std::free(reply); }
+};
+template <class T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+}  // namespace
+
+Display::Display() {
+  // The server chooses a number that is free, and says it once it can be used.
+  server_.emplace(Words{"/bin/sh", "-c",
+                        "exec /usr/bin/Xvfb -displayfd 3 -screen 0 " + std::to_string(width) + "x" +
+                            std::to_string(height) + "x24 -nolisten tcp 3>" + (folder_ / "number").string()},
+                  Words{"PATH=/usr/bin:/bin"});
+  if (!fixtures::waitFor([this] { return folder_.read("number").ends_with('\n'); })) {
+    throw std::runtime_error("no display");
+  }
+  name_ = ":" + std::to_string(std::stoi(folder_.read("number")));
+  connection_.reset(xcb_connect(name_.c_str(), nullptr));
+  root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root;
+}
+
+Colors Display::colors(int x, int y, int wide, int high) const {
+  const auto asked = xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, root_, static_cast<std::int16_t>(x),
+                                   static_cast<std::int16_t>(y), static_cast<std::uint16_t>(wide),
+                                   static_cast<std::uint16_t>(high), ~0U);
+  const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(connection_.get(), asked, nullptr));
+  if (!image) {
+    throw std::runtime_error("no picture of the screen");
+  }
+  const auto* first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
+  Colors colors(first, first + static_cast<std::ptrdiff_t>(wide) * high);
+  for (std::uint32_t& color : colors) {
+    color &= 0xffffffU;
+  }
+  return colors;
+}
+
+bool Display::isPointerAtLine(int y) const {
+  const Reply<xcb_query_pointer_reply_t> pointer(
+      xcb_query_pointer_reply(connection_.get(), xcb_query_pointer(connection_.get(), root_), nullptr));
+  return pointer && pointer->root_y == y;
+}
+
+void Display::act(const std::string& words) const {
+  const Outcome outcome = run({"/bin/sh", "-c", "exec xdotool " + words}, {"PATH=/usr/bin:/bin", "DISPLAY=" + name_});
+  if (outcome.status != 0) {
+    throw std::runtime_error("xdotool " + words + ": " + outcome.errors);
+  }
+}
+
+int Display::windowCount(const std::string& title) const {
+  const Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), root_), nullptr));
+  int count = 0;
+  for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
+    const xcb_window_t window = xcb_query_tree_children(tree.get())[i];
+    count += this->title(window) == title && isMapped(window) ? 1 : 0;
+  }
+  return count;
+}
+
+bool Display::isMapped(xcb_window_t window) const {
+  const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+      connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
+  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::string Display::title(xcb_window_t window) const {
+  constexpr std::uint32_t longest = 64;
+  const Reply<xcb_get_property_reply_t> property(xcb_get_property_reply(
+      connection_.get(),
+      xcb_get_property(connection_.get(), 0, window, XCB_ATOM_WM_NAME, XCB_GET_PROPERTY_TYPE_ANY, 0, longest),
+      nullptr));
+  if (!property) {
+    return "";
+  }
+  return {static_cast<const char*>(xcb_get_property_value(property.get())),
+          static_cast<std::size_t>(xcb_get_property_value_length(property.get()))};
+}
+
+std::size_t differences(const Colors& left, const Colors& right) {
+  return std::transform_reduce(left.begin(), left.end(), right.begin(), std::size_t{0}, std::plus<>(),
+                               [](std::uint32_t a, std::uint32_t b) { return a == b ? 0U : 1U; });
+}
+
+}  // namespace tarnwell::standin

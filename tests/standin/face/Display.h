@@ -1,0 +1,62 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "fixtures/Sandbox.h"
+#include "standin/Process.h"
+
+namespace tarnwell::standin {
+
+/// Colours of a part of the screen, line by line, without their unused byte.
+using Colors = std::vector<std::uint32_t>;
+
+/// A display of a test's own, without window manager, which is looked at from outside.
+class Display {
+ public:
+  static constexpr int width = 1280;
+  static constexpr int height = 800;
+
+  Display();
+
+  /// ":7" or the like.
+  const std::string& name() const { return name_; }
+
+  Colors colors(int x, int y, int wide, int high) const;
+  std::uint32_t color(int x, int y) const { return colors(x, y, 1, 1).front(); }
+  Colors everything() const { return colors(0, 0, width, height); }
+
+  /// Whether the pointer is on a line of the screen.
+  bool isPointerAtLine(int y) const;
+
+  /// Does what the words say with mouse and keys, and waits for it.
+  void act(const std::string& words) const;
+
+  /// How many windows of a title can be seen.
+  int windowCount(const std::string& title) const;
+
+ private:
+  struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+  };
+
+  bool isMapped(xcb_window_t window) const;
+  std::string title(xcb_window_t window) const;
+
+  fixtures::Sandbox folder_;
+  std::optional<Process> server_;
+  std::string name_;
+  std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+  xcb_window_t root_ = 0;
+};
+
+/// In how many places two pictures of the same size differ.
+std::size_t differences(const Colors& left, const Colors& right);
+
+}  // namespace tarnwell::standin
