@@ -8,7 +8,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int mostCharacters = 32 * 1024;
+constexpr int mostCharacters = 16 * 1024;
 constexpr int boldWeight = 600;
 
 /// Reads markup without ever loading what it names: there is an empty answer for everything.

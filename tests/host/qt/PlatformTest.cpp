@@ -8,7 +8,6 @@
 #include <QtWidgets/QMenu>
 
 #include "host/qt/Desktop.h"
-#include "host/qt/MessagePanel.h"
 #include "host/qt/WidgetDriver.h"
 #include "kit/ApplicationId.h"
 #include "kit/Menu.h"
@@ -194,19 +193,6 @@ TEST(AboutPanelTest, escapeClosesItAndItCanBeShownAgain) {
   EXPECT_EQ(shown<AboutPanel>(), nullptr);
   desktop.application().orderFrontStandardAboutPanel(nullptr);
   EXPECT_NE(shown<AboutPanel>(), nullptr);
-}
-
-TEST(MessagePanelTest, saysWhenItIsClosed) {
-  int closed = 0;
-  showMessage("Title", "A message.", [&closed] { ++closed; });
-  auto* panel = shown<MessagePanel>();
-  ASSERT_NE(panel, nullptr);
-  EXPECT_THAT(textsOf(*panel), ElementsAre("A message."));
-  EXPECT_EQ(closed, 0);
-  driver::keyTo(*panel, Qt::Key_Return);
-  driver::settle();
-  EXPECT_EQ(closed, 1);
-  EXPECT_EQ(shown<MessagePanel>(), nullptr);
 }
 
 }  // namespace
