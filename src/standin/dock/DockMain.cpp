@@ -1,12 +1,16 @@
 /// A stand-in for the Dock of macOS: a process of that name which reads its settings from the preferences when it
 /// starts, says in its log what it has read, and then waits to be killed. It never reads them again: as on macOS, a
-/// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it shows
-/// what the settings do.
+/// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it goes on
+/// as the program of the same name in the folder "face", which shows what the settings do: a toolkit takes its time to
+/// load, and each of several kills in a row must find a Dock that has spoken.
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -16,7 +20,7 @@
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 #include "standin/dock/DockSettings.h"
-#include "standin/dock/face/Face.h"
+#include "standin/dock/OwnFolder.h"
 #include "standin/store/Domain.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -53,9 +57,25 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   }
 }
 
+bool mayHaveDisplay() {
+  return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY"}, [](const char* name) {
+    const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
+    return value != nullptr && *value != '\0';
+  });
+}
+
+// Returns only when there is no face.
+void becomeFace() {
+  const std::string path = ownFolder() + "/face/Dock";
+  std::string name = "Dock";
+  std::array<char*, 2> arguments = {name.data(), nullptr};
+  ::execv(path.c_str(), arguments.data());
+  printError("Dock: cannot start " + path + ": " + std::strerror(errno) + "\n");  // NOLINT(concurrency-mt-unsafe)
+}
+
 enum class Mode { face, noWindow, list };
 
-int run(Mode mode, int& argc, char** argv) {
+int run(Mode mode) {
   const std::optional<std::string> root = systemRoot();
   if (!root) {
     printError(std::string("Dock: ") + noRootMessage + "\n");
@@ -67,17 +87,17 @@ int run(Mode mode, int& argc, char** argv) {
   }
   letTerminationThrough();
   logSettings(*root, stored);
-  if (mode == Mode::face && hasDisplay()) {
-    return showFace(argc, argv, dockBehavior(stored), *root + "/Library/Application Support/Dock/desk");
+  if (mode == Mode::face && mayHaveDisplay()) {
+    becomeFace();
   }
   for (;;) {
     ::pause();
   }
 }
 
-int runAs(const std::vector<std::string_view>& arguments, int& argc, char** argv) {
+int runAs(const std::vector<std::string_view>& arguments) {
   if (arguments.empty()) {
-    return run(Mode::face, argc, argv);
+    return run(Mode::face);
   }
   // Each argument is a way of running by itself, so that there is none that a second one could be.
   const std::string_view argument = arguments.size() > 1 ? "" : arguments.front();
@@ -85,10 +105,10 @@ int runAs(const std::vector<std::string_view>& arguments, int& argc, char** argv
     return printOut(usageText) ? 0 : 1;
   }
   if (argument == "--list") {
-    return run(Mode::list, argc, argv);
+    return run(Mode::list);
   }
   if (argument == "--no-window") {
-    return run(Mode::noWindow, argc, argv);
+    return run(Mode::noWindow);
   }
   printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
   return 2;
@@ -99,5 +119,5 @@ int runAs(const std::vector<std::string_view>& arguments, int& argc, char** argv
 
 int main(int argc, char** argv) {
   tarnwell::standin::prepareStandardStreams();
-  return tarnwell::standin::runAs({argv + 1, argv + argc}, argc, argv);
+  return tarnwell::standin::runAs({argv + 1, argv + argc});
 }

@@ -3,14 +3,13 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "standin/dock/OwnFolder.h"
 #include "standin/dock/Supervisor.h"
 #include "standin/store/FileLock.h"
 #include "standin/store/Folders.h"
@@ -30,12 +29,6 @@ Keeps the Dock that lies beside this program running until it is ended itself.
 int fail(const std::string& message, int status) {
   printError("dock-supervisor: " + message + "\n");
   return status;
-}
-
-std::string ownFolder() {
-  std::array<char, PATH_MAX> path{};
-  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-  return length <= 0 ? "." : folderOf(std::string(path.data(), static_cast<std::size_t>(length)));
 }
 
 int supervise() {
