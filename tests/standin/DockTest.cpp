@@ -87,6 +87,54 @@ TEST(DockTest, livesOnWithoutALog) {
   EXPECT_TRUE(isRunning(dock.id()));
 }
 
+std::string list(const MacSystem& system) { return run({DOCK_PATH, "--list"}, system.environment()).output; }
+
+TEST(DockTest, listsTheDefaultsOfWhatIsNotSet) {
+  const MacSystem system;
+  EXPECT_EQ(list(system),
+            "autohide-delay 0.2\nautohide-time-modifier 0.5\nscroll-to-open 0\nmineffect genie\nshowhidden 0\n"
+            "static-only 0\nsingle-app 0\n");
+  EXPECT_FALSE(std::filesystem::exists(system.dockLog()));
+}
+
+TEST(DockTest, listsWhatIsSet) {
+  const MacSystem system;
+  system.shell(
+      R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.7; w autohide-time-modifier -float 0;)"
+      "w scroll-to-open -bool true; w mineffect Suck; w showhidden -bool yes; w static-only -bool true;"
+      "w single-app -bool true");
+  EXPECT_EQ(list(system),
+            "autohide-delay 0.7\nautohide-time-modifier 0\nscroll-to-open 1\nmineffect suck\nshowhidden 1\n"
+            "static-only 1\nsingle-app 1\n");
+}
+
+TEST(DockTest, goesByTheDefaultWhereATypeIsWrongOrTheStoreIsDamaged) {
+  const MacSystem system;
+  const std::string defaults = list(system);
+  system.shell(R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -string 0.9; w mineffect -int 2;)"
+               "w showhidden -int 1; w static-only -array a; w single-app -string true; w scroll-to-open -float 1");
+  EXPECT_EQ(list(system), defaults);
+  system.store("garbage");
+  EXPECT_EQ(list(system), defaults);
+}
+
+TEST(DockTest, anUnknownEffectIsTheGenie) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "mineffect", "whirl"});
+  EXPECT_THAT(list(system), HasSubstr("mineffect genie\n"));
+}
+
+TEST(DockTest, staysWithoutAFaceWhereThereIsNoneToStart) {
+  const MacSystem system;
+  const std::string lonely = (system.folder() / "Dock").string();
+  std::filesystem::copy_file(DOCK_PATH, lonely);
+  Words environment = system.environment();
+  environment.emplace_back("DISPLAY=:64999");
+  const Process dock({lonely}, environment);
+  EXPECT_TRUE(waitFor([&] { return dock.errors().find("cannot start") != std::string::npos; }));
+  EXPECT_TRUE(isRunning(dock.id()));
+}
+
 TEST(DockTest, answersItsCommandLine) {
   const Outcome help = run({DOCK_PATH, "--help"}, {});
   EXPECT_EQ(help.status, 0);
@@ -94,7 +142,9 @@ TEST(DockTest, answersItsCommandLine) {
   const Outcome unknown = run({DOCK_PATH, "--frobnicate"}, {});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_THAT(unknown.errors, HasSubstr("unknown argument --frobnicate\nUsage: Dock"));
+  EXPECT_EQ(run({DOCK_PATH, "--list", "--no-window"}, {}).status, 2);
   EXPECT_EQ(run({DOCK_PATH}, {}).status, 1);
+  EXPECT_EQ(run({DOCK_PATH, "--list"}, {}).status, 1);
 }
 
 }  // namespace
