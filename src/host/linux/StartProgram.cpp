@@ -48,6 +48,7 @@ class CleanSlate {
 
 Result<pid_t> startProgram(const std::vector<std::string>& words) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) {
     // The system's signature lacks a const; it does not touch the texts.
     arguments.push_back(const_cast<char*>(word.c_str()));

@@ -41,7 +41,7 @@ QString markupOf(const QTextFragment& fragment, const QColor& link) {
   }
   const QUrl address(format.anchorHref());
   if (format.isAnchor() && isWebPage(address)) {
-    text = QString("<a href=\"%1\" style=\"color:%2\">%3</a>")
+    text = QString(R"(<a href="%1" style="color:%2">%3</a>)")
                .arg(QString::fromLatin1(address.toEncoded()).toHtmlEscaped(), link.name(), text);
   }
   return text;

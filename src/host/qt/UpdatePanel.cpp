@@ -161,6 +161,7 @@ PanelButton* UpdatePanel::makeButton(const UpdatePage::Choice& choice, bool isDe
   return button;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): what it does may release the original
 void UpdatePanel::answer(kit::Action action) {
   const int before = shown_;
   // An answer is given once.

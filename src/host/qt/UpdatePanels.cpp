@@ -163,7 +163,7 @@ QWidget* UpdatePanels::makeNotes(const FeedItem& item) const {
     return nullptr;
   }
   auto* link =
-      new QLabel(QString("<a href=\"%1\" style=\"color:%2\">Read what is new</a>")
+      new QLabel(QString(R"(<a href="%1" style="color:%2">Read what is new</a>)")
                      .arg(toQString(item.releaseNotesLink).toHtmlEscaped(), theme_.palette().accentOnWindow.name()));
   link->setTextFormat(Qt::RichText);
   link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
