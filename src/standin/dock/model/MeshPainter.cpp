@@ -9,8 +9,8 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr int columns = 24;
-constexpr int lines = 48;
+constexpr int meshColumns = 24;
+constexpr int meshLines = 48;
 
 /// A corner of a triangle: where it is on the canvas, and which place of the picture belongs there, in pixels.
 struct Corner {
@@ -105,11 +105,11 @@ void drawTriangle(Pixels& canvas, const Picture& picture, const Triangle& corner
 
 std::vector<Corner> cornersOf(const Picture& picture, const PlaceOnCanvas& place) {
   std::vector<Corner> corners;
-  corners.reserve(static_cast<std::size_t>((columns + 1) * (lines + 1)));
-  for (int line = 0; line <= lines; ++line) {
-    for (int column = 0; column <= columns; ++column) {
-      const double u = static_cast<double>(column) / columns;
-      const double v = static_cast<double>(line) / lines;
+  corners.reserve(static_cast<std::size_t>((meshColumns + 1) * (meshLines + 1)));
+  for (int line = 0; line <= meshLines; ++line) {
+    for (int column = 0; column <= meshColumns; ++column) {
+      const double u = static_cast<double>(column) / meshColumns;
+      const double v = static_cast<double>(line) / meshLines;
       corners.push_back({.canvas = place(u, v), .picture = {u * picture.width(), v * picture.height()}});
     }
   }
@@ -121,10 +121,10 @@ std::vector<Corner> cornersOf(const Picture& picture, const PlaceOnCanvas& place
 void drawBent(Pixels& canvas, const Picture& picture, const PlaceOnCanvas& place) {
   const std::vector<Corner> corners = cornersOf(picture, place);
   const auto corner = [&](int column, int line) {
-    return corners[static_cast<std::size_t>(line * (columns + 1) + column)];
+    return corners[static_cast<std::size_t>(line * (meshColumns + 1) + column)];
   };
-  for (int line = 0; line < lines; ++line) {
-    for (int column = 0; column < columns; ++column) {
+  for (int line = 0; line < meshLines; ++line) {
+    for (int column = 0; column < meshColumns; ++column) {
       const Corner upperRight = corner(column + 1, line);
       const Corner lowerLeft = corner(column, line + 1);
       drawTriangle(canvas, picture, {corner(column, line), upperRight, lowerLeft});
