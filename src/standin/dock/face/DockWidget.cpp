@@ -17,6 +17,7 @@ constexpr double secondsToGrow = 0.12;
 
 std::vector<SlotKind> kindsOf(const std::vector<DockItem>& items) {
   std::vector<SlotKind> kinds;
+  kinds.reserve(items.size());
   for (const DockItem& item : items) {
     kinds.push_back(item.kind == DockItem::Kind::separator ? SlotKind::separator : SlotKind::icon);
   }

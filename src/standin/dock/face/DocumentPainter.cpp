@@ -107,7 +107,9 @@ void paintCalendar(QPainter& painter, const QRectF& page, const Look& look) {
   const double high = (page.height() - 24) / rows;
   bar(painter, {page.x(), page.y(), page.width() * 0.3, 12}, look.ink);
   for (int day = 0; day < columns * rows; ++day) {
-    const QRectF cell(page.x() + day % columns * wide, page.y() + 24 + day / columns * high, wide - 5, high - 5);
+    const int column = day % columns;
+    const int row = day / columns;
+    const QRectF cell(page.x() + column * wide, page.y() + 24 + row * high, wide - 5, high - 5);
     bar(painter, cell, day == today ? QColor(0xe8604c) : look.titleBar);
     bar(painter, {cell.x() + 5, cell.y() + 5, 10, 5}, day == today ? QColor(Qt::white) : look.faintInk);
   }

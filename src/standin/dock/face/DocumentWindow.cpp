@@ -18,8 +18,8 @@ constexpr double radius = 10;
 
 }  // namespace
 
-DocumentWindow::DocumentWindow(Surface& surface, const Content& content, Actions actions)
-    : content_(content), actions_(std::move(actions)) {
+DocumentWindow::DocumentWindow(Surface& surface, Content content, Actions actions)
+    : content_(std::move(content)), actions_(std::move(actions)) {
   surface.adopt(*this, Surface::Role::document);
   setWindowTitle(content_.title);
   setMouseTracking(true);

@@ -31,7 +31,7 @@ class DocumentWindow final : public QWidget {
     QString title;
   };
 
-  DocumentWindow(Surface& surface, const Content& content, Actions actions);
+  DocumentWindow(Surface& surface, Content content, Actions actions);
 
   void setScheme(Scheme scheme);
 

@@ -55,6 +55,10 @@ class Surface {
   void onArea(std::function<void()> changed) { areaChanged_ = std::move(changed); }
 
  protected:
+  void tellEdge(bool isThere) const { edgeChanged_(isThere); }
+  void tellArea() const { areaChanged_(); }
+
+ private:
   std::function<void(bool)> edgeChanged_ = [](bool) {};
   std::function<void()> areaChanged_ = [] {};
 };

@@ -15,16 +15,16 @@ constexpr int leastEdge = 3;
 
 class WindowSurface::EdgeStrip : public QWidget {
  public:
-  EdgeStrip(QWidget& parent, const std::function<void(bool)>& changed) : QWidget(&parent), changed_(changed) {}
+  EdgeStrip(QWidget& parent, std::function<void(bool)> changed) : QWidget(&parent), changed_(std::move(changed)) {}
 
  private:
   void enterEvent(QEnterEvent* /*event*/) override { changed_(true); }
   void leaveEvent(QEvent* /*event*/) override { changed_(false); }
 
-  const std::function<void(bool)>& changed_;
+  std::function<void(bool)> changed_;
 };
 
-WindowSurface::WindowSurface() : edge_(new EdgeStrip(*this, edgeChanged_)) {
+WindowSurface::WindowSurface() : edge_(new EdgeStrip(*this, [this](bool isThere) { tellEdge(isThere); })) {
   constexpr QSize size(1000, 640);
   setWindowTitle(QStringLiteral("Dock"));
   setAttribute(Qt::WA_ShowWithoutActivating);
@@ -77,7 +77,7 @@ void WindowSurface::paintEvent(QPaintEvent* /*event*/) {
 
 void WindowSurface::resizeEvent(QResizeEvent* /*event*/) {
   placeEdge();
-  areaChanged_();
+  tellArea();
 }
 
 void WindowSurface::placeEdge() {

@@ -67,7 +67,7 @@ X11Surface::X11Surface() {
   QObject::connect(arrival_.get(), &QSocketNotifier::activated, arrival_.get(), [this] { hearAll(); });
   QObject::connect(screen(), &QScreen::geometryChanged, &raiseSoon_, [this] {
     placeEdge();
-    areaChanged_();
+    tellArea();
   });
 }
 
@@ -159,7 +159,7 @@ void X11Surface::hear(const xcb_generic_event_t& event) {
     case XCB_LEAVE_NOTIFY: {
       const auto& crossing = reinterpret_cast<const xcb_enter_notify_event_t&>(event);
       if (crossing.event == edge_) {
-        edgeChanged_((event.response_type & ~sentByClient) == XCB_ENTER_NOTIFY);
+        tellEdge((event.response_type & ~sentByClient) == XCB_ENTER_NOTIFY);
       }
       break;
     }

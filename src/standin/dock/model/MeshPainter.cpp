@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace tarnwell::standin {
@@ -28,7 +29,9 @@ struct Slope {
 };
 
 Slope slopeOf(const Triangle& corners) {
-  const auto& [a, b, c] = corners;
+  const Corner& a = corners[0];
+  const Corner& b = corners[1];
+  const Corner& c = corners[2];
   const Point ab{b.canvas.x - a.canvas.x, b.canvas.y - a.canvas.y};
   const Point ac{c.canvas.x - a.canvas.x, c.canvas.y - a.canvas.y};
   const double area = ab.x * ac.y - ac.x * ab.y;
@@ -58,7 +61,8 @@ struct Span {
 };
 
 Span spanOf(const Triangle& corners, double y) {
-  Span span{.left = INFINITY, .right = -INFINITY};
+  constexpr double far = std::numeric_limits<double>::infinity();
+  Span span{.left = far, .right = -far};
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const Point& from = corners[i].canvas;
     const Point& to = corners[(i + 1) % corners.size()].canvas;
@@ -105,7 +109,7 @@ void drawTriangle(Pixels& canvas, const Picture& picture, const Triangle& corner
 
 std::vector<Corner> cornersOf(const Picture& picture, const PlaceOnCanvas& place) {
   std::vector<Corner> corners;
-  corners.reserve(static_cast<std::size_t>((meshColumns + 1) * (meshLines + 1)));
+  corners.reserve(std::size_t{meshColumns + 1} * std::size_t{meshLines + 1});
   for (int line = 0; line <= meshLines; ++line) {
     for (int column = 0; column <= meshColumns; ++column) {
       const double u = static_cast<double>(column) / meshColumns;
@@ -121,7 +125,7 @@ std::vector<Corner> cornersOf(const Picture& picture, const PlaceOnCanvas& place
 void drawBent(Pixels& canvas, const Picture& picture, const PlaceOnCanvas& place) {
   const std::vector<Corner> corners = cornersOf(picture, place);
   const auto corner = [&](int column, int line) {
-    return corners[static_cast<std::size_t>(line * (meshColumns + 1) + column)];
+    return corners[static_cast<std::size_t>(line) * (meshColumns + 1) + static_cast<std::size_t>(column)];
   };
   for (int line = 0; line < meshLines; ++line) {
     for (int column = 0; column < meshColumns; ++column) {

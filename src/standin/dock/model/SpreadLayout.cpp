@@ -23,8 +23,11 @@ Rectangle fitted(const Rectangle& window, const Rectangle& cell) {
 
 std::vector<Rectangle> spreadOut(const std::vector<Rectangle>& windows, const Rectangle& area) {
   const std::size_t count = windows.size();
+  if (count == 0) {
+    return {};
+  }
   const auto columns = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(count))));
-  const std::size_t rows = columns == 0 ? 0 : (count + columns - 1) / columns;
+  const std::size_t rows = (count + columns - 1) / columns;
   std::vector<Rectangle> places;
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t row = i / columns;
