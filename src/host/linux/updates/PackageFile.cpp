@@ -9,6 +9,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/linux/MakeFolders.h"
 #include "host/linux/updates/CopyFile.h"
 
 namespace tarnwell::host_linux::updates {
@@ -21,14 +22,6 @@ constexpr mode_t draftMode = 0600;
 constexpr mode_t namedMode = 0400;
 
 Failure failure(const std::string& what) { return {what + ": " + std::generic_category().message(errno)}; }
-
-bool makeFolders(const fs::path& folder) {
-  if (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST) {
-    return true;
-  }
-  return errno == ENOENT && folder.has_relative_path() && makeFolders(folder.parent_path()) &&
-         (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST);
-}
 
 // What others could enter, or put in our way, is no place for a file that is going to be installed.
 std::optional<Failure> makePrivate(const fs::path& folder) {
