@@ -1,9 +1,19 @@
+# reuse_precompiled_headers(TARGET KIND LINK...): those of the toolkit for what links it, the standard ones for the rest.
+function(reuse_precompiled_headers target kind)
+  if("${ARGN}" MATCHES "Qt6|host_qt")
+    target_precompile_headers(${target} REUSE_FROM tarnwell_precompiled_qt${kind})
+  else()
+    target_precompile_headers(${target} REUSE_FROM tarnwell_precompiled${kind})
+  endif()
+endfunction()
+
 # tarnwell_library(NAME SOURCES ... LINKS ...): one folder, one static library, one namespace.
 function(tarnwell_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
   add_library(tarnwell_${name} STATIC ${arg_SOURCES})
   target_link_libraries(tarnwell_${name} PUBLIC tarnwell_options ${arg_LINKS} PRIVATE tarnwell_warnings
                                                                                    ${arg_PRIVATE_LINKS})
+  reuse_precompiled_headers(tarnwell_${name} "" ${arg_LINKS})
 endfunction()
 
 # tarnwell_test(NAME SOURCES ... LINKS ...): one test program; each of its tests is listed by name.
@@ -12,6 +22,7 @@ function(tarnwell_test name)
   add_executable(tarnwell_${name} ${arg_SOURCES})
   target_include_directories(tarnwell_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(tarnwell_${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS} GTest::gtest_main)
+  reuse_precompiled_headers(tarnwell_${name} "_test" ${arg_LINKS})
   gtest_discover_tests(tarnwell_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
                        PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

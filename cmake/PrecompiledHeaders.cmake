@@ -25,20 +25,25 @@ set(toolkit_headers
     <QtWidgets/QLabel>
     <QtWidgets/QMenu>)
 
-# precompiled_headers(NAME HEADERS ... LINKS ...): for targets to reuse.
-function(precompiled_headers name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;LINKS")
+# precompiled_headers(NAME KIND HEADERS ... LINKS ...): for targets of the same kind to reuse, LIBRARY or EXECUTABLE; the
+# two are compiled to different kinds of code.
+function(precompiled_headers name kind)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "HEADERS;LINKS")
   set(source "${CMAKE_BINARY_DIR}/${name}.cpp")
-  file(CONFIGURE OUTPUT "${source}" CONTENT "")
-  add_library(${name} OBJECT "${source}")
+  file(CONFIGURE OUTPUT "${source}" CONTENT "int main() { return 0; }\n")
+  if(kind STREQUAL "LIBRARY")
+    add_library(${name} OBJECT "${source}")
+  else()
+    add_executable(${name} "${source}")
+  endif()
   target_link_libraries(${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS})
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
 endfunction()
 
-precompiled_headers(tarnwell_precompiled HEADERS ${standard_headers})
-precompiled_headers(tarnwell_precompiled_qt HEADERS ${toolkit_headers} LINKS Qt6::Widgets Qt6::DBus)
+precompiled_headers(tarnwell_precompiled LIBRARY HEADERS ${standard_headers})
+precompiled_headers(tarnwell_precompiled_qt LIBRARY HEADERS ${toolkit_headers} LINKS Qt6::Widgets Qt6::DBus)
 if(TARNWELL_BUILD_TESTS)
-  precompiled_headers(tarnwell_precompiled_test HEADERS ${standard_headers} <gtest/gtest.h> LINKS GTest::gtest)
-  precompiled_headers(tarnwell_precompiled_qt_test HEADERS ${toolkit_headers} <gtest/gtest.h>
+  precompiled_headers(tarnwell_precompiled_test EXECUTABLE HEADERS ${standard_headers} <gtest/gtest.h> LINKS GTest::gtest)
+  precompiled_headers(tarnwell_precompiled_qt_test EXECUTABLE HEADERS ${toolkit_headers} <gtest/gtest.h>
                       LINKS Qt6::Widgets Qt6::DBus GTest::gtest)
 endif()

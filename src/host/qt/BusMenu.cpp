@@ -15,8 +15,8 @@ namespace {
 constexpr int rootId = 0;
 constexpr uint protocolVersion = 3;
 
-const QString interfaceName = QStringLiteral("com.canonical.dbusmenu");
-const QString description = QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
+const QString menuInterfaceName = QStringLiteral("com.canonical.dbusmenu");
+const QString menuDescription = QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
   <property name="Version" type="u" access="read"/>
   <property name="TextDirection" type="s" access="read"/>
   <property name="Status" type="s" access="read"/>
@@ -73,7 +73,7 @@ QVariant shortcutOf(const QStringList& keys) { return QVariant::fromValue(QList<
 
 BusMenu::BusMenu(const QDBusConnection& bus, const QString& path, kit::Application& application,
                  std::shared_ptr<kit::Menu> menu)
-    : BusObject(bus, path, interfaceName, description), application_(application), menu_(std::move(menu)) {
+    : BusObject(bus, path, menuInterfaceName, menuDescription), application_(application), menu_(std::move(menu)) {
   qDBusRegisterMetaType<QList<QStringList>>();
   number(*menu_, items_);
   changes_ = menu_->observe([this] { follow(); });

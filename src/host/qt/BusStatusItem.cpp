@@ -14,8 +14,8 @@ namespace {
 // The path by which panels know that there is no menu.
 const QString noMenu = QStringLiteral("/NO_DBUSMENU");
 
-const QString interfaceName = QStringLiteral("org.kde.StatusNotifierItem");
-const QString description = QStringLiteral(R"xml(<interface name="org.kde.StatusNotifierItem">
+const QString itemInterfaceName = QStringLiteral("org.kde.StatusNotifierItem");
+const QString itemDescription = QStringLiteral(R"xml(<interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>
   <property name="Id" type="s" access="read"/>
   <property name="Title" type="s" access="read"/>
@@ -52,7 +52,7 @@ const QString description = QStringLiteral(R"xml(<interface name="org.kde.Status
 
 BusStatusItem::BusStatusItem(const QDBusConnection& bus, const QString& path, kit::StatusItem& item,
                              const StatusImage& image)
-    : BusObject(bus, path, interfaceName, description), item_(item), image_(image) {
+    : BusObject(bus, path, itemInterfaceName, itemDescription), item_(item), image_(image) {
   registerBusTypes();
   if (item_.menu()) {
     menu_ = std::make_unique<BusMenu>(bus, path + "/Menu", item_.application(), item_.menu());

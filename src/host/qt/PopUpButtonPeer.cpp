@@ -21,7 +21,7 @@ constexpr double radius = 6;
 constexpr double badgeSide = 16;
 constexpr double badgeGap = 4;
 constexpr double badgeRadius = 4;
-constexpr double arrowWidth = 6;
+constexpr double popUpArrowWidth = 6;
 constexpr double arrowDistance = 3;
 
 class PopUpButtonWidget final : public ControlWidget {
@@ -73,8 +73,10 @@ class PopUpButtonWidget final : public ControlWidget {
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette.accent);
     painter.drawRoundedRect(badge, badgeRadius, badgeRadius);
-    drawChevron(painter, badge.center() - QPointF(0, arrowDistance), arrowWidth, Direction::up, palette.accentText);
-    drawChevron(painter, badge.center() + QPointF(0, arrowDistance), arrowWidth, Direction::down, palette.accentText);
+    drawChevron(painter, badge.center() - QPointF(0, arrowDistance), popUpArrowWidth, Direction::up,
+                palette.accentText);
+    drawChevron(painter, badge.center() + QPointF(0, arrowDistance), popUpArrowWidth, Direction::down,
+                palette.accentText);
   }
 
   void openMenu() {

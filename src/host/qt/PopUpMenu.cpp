@@ -17,16 +17,16 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int margin = 5;
+constexpr int popUpMargin = 5;
 constexpr int rowHeightInPoints = 24;
 constexpr double checkWidth = 20;
 constexpr double trailingSpace = 14;
-constexpr double menuRadius = 7;
+constexpr double popUpRadius = 7;
 constexpr double rowRadius = 5;
 
 // The menu ends where the button does, unless a row needs more.
 QSize rowSize(const kit::PopUpButton& button, const Theme& theme) {
-  double widest = button.bounds().width - kit::metrics::popUpInset - trailingSpace - margin;
+  double widest = button.bounds().width - kit::metrics::popUpInset - trailingSpace - popUpMargin;
   for (const auto& item : button.items()) {
     widest = std::max(widest, itemLineWidth(item, theme));
   }
@@ -48,7 +48,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
                      const std::function<void(int)>& chosen)
     : QMenu(parent), items_(button.items()), selected_(button.selectedIndex()), theme_(theme) {
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* style = new MenuStyle(rowSize(button, theme), margin);
+  auto* style = new MenuStyle(rowSize(button, theme), popUpMargin);
   style->setParent(this);
   setStyle(style);
   for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
@@ -61,7 +61,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
 }
 
 void PopUpMenu::openOver(const QPoint& title) {
-  const QPoint row = title - QPoint(margin + static_cast<int>(checkWidth), margin + rowHeightInPoints / 2);
+  const QPoint row = title - QPoint(popUpMargin + static_cast<int>(checkWidth), popUpMargin + rowHeightInPoints / 2);
   const QList<QAction*> rows = actions();
   QAction* current = selected_ >= 0 ? rows.at(selected_) : nullptr;
   popup(row, current);
@@ -72,7 +72,7 @@ void PopUpMenu::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const Palette& palette = theme_.palette();
-  drawRounded(painter, rect(), menuRadius, palette.menuFace, palette.controlBorder);
+  drawRounded(painter, rect(), popUpRadius, palette.menuFace, palette.controlBorder);
   const QList<QAction*> rows = actions();
   for (int i = 0; i < rows.size(); ++i) {
     drawRow(painter, i, actionGeometry(rows.at(i)));
@@ -87,7 +87,7 @@ void PopUpMenu::resizeEvent(QResizeEvent* event) {
   QPainter painter(&shape);
   painter.setBrush(Qt::color1);
   painter.setPen(Qt::color1);
-  painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), menuRadius, menuRadius);
+  painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), popUpRadius, popUpRadius);
   painter.end();
   setMask(shape);
 }

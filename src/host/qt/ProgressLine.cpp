@@ -11,7 +11,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr int lineHeight = 6;
-constexpr int leastWidth = 160;
+constexpr int leastLineWidth = 160;
 constexpr int fullScale = 10'000;
 constexpr double movingShare = 0.3;
 constexpr int oneCrossing = 1400;  // Milliseconds.
@@ -35,7 +35,7 @@ void ProgressLine::setShare(double share) {
   setValue(static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * fullScale)));
 }
 
-QSize ProgressLine::sizeHint() const { return {leastWidth, lineHeight}; }
+QSize ProgressLine::sizeHint() const { return {leastLineWidth, lineHeight}; }
 
 void ProgressLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

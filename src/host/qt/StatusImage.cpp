@@ -11,7 +11,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr std::array<int, 6> sides = {16, 22, 24, 32, 44, 48};
+constexpr std::array<int, 6> imageSides = {16, 22, 24, 32, 44, 48};
 constexpr QRgb lightColor = 0xfff1f1f4;
 constexpr QRgb darkColor = 0xff2b2b2f;
 
@@ -37,7 +37,7 @@ BusImage toBusImage(const QImage& image) {
 
 QIcon StatusImage::icon() const {
   QIcon icon;
-  for (const int side : sides) {
+  for (const int side : imageSides) {
     icon.addPixmap(QPixmap::fromImage(image(side)));
   }
   return icon;
@@ -45,7 +45,7 @@ QIcon StatusImage::icon() const {
 
 QList<BusImage> StatusImage::forBus() const {
   QList<BusImage> images;
-  for (const int side : sides) {
+  for (const int side : imageSides) {
     images += toBusImage(image(side));
   }
   return images;

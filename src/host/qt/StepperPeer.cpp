@@ -15,27 +15,27 @@ namespace {
 
 constexpr int firstRepeat = 400;  // Milliseconds.
 constexpr int nextRepeat = 60;
-constexpr double radius = 5;
-constexpr double arrowWidth = 6;
+constexpr double stepperRadius = 5;
+constexpr double stepperArrowWidth = 6;
 
 class StepperWidget final : public ControlWidget {
  public:
   StepperWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent)
       : ControlWidget(stepper, theme, parent), stepper_(stepper) {}
 
-  double cornerRadius() const override { return radius; }
+  double cornerRadius() const override { return stepperRadius; }
 
  protected:
   void draw(QPainter& painter) override {
     const Palette& palette = theme().palette();
-    drawFace(painter, face(), radius, palette.controlFace, palette);
+    drawFace(painter, face(), stepperRadius, palette.controlFace, palette);
     if (held_) {
       painter.setClipRect(half(*held_));
-      drawRounded(painter, face(), radius, palette.controlFacePressed, palette.controlBorder);
+      drawRounded(painter, face(), stepperRadius, palette.controlFacePressed, palette.controlBorder);
       painter.setClipping(false);
     }
     for (const Direction direction : {Direction::up, Direction::down}) {
-      drawChevron(painter, half(direction).center(), arrowWidth, direction, palette.primaryText);
+      drawChevron(painter, half(direction).center(), stepperArrowWidth, direction, palette.primaryText);
     }
   }
 

@@ -17,7 +17,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr double radius = 7;
+constexpr double tabRadius = 7;
 constexpr double symbolSide = 22;
 constexpr double symbolTop = 5;
 constexpr double titleTop = 29;
@@ -32,7 +32,7 @@ class TabBarWidget final : public ControlWidget {
   }
 
   QRectF focusShape() const override { return shapeOf(std::max(0, bar_.selectedIndex())); }
-  double cornerRadius() const override { return radius; }
+  double cornerRadius() const override { return tabRadius; }
 
  protected:
   void draw(QPainter& painter) override {
@@ -124,7 +124,7 @@ class TabBarWidget final : public ControlWidget {
     ground.setAlphaF(ground.alphaF() * static_cast<float>(share));
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
-    painter.drawRoundedRect(shape, radius, radius);
+    painter.drawRoundedRect(shape, tabRadius, tabRadius);
   }
 
   kit::TabBar& bar_;

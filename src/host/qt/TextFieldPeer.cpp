@@ -17,8 +17,8 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr double radius = 5;
-constexpr double dimmed = 0.5;
+constexpr double fieldRadius = 5;
+constexpr double fieldDimmed = 0.5;
 // The line edit keeps this much to each side of its text by itself.
 constexpr int ownMargin = 2;
 
@@ -71,7 +71,7 @@ class LineEdit final : public QLineEdit, public ControlLink {
   }
 
   QRectF focusShape() const override { return rect(); }
-  double cornerRadius() const override { return radius; }
+  double cornerRadius() const override { return fieldRadius; }
   bool showsFocus() const override { return true; }
 
   void fontsChanged() override { setFont(theme_.font(kit::FontRole::body)); }
@@ -94,8 +94,8 @@ class LineEdit final : public QLineEdit, public ControlLink {
     {
       QPainter painter(this);
       painter.setRenderHint(QPainter::Antialiasing);
-      painter.setOpacity(isEnabled() ? 1 : dimmed);
-      drawRounded(painter, rect(), radius, theme_.palette().fieldFace, theme_.palette().controlBorder);
+      painter.setOpacity(isEnabled() ? 1 : fieldDimmed);
+      drawRounded(painter, rect(), fieldRadius, theme_.palette().fieldFace, theme_.palette().controlBorder);
     }
     QLineEdit::paintEvent(event);
   }

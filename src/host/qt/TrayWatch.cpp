@@ -12,9 +12,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
-const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString objectPath = QStringLiteral("/StatusNotifierWatcher");
-const QString interface = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+const QString watcherInterface = QStringLiteral("org.kde.StatusNotifierWatcher");
 
 bool saysThereIsNone(const QDBusError& error) {
   return error.type() == QDBusError::ServiceUnknown || error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
@@ -43,8 +43,8 @@ TrayWatch::Tray TrayWatch::tray() const {
 }
 
 void TrayWatch::announce(const QString& path) {
-  QDBusMessage message =
-      QDBusMessage::createMethodCall(service, objectPath, interface, QStringLiteral("RegisterStatusNotifierItem"));
+  QDBusMessage message = QDBusMessage::createMethodCall(watcherService, watcherPath, watcherInterface,
+                                                        QStringLiteral("RegisterStatusNotifierItem"));
   message.setArguments({path});
   message.setAutoStartService(false);
   if (const auto bus = sessionBus()) {
@@ -58,11 +58,11 @@ void TrayWatch::listen() {
     tell(Answer::noWatcher);
     return;
   }
-  auto* owners = new QDBusServiceWatcher(service, *bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+  auto* owners = new QDBusServiceWatcher(watcherService, *bus, QDBusServiceWatcher::WatchForOwnerChange, this);
   connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, [this]() noexcept { ask(); });
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    bus->connect(QString(), objectPath, interface, QString::fromLatin1(signal), this, SLOT(ask()));
+    bus->connect(QString(), watcherPath, watcherInterface, QString::fromLatin1(signal), this, SLOT(ask()));
   }
   ask();
 }
@@ -74,8 +74,8 @@ void TrayWatch::ask() {
     return;
   }
   QDBusMessage message = QDBusMessage::createMethodCall(
-      service, objectPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  message.setArguments({interface, QStringLiteral("IsStatusNotifierHostRegistered")});
+      watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  message.setArguments({watcherInterface, QStringLiteral("IsStatusNotifierHostRegistered")});
   message.setAutoStartService(false);
   auto* answer = new QDBusPendingCallWatcher(bus->asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) noexcept {

@@ -17,16 +17,16 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr Qt::WindowFlags panelFlags =
+constexpr Qt::WindowFlags updatePanelFlags =
     Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 constexpr int panelWidth = 500;
-constexpr int margin = 20;
-constexpr int iconSide = 56;
+constexpr int panelMargin = 20;
+constexpr int panelIconSide = 56;
 constexpr int besideIcon = 16;
 constexpr int belowHeading = 5;
 constexpr int betweenParts = 14;
 constexpr int betweenButtons = 8 - 2 * panelRing;
-constexpr int textWidth = panelWidth - 2 * margin - iconSide - besideIcon;
+constexpr int textWidth = panelWidth - 2 * panelMargin - panelIconSide - besideIcon;
 constexpr int headingGrowth = 2;  // Pixels.
 
 QLabel* makeText(const std::string& text, const QFont& font, QWidget* parent) {
@@ -49,7 +49,7 @@ QFont headingFont(const Theme& theme) {
 
 }  // namespace
 
-UpdatePanel::UpdatePanel(const Theme& theme) : QWidget(nullptr, panelFlags), theme_(theme) {
+UpdatePanel::UpdatePanel(const Theme& theme) : QWidget(nullptr, updatePanelFlags), theme_(theme) {
   setWindowTitle(QStringLiteral("Software Update"));
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
@@ -104,9 +104,9 @@ void UpdatePanel::closeEvent(QCloseEvent* event) {
 QWidget* UpdatePanel::makeContent(const UpdatePage& page) {
   auto* content = new QWidget(this);
   auto* columns = new QHBoxLayout(content);
-  columns->setContentsMargins(margin, margin, margin - panelRing, margin - panelRing);
+  columns->setContentsMargins(panelMargin, panelMargin, panelMargin - panelRing, panelMargin - panelRing);
   columns->setSpacing(besideIcon - panelRing);
-  columns->addWidget(new ApplicationPicture(iconSide, content), 0, Qt::AlignTop);
+  columns->addWidget(new ApplicationPicture(panelIconSide, content), 0, Qt::AlignTop);
   auto* parts = new QVBoxLayout;
   parts->setSpacing(betweenParts - panelRing);
   parts->addLayout(makeTexts(page, content));

@@ -69,6 +69,3 @@ void Appearance::take(const QVariant& value) {
 }
 
 }  // namespace tarnwell::standin
-
-// Compiled here, and not as a source of its own.
-#include "moc_Appearance.cpp"  // NOLINT(bugprone-suspicious-include)

@@ -14,7 +14,7 @@ namespace {
 constexpr QSize windowSize(360, 260);
 constexpr int titleHeight = 36;
 constexpr int buttonSize = 20;
-constexpr double radius = 10;
+constexpr double documentRadius = 10;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ DocumentWindow::DocumentWindow(Surface& surface, Content content, Actions action
   setFixedSize(windowSize);
   if (!surface.blends()) {
     QPainterPath path;
-    path.addRoundedRect(QRectF(rect()), radius, radius);
+    path.addRoundedRect(QRectF(rect()), documentRadius, documentRadius);
     setMask(QRegion(path.toFillPolygon().toPolygon()));
   }
 }
@@ -53,7 +53,7 @@ void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), look_.windowRim);
   }
   QPainterPath outline;
-  outline.addRoundedRect(QRectF(rect()), radius, radius);
+  outline.addRoundedRect(QRectF(rect()), documentRadius, documentRadius);
   painter.fillPath(outline, look_.paper);
   painter.setClipPath(outline);
   painter.fillRect(0, 0, width(), titleHeight, look_.titleBar);
@@ -71,7 +71,7 @@ void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
                 content_.variant, look_);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(look_.windowRim, 1));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), documentRadius - 0.5, documentRadius - 0.5);
   if (painted_ && isVisible()) {
     std::exchange(painted_, {})();
   }

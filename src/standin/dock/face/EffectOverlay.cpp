@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "standin/dock/face/Conversions.h"
+
 namespace tarnwell::standin {
 namespace {
 
@@ -22,13 +24,6 @@ Pixels pixelsOf(const QPixmap& pixmap) {
     std::memcpy(pixels.row(y + rim) + rim, image.constScanLine(y), static_cast<std::size_t>(image.bytesPerLine()));
   }
   return pixels;
-}
-
-Rectangle rectangleOf(const QRect& rect) {
-  return {.x = static_cast<double>(rect.x()),
-          .y = static_cast<double>(rect.y()),
-          .width = static_cast<double>(rect.width()),
-          .height = static_cast<double>(rect.height())};
 }
 
 bool isSolid(std::uint32_t color) { return color >> 24U >= 128; }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "standin/dock/face/Blur.h"
+#include "standin/dock/face/Conversions.h"
 #include "standin/dock/model/Easing.h"
 #include "standin/dock/model/SpreadLayout.h"
 
@@ -15,13 +16,6 @@ namespace {
 
 constexpr double secondsToSpread = 0.24;
 constexpr int titleRoom = 34;
-
-Rectangle rectangleOf(const QRect& rect) {
-  return {.x = static_cast<double>(rect.x()),
-          .y = static_cast<double>(rect.y()),
-          .width = static_cast<double>(rect.width()),
-          .height = static_cast<double>(rect.height())};
-}
 
 // What was on the screen, out of focus and darker, so that the windows that stand there do not show twice.
 QPixmap dimmed(const QPixmap& picture) {
