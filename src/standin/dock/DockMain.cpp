@@ -39,7 +39,7 @@ by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless se
   --help        this text
 )";
 
-// Whoever started us may have ignored or blocked it, and then killall would have no effect.
+// Whoever started us may have ignored it, and then killall would have no effect. The supervisor has blocked it.
 void letTerminationThrough() {
   (void)std::signal(SIGTERM, SIG_DFL);
   sigset_t termination;
@@ -85,8 +85,8 @@ int run(Mode mode) {
   if (mode == Mode::list) {
     return printOut(listText(dockBehavior(stored))) ? 0 : 1;
   }
-  letTerminationThrough();
   logSettings(*root, stored);
+  letTerminationThrough();
   if (mode == Mode::face && mayHaveDisplay()) {
     becomeFace();
   }

@@ -37,9 +37,11 @@ void restoreSignals() {
   }
   (void)std::signal(SIGPIPE, SIG_DFL);
   (void)std::signal(SIGXFSZ, SIG_DFL);
-  sigset_t none;
-  ::sigemptyset(&none);
-  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+  // The Dock lets it through once it has spoken, so that no kill comes before the line in its log.
+  sigset_t held;
+  ::sigemptyset(&held);
+  ::sigaddset(&held, SIGTERM);
+  ::sigprocmask(SIG_SETMASK, &held, nullptr);
 }
 
 [[noreturn]] void become(const std::vector<std::string>& command, pid_t supervisor) {

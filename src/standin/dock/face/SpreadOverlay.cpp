@@ -3,6 +3,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
 #include <algorithm>
 #include <utility>
 
@@ -156,6 +157,15 @@ void SpreadOverlay::mouseMoveEvent(QMouseEvent* event) {
 void SpreadOverlay::mouseReleaseEvent(QMouseEvent* event) {
   choice_ = windowAt(event->position());
   close();
+}
+
+// The dock may have hidden meanwhile; scrolling again is meant for it all the same.
+void SpreadOverlay::wheelEvent(QWheelEvent* event) {
+  // What follows the opening sooner belongs to the same movement of the hand.
+  constexpr std::chrono::milliseconds pause{250};
+  if (event->angleDelta().y() > 0 && std::chrono::steady_clock::now() - began_ >= pause) {
+    close();
+  }
 }
 
 void SpreadOverlay::keyPressEvent(QKeyEvent* event) {
