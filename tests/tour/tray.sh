@@ -1,6 +1,6 @@
 # A tray of the older kind in a corner of the stage. Sourced, not run, after stage.sh.
 #
-# shellcheck shell=sh
+# shellcheck shell=sh disable=SC2154
 
 open_tray() { start trayer --edge top --align right --widthtype request --height 24; }
 
