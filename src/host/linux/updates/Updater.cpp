@@ -62,7 +62,10 @@ void Updater::takePermission(UserDriver::Permission permission) {
   if (!std::exchange(asksForPermission_, false)) {
     return;
   }
-  setAutomaticallyDownloadsUpdates(permission.downloads);
+  // The question can only add downloads: the switch may have been turned before it came.
+  if (permission.downloads) {
+    setAutomaticallyDownloadsUpdates(true);
+  }
   setAutomaticallyChecksForUpdates(permission.checks);
 }
 

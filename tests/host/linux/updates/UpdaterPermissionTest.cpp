@@ -41,6 +41,17 @@ TEST(UpdaterPermission, turnsBothSwitchesAsItWasGiven) {
   }
 }
 
+TEST(UpdaterPermission, leavesDownloadsOnThatWereSwitchedOnBefore) {
+  for (const bool checks : {false, true}) {
+    UpdaterStage stage;
+    stage.launch().setAutomaticallyDownloadsUpdates(true);
+    stage.alarm.ring();
+    stage.driver.permit({.checks = checks, .downloads = false});
+    EXPECT_TRUE(stage.updater->automaticallyDownloadsUpdates());
+    EXPECT_EQ(stage.preferences.automaticChecks(), checks);
+  }
+}
+
 TEST(UpdaterPermission, isNotAskedForWhereTheSwitchWasTurned) {
   FirstLaunch stage;
   stage.launch().setAutomaticallyChecksForUpdates(false);
