@@ -81,16 +81,22 @@ int conditionsOf(std::uint32_t events) {
 
 CurlLoop::CurlLoop()
     : events_(required(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
-      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
-      multi_(newMulti()) {
-  curl_multi_setopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
-  curl_multi_setopt(multi_, CURLMOPT_SOCKETDATA, this);
-  curl_multi_setopt(multi_, CURLMOPT_TIMERFUNCTION, &CurlLoop::timerChanged);
-  curl_multi_setopt(multi_, CURLMOPT_TIMERDATA, this);
+      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {
   watch(timer_.number(), CURL_POLL_IN);
 }
 
 CurlLoop::~CurlLoop() { curl_multi_cleanup(multi_); }
+
+void CurlLoop::start() {
+  if (multi_ != nullptr) {
+    return;
+  }
+  multi_ = newMulti();
+  curl_multi_setopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
+  curl_multi_setopt(multi_, CURLMOPT_SOCKETDATA, this);
+  curl_multi_setopt(multi_, CURLMOPT_TIMERFUNCTION, &CurlLoop::timerChanged);
+  curl_multi_setopt(multi_, CURLMOPT_TIMERDATA, this);
+}
 
 void CurlLoop::dispatch() {
   // The bound keeps a fast connection from holding up the host's loop.

@@ -30,6 +30,8 @@ class CurlLoop {
   int descriptor() const { return events_.number(); }
   void dispatch();
 
+  /// Starts the library, which takes its time, at the first call; to be called before anything else of the library.
+  void start();
   /// Begins a transfer. `ended` is run once from `dispatch`, and never after `remove`.
   void add(CURL* handle, std::function<void(CURLcode)> ended);
   /// Ends a transfer, from wherever this is called; from inside the library as soon as that has returned.
@@ -47,7 +49,7 @@ class CurlLoop {
 
   core::Descriptor events_;
   core::Descriptor timer_;
-  CURLM* multi_;
+  CURLM* multi_ = nullptr;
   std::map<CURL*, std::function<void(CURLcode)>> ended_;
   std::vector<CurlHandle> removed_;
   bool isInside_ = false;

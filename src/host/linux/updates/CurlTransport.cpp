@@ -12,6 +12,7 @@ CurlTransport::CurlTransport(Settings settings) : settings_(std::move(settings))
 CurlTransport::~CurlTransport() = default;
 
 std::unique_ptr<Transport::Transfer> CurlTransport::get(const Request& request, Received received, Finished finished) {
+  loop_->start();
   return std::make_unique<CurlTransfer>(loop_, settings_, request, std::move(received), std::move(finished));
 }
 
