@@ -4,10 +4,12 @@
 
 #include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/damage.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -82,8 +84,8 @@ class Screen {
   Screen& operator=(const Screen&) = delete;
   ~Screen() { xcb_disconnect(connection_); }
 
-  /// Returns when the last part of the first paint reached the screen.
-  Clock::time_point waitForPaint() {
+  /// Returns when the last part of the first paint reached the screen. `process` is a descriptor of who paints.
+  Clock::time_point waitForPaint(int process) {
     Clock::time_point painted = {};
     do {
       while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)}) {
@@ -91,7 +93,7 @@ class Screen {
           painted = Clock::now();
         }
       }
-    } while (waitForEvent(painted == Clock::time_point() ? -1 : pauseMilliseconds));
+    } while (waitForEvent(process, painted == Clock::time_point() ? -1 : pauseMilliseconds));
     return painted;
   }
 
@@ -101,9 +103,14 @@ class Screen {
     xcb_flush(connection_);
   }
 
-  bool waitForEvent(int milliseconds) {
-    pollfd connection = {xcb_get_file_descriptor(connection_), POLLIN, 0};
-    return ::poll(&connection, 1, milliseconds) > 0;
+  bool waitForEvent(int process, int milliseconds) {
+    std::array<pollfd, 2> sources = {pollfd{xcb_get_file_descriptor(connection_), POLLIN, 0},
+                                     pollfd{process, POLLIN, 0}};
+    const bool isReady = ::poll(sources.data(), sources.size(), milliseconds) > 0;
+    if (sources.back().revents != 0) {
+      fail("the command ended before it had painted");
+    }
+    return isReady;
   }
 
   bool isPaint(const xcb_generic_event_t& event) {
@@ -131,7 +138,11 @@ int main(int argc, char** argv) {
   if (::posix_spawnp(&process, argv[1], nullptr, nullptr, argv + 1, environ) != 0) {
     fail("cannot start the command");
   }
-  const std::chrono::duration<double, std::milli> elapsed = screen.waitForPaint() - began;
+  const auto ended = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
+  if (ended < 0) {
+    fail("cannot watch the command");
+  }
+  const std::chrono::duration<double, std::milli> elapsed = screen.waitForPaint(ended) - began;
   std::printf("%.1f ms  %ld ms of processor time  %s at the most\n", elapsed.count(), processorMilliseconds(process),
               statusOf(process, "VmHWM").c_str());
   ::kill(process, SIGTERM);

@@ -1,32 +1,12 @@
 #include "host/linux/updates/CurlFailure.h"
 
-#include <memory>
+#include "host/linux/updates/WebAddress.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
 
-struct UrlEnd {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-
-struct TextEnd {
-  void operator()(char* text) const { curl_free(text); }
-};
-
-std::string part(const std::string& address, CURLUPart which) {
-  const std::unique_ptr<CURLU, UrlEnd> url(curl_url());
-  char* text = nullptr;
-  if (url == nullptr ||
-      curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK ||
-      curl_url_get(url.get(), which, &text, 0) != CURLUE_OK) {
-    return {};
-  }
-  const std::unique_ptr<char, TextEnd> owned(text);
-  return owned.get();
-}
-
 std::string serverOf(const std::string& address) {
-  const std::string host = part(address, CURLUPART_HOST);
+  const std::string host = hostIn(address);
   return host.empty() ? "the server" : "the server " + host;
 }
 
@@ -44,13 +24,12 @@ std::string reason(std::string_view detail) {
       detail.remove_prefix(start.size());
     }
   }
-  return detail.empty() ? "" : " (" + std::string(detail) + ")";
+  return " (" + std::string(detail) + ")";
 }
 
 std::string insecure(const std::string& address) {
-  const std::string scheme = part(address, CURLUPART_SCHEME);
-  const std::string what =
-      scheme == "https" ? beginning(serverOf(address)) + " redirects to an address that" : "The address " + address;
+  const std::string what = isSecureAddress(address) ? beginning(serverOf(address)) + " redirects to an address that"
+                                                    : "The address " + address;
   return what + " is not secure. Updates are fetched over HTTPS only.";
 }
 
@@ -86,7 +65,7 @@ std::string sentence(CURLcode code, const std::string& address, std::string_view
     case CURLE_GOT_NOTHING:
       return "The connection to " + serverOf(address) + " was lost.";
     default:
-      return server + " could not be asked: " + (detail.empty() ? curl_easy_strerror(code) : std::string(detail)) + ".";
+      return server + " could not be asked: " + std::string(detail) + ".";
   }
 }
 

@@ -13,6 +13,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <variant>
 
 #include "core/SystemFault.h"
 #include "diagnostics/Fault.h"
@@ -36,9 +37,9 @@ std::set<int> openDescriptors() {
 }
 
 // The library makes a pair of sockets for waking it up, and would leave it open in the programs that we start.
-CURLM* newClosedMulti() {
+CURLM* newClosedMulti(const CurlLibrary& curl) {
   const std::set<int> before = openDescriptors();
-  CURLM* multi = curl_multi_init();
+  CURLM* multi = curl.multiInit();
   for (const int number : openDescriptors()) {
     if (!before.contains(number)) {
       ::fcntl(number, F_SETFD, FD_CLOEXEC);
@@ -48,9 +49,9 @@ CURLM* newClosedMulti() {
 }
 
 // Once for the process; the library keeps nothing that is worth giving back at the end.
-CURLM* newMulti() {
-  static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
-  CURLM* multi = ready == CURLE_OK ? newClosedMulti() : nullptr;
+CURLM* newMulti(const CurlLibrary& curl) {
+  static const CURLcode ready = curl.globalInit(CURL_GLOBAL_DEFAULT);
+  CURLM* multi = ready == CURLE_OK ? newClosedMulti(curl) : nullptr;
   if (multi == nullptr) {
     diagnostics::fault("the network library does not start");
   }
@@ -79,23 +80,34 @@ int conditionsOf(std::uint32_t events) {
 
 }  // namespace
 
-CurlLoop::CurlLoop()
+CurlLoop::CurlLoop(std::string libraryName)
     : events_(required(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
-      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {
+      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
+      libraryName_(std::move(libraryName)) {
   watch(timer_.number(), CURL_POLL_IN);
 }
 
-CurlLoop::~CurlLoop() { curl_multi_cleanup(multi_); }
-
-void CurlLoop::start() {
+CurlLoop::~CurlLoop() {
   if (multi_ != nullptr) {
-    return;
+    library_.multiCleanup(multi_);
   }
-  multi_ = newMulti();
-  curl_multi_setopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
-  curl_multi_setopt(multi_, CURLMOPT_SOCKETDATA, this);
-  curl_multi_setopt(multi_, CURLMOPT_TIMERFUNCTION, &CurlLoop::timerChanged);
-  curl_multi_setopt(multi_, CURLMOPT_TIMERDATA, this);
+}
+
+std::optional<Failure> CurlLoop::start() {
+  if (multi_ != nullptr) {
+    return std::nullopt;
+  }
+  auto opened = CurlLibrary::open(libraryName_);
+  if (const auto* failure = std::get_if<Failure>(&opened)) {
+    return *failure;
+  }
+  library_ = std::get<CurlLibrary>(opened);
+  multi_ = newMulti(library_);
+  library_.multiSetopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
+  library_.multiSetopt(multi_, CURLMOPT_SOCKETDATA, this);
+  library_.multiSetopt(multi_, CURLMOPT_TIMERFUNCTION, &CurlLoop::timerChanged);
+  library_.multiSetopt(multi_, CURLMOPT_TIMERDATA, this);
+  return std::nullopt;
 }
 
 void CurlLoop::dispatch() {
@@ -114,11 +126,17 @@ void CurlLoop::dispatch() {
     }
   }
   tellEnded();
+  runLater();
+}
+
+void CurlLoop::later(std::function<void()> action) {
+  later_.push_back(std::move(action));
+  setTimer(0);
 }
 
 void CurlLoop::add(CURL* handle, std::function<void(CURLcode)> ended) {
   ended_.insert_or_assign(handle, std::move(ended));
-  if (curl_multi_add_handle(multi_, handle) != CURLM_OK) {
+  if (library_.multiAddHandle(multi_, handle) != CURLM_OK) {
     diagnostics::fault("the network library takes no transfer");
   }
 }
@@ -167,9 +185,12 @@ void CurlLoop::setTimer(long milliseconds) const {
 }
 
 void CurlLoop::act(curl_socket_t socket, int what) {
+  if (multi_ == nullptr) {
+    return;
+  }
   int running = 0;
   isInside_ = true;
-  curl_multi_socket_action(multi_, socket, what, &running);
+  library_.multiSocketAction(multi_, socket, what, &running);
   isInside_ = false;
   for (CurlHandle& handle : std::exchange(removed_, {})) {
     end(std::move(handle));
@@ -177,8 +198,11 @@ void CurlLoop::act(curl_socket_t socket, int what) {
 }
 
 void CurlLoop::tellEnded() {
+  if (multi_ == nullptr) {
+    return;
+  }
   int left = 0;
-  while (const CURLMsg* message = curl_multi_info_read(multi_, &left)) {
+  while (const CURLMsg* message = library_.multiInfoRead(multi_, &left)) {
     const auto found = ended_.find(message->easy_handle);
     if (message->msg == CURLMSG_DONE && found != ended_.end()) {
       const CURLcode code = message->data.result;
@@ -189,8 +213,14 @@ void CurlLoop::tellEnded() {
   }
 }
 
+void CurlLoop::runLater() {
+  for (const auto& action : std::exchange(later_, {})) {
+    action();
+  }
+}
+
 void CurlLoop::end(CurlHandle handle) {
-  curl_multi_remove_handle(multi_, handle.get());
+  library_.multiRemoveHandle(multi_, handle.get());
   handle.reset();
 }
 

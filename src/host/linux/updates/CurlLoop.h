@@ -1,28 +1,30 @@
 #pragma once
 
-#include <curl/curl.h>
-
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "core/Descriptor.h"
+#include "host/linux/updates/CurlLibrary.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// Keeps what the handle's callbacks use until the handle is gone.
 struct CurlHandleEnd {
+  decltype(CurlLibrary::easyCleanup) cleanup = nullptr;
   std::shared_ptr<void> used = {};
 
-  void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+  void operator()(CURL* handle) const { cleanup(handle); }
 };
 using CurlHandle = std::unique_ptr<CURL, CurlHandleEnd>;
 
 /// Drives the library's transfers from a host's event loop: all of its sockets and its timer behind one descriptor.
 class CurlLoop {
  public:
-  CurlLoop();
+  explicit CurlLoop(std::string libraryName);
   CurlLoop(const CurlLoop&) = delete;
   CurlLoop& operator=(const CurlLoop&) = delete;
   ~CurlLoop();
@@ -30,8 +32,12 @@ class CurlLoop {
   int descriptor() const { return events_.number(); }
   void dispatch();
 
-  /// Starts the library, which takes its time, at the first call; to be called before anything else of the library.
-  void start();
+  /// Opens the library and starts it, at the first call; to be called before anything else that has to do with it.
+  std::optional<Failure> start();
+  /// What `start` has opened.
+  const CurlLibrary& library() const { return library_; }
+  /// Runs `action` once from `dispatch`.
+  void later(std::function<void()> action);
   /// Begins a transfer. `ended` is run once from `dispatch`, and never after `remove`.
   void add(CURL* handle, std::function<void(CURLcode)> ended);
   /// Ends a transfer, from wherever this is called; from inside the library as soon as that has returned.
@@ -45,11 +51,15 @@ class CurlLoop {
   void setTimer(long milliseconds) const;
   void act(curl_socket_t socket, int what);
   void tellEnded();
+  void runLater();
   void end(CurlHandle handle);
 
   core::Descriptor events_;
   core::Descriptor timer_;
+  std::string libraryName_;
+  CurlLibrary library_ = {};
   CURLM* multi_ = nullptr;
+  std::vector<std::function<void()>> later_;
   std::map<CURL*, std::function<void(CURLcode)>> ended_;
   std::vector<CurlHandle> removed_;
   bool isInside_ = false;

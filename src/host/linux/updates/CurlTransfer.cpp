@@ -16,32 +16,12 @@ namespace {
 constexpr long mostRedirects = 5;
 constexpr long complete = 200;
 
-CURL* newHandle() {
-  CURL* handle = curl_easy_init();
+CURL* newHandle(const CurlLibrary& curl) {
+  CURL* handle = curl.easyInit();
   if (handle == nullptr) {
     diagnostics::fault("the network library has no handle left");
   }
   return handle;
-}
-
-// An option that the library does not know would be a limit that nobody keeps.
-template <class Value>
-void set(const CurlHandle& handle, CURLoption option, Value value) {
-  if (curl_easy_setopt(handle.get(), option, value) != CURLE_OK) {
-    diagnostics::fault("the network library does not take an option");
-  }
-}
-
-long statusOf(CURL* handle) {
-  long status = 0;
-  curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
-  return status;
-}
-
-std::string addressOf(CURL* handle, const std::string& asked) {
-  const char* last = nullptr;
-  curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &last);
-  return last == nullptr || *last == '\0' ? asked : last;
 }
 
 // The library's own sockets would be open in the programs that we start.
@@ -54,15 +34,33 @@ curl_socket_t openSocket(void* /*state*/, curlsocktype /*purpose*/, curl_sockadd
 struct CurlTransfer::State {
   Transport::Request request = {};
   Transport::Received received = {};
+  const CurlLibrary* curl = nullptr;
   CURL* handle = nullptr;
   std::uint64_t length = 0;
   bool isTooLong = false;
   bool isStopped = false;  // By `received`, or because the transfer was destroyed.
   std::array<char, CURL_ERROR_SIZE> error = {};
 
+  long status() const {
+    long status = 0;
+    curl->easyGetinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+    return status;
+  }
+
+  /// The last of those that the server redirected to.
+  std::string address() const {
+    const char* last = nullptr;
+    curl->easyGetinfo(handle, CURLINFO_EFFECTIVE_URL, &last);
+    return last == nullptr || *last == '\0' ? request.address : last;
+  }
+
+  std::string_view detail(CURLcode code) const {
+    return error.front() == '\0' ? curl->easyStrerror(code) : error.data();
+  }
+
   bool take(std::string_view bytes) {
     // What comes along with any other answer is not what was asked for.
-    if (isStopped || statusOf(handle) != complete) {
+    if (isStopped || status() != complete) {
       return false;
     }
     isTooLong = bytes.size() > request.maximumLength - length;
@@ -86,8 +84,9 @@ CurlTransfer::CurlTransfer(std::shared_ptr<CurlLoop> loop, const CurlTransport::
     : loop_(std::move(loop)), state_(std::make_shared<State>()), finished_(std::move(finished)) {
   state_->request = request;
   state_->received = std::move(received);
-  state_->handle = newHandle();
-  handle_ = CurlHandle(state_->handle, CurlHandleEnd{state_});
+  state_->curl = &loop_->library();
+  state_->handle = newHandle(*state_->curl);
+  handle_ = CurlHandle(state_->handle, CurlHandleEnd{state_->curl->easyCleanup, state_});
   restrict(settings);
   limit(settings);
   connect();
@@ -101,45 +100,53 @@ CurlTransfer::~CurlTransfer() {
   }
 }
 
-void CurlTransfer::restrict(const CurlTransport::Settings& settings) {
-  set(handle_, CURLOPT_PROTOCOLS_STR, "https");
-  set(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
-  set(handle_, CURLOPT_FOLLOWLOCATION, 1L);
-  set(handle_, CURLOPT_MAXREDIRS, mostRedirects);
-  set(handle_, CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2});
-  set(handle_, CURLOPT_SSL_VERIFYPEER, 1L);
-  set(handle_, CURLOPT_SSL_VERIFYHOST, 2L);
-  if (!settings.authorities.empty()) {
-    set(handle_, CURLOPT_CAINFO, settings.authorities.c_str());
-    set(handle_, CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+// An option that the library does not know would be a limit that nobody keeps.
+template <class Value>
+void CurlTransfer::set(CURLoption option, Value value) {
+  if (state_->curl->easySetopt(handle_.get(), option, value) != CURLE_OK) {
+    diagnostics::fault("the network library does not take an option");
   }
-  set(handle_, CURLOPT_DISALLOW_USERNAME_IN_URL, 1L);
-  set(handle_, CURLOPT_NETRC, long{CURL_NETRC_IGNORED});
-  set(handle_, CURLOPT_FAILONERROR, 1L);
+}
+
+void CurlTransfer::restrict(const CurlTransport::Settings& settings) {
+  set(CURLOPT_PROTOCOLS_STR, "https");
+  set(CURLOPT_REDIR_PROTOCOLS_STR, "https");
+  set(CURLOPT_FOLLOWLOCATION, 1L);
+  set(CURLOPT_MAXREDIRS, mostRedirects);
+  set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2});
+  set(CURLOPT_SSL_VERIFYPEER, 1L);
+  set(CURLOPT_SSL_VERIFYHOST, 2L);
+  if (!settings.authorities.empty()) {
+    set(CURLOPT_CAINFO, settings.authorities.c_str());
+    set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+  }
+  set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L);
+  set(CURLOPT_NETRC, long{CURL_NETRC_IGNORED});
+  set(CURLOPT_FAILONERROR, 1L);
   // Bytes as they lie on the server: a small file must not become a large one here.
-  set(handle_, CURLOPT_HTTP_CONTENT_DECODING, 0L);
-  set(handle_, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
-  set(handle_, CURLOPT_USERAGENT, settings.userAgent.c_str());
+  set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
+  set(CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+  set(CURLOPT_USERAGENT, settings.userAgent.c_str());
 }
 
 void CurlTransfer::limit(const CurlTransport::Settings& settings) {
   using std::chrono::milliseconds;
-  set(handle_, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(state_->request.maximumLength));
-  set(handle_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(milliseconds(settings.connectLimit).count()));
-  set(handle_, CURLOPT_LOW_SPEED_LIMIT, settings.leastSpeed);
-  set(handle_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(settings.stallLimit.count()));
-  set(handle_, CURLOPT_NOSIGNAL, 1L);
+  set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(state_->request.maximumLength));
+  set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(milliseconds(settings.connectLimit).count()));
+  set(CURLOPT_LOW_SPEED_LIMIT, settings.leastSpeed);
+  set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(settings.stallLimit.count()));
+  set(CURLOPT_NOSIGNAL, 1L);
   // To cancel while a name is being looked up does not wait for the answer.
-  set(handle_, CURLOPT_QUICK_EXIT, 1L);
-  set(handle_, CURLOPT_FORBID_REUSE, 1L);
+  set(CURLOPT_QUICK_EXIT, 1L);
+  set(CURLOPT_FORBID_REUSE, 1L);
 }
 
 void CurlTransfer::connect() {
-  set(handle_, CURLOPT_URL, state_->request.address.c_str());
-  set(handle_, CURLOPT_ERRORBUFFER, state_->error.data());
-  set(handle_, CURLOPT_WRITEFUNCTION, &State::bytesCame);
-  set(handle_, CURLOPT_WRITEDATA, static_cast<void*>(state_.get()));
-  set(handle_, CURLOPT_OPENSOCKETFUNCTION, &openSocket);
+  set(CURLOPT_URL, state_->request.address.c_str());
+  set(CURLOPT_ERRORBUFFER, state_->error.data());
+  set(CURLOPT_WRITEFUNCTION, &State::bytesCame);
+  set(CURLOPT_WRITEDATA, static_cast<void*>(state_.get()));
+  set(CURLOPT_OPENSOCKETFUNCTION, &openSocket);
 }
 
 void CurlTransfer::ended(CURLcode code) {
@@ -154,7 +161,7 @@ std::optional<Failure> CurlTransfer::outcome(CURLcode code) const {
   if (state_->isStopped) {
     return std::nullopt;
   }
-  const long status = statusOf(handle_.get());
+  const long status = state_->status();
   if (code == CURLE_OK && status == complete) {
     return std::nullopt;
   }
@@ -164,9 +171,8 @@ std::optional<Failure> CurlTransfer::outcome(CURLcode code) const {
     code = CURLE_HTTP_RETURNED_ERROR;
   }
   // Of a redirect that is refused, the one who redirects is to blame.
-  const std::string& asked = state_->request.address;
-  const std::string last = code == CURLE_UNSUPPORTED_PROTOCOL ? asked : addressOf(handle_.get(), asked);
-  return transferFailure(code, last, state_->error.data(), status);
+  const std::string blamed = code == CURLE_UNSUPPORTED_PROTOCOL ? state_->request.address : state_->address();
+  return transferFailure(code, blamed, state_->detail(code), status);
 }
 
 }  // namespace tarnwell::host_linux::updates

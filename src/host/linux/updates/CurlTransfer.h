@@ -1,7 +1,5 @@
 #pragma once
 
-#include <curl/curl.h>
-
 #include <memory>
 #include <optional>
 
@@ -22,6 +20,8 @@ class CurlTransfer final : public Transport::Transfer {
  private:
   struct State;
 
+  template <class Value>
+  void set(CURLoption option, Value value);
   void restrict(const CurlTransport::Settings& settings);
   void limit(const CurlTransport::Settings& settings);
   void connect();

@@ -6,13 +6,36 @@
 #include "host/linux/updates/CurlTransfer.h"
 
 namespace tarnwell::host_linux::updates {
+namespace {
 
-CurlTransport::CurlTransport(Settings settings) : settings_(std::move(settings)), loop_(std::make_shared<CurlLoop>()) {}
+/// One that cannot even begin.
+class FailedTransfer final : public Transport::Transfer {
+ public:
+  FailedTransfer(CurlLoop& loop, Failure failure, Transport::Finished finished)
+      : finished_(std::make_shared<Transport::Finished>(std::move(finished))) {
+    loop.later([failure = std::move(failure), waiting = std::weak_ptr(finished_)] {
+      // Only a transfer that still lives; it may end in the call.
+      if (const auto caller = waiting.lock()) {
+        (*caller)(failure);
+      }
+    });
+  }
+
+ private:
+  std::shared_ptr<Transport::Finished> finished_;
+};
+
+}  // namespace
+
+CurlTransport::CurlTransport(Settings settings)
+    : settings_(std::move(settings)), loop_(std::make_shared<CurlLoop>(settings_.library)) {}
 
 CurlTransport::~CurlTransport() = default;
 
 std::unique_ptr<Transport::Transfer> CurlTransport::get(const Request& request, Received received, Finished finished) {
-  loop_->start();
+  if (auto failure = loop_->start()) {
+    return std::make_unique<FailedTransfer>(*loop_, std::move(*failure), std::move(finished));
+  }
   return std::make_unique<CurlTransfer>(loop_, settings_, request, std::move(received), std::move(finished));
 }
 

@@ -16,6 +16,8 @@ class CurlLoop;
 class CurlTransport final : public Transport {
  public:
   struct Settings {
+    /// The network library, as the dynamic linker knows it. Where it cannot be opened every transfer fails.
+    std::string library = "libcurl.so.4";
     /// What the server is told of us, "Tarnwell/1.0".
     std::string userAgent = {};
     /// The authorities that certificates are verified with, in PEM; the system's where it is empty.

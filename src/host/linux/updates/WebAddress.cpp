@@ -28,12 +28,14 @@ bool isWebAddress(std::string_view address) {
   return !hostIn(address).empty() && std::all_of(address.begin(), address.end(), isPrintable);
 }
 
+bool isSecureAddress(std::string_view address) { return startsWith(address, "https://"); }
+
 std::string hostIn(std::string_view address) {
   std::string_view rest = withoutScheme(address);
   rest = rest.substr(0, rest.find_first_of("/?#"));
   rest = rest.substr(rest.find('@') + 1);  // From the start where there is none.
-  const bool isNumber = rest.starts_with('[');
-  return std::string(rest.substr(0, isNumber ? rest.find(']') : rest.find(':')));
+  const std::size_t number = rest.starts_with('[') ? rest.find(']') : std::string_view::npos;
+  return std::string(rest.substr(0, rest.find(':', number == std::string_view::npos ? 0 : number)));
 }
 
 }  // namespace tarnwell::host_linux::updates

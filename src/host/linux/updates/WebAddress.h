@@ -9,7 +9,10 @@ namespace tarnwell::host_linux::updates {
 /// a program or shows a file.
 bool isWebAddress(std::string_view address);
 
-/// The host in a web address, without its port; empty where there is none.
+/// Whether it is one that nobody on the way can read or change.
+bool isSecureAddress(std::string_view address);
+
+/// The host in a web address, without its port, a number in its brackets; empty where there is none.
 std::string hostIn(std::string_view address);
 
 }  // namespace tarnwell::host_linux::updates

@@ -41,6 +41,10 @@ class CurlTransportTest : public testing::Test {
     transport_ = makeTransport({.authorities = server.authority(), .stallLimit = std::chrono::seconds(1)});
   }
 
+  void useLibrary(const std::string& name) {
+    transport_ = makeTransport({.library = name, .authorities = server.authority()});
+  }
+
   /// What a host's loop does.
   bool becomes(const std::function<bool()>& condition) {
     return fixtures::waitFor([&] {
@@ -101,6 +105,29 @@ TEST_F(CurlTransportTest, fetchesAFile) {
 TEST_F(CurlTransportTest, nothingIsCalledBeforeGetReturns) {
   const auto transfer = begin("https://");
   EXPECT_FALSE(outcome.isFinished);
+  EXPECT_TRUE(becomes([this] { return outcome.isFinished; }));
+}
+
+TEST_F(CurlTransportTest, withoutTheNetworkLibraryATransferFailsInPlainWords) {
+  useLibrary("libtarnwell-none.so.4");
+  const std::string reason = refusal(server.address("/headers"));
+  EXPECT_TRUE(
+      reason.starts_with("Updates are fetched with the network library libtarnwell-none.so.4, which this "
+                         "system does not have: "))
+      << reason;
+  EXPECT_NE(refusal(server.address("/headers")), "");
+  EXPECT_EQ(server.requests(), "");
+}
+
+TEST_F(CurlTransportTest, aLibraryThatIsAnotherOneIsNotUsed) {
+  useLibrary("libdl.so.2");
+  EXPECT_NE(refusal(server.address("/headers")), "");
+}
+
+TEST_F(CurlTransportTest, aTransferThatCannotBeginIsCancelledLikeAnyOther) {
+  useLibrary("libtarnwell-none.so.4");
+  begin(server.address("/headers")).reset();
+  const auto second = begin(server.address("/headers"));
   EXPECT_TRUE(becomes([this] { return outcome.isFinished; }));
 }
 

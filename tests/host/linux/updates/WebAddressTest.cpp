@@ -26,7 +26,8 @@ TEST(WebAddress, namesAHost) {
   EXPECT_EQ(hostIn("https://tarnwell.example/feed.xml"), "tarnwell.example");
   EXPECT_EQ(hostIn("https://tarnwell.example:8443?x"), "tarnwell.example");
   EXPECT_EQ(hostIn("https://tarnwell.example@evil.invalid/"), "evil.invalid");
-  EXPECT_EQ(hostIn("https://[::1]:8443/"), "[::1");
+  EXPECT_EQ(hostIn("https://[::1]:8443/"), "[::1]");
+  EXPECT_EQ(hostIn("https://[::1"), "[");
   EXPECT_EQ(hostIn("tarnwell.example"), "");
 }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <curl/curl.h>
+
+#include <string>
+
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// The functions of the network library. It brings some thirty others along, a third of the program's start, so it is
+/// opened when something is to be fetched; the program does not link it. Once opened it stays.
+struct CurlLibrary {
+  decltype(&::curl_global_init) globalInit = nullptr;
+  decltype(&::curl_multi_init) multiInit = nullptr;
+  decltype(&::curl_multi_setopt) multiSetopt = nullptr;
+  decltype(&::curl_multi_add_handle) multiAddHandle = nullptr;
+  decltype(&::curl_multi_remove_handle) multiRemoveHandle = nullptr;
+  decltype(&::curl_multi_socket_action) multiSocketAction = nullptr;
+  decltype(&::curl_multi_info_read) multiInfoRead = nullptr;
+  decltype(&::curl_multi_cleanup) multiCleanup = nullptr;
+  decltype(&::curl_easy_init) easyInit = nullptr;
+  decltype(&::curl_easy_setopt) easySetopt = nullptr;
+  decltype(&::curl_easy_getinfo) easyGetinfo = nullptr;
+  decltype(&::curl_easy_strerror) easyStrerror = nullptr;
+  decltype(&::curl_easy_cleanup) easyCleanup = nullptr;
+
+  /// `name` is what the dynamic linker looks for. A failure is a sentence for people.
+  static Result<CurlLibrary> open(const std::string& name);
+};
+
+}  // namespace tarnwell::host_linux::updates
