@@ -46,10 +46,6 @@ view::EnvironmentValues makeEnvironment(host_qt::QtPlatform& platform, core::Com
       .with<view::OpenUrlKey>([&platform](const std::string& address) { platform.openUrl(address); });
 }
 
-std::shared_ptr<const kit::NumberFormat> numberFormatOfUser() {
-  return std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment());
-}
-
 /// What is settled before anything is shown.
 struct Start {
   host_linux::LaunchArguments launch = {};
@@ -57,13 +53,14 @@ struct Start {
   std::filesystem::path executable = {};
 };
 
-std::unique_ptr<kit::UpdaterController> makeUpdaterController(host_qt::QtApplication& desktop, const Start& start) {
+std::unique_ptr<kit::UpdaterController> makeUpdaterController(
+    host_qt::QtApplication& desktop, const Start& start, const std::shared_ptr<const kit::NumberFormat>& numberFormat) {
   return std::make_unique<host_qt::DesktopUpdater>(
       desktop.host().theme(),
       host_qt::DesktopUpdater::Settings{
           .source = host_linux::updates::updateSource(),
           .executable = start.executable,
-          .numberFormat = numberFormatOfUser(),
+          .numberFormat = numberFormat,
           .openUrl = [&desktop](const std::string& address) { desktop.openUrl(address); },
           .perform = [](kit::Action action) { kit::Application::shared()->turn().perform(std::move(action)); },
           .keyEquivalents = [](const kit::KeyEvent& key) { kit::Application::shared()->performKeyEquivalent(key); }});
@@ -75,12 +72,14 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
                                       .executable = start.executable,
                                       .argument = host_linux::LaunchArguments::launchedAtLogin});
   host_linux::JournalLog log("tarnwell");
+  const auto numberFormat =
+      std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment());
   host_qt::QtPlatform platform(
       desktop, {.systemVersion = start.version,
-                .numberFormat = numberFormatOfUser(),
+                .numberFormat = numberFormat,
                 .loginItem = &loginItem,
                 .log = &log,
-                .makeUpdaterController = [&] { return makeUpdaterController(desktop, start); },
+                .makeUpdaterController = [&] { return makeUpdaterController(desktop, start, numberFormat); },
                 .about = {.name = "Tarnwell", .version = TARNWELL_VERSION, .copyright = TARNWELL_COPYRIGHT},
                 .menuWindow = view::SceneRunner::settingsWindowIdentifier});
   core::ShellCommandRunner runner;

@@ -78,19 +78,18 @@ std::u32string codePoints(std::string_view text) {
 
 struct IcuNumberFormat::Locale {
   explicit Locale(const icu::Locale& locale)
-      : symbols(symbolsOf(locale)),
-        formatter(icu::number::NumberFormatter::withLocale(locale).roundingMode(UNUM_ROUND_HALFEVEN)) {}
+      : name(locale), formatter(icu::number::NumberFormatter::withLocale(locale).roundingMode(UNUM_ROUND_HALFEVEN)) {}
 
-  NumberSymbols symbols;
+  icu::Locale name;
   icu::number::LocalizedNumberFormatter formatter;
+  /// Nobody needs them before something is typed, and they take as long as all else here.
+  std::optional<NumberSymbols> symbols = {};
 };
 
 IcuNumberFormat::IcuNumberFormat(const std::string& locale)
-    : locale_(std::make_unique<const Locale>(localeOrPlain(locale))) {}
+    : locale_(std::make_unique<Locale>(localeOrPlain(locale))) {}
 
 IcuNumberFormat::~IcuNumberFormat() = default;
-
-IcuNumberFormat IcuNumberFormat::fromEnvironment() { return IcuNumberFormat(numberLocaleOfEnvironment()); }
 
 std::string IcuNumberFormat::text(double value, int mostFractionDigits) const {
   // ICU takes no more than this.
@@ -106,7 +105,10 @@ std::string IcuNumberFormat::text(double value, int mostFractionDigits) const {
 }
 
 std::optional<double> IcuNumberFormat::value(std::string_view text) const {
-  return typedNumber(codePoints(text), locale_->symbols);
+  if (!locale_->symbols) {
+    locale_->symbols = symbolsOf(locale_->name);
+  }
+  return typedNumber(codePoints(text), *locale_->symbols);
 }
 
 }  // namespace tarnwell::host_linux

@@ -17,9 +17,6 @@ class IcuNumberFormat : public kit::NumberFormat {
   explicit IcuNumberFormat(const std::string& locale);
   ~IcuNumberFormat() override;
 
-  /// In the locale that LC_ALL, LC_NUMERIC or LANG names, the first of them that is set; plain numbers for "C".
-  static IcuNumberFormat fromEnvironment();
-
   /// A negative digit count is none. NaN and the infinities have texts too, which value() refuses.
   std::string text(double value, int mostFractionDigits) const override;
 
@@ -28,7 +25,7 @@ class IcuNumberFormat : public kit::NumberFormat {
 
  private:
   struct Locale;
-  std::unique_ptr<const Locale> locale_;
+  std::unique_ptr<Locale> locale_;
 };
 
 }  // namespace tarnwell::host_linux

@@ -6,6 +6,7 @@
 
 #include "fixtures/CommaLocale.h"
 #include "fixtures/EnvironmentScope.h"
+#include "host/linux/NumberLocale.h"
 #include "kit/NumberFormatTable.h"
 
 namespace tarnwell::host_linux {
@@ -93,10 +94,10 @@ TEST(IcuNumberFormat, processLocaleAndLanguagePlayNoRole) {
 
 TEST(IcuNumberFormat, environmentChoosesTheLocale) {
   const EnvironmentScope all("LC_ALL", "de_DE.UTF-8");
-  const auto format = IcuNumberFormat::fromEnvironment();
+  const IcuNumberFormat format(numberLocaleOfEnvironment());
   const EnvironmentScope later("LC_ALL", "en_US.UTF-8");
   EXPECT_EQ(format.text(0.5, 2), "0,5");
-  EXPECT_EQ(IcuNumberFormat::fromEnvironment().text(0.5, 2), "0.5");
+  EXPECT_EQ(IcuNumberFormat(numberLocaleOfEnvironment()).text(0.5, 2), "0.5");
 }
 
 }  // namespace
