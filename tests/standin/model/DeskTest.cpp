@@ -105,6 +105,10 @@ TEST(DeskTest, itsTextBringsEverythingBack) {
   Desk desk;
   desk.activate(notebook, OthersOnActivation::stay);
   desk.minimize({notebook, 1});
+  desk.minimize({notebook, 0});
+  desk.activate(letters, OthersOnActivation::stay);
+  desk.minimize({letters, 0});
+  desk.minimize({notebook, 2});
   desk.move({notebook, 0}, {12.5, 700});
   desk.hide(files);
   desk.quit(4);
@@ -117,9 +121,9 @@ TEST(DeskTest, itsTextBringsEverythingBack) {
 
 TEST(DeskTest, aDamagedTextDoesNoHarm) {
   const std::string fresh = Desk().text();
-  for (const char* text :
-       {"", "\n\n", "nobody running shown", "files running shown open", "files running shown open x y",
-        "files running shown ajar 1 1 open 1 1", "files running shown open 1e99 1 open 1 1"}) {
+  for (const char* text : {"", "\n\n", "nobody running shown", "files running shown open",
+                           "files running shown open x y", "files running shown ajar 1 1 open 1 1", "order",
+                           "order files", "order files 0 nobody 7 files", "files running shown open 1e99 1 open 1 1"}) {
     Desk desk;
     desk.restoreFrom(text);
     EXPECT_EQ(desk.text(), fresh) << text;

@@ -17,6 +17,8 @@ DemoApplication makeApplication(const char* id, const char* name, Start start, s
 
 Document makeDocument(const char* title, Point place) { return {.title = title, .place = place}; }
 
+constexpr const char* orderWord = "order";  // starts the last line of the text
+
 constexpr const char* wordOf(DocumentState state) {
   switch (state) {
     case DocumentState::open:
@@ -144,6 +146,11 @@ std::string Desk::text() const {
     }
     text << '\n';
   }
+  text << orderWord;
+  for (const DocumentId id : minimized_) {
+    text << ' ' << applications_[id.application].id << ' ' << id.document;
+  }
+  text << '\n';
   return text.str();
 }
 
@@ -154,18 +161,28 @@ void Desk::restoreFrom(std::string_view text) {
   }
 }
 
+std::optional<std::size_t> Desk::applicationNamed(std::string_view id) const {
+  const auto found = std::ranges::find(applications_, id, &DemoApplication::id);
+  return found == applications_.end() ? std::nullopt
+                                      : std::optional(static_cast<std::size_t>(found - applications_.begin()));
+}
+
 void Desk::takeLine(const std::string& line) {
   std::istringstream words(line);
   words.imbue(std::locale::classic());
   std::string id;
+  words >> id;
+  if (id == orderWord) {
+    return takeOrder(words);
+  }
+  const auto application = applicationNamed(id);
   std::string running;
   std::string hidden;
-  words >> id >> running >> hidden;
-  const auto found = std::ranges::find(applications_, id, &DemoApplication::id);
-  if (found == applications_.end()) {
+  words >> running >> hidden;
+  if (!application) {
     return;
   }
-  DemoApplication read = *found;
+  DemoApplication read = applications_[*application];
   read.isRunning = running == "running";
   read.isHidden = read.isRunning && hidden == "hidden";
   for (Document& document : read.documents) {
@@ -173,12 +190,22 @@ void Desk::takeLine(const std::string& line) {
       return;
     }
   }
-  *found = read;
-  const auto application = static_cast<std::size_t>(found - applications_.begin());
-  std::erase_if(minimized_, [&](DocumentId each) { return each.application == application; });
+  applications_[*application] = read;
+  std::erase_if(minimized_, [&](DocumentId each) { return each.application == *application; });
   for (std::size_t i = 0; i < read.documents.size(); ++i) {
     if (read.documents[i].state == DocumentState::minimized) {
-      minimized_.push_back({application, i});
+      minimized_.push_back({*application, i});
+    }
+  }
+}
+
+// Each that is named goes to the end, so that those that are not come first.
+void Desk::takeOrder(std::istream& words) {
+  std::string id;
+  for (std::size_t document = 0; words >> id >> document;) {
+    const DocumentId named{applicationNamed(id).value_or(applications_.size()), document};
+    if (std::erase(minimized_, named) > 0) {
+      minimized_.push_back(named);
     }
   }
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,7 +65,7 @@ class Desk {
   void close(DocumentId id);
   void move(DocumentId id, Point place);
 
-  /// Everything that can change, one line for each application.
+  /// Everything that can change: one line for each application, and one for the order of what is minimized.
   std::string text() const;
   /// Takes such a text over; lines that are none of it are passed over.
   void restoreFrom(std::string_view text);
@@ -72,6 +74,8 @@ class Desk {
   Document& changeable(DocumentId id);
   void openSomething(std::size_t application);
   void takeLine(const std::string& line);
+  void takeOrder(std::istream& words);
+  std::optional<std::size_t> applicationNamed(std::string_view id) const;
 
   std::vector<DemoApplication> applications_;
   std::vector<DocumentId> minimized_;
