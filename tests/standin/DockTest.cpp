@@ -6,6 +6,7 @@
 
 #include "fixtures/WaitFor.h"
 #include "standin/MacSystem.h"
+#include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 
 namespace tarnwell::standin {
@@ -116,6 +117,31 @@ TEST(DockTest, goesByTheDefaultWhereATypeIsWrongOrTheStoreIsDamaged) {
   EXPECT_EQ(list(system), defaults);
   system.store("garbage");
   EXPECT_EQ(list(system), defaults);
+}
+
+TEST(DockTest, listsHowLongItReallyTakes) {
+  const MacSystem system;
+  for (const auto& [stored, effective] :
+       {std::pair{"-1", "0"}, {"-0", "0"}, {"inf", "0"}, {"nan", "0"}, {"7200", "3600"}}) {
+    system.store(std::string("<plist version=\"1.0\"><dict><key>autohide-delay</key><real>") + stored +
+                 "</real></dict></plist>");
+    EXPECT_THAT(list(system), HasSubstr(std::string("autohide-delay ") + effective + "\n")) << stored;
+  }
+}
+
+TEST(DockTest, goesByWhatItHasListed) {
+  const DockBehavior unusual{.autohideDelay = 0.7,
+                             .autohideTimeModifier = 0,
+                             .scrollToOpen = true,
+                             .minimizeEffect = MinimizeEffect::suck,
+                             .showHidden = true,
+                             .staticOnly = true,
+                             .singleApp = true};
+  EXPECT_EQ(listedBehavior(listText(unusual)), unusual);
+  EXPECT_EQ(listedBehavior(listText({})), DockBehavior());
+  for (const char* text : {"", "autohide-delay", "autohide-delay \n", "autohide-delay x\nmineffect \n"}) {
+    EXPECT_EQ(listedBehavior(text), DockBehavior()) << text;
+  }
 }
 
 TEST(DockTest, anUnknownEffectIsTheGenie) {

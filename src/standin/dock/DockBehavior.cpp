@@ -1,7 +1,9 @@
 #include "standin/dock/DockBehavior.h"
 
+#include <charconv>
 #include <cstdint>
 
+#include "standin/dock/model/Reveal.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
@@ -18,6 +20,7 @@ plist_t nodeOf(const StoredPreferences& stored, const char* key, plist_type type
 void read(const StoredPreferences& stored, const char* key, double& value) {
   if (plist_t node = nodeOf(stored, key, PLIST_REAL)) {
     plist_get_real_val(node, &value);
+    value = Reveal::usable(Reveal::Seconds(value)).count();
   }
 }
 
@@ -51,6 +54,16 @@ std::string textOf(double value) { return realText(value); }
 std::string textOf(bool value) { return value ? "1" : "0"; }
 std::string textOf(MinimizeEffect value) { return std::string(effectName(value)); }
 
+void take(std::string_view text, double& value) {
+  double found = 0;
+  if (std::from_chars(text.data(), text.data() + text.size(), found).ec == std::errc()) {
+    value = found;
+  }
+}
+
+void take(std::string_view text, bool& value) { value = text == textOf(true); }
+void take(std::string_view text, MinimizeEffect& value) { value = effectNamed(text); }
+
 }  // namespace
 
 DockBehavior dockBehavior(const StoredPreferences& stored) {
@@ -63,6 +76,18 @@ std::string listText(const DockBehavior& behavior) {
   std::string text;
   visit(behavior, [&](const char* key, const auto& value) { text += std::string(key) + " " + textOf(value) + "\n"; });
   return text;
+}
+
+DockBehavior listedBehavior(std::string_view text) {
+  DockBehavior behavior;
+  visit(behavior, [&](const std::string& key, auto& value) {
+    const std::size_t begin = text.find(key + " ");
+    if (begin != std::string_view::npos) {
+      const std::string_view rest = text.substr(begin + key.size() + 1);
+      take(rest.substr(0, rest.find('\n')), value);
+    }
+  });
+  return behavior;
 }
 
 }  // namespace tarnwell::standin

@@ -64,11 +64,12 @@ bool mayHaveDisplay() {
   });
 }
 
-// Returns only when there is no face.
-void becomeFace() {
+// Hands over what was read and logged, since the preferences may have changed meanwhile. Returns only when there is no
+// face.
+void becomeFace(std::string behavior) {
   const std::string path = ownFolder() + "/face/Dock";
   std::string name = "Dock";
-  std::array<char*, 2> arguments = {name.data(), nullptr};
+  std::array<char*, 3> arguments = {name.data(), behavior.data(), nullptr};
   ::execv(path.c_str(), arguments.data());
   printError("Dock: cannot start " + path + ": " + std::strerror(errno) + "\n");  // NOLINT(concurrency-mt-unsafe)
 }
@@ -88,7 +89,7 @@ int run(Mode mode) {
   logSettings(*root, stored);
   letTerminationThrough();
   if (mode == Mode::face && mayHaveDisplay()) {
-    becomeFace();
+    becomeFace(listText(dockBehavior(stored)));
   }
   for (;;) {
     ::pause();

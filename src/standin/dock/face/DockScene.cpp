@@ -35,8 +35,8 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, std::string
       surface_(surface),
       file_(std::move(deskPath)),
       effect_(surface),
-      spread_(surface),
-      dock_(surface, icons_, makeReveal(behavior),
+      spread_(surface, scrolling_),
+      dock_(surface, icons_, makeReveal(behavior), scrolling_,
             {.click = [this](std::size_t item) { click(item); },
              .menu = [this](std::size_t item, QPoint place) { openMenu(item, place); },
              .scrollUp = [this](std::size_t item) { scrollUp(item); }}),
@@ -253,11 +253,12 @@ void DockScene::spread(std::size_t application) {
       ids.push_back(id);
     }
   }
+  const QPixmap behind = spread_.isVisible() ? spread_.behind() : dock_.pictureWithout();
   dock_.hold();
-  spread_.open(std::move(windows), dock_.pictureWithout(), [this, ids](std::optional<std::size_t> chosen) {
+  spread_.open(std::move(windows), behind, [this, ids](std::optional<std::size_t> chosen) {
     dock_.uncover();
     dock_.release();
-    if (chosen) {
+    if (chosen && desk_.isVisible(ids[*chosen])) {
       window(ids[*chosen]).raise();
       window(ids[*chosen]).activateWindow();
     }
@@ -266,7 +267,7 @@ void DockScene::spread(std::size_t application) {
 }
 
 void DockScene::minimize(DocumentId id, DocumentWindow::Pace pace) {
-  if (travelling_) {
+  if (travelling_ || spread_.isVisible() || !desk_.isVisible(id)) {
     return;
   }
   DocumentWindow& shown = window(id);
@@ -304,13 +305,21 @@ void DockScene::restore(DocumentId id) {
                  .icon = icon,
                  .direction = EffectOverlay::Direction::outOfDock,
                  .duration = durationOf(isSlow ? DocumentWindow::Pace::slow : DocumentWindow::Pace::usual)},
-                [this, &shown] {
-                  // The picture stays until the window itself is there.
-                  shown.onPainted([this] { effect_.hide(); });
-                  arrive();
-                  shown.raise();
-                  shown.activateWindow();
-                });
+                [this, id] { comeBack(id); });
+}
+
+void DockScene::comeBack(DocumentId id) {
+  if (!desk_.isVisible(id)) {
+    // Its application was hidden or quit meanwhile.
+    arrive();
+    return effect_.hide();
+  }
+  // The picture stays until the window itself is there.
+  DocumentWindow& shown = window(id);
+  shown.onPainted([this] { effect_.hide(); });
+  arrive();
+  shown.raise();
+  shown.activateWindow();
 }
 
 void DockScene::arrive() {

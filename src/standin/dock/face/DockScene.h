@@ -19,6 +19,7 @@
 #include "standin/dock/face/SpreadOverlay.h"
 #include "standin/dock/face/Surface.h"
 #include "standin/dock/model/Desk.h"
+#include "standin/dock/model/ScrollGesture.h"
 
 namespace tarnwell::standin {
 
@@ -57,6 +58,7 @@ class DockScene {
   void minimize(DocumentId id, DocumentWindow::Pace pace);
   void restore(DocumentId id);
   std::optional<std::size_t> itemOf(DocumentId id) const;
+  void comeBack(DocumentId id);
   void arrive();
 
   DockBehavior behavior_;
@@ -68,6 +70,7 @@ class DockScene {
   std::vector<Meaning> meanings_;
   std::map<WindowKey, std::unique_ptr<DocumentWindow>> windows_;
   std::optional<DocumentId> travelling_;  // on its way into the dock or out of it
+  ScrollGesture scrolling_;
   EffectOverlay effect_;
   SpreadOverlay spread_;
   DockWidget dock_;

@@ -26,10 +26,13 @@ std::vector<SlotKind> kindsOf(const std::vector<DockItem>& items) {
 
 }  // namespace
 
-DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Actions actions)
-    : surface_(surface), painter_(icons, look_), actions_(std::move(actions)), reveal_(reveal), frames_([this] {
-        return frame();
-      }) {
+DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions)
+    : surface_(surface),
+      painter_(icons, look_),
+      actions_(std::move(actions)),
+      reveal_(reveal),
+      frames_([this] { return frame(); }),
+      scrolling_(scrolling) {
   setWindowTitle(QStringLiteral("Dock"));
   setMouseTracking(true);
   deadline_.setSingleShot(true);
@@ -230,29 +233,25 @@ void DockWidget::mouseMoveEvent(QMouseEvent* event) {
   wakeUp();
 }
 
+void DockWidget::mousePressEvent(QMouseEvent* event) { pressed_ = layout_.slotAt(event->position().x()); }
+
+// Who has pressed one item and moved to another has thought better of it.
 void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
-  const auto slot = layout_.slotAt(event->position().x());
-  if (!slot) {
+  const auto pressed = std::exchange(pressed_, std::nullopt);
+  if (!pressed || layout_.slotAt(event->position().x()) != pressed) {
     return;
   }
   if (event->button() == Qt::LeftButton) {
-    actions_.click(*slot);
+    actions_.click(*pressed);
   } else if (event->button() == Qt::RightButton) {
-    actions_.menu(*slot, event->globalPosition().toPoint());
+    actions_.menu(*pressed, event->globalPosition().toPoint());
   }
 }
 
 void DockWidget::wheelEvent(QWheelEvent* event) {
-  constexpr unsigned long pause = 250;  // what follows sooner belongs to the same movement of the hand
-  constexpr int notch = 120;
-  if (event->timestamp() - lastScroll_ < pause) {
-    return;
-  }
-  scrolled_ = std::max(scrolled_ + event->angleDelta().y(), 0);
+  const bool acts = scrolling_.step(event->angleDelta().y(), event->timestamp());
   const auto slot = layout_.slotAt(event->position().x());
-  if (slot && scrolled_ >= notch) {
-    scrolled_ = 0;
-    lastScroll_ = event->timestamp();
+  if (slot && acts) {
     actions_.scrollUp(*slot);
   }
 }

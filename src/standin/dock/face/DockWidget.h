@@ -12,6 +12,7 @@
 #include "standin/dock/face/ShelfPainter.h"
 #include "standin/dock/face/Surface.h"
 #include "standin/dock/model/Reveal.h"
+#include "standin/dock/model/ScrollGesture.h"
 #include "standin/dock/model/ShelfLayout.h"
 
 namespace tarnwell::standin {
@@ -27,7 +28,7 @@ class DockWidget final : public QWidget {
     std::function<void(std::size_t item)> scrollUp;
   };
 
-  DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Actions actions);
+  DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions);
 
   void setItems(std::vector<DockItem> items);
   void setScheme(Scheme scheme);
@@ -57,6 +58,7 @@ class DockWidget final : public QWidget {
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -89,8 +91,8 @@ class DockWidget final : public QWidget {
   QRegion outline_;
   Frames frames_;
   QTimer deadline_;
-  unsigned long lastScroll_ = 0;  // when the last one was told, in milliseconds of the event's clock
-  int scrolled_ = 0;
+  std::optional<std::size_t> pressed_;
+  ScrollGesture& scrolling_;
 };
 
 }  // namespace tarnwell::standin

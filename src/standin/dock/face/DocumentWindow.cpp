@@ -110,6 +110,9 @@ DocumentWindow::Part DocumentWindow::partAt(QPoint place) {
 
 void DocumentWindow::mousePressEvent(QMouseEvent* event) {
   raise();
+  if (event->button() != Qt::LeftButton) {
+    return;
+  }
   pressed_ = partAt(event->pos());
   grip_ = event->globalPosition().toPoint() - pos();
 }
@@ -124,6 +127,9 @@ void DocumentWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void DocumentWindow::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) {
+    return;
+  }
   const std::optional<Part> pressed = std::exchange(pressed_, std::nullopt);
   if (pressed == Part::titleBar) {
     actions_.moved();

@@ -6,10 +6,8 @@
 
 namespace tarnwell::standin {
 
-/// Whether there is a display that can be reached.
-bool hasDisplay();
-
-/// Shows the dock until the process ends. What becomes of its demonstration applications is kept in `deskPath`.
+/// Shows the dock until the process ends; nothing, but as long, where no display can be reached. What becomes of its
+/// demonstration applications is kept in `deskPath`.
 int showFace(int& argc, char** argv, const DockBehavior& behavior, const std::string& deskPath);
 
 }  // namespace tarnwell::standin

@@ -44,7 +44,9 @@ std::optional<QRectF> labelOf(const ShelfPainter::Frame& frame) {
   const QRectF square = squareOf(frame, frame.layout.placed(frame.attention)[*frame.labelled]);
   const double width = std::ceil(QFontMetricsF(labelFont()).horizontalAdvance(frame.items[*frame.labelled].label));
   const double wide = width + 2 * labelMargin;
-  const double left = std::clamp(square.center().x() - wide / 2, 4.0, frame.canvas.width() - wide - 4);
+  constexpr double margin = 4;
+  const double farthest = std::max(frame.canvas.width() - wide - margin, margin);
+  const double left = std::clamp(square.center().x() - wide / 2, margin, farthest);
   // Above what an icon that has fully grown reaches, so that it does not bob while the pointer moves.
   const double top = frame.canvas.height() - frame.layout.iconBottom() -
                      frame.layout.iconSize() * (1 + ShelfLayout::growth) - labelGap - labelHeight;

@@ -1,6 +1,5 @@
 #include "standin/dock/face/SpreadOverlay.h"
 
-#include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
@@ -28,15 +27,18 @@ QPixmap dimmed(const QPixmap& picture) {
 
 }  // namespace
 
-SpreadOverlay::SpreadOverlay(Surface& surface) : surface_(surface), frames_([this] { return frame(); }) {
+SpreadOverlay::SpreadOverlay(Surface& surface, ScrollGesture& scrolling)
+    : surface_(surface), scrolling_(scrolling), frames_([this] { return frame(); }) {
   setWindowTitle(QStringLiteral("Windows"));
   setMouseTracking(true);
   surface_.adopt(*this, Surface::Role::overlay);
+  surface_.onEscape([this] { close(); });
 }
 
 void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
                          std::function<void(std::optional<std::size_t>)> chosen) {
   constexpr int roomForDock = 110;
+  tellChoice();
   windows_ = std::move(windows);
   chosen_ = std::move(chosen);
   choice_.reset();
@@ -48,19 +50,19 @@ void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
     places.back().height += titleRoom;
   }
   spread_ = spreadOut(places, rectangleOf(geometry().adjusted(0, 0, 0, -roomForDock)));
+  behind_ = behind;
   backdrop_ = dimmed(behind);
   from_ = 0;
   turn(true);
   show();
   raise();
   surface_.raiseDock();
-  // Nothing here may take the focus from another program's window, but Escape must come here.
-  grabKeyboard();
+  surface_.watchEscape(true);
 }
 
 void SpreadOverlay::close() {
   if (isOpening_) {
-    releaseKeyboard();
+    surface_.watchEscape(false);
     from_ = share();
     turn(false);
   }
@@ -97,8 +99,15 @@ Frames::Next SpreadOverlay::frame() {
 void SpreadOverlay::finish() {
   hide();
   windows_.clear();
+  behind_ = QPixmap();
   backdrop_ = QPixmap();
-  std::exchange(chosen_, {})(choice_);
+  tellChoice();
+}
+
+void SpreadOverlay::tellChoice() {
+  if (const auto chosen = std::exchange(chosen_, {})) {
+    chosen(choice_);
+  }
 }
 
 QRectF SpreadOverlay::placeOf(std::size_t window) const {
@@ -154,22 +163,19 @@ void SpreadOverlay::mouseMoveEvent(QMouseEvent* event) {
   }
 }
 
+void SpreadOverlay::mousePressEvent(QMouseEvent* event) { isPressed_ = event->button() == Qt::LeftButton; }
+
 void SpreadOverlay::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !std::exchange(isPressed_, false)) {
+    return;
+  }
   choice_ = windowAt(event->position());
   close();
 }
 
 // The dock may have hidden meanwhile; scrolling again is meant for it all the same.
 void SpreadOverlay::wheelEvent(QWheelEvent* event) {
-  // What follows the opening sooner belongs to the same movement of the hand.
-  constexpr std::chrono::milliseconds pause{250};
-  if (event->angleDelta().y() > 0 && std::chrono::steady_clock::now() - began_ >= pause) {
-    close();
-  }
-}
-
-void SpreadOverlay::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
+  if (scrolling_.step(event->angleDelta().y(), event->timestamp())) {
     close();
   }
 }

@@ -48,8 +48,14 @@ class Surface {
 
   virtual void setScheme(Scheme scheme) = 0;
 
+  /// Whether onEscape() hears of the key, whoever has the focus: nothing here may take it from another program's
+  /// window. Another program may have asked for the key before; then nothing is heard.
+  virtual void watchEscape(bool isWatched) = 0;
+
   /// Called with whether the pointer is at the lower edge.
   void onEdge(std::function<void(bool)> changed) { edgeChanged_ = std::move(changed); }
+
+  void onEscape(std::function<void()> pressed) { escapePressed_ = std::move(pressed); }
 
   /// Called when the area has changed.
   void onArea(std::function<void()> changed) { areaChanged_ = std::move(changed); }
@@ -57,10 +63,12 @@ class Surface {
  protected:
   void tellEdge(bool isThere) const { edgeChanged_(isThere); }
   void tellArea() const { areaChanged_(); }
+  void tellEscape() const { escapePressed_(); }
 
  private:
   std::function<void(bool)> edgeChanged_ = [](bool) {};
   std::function<void()> areaChanged_ = [] {};
+  std::function<void()> escapePressed_ = [] {};
 };
 
 }  // namespace tarnwell::standin

@@ -1,5 +1,7 @@
 #include "standin/dock/face/WindowSurface.h"
 
+#include <QtGui/QCloseEvent>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QLinearGradient>
 #include <QtGui/QPainter>
 #include <algorithm>
@@ -26,8 +28,10 @@ class WindowSurface::EdgeStrip : public QWidget {
 
 WindowSurface::WindowSurface() : edge_(new EdgeStrip(*this, [this](bool isThere) { tellEdge(isThere); })) {
   constexpr QSize size(1000, 640);
+  constexpr QSize least(480, 360);
   setWindowTitle(QStringLiteral("Dock"));
   setAttribute(Qt::WA_ShowWithoutActivating);
+  setMinimumSize(least);
   resize(size);
   placeEdge();
   QWidget::show();
@@ -78,6 +82,20 @@ void WindowSurface::paintEvent(QPaintEvent* /*event*/) {
 void WindowSurface::resizeEvent(QResizeEvent* /*event*/) {
   placeEdge();
   tellArea();
+}
+
+void WindowSurface::keyPressEvent(QKeyEvent* event) {
+  if (isEscapeWatched_ && event->key() == Qt::Key_Escape) {
+    tellEscape();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+// A dock is never closed, and nothing would bring it back.
+void WindowSurface::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  showMinimized();
 }
 
 void WindowSurface::placeEdge() {

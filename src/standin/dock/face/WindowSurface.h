@@ -21,17 +21,21 @@ class WindowSurface final : public Surface, private QWidget {
   void raiseDock() override;
   void setEdgeHeight(int points) override;
   void setScheme(Scheme scheme) override;
+  void watchEscape(bool isWatched) override { isEscapeWatched_ = isWatched; }
 
  private:
   class EdgeStrip;
 
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
   void placeEdge();
 
   Look look_ = Look::of(Scheme::light);
   EdgeStrip* edge_;
   int edgeHeight_ = 1;
+  bool isEscapeWatched_ = false;
   QPointer<QWidget> dock_;
 };
 

@@ -41,6 +41,21 @@ bool hasCompositor(xcb_connection_t* display, int screen) {
   return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
+// The key that has Escape on its first level; no key when there is none.
+xcb_keycode_t escapeKey(xcb_connection_t* display) {
+  constexpr xcb_keysym_t escape = 0xff1b;
+  const xcb_setup_t* setup = xcb_get_setup(display);
+  const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
+  const Reply<xcb_get_keyboard_mapping_reply_t> mapping(
+      xcb_get_keyboard_mapping_reply(display, xcb_get_keyboard_mapping(display, setup->min_keycode, count), nullptr));
+  for (int key = 0; mapping && key < count; ++key) {
+    if (xcb_get_keyboard_mapping_keysyms(mapping.get())[key * mapping->keysyms_per_keycode] == escape) {
+      return static_cast<xcb_keycode_t>(setup->min_keycode + key);
+    }
+  }
+  return XCB_NO_SYMBOL;
+}
+
 QScreen* screen() { return QGuiApplication::primaryScreen(); }
 
 // From points to pixels, where the screen starts at the same place in both.
@@ -54,11 +69,19 @@ QRect pixelsOf(const QRect& points) {
 
 }  // namespace
 
-X11Surface::X11Surface() {
-  int number = 0;
-  display_.reset(xcb_connect(nullptr, &number));
-  root_ = rootOf(display_.get(), number);
-  blends_ = hasCompositor(display_.get(), number);
+std::unique_ptr<X11Surface> X11Surface::open() {
+  int screenNumber = 0;
+  Connection display(xcb_connect(nullptr, &screenNumber));
+  if (xcb_connection_has_error(display.get()) != 0) {
+    return nullptr;
+  }
+  return std::unique_ptr<X11Surface>(new X11Surface(std::move(display), screenNumber));
+}
+
+X11Surface::X11Surface(Connection display, int screenNumber)
+    : display_(std::move(display)),
+      root_(rootOf(display_.get(), screenNumber)),
+      blends_(hasCompositor(display_.get(), screenNumber)) {
   raiseSoon_.setSingleShot(true);
   raiseSoon_.setInterval(0);
   QObject::connect(&raiseSoon_, &QTimer::timeout, &raiseSoon_, [this] { raiseDock(); });
@@ -103,7 +126,22 @@ void X11Surface::raiseDock() {
     xcb_configure_window(display_.get(), static_cast<xcb_window_t>(dock_->winId()), XCB_CONFIG_WINDOW_STACK_MODE,
                          &above);
   }
-  xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  stackEdge(XCB_STACK_MODE_ABOVE);
+  xcb_flush(display_.get());
+}
+
+void X11Surface::stackEdge(std::uint32_t place) {
+  xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &place);
+}
+
+// Asked for only when it is needed: nobody else gets the key meanwhile.
+void X11Surface::watchEscape(bool isWatched) {
+  if (isWatched) {
+    escape_ = escapeKey(display_.get());
+    xcb_grab_key(display_.get(), 0, root_, XCB_MOD_MASK_ANY, escape_, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  } else {
+    xcb_ungrab_key(display_.get(), escape_, root_, XCB_MOD_MASK_ANY);
+  }
   xcb_flush(display_.get());
 }
 
@@ -122,6 +160,9 @@ void X11Surface::makeEdge() {
                     XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
   placeEdge();
   xcb_map_window(display_.get(), edge_);
+  // A press waits until it is said what becomes of it.
+  xcb_grab_button(display_.get(), 0, edge_, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC, XCB_GRAB_MODE_ASYNC,
+                  XCB_NONE, XCB_NONE, XCB_BUTTON_INDEX_ANY, XCB_MOD_MASK_ANY);
   constexpr std::uint32_t stacking = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
   xcb_change_window_attributes(display_.get(), root_, XCB_CW_EVENT_MASK, &stacking);
   xcb_flush(display_.get());
@@ -140,6 +181,14 @@ void X11Surface::placeEdge() {
   xcb_configure_window(display_.get(), edge_,
                        XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                        values.data());
+  xcb_flush(display_.get());
+}
+
+// The server looks anew for the window below the pointer, and finds the one that was covered.
+void X11Surface::passOn(const xcb_button_press_event_t& press) {
+  stackEdge(XCB_STACK_MODE_BELOW);
+  xcb_allow_events(display_.get(), XCB_ALLOW_REPLAY_POINTER, press.time);
+  stackEdge(XCB_STACK_MODE_ABOVE);
   xcb_flush(display_.get());
 }
 
@@ -163,21 +212,32 @@ void X11Surface::hear(const xcb_generic_event_t& event) {
       }
       break;
     }
-    case XCB_MAP_NOTIFY:
-      if (!isOwn(reinterpret_cast<const xcb_map_notify_event_t&>(event).window)) {
-        raiseSoon_.start();
-      }
+    case XCB_BUTTON_PRESS:
+      passOn(reinterpret_cast<const xcb_button_press_event_t&>(event));
       break;
+    case XCB_KEY_PRESS:
+      tellEscape();
+      break;
+    case XCB_MAP_NOTIFY: {
+      const auto& mapped = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+      goAbove(mapped.window, mapped.override_redirect != 0);
+      break;
+    }
     case XCB_CONFIGURE_NOTIFY: {
       const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-      // Another program that wants to be on top of everything is left alone: two of that kind would never rest.
-      if (configured.override_redirect == 0 && !isOwn(configured.window)) {
-        raiseSoon_.start();
-      }
+      goAbove(configured.window, configured.override_redirect != 0);
       break;
     }
     default:
       break;
+  }
+}
+
+// Another program that wants to be on top of everything is left alone: menus belong there, and two of that kind would
+// never rest.
+void X11Surface::goAbove(xcb_window_t window, bool isOnTop) {
+  if (!isOnTop && !isOwn(window)) {
+    raiseSoon_.start();
   }
 }
 

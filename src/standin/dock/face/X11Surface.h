@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
+#include <cstdint>
 #include <memory>
 
 #include "standin/dock/face/Surface.h"
@@ -12,10 +13,12 @@
 namespace tarnwell::standin {
 
 /// The screen of an X11 desktop. Nothing is asked again and again: an invisible window along the lower edge hears of
-/// the pointer, and whenever another program has put a window on top, the dock goes above it again.
+/// the pointer, and hands its clicks on to what is below it; whenever another program has put a window on top, the dock
+/// goes above it again.
 class X11Surface final : public Surface {
  public:
-  X11Surface();
+  /// Nothing when the display cannot be reached.
+  static std::unique_ptr<X11Surface> open();
 
   QRect area() const override;
   void adopt(QWidget& widget, Role role) override;
@@ -25,22 +28,30 @@ class X11Surface final : public Surface {
   void raiseDock() override;
   void setEdgeHeight(int points) override;
   void setScheme(Scheme scheme) override;
+  void watchEscape(bool isWatched) override;
 
  private:
   struct Disconnect {
     void operator()(xcb_connection_t* display) const { xcb_disconnect(display); }
   };
+  using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+  X11Surface(Connection display, int screenNumber);
 
   void hearAll();
   void hear(const xcb_generic_event_t& event);
   void makeEdge();
   void placeEdge();
+  void stackEdge(std::uint32_t place);
+  void passOn(const xcb_button_press_event_t& press);
+  void goAbove(xcb_window_t window, bool isOnTop);
   bool isOwn(xcb_window_t window) const;
 
   // Not the toolkit's, which would hear of other programs' windows too and wonder.
-  std::unique_ptr<xcb_connection_t, Disconnect> display_;
+  Connection display_;
   xcb_window_t root_ = 0;
   xcb_window_t edge_ = 0;
+  xcb_keycode_t escape_ = XCB_NO_SYMBOL;
   int edgeHeight_ = 1;
   bool blends_ = false;
   QPointer<QWidget> dock_;

@@ -7,11 +7,6 @@
 namespace tarnwell::standin {
 namespace {
 
-Reveal::Seconds usable(Reveal::Seconds seconds) {
-  constexpr double longest = 3600;
-  return Reveal::Seconds(std::isfinite(seconds.count()) ? std::clamp(seconds.count(), 0.0, longest) : 0.0);
-}
-
 Reveal::Time after(Reveal::Time time, Reveal::Seconds seconds) {
   return time + std::chrono::duration_cast<Reveal::Clock::duration>(seconds);
 }
@@ -24,6 +19,11 @@ double eased(double position) {
 }
 
 }  // namespace
+
+Reveal::Seconds Reveal::usable(Seconds seconds) {
+  constexpr double longest = 3600;
+  return Seconds(seconds.count() > 0 && std::isfinite(seconds.count()) ? std::min(seconds.count(), longest) : 0.0);
+}
 
 Reveal::Reveal(Seconds delay, Seconds duration, Time now)
     : delay_(usable(delay)), duration_(usable(duration)), since_(now), deadline_(after(now, greeting)) {}

@@ -20,8 +20,11 @@ class Reveal {
   /// How long the pointer may be away before the dock hides: a slip of the hand is not meant.
   static constexpr Seconds patience{0.1};
 
-  /// `delay` is how long the pointer must be at the edge, `duration` how long the way between hidden and shown takes.
-  /// What is negative or no number counts as zero, and an hour is the most.
+  /// What a setting stands for: what is negative or no number counts as zero, and an hour is the most.
+  static Seconds usable(Seconds seconds);
+
+  /// `delay` is how long the pointer must be at the edge, `duration` how long the way between hidden and shown takes;
+  /// both as far as they are usable.
   Reveal(Seconds delay, Seconds duration, Time now);
 
   void setPointer(PointerPlace place, Time now);
