@@ -8,7 +8,7 @@ packages_for() {
   case $1 in
     build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev libexpat1-dev libsodium-dev libsystemd-dev libcurl4-openssl-dev libxcb1-dev libcli11-dev ;;
     run)
-      echo zsh psmisc xdg-utils
+      echo zsh xdg-utils
       # The toolkit speaks to a Wayland desktop through a plug-in of its own.
       [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
       ;;
@@ -24,7 +24,7 @@ packages_for() {
 commands_for() {
   case $1 in
     build) echo c++ cmake ninja pkg-config ;;
-    run) echo zsh killall ;;
+    run) echo zsh ;;
     test) echo clang-format-14 run-clang-tidy-14 shellcheck ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
   esac

@@ -3,16 +3,15 @@
 #include <cstdlib>
 
 namespace tarnwell::standin {
-namespace {
-
-std::string variable(const char* name) {
-  const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
-  return value == nullptr ? std::string() : value;
-}
-
-}  // namespace
 
 std::optional<std::string> systemRoot() {
+  return systemRoot([](const std::string& name) {
+    const char* value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
+    return value == nullptr ? std::string() : value;
+  });
+}
+
+std::optional<std::string> systemRoot(const std::function<std::string(const std::string& name)>& variable) {
   if (std::string root = variable("MACOS_ROOT"); !root.empty()) {
     return root;
   }

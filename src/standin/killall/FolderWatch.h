@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "standin/store/Descriptor.h"
+
+namespace tarnwell::standin {
+
+/// Sleeps until a file in a folder has been written.
+class FolderWatch {
+ public:
+  using Time = std::chrono::steady_clock::time_point;
+
+  /// Whatever is written from now on counts. A folder that cannot be watched is one in which nothing happens.
+  explicit FolderWatch(const std::string& folder);
+
+  /// True once something was written since the call before; false when `end` has come first.
+  bool wait(Time end) const;
+
+ private:
+  Descriptor events_;
+};
+
+/// Sleeps until a descriptor can be read. False when `end` has come first.
+bool waitUntilReadable(const Descriptor& file, std::chrono::steady_clock::time_point end);
+
+}  // namespace tarnwell::standin
