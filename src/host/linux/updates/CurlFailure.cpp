@@ -1,5 +1,6 @@
 #include "host/linux/updates/CurlFailure.h"
 
+#include "host/linux/updates/PlainLine.h"
 #include "host/linux/updates/WebAddress.h"
 
 namespace tarnwell::host_linux::updates {
@@ -71,8 +72,11 @@ std::string sentence(CURLcode code, const std::string& address, std::string_view
 
 }  // namespace
 
+// A server or a feed made up addresses and details, and they end up on the screen.
 Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status) {
-  return {sentence(code, address, detail, status)};
+  constexpr std::size_t longestAddress = 200;
+  constexpr std::size_t longestSentence = 1000;
+  return {plainLine(sentence(code, plainLine(address, longestAddress), detail, status), longestSentence)};
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -6,6 +6,7 @@
 
 #include "host/linux/updates/FeedNamespace.h"
 #include "host/linux/updates/FeedReader.h"
+#include "host/linux/updates/PlainLine.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -180,7 +181,9 @@ bool FeedHandler::end() {
 
 void FeedHandler::endField() {
   if (field_ != nullptr) {
-    *std::exchange(field_, nullptr) = withoutOuterBlanks(text_);
+    const bool isTitle = field_ == &item_.title;
+    *std::exchange(field_, nullptr) =
+        isTitle ? plainLine(text_, FeedReader::maximumTitleLength) : withoutOuterBlanks(text_);
   }
 }
 

@@ -5,7 +5,8 @@
 
 namespace tarnwell::host_linux::updates {
 
-/// One version on offer, as the feed describes it. Texts are as they stand in the feed; what was absent is empty.
+/// One version on offer, as the feed describes it. Texts are as they stand in the feed, but for the title; what was
+/// absent is empty.
 struct FeedItem {
   /// What the feed says of the file to download.
   struct Enclosure {
@@ -16,7 +17,7 @@ struct FeedItem {
     std::string system = {};     // "linux", "macos", ...; empty where the feed does not say.
   };
 
-  std::string title = {};
+  std::string title = {};         // One plain line.
   std::string version = {};       // What is compared.
   std::string shownVersion = {};  // What people read; `version` where the feed has none.
   std::string link = {};

@@ -27,6 +27,7 @@ class FeedReader {
   static constexpr std::size_t maximumAttributes = 32;
   static constexpr std::size_t maximumAttributeLength = 4096;
   static constexpr std::size_t maximumFieldLength = 4096;
+  static constexpr std::size_t maximumTitleLength = 200;  // Characters; a longer one is cut.
   static constexpr std::size_t maximumNotesLength = 256UL * 1024;
 
   FeedReader();

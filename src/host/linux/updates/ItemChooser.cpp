@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/linux/updates/PlainLine.h"
 #include "host/linux/updates/Version.h"
 #include "host/linux/updates/WebAddress.h"
 
@@ -15,11 +16,16 @@ bool isNewer(const std::string& version, const std::string& than) {
   return compareVersions(version, than) == std::weak_ordering::greater;
 }
 
-/// Whether a version may stand in a sentence on the screen.
+/// Whether a version may stand in a sentence on the screen as it is.
 bool isPresentable(const std::string& version) {
-  constexpr std::size_t longest = 100;  // Bytes.
-  return version.size() <= longest &&
-         std::none_of(version.begin(), version.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; });
+  constexpr std::size_t longest = 100;
+  return plainLine(version, longest) == version;
+}
+
+// What cannot be understood is a system that we do not have.
+bool runsOn(const std::string& minimumSystemVersion, const std::string& systemVersion) {
+  return minimumSystemVersion.empty() ||
+         (isNumericVersion(minimumSystemVersion) && !isNewer(minimumSystemVersion, systemVersion));
 }
 
 bool leadsSomewhere(const FeedItem& item) {
@@ -30,9 +36,9 @@ bool leadsSomewhere(const FeedItem& item) {
 
 bool ItemChooser::suits(const FeedItem& item) const {
   const auto& channels = circumstances_.channels;
-  return isForLinux(item) && leadsSomewhere(item) && !item.version.empty() && isPresentable(item.version) &&
-         isPresentable(item.shownVersion) && isNewer(item.version, circumstances_.runningVersion) &&
-         !isNewer(item.minimumSystemVersion, circumstances_.systemVersion) &&
+  return isForLinux(item) && leadsSomewhere(item) && isVersion(item.version) && isPresentable(item.shownVersion) &&
+         isNewer(item.version, circumstances_.runningVersion) &&
+         runsOn(item.minimumSystemVersion, circumstances_.systemVersion) &&
          (item.channel.empty() || std::find(channels.begin(), channels.end(), item.channel) != channels.end());
 }
 

@@ -23,8 +23,9 @@ class ItemChooser {
 
   explicit ItemChooser(Circumstances circumstances) : circumstances_(std::move(circumstances)) {}
 
-  /// The newest item that suits this system and is newer than what runs; of several with the same version the first.
-  /// Unless the user asks, what is not newer than the skipped version is passed over, but never a critical item.
+  /// The newest item that suits this system and is newer than what runs, both in versions that are such; of several
+  /// with the same version the first. Unless the user asks, what is not newer than the skipped version is passed over,
+  /// but never a critical item.
   std::optional<FeedItem> best(const std::vector<FeedItem>& items) const;
 
  private:

@@ -1,10 +1,20 @@
 #include "host/linux/updates/Report.h"
 
 #include "diagnostics/Console.h"
+#include "host/linux/updates/PlainLine.h"
 
 namespace tarnwell::host_linux::updates {
 
-void report(const Failure& failure) { diagnostics::printErrorLine("tarnwell: " + failure.message); }
+namespace {
+
+// More than the longest path.
+constexpr std::size_t longestReport = 6000;
+
+}  // namespace
+
+void report(const Failure& failure) {
+  diagnostics::printErrorLine("tarnwell: " + plainLine(failure.message, longestReport));
+}
 
 void report(const std::optional<Failure>& failure) {
   if (failure) {

@@ -2,6 +2,7 @@
 
 #include <sys/utsname.h>
 
+#include "host/linux/updates/Channels.h"
 #include "host/linux/updates/WebAddress.h"
 
 namespace tarnwell::host_linux::updates {
@@ -22,7 +23,8 @@ UpdaterConfiguration UpdaterConfiguration::compiledIn() {
           .publicKey = TARNWELL_PUBLIC_ED_KEY,
           .runningVersion = TARNWELL_VERSION,
           .shownVersion = TARNWELL_VERSION,
-          .systemVersion = kernelVersion()};
+          .systemVersion = kernelVersion(),
+          .channels = channelsIn(TARNWELL_FEED_CHANNELS)};
 }
 
 bool UpdaterConfiguration::hasFeed() const {

@@ -92,7 +92,23 @@ std::weak_ordering comparePieces(const Piece& left, const Piece& right) {
   return left.kind == Kind::number ? compareNumbers(left.text, right.text) : compareWords(left.text, right.text);
 }
 
+bool isOfVersion(char c) {
+  return isDigit(c) || (isLetter(c) && static_cast<unsigned char>(c) < 0x80) ||
+         std::string_view(".-+~_").find(c) != std::string_view::npos;
+}
+
 }  // namespace
+
+bool isVersion(std::string_view text) {
+  constexpr std::size_t longest = 100;
+  return !text.empty() && text.size() <= longest && isDigit(text.front()) &&
+         std::all_of(text.begin(), text.end(), isOfVersion);
+}
+
+bool isNumericVersion(std::string_view text) {
+  return isVersion(text) && isDigit(text.back()) && text.find("..") == std::string_view::npos &&
+         std::all_of(text.begin(), text.end(), [](char c) { return isDigit(c) || c == '.'; });
+}
 
 std::weak_ordering compareVersions(std::string_view left, std::string_view right) {
   Pieces leftPieces(left);

@@ -5,6 +5,13 @@
 
 namespace tarnwell::host_linux::updates {
 
+/// Whether a text is a version such as people give: at most 100 letters, digits and characters of ".-+~_", a digit
+/// first. What is none of that can be compared, but means nothing.
+bool isVersion(std::string_view text);
+
+/// Whether it is nothing but numbers with full stops between them, "6.1.0".
+bool isNumericVersion(std::string_view text);
+
 /// Which of two versions is the newer one; any two texts can be compared, and the order is total.
 ///
 /// Components stand between full stops and are compared one after another: digits as numbers of any size, and what is

@@ -73,6 +73,14 @@ TEST(FeedReader, readsEveryFieldOfAnItem) {
   EXPECT_EQ(item.enclosure.system, "linux");
 }
 
+TEST(FeedReader, makesOnePlainLineOfATitle) {
+  EXPECT_EQ(onlyItemOf("<title> Version\n 2.0&#13;&#10;&#x9;now \xe2\x80\xae&#x2066;!</title>").title,
+            "Version 2.0 now !");
+  EXPECT_EQ(onlyItemOf("<title>" + std::string(4000, 't') + "</title>").title,
+            std::string(FeedReader::maximumTitleLength, 't') + "…");
+  EXPECT_EQ(onlyItemOf("<title>&#x200b;</title>").title, "");
+}
+
 TEST(FeedReader, knowsExtensionsByTheirNamespaceAlone) {
   const std::string itemOfAnyPrefix =
       "<rss><channel><item xmlns:any='http://www.andymatuschak.org/xml-namespaces/sparkle' xmlns:x='urn:other'>"
@@ -193,7 +201,9 @@ TEST(FeedReader, takesAsMuchAsItsLimitsSay) {
   const std::string notes(FeedReader::maximumNotesLength, 'n');
   EXPECT_EQ(onlyItemOf("<description>" + notes + "</description>").notes, notes);
   const std::string field(FeedReader::maximumFieldLength, 'f');
-  EXPECT_EQ(onlyItemOf("<title>" + field + "</title>").title, field);
+  EXPECT_EQ(onlyItemOf("<link>" + field + "</link>").link, field);
+  const std::string title(FeedReader::maximumTitleLength, 't');
+  EXPECT_EQ(onlyItemOf("<title>" + title + "</title>").title, title);
   const std::string url(FeedReader::maximumAttributeLength, 'u');
   EXPECT_EQ(onlyItemOf("<enclosure url='" + url + "'/>").enclosure.url, url);
   const std::size_t within = FeedReader::maximumDepth - 2;

@@ -33,12 +33,21 @@ TEST(ItemChooser, takesNothingThatIsNotNewer) {
 }
 
 TEST(ItemChooser, takesNothingOfAnOddVersion) {
-  EXPECT_EQ(chosenOf({itemOf(""), itemOf("latest"), itemOf("-1"), itemOf("v9"), itemOf("..")}, running("1.0")), "none");
+  for (const std::string version : {"", "latest", "-1", "-9", "v9", "..", ".9", "9 9", "9\n", "9,9", "9/9",
+                                    "9\xe2\x80\xae", "\xef\xbc\x99", "9<b>"}) {
+    EXPECT_EQ(chosenOf({itemOf(version)}, running("1.0")), "none") << version;
+    EXPECT_EQ(chosenOf({itemOf(version), itemOf("1.1")}, running("1.0")), "1.1") << version;
+  }
+  for (const std::string version : {"1.1-beta", "1.0.1b2", "1.0+5", "2~rc1", "2026.11.21"}) {
+    EXPECT_EQ(chosenOf({itemOf(version)}, running("1.0")), version);
+  }
 }
 
 TEST(ItemChooser, takesNoVersionThatCannotBeShown) {
   FeedItem item = itemOf("2.0");
-  for (const std::string& shown : {std::string(101, '2'), std::string("2.0\nInstall this"), std::string("2\x7f")}) {
+  for (const std::string& shown :
+       {std::string(101, '2'), std::string("2.0\nInstall this"), std::string("2\x7f"), std::string("2.0 \xe2\x80\xae"),
+        std::string("2.0\xe2\x80\xa8x"), std::string("2\xff")}) {
     item.shownVersion = shown;
     EXPECT_EQ(chosenOf({item}, running("1.0")), "none");
     EXPECT_EQ(chosenOf({itemOf(shown)}, running("1.0")), "none");
@@ -70,6 +79,47 @@ TEST(ItemChooser, leavesItemsForANewerKernel) {
   EXPECT_EQ(chosenOf({item, itemOf("1.5")}, running("1.0")), "1.5");
   item.minimumSystemVersion = "6.1";
   EXPECT_EQ(chosenOf({item, itemOf("1.5")}, running("1.0")), "2.0");
+}
+
+TEST(ItemChooser, comparesTheKernelWithTheMinimumNumberByNumber) {
+  struct Row {
+    std::string minimum = {};
+    std::string kernel = {};
+    bool runs = false;
+  };
+  const std::vector<Row> rows = {
+      {"", "6.1.0", true},
+      {"6.1.0", "6.1.0", true},
+      {"6.1", "6.1.0", true},
+      {"6.1.0.0", "6.1", true},
+      {"5.10", "6.1.0", true},
+      {"6.1.1", "6.1.0", false},
+      {"6.10", "6.9", false},
+      {"6.9", "6.10", true},
+      {"10", "9.99", false},
+      {"0", "6.1.0", true},
+      {"06.01", "6.1.0", true},
+      {"", "", true},
+      {"0", "", true},
+      {"1", "", false},
+      {"5.10", "unknown", false},
+      {"99999999999999999999", "6", false},
+  };
+  for (const auto& [minimum, kernel, runs] : rows) {
+    FeedItem item = itemOf("2.0");
+    item.minimumSystemVersion = minimum;
+    const ItemChooser::Circumstances circumstances = {.runningVersion = "1.0", .systemVersion = kernel};
+    EXPECT_EQ(chosenOf({item}, circumstances), runs ? "2.0" : "none") << minimum << " on " << kernel;
+  }
+}
+
+TEST(ItemChooser, leavesItemsWhoseMinimumCannotBeUnderstood) {
+  FeedItem item = itemOf("2.0");
+  for (const std::string minimum : {"v9", "v1", "any", "6.x", "5.10-rc1", "5.10 or later", ">=5", "-1", ".", "..", "5.",
+                                    "5..1", "5,1", "\xef\xbc\x95", "\n", "Debian 12"}) {
+    item.minimumSystemVersion = minimum;
+    EXPECT_EQ(chosenOf({item, itemOf("1.5")}, running("1.0")), "1.5") << minimum;
+  }
 }
 
 TEST(ItemChooser, leavesChannelsThatWereNotAskedFor) {

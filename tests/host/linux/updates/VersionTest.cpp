@@ -102,6 +102,29 @@ TEST(Version, isComparedComponentByComponent) {
   }
 }
 
+TEST(Version, isADigitAndWhatPeopleWriteBehindIt) {
+  for (const std::string& text : {std::string("0"), std::string("1.0"), std::string("1.0b2"), std::string("2026.11.21"),
+                                  std::string("1.0-rc1+build.5"), std::string("1.0~x_1"), std::string(100, '9')}) {
+    EXPECT_TRUE(isVersion(text)) << text;
+  }
+  for (const std::string& text :
+       {std::string(), std::string("v9"), std::string("-1"), std::string(".5"), std::string("latest"),
+        std::string("1.0 beta"), std::string("1,5"), std::string("1.0\n"), std::string("1.0\0", 4), std::string("1/2"),
+        std::string("1:2"), std::string("1.\xc3\xa4"), std::string("\xef\xbc\x99"), std::string("2<b>"),
+        std::string(101, '9')}) {
+    EXPECT_FALSE(isVersion(text)) << text;
+  }
+}
+
+TEST(Version, isNumericWhenItIsNumbersAlone) {
+  for (const std::string text : {"0", "6", "6.1", "6.1.0", "10.15.7", "0006.01"}) {
+    EXPECT_TRUE(isNumericVersion(text)) << text;
+  }
+  for (const std::string text : {"", "v9", "6.", ".6", "6..1", ".", "6.1-rc1", "6.x", "6,1", " 6", "6e9", "-6", "*"}) {
+    EXPECT_FALSE(isNumericVersion(text)) << text;
+  }
+}
+
 TEST(Version, comparesTheOtherWayRoundWithTheOppositeResult) {
   for (const Row& row : rows()) {
     EXPECT_EQ(compared(row.right, row.left), opposite(row.expected)) << row.right << " and " << row.left;
