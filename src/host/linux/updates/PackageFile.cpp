@@ -5,11 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
-#include "host/linux/MakeFolders.h"
 #include "host/linux/updates/CopyFile.h"
 
 namespace tarnwell::host_linux::updates {
@@ -17,40 +15,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t folderMode = 0700;
 constexpr mode_t draftMode = 0600;
 constexpr mode_t namedMode = 0400;
 
 Failure failure(const std::string& what) { return {what + ": " + std::generic_category().message(errno)}; }
 
-// What others could enter, or put in our way, is no place for a file that is going to be installed.
-std::optional<Failure> makePrivate(const fs::path& folder) {
-  if (!makeFolders(folder)) {
-    return failure("cannot make the folder " + folder.string());
+// Not every file system has files without a name.
+core::Descriptor unnamedAgain(int folder) {
+  constexpr int mostDrafts = 100;
+  for (int number = 1; number <= mostDrafts; ++number) {
+    const std::string name = ".package-" + std::to_string(number);
+    core::Descriptor file(
+        ::openat(folder, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
+    if (!file.isEmpty()) {
+      ::unlinkat(folder, name.c_str(), 0);
+      return file;
+    }
+    if (errno != EEXIST) {
+      break;
+    }
   }
-  const core::Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  struct stat status = {};
-  if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
-    return failure("cannot enter the folder " + folder.string());
-  }
-  if (status.st_uid != ::geteuid()) {
-    return Failure{"the folder " + folder.string() + " belongs to another user"};
-  }
-  if (::fchmod(opened.number(), folderMode) != 0) {
-    return failure("cannot keep others out of the folder " + folder.string());
-  }
-  return std::nullopt;
+  return {};
 }
 
-// Not every file system has files without a name.
-core::Descriptor namelessFile(const fs::path& folder) {
-  core::Descriptor file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
+core::Descriptor namelessFile(int folder) {
+  core::Descriptor file(::openat(folder, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
   if (file.isEmpty() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
-    std::string name = (folder / ".package-XXXXXX").string();
-    file = core::Descriptor(::mkostemp(name.data(), O_CLOEXEC));
-    if (!file.isEmpty()) {
-      ::unlink(name.c_str());
-    }
+    file = unnamedAgain(folder);
   }
   return core::aboveStandardStreams(std::move(file));
 }
@@ -58,15 +49,17 @@ core::Descriptor namelessFile(const fs::path& folder) {
 std::string pathOf(int descriptor) { return "/proc/self/fd/" + std::to_string(descriptor); }
 
 // A name that is in use cannot be linked to, only be moved to.
-bool link(int descriptor, const fs::path& draft, const fs::path& target) {
-  ::unlink(draft.c_str());
-  return ::linkat(AT_FDCWD, pathOf(descriptor).c_str(), AT_FDCWD, draft.c_str(), AT_SYMLINK_FOLLOW) == 0 &&
-         ::rename(draft.c_str(), target.c_str()) == 0;
+bool link(int descriptor, int folder, const std::string& draft, const std::string& target) {
+  ::unlinkat(folder, draft.c_str(), 0);
+  return ::linkat(AT_FDCWD, pathOf(descriptor).c_str(), folder, draft.c_str(), AT_SYMLINK_FOLLOW) == 0 &&
+         ::renameat(folder, draft.c_str(), folder, target.c_str()) == 0;
 }
 
-std::optional<Failure> copy(int descriptor, const fs::path& draft, const fs::path& target) {
-  ::unlink(draft.c_str());
-  const core::Descriptor named(::open(draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, namedMode));
+/// Returns the copy.
+Result<core::Descriptor> copyOf(int descriptor, int folder, const std::string& draft, const std::string& target) {
+  ::unlinkat(folder, draft.c_str(), 0);
+  core::Descriptor named(
+      ::openat(folder, draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, namedMode));
   off_t position = 0;
   while (!named.isEmpty()) {
     const auto copied = copySome(descriptor, position, named.number());
@@ -74,29 +67,32 @@ std::optional<Failure> copy(int descriptor, const fs::path& draft, const fs::pat
       break;
     }
     if (*copied == 0) {
-      return ::rename(draft.c_str(), target.c_str()) == 0 ? std::nullopt
-                                                          : std::optional(failure("cannot name the package"));
+      return ::renameat(folder, draft.c_str(), folder, target.c_str()) == 0 ? Result<core::Descriptor>(std::move(named))
+                                                                            : failure("cannot name the package");
     }
     position += *copied;
   }
-  const Failure reason = failure("cannot copy the package");
-  ::unlink(draft.c_str());
+  Failure reason = failure("cannot copy the package");
+  ::unlinkat(folder, draft.c_str(), 0);
   return reason;
 }
 
 }  // namespace
 
-PackageFile::PackageFile(fs::path folder, core::Descriptor file) : folder_(std::move(folder)), file_(std::move(file)) {}
+PackageFile::PackageFile(PrivateFolder folder, core::Descriptor file)
+    : folder_(std::move(folder)), file_(std::move(file)) {}
 
 Result<PackageFile> PackageFile::create(const fs::path& folder) {
-  if (auto refused = makePrivate(folder)) {
-    return *std::move(refused);
+  auto made = PrivateFolder::make(folder);
+  if (auto* refused = std::get_if<Failure>(&made)) {
+    return std::move(*refused);
   }
-  core::Descriptor file = namelessFile(folder);
+  auto& opened = std::get<PrivateFolder>(made);
+  core::Descriptor file = namelessFile(opened.descriptor());
   if (file.isEmpty()) {
     return failure("cannot keep a download in " + folder.string());
   }
-  return PackageFile(folder, std::move(file));
+  return PackageFile(std::move(opened), std::move(file));
 }
 
 std::optional<Failure> PackageFile::append(std::string_view bytes) {
@@ -119,15 +115,21 @@ Result<fs::path> PackageFile::giveName(const std::string& name) {
   if (::fchmod(file_.number(), namedMode) != 0) {
     return failure("cannot protect the package");
   }
-  const fs::path draft = folder_ / ("." + name + ".draft");
-  fs::path target = folder_ / name;
-  if (link(file_.number(), draft, target)) {
-    return target;
+  const std::string draft = "." + name + ".draft";
+  core::Descriptor copied;
+  if (!link(file_.number(), folder_.descriptor(), draft, name)) {
+    auto copy = copyOf(file_.number(), folder_.descriptor(), draft, name);
+    if (auto* refused = std::get_if<Failure>(&copy)) {
+      return std::move(*refused);
+    }
+    copied = std::get<core::Descriptor>(std::move(copy));
   }
-  if (auto refused = copy(file_.number(), draft, target)) {
-    return *std::move(refused);
+  // Whoever opens the package goes by its path.
+  if (!folder_.leadsTo(name, copied.isEmpty() ? file_.number() : copied.number())) {
+    ::unlinkat(folder_.descriptor(), name.c_str(), 0);
+    return Failure{"another file was put in the place of the package in " + folder_.path().string()};
   }
-  return target;
+  return folder_.path() / name;
 }
 
 }  // namespace tarnwell::host_linux::updates

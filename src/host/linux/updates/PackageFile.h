@@ -8,6 +8,7 @@
 
 #include "core/Descriptor.h"
 #include "host/linux/Result.h"
+#include "host/linux/updates/PrivateFolder.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -25,13 +26,14 @@ class PackageFile {
   /// To read from, at any position. Borrowed.
   int descriptor() const { return file_.number(); }
   /// Gives this very file a name in its folder, replacing what had it, and makes it read-only. Where the file system
-  /// cannot name a file that has no name, a copy of it is made. `name` is a plain file name.
+  /// cannot name a file that has no name, a copy of it is made. `name` is a plain file name. Fails when the path would
+  /// lead to anything else, as when the folder is not where it was.
   Result<std::filesystem::path> giveName(const std::string& name);
 
  private:
-  PackageFile(std::filesystem::path folder, core::Descriptor file);
+  PackageFile(PrivateFolder folder, core::Descriptor file);
 
-  std::filesystem::path folder_;
+  PrivateFolder folder_;
   core::Descriptor file_;
   std::uint64_t length_ = 0;
 };

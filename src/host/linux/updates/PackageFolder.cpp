@@ -1,7 +1,14 @@
 #include "host/linux/updates/PackageFolder.h"
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdlib>
-#include <system_error>
+#include <variant>
+
+#include "host/linux/updates/PrivateFolder.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -28,18 +35,22 @@ Result<fs::path> packageFolder() {
 }
 
 void removePackages(const fs::path& folder) {
-  std::error_code error;
   // A link could lead to any folder of the user's.
-  if (!fs::is_directory(fs::symlink_status(folder, error))) {
+  const auto opened = PrivateFolder::open(folder);
+  const auto* found = std::get_if<PrivateFolder>(&opened);
+  DIR* entries = found != nullptr ? ::fdopendir(::fcntl(found->descriptor(), F_DUPFD_CLOEXEC, 0)) : nullptr;
+  if (entries == nullptr) {
     return;
   }
-  for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
-       entry.increment(error)) {
-    std::error_code ignored;
-    if (entry->symlink_status(ignored).type() == fs::file_type::regular) {
-      fs::remove(entry->path(), ignored);
+  while (const dirent* entry = ::readdir(entries)) {
+    struct stat status = {};
+    const bool isFile =
+        ::fstatat(found->descriptor(), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode);
+    if (isFile) {
+      ::unlinkat(found->descriptor(), entry->d_name, 0);
     }
   }
+  ::closedir(entries);
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/linux/updates/Base64.h"
+#include "host/linux/updates/CryptoLibrary.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -27,6 +28,9 @@ bool isReduced(std::array<unsigned char, PublicKey::length> coordinate) {
 }  // namespace
 
 Result<PublicKey> PublicKey::parse(std::string_view base64) {
+  if (!isCryptoLibraryReady()) {
+    return Failure{"the library that verifies signatures cannot be started"};
+  }
   PublicKey key;
   if (base64.empty()) {
     return Failure{"the key is missing"};

@@ -12,8 +12,8 @@ class PublicKey {
  public:
   static constexpr std::size_t length = 32;  // Bytes.
 
-  /// From base64. Refuses all but the canonical spelling of a point in the group of prime order: with any other, a
-  /// signature could hold for more than one message.
+  /// From base64. Starts the library that verifies, so that whoever has a key can. Refuses all but the canonical
+  /// spelling of a point in the group of prime order: with any other, a signature could hold for more than one message.
   static Result<PublicKey> parse(std::string_view base64);
 
   const std::array<unsigned char, length>& bytes() const { return bytes_; }

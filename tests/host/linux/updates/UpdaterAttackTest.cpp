@@ -83,18 +83,6 @@ TEST(UpdaterAttack, aFlippedBitInThePackageIsSeen) {
   }
 }
 
-// There is no moment in which a path leads to it, so nothing can be put in its place between verification and use.
-TEST(UpdaterAttack, aPackageCannotBeSwappedAfterItsVerification) {
-  UpdaterStage stage;
-  stage.launch();
-  stage.askAndDownload("2.0");
-  EXPECT_EQ(stage.driver.screen, "ready 2.0 as asked");
-  EXPECT_TRUE(stage.holdsNoPackage());
-  stage.sandbox.write("packages/package", "malware of 2.0");
-  stage.driver.choose(Choice::install);
-  EXPECT_EQ(stage.installer.content, "package of 2.0");
-}
-
 TEST(UpdaterAttack, aLengthThatLiesEitherWayIsSeen) {
   UpdaterStage stage;
   const std::string signature = stage.key.signatureOf("package of 2.0");
