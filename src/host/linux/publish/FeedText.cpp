@@ -6,7 +6,9 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "host/linux/updates/FeedReader.h"
@@ -44,11 +46,13 @@ class PlaceFinder {
   static void start(void* self, const XML_Char* name, const XML_Char** /*attributes*/) {
     auto& finder = *static_cast<PlaceFinder*>(self);
     ++finder.depth_;
-    finder.takeHere(std::string_view(name) == "item" && finder.depth_ == 3);
+    finder.isInChannel_ = finder.isInChannel_ || (std::string_view(name) == "channel" && finder.depth_ == 2);
+    finder.takeHere(std::string_view(name) == "item" && finder.depth_ == 3 && finder.isInChannel_);
   }
   static void end(void* self, const XML_Char* name) {
     auto& finder = *static_cast<PlaceFinder*>(self);
     finder.takeHere(std::string_view(name) == "channel" && finder.depth_ == 2);
+    finder.isInChannel_ = finder.isInChannel_ && finder.depth_ != 2;
     --finder.depth_;
   }
 
@@ -60,13 +64,27 @@ class PlaceFinder {
 
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> parser_;
   int depth_ = 0;
+  bool isInChannel_ = false;
   std::optional<std::size_t> place_;
 };
 
 bool hasVersion(const Items& items, const std::string& version) {
   return std::any_of(items.begin(), items.end(), [&](const FeedItem& item) {
-    return updates::compareVersions(item.version, version) == std::weak_ordering::equivalent;
+    const std::string& system = item.enclosure.system;
+    return (system.empty() || system == "linux") &&
+           updates::compareVersions(item.version, version) == std::weak_ordering::equivalent;
   });
+}
+
+// A feed in another encoding than ours would be read without complaint, as something else.
+bool saysTheSame(const FeedItem& read, const NewItem& meant) {
+  const std::string& shownVersion = meant.shownVersion.empty() ? meant.version : meant.shownVersion;
+  return std::tie(read.title, read.version, read.shownVersion, read.publicationDate, read.channel,
+                  read.minimumSystemVersion, read.isCritical, read.enclosure.url, read.enclosure.length,
+                  read.enclosure.signature) == std::tie(meant.title, meant.version, shownVersion, meant.publicationDate,
+                                                        meant.channel, meant.minimumSystemVersion, meant.isCritical,
+                                                        meant.url, meant.length, meant.signature) &&
+         meant.notes.find(read.notes) != std::string::npos;
 }
 
 }  // namespace
@@ -80,7 +98,7 @@ std::string emptyFeed() {
          "</rss>\n";
 }
 
-Result<std::string> withItem(const std::string& feed, const NewItem& item) {
+Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
   const auto before = itemsIn(feed);
   if (const auto* failure = std::get_if<Failure>(&before)) {
     return *failure;
@@ -91,14 +109,18 @@ Result<std::string> withItem(const std::string& feed, const NewItem& item) {
   const auto place = PlaceFinder(feed).place();
   std::string text = feed;
   text.insert(place.value_or(text.size()), item.xml() + "\n    ");
-  const auto after = itemsIn(text);
+  auto after = itemsIn(text);
   if (const auto* failure = std::get_if<Failure>(&after)) {
     return Failure{"the item does not fit into the feed. " + failure->message};
   }
-  if (std::get<Items>(after).size() != std::get<Items>(before).size() + 1) {
+  auto& items = std::get<Items>(after);
+  if (items.size() != std::get<Items>(before).size() + 1) {
     return Failure{"the feed has no place for an item"};
   }
-  return text;
+  if (!saysTheSame(items.front(), item)) {
+    return Failure{"the item would not say there what it is to say; is the feed written in UTF-8?"};
+  }
+  return FeedWithItem{.text = std::move(text), .item = std::move(items.front())};
 }
 
 }  // namespace tarnwell::host_linux::publish

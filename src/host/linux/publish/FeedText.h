@@ -4,14 +4,22 @@
 
 #include "host/linux/Result.h"
 #include "host/linux/publish/NewItem.h"
+#include "host/linux/updates/FeedItem.h"
 
 namespace tarnwell::host_linux::publish {
+
+struct FeedWithItem {
+  std::string text = {};
+  /// As the updater reads it there.
+  updates::FeedItem item = {};
+};
 
 /// A feed without items.
 std::string emptyFeed();
 
 /// `feed` with one more item before its first one; everything else in it stays as it is, to the byte. Refuses a feed
-/// that the updater could not read, before or after, and one that has this version already.
-Result<std::string> withItem(const std::string& feed, const NewItem& item);
+/// that the updater could not read, before or after, one that has this version for Linux already, and one in which the
+/// item would not say what it is to say.
+Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item);
 
 }  // namespace tarnwell::host_linux::publish

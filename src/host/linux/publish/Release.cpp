@@ -1,7 +1,5 @@
 #include "host/linux/publish/Release.h"
 
-#include <fcntl.h>
-
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -11,16 +9,13 @@
 #include <system_error>
 #include <variant>
 
-#include "core/Descriptor.h"
 #include "host/linux/ReplaceFile.h"
+#include "host/linux/publish/FeedLock.h"
 #include "host/linux/publish/FeedText.h"
 #include "host/linux/publish/NewItem.h"
+#include "host/linux/publish/Package.h"
+#include "host/linux/publish/ReleaseCheck.h"
 #include "host/linux/publish/SecretKey.h"
-#include "host/linux/updates/FeedItem.h"
-#include "host/linux/updates/PackageClaim.h"
-#include "host/linux/updates/PublicKey.h"
-#include "host/linux/updates/Version.h"
-#include "host/linux/updates/WebAddress.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
@@ -56,71 +51,60 @@ std::string publicationDate() {
   return {text.data(), std::strftime(text.data(), text.size(), "%a, %d %b %Y %H:%M:%S +0000", &parts)};
 }
 
-std::optional<Failure> objectionTo(const Release& release) {
-  if (updates::compareVersions(release.version, "0") != std::weak_ordering::greater) {
-    return Failure{"version \"" + release.version + "\" would never be offered: it is not greater than 0"};
-  }
-  if (!updates::isWebAddress(release.url) || !release.url.starts_with("https://")) {
-    return Failure{"\"" + release.url + "\" is not an address that starts with https://"};
-  }
-  return std::nullopt;
+/// The title that people read, unless the release has one of its own.
+std::string titleOf(const Release& release) {
+  const std::string& version = release.shownVersion.empty() ? release.version : release.shownVersion;
+  return release.title.empty() ? "Tarnwell " + version : release.title;
 }
 
-/// The package, signed and seen through the updater's eyes.
-std::optional<Failure> sign(const Release& release, NewItem& item) {
-  const auto key = SecretKey::read(release.privateKey);
-  if (const auto* failure = std::get_if<Failure>(&key)) {
-    return *failure;
+Result<std::string> notesOf(const Release& release) {
+  return release.notes.empty() ? Result<std::string>(std::string()) : textIn(release.notes);
+}
+
+Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
+  auto notes = notesOf(release);
+  if (auto* failure = std::get_if<Failure>(&notes)) {
+    return std::move(*failure);
   }
-  const core::Descriptor package(::open(release.package.c_str(), O_RDONLY | O_CLOEXEC));
-  if (package.isEmpty()) {
-    return cannotRead(release.package);
-  }
-  const auto signature = std::get<SecretKey>(key).sign(package.number());
+  auto signature = key.sign(package.descriptor());
   if (const auto* failure = std::get_if<Failure>(&signature)) {
     return Failure{release.package.string() + ": " + failure->message};
   }
-  item.signature = std::get<std::string>(signature);
-  std::error_code error;
-  item.length = fs::file_size(release.package, error);
-  if (error) {
-    return Failure{"cannot read " + release.package.string() + ": " + error.message()};
-  }
-  updates::FeedItem seen;
-  seen.enclosure.signature = item.signature;
-  seen.enclosure.length = item.length;
-  const auto claim = updates::PackageClaim::create(seen);
-  if (const auto* failure = std::get_if<Failure>(&claim)) {
-    return *failure;
-  }
-  const auto publicKey = updates::PublicKey::parse(std::get<SecretKey>(key).publicText());
-  return std::get<updates::PackageClaim>(claim).signature.verify(std::get<updates::PublicKey>(publicKey),
-                                                                 package.number(), item.length);
+  return NewItem{.title = titleOf(release),
+                 .version = release.version,
+                 .shownVersion = release.shownVersion,
+                 .publicationDate = publicationDate(),
+                 .notes = std::get<std::string>(std::move(notes)),
+                 .channel = release.channel,
+                 .minimumSystemVersion = release.minimumSystemVersion,
+                 .isCritical = release.isCritical,
+                 .url = release.url,
+                 .length = package.length(),
+                 .signature = std::get<std::string>(std::move(signature))};
 }
 
-Result<NewItem> itemOf(const Release& release) {
-  NewItem item = {.title = release.title,
-                  .version = release.version,
-                  .shownVersion = release.shownVersion,
-                  .publicationDate = publicationDate(),
-                  .channel = release.channel,
-                  .minimumSystemVersion = release.minimumSystemVersion,
-                  .isCritical = release.isCritical,
-                  .url = release.url};
-  if (item.title.empty()) {
-    item.title = "Tarnwell " + (item.shownVersion.empty() ? item.version : item.shownVersion);
-  }
-  if (!release.notes.empty()) {
-    auto notes = textIn(release.notes);
-    if (const auto* failure = std::get_if<Failure>(&notes)) {
-      return *failure;
-    }
-    item.notes = std::get<std::string>(std::move(notes));
-  }
-  if (const auto failure = sign(release, item)) {
+/// The feed with the item, when the updater would take it from there.
+Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package, const SecretKey& key) {
+  const auto before = feedIn(feed);
+  if (const auto* failure = std::get_if<Failure>(&before)) {
     return *failure;
   }
-  return item;
+  auto after = withItem(std::get<std::string>(before), item);
+  if (const auto* failure = std::get_if<Failure>(&after)) {
+    return Failure{feed.string() + ": " + failure->message};
+  }
+  auto& [text, itemAsRead] = std::get<FeedWithItem>(after);
+  if (auto objection = objectionTo(itemAsRead, package, key)) {
+    return *std::move(objection);
+  }
+  return std::move(text);
+}
+
+/// What a symbolic link leads to is replaced, and not the link.
+fs::path realPathOf(const fs::path& feed) {
+  std::error_code error;
+  fs::path real = fs::canonical(feed, error);
+  return error ? feed : real;
 }
 
 }  // namespace
@@ -129,19 +113,26 @@ std::optional<Failure> publishRelease(const Release& release, const fs::path& fe
   if (auto objection = objectionTo(release)) {
     return objection;
   }
-  const auto item = itemOf(release);
+  const auto key = SecretKey::read(release.privateKey);
+  if (const auto* failure = std::get_if<Failure>(&key)) {
+    return *failure;
+  }
+  const auto package = Package::open(release.package);
+  if (const auto* failure = std::get_if<Failure>(&package)) {
+    return *failure;
+  }
+  const auto item = itemOf(release, std::get<Package>(package), std::get<SecretKey>(key));
   if (const auto* failure = std::get_if<Failure>(&item)) {
     return *failure;
   }
-  const auto before = feedIn(feed);
-  if (const auto* failure = std::get_if<Failure>(&before)) {
+  const fs::path real = realPathOf(feed);
+  const auto lock = FeedLock::take(real);
+  if (const auto* failure = std::get_if<Failure>(&lock)) {
     return *failure;
   }
-  const auto after = withItem(std::get<std::string>(before), std::get<NewItem>(item));
-  if (const auto* failure = std::get_if<Failure>(&after)) {
-    return Failure{feed.string() + ": " + failure->message};
-  }
-  return replaceFile(feed, std::get<std::string>(after));
+  const auto text = feedWith(std::get<NewItem>(item), real, std::get<Package>(package), std::get<SecretKey>(key));
+  const auto* failure = std::get_if<Failure>(&text);
+  return failure != nullptr ? std::optional(*failure) : replaceFile(real, std::get<std::string>(text));
 }
 
 }  // namespace tarnwell::host_linux::publish

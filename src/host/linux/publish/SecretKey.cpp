@@ -12,6 +12,7 @@
 #include "core/Descriptor.h"
 #include "diagnostics/Fault.h"
 #include "host/linux/updates/Base64.h"
+#include "host/linux/updates/CryptoLibrary.h"
 #include "host/linux/updates/MappedFile.h"
 
 namespace tarnwell::host_linux::publish {
@@ -43,7 +44,7 @@ bool writeAll(int descriptor, const std::string& text) {
 }  // namespace
 
 SecretKey SecretKey::generate() {
-  if (sodium_init() < 0) {
+  if (!updates::isCryptoLibraryReady()) {
     diagnostics::fault("there is no source of chance");
   }
   SecretKey key;
@@ -59,6 +60,9 @@ Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
   if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
     return systemFailure("cannot read", file);
   }
+  if (!S_ISREG(status.st_mode)) {
+    return Failure{file.string() + " is not a private key"};
+  }
   if ((status.st_mode & 077U) != 0) {
     return Failure{"others can read " + file.string() + "; make it yours alone: chmod 600"};
   }
@@ -69,6 +73,9 @@ Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
   const auto& bytes = std::get<MappedFile>(mapped);
   std::string_view text(reinterpret_cast<const char*>(bytes.bytes()), bytes.length());
   text.remove_suffix(text.ends_with('\n') ? 1 : 0);
+  if (!updates::isCryptoLibraryReady()) {
+    return Failure{"the library that signs cannot be started"};
+  }
   SecretKey key;
   if (!decodeBase64(text, key.seed_)) {
     return Failure{file.string() + " is not a private key"};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+
+#include "core/Descriptor.h"
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::publish {
+
+/// Keeps everybody else who asks for it away from a feed, from the reading to the writing, as long as it lives.
+class FeedLock {
+ public:
+  /// Waits for its turn. What is locked is the feed's folder, which is made where it is missing: no file is left there,
+  /// and a feed can be replaced by another file meanwhile.
+  static Result<FeedLock> take(const std::filesystem::path& feed);
+
+ private:
+  explicit FeedLock(core::Descriptor folder) : folder_(std::move(folder)) {}
+
+  core::Descriptor folder_;
+};
+
+}  // namespace tarnwell::host_linux::publish

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include "core/Descriptor.h"
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::publish {
+
+/// A file that the updater could install.
+class Package {
+ public:
+  /// Refuses what is no Debian package and no AppImage, and what is larger than the updater takes.
+  static Result<Package> open(const std::filesystem::path& file);
+
+  /// Borrowed.
+  int descriptor() const { return file_.number(); }
+  /// Bytes.
+  std::uint64_t length() const { return length_; }
+
+ private:
+  Package(core::Descriptor file, std::uint64_t length) : file_(std::move(file)), length_(length) {}
+
+  core::Descriptor file_;
+  std::uint64_t length_ = 0;
+};
+
+}  // namespace tarnwell::host_linux::publish

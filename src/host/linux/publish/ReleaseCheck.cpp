@@ -1,0 +1,94 @@
+#include "host/linux/publish/ReleaseCheck.h"
+
+#include <string>
+
+#include "host/linux/updates/Channels.h"
+#include "host/linux/updates/FeedReader.h"
+#include "host/linux/updates/ItemChooser.h"
+#include "host/linux/updates/PackageClaim.h"
+#include "host/linux/updates/PlainLine.h"
+#include "host/linux/updates/PublicKey.h"
+#include "host/linux/updates/Version.h"
+#include "host/linux/updates/WebAddress.h"
+
+namespace tarnwell::host_linux::publish {
+namespace {
+
+using updates::FeedReader;
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+bool isOneLine(const std::string& text, std::size_t most) { return updates::plainLine(text, most) == text; }
+
+std::optional<Failure> objectionToVersions(const Release& release) {
+  constexpr std::size_t longestShownVersion = 100;
+  if (!updates::isVersion(release.version)) {
+    return Failure{"version " + quoted(release.version) +
+                   " would never be offered: it is a digit and up to 99 letters, digits and characters of .-+~_"};
+  }
+  if (updates::compareVersions(release.version, "0") != std::weak_ordering::greater) {
+    return Failure{"version " + quoted(release.version) + " would never be offered: it is not greater than 0"};
+  }
+  if (!isOneLine(release.shownVersion, longestShownVersion)) {
+    return Failure{"the shown version is not one plain line of at most 100 characters"};
+  }
+  if (!release.minimumSystemVersion.empty() && !updates::isNumericVersion(release.minimumSystemVersion)) {
+    return Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
+  }
+  return std::nullopt;
+}
+
+std::optional<Failure> objectionToAddress(const std::string& url) {
+  const std::string scheme = "https://";
+  if (!updates::isWebAddress(url) || !url.starts_with(scheme)) {
+    return Failure{quoted(url) + " is not an address that starts with https://"};
+  }
+  const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
+  if (server.find('@') != std::string::npos) {
+    return Failure{quoted(url) + " names a user, and the updater asks as nobody"};
+  }
+  if (url.size() > FeedReader::maximumAttributeLength) {
+    return Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) + " characters"};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Failure> objectionTo(const Release& release) {
+  if (auto objection = objectionToVersions(release)) {
+    return objection;
+  }
+  if (!isOneLine(release.title, FeedReader::maximumTitleLength)) {
+    return Failure{"the title is not one plain line of at most " + std::to_string(FeedReader::maximumTitleLength) +
+                   " characters"};
+  }
+  if (!release.channel.empty() && !updates::isChannelName(release.channel)) {
+    return Failure{"channel " + quoted(release.channel) +
+                   " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
+  }
+  return objectionToAddress(release.url);
+}
+
+std::optional<Failure> objectionTo(const updates::FeedItem& item, const Package& package, const SecretKey& key) {
+  // The oldest program there can be, on the newest system, of whoever takes everything.
+  const updates::ItemChooser everybody({.runningVersion = "0",
+                                        .systemVersion = item.minimumSystemVersion,
+                                        .channels = {item.channel},
+                                        .origin = updates::UserDriver::Origin::user});
+  if (!everybody.best({item})) {
+    return Failure{"the updater would not offer the item"};
+  }
+  const auto publicKey = updates::PublicKey::parse(key.publicText());
+  if (const auto* failure = std::get_if<Failure>(&publicKey)) {
+    return *failure;
+  }
+  const auto claim = updates::PackageClaim::create(item);
+  if (const auto* failure = std::get_if<Failure>(&claim)) {
+    return *failure;
+  }
+  const auto& claimed = std::get<updates::PackageClaim>(claim);
+  return claimed.signature.verify(std::get<updates::PublicKey>(publicKey), package.descriptor(), claimed.length);
+}
+
+}  // namespace tarnwell::host_linux::publish
