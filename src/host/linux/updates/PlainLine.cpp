@@ -35,7 +35,7 @@ struct Letter {
 
 /// How many bytes a character has that starts with this one; 0 for a byte that starts none.
 std::size_t lengthBehind(unsigned char first) {
-  if (first < 0x80 || first < 0xc2 || first > 0xf4) {
+  if (first < 0xc2 || first > 0xf4) {
     return first < 0x80 ? 1 : 0;
   }
   if (first < 0xe0) {
