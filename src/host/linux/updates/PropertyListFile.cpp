@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
+#include <ctime>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -30,6 +31,11 @@ constexpr int mostFilesSetAside = 1000;
 
 Failure systemFailure(const std::string& what, const fs::path& path) {
   return {what + " " + path.string() + ": " + std::system_category().message(errno)};
+}
+
+Failure unlocked(const std::string& what, const fs::path& path) {
+  return errno == EWOULDBLOCK ? Failure{what + " " + path.string() + ": another program does not let go of it"}
+                              : systemFailure(what, path);
 }
 
 // The library goes down by calling itself. Counts tags only, which may refuse a text that spells many of them.
@@ -104,17 +110,30 @@ Result<PropertyList> loaded(const fs::path& path) {
   return parsed(std::get<std::string>(content));
 }
 
-/// Held as long as the descriptor is open.
+bool takes(int lock) {
+  constexpr timespec pause = {.tv_sec = 0, .tv_nsec = 5'000'000};
+  constexpr int mostTries = 200;
+  for (int tries = 0; ::flock(lock, LOCK_EX | LOCK_NB) != 0; ++tries) {
+    if ((errno != EWOULDBLOCK && errno != EINTR) || tries == mostTries) {
+      return false;
+    }
+    ::nanosleep(&pause, nullptr);
+  }
+  return true;
+}
+
+/// Held as long as the descriptor is open. Others have it for a moment; who holds it longer, for a second, gets no more
+/// of the main thread's time. Empty, with errno set, when there is no lock to be had.
 core::Descriptor locked(const fs::path& path) {
   const fs::path lock = path.parent_path() / ("." + path.filename().string() + ".lock");
   if (!makeFolders(path.parent_path())) {
     return {};
   }
   core::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
-  while (!file.isEmpty() && ::flock(file.number(), LOCK_EX) != 0) {
-    if (errno != EINTR) {
-      return {};
-    }
+  if (!file.isEmpty() && !takes(file.number())) {
+    const int error = errno;
+    file.close();
+    errno = error;
   }
   return file;
 }
@@ -157,7 +176,7 @@ Result<PropertyList> mended(const fs::path& path) {
 
 Result<PropertyList> mendedUnderLock(const fs::path& path) {
   const core::Descriptor lock = locked(path);
-  return lock.isEmpty() ? systemFailure("cannot lock", path) : mended(path);
+  return lock.isEmpty() ? unlocked("cannot read", path) : mended(path);
 }
 
 }  // namespace
@@ -177,7 +196,7 @@ PropertyList PropertyListFile::dictionary() const {
 std::optional<Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
   const core::Descriptor lock = locked(path_);
   if (lock.isEmpty()) {
-    return systemFailure("cannot write", path_);
+    return unlocked("cannot write", path_);
   }
   const auto list = mended(path_);
   if (const auto* failure = std::get_if<Failure>(&list)) {

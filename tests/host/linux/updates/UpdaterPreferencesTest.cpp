@@ -1,6 +1,8 @@
 #include "host/linux/updates/UpdaterPreferences.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -10,6 +12,7 @@
 #include <functional>
 #include <vector>
 
+#include "core/Descriptor.h"
 #include "fixtures/CommaLocale.h"
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
@@ -230,6 +233,17 @@ TEST(UpdaterPreferences, loseNothingOnAFullDisk) {
   EXPECT_EQ(status, 0);
   EXPECT_EQ(setting.preferences.automaticChecks(), true);
   EXPECT_FALSE(setting.preferences.automaticDownloads());
+}
+
+TEST(UpdaterPreferences, doNotWaitForWhoDoesNotLetGo) {
+  const Setting setting;
+  EXPECT_FALSE(setting.preferences.setSkippedVersion("1.0"));
+  const core::Descriptor lock(::open((setting.file.parent_path() / ".updates.plist.lock").c_str(), O_RDWR | O_CLOEXEC));
+  ASSERT_EQ(::flock(lock.number(), LOCK_EX), 0);
+  const auto failure = setting.preferences.setSkippedVersion("2.0");
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(failure->message, "cannot write " + setting.file.string() + ": another program does not let go of it");
+  EXPECT_EQ(setting.preferences.skippedVersion(), "1.0");
 }
 
 /// Two processes write a key each, again and again, and look after each write whether all of theirs are still there.
