@@ -1,12 +1,12 @@
 #include "host/qt/QtApplication.h"
 
-#include <QtCore/QProcess>
 #include <QtCore/QSocketNotifier>
 #include <QtWidgets/QStyleFactory>
 #include <cstdlib>
+#include <variant>
 
 #include "diagnostics/Console.h"
-#include "host/qt/Conversions.h"
+#include "host/linux/StartProgram.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -45,6 +45,7 @@ QtApplication::QtApplication(int argc, char** argv) : argc_(argc), application_(
   qInstallMessageHandler(nullptr);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setQuitLockEnabled(false);
+  watch(openers_.descriptor(), [this] { openers_.reap(); });
 }
 
 QtApplication::~QtApplication() = default;
@@ -56,8 +57,11 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 }
 
 void QtApplication::openUrl(const std::string& address) {
-  if (!QProcess::startDetached(QStringLiteral("xdg-open"), {toQString(address)})) {
-    diagnostics::printErrorLine("tarnwell: xdg-open could not be started to open " + address);
+  const auto opener = host_linux::startProgram({"xdg-open", address});
+  if (const auto* failure = std::get_if<host_linux::Failure>(&opener)) {
+    diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + failure->message);
+  } else {
+    openers_.watch(std::get<pid_t>(opener));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/ChildReaper.h"
 #include "host/qt/QtHost.h"
 #include "kit/Action.h"
 
@@ -34,6 +35,7 @@ class QtApplication {
   QtApplication(int argc, char** argv);
 
   int argc_;  // The toolkit keeps a reference to it.
+  core::ChildReaper openers_;
   QApplication application_;
   QtHost host_;
 };

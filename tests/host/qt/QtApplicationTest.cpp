@@ -1,15 +1,20 @@
 #include "host/qt/QtApplication.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <QtCore/QTimer>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <string>
 
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
+#include "fixtures/WaitFor.h"
 #include "kit/Window.h"
 
 // Each test has a process of its own: a toolkit starts once a process.
@@ -103,6 +108,26 @@ TEST(QtApplicationTest, watchedDescriptorWakesTheLoop) {
               return application->run();
             }),
             5);
+}
+
+TEST(QtApplicationTest, theBrowserGetsTheAddressAndNoDescriptorOfOurs) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("xdg-open", "#!/bin/sh\nls -l /proc/$$/fd >'" + (sandbox / "open").string() + "'\necho \"$@\" >'" +
+                                (sandbox / "words").string() + "'\n");
+  std::filesystem::permissions(sandbox / "xdg-open", std::filesystem::perms::owner_all);
+  sandbox.write("secret", "");
+  const fixtures::EnvironmentScope path("PATH", sandbox.path().string() + ":/usr/bin:/bin");
+  EXPECT_EQ(fixtures::exitStatusOf([&] {
+              const auto application = started();
+              // Left open for others, as a library does that knows no better.
+              const int left = ::open((sandbox / "secret").c_str(), O_RDONLY);
+              application->openUrl("https://tarnwell.example/a b");
+              return left >= 0 && fixtures::waitFor([&] { return !sandbox.read("words").empty(); }) ? 0 : 1;
+            }),
+            0);
+  EXPECT_EQ(sandbox.read("words"), "https://tarnwell.example/a b\n");
+  EXPECT_EQ(sandbox.read("open").find("secret"), std::string::npos) << sandbox.read("open");
+  EXPECT_NE(sandbox.read("open").find("xdg-open"), std::string::npos) << sandbox.read("open");
 }
 
 }  // namespace
