@@ -133,6 +133,7 @@ void CurlTransfer::limit(const CurlTransport::Settings& settings) {
   using std::chrono::milliseconds;
   set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(state_->request.maximumLength));
   set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(milliseconds(settings.connectLimit).count()));
+  set(CURLOPT_TIMEOUT_MS, static_cast<long>(state_->request.limit.count()));
   set(CURLOPT_LOW_SPEED_LIMIT, settings.leastSpeed);
   set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(settings.stallLimit.count()));
   set(CURLOPT_NOSIGNAL, 1L);

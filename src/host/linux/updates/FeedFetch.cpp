@@ -1,13 +1,20 @@
 #include "host/linux/updates/FeedFetch.h"
 
+#include <chrono>
 #include <utility>
 
 namespace tarnwell::host_linux::updates {
+namespace {
+
+/// Of the largest feed at the speed of a bad connection. A check waits for it, with its button switched off.
+constexpr std::chrono::minutes feedLimit(2);
+
+}  // namespace
 
 FeedFetch::FeedFetch(Transport& transport, const std::string& address, Finished finished)
     : finished_(std::move(finished)) {
   transfer_ = transport.get(
-      {.address = address, .maximumLength = FeedReader::maximumLength},
+      {.address = address, .maximumLength = FeedReader::maximumLength, .limit = feedLimit},
       [this](std::string_view bytes) { return take(bytes); },
       [this](const std::optional<Failure>& failure) { finish(failure); });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -17,6 +18,8 @@ class Transport {
   struct Request {
     std::string address = {};
     std::uint64_t maximumLength = 0;  // Bytes; one more ends the transfer with a failure.
+    /// For all of it, however fast it goes on; none where it is zero.
+    std::chrono::milliseconds limit = {};
   };
 
   /// Under way as long as it lives and has not finished. Destroying it cancels it: nothing is called any more. It may

@@ -263,6 +263,24 @@ TEST_F(CurlTransportTest, aServerThatCannotBeReachedIsAFailure) {
             "The server " + host + " cannot be found. Is this computer connected to the Internet?");
 }
 
+TEST_F(CurlTransportTest, whatGoesOnForTooLongEndsHoweverFastItIs) {
+  outcome = {};
+  const auto transfer = transport().get(
+      {.address = server.address("/endless"), .maximumLength = UINT64_MAX / 4, .limit = std::chrono::milliseconds(300)},
+      [this](std::string_view bytes) {
+        outcome.bytes.assign(bytes);
+        return true;
+      },
+      [this](const std::optional<Failure>& failure) {
+        outcome.isFinished = true;
+        outcome.failure = failure;
+      });
+  EXPECT_TRUE(becomes([this] { return outcome.isFinished; }));
+  EXPECT_FALSE(outcome.bytes.empty());
+  ASSERT_TRUE(outcome.failure);
+  EXPECT_EQ(outcome.failure->message, "The server localhost takes too long to answer.");
+}
+
 TEST_F(CurlTransportTest, slowDripAndSilenceEndWithTheLimit) {
   useShortLimits();
   server.serve("file", std::string(100'000, 'x'));
