@@ -13,7 +13,7 @@ packages_for() {
       [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
       ;;
     # The sources of locales are there for a test that makes a locale with a decimal comma.
-    test) echo libgtest-dev libgmock-dev locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
+    test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi trayer ;;
     desktop) echo at-spi2-core python3-pyatspi ;;
@@ -25,7 +25,7 @@ commands_for() {
   case $1 in
     build) echo c++ cmake ninja pkg-config ;;
     run) echo zsh ;;
-    test) echo clang-format-14 run-clang-tidy-14 shellcheck ;;
+    test) echo dpkg-deb clang-format-14 run-clang-tidy-14 shellcheck ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
   esac
 }

@@ -42,9 +42,10 @@ UpdatePanels::Settings panelSettings(const DesktopUpdater::Settings& settings) {
 
 DesktopUpdater::DesktopUpdater(const Theme& theme, const Settings& settings)
     : transport_(settings.source.transport),
-      installer_({.appImage = updates::runningAppImage(settings.executable)}),
+      installer_({.appImage = updates::runningAppImage(settings.executable)}, worker_),
       panels_(theme, panelSettings(settings)),
       transportReady_(transport_.descriptor(), QSocketNotifier::Read),
+      workerReady_(worker_.descriptor(), QSocketNotifier::Read),
       installerReady_(installer_.descriptor(), QSocketNotifier::Read),
       alarmReady_(alarm_.descriptor(), QSocketNotifier::Read),
       controller_(configurationOf(settings), updates::UpdaterPreferences::ofUser(),
@@ -52,8 +53,10 @@ DesktopUpdater::DesktopUpdater(const Theme& theme, const Settings& settings)
                    .driver = panels_,
                    .installer = installer_,
                    .alarm = alarm_,
+                   .worker = worker_,
                    .openUrl = settings.openUrl}) {
   watch(transportReady_, settings.perform, [this] { transport_.dispatch(); });
+  watch(workerReady_, settings.perform, [this] { worker_.dispatch(); });
   watch(installerReady_, settings.perform, [this] { installer_.dispatch(); });
   watch(alarmReady_, settings.perform, [this] { alarm_.dispatch(); });
 }

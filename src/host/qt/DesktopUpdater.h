@@ -8,6 +8,7 @@
 
 #include "host/linux/updates/CurlTransport.h"
 #include "host/linux/updates/DesktopInstaller.h"
+#include "host/linux/updates/ForkedWorker.h"
 #include "host/linux/updates/TimerAlarm.h"
 #include "host/linux/updates/UpdateSource.h"
 #include "host/linux/updates/Updater.h"
@@ -38,11 +39,13 @@ class DesktopUpdater final : public kit::UpdaterController {
   static void watch(QSocketNotifier& notifier, const std::function<void(kit::Action)>& perform, kit::Action dispatch);
 
   host_linux::updates::CurlTransport transport_;
+  host_linux::updates::ForkedWorker worker_;
   host_linux::updates::DesktopInstaller installer_;
   host_linux::updates::TimerAlarm alarm_;
   UpdatePanels panels_;
   // They go before the descriptors that they watch.
   QSocketNotifier transportReady_;
+  QSocketNotifier workerReady_;
   QSocketNotifier installerReady_;
   QSocketNotifier alarmReady_;
   host_linux::updates::UpdaterController controller_;

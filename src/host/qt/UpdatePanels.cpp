@@ -15,6 +15,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 using host_linux::updates::FeedItem;
+using host_linux::updates::HandOver;
 
 constexpr int mostTitleLetters = 90;
 constexpr int mostVersionLetters = 40;
@@ -54,15 +55,11 @@ void UpdatePanels::showPermission(std::function<void(Permission)> answer) {
                            })}},
         .otherChoice = {{"Don’t Check", refuse}},
         .closed = refuse},
-       Origin::user);
+       Origin::schedule);
 }
 
 void UpdatePanels::showChecking(kit::Action cancel) {
-  const auto cancelled = asEvent(std::move(cancel));
-  auto* line = new ProgressLine(theme_, nullptr);
-  line->setAccessibleName(QStringLiteral("Checking for updates"));
-  show({.heading = "Checking for updates…", .body = line, .otherChoice = {{"Cancel", cancelled}}, .closed = cancelled},
-       Origin::user);
+  showWork("Checking for updates…", "Checking for updates", std::move(cancel));
 }
 
 void UpdatePanels::showFound(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) {
@@ -91,12 +88,33 @@ void UpdatePanels::showProgress(std::uint64_t received, std::uint64_t expected) 
   }
 }
 
+void UpdatePanels::showVerifying(const FeedItem& item, kit::Action cancel) {
+  showWork("Verifying " + nameOf(item) + "…", "Verifying", std::move(cancel));
+}
+
 void UpdatePanels::showReady(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) {
   UpdatePage page = offer(item, answer);
   page.heading = nameOf(item) + " is ready to install";
   page.message = "It has been downloaded and verified; you have " + settings_.shownVersion + "." +
                  (item.isCritical ? " This is an important update." : "");
   page.defaultChoice->title = "Install Update";
+  show(std::move(page), origin);
+}
+
+void UpdatePanels::showInstalling(const FeedItem& item, kit::Action cancel) {
+  showWork("Installing " + nameOf(item) + "…", "Installing", std::move(cancel));
+}
+
+void UpdatePanels::showHandedOver(const FeedItem& item, HandOver handOver, Origin origin, kit::Action acknowledged) {
+  const auto closed = asEvent(std::move(acknowledged));
+  UpdatePage page = {.defaultChoice = {{"OK", closed}}, .closed = closed};
+  if (handOver == HandOver::opened) {
+    page.heading = "The installer has been opened";
+    page.message = "Go on there to install " + nameOf(item) + ". When that is done, quit Tarnwell and start it again.";
+  } else {
+    page.heading = nameOf(item) + " is installed";
+    page.message = "Quit Tarnwell and start it again to use it.";
+  }
   show(std::move(page), origin);
 }
 
@@ -125,6 +143,13 @@ void UpdatePanels::dismiss() {
   if (panel_) {
     panel_->dismiss();
   }
+}
+
+void UpdatePanels::showWork(const std::string& heading, const char* name, kit::Action cancel) {
+  const auto cancelled = asEvent(std::move(cancel));
+  auto* line = new ProgressLine(theme_, nullptr);
+  line->setAccessibleName(QString::fromUtf8(name));
+  show({.heading = heading, .body = line, .otherChoice = {{"Cancel", cancelled}}, .closed = cancelled}, Origin::user);
 }
 
 void UpdatePanels::show(UpdatePage page, Origin origin) {

@@ -36,13 +36,19 @@ class UpdatePanels final : public host_linux::updates::UserDriver {
   void showFound(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
   void showDownloading(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
   void showProgress(std::uint64_t received, std::uint64_t expected) override;
+  void showVerifying(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
   void showReady(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
+  void showInstalling(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
+  void showHandedOver(const host_linux::updates::FeedItem& item, host_linux::updates::HandOver handOver, Origin origin,
+                      kit::Action acknowledged) override;
   void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) override;
   void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override;
   void dismiss() override;
 
  private:
   void show(UpdatePage page, Origin origin);
+  /// Something goes on, nobody knows for how long.
+  void showWork(const std::string& heading, const char* name, kit::Action cancel);
   UpdatePage offer(const host_linux::updates::FeedItem& item, const std::function<void(Choice)>& answer) const;
   kit::Action asEvent(kit::Action action) const;
   QWidget* makeNotes(const host_linux::updates::FeedItem& item) const;

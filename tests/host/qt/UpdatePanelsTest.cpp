@@ -194,6 +194,11 @@ TEST_F(UpdatePanelsTest, whatNobodyAskedForDoesNotTakeTheKeyboard) {
   EXPECT_FALSE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
+TEST_F(UpdatePanelsTest, theQuestionAboutPermissionDoesNotTakeTheKeyboard) {
+  panels.showPermission([](UserDriver::Permission /*permission*/) {});
+  EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
 TEST_F(UpdatePanelsTest, permissionIsGivenWithAndWithoutDownloads) {
   std::optional<UserDriver::Permission> given;
   const auto ask = [&] { panels.showPermission([&](UserDriver::Permission permission) { given = permission; }); };
@@ -232,6 +237,37 @@ TEST_F(UpdatePanelsTest, aDownloadShowsHowFarItIs) {
   press("Cancel");
   EXPECT_EQ(answers, 1);
   panels.showProgress(4'000'000, 10'000'000);
+  EXPECT_EQ(window(), nullptr);
+}
+
+TEST_F(UpdatePanelsTest, verifyingAndInstallingCanBeCancelled) {
+  panels.showVerifying(item, answer);
+  EXPECT_THAT(texts(), ElementsAre("Verifying Tarnwell 1.2…"));
+  EXPECT_EQ(parts<QProgressBar>().at(0)->maximum(), 0);
+  EXPECT_EQ(parts<QProgressBar>().at(0)->accessibleName(), "Verifying");
+  press("Cancel");
+  panels.showInstalling(item, answer);
+  EXPECT_THAT(texts(), ElementsAre("Installing Tarnwell 1.2…"));
+  EXPECT_EQ(parts<QProgressBar>().at(0)->maximum(), 0);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(answers, 2);
+  EXPECT_EQ(window(), nullptr);
+}
+
+TEST_F(UpdatePanelsTest, whatIsLeftToDoIsSaidWithoutCoveringTheInstaller) {
+  using host_linux::updates::HandOver;
+  panels.showHandedOver(item, HandOver::opened, UserDriver::Origin::schedule, answer);
+  EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
+  EXPECT_THAT(texts(), ElementsAre("The installer has been opened",
+                                   "Go on there to install Tarnwell 1.2. When that is done, quit Tarnwell and start it "
+                                   "again."));
+  EXPECT_THAT(buttons(), ElementsAre("OK"));
+  press("OK");
+  panels.showHandedOver(item, HandOver::replaced, UserDriver::Origin::user, answer);
+  EXPECT_FALSE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
+  EXPECT_THAT(texts(), ElementsAre("Tarnwell 1.2 is installed", "Quit Tarnwell and start it again to use it."));
+  key(Qt::Key_Return);
+  EXPECT_EQ(answers, 2);
   EXPECT_EQ(window(), nullptr);
 }
 

@@ -1,5 +1,6 @@
 #include "host/linux/updates/CopyFile.h"
 
+#include <sys/types.h>
 #include <unistd.h>
 
 #include <array>
@@ -34,13 +35,19 @@ bool writeAll(int to, const char* bytes, std::size_t length) {
 
 }  // namespace
 
-std::optional<off_t> copySome(int from, off_t position, int to) {
+bool copyFile(int from, int to) {
   static std::array<char, partLength> bytes;
-  const ssize_t count = readAt(from, bytes.data(), position);
-  if (count < 0 || !writeAll(to, bytes.data(), static_cast<std::size_t>(count))) {
-    return std::nullopt;
+  off_t position = 0;
+  for (;;) {
+    const ssize_t count = readAt(from, bytes.data(), position);
+    if (count < 0 || !writeAll(to, bytes.data(), static_cast<std::size_t>(count))) {
+      return false;
+    }
+    if (count == 0) {
+      return true;
+    }
+    position += count;
   }
-  return count;
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -1,14 +1,9 @@
 #pragma once
 
-#include <sys/types.h>
-
-#include <optional>
-
 namespace tarnwell::host_linux::updates {
 
-/// Copies the next part of the file `from`, beginning at `position`, to the end of what was written to `to`; a part is
-/// small enough not to hold anybody up. Returns its length in bytes, 0 at the end of the file, and nothing, with errno
-/// set, when it fails.
-std::optional<off_t> copySome(int from, off_t position, int to);
+/// Appends what the file `from` holds, from its start to its end, to what was written to `to`. False, with errno set,
+/// when that fails. Blocks for as long as it takes.
+bool copyFile(int from, int to);
 
 }  // namespace tarnwell::host_linux::updates

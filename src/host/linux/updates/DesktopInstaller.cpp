@@ -1,175 +1,129 @@
 #include "host/linux/updates/DesktopInstaller.h"
 
-#include <fcntl.h>
-#include <sys/epoll.h>
-#include <sys/syscall.h>
-#include <sys/timerfd.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
-#include <cstdint>
 #include <string>
 #include <utility>
 
-#include "core/SystemFault.h"
-#include "host/linux/StartProgram.h"
+#include "host/linux/updates/FileReplacement.h"
 #include "host/linux/updates/PackageKind.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
 
 constexpr const char* packageName = "tarnwell-update.deb";
-constexpr std::chrono::nanoseconds atOnce = std::chrono::nanoseconds(1);
 
-core::Descriptor needed(int number) {
-  auto descriptor = core::aboveStandardStreams(core::Descriptor(number));
-  if (descriptor.isEmpty()) {
-    core::systemFault("watch an installation", errno);
+/// A package on its way to the program that opens such files. Under a name, so that it can be told where it is.
+class Opening final : public Installer::Installation {
+ public:
+  Opening(Worker& worker, PackageOpener& opener, const PackageFile& package, Installer::Handed handed)
+      : opener_(opener), package_(package), handed_(std::move(handed)) {
+    naming_ = worker.begin([&package] { return named(package); },
+                           [this](const std::optional<Failure>& failure) { open(failure); });
   }
-  return descriptor;
-}
-
-/// The C library's own declaration is missing in older versions and unusable from C++ in others.
-core::Descriptor watchOn(pid_t child) {
-  return core::aboveStandardStreams(core::Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0))));
-}
-
-// A child that the system does not know any more has ended, nobody knows how.
-bool endedWell(int child) {
-  siginfo_t info = {};
-  if (::waitid(P_PIDFD, static_cast<id_t>(child), &info, WEXITED | WNOHANG) != 0) {
-    return true;
+  Opening(const Opening&) = delete;
+  Opening& operator=(const Opening&) = delete;
+  ~Opening() override {
+    opener_.stopWaiting();
+    if (naming_) {
+      naming_.reset();
+      package_.removeName(packageName);
+    }
   }
-  return info.si_code == CLD_EXITED && info.si_status == 0;
-}
+
+ private:
+  static std::optional<Failure> named(const PackageFile& package) {
+    const auto place = package.giveName(packageName);
+    const auto* failure = std::get_if<Failure>(&place);
+    if (failure == nullptr) {
+      return std::nullopt;
+    }
+    return Failure{"The update could not be stored: " + failure->message +
+                   ". See that there is room for it, and try again."};
+  }
+
+  void open(const std::optional<Failure>& unnamed) {
+    naming_.reset();
+    if (unnamed) {
+      return refuse(
+          {"The update could not be stored: " + unnamed->message + ". See that there is room for it, and try again."});
+    }
+    auto refused = opener_.open(package_.placeOf(packageName), [this](const std::optional<Failure>& failure) {
+      failure ? refuse(*failure) : hand(HandOver::opened);
+    });
+    if (refused) {
+      refuse(*std::move(refused));
+    }
+  }
+
+  void refuse(Failure failure) {
+    package_.removeName(packageName);
+    hand(std::move(failure));
+  }
+
+  void hand(Result<HandOver> result) {
+    const Installer::Handed handed = std::move(handed_);
+    handed(std::move(result));
+  }
+
+  PackageOpener& opener_;
+  const PackageFile& package_;
+  Installer::Handed handed_;
+  std::unique_ptr<Worker::Job> naming_;
+};
+
+class Replacing final : public Installer::Installation {
+ public:
+  Replacing(Worker& worker, FileReplacement replacement, const PackageFile& package, Installer::Handed handed)
+      : replacement_(std::move(replacement)), handed_(std::move(handed)) {
+    copying_ = worker.begin([this, &package] { return replacement_.run(package.descriptor()); },
+                            [this](std::optional<Failure> failure) { hand(std::move(failure)); });
+  }
+
+ private:
+  void hand(std::optional<Failure> failure) {
+    const Installer::Handed handed = std::move(handed_);
+    if (failure) {
+      handed(*std::move(failure));
+    } else {
+      handed(HandOver::replaced);
+    }
+  }
+
+  FileReplacement replacement_;
+  Installer::Handed handed_;
+  // The last to come and the first to go: nothing writes any more when the rest is removed.
+  std::unique_ptr<Worker::Job> copying_;
+};
 
 }  // namespace
 
-DesktopInstaller::DesktopInstaller(Settings settings)
-    : settings_(std::move(settings)),
-      events_(needed(::epoll_create1(EPOLL_CLOEXEC))),
-      timer_(needed(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))) {
-  watch(timer_.number());
-}
+DesktopInstaller::DesktopInstaller(Settings settings, Worker& worker)
+    : settings_(std::move(settings)), worker_(worker), opener_(settings_.patience) {}
 
-void DesktopInstaller::install(const FeedItem& /*item*/, PackageFile& package, Handed handed) {
-  handed_ = std::move(handed);
+Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::install(const FeedItem& /*item*/,
+                                                                           const PackageFile& package, Handed handed) {
   switch (packageKind(package.descriptor())) {
     case PackageKind::debian:
-      open(package);
-      break;
+      return std::make_unique<Opening>(worker_, opener_, package, std::move(handed));
     case PackageKind::appImage:
-      replace(package);
-      break;
+      return replace(package, std::move(handed));
     case PackageKind::other:
-      end(Failure{"The update is of a kind that cannot be installed on this system."});
       break;
   }
+  return Failure{"The update is neither a Debian package nor an AppImage, and cannot be installed on this system."};
 }
 
-void DesktopInstaller::dispatch() {
-  std::array<epoll_event, 4> events{};
-  const int count = ::epoll_wait(events_.number(), events.data(), static_cast<int>(events.size()), 0);
-  bool isTime = false;
-  for (int index = 0; index < count; ++index) {
-    const int number = events.at(static_cast<std::size_t>(index)).data.fd;
-    if (number == timer_.number()) {
-      isTime = true;
-    } else {
-      childHasEnded(number);
-    }
-  }
-  // Last, since it may end this object.
-  if (isTime) {
-    timeHasCome();
-  }
-}
-
-void DesktopInstaller::open(PackageFile& package) {
-  const auto named = package.giveName(packageName);
-  if (const auto* failure = std::get_if<Failure>(&named)) {
-    return end(*failure);
-  }
-  named_ = std::get<std::filesystem::path>(named);
-  const auto child = startProgram({"xdg-open", named_.string()});
-  if (const auto* failure = std::get_if<Failure>(&child)) {
-    return end(Failure{"The package could not be opened: " + failure->message + "."});
-  }
-  core::Descriptor ended = watchOn(std::get<pid_t>(child));
-  if (ended.isEmpty()) {
-    return end(std::nullopt);
-  }
-  opener_ = ended.number();
-  watch(opener_);
-  children_.emplace(opener_, std::move(ended));
-  wakeAfter(settings_.patience);
-}
-
-void DesktopInstaller::replace(const PackageFile& package) {
+Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::replace(const PackageFile& package, Handed handed) {
   if (!settings_.appImage) {
-    return end(Failure{"The update is an AppImage, but Tarnwell does not run from one."});
+    return Failure{
+        "The update is an AppImage, but Tarnwell does not run from one. Get the package for your system from where "
+        "you got Tarnwell."};
   }
-  auto begun = FileReplacement::begin(
-      core::Descriptor(::fcntl(package.descriptor(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1)), *settings_.appImage);
-  if (const auto* failure = std::get_if<Failure>(&begun)) {
-    return end(*failure);
+  auto replacement = FileReplacement::create(*settings_.appImage);
+  if (const auto* failure = std::get_if<Failure>(&replacement)) {
+    return *failure;
   }
-  replacement_.emplace(std::get<FileReplacement>(std::move(begun)));
-  wakeAfter(atOnce);
-}
-
-void DesktopInstaller::wakeAfter(std::chrono::nanoseconds time) const {
-  const auto whole = std::chrono::floor<std::chrono::seconds>(time);
-  const itimerspec due = {.it_interval = {}, .it_value = {.tv_sec = whole.count(), .tv_nsec = (time - whole).count()}};
-  ::timerfd_settime(timer_.number(), 0, &due, nullptr);
-}
-
-void DesktopInstaller::timeHasCome() {
-  std::uint64_t expirations = 0;
-  if (::read(timer_.number(), &expirations, sizeof expirations) < 0) {
-    return;
-  }
-  if (replacement_) {
-    const auto progress = replacement_->step();
-    const auto* failure = std::get_if<Failure>(&progress);
-    if (failure == nullptr && std::get<FileReplacement::Progress>(progress) == FileReplacement::Progress::more) {
-      return wakeAfter(atOnce);
-    }
-    outcome_ = failure != nullptr ? std::optional(*failure) : std::nullopt;
-    replacement_.reset();
-  }
-  opener_ = -1;
-  const std::optional<Failure> outcome = std::exchange(outcome_, std::nullopt).value_or(std::nullopt);
-  if (outcome && !named_.empty()) {
-    ::unlink(named_.c_str());
-  }
-  if (const Handed handed = std::exchange(handed_, nullptr)) {
-    handed(outcome);
-  }
-}
-
-void DesktopInstaller::childHasEnded(int number) {
-  const bool well = endedWell(number);
-  // Out of the set before it is closed: a set keeps what is still open elsewhere, and would report it for ever.
-  ::epoll_ctl(events_.number(), EPOLL_CTL_DEL, number, nullptr);
-  children_.erase(number);
-  if (number == opener_) {
-    end(well ? std::nullopt : std::optional(Failure{"No program on this system opens packages."}));
-  }
-}
-
-void DesktopInstaller::watch(int number) const {
-  epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
-  if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    core::systemFault("watch an installation", errno);
-  }
-}
-
-void DesktopInstaller::end(std::optional<Failure> failure) {
-  outcome_ = std::move(failure);
-  wakeAfter(atOnce);
+  return std::make_unique<Replacing>(worker_, std::get<FileReplacement>(std::move(replacement)), package,
+                                     std::move(handed));
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <filesystem>
-#include <map>
+#include <memory>
 #include <optional>
 
-#include "core/Descriptor.h"
-#include "host/linux/updates/FileReplacement.h"
 #include "host/linux/updates/Installer.h"
+#include "host/linux/updates/PackageOpener.h"
+#include "host/linux/updates/Worker.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -24,36 +22,24 @@ class DesktopInstaller final : public Installer {
     std::chrono::milliseconds patience = std::chrono::seconds(3);
   };
 
-  explicit DesktopInstaller(Settings settings);
-  ~DesktopInstaller() override = default;
+  /// The worker is borrowed.
+  DesktopInstaller(Settings settings, Worker& worker);
 
-  /// One at a time.
-  void install(const FeedItem& item, PackageFile& package, Handed handed) override;
+  /// One at a time, which ends before the installer does.
+  Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
+                                                Handed handed) override;
 
   /// Readable when `dispatch` has something to do. The same for the installer's whole life.
-  int descriptor() const { return events_.number(); }
+  int descriptor() const { return opener_.descriptor(); }
   /// Goes on with what was begun. It may end the installer.
-  void dispatch();
+  void dispatch() { opener_.dispatch(); }
 
  private:
-  void open(PackageFile& package);
-  void replace(const PackageFile& package);
-  void wakeAfter(std::chrono::nanoseconds time) const;
-  void timeHasCome();
-  void childHasEnded(int number);
-  void watch(int number) const;
-  /// From the event loop, whoever calls this.
-  void end(std::optional<Failure> failure);
+  Result<std::unique_ptr<Installation>> replace(const PackageFile& package, Handed handed);
 
   Settings settings_;
-  core::Descriptor events_;
-  core::Descriptor timer_;
-  std::map<int, core::Descriptor> children_;
-  int opener_ = -1;  // The child that is waited for.
-  std::filesystem::path named_;
-  std::optional<FileReplacement> replacement_;
-  std::optional<std::optional<Failure>> outcome_;
-  Handed handed_;
+  Worker& worker_;
+  PackageOpener opener_;
 };
 
 }  // namespace tarnwell::host_linux::updates

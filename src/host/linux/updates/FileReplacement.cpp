@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
@@ -16,72 +15,63 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Failure cannotReplace(const fs::path& target) {
-  return {"cannot replace " + target.string() + ": " + std::generic_category().message(errno)};
+/// The same each time, so that what a power failure leaves behind is gone with the next update.
+constexpr const char* replacementDraft = ".tarnwell-update";
+constexpr mode_t unfinishedMode = 0600;
+constexpr mode_t permissionBits = 0777;
+
+Failure notReplaced(const fs::path& target, const std::string& reason, const std::string& advice) {
+  return {"The new version cannot take the place of " + target.string() + ": " + reason + ". " + advice};
 }
+
+Failure notReplaceable(const fs::path& target, const std::string& reason) {
+  return notReplaced(target, reason, "Get the new version from where you got Tarnwell.");
+}
+
+std::string systemReason() { return std::generic_category().message(errno); }
 
 }  // namespace
 
-FileReplacement::FileReplacement(core::Descriptor source, fs::path target)
-    : source_(std::move(source)), target_(std::move(target)) {}
-
-FileReplacement::FileReplacement(FileReplacement&& other) noexcept
-    : source_(std::move(other.source_)),
-      target_(std::move(other.target_)),
-      draftName_(std::exchange(other.draftName_, {})),
-      draft_(std::move(other.draft_)),
-      position_(other.position_) {}
-
 FileReplacement::~FileReplacement() {
-  if (!draftName_.empty()) {
-    ::unlink(draftName_.c_str());
+  if (!folder_.isEmpty()) {
+    ::unlinkat(folder_.number(), replacementDraft, 0);
   }
 }
 
-Result<FileReplacement> FileReplacement::begin(core::Descriptor source, fs::path target) {
-  FileReplacement replacement(std::move(source), std::move(target));
-  if (auto refused = replacement.open()) {
-    return *std::move(refused);
+Result<FileReplacement> FileReplacement::create(const fs::path& target) {
+  core::Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  struct stat status = {};
+  if (folder.isEmpty() || ::fstatat(folder.number(), target.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+    return notReplaceable(target, systemReason());
   }
-  return replacement;
+  if (!S_ISREG(status.st_mode)) {
+    return notReplaceable(target, "it is not a file");
+  }
+  return FileReplacement(target, core::aboveStandardStreams(std::move(folder)));
 }
 
-Result<FileReplacement::Progress> FileReplacement::step() {
-  const auto copied = copySome(source_.number(), position_, draft_.number());
-  if (!copied) {
-    return cannotReplace(target_);
+std::optional<Failure> FileReplacement::run(int source) const {
+  const int folder = folder_.number();
+  ::unlinkat(folder, replacementDraft, 0);
+  const core::Descriptor draft(
+      ::openat(folder, replacementDraft, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, unfinishedMode));
+  if (draft.isEmpty() || !fill(source, draft.number()) ||
+      ::renameat(folder, replacementDraft, folder, target_.filename().c_str()) != 0) {
+    return notReplaced(target_, systemReason(),
+                       "The version that you have was left as it is. See that there is room and that you may write "
+                       "there, and try again.");
   }
-  if (*copied == 0) {
-    if (auto refused = finish()) {
-      return *std::move(refused);
-    }
-    return Progress::done;
-  }
-  // Begun early, so that there is little left to wait for at the end.
-  ::sync_file_range(draft_.number(), position_, *copied, SYNC_FILE_RANGE_WRITE);
-  position_ += *copied;
-  return Progress::more;
-}
-
-std::optional<Failure> FileReplacement::open() {
-  draftName_ = (target_.parent_path() / ("." + target_.filename().string() + ".XXXXXX")).string();
-  draft_ = core::Descriptor(::mkostemp(draftName_.data(), O_CLOEXEC));
-  if (draft_.isEmpty()) {
-    draftName_.clear();
-    return cannotReplace(target_);
-  }
+  // The new name survives a power failure only once the folder is on the disk. Not every file system can do that, and
+  // the file is complete by now.
+  ::fsync(folder);
   return std::nullopt;
 }
 
-std::optional<Failure> FileReplacement::finish() {
+bool FileReplacement::fill(int source, int draft) const {
   struct stat old = {};
-  const bool isReady = ::stat(target_.c_str(), &old) == 0 && ::fchmod(draft_.number(), old.st_mode & 07777U) == 0 &&
-                       ::fsync(draft_.number()) == 0;
-  if (!isReady || ::rename(draftName_.c_str(), target_.c_str()) != 0) {
-    return cannotReplace(target_);
-  }
-  draftName_.clear();
-  return std::nullopt;
+  return copyFile(source, draft) &&
+         ::fstatat(folder_.number(), target_.filename().c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 &&
+         ::fchmod(draft, old.st_mode & permissionBits) == 0 && ::fsync(draft) == 0;
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -1,43 +1,36 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "core/Descriptor.h"
 #include "host/linux/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
-/// Puts one large file in the place of another, step by step: the old one stands until the new one is complete, and
-/// stays where anything fails. What is not finished leaves nothing behind.
+/// Puts one large file in the place of another: the old one stands until the new one is complete and on the disk, and
+/// stays where anything fails. What is not finished goes with this object. Failures are sentences for people.
 class FileReplacement {
  public:
-  enum class Progress { more, done };
-
-  /// `source` is read from its start; `target` exists, and its mode is kept.
-  static Result<FileReplacement> begin(core::Descriptor source, std::filesystem::path target);
-  FileReplacement(FileReplacement&& other) noexcept;
+  /// `target` is a file that exists, and no link to one.
+  static Result<FileReplacement> create(const std::filesystem::path& target);
+  FileReplacement(FileReplacement&&) = default;
   FileReplacement& operator=(FileReplacement&&) = delete;
   ~FileReplacement();
 
-  /// Copies a part that takes a moment.
-  Result<Progress> step();
+  /// With what `source` holds from its start to its end. The new file has the old one's permissions, but never lends
+  /// its owner's rights. Blocks for as long as copying takes.
+  std::optional<Failure> run(int source) const;
 
  private:
-  FileReplacement(core::Descriptor source, std::filesystem::path target);
+  FileReplacement(std::filesystem::path target, core::Descriptor folder)
+      : target_(std::move(target)), folder_(std::move(folder)) {}
 
-  std::optional<Failure> open();
-  std::optional<Failure> finish();
+  bool fill(int source, int draft) const;
 
-  core::Descriptor source_;
   std::filesystem::path target_;
-  std::string draftName_;
-  core::Descriptor draft_;
-  off_t position_ = 0;
+  core::Descriptor folder_;
 };
 
 }  // namespace tarnwell::host_linux::updates

@@ -1,23 +1,34 @@
 #pragma once
 
 #include <functional>
-#include <optional>
+#include <memory>
 
 #include "host/linux/Result.h"
 #include "host/linux/updates/FeedItem.h"
+#include "host/linux/updates/HandOver.h"
 #include "host/linux/updates/PackageFile.h"
 
 namespace tarnwell::host_linux::updates {
 
-/// Hands a verified package to whoever installs packages on this system; never runs it.
+/// Hands a verified package to whoever installs packages on this system; never runs it. Failures are sentences for
+/// people.
 class Installer {
  public:
-  using Handed = std::function<void(std::optional<Failure>)>;
+  /// Under way as long as it lives and has not ended. Destroying it cancels what can still be cancelled; nothing is
+  /// called any more. It may be destroyed by what it calls.
+  class Installation {
+   public:
+    virtual ~Installation() = default;
+  };
+
+  using Handed = std::function<void(Result<HandOver>)>;
 
   virtual ~Installer() = default;
 
-  /// `handed` is called once, later, from the event loop.
-  virtual void install(const FeedItem& item, PackageFile& package, Handed handed) = 0;
+  /// Returns why the package is nothing for this system, which trying again does not change. Otherwise `handed` is
+  /// called once, later, from the event loop. The package must stay until then.
+  virtual Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
+                                                        Handed handed) = 0;
 };
 
 }  // namespace tarnwell::host_linux::updates

@@ -42,15 +42,19 @@ bool ItemChooser::suits(const FeedItem& item) const {
          (item.channel.empty() || std::find(channels.begin(), channels.end(), item.channel) != channels.end());
 }
 
-bool ItemChooser::isSkipped(const FeedItem& item) const {
-  return circumstances_.origin == UserDriver::Origin::schedule && !item.isCritical &&
-         !circumstances_.skippedVersion.empty() && !isNewer(item.version, circumstances_.skippedVersion);
+bool ItemChooser::isPassedOver(const FeedItem& item) const {
+  const auto isNoNewerThan = [&item](const std::string& version) {
+    return !version.empty() && !isNewer(item.version, version);
+  };
+  return circumstances_.origin == UserDriver::Origin::schedule &&
+         ((!item.isCritical && isNoNewerThan(circumstances_.skippedVersion)) ||
+          isNoNewerThan(circumstances_.handedOverVersion));
 }
 
 std::optional<FeedItem> ItemChooser::best(const std::vector<FeedItem>& items) const {
   const FeedItem* best = nullptr;
   for (const FeedItem& item : items) {
-    if (suits(item) && !isSkipped(item) && (best == nullptr || isNewer(item.version, best->version))) {
+    if (suits(item) && !isPassedOver(item) && (best == nullptr || isNewer(item.version, best->version))) {
       best = &item;
     }
   }

@@ -18,6 +18,8 @@ class ItemChooser {
     std::string systemVersion = {};
     std::vector<std::string> channels = {};  // Beside the one without a name.
     std::string skippedVersion = {};
+    /// What was given to the installer while this program ran; empty for nothing.
+    std::string handedOverVersion = {};
     UserDriver::Origin origin = UserDriver::Origin::user;
   };
 
@@ -25,12 +27,12 @@ class ItemChooser {
 
   /// The newest item that suits this system and is newer than what runs, both in versions that are such; of several
   /// with the same version the first. Unless the user asks, what is not newer than the skipped version is passed over,
-  /// but never a critical item.
+  /// but never a critical item; and what is not newer than the version that was handed over, whatever it is.
   std::optional<FeedItem> best(const std::vector<FeedItem>& items) const;
 
  private:
   bool suits(const FeedItem& item) const;
-  bool isSkipped(const FeedItem& item) const;
+  bool isPassedOver(const FeedItem& item) const;
 
   Circumstances circumstances_;
 };

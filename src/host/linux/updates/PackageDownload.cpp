@@ -1,38 +1,43 @@
 #include "host/linux/updates/PackageDownload.h"
 
-#include <string>
+#include <chrono>
 #include <utility>
+
+#include "host/linux/updates/DebianPackage.h"
+#include "host/linux/updates/PackageKind.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
+
+/// Somebody may be far from any fast network and still want it; that nothing comes ends it much sooner.
+constexpr std::chrono::hours packageLimit(24);
 
 Failure untrustedPackage(const std::string& reason) {
   return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
 }
 
-Failure unstored(const Failure& failure) { return {"The update could not be stored: " + failure.message + "."}; }
+Failure unstored(const Failure& failure) {
+  return {"The update could not be stored: " + failure.message + ". See that there is room for it, and try again."};
+}
 
 }  // namespace
 
-PackageDownload::PackageDownload(Order order, PackageFile file, Progress progress, Finished finished)
-    : order_(std::move(order)),
-      file_(std::move(file)),
-      progress_(std::move(progress)),
-      finished_(std::move(finished)) {}
+PackageDownload::PackageDownload(Worker& worker, Order order, PackageFile file, Listener listener)
+    : worker_(worker), order_(std::move(order)), file_(std::move(file)), listener_(std::move(listener)) {}
 
-Result<std::unique_ptr<PackageDownload>> PackageDownload::start(Transport& transport, Order order, Progress progress,
-                                                                Finished finished) {
+Result<std::unique_ptr<PackageDownload>> PackageDownload::start(Transport& transport, Worker& worker, Order order,
+                                                                Listener listener) {
   auto file = PackageFile::create(order.folder);
   if (const auto* failure = std::get_if<Failure>(&file)) {
     return unstored(*failure);
   }
-  std::unique_ptr<PackageDownload> download(new PackageDownload(
-      std::move(order), std::get<PackageFile>(std::move(file)), std::move(progress), std::move(finished)));
+  std::unique_ptr<PackageDownload> download(
+      new PackageDownload(worker, std::move(order), std::get<PackageFile>(std::move(file)), std::move(listener)));
   PackageDownload& self = *download;
   self.transfer_ = transport.get(
-      {.address = self.order_.claim.address, .maximumLength = self.order_.claim.length},
+      {.address = self.order_.claim.address, .maximumLength = self.order_.claim.length, .limit = packageLimit},
       [&self](std::string_view bytes) { return self.take(bytes); },
-      [&self](const std::optional<Failure>& failure) { self.finish(failure); });
+      [&self](const std::optional<Failure>& failure) { self.arrive(failure); });
   return download;
 }
 
@@ -46,29 +51,52 @@ bool PackageDownload::take(std::string_view bytes) {
     return false;
   }
   // The one who is told may end us.
-  const Progress progress = progress_;
+  const auto progress = listener_.progress;
   progress(file_.length());
   return true;
 }
 
-void PackageDownload::finish(const std::optional<Failure>& transportFailure) {
-  const Finished finished = std::move(finished_);
-  if (const auto failure = flaw(transportFailure)) {
+void PackageDownload::arrive(const std::optional<Failure>& transportFailure) {
+  if (refusal_ || transportFailure) {
+    return finish(refusal_ ? refusal_ : transportFailure);
+  }
+  if (file_.length() != order_.claim.length) {
+    return finish(untrustedPackage("it is shorter than the feed says"));
+  }
+  verification_ =
+      worker_.begin([this] { return flaw(); }, [this](const std::optional<Failure>& failure) { finish(failure); });
+  const kit::Action verifying = listener_.verifying;
+  verifying();
+}
+
+std::optional<Failure> PackageDownload::flaw() const {
+  if (const auto mismatch = order_.claim.signature.verify(order_.key, file_.descriptor(), order_.claim.length)) {
+    return untrustedPackage(mismatch->message);
+  }
+  return packageKind(file_.descriptor()) == PackageKind::debian ? foreignVersion() : std::nullopt;
+}
+
+// A signature says who made a package, but not that it is the one that the feed is about: somebody could offer an old
+// one under a new number. An AppImage does not say its version without being run.
+std::optional<Failure> PackageDownload::foreignVersion() const {
+  const auto version = debianVersion(file_.descriptor());
+  if (const auto* failure = std::get_if<Failure>(&version)) {
+    return *failure;
+  }
+  const auto& own = std::get<std::string>(version);
+  if (isDebianVersionOf(own, order_.version)) {
+    return std::nullopt;
+  }
+  return untrustedPackage("it is version " + own + ", although it was offered as " + order_.version);
+}
+
+void PackageDownload::finish(const std::optional<Failure>& failure) {
+  const auto finished = std::move(listener_.finished);
+  if (failure) {
     finished(*failure);
   } else {
     finished(std::move(file_));
   }
-}
-
-std::optional<Failure> PackageDownload::flaw(const std::optional<Failure>& transportFailure) const {
-  if (refusal_ || transportFailure) {
-    return refusal_ ? refusal_ : transportFailure;
-  }
-  if (file_.length() != order_.claim.length) {
-    return untrustedPackage("it is shorter than the feed says");
-  }
-  const auto mismatch = order_.claim.signature.verify(order_.key, file_.descriptor(), order_.claim.length);
-  return mismatch ? std::optional(untrustedPackage(mismatch->message)) : std::nullopt;
 }
 
 }  // namespace tarnwell::host_linux::updates

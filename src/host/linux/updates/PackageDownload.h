@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "host/linux/Result.h"
@@ -12,42 +13,53 @@
 #include "host/linux/updates/PackageFile.h"
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/Transport.h"
+#include "host/linux/updates/Worker.h"
+#include "kit/Action.h"
 
 namespace tarnwell::host_linux::updates {
 
-/// Gets a package and hands it on only when it is what was claimed. Under way as long as it lives and has not
-/// finished; what was downloaded vanishes with it.
+/// Gets a package and hands it on only when it is what was claimed: its length and signature, and of a Debian package
+/// the version that it gives itself. Under way as long as it lives and has not finished; what was downloaded vanishes
+/// with it.
 class PackageDownload {
  public:
   struct Order {
     PackageClaim claim;
     PublicKey key;
+    std::string version = {};
     std::filesystem::path folder = {};
   };
-  using Progress = std::function<void(std::uint64_t received)>;
-  /// A failure is a sentence for people.
-  using Finished = std::function<void(Result<PackageFile>)>;
+  /// All of it is called from the event loop and may end the download.
+  struct Listener {
+    std::function<void(std::uint64_t received)> progress = {};  // Bytes so far.
+    /// All of it has come, and is looked at.
+    kit::Action verifying = {};
+    /// Called once. A failure is a sentence for people.
+    std::function<void(Result<PackageFile>)> finished = {};
+  };
 
-  /// Returns why it could not even begin. Otherwise `finished` is called once, from the event loop, and may end the
-  /// download; so may `progress`.
-  static Result<std::unique_ptr<PackageDownload>> start(Transport& transport, Order order, Progress progress,
-                                                        Finished finished);
+  /// Returns why it could not even begin. Transport and worker are borrowed.
+  static Result<std::unique_ptr<PackageDownload>> start(Transport& transport, Worker& worker, Order order,
+                                                        Listener listener);
   PackageDownload(const PackageDownload&) = delete;
   PackageDownload& operator=(const PackageDownload&) = delete;
 
  private:
-  PackageDownload(Order order, PackageFile file, Progress progress, Finished finished);
+  PackageDownload(Worker& worker, Order order, PackageFile file, Listener listener);
 
   bool take(std::string_view bytes);
-  void finish(const std::optional<Failure>& transportFailure);
-  std::optional<Failure> flaw(const std::optional<Failure>& transportFailure) const;
+  void arrive(const std::optional<Failure>& transportFailure);
+  std::optional<Failure> flaw() const;
+  std::optional<Failure> foreignVersion() const;
+  void finish(const std::optional<Failure>& failure);
 
+  Worker& worker_;
   Order order_;
   PackageFile file_;
-  Progress progress_;
-  Finished finished_;
+  Listener listener_;
   std::optional<Failure> refusal_;
   std::unique_ptr<Transport::Transfer> transfer_;
+  std::unique_ptr<Worker::Job> verification_;
 };
 
 }  // namespace tarnwell::host_linux::updates

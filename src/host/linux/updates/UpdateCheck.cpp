@@ -20,29 +20,58 @@ auto UpdateCheck::whileCurrent(F function) {
   };
 }
 
+// What nobody asked for is not shown while it works, only when there is something to decide or to know.
 void UpdateCheck::enter(Stage stage) {
   stage_ = stage;
   stageLife_ = std::make_shared<int>();
+  show();
   listener_.changed();
 }
 
-bool UpdateCheck::awaitsAnUnaskedAnswer() const { return origin_ == Origin::schedule && stage_ != Stage::working; }
+void UpdateCheck::show() {
+  auto& driver = setting_.ports.driver;
+  const bool isAsked = origin_ == Origin::user;
+  switch (stage_) {
+    case Stage::checking:
+      return isAsked ? driver.showChecking(cancel()) : void();
+    case Stage::downloading:
+      return isAsked ? driver.showDownloading(item_, cancel()) : void();
+    case Stage::verifying:
+      return isAsked ? driver.showVerifying(item_, cancel()) : void();
+    case Stage::installing:
+      return driver.showInstalling(item_, cancel());
+    case Stage::handedOver:
+      return driver.showHandedOver(item_, handOver_, origin_, cancel());
+    case Stage::found:
+    case Stage::ready:
+      return showChoice();
+    case Stage::over:
+      return;
+  }
+}
 
-void UpdateCheck::bringForward() {
-  origin_ = Origin::user;
+void UpdateCheck::showChoice() {
+  auto& driver = setting_.ports.driver;
   if (stage_ == Stage::found) {
-    showFound();
-  } else if (stage_ == Stage::ready) {
-    showReady();
+    driver.showFound(item_, origin_, whileCurrent([this](Choice choice) { answerFound(choice); }));
+  } else {
+    driver.showReady(item_, origin_, whileCurrent([this](Choice choice) { answerReady(choice); }));
+  }
+}
+
+bool UpdateCheck::canComeForward() const { return origin_ == Origin::schedule && stage_ != Stage::checking; }
+
+void UpdateCheck::comeForward() {
+  origin_ = Origin::user;
+  enter(stage_);
+  if (stage_ == Stage::downloading) {
+    takeProgress(received_);
   }
 }
 
 void UpdateCheck::start() {
-  enter(Stage::working);
+  enter(Stage::checking);
   listener_.began();
-  if (origin_ == Origin::user) {
-    setting_.ports.driver.showChecking(whileCurrent([this] { end(); }));
-  }
   fetch_ = std::make_unique<FeedFetch>(setting_.ports.transport, setting_.configuration.feedAddress,
                                        [this](const auto& feed) { take(feed); });
 }
@@ -58,6 +87,7 @@ void UpdateCheck::take(const Result<std::vector<FeedItem>>& feed) {
                              .systemVersion = configuration.systemVersion,
                              .channels = configuration.channels,
                              .skippedVersion = setting_.preferences.skippedVersion(),
+                             .handedOverVersion = setting_.handedOverVersion,
                              .origin = origin_});
   if (auto item = chooser.best(std::get<std::vector<FeedItem>>(feed))) {
     takeItem(std::move(*item));
@@ -67,19 +97,18 @@ void UpdateCheck::take(const Result<std::vector<FeedItem>>& feed) {
 }
 
 void UpdateCheck::sayUpToDate() {
-  if (origin_ == Origin::user) {
-    enter(Stage::working);
-    setting_.ports.driver.showUpToDate(setting_.configuration.shownVersion, whileCurrent([this] { end(); }));
-  } else {
-    end();
+  if (origin_ == Origin::schedule) {
+    return end();
   }
+  enter(Stage::over);
+  setting_.ports.driver.showUpToDate(setting_.configuration.shownVersion, cancel());
 }
 
 // What lacks a signature is refused before anybody is asked to install it.
 void UpdateCheck::takeItem(FeedItem item) {
   item_ = std::move(item);
   if (item_.isInformational) {
-    showFound();
+    enter(Stage::found);
     return;
   }
   const auto claim = PackageClaim::create(item_);
@@ -88,13 +117,8 @@ void UpdateCheck::takeItem(FeedItem item) {
   } else if (origin_ == Origin::schedule && setting_.preferences.automaticDownloads()) {
     download();
   } else {
-    showFound();
+    enter(Stage::found);
   }
-}
-
-void UpdateCheck::showFound() {
-  enter(Stage::found);
-  setting_.ports.driver.showFound(item_, origin_, whileCurrent([this](Choice choice) { answerFound(choice); }));
 }
 
 void UpdateCheck::answerFound(Choice choice) {
@@ -112,26 +136,26 @@ void UpdateCheck::answerFound(Choice choice) {
 }
 
 void UpdateCheck::download() {
-  enter(Stage::working);
+  enter(Stage::downloading);
   const auto claim = std::get<PackageClaim>(PackageClaim::create(item_));
-  const bool isShown = origin_ == Origin::user;
-  auto& driver = setting_.ports.driver;
-  if (isShown) {
-    driver.showDownloading(item_, whileCurrent([this] { end(); }));
-    driver.showProgress(0, claim.length);
-  }
+  takeProgress(0);
   auto started = PackageDownload::start(
-      setting_.ports.transport, {.claim = claim, .key = setting_.key, .folder = setting_.configuration.packageFolder},
-      [&driver, isShown, length = claim.length](std::uint64_t received) {
-        if (isShown) {
-          driver.showProgress(received, length);
-        }
-      },
-      [this](Result<PackageFile> package) { takePackage(std::move(package)); });
+      setting_.ports.transport, setting_.ports.worker,
+      {.claim = claim, .key = setting_.key, .version = item_.version, .folder = setting_.configuration.packageFolder},
+      {.progress = [this](std::uint64_t received) { takeProgress(received); },
+       .verifying = [this] { enter(Stage::verifying); },
+       .finished = [this](Result<PackageFile> package) { takePackage(std::move(package)); }});
   if (const auto* failure = std::get_if<Failure>(&started)) {
     fail(*failure, [this] { download(); });
   } else {
     download_ = std::get<std::unique_ptr<PackageDownload>>(std::move(started));
+  }
+}
+
+void UpdateCheck::takeProgress(std::uint64_t received) {
+  received_ = received;
+  if (origin_ == Origin::user) {
+    setting_.ports.driver.showProgress(received_, item_.enclosure.length);
   }
 }
 
@@ -140,13 +164,8 @@ void UpdateCheck::takePackage(Result<PackageFile> package) {
     fail(*failure, [this] { download(); });
     return;
   }
-  package_ = std::get<PackageFile>(std::move(package));
-  showReady();
-}
-
-void UpdateCheck::showReady() {
+  package_.emplace(std::get<PackageFile>(std::move(package)));
   enter(Stage::ready);
-  setting_.ports.driver.showReady(item_, origin_, whileCurrent([this](Choice choice) { answerReady(choice); }));
 }
 
 void UpdateCheck::answerReady(Choice choice) {
@@ -161,17 +180,26 @@ void UpdateCheck::answerReady(Choice choice) {
 }
 
 void UpdateCheck::install() {
-  enter(Stage::working);
-  setting_.ports.installer.install(
-      item_, *package_, whileCurrent([this](const std::optional<Failure>& failure) { takeHandOver(failure); }));
+  enter(Stage::installing);
+  installation_.reset();
+  auto begun = setting_.ports.installer.install(item_, *package_,
+                                                [this](const Result<HandOver>& result) { takeHandOver(result); });
+  if (const auto* failure = std::get_if<Failure>(&begun)) {
+    fail(*failure, {});
+  } else {
+    installation_ = std::get<std::unique_ptr<Installer::Installation>>(std::move(begun));
+  }
 }
 
-void UpdateCheck::takeHandOver(const std::optional<Failure>& failure) {
-  if (failure) {
+void UpdateCheck::takeHandOver(const Result<HandOver>& result) {
+  if (const auto* failure = std::get_if<Failure>(&result)) {
     fail(*failure, [this] { install(); });
-  } else {
-    end();
+    return;
   }
+  handOver_ = std::get<HandOver>(result);
+  listener_.handedOver(item_.version);
+  origin_ = Origin::schedule;
+  enter(Stage::handedOver);
 }
 
 void UpdateCheck::fail(const Failure& failure, kit::Action retry) {
@@ -180,8 +208,9 @@ void UpdateCheck::fail(const Failure& failure, kit::Action retry) {
     end();
     return;
   }
-  enter(Stage::working);
-  setting_.ports.driver.showFailure(failure.message, whileCurrent([this] { end(); }), whileCurrent(std::move(retry)));
+  enter(Stage::over);
+  setting_.ports.driver.showFailure(failure.message, cancel(),
+                                    retry ? kit::Action(whileCurrent(std::move(retry))) : kit::Action());
 }
 
 void UpdateCheck::skip() {
@@ -189,6 +218,10 @@ void UpdateCheck::skip() {
     report(setting_.preferences.setSkippedVersion(item_.version));
   }
   end();
+}
+
+kit::Action UpdateCheck::cancel() {
+  return whileCurrent([this] { end(); });
 }
 
 void UpdateCheck::end() {

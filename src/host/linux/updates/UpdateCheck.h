@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,12 +25,15 @@ class UpdateCheck {
     PublicKey key;
     UpdaterPreferences preferences;
     UpdaterPorts ports;
+    /// What was given to the installer before, while this program ran; empty for nothing.
+    std::string handedOverVersion = {};
   };
   struct Listener {
     /// A check begins; by trying again, one object may make several.
     kit::Action began = {};
-    /// `awaitsAnUnaskedAnswer` may have changed.
+    /// `canComeForward` may have changed.
     kit::Action changed = {};
+    std::function<void(const std::string& version)> handedOver = {};
     /// Over, whatever came of it. May destroy the check.
     kit::Action ended = {};
   };
@@ -38,30 +43,33 @@ class UpdateCheck {
   UpdateCheck& operator=(const UpdateCheck&) = delete;
 
   void start();
-  /// Whether something is on the screen that nobody asked for, and that somebody may have overlooked.
-  bool awaitsAnUnaskedAnswer() const;
+  /// Whether there is something that nobody asked for: a download without a window, or a window that may have been
+  /// overlooked.
+  bool canComeForward() const;
   /// Shows that as though it had been asked for.
-  void bringForward();
+  void comeForward();
 
  private:
-  enum class Stage { working, found, ready };
+  enum class Stage { checking, found, downloading, verifying, ready, installing, handedOver, over };
   using Choice = UserDriver::Choice;
   using Origin = UserDriver::Origin;
 
   void take(const Result<std::vector<FeedItem>>& feed);
   void takeItem(FeedItem item);
   void sayUpToDate();
-  void showFound();
   void answerFound(Choice choice);
   void download();
+  void takeProgress(std::uint64_t received);
   void takePackage(Result<PackageFile> package);
-  void showReady();
   void answerReady(Choice choice);
   void install();
-  void takeHandOver(const std::optional<Failure>& failure);
+  void takeHandOver(const Result<HandOver>& result);
   void fail(const Failure& failure, kit::Action retry);
   void skip();
   void enter(Stage stage);
+  void show();
+  void showChoice();
+  kit::Action cancel();
   void end();
 
   /// Of this check's life and of this stage: an answer that comes later is none.
@@ -71,12 +79,15 @@ class UpdateCheck {
   Setting setting_;
   Origin origin_;
   Listener listener_;
-  Stage stage_ = Stage::working;
+  Stage stage_ = Stage::checking;
   std::shared_ptr<int> stageLife_;
   FeedItem item_;
+  std::uint64_t received_ = 0;  // Bytes of the package.
+  HandOver handOver_ = HandOver::opened;
   std::unique_ptr<FeedFetch> fetch_;
   std::unique_ptr<PackageDownload> download_;
   std::optional<PackageFile> package_;
+  std::unique_ptr<Installer::Installation> installation_;  // Of the package.
 };
 
 }  // namespace tarnwell::host_linux::updates

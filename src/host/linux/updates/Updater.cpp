@@ -1,8 +1,10 @@
 #include "host/linux/updates/Updater.h"
 
+#include <chrono>
 #include <utility>
 #include <variant>
 
+#include "host/linux/updates/PackageFolder.h"
 #include "host/linux/updates/Report.h"
 #include "host/linux/updates/UpdateCheck.h"
 
@@ -94,7 +96,7 @@ void Updater::checkForUpdates() {
   if (!obstacle_.empty()) {
     sayWhyNot();
   } else if (check_) {
-    check_->bringForward();
+    check_->comeForward();
   } else {
     begin(UserDriver::Origin::user);
   }
@@ -114,11 +116,25 @@ void Updater::begin(UserDriver::Origin origin) {
   ports_.alarm.cancel();
   asksForPermission_ = false;  // The check takes the question's place on the screen.
   const auto key = std::get<PublicKey>(PublicKey::parse(configuration_.publicKey));
-  check_ = std::make_unique<UpdateCheck>(UpdateCheck::Setting{configuration_, key, preferences_, ports_}, origin,
-                                         UpdateCheck::Listener{.began = [this] { schedule_.noteCheck(); },
-                                                               .changed = [this] { tellWhetherItCanCheck(); },
-                                                               .ended = [this] { ended(); }});
+  clearAway();
+  check_ = std::make_unique<UpdateCheck>(
+      UpdateCheck::Setting{configuration_, key, preferences_, ports_, handedOver_ ? handedOver_->version : ""}, origin,
+      UpdateCheck::Listener{.began = [this] { schedule_.noteCheck(); },
+                            .changed = [this] { tellWhetherItCanCheck(); },
+                            .handedOver =
+                                [this](const std::string& version) {
+                                  handedOver_ = HandedOver{.version = version, .time = ports_.alarm.now()};
+                                },
+                            .ended = [this] { ended(); }});
   check_->start();
+}
+
+// An installer reads its package when the user gets round to it, and nobody tells us when that was.
+void Updater::clearAway() {
+  constexpr std::chrono::hours longEnough(24);
+  if (handedOver_ && ports_.alarm.now() - handedOver_->time >= longEnough) {
+    removePackages(configuration_.packageFolder);
+  }
 }
 
 void Updater::ended() {
@@ -128,9 +144,7 @@ void Updater::ended() {
   tellWhetherItCanCheck();
 }
 
-void Updater::tellWhetherItCanCheck() {
-  setCanCheckForUpdates(!saysWhyNot_ && (!check_ || check_->awaitsAnUnaskedAnswer()));
-}
+void Updater::tellWhetherItCanCheck() { setCanCheckForUpdates(!saysWhyNot_ && (!check_ || check_->canComeForward())); }
 
 bool Updater::automaticallyChecksForUpdates() const { return preferences_.automaticChecks().value_or(false); }
 

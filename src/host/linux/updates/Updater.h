@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -29,7 +30,7 @@ class Updater final : public kit::Updater {
   /// and sets the alarm for the next check.
   void start();
 
-  /// Where an update that nobody asked for is on the screen already, it comes to the front instead.
+  /// Where an update that nobody asked for is being downloaded, or on the screen, it comes to the front instead.
   void checkForUpdates() override;
 
   bool automaticallyChecksForUpdates() const override;
@@ -38,7 +39,14 @@ class Updater final : public kit::Updater {
   void setAutomaticallyDownloadsUpdates(bool downloads) override;
 
  private:
+  /// Remembered until the next start, which will be of that version or of one that still wants it.
+  struct HandedOver {
+    std::string version = {};
+    Alarm::Clock::time_point time = {};
+  };
+
   void begin(UserDriver::Origin origin);
+  void clearAway();
   void ended();
   void sayWhyNot();
   void askForPermission();
@@ -53,6 +61,7 @@ class Updater final : public kit::Updater {
   CheckSchedule schedule_;
   /// Why no check is possible with this configuration; empty where one is.
   std::string obstacle_;
+  std::optional<HandedOver> handedOver_;
   std::unique_ptr<UpdateCheck> check_;
   bool saysWhyNot_ = false;
   bool asksForPermission_ = false;

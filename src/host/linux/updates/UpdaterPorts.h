@@ -7,6 +7,7 @@
 #include "host/linux/updates/Installer.h"
 #include "host/linux/updates/Transport.h"
 #include "host/linux/updates/UserDriver.h"
+#include "host/linux/updates/Worker.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -16,6 +17,7 @@ struct UpdaterPorts {
   UserDriver& driver;
   Installer& installer;
   Alarm& alarm;
+  Worker& worker;
   /// Shows a web page in the browser.
   std::function<void(const std::string& address)> openUrl = {};
 };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/linux/updates/FeedItem.h"
+#include "host/linux/updates/HandOver.h"
 #include "kit/Action.h"
 
 namespace tarnwell::host_linux::updates {
@@ -34,8 +35,13 @@ class UserDriver {
   virtual void showDownloading(const FeedItem& item, kit::Action cancel) = 0;
   /// Of what `showDownloading` showed.
   virtual void showProgress(std::uint64_t received, std::uint64_t expected) = 0;
+  virtual void showVerifying(const FeedItem& item, kit::Action cancel) = 0;
   /// Downloaded and verified; installing it is the user's decision.
   virtual void showReady(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) = 0;
+  /// On its way to where it is installed.
+  virtual void showInstalling(const FeedItem& item, kit::Action cancel) = 0;
+  /// What is left for the user to do. Unasked, so as not to cover what has just been opened.
+  virtual void showHandedOver(const FeedItem& item, HandOver handOver, Origin origin, kit::Action acknowledged) = 0;
   virtual void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) = 0;
   /// `reason` is a sentence for people. `retry` is empty where trying again cannot help.
   virtual void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) = 0;

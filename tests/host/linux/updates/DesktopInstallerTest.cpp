@@ -1,19 +1,24 @@
 #include "host/linux/updates/DesktopInstaller.h"
 
 #include <gtest/gtest.h>
-#include <poll.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
+#include "host/linux/updates/ForkedWorker.h"
 #include "host/linux/updates/RunningAppImage.h"
 
 namespace tarnwell::host_linux::updates {
@@ -49,60 +54,79 @@ class DesktopInstallerTest : public testing::Test {
 
   bool becomes(const std::function<bool()>& condition) {
     return fixtures::waitFor([&] {
-      pollfd ready = {.fd = installer->descriptor(), .events = POLLIN, .revents = 0};
-      if (::poll(&ready, 1, 0) > 0) {
-        installer->dispatch();
-      }
+      worker.dispatch();
+      installer->dispatch();
       return condition();
     });
   }
 
-  /// Empty when the package was handed over.
-  std::string refusal(PackageFile& file) {
-    std::optional<std::string> reason;
-    installer->install({.title = "../evil", .enclosure = {.url = "https://x/evil.sh"}}, file,
-                       [&](const std::optional<Failure>& failure) { reason = failure ? failure->message : ""; });
-    EXPECT_FALSE(reason.has_value());
-    EXPECT_TRUE(becomes([&] { return reason.has_value(); }));
-    return reason.value_or("nothing came");
+  static std::string textOf(const Result<HandOver>& result) {
+    if (const auto* failure = std::get_if<Failure>(&result)) {
+      return failure->message;
+    }
+    return std::get<HandOver>(result) == HandOver::opened ? "opened" : "replaced";
   }
 
-  void use(DesktopInstaller::Settings settings) { installer.emplace(std::move(settings)); }
+  /// "opened" or "replaced" when the package was handed over.
+  std::string outcomeOf(const PackageFile& file) {
+    std::optional<std::string> outcome;
+    const auto begun = installer->install({.title = "../evil", .enclosure = {.url = "https://x/evil.sh"}}, file,
+                                          [&](const Result<HandOver>& result) { outcome = textOf(result); });
+    EXPECT_FALSE(outcome.has_value());
+    if (const auto* failure = std::get_if<Failure>(&begun)) {
+      return "for good: " + failure->message;
+    }
+    EXPECT_TRUE(becomes([&] { return outcome.has_value(); }));
+    return outcome.value_or("nothing came");
+  }
+
+  /// As far as it gets until `condition` holds; then it is cancelled.
+  void cancelWhen(const PackageFile& file, const std::function<bool()>& condition) {
+    const auto begun = installer->install({}, file, [](const auto& /*result*/) { ADD_FAILURE(); });
+    EXPECT_TRUE(std::holds_alternative<std::unique_ptr<Installer::Installation>>(begun));
+    EXPECT_TRUE(becomes(condition));
+  }
+
+  void use(DesktopInstaller::Settings settings) { installer.emplace(std::move(settings), worker); }
 
   static bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
 
   fixtures::Sandbox sandbox;
   fixtures::EnvironmentScope path{"PATH", sandbox.path().string() + ":/usr/bin:/bin"};
-  std::optional<DesktopInstaller> installer{DesktopInstaller::Settings{}};
+  ForkedWorker worker;
+  std::optional<DesktopInstaller> installer{std::in_place, DesktopInstaller::Settings{}, worker};
 };
 
 TEST_F(DesktopInstallerTest, aDebianPackageIsHandedToTheDesktopUnderOurOwnName) {
-  PackageFile file = package(debianPackage);
-  EXPECT_EQ(refusal(file), "");
+  const PackageFile file = package(debianPackage);
+  EXPECT_EQ(outcomeOf(file), "opened");
   EXPECT_EQ(sandbox.read("opened"), debianPackage);
   EXPECT_EQ(sandbox.read("names"), (sandbox / "cache/tarnwell-update.deb").string() + "\n");
-  EXPECT_FALSE(hasChildren());
+  EXPECT_TRUE(becomes([] { return !hasChildren(); }));
 }
 
 TEST_F(DesktopInstallerTest, aDesktopThatOpensNoPackagesIsAFailure) {
   makeOpener("exit 3");
-  PackageFile file = package(debianPackage);
-  EXPECT_EQ(refusal(file), "No program on this system opens packages.");
-  EXPECT_FALSE(hasChildren());
+  const PackageFile file = package(debianPackage);
+  EXPECT_EQ(outcomeOf(file), "No program on this system opens Debian packages. Install one that does, and try again.");
+  EXPECT_TRUE(becomes([] { return !hasChildren(); }));
   EXPECT_TRUE(fs::is_empty(sandbox / "cache"));
 }
 
 TEST_F(DesktopInstallerTest, withoutADesktopItIsAFailure) {
   const fixtures::EnvironmentScope nowhere("PATH", sandbox / "nowhere");
-  PackageFile file = package(debianPackage);
-  EXPECT_EQ(refusal(file), "The package could not be opened: cannot start xdg-open: No such file or directory.");
+  const PackageFile file = package(debianPackage);
+  EXPECT_EQ(outcomeOf(file),
+            "The package could not be opened: cannot start xdg-open: No such file or directory. Install the program, "
+            "which is in the package xdg-utils, and try again.");
+  EXPECT_TRUE(fs::is_empty(sandbox / "cache"));
 }
 
 TEST_F(DesktopInstallerTest, aDesktopThatStaysWithThePackageIsNotWaitedFor) {
   use({.patience = std::chrono::milliseconds(50)});
   makeOpener("while [ ! -e " + (sandbox / "released").string() + " ]; do sleep 0.01; done; exit 4");
-  PackageFile file = package(debianPackage);
-  EXPECT_EQ(refusal(file), "");
+  const PackageFile file = package(debianPackage);
+  EXPECT_EQ(outcomeOf(file), "opened");
   EXPECT_TRUE(hasChildren());
   sandbox.write("released", "");
   EXPECT_TRUE(becomes([] { return !hasChildren(); }));
@@ -112,36 +136,126 @@ TEST_F(DesktopInstallerTest, theAppImageThatRunsIsReplaced) {
   sandbox.write("Tarnwell.AppImage", "old");
   fs::permissions(sandbox / "Tarnwell.AppImage", fs::perms(0750));
   use({.appImage = sandbox / "Tarnwell.AppImage"});
-  PackageFile file = package(appImage);
-  EXPECT_EQ(refusal(file), "");
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(outcomeOf(file), "replaced");
   EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), appImage);
   EXPECT_EQ(fs::status(sandbox / "Tarnwell.AppImage").permissions(), fs::perms(0750));
   EXPECT_FALSE(sandbox.holds("opened"));
   EXPECT_TRUE(fs::is_empty(sandbox / "cache"));
 }
 
-TEST_F(DesktopInstallerTest, anAppImageThatCannotBeReplacedStaysAsItIs) {
-  use({.appImage = sandbox / "gone/Tarnwell.AppImage"});
-  PackageFile file = package(appImage);
-  EXPECT_EQ(refusal(file),
-            "cannot replace " + (sandbox / "gone/Tarnwell.AppImage").string() + ": No such file or directory");
+TEST_F(DesktopInstallerTest, aDesktopWhoseEndCannotBeSeenIsAFailure) {
+  EXPECT_EQ(fixtures::exitStatusOf([this] {
+              ::signal(SIGCHLD, SIG_IGN);
+              const PackageFile file = package(debianPackage);
+              const bool isRefused = outcomeOf(file) == "It cannot be told whether the package was opened. Try again.";
+              return isRefused ? 0 : 1;
+            }),
+            0);
 }
 
-TEST_F(DesktopInstallerTest, aReplacementThatIsNotFinishedLeavesNothingBehind) {
+TEST_F(DesktopInstallerTest, whatIsCancelledBeforeItIsOpenedLeavesNothingBehind) {
+  const PackageFile file = package(debianPackage);
+  cancelWhen(file, [] { return true; });
+  EXPECT_TRUE(becomes([] { return !hasChildren(); }));
+  EXPECT_TRUE(fs::is_empty(sandbox / "cache"));
+  EXPECT_FALSE(sandbox.holds("opened"));
+}
+
+TEST_F(DesktopInstallerTest, aPackageThatIsOpenAlreadyIsLeftToTheDesktop) {
+  makeOpener("while [ ! -e " + (sandbox / "released").string() + " ]; do sleep 0.01; done; exit 4");
+  const PackageFile file = package(debianPackage);
+  cancelWhen(file, [this] { return sandbox.holds("names"); });
+  EXPECT_TRUE(sandbox.holds("cache/tarnwell-update.deb"));
+  sandbox.write("released", "");
+  EXPECT_TRUE(becomes([] { return !hasChildren(); }));
+}
+
+TEST_F(DesktopInstallerTest, aNewAppImageLendsNobodysRights) {
+  sandbox.write("Tarnwell.AppImage", "old");
+  fs::permissions(sandbox / "Tarnwell.AppImage", fs::perms(07751));
+  use({.appImage = sandbox / "Tarnwell.AppImage"});
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(outcomeOf(file), "replaced");
+  EXPECT_EQ(fs::status(sandbox / "Tarnwell.AppImage").permissions(), fs::perms(0751));
+}
+
+TEST_F(DesktopInstallerTest, anAppImageThatIsGoneOrNoFileIsNotReplaced) {
+  const PackageFile file = package(appImage);
+  const auto refusal = [](const fs::path& target, const std::string& reason) {
+    return "for good: The new version cannot take the place of " + target.string() + ": " + reason +
+           ". Get the new version from where you got Tarnwell.";
+  };
+  use({.appImage = sandbox / "gone/Tarnwell.AppImage"});
+  EXPECT_EQ(outcomeOf(file), refusal(sandbox / "gone/Tarnwell.AppImage", "No such file or directory"));
+  use({.appImage = sandbox / "gone.AppImage"});
+  EXPECT_EQ(outcomeOf(file), refusal(sandbox / "gone.AppImage", "No such file or directory"));
+  sandbox.write("kept", "old");
+  fs::create_symlink(sandbox / "kept", sandbox / "link");
+  use({.appImage = sandbox / "link"});
+  EXPECT_EQ(outcomeOf(file), refusal(sandbox / "link", "it is not a file"));
+  EXPECT_EQ(sandbox.read("kept"), "old");
+}
+
+TEST_F(DesktopInstallerTest, aCopyThatBreaksOffLeavesTheOldAppImageInItsPlace) {
   fs::create_directory(sandbox / "programs");
   sandbox.write("programs/Tarnwell.AppImage", "old");
   use({.appImage = sandbox / "programs/Tarnwell.AppImage"});
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(fixtures::exitStatusOf([&] {
+              // Default signals are what the copy has; a file that grows beyond the limit ends it.
+              const rlimit room = {.rlim_cur = 500'000, .rlim_max = 500'000};
+              ::setrlimit(RLIMIT_FSIZE, &room);
+              return outcomeOf(file).starts_with("The work on the update was interrupted") ? 0 : 1;
+            }),
+            0);
+  EXPECT_EQ(sandbox.read("programs/Tarnwell.AppImage"), "old");
+}
+
+TEST_F(DesktopInstallerTest, anAppImageThatCannotBeReplacedNowStaysAsItIs) {
+  sandbox.write("Tarnwell.AppImage", "old");
+  fs::create_directory(sandbox / ".tarnwell-update");
+  use({.appImage = sandbox / "Tarnwell.AppImage"});
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(outcomeOf(file), "The new version cannot take the place of " + (sandbox / "Tarnwell.AppImage").string() +
+                                 ": File exists. The version that you have was left as it is. See that there is room "
+                                 "and that you may write there, and try again.");
+  EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), "old");
+}
+
+TEST_F(DesktopInstallerTest, aReplacementThatIsCancelledLeavesNothingBehind) {
+  fs::create_directory(sandbox / "programs");
+  sandbox.write("programs/Tarnwell.AppImage", "old");
+  use({.appImage = sandbox / "programs/Tarnwell.AppImage"});
+  // So large that it is still on its way when it is cancelled.
   PackageFile file = package(appImage);
-  installer->install({}, file, [](const std::optional<Failure>& /*failure*/) { ADD_FAILURE(); });
-  installer->dispatch();
-  installer.reset();
+  const std::string more(1 << 20, 'x');
+  for (int part = 0; part < 64; ++part) {
+    EXPECT_FALSE(file.append(more));
+  }
+  cancelWhen(file, [this] { return sandbox.holds("programs/.tarnwell-update"); });
+  EXPECT_TRUE(becomes([] { return !hasChildren(); }));
   EXPECT_EQ(sandbox.read("programs/Tarnwell.AppImage"), "old");
   EXPECT_EQ(std::distance(fs::directory_iterator(sandbox / "programs"), fs::directory_iterator()), 1);
 }
 
+TEST_F(DesktopInstallerTest, whatAPowerFailureLeftBehindIsInNobodysWay) {
+  sandbox.write("Tarnwell.AppImage", "old");
+  sandbox.write("kept", "kept");
+  fs::create_symlink(sandbox / "kept", sandbox / ".tarnwell-update");
+  use({.appImage = sandbox / "Tarnwell.AppImage"});
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(outcomeOf(file), "replaced");
+  EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), appImage);
+  EXPECT_EQ(sandbox.read("kept"), "kept");
+  EXPECT_FALSE(fs::exists(fs::symlink_status(sandbox / ".tarnwell-update")));
+}
+
 TEST_F(DesktopInstallerTest, anAppImageIsNothingForAnInstalledProgram) {
-  PackageFile file = package(appImage);
-  EXPECT_EQ(refusal(file), "The update is an AppImage, but Tarnwell does not run from one.");
+  const PackageFile file = package(appImage);
+  EXPECT_EQ(outcomeOf(file),
+            "for good: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
+            "from where you got Tarnwell.");
 }
 
 TEST_F(DesktopInstallerTest, anythingElseIsRefused) {
@@ -149,8 +263,10 @@ TEST_F(DesktopInstallerTest, anythingElseIsRefused) {
                                     "\x7f"
                                     "ELF",
                                     "!<arch>\n"}) {
-    PackageFile file = package(content);
-    EXPECT_EQ(refusal(file), "The update is of a kind that cannot be installed on this system.");
+    const PackageFile file = package(content);
+    EXPECT_EQ(outcomeOf(file),
+              "for good: The update is neither a Debian package nor an AppImage, and cannot be installed on this "
+              "system.");
   }
   EXPECT_FALSE(sandbox.holds("opened"));
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "host/linux/updates/Transport.h"
+#include "kit/Action.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -13,6 +15,7 @@ class FakeTransport final : public Transport {
  public:
   std::unique_ptr<Transfer> get(const Request& request, Received received, Finished finished) override {
     addresses.push_back(request.address);
+    limits.push_back(request.limit);
     maximumLength_ = request.maximumLength;
     line_ = std::make_shared<Line>(Line{std::move(received), std::move(finished)});
     return std::make_unique<FakeTransfer>(line_);
@@ -39,6 +42,9 @@ class FakeTransport final : public Transport {
     if (const auto line = line_; isBusy()) {
       const Finished finished = std::exchange(line->finished, nullptr);
       finished(std::move(failure));
+      if (afterwards) {
+        afterwards();
+      }
     }
   }
   /// Delivers everything and finishes.
@@ -48,6 +54,10 @@ class FakeTransport final : public Transport {
   }
 
   std::vector<std::string> addresses = {};
+  /// How long each request may take.
+  std::vector<std::chrono::milliseconds> limits = {};
+  /// What the event loop does next when something has finished.
+  kit::Action afterwards = {};
 
  private:
   struct Line {

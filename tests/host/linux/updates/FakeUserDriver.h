@@ -30,6 +30,18 @@ class FakeUserDriver final : public UserDriver {
   void showProgress(std::uint64_t received, std::uint64_t expected) override {
     progress = std::to_string(received) + " of " + std::to_string(expected);
   }
+  void showVerifying(const FeedItem& item, kit::Action cancel) override {
+    show("verifying " + item.shownVersion);
+    cancel_ = std::move(cancel);
+  }
+  void showInstalling(const FeedItem& item, kit::Action cancel) override {
+    show("installing " + item.shownVersion);
+    cancel_ = std::move(cancel);
+  }
+  void showHandedOver(const FeedItem& item, HandOver handOver, Origin origin, kit::Action acknowledged) override {
+    show((handOver == HandOver::opened ? "opened " : "replaced by ") + item.shownVersion + wish(origin));
+    acknowledge_ = std::move(acknowledged);
+  }
   void showReady(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) override {
     show("ready " + item.shownVersion + wish(origin));
     choice_ = std::move(answer);

@@ -14,7 +14,9 @@
 #include "host/linux/updates/CurlTransport.h"
 #include "host/linux/updates/DesktopInstaller.h"
 #include "host/linux/updates/FakeUserDriver.h"
+#include "host/linux/updates/ForkedWorker.h"
 #include "host/linux/updates/LoopbackServer.h"
+#include "host/linux/updates/RealPackage.h"
 #include "host/linux/updates/TimerAlarm.h"
 #include "host/linux/updates/Updater.h"
 
@@ -37,6 +39,7 @@ class PublishedUpdateTest : public testing::Test {
 
   /// A feed with one item; its package is fetched in a way that the server knows.
   void publish(const std::string& version, const std::string& way = "file") {
+    package = realPackage(version, std::string(300'000, 'p'));
     sandbox.write("package.deb", package);
     server.serve("package.deb", package);
     fs::remove(sandbox / "feed.xml");
@@ -56,17 +59,19 @@ class PublishedUpdateTest : public testing::Test {
                                                              .shownVersion = "1.0",
                                                              .packageFolder = sandbox / "packages"},
                                         UpdaterPreferences(sandbox / "updates.plist"),
-                                        UpdaterPorts{transport, driver, installer, alarm});
+                                        UpdaterPorts{transport, driver, installer, alarm, worker});
     updater->start();
   }
 
   bool becomes(const std::function<bool()>& condition) {
     return fixtures::waitFor([&] {
-      std::array<pollfd, 3> ready = {{{.fd = transport.descriptor(), .events = POLLIN, .revents = 0},
+      std::array<pollfd, 4> ready = {{{.fd = transport.descriptor(), .events = POLLIN, .revents = 0},
+                                      {.fd = worker.descriptor(), .events = POLLIN, .revents = 0},
                                       {.fd = installer.descriptor(), .events = POLLIN, .revents = 0},
                                       {.fd = alarm.descriptor(), .events = POLLIN, .revents = 0}}};
       ::poll(ready.data(), ready.size(), 0);
       transport.dispatch();
+      worker.dispatch();
       installer.dispatch();
       alarm.dispatch();
       return condition();
@@ -83,7 +88,7 @@ class PublishedUpdateTest : public testing::Test {
     EXPECT_TRUE(becomes([&] { return driver.screen != "checking"; }));
     if (driver.screen == "found 2.0 as asked") {
       driver.choose(Choice::install);
-      EXPECT_TRUE(becomes([&] { return driver.screen != "downloading 2.0"; }));
+      EXPECT_TRUE(becomes([&] { return !driver.screen.ends_with("ing 2.0"); }));
     }
     return driver.screen;
   }
@@ -93,9 +98,10 @@ class PublishedUpdateTest : public testing::Test {
   fixtures::EnvironmentScope path{"PATH", sandbox.path().string() + ":/usr/bin:/bin"};
   publish::SecretKey key = publish::SecretKey::generate();
   std::string publicKey = key.publicText();
-  std::string package = "!<arch>\ndebian-binary   " + std::string(300'000, 'p');
+  std::string package = {};
   CurlTransport transport{{.authorities = server.authority(), .stallLimit = std::chrono::seconds(1)}};
-  DesktopInstaller installer{DesktopInstaller::Settings{}};
+  ForkedWorker worker;
+  DesktopInstaller installer{DesktopInstaller::Settings{}, worker};
   TimerAlarm alarm;
   FakeUserDriver driver;
   std::unique_ptr<Updater> updater;
@@ -111,9 +117,11 @@ TEST_F(PublishedUpdateTest, arrivesAtTheDesktop) {
   EXPECT_EQ(driver.progress, std::to_string(package.size()) + " of " + std::to_string(package.size()));
   EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
   driver.choose(Choice::install);
-  EXPECT_TRUE(becomes([&] { return updater->canCheckForUpdates(); }));
-  EXPECT_EQ(driver.screen, "");
+  EXPECT_EQ(driver.screen, "installing 2.0");
+  EXPECT_TRUE(shows("opened 2.0")) << driver.screen;
   EXPECT_EQ(sandbox.read("opened"), package);
+  driver.acknowledge();
+  EXPECT_TRUE(updater->canCheckForUpdates());
 }
 
 TEST_F(PublishedUpdateTest, whatRunsAlreadyIsUpToDate) {
@@ -150,7 +158,7 @@ TEST_F(PublishedUpdateTest, canBeCancelledAndLeavesNothing) {
 
 TEST_F(PublishedUpdateTest, anotherFileThanTheSignedOneIsRefused) {
   std::string changed = package;
-  changed.back() = 'q';
+  changed[changed.size() / 2] = 'q';
   server.serve("package.deb", changed);
   launch();
   EXPECT_NE(refusal().find("the signature does not belong to this file"), std::string::npos) << driver.screen;
@@ -162,6 +170,23 @@ TEST_F(PublishedUpdateTest, anotherFileThanTheSignedOneIsRefused) {
   EXPECT_NE(refusal().find("sends more than it should"), std::string::npos) << driver.screen;
   EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
   EXPECT_FALSE(sandbox.holds("opened"));
+}
+
+TEST_F(PublishedUpdateTest, anOldPackageUnderANewVersionIsRefused) {
+  publish("2.0");
+  const std::string old = realPackage("1.0", std::string(300'000, 'p'));
+  sandbox.write("old.deb", old);
+  server.serve("package.deb", old);
+  fs::remove(sandbox / "feed.xml");
+  ASSERT_FALSE(publish::publishRelease({.package = sandbox / "old.deb",
+                                        .privateKey = sandbox / "key",
+                                        .version = "2.0",
+                                        .url = server.address("/file/package.deb")},
+                                       sandbox / "feed.xml"));
+  server.serve("feed.xml", sandbox.read("feed.xml"));
+  launch();
+  EXPECT_NE(refusal().find("it is version 1.0, although it was offered as 2.0"), std::string::npos) << driver.screen;
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
 }
 
 TEST_F(PublishedUpdateTest, whatAnotherKeySignedIsRefused) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "fixtures/EnvironmentScope.h"
 #include "host/linux/updates/PackageDownload.h"
+#include "host/linux/updates/RealPackage.h"
 #include "host/linux/updates/UpdaterStage.h"
 
 namespace tarnwell::host_linux::updates {
@@ -113,18 +115,20 @@ TEST(UpdaterAttack, aNetworkThatDeliversTooMuchIsNotBelieved) {
   const fixtures::Sandbox sandbox;
   const SigningKey key;
   LavishTransport transport;
+  FakeWorker worker;
   const auto signature = std::get<Signature>(Signature::parse(key.signatureOf("abc")));
   std::string told;
-  const auto download = PackageDownload::start(
-      transport,
-      {.claim = {.address = "https://updates.invalid/p", .length = 3, .signature = signature},
-       .key = std::get<PublicKey>(PublicKey::parse(key.publicText())),
-       .folder = sandbox / "packages"},
-      [](std::uint64_t) {},
-      [&told](const Result<PackageFile>& result) {
-        const auto* failure = std::get_if<Failure>(&result);
-        told = failure != nullptr ? failure->message : "accepted";
-      });
+  const auto download =
+      PackageDownload::start(transport, worker,
+                             {.claim = {.address = "https://updates.invalid/p", .length = 3, .signature = signature},
+                              .key = std::get<PublicKey>(PublicKey::parse(key.publicText())),
+                              .folder = sandbox / "packages"},
+                             {.progress = [](std::uint64_t) {},
+                              .finished =
+                                  [&told](const Result<PackageFile>& result) {
+                                    const auto* failure = std::get_if<Failure>(&result);
+                                    told = failure != nullptr ? failure->message : "accepted";
+                                  }});
   ASSERT_TRUE(std::holds_alternative<std::unique_ptr<PackageDownload>>(download));
   EXPECT_TRUE(transport.deliver("ab"));
   EXPECT_FALSE(transport.deliver("cd"));
@@ -152,6 +156,30 @@ TEST(UpdaterAttack, anOlderSignedItemIsNoUpdate) {
     EXPECT_EQ(stage.driver.screen, "up to date 1.0") << version;
     stage.driver.acknowledge();
   }
+}
+
+// It is ours and its signature holds, but it is not what the feed says.
+TEST(UpdaterAttack, anOldPackageUnderANewVersionIsThrownAway) {
+  const std::string old = realPackage("1.1");
+  UpdaterStage stage;
+  EXPECT_EQ(refusalOf(stage, itemWith(stage.enclosure(old)), old),
+            thrownAway + std::string("it is version 1.1, although it was offered as 2.0."));
+}
+
+TEST(UpdaterAttack, aPackageOfTheVersionThatWasOfferedIsTaken) {
+  for (const char* version : {"2.0", "2.0-3"}) {
+    const std::string package = realPackage(version);
+    UpdaterStage stage;
+    EXPECT_EQ(refusalOf(stage, itemWith(stage.enclosure(package)), package), "ready 2.0 as asked");
+  }
+}
+
+TEST(UpdaterAttack, aPackageThatNobodyCanLookIntoIsThrownAway) {
+  const std::string package = realPackage("2.0");
+  const fixtures::EnvironmentScope path("PATH", "/nowhere");
+  UpdaterStage stage;
+  const std::string told = refusalOf(stage, itemWith(stage.enclosure(package)), package);
+  EXPECT_NE(told.find("this system has no dpkg-deb"), std::string::npos) << told;
 }
 
 TEST(UpdaterAttack, aVersionOfAnyLengthIsRefusedByTheFeed) {

@@ -25,10 +25,62 @@ TEST(UpdaterCheck, findsDownloadsVerifiesAndHandsOver) {
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.installer.version, "2.0");
   EXPECT_EQ(stage.installer.content, "package of 2.0");
+  EXPECT_EQ(stage.driver.screen, "installing 2.0");
   stage.installer.finish();
+  EXPECT_EQ(stage.driver.screen, "opened 2.0 unasked");
+  stage.driver.acknowledge();
   EXPECT_EQ(stage.driver.screen, "");
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
   EXPECT_TRUE(stage.holdsNoPackage());
+}
+
+TEST(UpdaterCheck, saysWhatBecameOfThePackage) {
+  for (const auto& [handOver, screen] :
+       {std::pair(HandOver::opened, "opened 2.0"), std::pair(HandOver::replaced, "replaced by 2.0")}) {
+    UpdaterStage stage;
+    stage.launch();
+    stage.askAndDownload("2.0");
+    stage.driver.choose(Choice::install);
+    stage.installer.finish(handOver);
+    EXPECT_EQ(stage.driver.screen, screen + std::string(" unasked"));
+    // It may be behind what was opened: whoever looks for updates sees it in front.
+    EXPECT_TRUE(stage.updater->canCheckForUpdates());
+    stage.updater->checkForUpdates();
+    EXPECT_EQ(stage.driver.screen, screen + std::string(" as asked"));
+    EXPECT_FALSE(stage.updater->canCheckForUpdates());
+    stage.driver.acknowledge();
+    EXPECT_TRUE(stage.updater->canCheckForUpdates());
+  }
+}
+
+TEST(UpdaterCheck, offersWhatWasHandedOverToWhoeverAsks) {
+  UpdaterStage stage;
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  stage.installer.finish();
+  stage.driver.acknowledge();
+  stage.ask(stage.feed("2.0"));
+  EXPECT_EQ(stage.driver.screen, "found 2.0 as asked");
+}
+
+TEST(UpdaterCheck, showsThatItVerifies) {
+  UpdaterStage stage;
+  stage.worker.isHeld = true;
+  stage.launch();
+  stage.askAndDownload("2.0");
+  EXPECT_EQ(stage.driver.screen, "verifying 2.0");
+  EXPECT_FALSE(stage.updater->canCheckForUpdates());
+  stage.worker.work();
+  EXPECT_EQ(stage.driver.screen, "ready 2.0 as asked");
+}
+
+TEST(UpdaterCheck, boundsTheTimeOfEachTransfer) {
+  UpdaterStage stage;
+  stage.launch();
+  stage.askAndDownload("2.0");
+  EXPECT_EQ(stage.transport.limits,
+            (std::vector<std::chrono::milliseconds>{std::chrono::minutes(2), std::chrono::hours(24)}));
 }
 
 TEST(UpdaterCheck, saysWhenThereIsNothingNewer) {
@@ -82,11 +134,27 @@ TEST(UpdaterCheck, canBeCancelledAtEachStage) {
   EXPECT_FALSE(stage.transport.isBusy());
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
 
+  stage.worker.isHeld = true;
+  stage.askAndDownload("2.0");
+  EXPECT_TRUE(stage.worker.isBusy());
+  stage.driver.cancel();
+  EXPECT_FALSE(stage.worker.isBusy());
+  EXPECT_TRUE(stage.updater->canCheckForUpdates());
+  stage.worker.isHeld = false;
+
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::remindLater);
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
   EXPECT_EQ(stage.driver.screen, "");
   EXPECT_EQ(stage.installer.calls, 0);
+
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  EXPECT_TRUE(stage.installer.isBusy());
+  stage.driver.cancel();
+  EXPECT_FALSE(stage.installer.isBusy());
+  EXPECT_TRUE(stage.updater->canCheckForUpdates());
+  EXPECT_EQ(stage.driver.screen, "");
   EXPECT_TRUE(stage.holdsNoPackage());
 }
 
@@ -137,6 +205,18 @@ TEST(UpdaterCheck, handsOverAgainAfterAFailure) {
   EXPECT_EQ(stage.installer.calls, 2);
   EXPECT_EQ(stage.installer.content, "package of 2.0");
   stage.installer.finish();
+  EXPECT_EQ(stage.driver.screen, "opened 2.0 unasked");
+}
+
+TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
+  UpdaterStage stage;
+  stage.installer.obstacle = Failure{"Nothing can be installed here."};
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  EXPECT_EQ(stage.driver.screen, "failure: Nothing can be installed here.");
+  EXPECT_FALSE(stage.driver.canRetry());
+  stage.driver.acknowledge();
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
 }
 
@@ -189,21 +269,22 @@ TEST(UpdaterCheck, asksBeforeItDownloadsEvenWhereDownloadsAreAutomatic) {
 }
 
 TEST(UpdaterCheck, leavesAnEmptyScreenWhenTheProgramEnds) {
-  for (const int steps : {1, 2, 3, 4, 5}) {
+  for (const int steps : {1, 2, 3, 4, 5, 6, 7}) {
     UpdaterStage stage;
+    stage.worker.isHeld = true;
     stage.launch().checkForUpdates();
     const std::vector<std::function<void()>> ways = {
-        [&] { stage.transport.answer(stage.feed("2.0")); }, [&] { stage.driver.choose(Choice::install); },
-        [&] { stage.transport.answer(stage.package("2.0")); }, [&] { stage.driver.choose(Choice::install); }};
+        [&] { stage.transport.answer(stage.feed("2.0")); },    [&] { stage.driver.choose(Choice::install); },
+        [&] { stage.transport.answer(stage.package("2.0")); }, [&] { stage.worker.work(); },
+        [&] { stage.driver.choose(Choice::install); },         [&] { stage.installer.finish(); }};
     for (int step = 1; step < steps; ++step) {
       ways[static_cast<std::size_t>(step) - 1]();
     }
     stage.updater.reset();
     EXPECT_EQ(stage.driver.screen, "");
     EXPECT_FALSE(stage.transport.isBusy());
-    if (steps == 5) {
-      stage.installer.finish(Failure{"Too late for anybody."});
-    }
+    EXPECT_FALSE(stage.worker.isBusy());
+    EXPECT_FALSE(stage.installer.isBusy());
   }
 }
 

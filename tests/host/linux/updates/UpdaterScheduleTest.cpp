@@ -200,13 +200,108 @@ TEST(UpdaterSchedule, downloadsSilentlyWhereThatIsWanted) {
   stage.launch();
   stage.passADay(stage.feed("2.0"));
   EXPECT_TRUE(stage.driver.journal.empty());
-  EXPECT_FALSE(stage.updater->canCheckForUpdates());
+  EXPECT_TRUE(stage.updater->canCheckForUpdates());
   stage.transport.answer(stage.package("2.0"));
   EXPECT_EQ(stage.driver.journal, std::vector<std::string>{"ready 2.0 unasked"});
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.installer.content, "package of 2.0");
   stage.installer.finish(Failure{"No installer was found."});
   EXPECT_EQ(stage.driver.screen, "failure: No installer was found.");
+}
+
+TEST(UpdaterSchedule, bringsForwardADownloadThatNobodySees) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.preferences.setAutomaticDownloads(true);
+  stage.launch();
+  stage.passADay(stage.feed("2.0"));
+  stage.transport.deliver("package ");
+  EXPECT_TRUE(stage.driver.journal.empty());
+  stage.updater->checkForUpdates();
+  EXPECT_EQ(stage.driver.screen, "downloading 2.0");
+  EXPECT_EQ(stage.driver.progress, "8 of 14");
+  EXPECT_FALSE(stage.updater->canCheckForUpdates());
+  stage.transport.deliver("of");
+  EXPECT_EQ(stage.driver.progress, "10 of 14");
+  EXPECT_EQ(stage.transport.addresses.size(), 2U);
+  stage.transport.answer(" 2.0");
+  EXPECT_EQ(stage.driver.screen, "ready 2.0 as asked");
+}
+
+TEST(UpdaterSchedule, cancelsADownloadThatWasBroughtForward) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.preferences.setAutomaticDownloads(true);
+  stage.launch();
+  stage.passADay(stage.feed("2.0"));
+  stage.updater->checkForUpdates();
+  stage.driver.cancel();
+  EXPECT_FALSE(stage.transport.isBusy());
+  EXPECT_TRUE(stage.updater->canCheckForUpdates());
+  EXPECT_TRUE(stage.holdsNoPackage());
+}
+
+TEST(UpdaterSchedule, bringsForwardAVerificationThatNobodySees) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.preferences.setAutomaticDownloads(true);
+  stage.worker.isHeld = true;
+  stage.launch();
+  stage.passADay(stage.feed("2.0"));
+  stage.transport.answer("package of 6.6");
+  EXPECT_TRUE(stage.driver.journal.empty());
+  EXPECT_TRUE(stage.updater->canCheckForUpdates());
+  stage.updater->checkForUpdates();
+  EXPECT_EQ(stage.driver.screen, "verifying 2.0");
+  stage.worker.work();
+  EXPECT_TRUE(stage.driver.screen.starts_with("failure: ")) << stage.driver.screen;
+}
+
+TEST(UpdaterSchedule, doesNotOfferAgainWhatWasHandedOver) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  stage.installer.finish();
+  stage.driver.acknowledge();
+  const auto shown = stage.driver.journal.size();
+  stage.passADay(stage.feed("2.0"));
+  stage.passADay(feedOf(stage.item("2.0", "<x:criticalUpdate/>")));
+  EXPECT_EQ(stage.driver.journal.size(), shown);
+  stage.passADay(stage.feed("2.1"));
+  EXPECT_EQ(stage.driver.screen, "found 2.1 unasked");
+}
+
+TEST(UpdaterSchedule, offersWhatWasHandedOverAgainAfterARestart) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  stage.installer.finish();
+  stage.launch();
+  stage.passADay(stage.feed("2.0"));
+  EXPECT_EQ(stage.driver.screen, "found 2.0 unasked");
+}
+
+TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  stage.sandbox.write("packages/tarnwell-update.deb", "package of 2.0");
+  stage.alarm.setClock(stage.alarm.now() + hours(1));
+  stage.installer.finish();
+  stage.driver.acknowledge();
+  stage.alarm.pass(hours(23));
+  EXPECT_TRUE(stage.transport.isBusy());
+  EXPECT_FALSE(stage.holdsNoPackage());
+  stage.transport.answer(feedOf(""));
+  stage.alarm.pass(hours(24));
+  EXPECT_TRUE(stage.transport.isBusy());
+  EXPECT_TRUE(stage.holdsNoPackage());
 }
 
 TEST(UpdaterSchedule, saysNothingOfADownloadThatNobodyAskedForAndThatFailed) {

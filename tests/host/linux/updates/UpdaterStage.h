@@ -10,6 +10,7 @@
 #include "host/linux/updates/FakeInstaller.h"
 #include "host/linux/updates/FakeTransport.h"
 #include "host/linux/updates/FakeUserDriver.h"
+#include "host/linux/updates/FakeWorker.h"
 #include "host/linux/updates/FeedText.h"
 #include "host/linux/updates/SigningKey.h"
 #include "host/linux/updates/Updater.h"
@@ -20,7 +21,17 @@ using Choice = UserDriver::Choice;
 
 /// An updater of version 1.0 with a user, a network and a clock of the test's own. It has been launched before.
 struct UpdaterStage {
-  UpdaterStage() { preferences.setHasLaunchedBefore(); }
+  UpdaterStage() {
+    preferences.setHasLaunchedBefore();
+    transport.afterwards = [this] {
+      if (!worker.isHeld) {
+        worker.work();
+      }
+    };
+  }
+  UpdaterStage(const UpdaterStage&) = delete;
+  UpdaterStage& operator=(const UpdaterStage&) = delete;
+  ~UpdaterStage() = default;
 
   UpdaterConfiguration configuration() const {
     return {.feedAddress = "https://updates.invalid/feed.xml",
@@ -36,9 +47,9 @@ struct UpdaterStage {
   Updater& launch(const UpdaterConfiguration& with) {
     updater.reset();
     updater = std::make_unique<Updater>(
-        with, preferences, UpdaterPorts{transport, driver, installer, alarm, [this](const std::string& address) {
-                                          openedAddresses.push_back(address);
-                                        }});
+        with, preferences,
+        UpdaterPorts{transport, driver, installer, alarm, worker,
+                     [this](const std::string& address) { openedAddresses.push_back(address); }});
     updater->start();
     return *updater;
   }
@@ -85,6 +96,7 @@ struct UpdaterStage {
   FakeUserDriver driver;
   FakeInstaller installer;
   FakeAlarm alarm;
+  FakeWorker worker;
   std::vector<std::string> openedAddresses = {};
   std::unique_ptr<Updater> updater;
 };

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/linux/Result.h"
+
+namespace tarnwell::host_linux::updates {
+
+/// The version that the Debian package behind `descriptor` gives itself, as the system's own tool reads it. That tool
+/// is given half a minute, and blocks for as long as it takes. A failure is a sentence for people.
+Result<std::string> debianVersion(int descriptor);
+
+/// Whether a package of this version is one of `version`: the same text, with or without a Debian revision after it.
+bool isDebianVersionOf(std::string_view packageVersion, std::string_view version);
+
+}  // namespace tarnwell::host_linux::updates
