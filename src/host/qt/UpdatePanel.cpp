@@ -1,6 +1,8 @@
 #include "host/qt/UpdatePanel.h"
 
 #include <QtGui/QKeyEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
@@ -54,6 +56,15 @@ UpdatePanel::UpdatePanel(const Theme& theme) : QWidget(nullptr, updatePanelFlags
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->setSizeConstraint(QLayout::SetFixedSize);
+  connect(qApp, &QGuiApplication::focusWindowChanged, this,
+          [this](const QWindow* focused) noexcept { uncover(focused); });
+}
+
+// When the program starts, the panel may be there before the settings, and nobody would see it behind them.
+void UpdatePanel::uncover(const QWindow* focused) {
+  if (focused != nullptr && isVisible() && std::exchange(mayBeCovered_, false) && focused != windowHandle()) {
+    raise();
+  }
 }
 
 void UpdatePanel::show(UpdatePage page, Manner manner) {
@@ -177,11 +188,15 @@ void UpdatePanel::answer(kit::Action action) {
 
 void UpdatePanel::order(Manner manner) {
   setAttribute(Qt::WA_ShowWithoutActivating, manner == Manner::quiet);
+  const bool isNew = !isVisible();
   setVisible(true);
   if (manner == Manner::inFront) {
     raise();
     activateWindow();
+  } else if (isNew) {
+    raise();
   }
+  mayBeCovered_ = isNew && manner == Manner::quiet;
 }
 
 }  // namespace tarnwell::host_qt

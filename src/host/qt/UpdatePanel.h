@@ -6,6 +6,8 @@
 #include "host/qt/UpdatePage.h"
 #include "kit/KeyEvent.h"
 
+class QWindow;
+
 namespace tarnwell::host_qt {
 
 class PanelButton;
@@ -22,7 +24,7 @@ class UpdatePanel final : public QWidget {
   /// Where the key equivalents go that the panel has no use for.
   void setKeyEquivalents(std::function<void(const kit::KeyEvent&)> keys) { keys_ = std::move(keys); }
 
-  /// A quiet page does not take the keyboard from any other window.
+  /// A quiet page does not take the keyboard from any other window, and stays behind those that came after the panel.
   void show(UpdatePage page, Manner manner);
   /// Without an answer.
   void dismiss();
@@ -38,6 +40,7 @@ class UpdatePanel final : public QWidget {
   PanelButton* makeButton(const UpdatePage::Choice& choice, bool isDefault, QWidget* parent);
   void answer(kit::Action action);
   void order(Manner manner);
+  void uncover(const QWindow* focused);
 
   const Theme& theme_;
   std::function<void(const kit::KeyEvent&)> keys_;
@@ -45,6 +48,7 @@ class UpdatePanel final : public QWidget {
   PanelButton* default_ = nullptr;
   kit::Action closed_;
   int shown_ = 0;  // How many pages so far.
+  bool mayBeCovered_ = false;
 };
 
 }  // namespace tarnwell::host_qt
