@@ -97,9 +97,8 @@ class Attacks:
                 (self.next, (), (":version>%s<" % self.next, ":version>v9<")),
                 (self.next, (), (":version>%s<" % self.next, ":version>9 %s<" % OVERRIDE)),
                 (self.next, (), ('update:os="linux"', 'update:os="macos"')))
-        package = self.server.debian(self.next)
         for version, more, change in rows:
-            self.server.publish(version, package=package, more=more)
+            self.server.publish(version, more=more)
             if change:
                 self.server.change_feed(*change)
             self.program.check()
@@ -135,6 +134,7 @@ class Attacks:
 
         lengths, signatures = 'length="%s"', 'edSignature="%s"'
         own = self.server.signature(package)
+        old = self.server.debian("0.0.9")
         rows = (("short", None, "The connection to the server localhost was lost."),
                 ("long", None, "The server localhost sends more than it should."),
                 ("huge", None, "The server localhost sends more than it should."),
@@ -145,6 +145,8 @@ class Attacks:
                 ("file", says(signatures, (own, self.server.signature(other))), mismatch),
                 ("file", says(signatures, (own, self.server.signature(package, stranger))), mismatch),
                 ("file", lambda: self.flip_a_bit(package), mismatch),
+                ("file", lambda: self.relabel(old, package), THROWN_AWAY + "it is version 0.0.9-1, although it was "
+                 "offered as %s." % self.next),
                 ("file", says("/file/%s", (package, other)), None))
         for way, change, reason in rows:
             self.server.publish(self.next, way)
@@ -179,6 +181,12 @@ class Attacks:
         flipped = bytearray(content(self.server.path(package)))
         flipped[len(flipped) // 2] ^= 1
         self.server.write(package, bytes(flipped))
+
+    def relabel(self, old, package):
+        """The old package is ours and its signature holds, but it is not what the item says."""
+        for words, name in (("/file/%s", lambda name: name), ('edSignature="%s"', self.server.signature),
+                            ('length="%d"', lambda name: os.path.getsize(self.server.path(name)))):
+            self.server.change_feed(words % name(package), words % name(old))
 
     def reads(self, reason):
         self.program.sees(reason)

@@ -52,7 +52,7 @@ class Server:
             shutil.rmtree(tree, ignore_errors=True)
             os.makedirs(os.path.join(tree, "DEBIAN"))
             with open(os.path.join(tree, "DEBIAN/control"), "w") as control:
-                control.write("Package: tarnwell\nVersion: %s\nArchitecture: all\nMaintainer: Tour <tour@tarnwell."
+                control.write("Package: tarnwell\nVersion: %s-1\nArchitecture: all\nMaintainer: Tour <tour@tarnwell."
                               "example>\nDescription: played\n" % version)
             with open(os.path.join(tree, "content"), "wb") as file:
                 file.write(os.urandom(3_000_000))
