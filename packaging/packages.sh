@@ -15,7 +15,7 @@ packages_for() {
     # The sources of locales are there for a test that makes a locale with a decimal comma.
     test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
-    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi trayer ;;
+    tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     desktop) echo at-spi2-core python3-pyatspi ;;
   esac
 }

@@ -1,15 +1,21 @@
-# What the tour does with the stand-in Dock: photographs what the settings do to it. Sourced, not run.
-# Expects $built, $folder and $dock_log, and what stage.sh gives.
+# What the tour does with the stand-in Dock: looks from outside at what the saved settings do to it, and photographs its
+# effects. Sourced, not run. Expects $built, $folder, $tour and $dock_log, and what stage.sh gives.
 #
 # shellcheck shell=sh disable=SC2154
 
-# In points of the screen: eight applications, a separator, a minimized window and the trash, at its lower edge.
-notebook_icon="512 858"
-minimized_window="858 858"
+# In points of the screen. With only running applications there are three icons, a separator, perhaps a minimized window,
+# and the trash; else eight icons.
+icon_line=858
+running_notebook=602
+running_album=662
+running_gap=572 # between two icons: nothing but the shelf
+minimized_window=709
+files=392
+notebook=512
+gap=422
 minimize_button="314 18" # from the top left corner of a document
 effects="genie scale suck"
-# With Shift held, an effect takes eight times as long as usual, 3.36 seconds.
-quarter_of_effect=0.84
+slow_effect=3.36 # seconds, with Shift held
 
 point_at() {
   # shellcheck disable=SC2086 # two coordinates
@@ -20,9 +26,16 @@ shows_window() { xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
 
 shows_no_window() { ! shows_window "$1"; }
 
+brightness_at() { import -window root -crop "1x1+$1+$2" +repage -depth 8 gray:- | od -An -tu1; }
+
+is_lit() { [ "$(brightness_at "$1" "$2")" -gt 20 ]; }
+
+# The uppermost line of the shelf, once the dock is there.
+dock_has_come() { is_lit 640 826; }
+
 reveal_dock() {
   point_at "640 899"
-  wait_for 20 "the Dock to come" shows_window Dock
+  wait_for 20 "the Dock to come" dock_has_come
 }
 
 # Away from the lower edge and from every window of the tour.
@@ -31,74 +44,140 @@ leave_dock() {
   wait_for 20 "the Dock to hide" shows_no_window Dock
 }
 
+# click_icon COLUMN [BUTTON]
+click_icon() {
+  reveal_dock
+  point_at "$1 $icon_line"
+  xdotool click "${2:-1}"
+}
+
 last_dock() { tail -n 1 "$dock_log" | sed 's/^[^[]*\[\([0-9]*\)\].*/\1/'; }
 
-# with_setting KEY TYPE VALUE: only this Dock is ended, as any on the machine would be by its name.
+# with_setting KEY TYPE VALUE
 with_setting() {
   "$built/libexec/defaults" write com.apple.dock "$@"
   docks=$(count_lines "$dock_log")
-  kill "$(last_dock)"
+  "$built/libexec/killall" Dock
   wait_for 20 "the Dock to start again" has_lines "$dock_log" "$((docks + 1))"
 }
 
-open_documents() {
-  reveal_dock
-  point_at "$notebook_icon"
-  xdotool click 1
-  wait_for 20 "a document" shows_window Ideas
-}
-
-photograph_part() { import -window root -crop 900x900+300+0 +repage "$folder/effect-$1.png"; }
-
-# One picture at each quarter of the way into the Dock.
-photograph_effect() {
-  with_setting mineffect -string "$1"
-  wait_for 20 "the document" shows_window Ideas
-  ideas=$(xdotool search --onlyvisible --name '^Ideas$')
-  xdotool windowraise "$ideas"
-  # shellcheck disable=SC2086 # two coordinates
-  xdotool mousemove --window "$ideas" $minimize_button keydown Shift_L click 1 keyup Shift_L
-  wait_for 2 "the effect" shows_window Minimizing
-  photographs=
-  for moment in 1 2 3; do
-    sleep "$quarter_of_effect"
-    # Taking one takes a while.
-    photograph_part "$1-$moment" &
-    photographs="$photographs $!"
-  done
-  # shellcheck disable=SC2086 # several processes
-  wait $photographs
-  wait_for 20 "the effect to end" shows_no_window Minimizing
-  bring_back
-}
-
-bring_back() {
-  reveal_dock
-  point_at "$minimized_window"
-  xdotool click 1
-  wait_for 20 "the document to come back" shows_window Ideas
+# Of an icon at rest: the pointer is at the edge.
+photograph_icon() {
   leave_dock
+  reveal_dock
+  import -window root -crop "40x40+$(($2 - 20))+$((icon_line - 20))" +repage "$folder/icon-$1.png"
 }
 
 # The number of pixels in which two pictures differ.
 difference_of() {
-  compare -metric AE "$folder/effect-$1-2.png" "$folder/effect-$2-2.png" null: 2>&1 | sed 's/[^0-9.e+].*//' || true
+  compare -metric AE "$folder/$1.png" "$folder/$2.png" null: 2>&1 | sed 's/[^0-9.e+].*//' | awk '{ printf "%d", $1 }'
 }
 
-expect_unlike() {
-  [ "$(difference_of "$1" "$2" | awk '{ printf "%d", $1 }')" -gt 10000 ] || fail "$1 and $2 look alike at their middle"
-}
+# expect_unlike NAME NAME PIXELS
+expect_unlike() { [ "$(difference_of "$1" "$2")" -gt "$3" ] || fail "$1 and $2 look alike"; }
 
-# Each effect is a row of the sheet, each moment a column.
-show_effects() {
-  open_documents
+expect_alike() { [ "$(difference_of "$1" "$2")" -lt "$3" ] || fail "$1 and $2 should look alike"; }
+
+expect_listed() { [ "$("$built/libexec/Dock" --list)" = "$1" ] || fail "the Dock does not list what was saved"; }
+
+# Pictures at each quarter of the way into the Dock and at half the way back, and then the same at the usual pace.
+photograph_effect() {
   leave_dock
-  for effect in $effects; do photograph_effect "$effect"; done
-  expect_unlike genie scale
-  expect_unlike genie suck
-  expect_unlike scale suck
+  wait_for 20 "the document" shows_window Ideas
+  ideas=$(xdotool search --onlyvisible --name '^Ideas$')
+  xdotool windowraise "$ideas"
+  # shellcheck disable=SC2086 # two coordinates
+  xdotool mousemove --window "$ideas" $minimize_button
+  "$tour/watch-dock" photograph "$folder/effect-$1" $slow_effect "0.25 0.5 0.75" \
+    xdotool keydown Shift_L click 1 keyup Shift_L
+  reveal_dock
+  point_at "$minimized_window $icon_line"
+  "$tour/watch-dock" photograph "$folder/effect-$1-back" $slow_effect 0.5 xdotool keydown Shift_L click 1 keyup Shift_L
+  wait_for 20 "the document to come back" shows_window Ideas
+  leave_dock
+  # shellcheck disable=SC2086 # two coordinates
+  xdotool mousemove --window "$ideas" $minimize_button
+  "$tour/watch-dock" frames 700 xdotool click 1
+  reveal_dock
+  point_at "$minimized_window $icon_line"
+  "$tour/watch-dock" frames 700 xdotool click 1
+}
+
+expect_effects_unlike() {
+  for pair in "genie scale" "genie suck" "scale suck"; do
+    one=${pair% *}
+    other=${pair#* }
+    expect_unlike "effect-$one-2" "effect-$other-2" 10000
+    expect_unlike "effect-$one-back-1" "effect-$other-back-1" 10000
+  done
+}
+
+# Each effect is a row, each moment a column, the last one on the way back.
+make_sheet() {
   # shellcheck disable=SC2046 # one argument for each picture
-  montage $(for effect in $effects; do echo "$folder/effect-$effect-1.png $folder/effect-$effect-2.png $folder/effect-$effect-3.png"; done) \
-    -resize 50% -tile 3x -geometry +4+4 "$folder/effects.png"
+  montage $(for effect in $effects; do
+    for moment in 1 2 3 back-1; do echo "$folder/effect-$effect-$moment.png"; done
+  done) -crop 900x900+300+0 +repage -resize 50% -tile 4x -geometry +4+4 "$folder/effects.png"
   rm "$folder"/effect-*-[123].png
+}
+
+scroll_on() {
+  click_icon "$1" 4
+  wait_for 20 "the windows to spread out" shows_window Windows
+  import -window root "$folder/spread.png"
+  press Escape
+  wait_for 20 "the windows to go back" shows_no_window Windows
+}
+
+# What the saved settings do; the other effects are set without the window.
+watch_saved_dock() {
+  echo "The Dock after Save:"
+  expect_listed "$after"
+  "$tour/watch-dock" reveal $running_gap 0.7 0.3
+  photograph_icon shown $running_notebook
+  is_lit $files $icon_line && fail "applications that do not run are there"
+  click_icon $running_notebook
+  wait_for 20 "a document" shows_window Ideas
+  scroll_on $running_notebook
+  photograph_effect suck
+  for effect in genie scale; do
+    with_setting mineffect -string "$effect"
+    photograph_effect "$effect"
+  done
+  expect_effects_unlike
+  make_sheet
+  click_icon $running_album
+  wait_for 20 "the other application" shows_window Mountains
+  wait_for 20 "the first application to hide" shows_no_window Ideas
+  photograph_icon dimmed $running_notebook
+  expect_unlike icon-shown icon-dimmed 800
+}
+
+is_shelf_light() { [ "$(brightness_at $gap 840)" -gt 100 ]; }
+
+is_shelf_dark() { ! is_shelf_light; }
+
+# The opposite of all that.
+watch_reset_dock() {
+  echo "The Dock after Reset to Defaults:"
+  expect_listed "$after"
+  "$tour/watch-dock" reveal $gap 0.2 0.5
+  photograph_icon hidden $notebook
+  expect_alike icon-shown icon-hidden 40
+  is_lit $files $icon_line || fail "applications that do not run are missing"
+  click_icon $notebook
+  wait_for 20 "the first application" shows_window Ideas
+  click_icon $notebook 4
+  click_icon $files
+  wait_for 20 "another application" shows_window Projects
+  shows_window Ideas || fail "the first application has hidden"
+  shows_no_window Windows || fail "the windows have spread out"
+  leave_dock
+  "$tour/watch-dock" restart "$(last_dock)" $gap
+  reveal_dock
+  wait_for 20 "a light Dock" is_shelf_light
+  kill -USR1 "$portal"
+  wait_for 20 "a dark Dock" is_shelf_dark
+  import -window root "$folder/dock-dark.png"
+  kill -USR2 "$portal"
 }

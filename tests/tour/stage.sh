@@ -9,6 +9,7 @@ stage_width=1280
 
 fail() {
   echo "tour: $*" >&2
+  import -window root "$folder/failed.png" 2>/dev/null || true
   exit 1
 }
 

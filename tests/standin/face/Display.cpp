@@ -1,5 +1,6 @@
 #include "standin/face/Display.h"
 
+#include <array>
 #include <cstdlib>
 #include <functional>
 #include <numeric>
@@ -59,6 +60,25 @@ void Display::act(const std::string& words) const {
   if (outcome.status != 0) {
     throw std::runtime_error("xdotool " + words + ": " + outcome.errors);
   }
+}
+
+void Display::openWindow(int x, int y, int wide, int high, std::uint32_t color) {
+  const xcb_window_t window = xcb_generate_id(connection_.get());
+  const std::array<std::uint32_t, 2> values = {color, XCB_EVENT_MASK_BUTTON_PRESS};
+  xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window, root_, static_cast<std::int16_t>(x),
+                    static_cast<std::int16_t>(y), static_cast<std::uint16_t>(wide), static_cast<std::uint16_t>(high), 0,
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
+                    values.data());
+  xcb_map_window(connection_.get(), window);
+  xcb_flush(connection_.get());
+}
+
+bool Display::wasPressed() {
+  bool isPressed = false;
+  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+    isPressed = isPressed || (event->response_type & 0x7f) == XCB_BUTTON_PRESS;
+  }
+  return isPressed;
 }
 
 int Display::windowCount(const std::string& title) const {

@@ -38,6 +38,12 @@ class Display {
   /// Does what the words say with mouse and keys, and waits for it.
   void act(const std::string& words) const;
 
+  /// Opens a window of the test's own, of one colour and without a frame that a window manager would give it.
+  void openWindow(int x, int y, int wide, int high, std::uint32_t color);
+
+  /// Whether a button of the mouse was pressed on one of those since the call before.
+  bool wasPressed();
+
   /// How many windows of a title can be seen.
   int windowCount(const std::string& title) const;
 

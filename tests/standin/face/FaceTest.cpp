@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <csignal>
@@ -15,7 +14,9 @@
 #include <vector>
 
 #include "fixtures/WaitFor.h"
+#include "standin/dock/model/ScrollGesture.h"
 #include "standin/face/ShownDock.h"
+#include "standin/face/WindowHistory.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -26,26 +27,35 @@ constexpr int files = 0;
 constexpr int notebook = 2;
 constexpr int album = 4;
 
+// Long enough for the next step of the wheel to be another movement.
+constexpr std::chrono::milliseconds handAtRest(ScrollGesture::pause + 50);
+
+std::string iconPlace(int application) {
+  return std::to_string(ShownDock::iconColumn(application)) + " " + std::to_string(ShownDock::iconLine);
+}
+
 // Whether it is as far from what it should be as this may be: 20 milliseconds or 5 per cent, whichever is more.
 bool isNear(ShownDock::Seconds found, double wanted) {
   return std::abs(found.count() - wanted) <= std::max(0.02, 0.05 * wanted);
 }
 
-// A machine that is busy with something else shows things late, so that one good try of several is enough. It shows
-// nothing early.
+// A machine that is busy with something else shows things late now and then, so that the middle one of several counts.
 void expectReveal(const ShownDock& dock, double delay, double duration) {
-  constexpr int tries = 12;
-  ShownDock::Reveal seen;
-  for (int i = 0; i < tries; ++i) {
+  constexpr std::size_t tries = 5;
+  std::vector<ShownDock::Seconds> delays;
+  std::vector<ShownDock::Seconds> durations;
+  while (delays.size() < tries) {
     dock.hide();
-    seen = dock.watchReveal();
+    const ShownDock::Reveal seen = dock.watchReveal();
+    // It shows nothing early.
     ASSERT_GE(seen.delay.count(), delay - 0.02);
-    if (isNear(seen.delay, delay) && isNear(seen.duration, duration)) {
-      return;
-    }
+    delays.push_back(seen.delay);
+    durations.push_back(seen.duration);
   }
-  FAIL() << "after " << seen.delay.count() << " s, in " << seen.duration.count() << " s and " << seen.frames
-         << " pictures";
+  std::ranges::sort(delays);
+  std::ranges::sort(durations);
+  EXPECT_TRUE(isNear(delays[tries / 2], delay)) << "after " << delays[tries / 2].count() << " s";
+  EXPECT_TRUE(isNear(durations[tries / 2], duration)) << "in " << durations[tries / 2].count() << " s";
 }
 
 TEST(FaceTest, comesAfterTheDelayInTheTimeThatIsSet) {
@@ -82,21 +92,67 @@ TEST(FaceTest, movesInManySmallSteps) {
 
 TEST(FaceTest, theLastOfManyInARowHasTheLastValuesAndThereAreNeverTwo) {
   ShownDock dock;
+  WindowHistory history(dock.display().name());
   dock.start();
-  std::atomic<bool> isOver = false;
-  int most = 0;
-  std::thread watcher([&] {
-    while (!isOver) {
-      most = std::max(most, dock.display().windowCount("Dock"));
-    }
-  });
   dock.write("autohide-delay", "-float 0.4");
   dock.restart(7);
-  isOver = true;
-  watcher.join();
-  EXPECT_EQ(most, 1);
   EXPECT_EQ(dock.starts(), 8U);
+  // Some were ended before they could be seen.
+  EXPECT_GE(history.count(), 2U);
+  EXPECT_EQ(history.most(), 1U);
   expectReveal(dock, 0.4, 0.5);
+}
+
+// It takes a tenth of that where nothing else is to be done and nobody looks for faults at every step.
+TEST(FaceTest, isSeenSoonAfterItsStart) {
+  ShownDock dock;
+  const auto begin = ShownDock::Clock::now();
+  dock.start();
+  const ShownDock::Seconds found = ShownDock::Clock::now() - begin;
+  RecordProperty("seconds", std::to_string(found.count()));
+  EXPECT_LT(found.count(), 1.5);
+}
+
+TEST(FaceTest, namesWhatThePointerIsOn) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  constexpr int labelLine = Display::height - 111;
+  const auto isLabelled = [&](int application) {
+    return display.color(ShownDock::iconColumn(application), labelLine) != 0;
+  };
+  EXPECT_FALSE(isLabelled(notebook));
+  display.act("mousemove " + std::to_string(ShownDock::iconColumn(notebook)) + " " +
+              std::to_string(ShownDock::iconLine));
+  EXPECT_TRUE(waitFor([&] { return isLabelled(notebook); }));
+  EXPECT_FALSE(isLabelled(album));
+  display.act("mousemove " + std::to_string(ShownDock::iconColumn(album)) + " " + std::to_string(ShownDock::iconLine));
+  EXPECT_TRUE(waitFor([&] { return isLabelled(album) && !isLabelled(notebook); }));
+}
+
+TEST(FaceTest, staysAboveWindowsThatComeLater) {
+  ShownDock dock;
+  dock.start();
+  dock.reveal();
+  const auto shelf = [&] { return dock.display().color(422, Display::height - 40); };
+  constexpr std::uint32_t green = 0x00ff00;
+  dock.display().openWindow(0, 600, Display::width, 200, green);
+  const auto isCovered = [&] { return dock.display().color(20, Display::height - 40) == green; };
+  EXPECT_TRUE(waitFor([&] { return isCovered() && shelf() != green; }));
+}
+
+TEST(FaceTest, leavesClicksAtTheLowerEdgeToTheWindowsThere) {
+  ShownDock dock;
+  dock.start();
+  dock.display().openWindow(0, 700, Display::width, 100, 0);
+  // The edge is above that window, or the dock would not come.
+  dock.reveal();
+  dock.hide();
+  EXPECT_FALSE(dock.display().wasPressed());
+  dock.display().act("mousemove 640 799 click 1");
+  EXPECT_TRUE(waitFor([&] { return dock.display().wasPressed(); }));
+  dock.reveal();
 }
 
 // Clicks the button that minimizes the document "Ideas", in slow motion, and waits for the picture at half the way.
@@ -219,18 +275,51 @@ TEST(FaceTest, scrollingUpSpreadsTheWindowsOutWhereThatIsSet) {
   // The windows are where they were: applications outlive the dock.
   EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
   dock.reveal();
+  // A long movement of the hand, which opens and does not close.
+  display.act("mousemove " + iconPlace(notebook) + " click --repeat 12 --delay 50 4");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  dock.click(notebook, 4);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
+}
+
+TEST(FaceTest, escapeEndsTheSpreadAndTheDockHidesAfterItHoweverOftenItWasOpened) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.write("scroll-to-open", "-bool true");
+  dock.start();
+  dock.reveal();
   dock.click(notebook, 4);
   EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  // The dock is above it, and can be used.
+  EXPECT_NE(display.color(422, ShownDock::iconLine), display.color(20, ShownDock::iconLine));
+  // The second scroll comes while the spread is still closing.
+  display.act("mousemove " + iconPlace(notebook) + " key Escape click 4");
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
   display.act("key Escape");
   EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
-  // What follows too soon belongs to the same movement of the hand.
-  constexpr std::chrono::milliseconds pause{300};
-  std::this_thread::sleep_for(pause);
-  dock.click(notebook, 4);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
-  std::this_thread::sleep_for(pause);
-  dock.click(notebook, 4);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
+  dock.hide();
+}
+
+TEST(FaceTest, anApplicationThatIsHiddenOnTheWayOutOfTheDockLeavesNothingBehind) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  dock.click(notebook);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  display.act("mousemove 802 128 click 1");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 0 && display.windowCount("Minimizing") == 0; }));
+  dock.reveal();
+  display.act("mousemove 855 " + std::to_string(ShownDock::iconLine) + " keydown Shift_L click 1 keyup Shift_L");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Minimizing") == 1; }));
+  dock.click(notebook, 3);
+  display.act("key Down Return");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Shopping") == 0; }));
+  EXPECT_EQ(display.windowCount("Minimizing"), 1);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Minimizing") == 0; }));
+  EXPECT_EQ(display.windowCount("Ideas"), 0);
 }
 
 // The processor time of all threads, in clock ticks, and how often one of them went to sleep.
@@ -281,6 +370,46 @@ TEST(FaceTest, livesInAWindowThatSaysSoWhereProgramsDoNotPlaceWindows) {
   const auto isLit = [&](int x, int y) { return display.color(x, y) != 0; };
   EXPECT_TRUE(waitFor([&] { return isLit(500, 20); }));
   EXPECT_FALSE(isLit(1100, 700));
+}
+
+// The greatest step of brightness from one pixel of a line to the next.
+int steepest(const Colors& line) {
+  int found = 0;
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    found = std::max(found, std::abs(static_cast<int>(line[i] & 0xffU) - static_cast<int>(line[i - 1] & 0xffU)));
+  }
+  return found;
+}
+
+// A picture that was made larger has slopes where there were steps.
+TEST(FaceTest, isAsSharpOnAScreenOfMorePixelsAPoint) {
+  int sharpness = 0;
+  for (const double scale : {1.0, 1.5, 2.0}) {
+    const MacSystem system;
+    const Display display;
+    Words environment = system.environment();
+    environment.insert(environment.end(), {"DISPLAY=" + display.name(), "QT_SCALE_FACTOR=" + std::to_string(scale)});
+    display.act("mousemove 640 100");
+    const Process dock({DOCK_PATH}, environment);
+    // Through the middle of the icons.
+    const int line = Display::height - static_cast<int>(std::lround(42 * scale));
+    EXPECT_TRUE(waitFor([&] { return steepest(display.colors(0, line, Display::width, 1)) > 0; }));
+    const int found = steepest(display.colors(0, line, Display::width, 1));
+    sharpness = std::max(sharpness, found);
+    EXPECT_GE(found, sharpness * 8 / 10) << scale;
+  }
+}
+
+TEST(FaceTest, livesOnWithoutAFaceOnAPlatformThatCannotBeStarted) {
+  const MacSystem system;
+  const Display display;
+  Words environment = system.environment();
+  environment.insert(environment.end(), {"DISPLAY=" + display.name(), "QT_QPA_PLATFORM=nowhere"});
+  const Process supervisor({SUPERVISOR_PATH}, environment);
+  EXPECT_TRUE(waitFor([&] { return supervisor.errors().find("nowhere") != std::string::npos; }));
+  // One line in the log: it was not started again.
+  const auto starts = [&] { return std::ranges::count(fileContent(system.dockLog()), '\n'); };
+  EXPECT_FALSE(waitFor([&] { return starts() > 1; }, std::chrono::milliseconds(500)));
 }
 
 TEST(FaceTest, showsNothingWithoutAWindowOrADisplay) {

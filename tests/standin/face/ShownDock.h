@@ -44,6 +44,7 @@ class ShownDock {
   pid_t process() const;
   std::size_t starts() const;
   const Display& display() const { return display_; }
+  Display& display() { return display_; }
   const MacSystem& system() const { return system_; }
 
   /// The last words of its log.

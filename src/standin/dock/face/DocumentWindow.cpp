@@ -41,14 +41,16 @@ QPixmap DocumentWindow::picture() {
   QPixmap pixmap(size() * devicePixelRatioF());
   pixmap.setDevicePixelRatio(devicePixelRatioF());
   pixmap.fill(Qt::transparent);
-  render(&pixmap, QPoint(), QRegion(), QWidget::DrawChildren);
+  isPictured_ = true;
+  render(&pixmap, QPoint(), QRegion(), QWidget::DrawChildren | QWidget::IgnoreMask);
+  isPictured_ = false;
   return pixmap;
 }
 
 void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (!mask().isEmpty()) {
+  if (!mask().isEmpty() && !isPictured_) {
     // The mask is cut on whole points, the outline is not: what is between them belongs to the rim.
     painter.fillRect(rect(), look_.windowRim);
   }

@@ -63,6 +63,7 @@ class DocumentWindow final : public QWidget {
   std::optional<Part> hovered_;
   QPoint grip_;  // where the title bar was taken
   std::function<void()> painted_;
+  bool isPictured_ = false;  // painted for picture(), with smooth corners
 };
 
 }  // namespace tarnwell::standin

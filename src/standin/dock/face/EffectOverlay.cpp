@@ -28,6 +28,9 @@ Pixels pixelsOf(const QPixmap& pixmap) {
 
 bool isSolid(std::uint32_t color) { return color >> 24U >= 128; }
 
+// What is left of a half-opaque pixel where nothing shines through it: the colour alone, or there would be a dark rim.
+std::uint32_t opaque(std::uint32_t color) { return qUnpremultiply(color) | 0xff000000U; }
+
 }  // namespace
 
 EffectOverlay::EffectOverlay(Surface& surface) : surface_(surface), frames_([this] { return frame(); }) {
@@ -77,6 +80,9 @@ void EffectOverlay::draw(double progress) {
     return Point{(place.x - x()) * ratio_, (place.y - y()) * ratio_};
   });
   if (!surface_.blends()) {
+    for (std::uint32_t& color : canvas_.values) {
+      color = isSolid(color) ? opaque(color) : color;
+    }
     const QRegion region = outline();
     setMask(region.isEmpty() ? QRegion(-2, -2, 1, 1) : region);
   }

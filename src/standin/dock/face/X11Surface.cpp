@@ -56,6 +56,15 @@ xcb_keycode_t escapeKey(xcb_connection_t* display) {
   return XCB_NO_SYMBOL;
 }
 
+// Until the server has done what the toolkit has asked for: between two connections there is no order.
+void waitForToolkit() {
+  if (const auto* platform = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    xcb_connection_t* connection = platform->connection();
+    const Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+  }
+}
+
 QScreen* screen() { return QGuiApplication::primaryScreen(); }
 
 // From points to pixels, where the screen starts at the same place in both.
@@ -122,6 +131,7 @@ QPixmap X11Surface::picture(const QRect& part) const {
 // requests on one connection keep their order.
 void X11Surface::raiseDock() {
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+  waitForToolkit();
   if (dock_ && dock_->isVisible()) {
     xcb_configure_window(display_.get(), static_cast<xcb_window_t>(dock_->winId()), XCB_CONFIG_WINDOW_STACK_MODE,
                          &above);
@@ -134,13 +144,20 @@ void X11Surface::stackEdge(std::uint32_t place) {
   xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &place);
 }
 
-// Asked for only when it is needed: nobody else gets the key meanwhile.
+// Asked for only when it is needed: nobody else gets the key meanwhile. With and without the locks of capitals and of
+// numbers, but not with any other modifier: window managers have uses for those, and would have all of it refused.
 void X11Surface::watchEscape(bool isWatched) {
   if (isWatched) {
     escape_ = escapeKey(display_.get());
-    xcb_grab_key(display_.get(), 0, root_, XCB_MOD_MASK_ANY, escape_, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-  } else {
-    xcb_ungrab_key(display_.get(), escape_, root_, XCB_MOD_MASK_ANY);
+  }
+  constexpr std::array<std::uint16_t, 4> locks = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
+                                                  XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
+  for (const std::uint16_t locked : locks) {
+    if (isWatched) {
+      xcb_grab_key(display_.get(), 0, root_, locked, escape_, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    } else {
+      xcb_ungrab_key(display_.get(), escape_, root_, locked);
+    }
   }
   xcb_flush(display_.get());
 }
