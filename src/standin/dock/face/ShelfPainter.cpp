@@ -16,6 +16,7 @@ constexpr double dotBottom = 4;  // above the shelf's lower edge
 constexpr double labelHeight = 26;
 constexpr double labelGap = 9;
 constexpr double labelMargin = 11;
+constexpr double labelRadius = 8;
 constexpr double iconRoundness = 0.2;  // of the size
 constexpr double dimming = 0.4;
 
@@ -66,6 +67,18 @@ QRegion roundedRegion(const QRectF& rectangle, double radius) {
   return region;
 }
 
+// Line by line where it is round. What is behind the dock may change while it is there, and a corner that shows the
+// picture from before would be seen.
+QRegion closeRegion(const QRectF& rectangle, double radius) {
+  QRegion region = rectangle.adjusted(0, radius, 0, -radius).toAlignedRect();
+  for (double line = 0; line < radius; ++line) {
+    const double rise = radius - std::min(line + 1, radius);
+    const double inset = radius - std::sqrt(radius * radius - rise * rise);
+    region += rectangle.adjusted(inset, line, -inset, -line).toAlignedRect();
+  }
+  return region;
+}
+
 }  // namespace
 
 void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& behind) {
@@ -79,12 +92,15 @@ void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& b
 }
 
 QRegion ShelfPainter::outline(const Frame& frame) {
-  QRegion region = roundedRegion(shelfOf(frame).adjusted(-1, -1, 1, 1), shelfRadius + 1);
+  const QRectF shelf = shelfOf(frame);
+  QRegion region = closeRegion(shelf, shelfRadius);
   for (const auto& place : frame.layout.placed(frame.attention)) {
-    region += roundedRegion(squareOf(frame, place), place.size * iconRoundness);
+    if (const QRectF square = squareOf(frame, place); square.top() < shelf.top()) {
+      region += roundedRegion(square, place.size * iconRoundness);
+    }
   }
   if (const auto label = labelOf(frame)) {
-    region += roundedRegion(label->adjusted(-1, -1, 1, 1), 9);
+    region += closeRegion(*label, labelRadius);
   }
   return region;
 }
@@ -165,7 +181,7 @@ void ShelfPainter::paintLabel(QPainter& painter, const Frame& frame) {
   }
   painter.setBrush(look_.label);
   painter.setPen(QPen(look_.labelRim, 1));
-  painter.drawRoundedRect(label->adjusted(0.5, 0.5, -0.5, -0.5), 7.5, 7.5);
+  painter.drawRoundedRect(label->adjusted(0.5, 0.5, -0.5, -0.5), labelRadius - 0.5, labelRadius - 0.5);
   painter.setPen(look_.labelText);
   painter.setFont(labelFont());
   painter.drawText(*label, Qt::AlignCenter, frame.items[*frame.labelled].label);

@@ -45,7 +45,7 @@ class ShelfPainter {
   /// `behind`, where there is one, is what can be seen through the shelf.
   void paint(QPainter& painter, const Frame& frame, const QPixmap& behind);
 
-  /// Whatever paint() may touch, and perhaps a point more.
+  /// Whatever paint() may touch, and at the edges of an icon perhaps a point more.
   static QRegion outline(const Frame& frame);
 
   /// How much of a canvas is needed above the screen's lower edge.
