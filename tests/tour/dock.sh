@@ -31,7 +31,7 @@ brightness_at() { import -window root -crop "1x1+$1+$2" +repage -depth 8 gray:- 
 is_lit() { [ "$(brightness_at "$1" "$2")" -gt 20 ]; }
 
 # The uppermost line of the shelf, once the dock is there.
-dock_has_come() { is_lit 640 826; }
+dock_has_come() { is_lit 640 822; }
 
 reveal_dock() {
   point_at "640 899"
