@@ -13,7 +13,8 @@ namespace tarnwell::host_linux::publish {
 
 Result<Package> Package::open(const std::filesystem::path& file) {
   // What is no file, a pipe for one, must not hold us up.
-  core::Descriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  core::Descriptor opened =
+      core::aboveStandardStreams(core::Descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)));
   struct stat status = {};
   if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
     return Failure{"cannot read " + file.string() + ": " + std::system_category().message(errno)};

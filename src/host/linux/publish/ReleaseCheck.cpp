@@ -3,9 +3,11 @@
 #include <string>
 
 #include "host/linux/updates/Channels.h"
+#include "host/linux/updates/DebianPackage.h"
 #include "host/linux/updates/FeedReader.h"
 #include "host/linux/updates/ItemChooser.h"
 #include "host/linux/updates/PackageClaim.h"
+#include "host/linux/updates/PackageKind.h"
 #include "host/linux/updates/PlainLine.h"
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/Version.h"
@@ -53,6 +55,21 @@ std::optional<Failure> objectionToAddress(const std::string& url) {
   return std::nullopt;
 }
 
+std::optional<Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
+  if (updates::packageKind(package.descriptor()) != updates::PackageKind::debian) {
+    return std::nullopt;
+  }
+  const auto own = updates::debianVersion(package.descriptor());
+  if (const auto* failure = std::get_if<Failure>(&own)) {
+    return Failure{"the updater would refuse the package: " + failure->message};
+  }
+  const auto& version = std::get<std::string>(own);
+  if (!updates::isDebianVersionOf(version, offered)) {
+    return Failure{"the package is version " + version + ", and the updater would not take it for " + offered};
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<Failure> objectionTo(const Release& release) {
@@ -78,6 +95,9 @@ std::optional<Failure> objectionTo(const updates::FeedItem& item, const Package&
                                         .origin = updates::UserDriver::Origin::user});
   if (!everybody.best({item})) {
     return Failure{"the updater would not offer the item"};
+  }
+  if (auto objection = objectionToVersionOf(package, item.version)) {
+    return objection;
   }
   const auto publicKey = updates::PublicKey::parse(key.publicText());
   if (const auto* failure = std::get_if<Failure>(&publicKey)) {

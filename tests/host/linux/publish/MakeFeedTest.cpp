@@ -15,6 +15,8 @@
 #include "host/linux/updates/FeedReader.h"
 #include "host/linux/updates/PackageClaim.h"
 #include "host/linux/updates/PublicKey.h"
+#include "host/linux/updates/RealPackage.h"
+#include "host/linux/updates/Version.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
@@ -28,13 +30,19 @@ struct Publisher {
     const ProgramEnd end = makeFeed("key " + path("private"));
     EXPECT_EQ(end.status, 0) << end.output;
     publicKey = end.output.substr(0, end.output.find('\n'));
-    sandbox.write("a.deb", package);
+    offer("2.0");
   }
+
+  /// Makes the package one of that version.
+  void offer(const std::string& version) const { sandbox.write("a.deb", updates::realPackage(version)); }
 
   std::string path(const std::string& name) const { return (sandbox / name).string(); }
 
-  /// Adds an item for the package; `more` comes after the other arguments.
+  /// Adds an item for a package of that version; `more` comes after the other arguments.
   ProgramEnd add(const std::string& version, const std::string& more = "") const {
+    if (const std::string packed = version.substr(0, version.find(' ')); updates::isVersion(packed)) {
+      offer(packed);
+    }
     return makeFeed("add " + path("feed.xml") + " --private-key " + path("private") + " --package " + path("a.deb") +
                     " --url https://updates.invalid/a.deb --version " + version + " " + more);
   }
@@ -65,7 +73,6 @@ struct Publisher {
 
   fixtures::Sandbox sandbox;
   std::string publicKey;
-  std::string package = "!<arch>\ndebian-binary   the package";
 };
 
 mode_t modeOf(const std::filesystem::path& path) {
@@ -136,11 +143,11 @@ TEST(MakeFeed, makesAFeedThatTheUpdaterReadsAndBelieves) {
   EXPECT_EQ(items[0].publicationDate, "Sat, 21 Nov 2026 10:00:00 +0000");
   EXPECT_TRUE(items[0].isCritical);
   EXPECT_EQ(items[0].enclosure.url, "https://updates.invalid/a.deb");
-  EXPECT_EQ(items[0].enclosure.length, publisher.package.size());
+  EXPECT_EQ(items[0].enclosure.length, publisher.sandbox.read("a.deb").size());
   EXPECT_EQ(items[0].enclosure.system, "linux");
   EXPECT_EQ(items[0].enclosure.type, "application/vnd.debian.binary-package");
   EXPECT_EQ(publisher.refusalOf(items[0], "a.deb"), "");
-  publisher.sandbox.write("a.deb", "!<arch>\ndebian-binary   the Package");
+  publisher.offer("120-2");
   EXPECT_EQ(publisher.refusalOf(items[0], "a.deb"), "the signature does not belong to this file and key");
 }
 
@@ -321,7 +328,7 @@ TEST(MakeFeed, refusesPackagesThatTheUpdaterWouldNotInstall) {
   const Publisher publisher;
   publisher.sandbox.write("empty", "");
   publisher.sandbox.write("text", "no package");
-  publisher.sandbox.write("large", publisher.package);
+  publisher.sandbox.write("large", publisher.sandbox.read("a.deb"));
   std::filesystem::resize_file(publisher.sandbox / "large", updates::PackageClaim::maximumLength + 1);
   ASSERT_EQ(::mkfifo(publisher.path("pipe").c_str(), 0600), 0);
   const std::vector<std::pair<std::string, std::string>> rows = {
@@ -338,6 +345,20 @@ TEST(MakeFeed, refusesPackagesThatTheUpdaterWouldNotInstall) {
     EXPECT_TRUE(contains(end.output, publisher.path(package)) && contains(end.output, reason)) << end.output;
   }
   EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
+}
+
+TEST(MakeFeed, refusesAPackageOfAnotherVersion) {
+  const Publisher publisher;
+  publisher.offer("1.0-3");
+  const ProgramEnd end = publisher.addPackage("a.deb", "https://updates.invalid/a.deb");
+  EXPECT_EQ(end.status, 1);
+  EXPECT_EQ(end.output, "make-feed: the package is version 1.0-3, and the updater would not take it for 2.0\n");
+  publisher.sandbox.write("a.deb", "!<arch>\ndebian-binary   but nothing more");
+  const ProgramEnd other = publisher.addPackage("a.deb", "https://updates.invalid/a.deb");
+  EXPECT_TRUE(contains(other.output, "the updater would refuse the package: ")) << other.output;
+  EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
+  publisher.offer("2.0-1");
+  EXPECT_EQ(publisher.addPackage("a.deb", "https://updates.invalid/a.deb").status, 0);
 }
 
 TEST(MakeFeed, explainsItself) {

@@ -3,6 +3,8 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/WaitFor.h"
 #include "host/linux/updates/DesktopInstaller.h"
+#include "host/linux/updates/ForkedWorker.h"
+#include "host/linux/updates/RealPackage.h"
 #include "host/linux/updates/UpdaterStage.h"
 
 namespace tarnwell::host_linux::updates {
@@ -20,19 +22,18 @@ class SwappedPackageTest : public testing::Test {
     stage.sandbox.write("Tarnwell.AppImage", "the one that runs");
   }
 
-  static std::string content(const std::string& start, const std::string& word) {
-    std::string text = start;
-    while (text.size() < 600'000) {
-      text += word;
-    }
-    return text;
+  static std::string appImageOf(char filling) {
+    return std::string(
+               "\x7f"
+               "ELF\2\1\1\0AI\2",
+               11) +
+           std::string(600'000, filling);
   }
 
   /// Up to the question whether the verified package shall be installed.
   void verify(const std::string& package) {
-    updater = std::make_unique<Updater>(
-        stage.configuration(), stage.preferences,
-        UpdaterPorts{stage.transport, stage.driver, installer, stage.alarm, [](const std::string&) {}});
+    updater = std::make_unique<Updater>(stage.configuration(), stage.preferences,
+                                        UpdaterPorts{stage.transport, stage.driver, installer, stage.alarm, worker});
     updater->start();
     updater->checkForUpdates();
     stage.transport.answer(feedOf("<item><x:version>2.0</x:version>" + stage.enclosure(package) + "</item>"));
@@ -44,7 +45,7 @@ class SwappedPackageTest : public testing::Test {
 
   /// Puts something else under every name that is used on the way to the desktop.
   void takeEveryName(const fs::path& folder) const {
-    for (const char* name : {"tarnwell-update.deb", ".tarnwell-update.deb.draft", ".package-1", "package"}) {
+    for (const char* name : {"tarnwell-update.deb", ".tarnwell-update.deb.draft", ".package", "package"}) {
       fs::remove(folder / name);
       fs::create_hard_link(stage.sandbox / "malware", folder / name);
     }
@@ -52,49 +53,41 @@ class SwappedPackageTest : public testing::Test {
 
   bool becomes(const std::string& screen) {
     return fixtures::waitFor([&] {
+      worker.dispatch();
       installer.dispatch();
       return stage.driver.screen.starts_with(screen);
     });
   }
 
-  bool isOver() {
-    return fixtures::waitFor([&] {
-      installer.dispatch();
-      return updater->canCheckForUpdates();
-    });
-  }
-
   UpdaterStage stage;
   fixtures::EnvironmentScope path{"PATH", stage.sandbox.path().string() + ":/usr/bin:/bin"};
-  DesktopInstaller installer{DesktopInstaller::Settings{.appImage = stage.sandbox / "Tarnwell.AppImage"}};
+  ForkedWorker worker;
+  DesktopInstaller installer{DesktopInstaller::Settings{.appImage = stage.sandbox / "Tarnwell.AppImage"}, worker};
   std::unique_ptr<Updater> updater;
-  std::string debian = content("!<arch>\ndebian-binary   ", "good ");
-  std::string appImage = content(std::string("\x7f"
-                                             "ELF\2\1\1\0AI\2",
-                                             11),
-                                 "good ");
+  std::string debian = realPackage("2.0", std::string(600'000, 'g'));
+  std::string malware = realPackage("2.0", std::string(600'000, 'e'));
 };
 
 TEST_F(SwappedPackageTest, whatIsOpenedIsTheFileThatWasVerifiedWhateverHadItsName) {
   verify(debian);
-  stage.sandbox.write("malware", content("!<arch>\ndebian-binary   ", "evil "));
+  stage.sandbox.write("malware", malware);
   takeEveryName(stage.sandbox / "packages");
   stage.driver.choose(Choice::install);
-  ASSERT_TRUE(isOver());
+  ASSERT_TRUE(becomes("opened 2.0")) << stage.driver.screen;
   EXPECT_EQ(stage.sandbox.read("opened"), debian);
   EXPECT_EQ(stage.sandbox.read("packages/tarnwell-update.deb"), debian);
   // Their file was not written to, either.
-  EXPECT_EQ(stage.sandbox.read("malware"), content("!<arch>\ndebian-binary   ", "evil "));
+  EXPECT_EQ(stage.sandbox.read("malware"), malware);
 }
 
 TEST_F(SwappedPackageTest, linksUnderItsNamesLeadNowhere) {
   verify(debian);
   stage.sandbox.write("letter", "of the user");
-  for (const char* name : {"tarnwell-update.deb", ".tarnwell-update.deb.draft", ".package-1"}) {
+  for (const char* name : {"tarnwell-update.deb", ".tarnwell-update.deb.draft", ".package"}) {
     fs::create_symlink(stage.sandbox / "letter", stage.sandbox / "packages" / name);
   }
   stage.driver.choose(Choice::install);
-  ASSERT_TRUE(isOver());
+  ASSERT_TRUE(becomes("opened 2.0")) << stage.driver.screen;
   EXPECT_EQ(stage.sandbox.read("opened"), debian);
   EXPECT_EQ(stage.sandbox.read("letter"), "of the user");
 }
@@ -102,7 +95,7 @@ TEST_F(SwappedPackageTest, linksUnderItsNamesLeadNowhere) {
 TEST_F(SwappedPackageTest, anotherFolderInThePlaceOfItsOwnIsNotOpened) {
   for (const bool isLink : {false, true}) {
     verify(debian);
-    stage.sandbox.write("malware", content("!<arch>\ndebian-binary   ", "evil "));
+    stage.sandbox.write("malware", malware);
     fs::rename(stage.sandbox / "packages", stage.sandbox / "moved");
     fs::create_directory(stage.sandbox / "theirs");
     takeEveryName(stage.sandbox / "theirs");
@@ -125,16 +118,13 @@ TEST_F(SwappedPackageTest, anotherFolderInThePlaceOfItsOwnIsNotOpened) {
 }
 
 TEST_F(SwappedPackageTest, theAppImageIsWhatWasVerified) {
-  verify(appImage);
-  stage.sandbox.write("malware", content(std::string("\x7f"
-                                                     "ELF\2\1\1\0AI\2",
-                                                     11),
-                                         "evil "));
+  verify(appImageOf('g'));
+  stage.sandbox.write("malware", appImageOf('e'));
   takeEveryName(stage.sandbox / "packages");
   fs::rename(stage.sandbox / "packages", stage.sandbox / "moved");
   stage.driver.choose(Choice::install);
-  ASSERT_TRUE(isOver());
-  EXPECT_EQ(stage.sandbox.read("Tarnwell.AppImage"), appImage);
+  ASSERT_TRUE(becomes("replaced by 2.0")) << stage.driver.screen;
+  EXPECT_EQ(stage.sandbox.read("Tarnwell.AppImage"), appImageOf('g'));
 }
 
 }  // namespace
