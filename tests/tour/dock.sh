@@ -133,6 +133,7 @@ scroll_on() {
 watch_saved_dock() {
   echo "The Dock after Save:"
   expect_listed "$after"
+  reveal_dock
   "$tour/watch-dock" reveal $running_gap 0.7 0.3
   photograph_icon shown $running_notebook
   is_lit $files $icon_line && fail "applications that do not run are there"
@@ -161,6 +162,7 @@ is_shelf_dark() { ! is_shelf_light; }
 watch_reset_dock() {
   echo "The Dock after Reset to Defaults:"
   expect_listed "$after"
+  reveal_dock
   "$tour/watch-dock" reveal $gap 0.2 0.5
   photograph_icon hidden $notebook
   expect_alike icon-shown icon-hidden 40

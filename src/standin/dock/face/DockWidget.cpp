@@ -147,8 +147,9 @@ void DockWidget::show(double share) {
   }
   lookBehind();
   const QRegion outline = ShelfPainter::outline(currentFrame()).intersected(rect());
-  // To the toolkit an empty mask is none at all.
-  const QRegion mask = outline.isEmpty() ? QRegion(-2, -2, 1, 1) : outline;
+  // To the toolkit an empty mask is none at all. A pixel of what is behind lets it paint from the first frame on; of a
+  // window that does not show it would wait for word from the server.
+  const QRegion mask = outline.isEmpty() ? QRegion(0, height() - 1, 1, 1) : outline;
   if (std::exchange(outline_, mask) != mask) {
     setMask(mask);
   }
