@@ -26,8 +26,8 @@ class PackageFile {
   /// To read from, at any position. Borrowed.
   int descriptor() const { return file_.number(); }
   /// Gives this very file a name in its folder, replacing what had it, and makes it read-only. Where the file system
-  /// cannot name a file that has no name, a copy of it is made, which takes its time. `name` is a plain file name. Fails
-  /// when the path would lead to anything else, as when the folder is not where it was.
+  /// cannot name a file that has no name, a copy of it is made, which takes its time. `name` is a plain file name.
+  /// Fails when the path would lead to anything else, as when the folder is not where it was.
   Result<std::filesystem::path> giveName(const std::string& name) const;
   /// Takes away what has the name, and what was to have it.
   void removeName(const std::string& name) const;
