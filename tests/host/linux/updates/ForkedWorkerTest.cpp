@@ -157,7 +157,9 @@ TEST_F(ForkedWorkerTest, doesSeveralThingsAtOnce) {
   std::vector<std::string> told;
   std::vector<std::unique_ptr<Worker::Job>> jobs;
   const auto waiting = worker->begin(endless(), unwanted);
-  for (int number = 0; number < 20; ++number) {
+  constexpr int several = 20;
+  jobs.reserve(several);
+  for (int number = 0; number < several; ++number) {
     jobs.push_back(worker->begin([number] { return Failure{std::to_string(number)}; },
                                  [&told](const auto& failure) { told.push_back(failure->message); }));
   }

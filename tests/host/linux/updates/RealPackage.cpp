@@ -20,7 +20,7 @@ std::string realPackage(const std::string& version, const std::string& content) 
   std::filesystem::permissions(sandbox / "tree/DEBIAN", std::filesystem::perms(0755));
   const std::string tree = (sandbox / "tree").string();
   const auto tool = startProgram(
-      {"/bin/sh", "-c", "exec /usr/bin/dpkg-deb --root-owner-group -Znone --build \"$0\" \"$0.deb\" >/dev/null", tree});
+      {"/bin/sh", "-c", R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree});
   int status = -1;
   if (::waitpid(std::get<pid_t>(tool), &status, 0) < 0 || status != 0) {
     throw std::runtime_error("dpkg-deb builds no package");
