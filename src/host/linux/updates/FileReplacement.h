@@ -24,13 +24,15 @@ class FileReplacement {
   std::optional<Failure> run(int source) const;
 
  private:
-  FileReplacement(std::filesystem::path target, core::Descriptor folder)
-      : target_(std::move(target)), folder_(std::move(folder)) {}
+  FileReplacement(std::filesystem::path target, core::Descriptor folder);
 
+  core::Descriptor newDraft() const;
   bool fill(int source, int draft) const;
+  bool takePlace(int draft) const;
 
   std::filesystem::path target_;
   core::Descriptor folder_;
+  std::string draftName_;  // Nobody else's.
 };
 
 }  // namespace tarnwell::host_linux::updates
