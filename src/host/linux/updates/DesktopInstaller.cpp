@@ -36,15 +36,13 @@ class Opening final : public Installer::Installation {
     if (failure == nullptr) {
       return std::nullopt;
     }
-    return Failure{"The update could not be stored: " + failure->message +
-                   ". See that there is room for it, and try again."};
+    return Failure{"The update could not be stored: " + failure->message + ". See to that, and try again."};
   }
 
   void open(const std::optional<Failure>& unnamed) {
     naming_.reset();
     if (unnamed) {
-      return refuse(
-          {"The update could not be stored: " + unnamed->message + ". See that there is room for it, and try again."});
+      return refuse(*unnamed);
     }
     auto refused = opener_.open(package_.placeOf(packageName), [this](const std::optional<Failure>& failure) {
       failure ? refuse(*failure) : hand(HandOver::opened);

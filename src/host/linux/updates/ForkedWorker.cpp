@@ -28,7 +28,9 @@ constexpr char failedMark = '-';
 /// So short that it is written at once or not at all.
 constexpr std::size_t longestWord = PIPE_BUF;
 
-constexpr int endPatience = 1000;  // Milliseconds; a process that was killed is usually gone within one.
+// Milliseconds; a process that was killed is usually gone within one.
+constexpr int stopPatience = 50;
+constexpr int endPatience = 1000;
 
 struct WordPipe {
   core::Descriptor reading;
@@ -47,6 +49,11 @@ WordPipe makeWordPipe() {
 /// The C library's own declarations are missing in older versions and unusable from C++ in others.
 core::Descriptor descriptorOf(pid_t process) {
   return core::aboveStandardStreams(core::Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0))));
+}
+
+bool ends(int process, int milliseconds) {
+  pollfd state = {.fd = process, .events = POLLIN, .revents = 0};
+  return ::poll(&state, 1, milliseconds) > 0;
 }
 
 void kill(int process) { ::syscall(SYS_pidfd_send_signal, process, SIGKILL, nullptr, 0); }
@@ -135,11 +142,11 @@ ForkedWorker::ForkedWorker() : events_(core::aboveStandardStreams(core::Descript
 
 ForkedWorker::~ForkedWorker() {
   while (!buried_.empty()) {
-    pollfd process = {.fd = buried_.begin()->first, .events = POLLIN, .revents = 0};
-    if (::poll(&process, 1, endPatience) <= 0) {
+    const int process = buried_.begin()->first;
+    if (!ends(process, endPatience)) {
       break;
     }
-    reap(process.fd);
+    reap(process);
   }
 }
 
@@ -204,10 +211,15 @@ void ForkedWorker::stop(Copy& copy) {
   }
 }
 
+// Usually it is gone at once, and whoever stopped it can clear away what it was at. Only a disk that does not answer
+// holds it longer.
 void ForkedWorker::bury(core::Descriptor process) {
   const int number = process.number();
   watch(number);
   buried_.emplace(number, std::move(process));
+  if (ends(number, stopPatience)) {
+    reap(number);
+  }
 }
 
 void ForkedWorker::reap(int process) {

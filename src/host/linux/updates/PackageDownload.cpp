@@ -17,7 +17,7 @@ Failure untrustedPackage(const std::string& reason) {
 }
 
 Failure unstored(const Failure& failure) {
-  return {"The update could not be stored: " + failure.message + ". See that there is room for it, and try again."};
+  return {"The update could not be stored: " + failure.message + ". See to that, and try again."};
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace tarnwell::host_linux::updates {
 class Worker {
  public:
   /// Under way as long as it lives and has not ended. Destroying it stops the work wherever it is, without waiting for
-  /// it; nothing is called any more. It may be destroyed by what it calls, and not after the worker.
+  /// more than a moment; nothing is called any more. It may be destroyed by what it calls, and not after the worker.
   class Job {
    public:
     virtual ~Job() = default;

@@ -84,13 +84,13 @@ TEST_F(DebianTool, hasToPrintOneVersionAndNothingElse) {
 }
 
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
-  const core::Descriptor open(::memfd_create("open", 0));
-  // The shell itself has the script open, under a number of its own.
-  versionFrom("cat /proc/self/fd/3 >'" + (sandbox / "seen").string() +
-              "'; ls /proc/$$/fd | grep -vx 10 | tr -d '\\n' >'" + (sandbox / "numbers").string() +
-              "'; echo \"$@\" >'" + (sandbox / "words").string() + "'");
+  const core::Descriptor secret(::memfd_create("secret", 0));
+  const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
+  versionFrom("cat /proc/self/fd/3 >" + path("seen") + "; ls -l /proc/$$/fd >" + path("open") + "; echo \"$@\" >" +
+              path("words"));
   EXPECT_EQ(sandbox.read("seen"), "any");
-  EXPECT_EQ(sandbox.read("numbers"), "0123");
+  EXPECT_NE(sandbox.read("open").find("memfd:package"), std::string::npos);
+  EXPECT_EQ(sandbox.read("open").find("memfd:secret"), std::string::npos) << sandbox.read("open");
   EXPECT_EQ(sandbox.read("words"), "--field /proc/self/fd/3 Version\n");
 }
 
