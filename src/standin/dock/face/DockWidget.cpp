@@ -198,13 +198,16 @@ void DockWidget::uncover() {
 
 ShelfPainter::Frame DockWidget::currentFrame() const {
   const ShelfLayout::Attention attention{.pointer = pointer_, .strength = strength_};
+  // Whole pixels, of which the first can be seen as soon as the dock comes.
+  const double high = layout_.shelfTop() * devicePixelRatioF();
+  const double sunk = std::min(std::round((1 - shown_) * high), std::floor(high) - 1);
   const bool isLabelled = onDock_ && shown_ >= 1 && strength_ > 0;
   return {.items = items_,
           .layout = layout_,
           .attention = attention,
           .labelled = isLabelled ? layout_.slotAt(pointer_) : std::nullopt,
           .canvas = size(),
-          .sunk = std::round((1 - shown_) * layout_.shelfTop() * devicePixelRatioF()) / devicePixelRatioF()};
+          .sunk = sunk / devicePixelRatioF()};
 }
 
 bool DockWidget::event(QEvent* event) {
