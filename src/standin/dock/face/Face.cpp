@@ -23,8 +23,10 @@ std::string variable(const char* name) {
 // Without a platform the toolkit would have the process abort, and it would be started again and again.
 void surviveFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
   printError("Dock: " + text.toStdString() + "\n");
-  while (type == QtFatalMsg) {
-    ::pause();
+  if (type == QtFatalMsg) {
+    for (;;) {
+      ::pause();
+    }
   }
 }
 

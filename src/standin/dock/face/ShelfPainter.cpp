@@ -71,8 +71,8 @@ QRegion roundedRegion(const QRectF& rectangle, double radius) {
 // picture from before would be seen.
 QRegion closeRegion(const QRectF& rectangle, double radius) {
   QRegion region = rectangle.adjusted(0, radius, 0, -radius).toAlignedRect();
-  for (double line = 0; line < radius; ++line) {
-    const double rise = radius - std::min(line + 1, radius);
+  for (int line = 0; line < radius; ++line) {
+    const double rise = radius - std::min(line + 1.0, radius);
     const double inset = radius - std::sqrt(radius * radius - rise * rise);
     region += rectangle.adjusted(inset, line, -inset, -line).toAlignedRect();
   }

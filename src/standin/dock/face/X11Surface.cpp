@@ -48,7 +48,7 @@ xcb_keycode_t escapeKey(xcb_connection_t* display) {
   const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
   const Reply<xcb_get_keyboard_mapping_reply_t> mapping(
       xcb_get_keyboard_mapping_reply(display, xcb_get_keyboard_mapping(display, setup->min_keycode, count), nullptr));
-  for (int key = 0; mapping && key < count; ++key) {
+  for (std::size_t key = 0; mapping && key < count; ++key) {
     if (xcb_get_keyboard_mapping_keysyms(mapping.get())[key * mapping->keysyms_per_keycode] == escape) {
       return static_cast<xcb_keycode_t>(setup->min_keycode + key);
     }
