@@ -1,19 +1,15 @@
 #include "host/qt/AboutPanel.h"
 
-#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
 #include "host/qt/ApplicationPicture.h"
 #include "host/qt/Conversions.h"
-#include "kit/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr Qt::WindowFlags panelFlags =
-    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 constexpr int leastWidth = 300;
 constexpr int margin = 28;
 constexpr int iconSide = 96;
@@ -31,7 +27,7 @@ QFont sized(double share) {
 
 }  // namespace
 
-AboutPanel::AboutPanel(const Content& content) : QWidget(nullptr, panelFlags) {
+AboutPanel::AboutPanel(const Content& content) {
   setWindowTitle("About " + toQString(content.name));
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins(margin, margin, margin, margin);
@@ -61,22 +57,11 @@ void AboutPanel::orderFront() {
   }
 }
 
-void AboutPanel::keyPressEvent(QKeyEvent* event) {
-  const kit::KeyEvent key = toKeyEvent(*event);
-  if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
-    close();
-  } else if ((key.modifierFlags & kit::commandFlag) != 0 && keys_) {
-    keys_(key);
-  } else {
-    QWidget::keyPressEvent(event);
-  }
-}
-
 void AboutPanel::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ApplicationFontChange) {
     setFonts();
   }
-  QWidget::changeEvent(event);
+  Panel::changeEvent(event);
 }
 
 QLabel* AboutPanel::addLine(const std::string& text) {

@@ -14,13 +14,10 @@
 #include "host/qt/PanelCheckBox.h"
 #include "host/qt/PanelFocus.h"
 #include "host/qt/Theme.h"
-#include "kit/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr Qt::WindowFlags updatePanelFlags =
-    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 constexpr int panelWidth = 500;
 constexpr int panelMargin = 20;
 constexpr int panelIconSide = 56;
@@ -51,7 +48,7 @@ QFont headingFont(const Theme& theme) {
 
 }  // namespace
 
-UpdatePanel::UpdatePanel(const Theme& theme) : QWidget(nullptr, updatePanelFlags), theme_(theme) {
+UpdatePanel::UpdatePanel(const Theme& theme) : theme_(theme) {
   setWindowTitle(QStringLiteral("Software Update"));
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
@@ -93,17 +90,12 @@ void UpdatePanel::dismiss() {
 }
 
 void UpdatePanel::keyPressEvent(QKeyEvent* event) {
-  const kit::KeyEvent key = toKeyEvent(*event);
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   auto* focused = dynamic_cast<PanelButton*>(focusWidget());
   if (isReturn && (focused != nullptr || default_ != nullptr)) {
     (focused != nullptr ? focused : default_)->click();
-  } else if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
-    close();
-  } else if ((key.modifierFlags & kit::commandFlag) != 0 && keys_) {
-    keys_(key);
   } else {
-    QWidget::keyPressEvent(event);
+    Panel::keyPressEvent(event);
   }
 }
 

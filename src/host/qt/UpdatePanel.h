@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QtWidgets/QWidget>
-#include <functional>
-
+#include "host/qt/Panel.h"
 #include "host/qt/UpdatePage.h"
-#include "kit/KeyEvent.h"
 
 class QWindow;
 
@@ -14,15 +11,12 @@ class PanelButton;
 class Theme;
 
 /// The window of the updater. It shows one page at a time, stays where it is when the next one comes, and goes when an
-/// answer was not followed by another page. Return presses the default button; Escape and Control-W close.
-class UpdatePanel final : public QWidget {
+/// answer was not followed by another page. Return presses the default button.
+class UpdatePanel final : public Panel {
  public:
   enum class Manner { inFront, quiet };
 
   explicit UpdatePanel(const Theme& theme);
-
-  /// Where the key equivalents go that the panel has no use for.
-  void setKeyEquivalents(std::function<void(const kit::KeyEvent&)> keys) { keys_ = std::move(keys); }
 
   /// A quiet page does not take the keyboard from any other window, and stays behind those that came after the panel.
   void show(UpdatePage page, Manner manner);
@@ -43,7 +37,6 @@ class UpdatePanel final : public QWidget {
   void uncover(const QWindow* focused);
 
   const Theme& theme_;
-  std::function<void(const kit::KeyEvent&)> keys_;
   QWidget* content_ = nullptr;
   PanelButton* default_ = nullptr;
   kit::Action closed_;
