@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "host/linux/MakeFolders.h"
+#include "host/linux/WriteAll.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -36,14 +37,7 @@ class Draft {
   bool isOpen() const { return number_ >= 0; }
 
   bool write(std::string_view content) const {
-    while (!content.empty()) {
-      const ssize_t count = ::write(number_, content.data(), content.size());
-      if (count < 0 && errno != EINTR) {
-        return false;
-      }
-      content.remove_prefix(static_cast<std::size_t>(count < 0 ? 0 : count));
-    }
-    return ::fchmod(number_, modeOfTarget()) == 0 && ::fsync(number_) == 0;
+    return writeAll(number_, content) && ::fchmod(number_, modeOfTarget()) == 0 && ::fsync(number_) == 0;
   }
 
   bool takePlace() {

@@ -1,10 +1,10 @@
 #include "host/linux/XdgLoginItem.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 
+#include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
 #include "host/linux/ReplaceFile.h"
 
@@ -15,12 +15,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* hiddenKey = "Hidden";
 constexpr const char* enabledKey = "X-GNOME-Autostart-enabled";
-
-fs::path absoluteFrom(const char* variable) {
-  const char* value = ::getenv(variable);
-  const fs::path path = value == nullptr ? "" : value;
-  return path.is_absolute() ? path : fs::path();
-}
 
 // Where writing goes: to the file that a link leads to, so that one who keeps the file elsewhere keeps doing so.
 fs::path behindLinks(const fs::path& path) {
@@ -86,10 +80,7 @@ std::optional<std::string> XdgLoginItem::registerItem() { return words(tryRegist
 std::optional<std::string> XdgLoginItem::unregisterItem() { return words(tryUnregister()); }
 
 Result<fs::path> XdgLoginItem::folder() {
-  fs::path base = absoluteFrom("XDG_CONFIG_HOME");
-  if (base.empty() && !absoluteFrom("HOME").empty()) {
-    base = absoluteFrom("HOME") / ".config";
-  }
+  const fs::path base = configurationFolder();
   if (base.empty()) {
     return Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
   }

@@ -11,6 +11,7 @@
 
 #include "core/Descriptor.h"
 #include "diagnostics/Fault.h"
+#include "host/linux/WriteAll.h"
 #include "host/linux/updates/Base64.h"
 #include "host/linux/updates/CryptoLibrary.h"
 #include "host/linux/updates/MappedFile.h"
@@ -36,10 +37,6 @@ struct KeyPair {
   std::array<unsigned char, crypto_sign_PUBLICKEYBYTES> open = {};
   std::array<unsigned char, crypto_sign_SECRETKEYBYTES> secret = {};
 };
-
-bool writeAll(int descriptor, const std::string& text) {
-  return ::write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size()) && ::fsync(descriptor) == 0;
-}
 
 }  // namespace
 
@@ -89,7 +86,7 @@ std::optional<Failure> SecretKey::store(const std::filesystem::path& file) const
     return systemFailure("cannot make", file);
   }
   std::string text = encodeBase64(seed_) + "\n";
-  const bool isWritten = writeAll(created.number(), text);
+  const bool isWritten = writeAll(created.number(), text) && ::fsync(created.number()) == 0;
   auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
   sodium_memzero(text.data(), text.size());
   if (failure) {

@@ -5,6 +5,9 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
+
+#include "host/linux/WriteAll.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -20,19 +23,6 @@ ssize_t readAt(int from, char* bytes, off_t position) {
   }
 }
 
-bool writeAll(int to, const char* bytes, std::size_t length) {
-  while (length > 0) {
-    const ssize_t count = ::write(to, bytes, length);
-    if (count < 0 && errno != EINTR) {
-      return false;
-    }
-    const auto written = static_cast<std::size_t>(count < 0 ? 0 : count);
-    bytes += written;
-    length -= written;
-  }
-  return true;
-}
-
 }  // namespace
 
 bool copyFile(int from, int to) {
@@ -40,7 +30,7 @@ bool copyFile(int from, int to) {
   off_t position = 0;
   for (;;) {
     const ssize_t count = readAt(from, bytes.data(), position);
-    if (count < 0 || !writeAll(to, bytes.data(), static_cast<std::size_t>(count))) {
+    if (count < 0 || !writeAll(to, {bytes.data(), static_cast<std::size_t>(count)})) {
       return false;
     }
     if (count == 0) {

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/linux/WriteAll.h"
 #include "host/linux/updates/CopyFile.h"
 
 namespace tarnwell::host_linux::updates {
@@ -55,15 +56,10 @@ Result<PackageFile> PackageFile::create(const fs::path& folder) {
 }
 
 std::optional<Failure> PackageFile::append(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR) {
-      return failure("cannot keep the download");
-    }
-    const auto written = static_cast<std::size_t>(count < 0 ? 0 : count);
-    bytes.remove_prefix(written);
-    length_ += written;
+  if (!writeAll(file_.number(), bytes)) {
+    return failure("cannot keep the download");
   }
+  length_ += bytes.size();
   return std::nullopt;
 }
 

@@ -5,29 +5,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <variant>
 
+#include "host/linux/BaseFolders.h"
 #include "host/linux/updates/PrivateFolder.h"
 
 namespace tarnwell::host_linux::updates {
-namespace {
 
 namespace fs = std::filesystem;
 
-fs::path absoluteFrom(const char* variable) {
-  const char* value = ::getenv(variable);
-  const fs::path path = value == nullptr ? "" : value;
-  return path.is_absolute() ? path : fs::path();
-}
-
-}  // namespace
-
 Result<fs::path> packageFolder() {
-  fs::path base = absoluteFrom("XDG_CACHE_HOME");
-  if (base.empty() && !absoluteFrom("HOME").empty()) {
-    base = absoluteFrom("HOME") / ".cache";
-  }
+  const fs::path base = cacheFolder();
   if (base.empty()) {
     return Failure{"neither XDG_CACHE_HOME nor HOME names a folder for downloads"};
   }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
+#include "host/linux/BaseFolders.h"
 #include "host/linux/updates/PropertyListFile.h"
 
 namespace tarnwell::host_linux::updates {
@@ -21,13 +21,10 @@ constexpr const char* launchedKey = "SUHasLaunchedBefore";
 // Dates in property lists count from the first day of 2001.
 constexpr std::chrono::sys_days firstDay = std::chrono::year(2001) / std::chrono::January / 1;
 
-fs::path configurationFolder() {
-  const char* configured = ::getenv("XDG_CONFIG_HOME");
-  if (configured != nullptr && fs::path(configured).is_absolute()) {
-    return configured;
-  }
-  const char* home = ::getenv("HOME");
-  return fs::path(home != nullptr ? home : "/") / ".config";
+// A user without any folder is told so when something is to be kept: nobody else's folder takes it.
+fs::path listOfUser() {
+  const fs::path base = configurationFolder();
+  return (base.empty() ? "/.config" : base) / "tarnwell" / "updates.plist";
 }
 
 /// The value under a key when it is of that type.
@@ -54,9 +51,7 @@ std::optional<Failure> storeFlag(const fs::path& file, const char* key, bool fla
 
 }  // namespace
 
-UpdaterPreferences UpdaterPreferences::ofUser() {
-  return UpdaterPreferences(configurationFolder() / "tarnwell" / "updates.plist");
-}
+UpdaterPreferences UpdaterPreferences::ofUser() { return UpdaterPreferences(listOfUser()); }
 
 std::optional<bool> UpdaterPreferences::automaticChecks() const { return flagIn(file_, checksKey); }
 
