@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -14,7 +13,6 @@
 #include <vector>
 
 #include "fixtures/WaitFor.h"
-#include "standin/dock/model/ScrollGesture.h"
 #include "standin/face/ShownDock.h"
 #include "standin/face/WindowHistory.h"
 
@@ -22,17 +20,6 @@ namespace tarnwell::standin {
 namespace {
 
 using fixtures::waitFor;
-
-constexpr int files = 0;
-constexpr int notebook = 2;
-constexpr int album = 4;
-
-// Long enough for the next step of the wheel to be another movement.
-constexpr std::chrono::milliseconds handAtRest(ScrollGesture::pause + 50);
-
-std::string iconPlace(int application) {
-  return std::to_string(ShownDock::iconColumn(application)) + " " + std::to_string(ShownDock::iconLine);
-}
 
 // Whether it is as far from what it should be as this may be: 20 milliseconds or 5 per cent, whichever is more.
 bool isNear(ShownDock::Seconds found, double wanted) {
@@ -122,13 +109,14 @@ TEST(FaceTest, namesWhatThePointerIsOn) {
   const auto isLabelled = [&](int application) {
     return display.color(ShownDock::iconColumn(application), labelLine) != 0;
   };
-  EXPECT_FALSE(isLabelled(notebook));
-  display.act("mousemove " + std::to_string(ShownDock::iconColumn(notebook)) + " " +
+  EXPECT_FALSE(isLabelled(ShownDock::notebook));
+  display.act("mousemove " + std::to_string(ShownDock::iconColumn(ShownDock::notebook)) + " " +
               std::to_string(ShownDock::iconLine));
-  EXPECT_TRUE(waitFor([&] { return isLabelled(notebook); }));
-  EXPECT_FALSE(isLabelled(album));
-  display.act("mousemove " + std::to_string(ShownDock::iconColumn(album)) + " " + std::to_string(ShownDock::iconLine));
-  EXPECT_TRUE(waitFor([&] { return isLabelled(album) && !isLabelled(notebook); }));
+  EXPECT_TRUE(waitFor([&] { return isLabelled(ShownDock::notebook); }));
+  EXPECT_FALSE(isLabelled(ShownDock::album));
+  display.act("mousemove " + std::to_string(ShownDock::iconColumn(ShownDock::album)) + " " +
+              std::to_string(ShownDock::iconLine));
+  EXPECT_TRUE(waitFor([&] { return isLabelled(ShownDock::album) && !isLabelled(ShownDock::notebook); }));
 }
 
 TEST(FaceTest, staysAboveWindowsThatComeLater) {
@@ -153,173 +141,6 @@ TEST(FaceTest, leavesClicksAtTheLowerEdgeToTheWindowsThere) {
   dock.display().act("mousemove 640 799 click 1");
   EXPECT_TRUE(waitFor([&] { return dock.display().wasPressed(); }));
   dock.reveal();
-}
-
-// Clicks the button that minimizes the document "Ideas", in slow motion, and waits for the picture at half the way.
-Colors middleOf(const std::string& effect) {
-  ShownDock dock;
-  dock.write("mineffect", "-string " + effect);
-  dock.start();
-  dock.reveal();
-  dock.click(notebook);
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == 1; }));
-  dock.display().act("mousemove 802 128 keydown Shift_L click 1 keyup Shift_L");
-  const auto begin = ShownDock::Clock::now();
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Minimizing") == 1; }));
-  std::this_thread::sleep_until(begin + std::chrono::milliseconds(1680));
-  Colors middle = dock.display().colors(400, 0, Display::width - 400, Display::height - 90);
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Minimizing") == 0; }));
-  EXPECT_EQ(dock.display().windowCount("Ideas"), 0);
-  return middle;
-}
-
-TEST(FaceTest, everyEffectLooksUnlikeTheOthersAtItsMiddle) {
-  const Colors genie = middleOf("genie");
-  const Colors scale = middleOf("scale");
-  const Colors suck = middleOf("suck");
-  constexpr std::size_t clearly = 10'000;
-  EXPECT_GT(differences(genie, scale), clearly);
-  EXPECT_GT(differences(genie, suck), clearly);
-  EXPECT_GT(differences(scale, suck), clearly);
-}
-
-TEST(FaceTest, aMinimizedWindowComesBackWhereItWas) {
-  ShownDock dock;
-  dock.start();
-  dock.reveal();
-  dock.click(notebook);
-  const Display& display = dock.display();
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
-  dock.hide();
-  EXPECT_TRUE(waitFor([&] { return display.color(800, 350) != 0; }));
-  display.act("mousemove 900 400");
-  // Nothing of the other windows, which may be below it now.
-  const auto picture = [&] { return display.colors(490, 120, 340, 230); };
-  const Colors before = picture();
-  display.act("mousemove 802 128 click 1");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 0 && display.windowCount("Minimizing") == 0; }));
-  dock.reveal();
-  // The picture of the window is the item before the last one, and the others have made room for it.
-  display.act("mousemove 855 " + std::to_string(ShownDock::iconLine) + " click 1");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1 && display.windowCount("Minimizing") == 0; }));
-  dock.hide();
-  display.act("mousemove 900 400");
-  EXPECT_TRUE(waitFor([&] { return picture() == before; }));
-}
-
-// What the icon of the album looks like while the album is hidden and nobody points at it.
-Colors hiddenIcon(const std::string& showHidden) {
-  ShownDock dock;
-  dock.write("showhidden", "-bool " + showHidden);
-  // Long enough to look at a dock that the pointer has left.
-  dock.write("autohide-time-modifier", "-float 0");
-  dock.start();
-  dock.reveal();
-  dock.click(album);
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
-  dock.click(album, 3);
-  dock.display().act("key Down Return");
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 0; }));
-  dock.hide();
-  dock.reveal();
-  // The edge is away from the icons, which are at rest then.
-  return dock.display().colors(ShownDock::iconColumn(album) - 20, ShownDock::iconLine - 20, 40, 40);
-}
-
-TEST(FaceTest, theIconOfAHiddenApplicationIsDimmedWhereThatIsSet) {
-  const Colors plain = hiddenIcon("false");
-  const Colors dimmed = hiddenIcon("true");
-  EXPECT_GT(differences(plain, dimmed), plain.size() / 2);
-}
-
-TEST(FaceTest, onlyRunningApplicationsAreThereWhereThatIsSet) {
-  ShownDock dock;
-  dock.write("autohide-time-modifier", "-float 0");
-  dock.start();
-  dock.reveal();
-  EXPECT_NE(dock.display().color(ShownDock::iconColumn(files), ShownDock::iconLine), 0U);
-  dock.write("static-only", "-bool true");
-  dock.hide();
-  ::kill(dock.process(), SIGTERM);
-  dock.display().act("mousemove 640 799");
-  // Three applications and the trash are half as wide as eight and the trash.
-  EXPECT_TRUE(waitFor([&] { return dock.display().color(640, ShownDock::iconLine) != 0; }));
-  EXPECT_EQ(dock.display().color(ShownDock::iconColumn(files), ShownDock::iconLine), 0U);
-}
-
-TEST(FaceTest, aClickHidesTheOthersWhereThatIsSet) {
-  for (const bool isSet : {false, true}) {
-    ShownDock dock;
-    dock.write("single-app", isSet ? "-bool true" : "-bool false");
-    dock.start();
-    dock.reveal();
-    dock.click(notebook);
-    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == 1; }));
-    dock.click(album);
-    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
-    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == (isSet ? 0 : 1); })) << isSet;
-  }
-}
-
-TEST(FaceTest, scrollingUpSpreadsTheWindowsOutWhereThatIsSet) {
-  ShownDock dock;
-  const Display& display = dock.display();
-  dock.start();
-  dock.reveal();
-  dock.click(notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
-  dock.click(notebook, 4);
-  dock.write("scroll-to-open", "-bool true");
-  dock.restart();
-  EXPECT_EQ(display.windowCount("Windows"), 0);
-  // The windows are where they were: applications outlive the dock.
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
-  dock.reveal();
-  // A long movement of the hand, which opens and does not close.
-  display.act("mousemove " + iconPlace(notebook) + " click --repeat 12 --delay 50 4");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
-  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
-  dock.click(notebook, 4);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
-}
-
-TEST(FaceTest, escapeEndsTheSpreadAndTheDockHidesAfterItHoweverOftenItWasOpened) {
-  ShownDock dock;
-  const Display& display = dock.display();
-  dock.write("scroll-to-open", "-bool true");
-  dock.start();
-  dock.reveal();
-  dock.click(notebook, 4);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
-  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
-  // The dock is above it, and can be used.
-  EXPECT_NE(display.color(422, ShownDock::iconLine), display.color(20, ShownDock::iconLine));
-  // The second scroll comes while the spread is still closing.
-  display.act("mousemove " + iconPlace(notebook) + " key Escape click 4");
-  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
-  display.act("key Escape");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
-  dock.hide();
-}
-
-TEST(FaceTest, anApplicationThatIsHiddenOnTheWayOutOfTheDockLeavesNothingBehind) {
-  ShownDock dock;
-  const Display& display = dock.display();
-  dock.start();
-  dock.reveal();
-  dock.click(notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
-  display.act("mousemove 802 128 click 1");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 0 && display.windowCount("Minimizing") == 0; }));
-  dock.reveal();
-  display.act("mousemove 855 " + std::to_string(ShownDock::iconLine) + " keydown Shift_L click 1 keyup Shift_L");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Minimizing") == 1; }));
-  dock.click(notebook, 3);
-  display.act("key Down Return");
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Shopping") == 0; }));
-  EXPECT_EQ(display.windowCount("Minimizing"), 1);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Minimizing") == 0; }));
-  EXPECT_EQ(display.windowCount("Ideas"), 0);
 }
 
 // The processor time of all threads, in clock ticks, and how often one of them went to sleep.

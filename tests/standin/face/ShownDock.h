@@ -17,6 +17,11 @@ class ShownDock {
   using Clock = std::chrono::steady_clock;
   using Seconds = std::chrono::duration<double>;
 
+  /// Applications, counted from the left.
+  static constexpr int files = 0;
+  static constexpr int notebook = 2;
+  static constexpr int album = 4;
+
   /// The middles of icons at rest: eight applications in a row, and the line on which they are.
   static constexpr int iconLine = Display::height - 42;
   static int iconColumn(int application) { return 392 + 60 * application; }

@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <string>
+
+#include "fixtures/WaitFor.h"
+#include "standin/dock/model/ScrollGesture.h"
+#include "standin/face/ShownDock.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using fixtures::waitFor;
+
+// Long enough for the next step of the wheel to be another movement.
+constexpr std::chrono::milliseconds handAtRest(ScrollGesture::pause + 50);
+
+std::string iconPlace(int application) {
+  return std::to_string(ShownDock::iconColumn(application)) + " " + std::to_string(ShownDock::iconLine);
+}
+
+// What the icon of the album looks like while the album is hidden and nobody points at it.
+Colors hiddenIcon(const std::string& showHidden) {
+  ShownDock dock;
+  dock.write("showhidden", "-bool " + showHidden);
+  // Long enough to look at a dock that the pointer has left.
+  dock.write("autohide-time-modifier", "-float 0");
+  dock.start();
+  dock.reveal();
+  dock.click(ShownDock::album);
+  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
+  dock.click(ShownDock::album, 3);
+  dock.display().act("key Down Return");
+  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 0; }));
+  dock.hide();
+  dock.reveal();
+  // The edge is away from the icons, which are at rest then.
+  return dock.display().colors(ShownDock::iconColumn(ShownDock::album) - 20, ShownDock::iconLine - 20, 40, 40);
+}
+
+TEST(ApplicationsTest, theIconOfAHiddenApplicationIsDimmedWhereThatIsSet) {
+  const Colors plain = hiddenIcon("false");
+  const Colors dimmed = hiddenIcon("true");
+  EXPECT_GT(differences(plain, dimmed), plain.size() / 2);
+}
+
+TEST(ApplicationsTest, onlyRunningApplicationsAreThereWhereThatIsSet) {
+  ShownDock dock;
+  dock.write("autohide-time-modifier", "-float 0");
+  dock.start();
+  dock.reveal();
+  EXPECT_NE(dock.display().color(ShownDock::iconColumn(ShownDock::files), ShownDock::iconLine), 0U);
+  dock.write("static-only", "-bool true");
+  dock.hide();
+  ::kill(dock.process(), SIGTERM);
+  dock.display().act("mousemove 640 799");
+  // Three applications and the trash are half as wide as eight and the trash.
+  EXPECT_TRUE(waitFor([&] { return dock.display().color(640, ShownDock::iconLine) != 0; }));
+  EXPECT_EQ(dock.display().color(ShownDock::iconColumn(ShownDock::files), ShownDock::iconLine), 0U);
+}
+
+TEST(ApplicationsTest, aClickHidesTheOthersWhereThatIsSet) {
+  for (const bool isSet : {false, true}) {
+    ShownDock dock;
+    dock.write("single-app", isSet ? "-bool true" : "-bool false");
+    dock.start();
+    dock.reveal();
+    dock.click(ShownDock::notebook);
+    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == 1; }));
+    dock.click(ShownDock::album);
+    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
+    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == (isSet ? 0 : 1); })) << isSet;
+  }
+}
+
+TEST(ApplicationsTest, scrollingUpSpreadsTheWindowsOutWhereThatIsSet) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  dock.click(ShownDock::notebook);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.click(ShownDock::notebook, 4);
+  dock.write("scroll-to-open", "-bool true");
+  dock.restart();
+  EXPECT_EQ(display.windowCount("Windows"), 0);
+  // The windows are where they were: applications outlive the dock.
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.reveal();
+  // A long movement of the hand, which opens and does not close.
+  display.act("mousemove " + iconPlace(ShownDock::notebook) + " click --repeat 12 --delay 50 4");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  dock.click(ShownDock::notebook, 4);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
+}
+
+TEST(ApplicationsTest, escapeEndsTheSpreadAndTheDockHidesAfterItHoweverOftenItWasOpened) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.write("scroll-to-open", "-bool true");
+  dock.start();
+  dock.reveal();
+  dock.click(ShownDock::notebook, 4);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  // The dock is above it, and can be used.
+  EXPECT_NE(display.color(422, ShownDock::iconLine), display.color(20, ShownDock::iconLine));
+  // The second scroll comes while the spread is still closing.
+  display.act("mousemove " + iconPlace(ShownDock::notebook) + " key Escape click 4");
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  display.act("key Escape");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
+  dock.hide();
+}
+
+}  // namespace
+}  // namespace tarnwell::standin
