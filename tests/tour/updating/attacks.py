@@ -43,6 +43,7 @@ class Attacks:
                 ("/insecure/feed.xml", "redirects to an address that is not secure. Updates are fetched over HTTPS"),
                 ("/local/feed.xml", "is not secure. Updates are fetched over HTTPS only."),
                 ("/redirect/9/feed.xml", "The server localhost redirects too often."),
+                ("/aside", "The server localhost sends more than it should."),
                 ("/endless", "The server localhost sends more than it should."),
                 ("/huge", "The server localhost sends more than it should."),
                 ("/file/large.xml", "The server localhost sends more than it should."),

@@ -13,8 +13,8 @@ bool find(void* library, const char* name, Function& function) {
 }
 
 bool findAll(void* library, CurlLibrary& curl) {
-  return find(library, "curl_global_init", curl.globalInit) && find(library, "curl_multi_init", curl.multiInit) &&
-         find(library, "curl_multi_setopt", curl.multiSetopt) &&
+  return find(library, "curl_version_info", curl.versionInfo) && find(library, "curl_global_init", curl.globalInit) &&
+         find(library, "curl_multi_init", curl.multiInit) && find(library, "curl_multi_setopt", curl.multiSetopt) &&
          find(library, "curl_multi_add_handle", curl.multiAddHandle) &&
          find(library, "curl_multi_remove_handle", curl.multiRemoveHandle) &&
          find(library, "curl_multi_socket_action", curl.multiSocketAction) &&
@@ -33,6 +33,11 @@ Result<CurlLibrary> CurlLibrary::open(const std::string& name) {
     const char* reason = ::dlerror();
     return Failure{"Updates are fetched with the network library " + name +
                    ", which this system does not have: " + (reason == nullptr ? "" : reason) + "."};
+  }
+  const curl_version_info_data& own = *curl.versionInfo(CURLVERSION_NOW);
+  if (own.version_num < oldestVersion) {
+    return Failure{"Updates are fetched with version 7.87 of the network library or a later one, and this system has " +
+                   std::string(own.version) + "."};
   }
   return curl;
 }

@@ -11,6 +11,7 @@ namespace tarnwell::host_linux::updates {
 /// The functions of the network library. It brings some thirty others along, a third of the program's start, so it is
 /// opened when something is to be fetched; the program does not link it. Once opened it stays.
 struct CurlLibrary {
+  decltype(&::curl_version_info) versionInfo = nullptr;
   decltype(&::curl_global_init) globalInit = nullptr;
   decltype(&::curl_multi_init) multiInit = nullptr;
   decltype(&::curl_multi_setopt) multiSetopt = nullptr;
@@ -24,6 +25,9 @@ struct CurlLibrary {
   decltype(&::curl_easy_getinfo) easyGetinfo = nullptr;
   decltype(&::curl_easy_strerror) easyStrerror = nullptr;
   decltype(&::curl_easy_cleanup) easyCleanup = nullptr;
+
+  /// What is older does not know all limits that transfers need. (curl.se: CURLOPT_QUICK_EXIT came with 7.87.0)
+  static constexpr unsigned int oldestVersion = 0x07'57'00;
 
   /// `name` is what the dynamic linker looks for. A failure is a sentence for people.
   static Result<CurlLibrary> open(const std::string& name);

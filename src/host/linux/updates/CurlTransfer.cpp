@@ -15,6 +15,7 @@ namespace {
 
 constexpr long mostRedirects = 5;
 constexpr long complete = 200;
+constexpr curl_off_t longestAside = 65'536;  // Bytes; of what comes along with a redirect.
 
 CURL* newHandle(const CurlLibrary& curl) {
   CURL* handle = curl.easyInit();
@@ -70,6 +71,13 @@ struct CurlTransfer::State {
     length += bytes.size();
     isStopped = !received(bytes) || isStopped;
     return !isStopped;
+  }
+
+  /// The library reads what comes along with a redirect, however much it is, and keeps it to itself.
+  static int progressed(void* state, curl_off_t /*whole*/, curl_off_t come, curl_off_t /*all*/, curl_off_t /*sent*/) {
+    auto& self = *static_cast<State*>(state);
+    self.isTooLong = self.isTooLong || (come > longestAside && self.status() != complete);
+    return self.isTooLong ? 1 : 0;
   }
 
   static std::size_t bytesCame(char* bytes, std::size_t one, std::size_t count, void* state) {
@@ -147,6 +155,9 @@ void CurlTransfer::connect() {
   set(CURLOPT_ERRORBUFFER, state_->error.data());
   set(CURLOPT_WRITEFUNCTION, &State::bytesCame);
   set(CURLOPT_WRITEDATA, static_cast<void*>(state_.get()));
+  set(CURLOPT_NOPROGRESS, 0L);
+  set(CURLOPT_XFERINFOFUNCTION, &State::progressed);
+  set(CURLOPT_XFERINFODATA, static_cast<void*>(state_.get()));
   set(CURLOPT_OPENSOCKETFUNCTION, &openSocket);
 }
 

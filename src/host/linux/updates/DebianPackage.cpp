@@ -102,7 +102,7 @@ Result<std::string> debianVersion(int descriptor) {
 }
 
 bool isDebianVersionOf(std::string_view packageVersion, std::string_view version) {
-  return packageVersion == version || packageVersion.substr(0, packageVersion.rfind('-')) == version;
+  return packageVersion.substr(0, packageVersion.rfind('-')) == version;
 }
 
 }  // namespace tarnwell::host_linux::updates

@@ -11,7 +11,8 @@ namespace tarnwell::host_linux::updates {
 /// is given half a minute, and blocks for as long as it takes. A failure is a sentence for people.
 Result<std::string> debianVersion(int descriptor);
 
-/// Whether a package of this version is one of `version`: the same text, with or without a Debian revision after it.
+/// Whether a package of this version is one of `version`, the same text but for a Debian revision. A feed that counts
+/// revisions is refused: the running program does not know its own, and would take an older one for an update.
 bool isDebianVersionOf(std::string_view packageVersion, std::string_view version);
 
 }  // namespace tarnwell::host_linux::updates

@@ -11,7 +11,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <string>
-#include <string_view>
 #include <system_error>
 
 #include "core/CNumericLocale.h"
@@ -19,6 +18,7 @@
 #include "host/linux/MakeFolders.h"
 #include "host/linux/ReplaceFile.h"
 #include "host/linux/updates/Report.h"
+#include "host/linux/updates/WholePropertyList.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -26,7 +26,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t largestFile = 1024UL * 1024;  // Bytes; a few hundred are usual.
-constexpr int deepestNesting = 64;
 constexpr int mostFilesSetAside = 1000;
 
 Failure systemFailure(const std::string& what, const fs::path& path) {
@@ -38,25 +37,8 @@ Failure unlocked(const std::string& what, const fs::path& path) {
                               : systemFailure(what, path);
 }
 
-// The library goes down by calling itself. Counts tags only, which may refuse a text that spells many of them.
-bool isNestedTooDeep(std::string_view xml) {
-  int depth = 0;
-  for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
-    const std::string_view tag = xml.substr(at + 1);
-    if (tag.starts_with("dict") || tag.starts_with("array")) {
-      ++depth;
-    } else if (tag.starts_with("/dict") || tag.starts_with("/array")) {
-      --depth;
-    }
-    if (depth > deepestNesting) {
-      return true;
-    }
-  }
-  return false;
-}
-
 PropertyList parsed(const std::string& text) {
-  if (text.size() > largestFile || isNestedTooDeep(text)) {
+  if (text.size() > largestFile || !isWholePropertyList(text)) {
     return nullptr;
   }
   const core::CNumericLocale locale;

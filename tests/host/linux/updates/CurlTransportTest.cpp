@@ -124,6 +124,13 @@ TEST_F(CurlTransportTest, aLibraryThatIsAnotherOneIsNotUsed) {
   EXPECT_NE(refusal(server.address("/headers")), "");
 }
 
+TEST_F(CurlTransportTest, aLibraryThatIsTooOldIsNotUsed) {
+  useLibrary(OLD_NETWORK_LIBRARY);
+  EXPECT_EQ(refusal(server.address("/headers")),
+            "Updates are fetched with version 7.87 of the network library or a later one, and this system has 7.86.0.");
+  EXPECT_EQ(server.requests(), "");
+}
+
 TEST_F(CurlTransportTest, aTransferThatCannotBeginIsCancelledLikeAnyOther) {
   useLibrary("libtarnwell-none.so.4");
   begin(server.address("/headers")).reset();
@@ -232,6 +239,14 @@ TEST_F(CurlTransportTest, tenGibibytesTakeNeitherTimeNorMemory) {
   ::getrusage(RUSAGE_SELF, &after);
   EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 32 * 1024);
   EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10));
+}
+
+TEST_F(CurlTransportTest, aRedirectMaySayLittleBesideWhereItLeads) {
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(refusal(server.address("/aside")), "The server localhost sends more than it should.");
+  EXPECT_EQ(refusal(server.address("/aside"), UINT64_MAX / 4), "The server localhost sends more than it should.");
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  EXPECT_EQ(server.requests().find("/nothing"), std::string::npos);
 }
 
 TEST_F(CurlTransportTest, packedAnswersStayPacked) {

@@ -94,16 +94,22 @@ TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
   EXPECT_EQ(sandbox.read("words"), "--field /proc/self/fd/3 Version\n");
 }
 
-TEST(DebianVersion, isTheOnesThatWasOfferedWithAnyRevision) {
+TEST(DebianVersion, isTheOneThatWasOfferedWithAnyRevision) {
   for (const char* version : {"1.2", "1.2-1", "1.2-1~deb12u1"}) {
     EXPECT_TRUE(isDebianVersionOf(version, "1.2")) << version;
   }
   EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
-  EXPECT_TRUE(isDebianVersionOf("1.2-rc", "1.2-rc"));
   for (const char* version :
        {"", "-", "-1", "1", "1.1", "1.20", "1.2.0", "1.2~", "1.2+1", "1.2-rc-1", "1:1.2", "2.0-1.2"}) {
     EXPECT_FALSE(isDebianVersionOf(version, "1.2")) << version;
   }
+}
+
+TEST(DebianVersion, aRevisionIsNothingToOffer) {
+  for (const char* version : {"1.2-1", "1.2-2", "1.2"}) {
+    EXPECT_FALSE(isDebianVersionOf(version, "1.2-1")) << version;
+  }
+  EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
 }
 
 }  // namespace

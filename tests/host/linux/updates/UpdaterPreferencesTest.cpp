@@ -148,6 +148,25 @@ TEST(UpdaterPreferences, leaveWhatIsNotTheirs) {
   EXPECT_TRUE(contains(setting.text(), "<string>c</string>"));
 }
 
+TEST(UpdaterPreferences, takeAListHoweverManyItHoldsSideBySide) {
+  const Setting setting;
+  std::string siblings;
+  for (int count = 0; count < 100; ++count) {
+    siblings += "<array/><dict/><array></array>";
+  }
+  setting.sandbox.write("updates.plist",
+                        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST "
+                        "1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>"
+                        "<!-- a word --><key>theirs</key><array>" +
+                            siblings +
+                            "</array><key>SUEnableAutomaticChecks</key> <true/>\n<key>date</key>"
+                            "<date>2026-01-02T03:04:05Z</date></dict>\n</plist>\n");
+  EXPECT_EQ(setting.preferences.automaticChecks(), true);
+  EXPECT_FALSE(setting.preferences.setAutomaticChecks(false));
+  EXPECT_TRUE(contains(setting.text(), "<key>theirs</key>"));
+  EXPECT_EQ(setting.preferences.automaticChecks(), false);
+}
+
 std::vector<std::string> damagedLists() {
   std::string deep;
   for (int level = 0; level < 100'000; ++level) {
@@ -162,6 +181,21 @@ std::vector<std::string> damagedLists() {
           head + "<array/></plist>",
           head + "<string>a</string></plist>",
           "bplist00",
+          head + "<dict></dict>",
+          head + "<dict></dict></plist>junk",
+          head + "<dict></dict></plist>" + std::string(3, '\0'),
+          head + "<dict><key>a</key><integer>zzz</integer></dict></plist>",
+          head + "<dict><key>a</key><integer>99999999999999999999</integer></dict></plist>",
+          head + "<dict><key>a</key><integer/></dict></plist>",
+          head + "<dict><key>a</key><real>0,5</real></dict></plist>",
+          head + "<dict><key>a</key><date>gar</date></dict></plist>",
+          head + "<dict><key>a</key></dict></plist>",
+          head + "<dict><true/></dict></plist>",
+          head + "<dict><key>a</key><true>b</true></dict></plist>",
+          head + "<dict><key>a</key><other/></dict></plist>",
+          head + "<dict><key>a</key>b<true/></dict></plist>",
+          head + "<dict/><dict/></plist>",
+          "<!DOCTYPE plist [<!ENTITY e 'a'>]><plist version=\"1.0\"><dict/></plist>",
           head + deep,
           head + "<dict><key>a</key><string>" + std::string(2'000'000, 'x') + "</string></dict></plist>",
           std::string(100, '\0')};
