@@ -116,6 +116,8 @@ int startOnDesktop(int argc, char** argv, const Start& start) {
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   // Whoever reads our diagnostic lines may stop reading them.
   std::signal(SIGPIPE, SIG_IGN);
+  // Where whoever starts us ignores the ends of children, nobody could tell how ours have ended.
+  std::signal(SIGCHLD, SIG_DFL);
   const auto version = host_linux::playedSystemVersion();
   if (const auto* failure = std::get_if<host_linux::Failure>(&version)) {
     return failed(failure->message, EXIT_FAILURE);

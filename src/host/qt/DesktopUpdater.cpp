@@ -20,7 +20,7 @@ std::filesystem::path emptiedPackageFolder() {
     return {};
   }
   const auto& path = std::get<std::filesystem::path>(folder);
-  updates::removePackages(path);
+  updates::removePackages(path, std::chrono::system_clock::time_point::max());
   return path;
 }
 

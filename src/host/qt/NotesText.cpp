@@ -5,10 +5,11 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextList>
 
+#include "host/linux/updates/FeedItem.h"
+
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int mostCharacters = 16 * 1024;
 constexpr int boldWeight = 600;
 
 /// Reads markup without ever loading what it names: there is an empty answer for everything.
@@ -100,7 +101,7 @@ class Markup {
 };
 
 void read(QTextDocument& document, const QString& notes) {
-  const QString start = notes.left(mostCharacters);
+  const QString start = notes.left(static_cast<qsizetype>(host_linux::updates::FeedItem::shownNotes));
   if (Qt::mightBeRichText(start)) {
     document.setHtml(start);
   } else {

@@ -65,7 +65,8 @@ std::optional<Failure> objectionToVersionOf(const Package& package, const std::s
   }
   const auto& version = std::get<std::string>(own);
   if (!updates::isDebianVersionOf(version, offered)) {
-    return Failure{"the package is version " + version + ", and the updater would not take it for " + offered};
+    const std::string advice = version == offered ? ": offer it without the Debian revision" : "";
+    return Failure{"the package is version " + version + ", and the updater would not take it for " + offered + advice};
   }
   return std::nullopt;
 }
@@ -95,6 +96,10 @@ std::optional<Failure> objectionTo(const updates::FeedItem& item, const Package&
                                         .origin = updates::UserDriver::Origin::user});
   if (!everybody.best({item})) {
     return Failure{"the updater would not offer the item"};
+  }
+  if (item.notes.size() > updates::FeedItem::shownNotes) {
+    return Failure{"the updater shows no more than " + std::to_string(updates::FeedItem::shownNotes) +
+                   " bytes of the notes"};
   }
   if (auto objection = objectionToVersionOf(package, item.version)) {
     return objection;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -16,6 +17,9 @@ struct FeedItem {
     std::string signature = {};  // Base64 of 64 bytes.
     std::string system = {};     // "linux", "macos", ...; empty where the feed does not say.
   };
+
+  /// How much of the notes people get to see, in characters.
+  static constexpr std::size_t shownNotes = 16UL * 1024;
 
   std::string title = {};         // One plain line.
   std::string version = {};       // What is compared.

@@ -70,6 +70,8 @@ Result<fs::path> PackageFile::giveName(const std::string& name) const {
   if (::fchmod(file_.number(), namedMode) != 0) {
     return failure("cannot protect the package");
   }
+  // How long it has been somebody else's counts from here.
+  ::futimens(file_.number(), nullptr);
   const std::string draft = draftOf(name);
   ::unlinkat(folder_.descriptor(), draft.c_str(), 0);
   core::Descriptor copied;

@@ -14,6 +14,16 @@ namespace tarnwell::host_linux::updates {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+std::chrono::system_clock::time_point timeOf(const struct stat& status) {
+  const auto sinceEpoch =
+      std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+  return std::chrono::system_clock::time_point(sinceEpoch);
+}
+
+}  // namespace
+
 Result<fs::path> packageFolder() {
   const fs::path base = cacheFolder();
   if (base.empty()) {
@@ -22,7 +32,7 @@ Result<fs::path> packageFolder() {
   return base / "tarnwell" / "updates";
 }
 
-void removePackages(const fs::path& folder) {
+void removePackages(const fs::path& folder, std::chrono::system_clock::time_point time) {
   // A link could lead to any folder of the user's.
   const auto opened = PrivateFolder::open(folder);
   const auto* found = std::get_if<PrivateFolder>(&opened);
@@ -34,7 +44,7 @@ void removePackages(const fs::path& folder) {
     struct stat status = {};
     const bool isFile =
         ::fstatat(found->descriptor(), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode);
-    if (isFile) {
+    if (isFile && timeOf(status) < time) {
       ::unlinkat(found->descriptor(), entry->d_name, 0);
     }
   }

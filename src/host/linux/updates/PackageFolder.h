@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 
 #include "host/linux/Result.h"
@@ -10,8 +11,8 @@ namespace tarnwell::host_linux::updates {
 /// is the updater's alone.
 Result<std::filesystem::path> packageFolder();
 
-/// Removes the packages that an earlier run of the program gave names to. A folder that is not there, or that is
-/// somebody else's, is left alone.
-void removePackages(const std::filesystem::path& folder);
+/// Removes the packages that got their names before `time`. A folder that is not there, or that is somebody else's, is
+/// left alone.
+void removePackages(const std::filesystem::path& folder, std::chrono::system_clock::time_point time);
 
 }  // namespace tarnwell::host_linux::updates

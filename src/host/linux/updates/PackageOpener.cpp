@@ -30,8 +30,6 @@ core::Descriptor watchOn(pid_t child) {
   return core::aboveStandardStreams(core::Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0))));
 }
 
-Failure unseen() { return {"It cannot be told whether the package was opened. Try again."}; }
-
 }  // namespace
 
 PackageOpener::PackageOpener(std::chrono::milliseconds patience)
@@ -52,7 +50,7 @@ std::optional<Failure> PackageOpener::open(const std::filesystem::path& file, Op
   if (child.isEmpty()) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
-    return unseen();
+    return Failure{"It cannot be told whether the package was opened. Try again."};
   }
   opened_ = std::move(opened);
   awaited_ = child.number();
@@ -104,8 +102,9 @@ std::optional<Failure> PackageOpener::endOf(int child) {
   // Out of the set before it is closed: a set keeps what is still open elsewhere, and would report it for ever.
   ::epoll_ctl(events_.number(), EPOLL_CTL_DEL, child, nullptr);
   children_.erase(child);
+  // It has ended and nobody can tell how: the package stays, since somebody may be reading it.
   if (!isSeen) {
-    return unseen();
+    return std::nullopt;
   }
   if (info.si_code == CLD_EXITED && info.si_status == 0) {
     return std::nullopt;

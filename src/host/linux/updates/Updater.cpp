@@ -118,13 +118,10 @@ void Updater::begin(UserDriver::Origin origin) {
   const auto key = std::get<PublicKey>(PublicKey::parse(configuration_.publicKey));
   clearAway();
   check_ = std::make_unique<UpdateCheck>(
-      UpdateCheck::Setting{configuration_, key, preferences_, ports_, handedOver_ ? handedOver_->version : ""}, origin,
+      UpdateCheck::Setting{configuration_, key, preferences_, ports_, handedOver_}, origin,
       UpdateCheck::Listener{.began = [this] { schedule_.noteCheck(); },
                             .changed = [this] { tellWhetherItCanCheck(); },
-                            .handedOver =
-                                [this](const std::string& version) {
-                                  handedOver_ = HandedOver{.version = version, .time = ports_.alarm.now()};
-                                },
+                            .handedOver = [this](const std::string& version) { handedOver_ = version; },
                             .ended = [this] { ended(); }});
   check_->start();
 }
@@ -132,9 +129,7 @@ void Updater::begin(UserDriver::Origin origin) {
 // An installer reads its package when the user gets round to it, and nobody tells us when that was.
 void Updater::clearAway() {
   constexpr std::chrono::hours longEnough(24);
-  if (handedOver_ && ports_.alarm.now() - handedOver_->time >= longEnough) {
-    removePackages(configuration_.packageFolder);
-  }
+  removePackages(configuration_.packageFolder, ports_.alarm.now() - longEnough);
 }
 
 void Updater::ended() {

@@ -39,12 +39,6 @@ class Updater final : public kit::Updater {
   void setAutomaticallyDownloadsUpdates(bool downloads) override;
 
  private:
-  /// Remembered until the next start, which will be of that version or of one that still wants it.
-  struct HandedOver {
-    std::string version = {};
-    Alarm::Clock::time_point time = {};
-  };
-
   void begin(UserDriver::Origin origin);
   void clearAway();
   void ended();
@@ -61,7 +55,8 @@ class Updater final : public kit::Updater {
   CheckSchedule schedule_;
   /// Why no check is possible with this configuration; empty where one is.
   std::string obstacle_;
-  std::optional<HandedOver> handedOver_;
+  /// Remembered until the next start, which will be of that version or of one that still wants it.
+  std::string handedOver_;
   std::unique_ptr<UpdateCheck> check_;
   bool saysWhyNot_ = false;
   bool asksForPermission_ = false;

@@ -280,6 +280,7 @@ TEST(MakeFeed, leavesNothingBesideTheFeed) {
 TEST(MakeFeed, refusesArgumentsThatTheUpdaterWouldPassOver) {
   const Publisher publisher;
   publisher.sandbox.write("long", std::string(300'000, 'x'));
+  publisher.sandbox.write("unseen", std::string(16'385, 'x'));
   publisher.sandbox.write("binary", std::string("\x01\x02\xff", 3));
   const std::string longest(5000, 'x');
   const std::vector<std::pair<std::string, std::string>> rows = {
@@ -294,6 +295,7 @@ TEST(MakeFeed, refusesArgumentsThatTheUpdaterWouldPassOver) {
       {"2.0 --minimum-system 'Debian 12'", "is not a version like 5.10"},
       {"2.0 --channel 'be ta'", "channel \"be ta\" cannot be chosen"},
       {"2.0 --notes " + publisher.path("long"), "one of its texts is too long"},
+      {"2.0 --notes " + publisher.path("unseen"), "the updater shows no more than 16384 bytes of the notes"},
       {"2.0 --notes " + publisher.path("binary"), "the item does not fit into the feed"},
       {"2.0 --notes " + publisher.path("absent"), "No such file"},
       {"2.0 --notes " + publisher.path(""), "it is a folder"},
@@ -345,6 +347,15 @@ TEST(MakeFeed, refusesPackagesThatTheUpdaterWouldNotInstall) {
     EXPECT_TRUE(contains(end.output, publisher.path(package)) && contains(end.output, reason)) << end.output;
   }
   EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
+}
+
+TEST(MakeFeed, refusesToOfferADebianRevision) {
+  const Publisher publisher;
+  const ProgramEnd end = publisher.add("2.0-1");
+  EXPECT_EQ(end.status, 1);
+  EXPECT_EQ(end.output,
+            "make-feed: the package is version 2.0-1, and the updater would not take it for 2.0-1: offer it without "
+            "the Debian revision\n");
 }
 
 TEST(MakeFeed, refusesAPackageOfAnotherVersion) {

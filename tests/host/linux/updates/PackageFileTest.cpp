@@ -148,12 +148,24 @@ TEST_F(PackageFileTest, aFullDiskIsAFailure) {
   EXPECT_EQ(package.length(), 0U);
 }
 
-TEST_F(PackageFileTest, namedPackagesAreRemovedAtTheNextStart) {
+TEST_F(PackageFileTest, itsAgeCountsFromItsName) {
+  PackageFile package = create();
+  constexpr std::array<timespec, 2> longAgo = {};
+  ASSERT_EQ(::futimens(package.descriptor(), longAgo.data()), 0);
+  ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("package.deb")));
+  removePackages(folder, std::chrono::system_clock::now() - std::chrono::hours(1));
+  EXPECT_TRUE(fs::exists(folder / "package.deb"));
+}
+
+TEST_F(PackageFileTest, namedPackagesAreRemovedWhenTheyAreOldEnough) {
   PackageFile package = create();
   ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("package.deb")));
   sandbox.write("kept", "content");
   fs::create_symlink(sandbox / "kept", folder / "link");
-  removePackages(folder);
+  const auto now = std::chrono::system_clock::now();
+  removePackages(folder, now - std::chrono::hours(1));
+  EXPECT_TRUE(fs::exists(folder / "package.deb"));
+  removePackages(folder, now + std::chrono::hours(1));
   EXPECT_FALSE(fs::exists(folder / "package.deb"));
   EXPECT_EQ(sandbox.read("kept"), "content");
 }
@@ -163,9 +175,10 @@ TEST_F(PackageFileTest, nothingIsRemovedThroughALink) {
   sandbox.write("documents/letter", "content");
   fs::create_directories(folder.parent_path());
   fs::create_directory_symlink(sandbox / "documents", folder);
-  removePackages(folder);
+  constexpr auto always = std::chrono::system_clock::time_point::max();
+  removePackages(folder, always);
   EXPECT_EQ(sandbox.read("documents/letter"), "content");
-  removePackages(sandbox / "not there");
+  removePackages(sandbox / "not there", always);
 }
 
 TEST_F(PackageFileTest, theFolderIsInTheCacheOfTheUser) {

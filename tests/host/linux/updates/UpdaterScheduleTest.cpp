@@ -291,8 +291,8 @@ TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
   stage.launch();
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);
-  stage.sandbox.write("packages/tarnwell-update.deb", "package of 2.0");
   stage.alarm.setClock(stage.alarm.now() + hours(1));
+  stage.nameAPackage();
   stage.installer.finish();
   stage.driver.acknowledge();
   stage.alarm.pass(hours(23));
@@ -300,6 +300,23 @@ TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
   EXPECT_FALSE(stage.holdsNoPackage());
   stage.transport.answer(feedOf(""));
   stage.alarm.pass(hours(24));
+  EXPECT_TRUE(stage.transport.isBusy());
+  EXPECT_TRUE(stage.holdsNoPackage());
+}
+
+TEST(UpdaterSchedule, keepsForADayWhatTheUserDidNotWaitFor) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.launch();
+  stage.askAndDownload("2.0");
+  stage.driver.choose(Choice::install);
+  stage.nameAPackage();
+  stage.driver.cancel();
+  stage.updater->checkForUpdates();
+  stage.transport.answer(feedOf(""));
+  EXPECT_FALSE(stage.holdsNoPackage());
+  stage.driver.acknowledge();
+  stage.alarm.pass(hours(25));
   EXPECT_TRUE(stage.transport.isBusy());
   EXPECT_TRUE(stage.holdsNoPackage());
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -86,6 +90,14 @@ struct UpdaterStage {
     ask(feed(version));
     driver.choose(Choice::install);
     transport.answer(package(version));
+  }
+  /// What an installer leaves for the desktop, as old as the clock says.
+  void nameAPackage() const {
+    const std::string name = "packages/tarnwell-update.deb";
+    sandbox.write(name, "package of 2.0");
+    const timespec time = {.tv_sec = Alarm::Clock::to_time_t(alarm.now()), .tv_nsec = 0};
+    const std::array<timespec, 2> both = {time, time};
+    ::utimensat(AT_FDCWD, (sandbox / name).c_str(), both.data(), 0);
   }
   bool holdsNoPackage() const { return !sandbox.holds("packages") || std::filesystem::is_empty(sandbox / "packages"); }
 
