@@ -195,10 +195,7 @@ TEST(UpdaterSchedule, showsTheDownloadThatTheUserWanted) {
 
 TEST(UpdaterSchedule, downloadsSilentlyWhereThatIsWanted) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.preferences.setAutomaticDownloads(true);
-  stage.launch();
-  stage.passADay(stage.feed("2.0"));
+  stage.beginUnasked("2.0");
   EXPECT_TRUE(stage.driver.journal.empty());
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
   stage.transport.answer(stage.package("2.0"));
@@ -211,10 +208,7 @@ TEST(UpdaterSchedule, downloadsSilentlyWhereThatIsWanted) {
 
 TEST(UpdaterSchedule, bringsForwardADownloadThatNobodySees) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.preferences.setAutomaticDownloads(true);
-  stage.launch();
-  stage.passADay(stage.feed("2.0"));
+  stage.beginUnasked("2.0");
   stage.transport.deliver("package ");
   EXPECT_TRUE(stage.driver.journal.empty());
   stage.updater->checkForUpdates();
@@ -230,10 +224,7 @@ TEST(UpdaterSchedule, bringsForwardADownloadThatNobodySees) {
 
 TEST(UpdaterSchedule, cancelsADownloadThatWasBroughtForward) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.preferences.setAutomaticDownloads(true);
-  stage.launch();
-  stage.passADay(stage.feed("2.0"));
+  stage.beginUnasked("2.0");
   stage.updater->checkForUpdates();
   stage.driver.cancel();
   EXPECT_FALSE(stage.transport.isBusy());
@@ -259,10 +250,7 @@ TEST(UpdaterSchedule, bringsForwardAVerificationThatNobodySees) {
 
 TEST(UpdaterSchedule, doesNotOfferAgainWhatWasHandedOver) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.launch();
-  stage.askAndDownload("2.0");
-  stage.driver.choose(Choice::install);
+  stage.beginToInstall("2.0");
   stage.installer.finish();
   stage.driver.acknowledge();
   const auto shown = stage.driver.journal.size();
@@ -275,10 +263,7 @@ TEST(UpdaterSchedule, doesNotOfferAgainWhatWasHandedOver) {
 
 TEST(UpdaterSchedule, offersWhatWasHandedOverAgainAfterARestart) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.launch();
-  stage.askAndDownload("2.0");
-  stage.driver.choose(Choice::install);
+  stage.beginToInstall("2.0");
   stage.installer.finish();
   stage.launch();
   stage.passADay(stage.feed("2.0"));
@@ -287,10 +272,7 @@ TEST(UpdaterSchedule, offersWhatWasHandedOverAgainAfterARestart) {
 
 TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.launch();
-  stage.askAndDownload("2.0");
-  stage.driver.choose(Choice::install);
+  stage.beginToInstall("2.0");
   stage.alarm.setClock(stage.alarm.now() + hours(1));
   stage.nameAPackage();
   stage.installer.finish();
@@ -306,10 +288,7 @@ TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
 
 TEST(UpdaterSchedule, keepsForADayWhatTheUserDidNotWaitFor) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.launch();
-  stage.askAndDownload("2.0");
-  stage.driver.choose(Choice::install);
+  stage.beginToInstall("2.0");
   stage.nameAPackage();
   stage.driver.cancel();
   stage.updater->checkForUpdates();
@@ -323,10 +302,7 @@ TEST(UpdaterSchedule, keepsForADayWhatTheUserDidNotWaitFor) {
 
 TEST(UpdaterSchedule, saysNothingOfADownloadThatNobodyAskedForAndThatFailed) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.preferences.setAutomaticDownloads(true);
-  stage.launch();
-  stage.passADay(stage.feed("2.0"));
+  stage.beginUnasked("2.0");
   testing::internal::CaptureStderr();
   stage.transport.answer("package of 9.9");
   EXPECT_NE(testing::internal::GetCapturedStderr().find("the signature does not belong to this file"),
@@ -360,10 +336,7 @@ TEST(UpdaterSchedule, bringsForwardWhatWasOverlooked) {
 
 TEST(UpdaterSchedule, bringsForwardWhatIsDownloadedAlready) {
   UpdaterStage stage;
-  stage.checkedJustNow();
-  stage.preferences.setAutomaticDownloads(true);
-  stage.launch();
-  stage.passADay(stage.feed("2.0"));
+  stage.beginUnasked("2.0");
   stage.transport.answer(stage.package("2.0"));
   stage.updater->checkForUpdates();
   EXPECT_EQ(stage.driver.screen, "ready 2.0 as asked");

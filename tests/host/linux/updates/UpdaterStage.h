@@ -91,6 +91,20 @@ struct UpdaterStage {
     driver.choose(Choice::install);
     transport.answer(package(version));
   }
+  /// From the start to an installation under way.
+  void beginToInstall(const std::string& version) {
+    checkedJustNow();
+    launch();
+    askAndDownload(version);
+    driver.choose(Choice::install);
+  }
+  /// From the start to a download that nobody asked for.
+  void beginUnasked(const std::string& version) {
+    checkedJustNow();
+    preferences.setAutomaticDownloads(true);
+    launch();
+    passADay(feed(version));
+  }
   /// What an installer leaves for the desktop, as old as the clock says.
   void nameAPackage() const {
     const std::string name = "packages/tarnwell-update.deb";
