@@ -18,6 +18,7 @@
 #include "host/linux/RunningExecutable.h"
 #include "host/linux/SearchPath.h"
 #include "host/linux/XdgLoginItem.h"
+#include "host/linux/updates/RunningAppImage.h"
 #include "host/linux/updates/UpdateSource.h"
 #include "host/qt/ActivationToken.h"
 #include "host/qt/DesktopUpdater.h"
@@ -53,6 +54,11 @@ struct Start {
   std::filesystem::path executable = {};
 };
 
+/// An AppImage is mounted where nothing is any more once it has ended.
+std::filesystem::path executableToStart(const Start& start) {
+  return host_linux::updates::runningAppImage(start.executable).value_or(start.executable);
+}
+
 std::unique_ptr<kit::UpdaterController> makeUpdaterController(
     host_qt::QtApplication& desktop, const Start& start, const std::shared_ptr<const kit::NumberFormat>& numberFormat) {
   return std::make_unique<host_qt::DesktopUpdater>(
@@ -69,7 +75,7 @@ std::unique_ptr<kit::UpdaterController> makeUpdaterController(
 int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, const Start& start) {
   host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
                                       .name = "Tarnwell",
-                                      .executable = start.executable,
+                                      .executable = executableToStart(start),
                                       .argument = host_linux::LaunchArguments::launchedAtLogin});
   host_linux::JournalLog log("tarnwell");
   const auto numberFormat =

@@ -50,6 +50,23 @@ TEST(MainMenu, readsAsDesigned) {
             "About Tarnwell\n");
 }
 
+// Who hides it is the system's own application object, which is not here.
+TEST(MainMenu, offersToHideTheApplicationWhereTheSystemCan) {
+  RunningApplication application;
+  application.platform().traits().hidesApplications = true;
+  application.start();
+  EXPECT_EQ(application.menuPicture("Tarnwell"),
+            "About Tarnwell\n"
+            "-\n"
+            "Settings…  command-,\n"
+            "-\n"
+            "Hide Tarnwell  command-h  (disabled)\n"
+            "Hide Others  option-command-h  (disabled)\n"
+            "Show All  (disabled)\n"
+            "-\n"
+            "Quit Tarnwell  command-q\n");
+}
+
 TEST(MainMenu, linksOpenThePages) {
   RunningApplication application;
   application.start().newMilestones();

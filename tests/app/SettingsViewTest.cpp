@@ -43,6 +43,21 @@ TEST(SettingsView, onALowScreenTheTabsStayAndThePageScrolls) {
   EXPECT_EQ((*page)->frame().bottom(), 400);
 }
 
+TEST(SettingsView, aMenuBarInTheWindowCountsAmongThe700) {
+  RunningApplication application;
+  auto& host = dynamic_cast<host_headless::HeadlessHost&>(application.platform().host());
+  host.setChromeHeight(44);
+  application.start();
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
+  application.settings().performClose();
+  application.settle();
+  host.setChromeHeight(100);
+  application.choose("View", "Show settings window");
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 600}));
+  application.chooseTab(1);
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 268}));
+}
+
 TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
   RunningApplication application;
   application.start();

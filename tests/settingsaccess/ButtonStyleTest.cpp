@@ -3,6 +3,7 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/Button.h"
 #include "kit/Control.h"
+#include "kit/Menu.h"
 #include "settingsaccess/OpenSettingsInjectionView.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "settingsaccess/PrePostSettingsLink.h"
@@ -11,6 +12,7 @@
 #include "view/Dump.h"
 #include "view/HostedWindow.h"
 #include "view/MountedNode.h"
+#include "view/MountedTree.h"
 #include "view/SettingsLink.h"
 #include "view/Text.h"
 
@@ -26,12 +28,14 @@ class Screen {
   explicit Screen(int major) { platform_.traits().systemVersion = {.major = major}; }
 
   void show(const View& content) {
-    const auto environment =
-        view::EnvironmentValues().with<view::OpenSettingsSceneKey>([this] { steps.emplace_back("settings"); });
     window_ = std::make_unique<view::HostedWindow>(
         application->turn(), platform_.host(),
-        view::HostedWindow::Content{.identifier = "test", .view = content, .environment = environment});
+        view::HostedWindow::Content{.identifier = "test", .view = content, .environment = environment()});
     window_->open();
+  }
+
+  view::EnvironmentValues environment() {
+    return view::EnvironmentValues().with<view::OpenSettingsSceneKey>([this] { steps.emplace_back("settings"); });
   }
 
   void runQueue() { platform_.runUntilIdle(*application); }
@@ -116,6 +120,27 @@ TEST(PrePostSettingsLink, opensTheSettingsBetweenItsActionsOnSystem14) {
   EXPECT_EQ(screen.steps, (Lines{"before", "settings", "after"}));
 }
 
+TEST(PrePostSettingsLink, doesTheSameAsAnEntryOfAMenu) {
+  for (const int system : {13, 14}) {
+    Screen screen(system);
+    const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{"showSettingsWindow:"});
+    screen.application->setDelegate(delegate);
+    kit::Menu menu("menu");
+    view::MountedTree tree(screen.application->turn(), menu);
+    screen.application->turn().perform([&] {
+      tree.mount(PrePostSettingsLink{.label = view::Text{"Settings..."},
+                                     .preAction = [&screen] { screen.steps.emplace_back("before"); },
+                                     .postAction = [&screen] { screen.steps.emplace_back("after"); }},
+                 screen.environment());
+    });
+    ASSERT_EQ(menu.items().size(), 1U);
+    EXPECT_EQ(menu.items().front()->title(), "Settings...");
+    screen.application->turn().perform([&] { menu.items().front()->handler()(); });
+    EXPECT_EQ(screen.steps, system == 14 ? (Lines{"before", "settings", "after"}) : (Lines{"before", "after"}));
+    EXPECT_EQ(delegate->received, system == 14 ? Lines{} : Lines{"showSettingsWindow:"});
+  }
+}
+
 TEST(PrePostSettingsLink, asksTheDelegateOnSystem13) {
   Screen screen(13);
   const auto delegate = std::make_shared<SettingsDelegate>(std::set<kit::Selector>{"showSettingsWindow:"});
@@ -152,6 +177,8 @@ TEST(OpenSettingsInjectionView, hidesItsLinkBehindTheContent) {
   screen.show(openSettingsAccess(view::Text{"Content"}));
   EXPECT_EQ(screen.window().tree().controls().size(), 1U);
   EXPECT_EQ(screen.window().window().contentSize(), (kit::Size{.width = 49, .height = 16}));
+  EXPECT_EQ(view::dump(screen.window().tree().root()),
+            "VStack centred, spacing 2\n  Frame width 0 height 0 centred\n  Text \"Content\"\n");
 }
 
 TEST(OpenSettingsInjectionView, leavesTheContentAloneOnSystem13) {

@@ -55,7 +55,7 @@ std::unique_ptr<kit::Peer> journalPeer(Journal& journal, const kit::Control& con
 }  // namespace
 
 std::unique_ptr<kit::WindowPeer> HeadlessHost::peer(kit::Window& window) {
-  return std::make_unique<HeadlessWindowPeer>(journal_, window, availableHeight_);
+  return std::make_unique<HeadlessWindowPeer>(journal_, window, room_);
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent*/) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/headless/HeadlessWindowPeer.h"
 #include "host/headless/Journal.h"
 #include "kit/Host.h"
 
@@ -12,7 +13,8 @@ class HeadlessHost : public kit::Host {
   Journal& journal() { return journal_; }
 
   /// The tallest content of a window, in points.
-  void setAvailableHeight(double height) { availableHeight_ = height; }
+  void setAvailableHeight(double height) { room_.availableHeight = height; }
+  void setChromeHeight(double height) { room_.chromeHeight = height; }
 
   std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;
   std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
@@ -33,7 +35,7 @@ class HeadlessHost : public kit::Host {
 
  private:
   Journal journal_;
-  double availableHeight_ = 1000;
+  HeadlessWindowPeer::Room room_ = {};
 };
 
 }  // namespace tarnwell::host_headless

@@ -24,6 +24,7 @@ class HeadlessPlatform final : public kit::Platform {
   struct Traits {
     bool makesEvents = true;
     bool hasStatusButtons = true;
+    bool hidesApplications = false;
     kit::SystemVersion systemVersion = {};
     std::shared_ptr<const kit::NumberFormat> numberFormat = std::make_shared<const PointNumberFormat>();
     std::optional<kit::AppleEvent> currentAppleEvent = std::nullopt;
@@ -62,6 +63,7 @@ class HeadlessPlatform final : public kit::Platform {
   bool makesEvents() const override { return traits_.makesEvents; }
   void showMainMenu(kit::Menu& menu) override;
   bool hasStatusButtons() const override { return traits_.hasStatusButtons; }
+  bool hidesApplications() const override { return traits_.hidesApplications; }
   std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
   std::unique_ptr<kit::UpdaterController> makeUpdaterController() override;
   kit::LoginItem& mainAppService() override { return loginItem_; }

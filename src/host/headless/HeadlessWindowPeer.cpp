@@ -7,8 +7,8 @@
 
 namespace tarnwell::host_headless {
 
-HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, const kit::Window& window, const double& availableHeight)
-    : journal_(journal), window_(window), availableHeight_(availableHeight) {}
+HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, const kit::Window& window, const Room& room)
+    : journal_(journal), window_(window), room_(room) {}
 
 void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
   const bool shows = aspect == kit::Aspect::visible;

@@ -8,12 +8,19 @@ namespace tarnwell::host_headless {
 /// A window that is only told about.
 class HeadlessWindowPeer final : public kit::WindowPeer {
  public:
-  /// `availableHeight` is read at each layout and outlives the peer.
-  HeadlessWindowPeer(Journal& journal, const kit::Window& window, const double& availableHeight);
+  /// Of a window on the screen, and in it beside the content.
+  struct Room {
+    double availableHeight = 1000;
+    double chromeHeight = 0;
+  };
+
+  /// `room` is read at each layout and outlives the peer.
+  HeadlessWindowPeer(Journal& journal, const kit::Window& window, const Room& room);
 
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
-  double availableHeight() const override { return availableHeight_; }
+  double availableHeight() const override { return room_.availableHeight; }
+  double chromeHeight() const override { return room_.chromeHeight; }
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;
@@ -21,7 +28,7 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
  private:
   Journal& journal_;
   const kit::Window& window_;
-  const double& availableHeight_;
+  const Room& room_;
 };
 
 }  // namespace tarnwell::host_headless

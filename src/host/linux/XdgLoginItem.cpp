@@ -53,6 +53,19 @@ void switchOn(DesktopEntry& entry) {
   }
 }
 
+// Whether a line starts what `exec` does, perhaps by another program that sets things up.
+bool starts(const std::string& line, const std::string& exec) {
+  const std::string padded = " " + line + " ";
+  return padded.find(" " + exec + " ") != std::string::npos;
+}
+
+// Desktops pass over an entry that asks for a program which is not there.
+bool asksForNothing(const DesktopEntry& entry) {
+  const fs::path program = entry.value("TryExec").value_or("");
+  std::error_code error;
+  return program.is_absolute() && !fs::exists(program, error);
+}
+
 void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::string& value) {
   if (!entry.value(key)) {
     entry.set(key, value);
@@ -109,7 +122,12 @@ std::optional<Failure> XdgLoginItem::tryRegister() const {
   switchOn(entry);
   setWhereMissing(entry, "Name", program_.name);
   setWhereMissing(entry, "Type", "Application");
-  entry.set("Exec", std::get<std::string>(exec));
+  if (asksForNothing(entry)) {
+    entry.erase("TryExec");
+  }
+  if (!starts(entry.value("Exec").value_or(""), std::get<std::string>(exec))) {
+    entry.set("Exec", std::get<std::string>(exec));
+  }
   return replaceFile(target, entry.text());
 }
 

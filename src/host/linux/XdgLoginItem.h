@@ -11,7 +11,8 @@ namespace tarnwell::host_linux {
 
 /// The application among the programs that a desktop starts at login: `autostart/ID.desktop` in the user's
 /// configuration folder. Desktops and users edit that file as well, so it is read each time, and what we did not write
-/// stays in it: a file that is ours alone is removed, an edited one is only switched off.
+/// stays in it: a file that is ours alone is removed, an edited one is only switched off. Registering puts right what
+/// would keep the entry from starting the application where it is now, and nothing else.
 class XdgLoginItem final : public kit::LoginItem {
  public:
   struct Program {

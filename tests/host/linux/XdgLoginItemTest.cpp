@@ -134,6 +134,37 @@ TEST_F(XdgLoginItemTest, registeringKeepsWhatADesktopWroteOfIt) {
   EXPECT_EQ(sandbox.read(entry), marked);
 }
 
+TEST_F(XdgLoginItemTest, aLineThatStartsUsInAnotherWayIsKept) {
+  for (const char* exec :
+       {"env LC_ALL=C /usr/bin/tarnwell --launched-at-login", "nice /usr/bin/tarnwell --launched-at-login -x"}) {
+    const std::string own = "[Desktop Entry]\nType=Application\nName=Mine\nExec=" + std::string(exec) + "\n";
+    write(own);
+    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(sandbox.read(entry), own);
+  }
+}
+
+TEST_F(XdgLoginItemTest, aLineThatStartsSomethingElseIsReplaced) {
+  for (const char* exec :
+       {"/usr/bin/tarnwell", "/opt/usr/bin/tarnwell --launched-at-login", "/usr/bin/tarnwell --launched-at-logins"}) {
+    write(replaced(ours, "/usr/bin/tarnwell --launched-at-login", exec));
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(sandbox.read(entry), ours);
+  }
+}
+
+TEST_F(XdgLoginItemTest, anEntryAsksForNoProgramThatIsNotThere) {
+  write(std::string(ours) + "TryExec=/nowhere/tarnwell\n");
+  EXPECT_EQ(item.registerItem(), std::nullopt);
+  EXPECT_EQ(sandbox.read(entry), ours);
+  for (const char* line : {"TryExec=/bin/sh\n", "TryExec=tarnwell\n"}) {
+    write(std::string(ours) + line);
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(sandbox.read(entry), std::string(ours) + line);
+  }
+}
+
 TEST_F(XdgLoginItemTest, anEntryThatLacksSomethingIsMadeWhole) {
   write("[Desktop Entry]\nComment=Mine\n");
   EXPECT_EQ(item.registerItem(), std::nullopt);
