@@ -1,6 +1,8 @@
 #include "app/AppDelegate2.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "diagnostics/Console.h"
 #include "kit/Window.h"
@@ -15,6 +17,15 @@ std::string describe(const kit::Window& window) {
   return "<Window: " + identifier + "\"" + window.title() + "\">";
 }
 
+// `[<Window: settings "Settings">, <Window: "Untitled">]`
+std::string describe(const std::vector<kit::Window*>& windows) {
+  std::string list;
+  for (const kit::Window* window : windows) {
+    list += (list.empty() ? "" : ", ") + describe(*window);
+  }
+  return "[" + list + "]";
+}
+
 void giveDelegateToSettings(const std::vector<kit::Window*>& windows, const std::shared_ptr<kit::Object>& delegate) {
   const auto found =
       std::ranges::find(windows, settingsWindowIdentifier, [](const auto* window) { return window->identifier(); });
@@ -24,14 +35,6 @@ void giveDelegateToSettings(const std::vector<kit::Window*>& windows, const std:
 }
 
 }  // namespace
-
-std::string describe(const std::vector<kit::Window*>& windows) {
-  std::string list;
-  for (const kit::Window* window : windows) {
-    list += (list.empty() ? "" : ", ") + describe(*window);
-  }
-  return "[" + list + "]";
-}
 
 void AppDelegate2::applicationDidFinishLaunching() {
   settingsWindowObserver = application_.observeWindows(

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "kit/Application.h"
 #include "kit/NotificationCenter.h"
@@ -31,9 +29,5 @@ class AppDelegate2 final : public kit::Object {
  private:
   kit::Application& application_;
 };
-
-/// The list as AppDelegate2 prints it, a window by its identifier, where it has one, and its title:
-/// `[<Window: settings "Settings">, <Window: "Untitled">]`.
-std::string describe(const std::vector<kit::Window*>& windows);
 
 }  // namespace tarnwell::app

@@ -92,15 +92,16 @@ void Application::runTurn() {
   }
 }
 
+std::shared_ptr<MenuItem> Application::itemMatching(const KeyEvent& event) const {
+  const auto isOffered = [this](const MenuItem& found) { return canChoose(found); };
+  auto item = openMenu_ != nullptr ? openMenu_->itemMatching(event, isOffered) : nullptr;
+  return item ? item : mainMenu_.itemMatching(event, isOffered);
+}
+
 bool Application::performKeyEquivalent(const KeyEvent& event) {
-  for (const Menu* menu : {openMenu_, &mainMenu_}) {
-    if (menu == nullptr) {
-      continue;
-    }
-    if (const auto item = menu->itemMatching(event, [this](const MenuItem& found) { return canChoose(found); })) {
-      choose(item);
-      return true;
-    }
+  if (const auto item = itemMatching(event)) {
+    choose(item);
+    return true;
   }
   return giveToKeyWindow(event);
 }

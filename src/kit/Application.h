@@ -64,9 +64,11 @@ class Application final : public Object {
   [[nodiscard]] Subscription observeWindows(const std::function<void(Application&)>& changed,
                                             Observation observation = Observation::ofChanges);
 
-  /// The one that keys go to: the last that came to the front. Null without windows.
+  /// The one that keys go to: the last that came to the front. Null without windows, and while something that is no
+  /// window of the application's own has the keyboard, such as a panel of the platform's.
   Window* keyWindow() const { return keyWindow_; }
   void setKeyWindow(Window& window) { keyWindow_ = &window; }
+  void resignKeyWindow() { keyWindow_ = nullptr; }
 
   // Events.
 
@@ -84,8 +86,9 @@ class Application final : public Object {
   void runTurn();
   bool hasWork() const { return !events_.empty() || !mainQueue_.isEmpty(); }
 
-  /// Where keys that no focused control wants are matched: the menu that is open, the main menu, each in order, then
-  /// the key window.
+  /// The entry that a key chooses: of the menu that is open or of the main menu, each in order. Null without one.
+  std::shared_ptr<MenuItem> itemMatching(const KeyEvent& event) const;
+  /// Where keys that no focused control wants are matched: the entries of menus, then the key window.
   bool performKeyEquivalent(const KeyEvent& event);
 
   /// A menu that is not the main one opens: its entries are made, then `show` runs as a nested loop, which ends when

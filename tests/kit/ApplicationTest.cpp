@@ -118,6 +118,17 @@ TEST_F(ApplicationTest, theKeyWindowComesBeforeTheApplication) {
   EXPECT_EQ(notes, Lines{"closed"});
 }
 
+TEST_F(ApplicationTest, aPanelOfThePlatformTakesTheKeysFromTheWindowBehindIt) {
+  Window window("", "");
+  application->addWindow(window);
+  application->resignKeyWindow();
+  EXPECT_EQ(application->keyWindow(), nullptr);
+  EXPECT_FALSE(application->sendAction("performClose:", nullptr, nullptr));
+  EXPECT_EQ(application->windows(), std::vector<Window*>{&window});
+  application->setKeyWindow(window);
+  EXPECT_TRUE(application->sendAction("performClose:", nullptr, nullptr));
+}
+
 TEST_F(ApplicationTest, aDelegateIsHeldWeakly) {
   auto delegate = std::make_shared<Responder>("delegate", "act:", notes);
   application->setDelegate(delegate);

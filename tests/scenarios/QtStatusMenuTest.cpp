@@ -77,9 +77,24 @@ TEST_F(QtStatusMenu, controlQInTheOpenMenuChoosesQuit) {
   ASSERT_TRUE(panel.hasIcon());
   QObject context;
   host_qt::runLater(context, [this] {
-    click("ContextMenu", [](QMenu& menu) { QTest::keyClick(menu.windowHandle(), Qt::Key_Q, Qt::ControlModifier); });
+    click("ContextMenu", [](QMenu& menu) {
+      QTest::keyPress(menu.windowHandle(), Qt::Key_Control);
+      QTest::keyClick(menu.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+    });
   });
   EXPECT_EQ(host_qt::testApplication().run(), 0);
+}
+
+TEST_F(QtStatusMenu, settingsReachTheSettingsEntryOfTheMainMenu) {
+  int opened = 0;
+  const auto settings = kit::MenuItem::create("Settings…", "", ",");
+  settings->setHandler([&opened] { ++opened; });
+  desktop.application().mainMenu().addItem(settings);
+  ASSERT_TRUE(panel.hasIcon());
+  click("ContextMenu", [](QMenu& menu) {
+    QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(3)).center());
+  });
+  EXPECT_TRUE(host_qt::becomes([&opened] { return opened == 1; }));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/ClassRegistry.h"
@@ -87,20 +89,20 @@ TEST_F(AppDelegateTest, aRightClickPrintsRAndShowsTheMenu) {
 
 TEST_F(AppDelegateTest, entriesHaveNoTargetAndOnlyQuitHasAKey) {
   install();
-  using Row = std::pair<std::string, std::string>;
+  using Row = std::tuple<std::string, std::string, bool>;
   std::vector<Row> rows;
   rightClick([&](auto&) {
     for (const auto& item : icon().menu()->items()) {
       EXPECT_EQ(item->target(), nullptr);
-      rows.emplace_back(item->action(), item->keyEquivalent().key);
+      rows.emplace_back(item->action(), item->keyEquivalent().key, application->canChoose(*item));
     }
   });
-  EXPECT_EQ(rows, (std::vector<Row>{{"itemClicked:", ""},
-                                    {"itemClicked:", ""},
-                                    {"", ""},
-                                    {"openSettingsInSonoma", ""},
-                                    {"", ""},
-                                    {"terminate:", "q"}}));
+  EXPECT_EQ(rows, (std::vector<Row>{{"itemClicked:", "", true},
+                                    {"itemClicked:", "", true},
+                                    {"", "", false},
+                                    {"openSettingsInSonoma", "", true},
+                                    {"", "", false},
+                                    {"terminate:", "q", true}}));
 }
 
 TEST_F(AppDelegateTest, theMenuIsGoneOnceItHasClosed) {

@@ -6,6 +6,7 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "view/Button.h"
+#include "view/Counter.h"
 #include "view/SettingsLink.h"
 #include "view/Text.h"
 
@@ -53,6 +54,21 @@ TEST_F(SceneRunnerTest, groupsThatNobodyReplacesKeepTheirStandardEntries) {
   EXPECT_EQ(entriesOf("File"), (Lines{"(New Window)", "-", "Close"}));
   EXPECT_EQ(entriesOf("View"), Lines{});
   EXPECT_EQ(entriesOf("Help"), Lines{});
+}
+
+TEST_F(SceneRunnerTest, anExtraIsDrawnAnewEachTimeItIsOpened) {
+  int drawn = 0;
+  const auto titleOfNow = [&drawn](const State<int>& /*state*/) -> View {
+    ++drawn;
+    return Button{.title = "drawn " + std::to_string(drawn)};
+  };
+  scenes.install({MenuBarExtra{.title = "extra", .content = Numbered{.make = titleOfNow}}});
+  Lines seen;
+  platform.setMenuScript([&seen](auto& menu) { seen.push_back(menu.titles().front()); });
+  for (int i = 0; i < 2; ++i) {
+    platform.statusItems().at(0)->mouseUp(kit::Event::Type::leftMouseUp);
+  }
+  EXPECT_EQ(seen, (Lines{"drawn 2", "drawn 3"}));
 }
 
 TEST_F(SceneRunnerTest, aLinkToTheSettingsDoesNothingWithoutThem) {

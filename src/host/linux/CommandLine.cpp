@@ -1,6 +1,13 @@
 #include "host/linux/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
 namespace tarnwell::host_linux {
 namespace {
@@ -12,6 +19,19 @@ std::string trimmed(std::string text) {
   return text;
 }
 
+Failure refused(const std::string& reason) { return {reason + "\n" + usage}; }
+
+// The library lets pass what stands beside a request for help, and values of words that have none.
+std::optional<std::string> objectionTo(std::span<const char* const> arguments) {
+  constexpr std::array<std::string_view, 3> known = {"--help", "--version", LaunchArguments::launchedAtLogin};
+  for (const std::string argument : arguments) {
+    if (std::ranges::find(known, argument) == known.end()) {
+      return "\"" + argument + "\" is not an argument of tarnwell.";
+    }
+  }
+  return arguments.size() > 1 ? std::optional<std::string>("There are too many arguments.") : std::nullopt;
+}
+
 }  // namespace
 
 CommandLine::Parsed CommandLine::parse(int argc, const char* const* argv) {
@@ -21,6 +41,9 @@ CommandLine::Parsed CommandLine::parse(int argc, const char* const* argv) {
   LaunchArguments launch;
   // Written into the autostart entry by the program itself; nothing for a user to type.
   app.add_flag(LaunchArguments::launchedAtLogin, launch.atLogin)->group("");
+  if (auto objection = objectionTo(std::span(argv, static_cast<std::size_t>(argc)).subspan(argc > 0 ? 1 : 0))) {
+    return refused(*objection);
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -28,7 +51,7 @@ CommandLine::Parsed CommandLine::parse(int argc, const char* const* argv) {
   } catch (const CLI::CallForVersion& version) {
     return Print{version.what()};
   } catch (const CLI::ParseError& error) {
-    return Failure{std::string(error.what()) + "\n" + usage};
+    return refused(error.what());
   }
   return launch;
 }

@@ -47,7 +47,8 @@ AboutPanel::AboutPanel(const Content& content) {
 }
 
 void AboutPanel::orderFront() {
-  const bool active = QGuiApplication::applicationState() == Qt::ApplicationActive;
+  // A menu of ours counts as activity of the application, also over somebody else's window.
+  const bool active = QGuiApplication::focusWindow() != nullptr;
   setAttribute(Qt::WA_ShowWithoutActivating, !active);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();

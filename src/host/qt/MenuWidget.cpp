@@ -51,8 +51,11 @@ void MenuWidget::keyPressEvent(QKeyEvent* event) {
     QMenu::keyPressEvent(event);
     return;
   }
-  closeOpenMenus();
-  application_.performKeyEquivalent(key);
+  // The press of Control alone is one of these, and what chooses nothing leaves the menu open.
+  if (const auto item = application_.itemMatching(key)) {
+    closeOpenMenus();
+    application_.choose(item);
+  }
 }
 
 void MenuWidget::follow(const kit::Menu& menu) {

@@ -9,6 +9,7 @@
 #include "host/qt/ActivationToken.h"
 #include "host/qt/ApplicationIcon.h"
 #include "host/qt/MenuBar.h"
+#include "host/qt/Panel.h"
 #include "host/qt/RunLater.h"
 #include "host/qt/StatusIcon.h"
 #include "host/qt/TrayNotice.h"
@@ -33,6 +34,13 @@ void forEachWindow(const Visit& visit) {
       visit(*window);
     }
   }
+}
+
+bool isPanel(const QWindow* window) {
+  const auto widgets = QApplication::topLevelWidgets();
+  return window != nullptr && std::ranges::any_of(widgets, [window](QWidget* widget) {
+           return widget->windowHandle() == window && dynamic_cast<Panel*>(widget) != nullptr;
+         });
 }
 
 // The bars stand beside the content, so their heights come first.
@@ -143,8 +151,15 @@ void QtPlatform::followKeyWindow(kit::Application& application) {
   QObject::connect(
       qApp, &QGuiApplication::focusWindowChanged, &context_, [known = weak(application)](QWindow* focused) noexcept {
         const auto alive = known.lock();
+        if (!alive) {
+          return;
+        }
+        // Its keys must not act on the window behind it.
+        if (isPanel(focused)) {
+          alive->resignKeyWindow();
+        }
         forEachWindow([&](const WindowWidget& window) {
-          const auto& shown = alive ? alive->windows() : std::vector<kit::Window*>();
+          const auto& shown = alive->windows();
           if (window.windowHandle() == focused && std::ranges::find(shown, window.kitWindow()) != shown.end()) {
             alive->setKeyWindow(*window.kitWindow());
           }

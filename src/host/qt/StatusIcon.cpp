@@ -4,6 +4,7 @@
 #include <QtGui/QCursor>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QSystemTrayIcon>
+#include <utility>
 
 #include "host/qt/Conversions.h"
 #include "host/qt/MenuWidget.h"
@@ -37,6 +38,11 @@ void StatusIcon::popUp(kit::Menu& menu) { MenuWidget(item_.application(), menu, 
 bool StatusIcon::eventFilter(QObject* object, QEvent* event) noexcept {
   if (event->type() == QEvent::ApplicationPaletteChange && object == qApp) {
     imageChanged();
+  } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+    heldButton_ = std::nullopt;
+  } else if (event->type() == QEvent::MouseButtonRelease && heldButton_) {
+    // Not from here, since a menu that opens comes back only when it has closed.
+    runLater(*this, [this, type = *std::exchange(heldButton_, std::nullopt)] { item_.mouseUp(type); });
   }
   return false;
 }
@@ -67,11 +73,13 @@ void StatusIcon::showInPanel() {
   }
   inPanel_ = std::make_unique<QSystemTrayIcon>(image_.icon());
   inPanel_->setToolTip(toQString(item_.title()));
-  // No menu is left to the toolkit: which button does what is the item's affair.
+  // No menu is left to the toolkit: which button does what is the item's affair. It tells of the press; the release
+  // follows wherever the pointer is by then.
   connect(inPanel_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) noexcept {
-    if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context) {
-      const bool left = reason == QSystemTrayIcon::Trigger;
-      item_.mouseUp(left ? kit::Event::Type::leftMouseUp : kit::Event::Type::rightMouseUp);
+    if (reason == QSystemTrayIcon::Context) {
+      heldButton_ = kit::Event::Type::rightMouseUp;
+    } else if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
+      heldButton_ = kit::Event::Type::leftMouseUp;
     }
   });
   inPanel_->show();

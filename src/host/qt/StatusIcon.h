@@ -2,6 +2,7 @@
 
 #include <QtCore/QObject>
 #include <memory>
+#include <optional>
 
 #include "host/qt/BusStatusItem.h"
 #include "host/qt/StatusImage.h"
@@ -38,6 +39,7 @@ class StatusIcon final : public QObject, public kit::StatusItemPeer {
   StatusImage image_;
   std::unique_ptr<BusStatusItem> onBus_;
   std::unique_ptr<QSystemTrayIcon> inPanel_;
+  std::optional<kit::Event::Type> heldButton_;  // Over the icon in the panel; what its release is to the item.
   kit::Subscription imageChanges_;
   kit::Subscription trayChanges_;
 };

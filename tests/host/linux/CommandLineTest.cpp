@@ -34,9 +34,22 @@ TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {
 }
 
 TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
-  for (const char* argument : {"-x", "--verbose", "file", "--launched-at-login=maybe", "--LAUNCHED-AT-LOGIN", ""}) {
-    const auto parsed = parse({argument});
-    ASSERT_TRUE(std::holds_alternative<Failure>(parsed)) << argument;
+  const std::vector<std::vector<const char*>> rows = {{"-x"},
+                                                      {"--verbose"},
+                                                      {"file"},
+                                                      {"--launched-at-login=maybe"},
+                                                      {"--launched-at-login=no"},
+                                                      {"--LAUNCHED-AT-LOGIN"},
+                                                      {""},
+                                                      {"--help", "file"},
+                                                      {"--help", "--bogus"},
+                                                      {"file", "--version"},
+                                                      {"--version=3"},
+                                                      {"--help", "--version"},
+                                                      {"--"}};
+  for (const auto& arguments : rows) {
+    const auto parsed = parse(arguments);
+    ASSERT_TRUE(std::holds_alternative<Failure>(parsed)) << arguments.front();
     EXPECT_NE(std::get<Failure>(parsed).message.find("\nusage: tarnwell [--help | --version]"), std::string::npos);
   }
 }

@@ -176,6 +176,23 @@ TEST(MenuBarTest, keyEquivalentClosesAnOpenMenuAndIsRun) {
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
+// As on a keyboard: the modifier goes down before the letter does.
+TEST(MenuBarTest, anOpenMenuStaysUntilAKeyChoosesSomething) {
+  Desktop desktop;
+  int chosen = 0;
+  desktop.addMenu("Menu", {entry("Choose", [&chosen] { ++chosen; }, {.key = "K"})});
+  desktop.showWindow();
+  desktop.menu(0).popup({0, 0});
+  QWindow* menu = desktop.menu(0).windowHandle();
+  QTest::keyPress(menu, Qt::Key_Control);
+  QTest::keyClick(menu, Qt::Key_G, Qt::ControlModifier);
+  QTest::keyPress(menu, Qt::Key_Shift, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::activePopupWidget(), &desktop.menu(0));
+  QTest::keyClick(menu, Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(chosen, 1);
+}
+
 TEST(MenuBarTest, f10OpensTheFirstMenu) {
   Desktop desktop;
   desktop.addMenu("Menu", {entry("Entry", nothing)});
