@@ -19,11 +19,11 @@ using Reply = std::unique_ptr<T, FreeReply>;
 
 }  // namespace
 
-Display::Display() {
+Display::Display(int wide, int high) {
   // The server chooses a number that is free, and says it once it can be used.
   server_.emplace(Words{"/bin/sh", "-c",
-                        "exec /usr/bin/Xvfb -displayfd 3 -screen 0 " + std::to_string(width) + "x" +
-                            std::to_string(height) + "x24 -nolisten tcp 3>" + (folder_ / "number").string()},
+                        "exec /usr/bin/Xvfb -displayfd 3 -screen 0 " + std::to_string(wide) + "x" +
+                            std::to_string(high) + "x24 -nolisten tcp 3>" + (folder_ / "number").string()},
                   Words{"PATH=/usr/bin:/bin"});
   if (!fixtures::waitFor([this] { return folder_.read("number").ends_with('\n'); })) {
     throw std::runtime_error("no display");

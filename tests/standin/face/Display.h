@@ -23,7 +23,7 @@ class Display {
   static constexpr int width = 1280;
   static constexpr int height = 800;
 
-  Display();
+  explicit Display(int wide = width, int high = height);
 
   /// ":7" or the like.
   const std::string& name() const { return name_; }

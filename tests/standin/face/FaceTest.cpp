@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <filesystem>
@@ -218,6 +219,23 @@ TEST(FaceTest, isAsSharpOnAScreenOfMorePixelsAPoint) {
     const int found = steepest(display.colors(0, line, Display::width, 1));
     sharpness = std::max(sharpness, found);
     EXPECT_GE(found, sharpness * 8 / 10) << scale;
+  }
+}
+
+TEST(FaceTest, comesBackOnScreensWhosePixelsMakeNoWholeNumberOfPoints) {
+  constexpr std::array<std::pair<int, int>, 3> sizes = {{{1366, 768}, {1920, 1080}, {1280, 1024}}};
+  for (const auto& [wide, high] : sizes) {
+    const MacSystem system;
+    const Display display(wide, high);
+    Words environment = system.environment();
+    environment.insert(environment.end(), {"DISPLAY=" + display.name(), "QT_SCALE_FACTOR=1.5"});
+    display.act("mousemove 640 100");
+    const Process dock({DOCK_PATH}, environment);
+    const auto isShown = [&] { return display.windowCount("Dock") == 1; };
+    EXPECT_TRUE(waitFor(isShown));
+    EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+    display.act("mousemove 640 " + std::to_string(high - 1));
+    EXPECT_TRUE(waitFor(isShown)) << high;
   }
 }
 

@@ -67,13 +67,16 @@ void waitForToolkit() {
 
 QScreen* screen() { return QGuiApplication::primaryScreen(); }
 
-// From points to pixels, where the screen starts at the same place in both.
+// From points to pixels, where the screen starts at the same place in both. Edges are rounded, not sizes, or parts that
+// touch would overlap.
 QRect pixelsOf(const QRect& points) {
-  const QRect whole = screen()->geometry();
+  const QPoint start = screen()->geometry().topLeft();
   const double ratio = screen()->devicePixelRatio();
-  const auto scaled = [&](int value) { return static_cast<int>(std::lround(value * ratio)); };
-  return {whole.x() + scaled(points.x() - whole.x()), whole.y() + scaled(points.y() - whole.y()),
-          scaled(points.width()), scaled(points.height())};
+  const auto scaled = [&](QPoint place) {
+    const QPointF far = QPointF(place - start) * ratio;
+    return start + QPoint(static_cast<int>(std::lround(far.x())), static_cast<int>(std::lround(far.y())));
+  };
+  return {scaled(points.topLeft()), scaled(points.bottomRight() + QPoint(1, 1)) - QPoint(1, 1)};
 }
 
 }  // namespace
@@ -185,9 +188,18 @@ void X11Surface::makeEdge() {
   xcb_flush(display_.get());
 }
 
+// A screen whose pixels make no whole number of points ends a little above or below where its points do.
+int X11Surface::lastRow(int bottom) const {
+  const Reply<xcb_get_geometry_reply_t> root(
+      xcb_get_geometry_reply(display_.get(), xcb_get_geometry(display_.get(), root_), nullptr));
+  const double point = std::ceil(screen()->devicePixelRatio());
+  return root && std::abs(root->height - 1 - bottom) <= point ? root->height - 1 : bottom;
+}
+
 void X11Surface::placeEdge() {
   const QRect whole = area();
   QRect strip = pixelsOf(QRect(whole.x(), whole.bottom() + 1 - edgeHeight_, whole.width(), edgeHeight_));
+  strip.setBottom(lastRow(strip.bottom()));
   if (edgeHeight_ == 1) {
     // The last row of pixels, even where a point has several.
     strip.setTop(strip.bottom());

@@ -42,6 +42,7 @@ class X11Surface final : public Surface {
   void hear(const xcb_generic_event_t& event);
   void makeEdge();
   void placeEdge();
+  int lastRow(int bottom) const;
   void stackEdge(std::uint32_t place);
   void passOn(const xcb_button_press_event_t& press);
   void goAbove(xcb_window_t window, bool isOnTop);
