@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <string>
 
 #include "fixtures/WaitFor.h"
@@ -72,6 +73,26 @@ TEST(ApplicationsTest, aClickHidesTheOthersWhereThatIsSet) {
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == (isSet ? 0 : 1); })) << isSet;
   }
+}
+
+TEST(ApplicationsTest, windowsOfARestartedDockAreBelowTheOthers) {
+  ShownDock dock;
+  Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  dock.click(ShownDock::notebook);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.hide();
+  constexpr std::uint32_t green = 0x00ff00;
+  display.openWindow(400, 100, 500, 450, green);
+  const auto isGreen = [&] { return display.color(600, 350) == green; };
+  EXPECT_TRUE(waitFor(isGreen));
+  dock.restart();
+  EXPECT_EQ(display.windowCount("Ideas"), 1);
+  EXPECT_TRUE(isGreen());
+  // One that is chosen comes up.
+  dock.click(ShownDock::notebook);
+  EXPECT_TRUE(waitFor([&] { return !isGreen(); }));
 }
 
 TEST(ApplicationsTest, scrollingUpSpreadsTheWindowsOutWhereThatIsSet) {

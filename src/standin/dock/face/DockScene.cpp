@@ -5,6 +5,7 @@
 #include <QtWidgets/QMenu>
 #include <algorithm>
 #include <chrono>
+#include <ranges>
 
 namespace tarnwell::standin {
 namespace {
@@ -56,7 +57,15 @@ void DockScene::begin() {
   if (meanings_.empty()) {
     begin_.stop();
     show();
+    lowerWindows();
     dock_.greet();
+  }
+}
+
+// Whoever uses another program when the dock starts goes on using it.
+void DockScene::lowerWindows() {
+  for (const auto& [key, window] : std::views::reverse(windows_)) {
+    window->lower();
   }
 }
 

@@ -38,6 +38,7 @@ class DockScene {
   };
 
   void begin();
+  void lowerWindows();
   void setScheme(Scheme scheme);
 
   // Brings items and windows in line with the desk, and keeps the desk.
