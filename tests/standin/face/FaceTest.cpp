@@ -181,19 +181,6 @@ TEST(FaceTest, sleepsWhenNothingMoves) {
   }
 }
 
-TEST(FaceTest, livesInAWindowThatSaysSoWhereProgramsDoNotPlaceWindows) {
-  const MacSystem system;
-  const Display display;
-  Words environment = system.environment();
-  environment.insert(environment.end(), {"DISPLAY=" + display.name(), "WAYLAND_DISPLAY=none", "QT_QPA_PLATFORM=xcb"});
-  display.act("mousemove 1270 790");
-  const Process dock({DOCK_PATH}, environment);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 1; }));
-  const auto isLit = [&](int x, int y) { return display.color(x, y) != 0; };
-  EXPECT_TRUE(waitFor([&] { return isLit(500, 20); }));
-  EXPECT_FALSE(isLit(1100, 700));
-}
-
 // The greatest step of brightness from one pixel of a line to the next.
 int steepest(const Colors& line) {
   int found = 0;

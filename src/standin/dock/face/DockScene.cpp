@@ -73,7 +73,6 @@ void DockScene::setScheme(Scheme scheme) {
   scheme_ = scheme;
   surface_.setScheme(scheme);
   dock_.setScheme(scheme);
-  spread_.setScheme(scheme);
   for (const auto& [key, window] : windows_) {
     window->setScheme(scheme);
   }
@@ -196,8 +195,7 @@ void DockScene::activate(std::size_t application) {
   show();
   for (std::size_t i = 0; i < desk_.applications()[application].documents.size(); ++i) {
     if (desk_.isVisible({application, i})) {
-      window({application, i}).raise();
-      window({application, i}).activateWindow();
+      window({application, i}).activate();
     }
   }
   surface_.raiseDock();
@@ -268,8 +266,7 @@ void DockScene::spread(std::size_t application) {
     dock_.uncover();
     dock_.release();
     if (chosen && desk_.isVisible(ids[*chosen])) {
-      window(ids[*chosen]).raise();
-      window(ids[*chosen]).activateWindow();
+      window(ids[*chosen]).activate();
     }
   });
   dock_.cover(spread_.backdrop(dock_.geometry()));
@@ -327,8 +324,7 @@ void DockScene::comeBack(DocumentId id) {
   DocumentWindow& shown = window(id);
   shown.onPainted([this] { effect_.hide(); });
   arrive();
-  shown.raise();
-  shown.activateWindow();
+  shown.activate();
 }
 
 void DockScene::arrive() {

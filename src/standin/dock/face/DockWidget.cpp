@@ -163,11 +163,13 @@ void DockWidget::show(double share) {
 }
 
 void DockWidget::lookBehind() {
-  if (surface_.blends() || !backdrop_.isNull() || isVisible()) {
+  if (!backdrop_.isNull() || isVisible()) {
     return;
   }
   backdrop_ = surface_.picture(geometry());
-  blurred_ = blurred(backdrop_);
+  if (!surface_.blends()) {
+    blurred_ = blurred(backdrop_);
+  }
 }
 
 QPixmap DockWidget::pictureWithout() const {
@@ -219,10 +221,11 @@ bool DockWidget::event(QEvent* event) {
 
 void DockWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  if (!backdrop_.isNull()) {
+  const bool isOpaque = !surface_.blends() && !backdrop_.isNull();
+  if (isOpaque) {
     painter.drawPixmap(0, 0, backdrop_);
   }
-  painter_.paint(painter, currentFrame(), backdrop_.isNull() ? QPixmap() : blurred_);
+  painter_.paint(painter, currentFrame(), isOpaque ? blurred_ : QPixmap());
 }
 
 void DockWidget::enterEvent(QEnterEvent* event) {

@@ -85,7 +85,7 @@ class DockWidget final : public QWidget {
   double strength_ = 0;  // of the growth below the pointer
   Time lastGrowth_;
   double shown_ = 0;
-  QPixmap backdrop_;  // what was behind the dock when it came, for a screen that does not blend
+  QPixmap backdrop_;  // what was behind the dock when it came
   QPixmap blurred_;
   QPixmap uncovered_;
   QRegion outline_;

@@ -23,6 +23,7 @@ DocumentWindow::DocumentWindow(Surface& surface, Content content, Actions action
   surface.adopt(*this, Surface::Role::document);
   setWindowTitle(content_.title);
   setMouseTracking(true);
+  setFocusPolicy(Qt::ClickFocus);
   setFixedSize(windowSize);
   if (!surface.blends()) {
     QPainterPath path;
@@ -34,6 +35,12 @@ DocumentWindow::DocumentWindow(Surface& surface, Content content, Actions action
 void DocumentWindow::setScheme(Scheme scheme) {
   look_ = Look::of(scheme);
   update();
+}
+
+void DocumentWindow::activate() {
+  raise();
+  activateWindow();
+  setFocus();
 }
 
 // Painted afresh, since a picture that is taken from the screen would have opaque corners.

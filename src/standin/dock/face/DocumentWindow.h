@@ -35,6 +35,9 @@ class DocumentWindow final : public QWidget {
 
   void setScheme(Scheme scheme);
 
+  /// Brings it to the front, with the keyboard.
+  void activate();
+
   /// Called once, after the next painting.
   void onPainted(std::function<void()> painted) { painted_ = std::move(painted); }
 

@@ -33,23 +33,21 @@ SpreadOverlay::SpreadOverlay(Surface& surface, ScrollGesture& scrolling)
   setMouseTracking(true);
   surface_.adopt(*this, Surface::Role::overlay);
   surface_.onEscape([this] { close(); });
+  surface_.onArea([this] {
+    if (isVisible()) {
+      arrange();
+    }
+  });
 }
 
 void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
                          std::function<void(std::optional<std::size_t>)> chosen) {
-  constexpr int roomForDock = 110;
   tellChoice();
   windows_ = std::move(windows);
   chosen_ = std::move(chosen);
   choice_.reset();
   hovered_.reset();
-  setGeometry(surface_.area());
-  std::vector<Rectangle> places;
-  for (const Window& window : windows_) {
-    places.push_back(rectangleOf(window.place));
-    places.back().height += titleRoom;
-  }
-  spread_ = spreadOut(places, rectangleOf(geometry().adjusted(0, 0, 0, -roomForDock)));
+  arrange();
   behind_ = behind;
   backdrop_ = dimmed(behind);
   from_ = 0;
@@ -58,6 +56,17 @@ void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
   raise();
   surface_.raiseDock();
   surface_.watchEscape(true);
+}
+
+void SpreadOverlay::arrange() {
+  constexpr int roomForDock = 110;
+  setGeometry(surface_.area());
+  std::vector<Rectangle> places;
+  for (const Window& window : windows_) {
+    places.push_back(rectangleOf(window.place));
+    places.back().height += titleRoom;
+  }
+  spread_ = spreadOut(places, rectangleOf(geometry().adjusted(0, 0, 0, -roomForDock)));
 }
 
 void SpreadOverlay::close() {
@@ -131,7 +140,7 @@ std::optional<std::size_t> SpreadOverlay::windowAt(QPointF place) const {
 void SpreadOverlay::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.drawPixmap(0, 0, backdrop_);
+  painter.drawPixmap(rect(), backdrop_);
   for (std::size_t i = 0; i < windows_.size(); ++i) {
     paintWindow(painter, i);
   }

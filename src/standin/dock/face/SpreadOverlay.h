@@ -40,8 +40,6 @@ class SpreadOverlay final : public QWidget {
   /// What it shows behind the windows, in a part of its surface.
   QPixmap backdrop(const QRect& part) const;
 
-  void setScheme(Scheme scheme) { look_ = Look::of(scheme); }
-
  private:
   void paintEvent(QPaintEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -52,6 +50,7 @@ class SpreadOverlay final : public QWidget {
   Frames::Next frame();
   double share() const;
   void turn(bool isOpening);
+  void arrange();
   void finish();
   void tellChoice();
   QRectF placeOf(std::size_t window) const;
@@ -60,7 +59,6 @@ class SpreadOverlay final : public QWidget {
 
   Surface& surface_;
   ScrollGesture& scrolling_;
-  Look look_ = Look::of(Scheme::light);
   std::vector<Window> windows_;
   std::vector<Rectangle> spread_;
   QPixmap behind_;

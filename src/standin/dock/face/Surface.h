@@ -5,6 +5,7 @@
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "standin/dock/face/Look.h"
 
@@ -57,17 +58,21 @@ class Surface {
 
   void onEscape(std::function<void()> pressed) { escapePressed_ = std::move(pressed); }
 
-  /// Called when the area has changed.
-  void onArea(std::function<void()> changed) { areaChanged_ = std::move(changed); }
+  /// Adds what is called when the area has changed.
+  void onArea(std::function<void()> changed) { areaChanged_.push_back(std::move(changed)); }
 
  protected:
   void tellEdge(bool isThere) const { edgeChanged_(isThere); }
-  void tellArea() const { areaChanged_(); }
+  void tellArea() const {
+    for (const auto& changed : areaChanged_) {
+      changed();
+    }
+  }
   void tellEscape() const { escapePressed_(); }
 
  private:
   std::function<void(bool)> edgeChanged_ = [](bool) {};
-  std::function<void()> areaChanged_ = [] {};
+  std::vector<std::function<void()>> areaChanged_;
   std::function<void()> escapePressed_ = [] {};
 };
 

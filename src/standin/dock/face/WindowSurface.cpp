@@ -26,38 +26,30 @@ class WindowSurface::EdgeStrip : public QWidget {
   std::function<void(bool)> changed_;
 };
 
-WindowSurface::WindowSurface() : edge_(new EdgeStrip(*this, [this](bool isThere) { tellEdge(isThere); })) {
+WindowSurface::WindowSurface()
+    : floor_(new QWidget(this)), edge_(new EdgeStrip(*this, [this](bool isThere) { tellEdge(isThere); })) {
   constexpr QSize size(1000, 640);
   constexpr QSize least(480, 360);
   setWindowTitle(QStringLiteral("Dock"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   setMinimumSize(least);
   resize(size);
-  placeEdge();
+  placeParts();
   QWidget::show();
 }
 
 WindowSurface::~WindowSurface() = default;
 
 void WindowSurface::adopt(QWidget& widget, Role role) {
-  widget.setParent(this);
-  if (role == Role::dock) {
-    dock_ = &widget;
-  }
+  widget.setParent(role == Role::dock ? this : floor_);
+  edge_->raise();
 }
 
 QPixmap WindowSurface::picture(const QRect& part) const { return const_cast<WindowSurface*>(this)->grab(part); }
 
-void WindowSurface::raiseDock() {
-  if (dock_) {
-    dock_->raise();
-  }
-  edge_->raise();
-}
-
 void WindowSurface::setEdgeHeight(int points) {
   edgeHeight_ = points;
-  placeEdge();
+  placeParts();
 }
 
 void WindowSurface::setScheme(Scheme scheme) {
@@ -80,7 +72,7 @@ void WindowSurface::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WindowSurface::resizeEvent(QResizeEvent* /*event*/) {
-  placeEdge();
+  placeParts();
   tellArea();
 }
 
@@ -98,7 +90,8 @@ void WindowSurface::closeEvent(QCloseEvent* event) {
   showMinimized();
 }
 
-void WindowSurface::placeEdge() {
+void WindowSurface::placeParts() {
+  floor_->setGeometry(rect());
   const int high = std::max(edgeHeight_, leastEdge);
   edge_->setGeometry(0, height() - high, width(), high);
 }

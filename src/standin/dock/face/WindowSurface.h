@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 #include "standin/dock/face/Surface.h"
@@ -18,7 +17,7 @@ class WindowSurface final : public Surface, private QWidget {
   bool blends() const override { return true; }
   QPixmap picture(const QRect& part) const override;
   QPoint toScreen(QPoint place) const override { return mapToGlobal(place); }
-  void raiseDock() override;
+  void raiseDock() override {}
   void setEdgeHeight(int points) override;
   void setScheme(Scheme scheme) override;
   void watchEscape(bool isWatched) override { isEscapeWatched_ = isWatched; }
@@ -30,13 +29,13 @@ class WindowSurface final : public Surface, private QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  void placeEdge();
+  void placeParts();
 
   Look look_ = Look::of(Scheme::light);
+  QWidget* floor_;  // below the dock, with all the rest: nothing there ever covers it
   EdgeStrip* edge_;
   int edgeHeight_ = 1;
   bool isEscapeWatched_ = false;
-  QPointer<QWidget> dock_;
 };
 
 }  // namespace tarnwell::standin

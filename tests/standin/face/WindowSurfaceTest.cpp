@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "fixtures/WaitFor.h"
+#include "standin/MacSystem.h"
+#include "standin/face/Display.h"
+
+namespace tarnwell::standin {
+namespace {
+
+using fixtures::waitFor;
+
+// Long enough for something to happen that should not.
+constexpr std::chrono::milliseconds awhile(500);
+
+// A Dock where programs do not place windows: its own one is in the upper left corner of the display.
+class WindowSurfaceTest : public testing::Test {
+ protected:
+  static constexpr int width = 1000;
+  static constexpr int height = 640;
+  static constexpr int iconLine = height - 42;
+  static constexpr int notebook = 372;     // the middle of its icon
+  static constexpr int gap = 282;          // between two icons
+  static constexpr int leftOfShelf = 182;  // as it is where it has grown
+
+  void start() {
+    Words environment = system_.environment();
+    environment.insert(environment.end(),
+                       {"DISPLAY=" + display_.name(), "WAYLAND_DISPLAY=none", "QT_QPA_PLATFORM=xcb"});
+    pointAt(1270, 790);
+    dock_.emplace(Words{DOCK_PATH}, environment);
+    ASSERT_TRUE(waitFor([&] { return display_.windowCount("Dock") == 1 && display_.color(500, 20) != 0; }));
+    ASSERT_TRUE(waitFor([&] { return !isShown(); })) << dock_->errors();
+  }
+
+  void pointAt(int x, int y) const { display_.act("mousemove " + std::to_string(x) + " " + std::to_string(y)); }
+
+  void reveal() const {
+    pointAt(width / 2, height - 1);
+    ASSERT_TRUE(waitFor([&] { return isShown(); }));
+  }
+
+  // The desktop behind it is of one colour from left to right.
+  bool isShown() const { return display_.color(gap, iconLine) != display_.color(10, iconLine); }
+
+  void clickNotebook(int button = 1) const {
+    pointAt(notebook, iconLine);
+    display_.act("click " + std::to_string(button));
+  }
+
+  // The page of the document "Ideas".
+  bool showsIdeas() const { return display_.color(830, 330) == 0xffffff; }
+
+  void write(const std::string& key, const std::string& value) const {
+    const Outcome outcome = system_.shell("\"$D\" write com.apple.dock " + key + " " + value);
+    ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  }
+
+  const Display& display() const { return display_; }
+
+ private:
+  MacSystem system_;
+  Display display_;
+  std::optional<Process> dock_;
+};
+
+TEST_F(WindowSurfaceTest, livesInAWindowThatSaysSo) {
+  start();
+  EXPECT_NE(display().color(500, 20), 0U);
+  EXPECT_EQ(display().color(1100, 700), 0U);
+}
+
+TEST_F(WindowSurfaceTest, staysWhileThePointerIsOnItWhereADocumentOpensBelowIt) {
+  write("scroll-to-open", "-bool true");
+  start();
+  reveal();
+  // One of its documents is where the icon is.
+  clickNotebook();
+  EXPECT_TRUE(waitFor([&] { return showsIdeas(); }));
+  EXPECT_FALSE(waitFor([&] { return !isShown(); }, awhile));
+  const std::uint32_t before = display().color(20, 300);
+  clickNotebook(4);
+  EXPECT_TRUE(waitFor([&] { return display().color(20, 300) != before; }));
+  display().act("key Escape");
+  EXPECT_TRUE(waitFor([&] { return display().color(20, 300) == before; }));
+  pointAt(1270, 790);
+  EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+}
+
+TEST_F(WindowSurfaceTest, documentsHearOfKeysOnceTheyWereClicked) {
+  start();
+  reveal();
+  clickNotebook();
+  EXPECT_TRUE(waitFor([&] { return showsIdeas(); }));
+  pointAt(830, 330);
+  display().act("click 1 key ctrl+w");
+  EXPECT_TRUE(waitFor([&] { return !showsIdeas(); }));
+}
+
+TEST_F(WindowSurfaceTest, windowsSpreadOutOverAllOfItThroughoutAChangeOfItsSize) {
+  write("scroll-to-open", "-bool true");
+  start();
+  const std::uint32_t desktop = display().color(20, iconLine);
+  reveal();
+  clickNotebook(4);
+  EXPECT_TRUE(waitFor([&] { return display().color(20, iconLine) != desktop; }));
+  // Nothing of the dock is in the picture that is dimmed behind it.
+  EXPECT_EQ(display().color(leftOfShelf, iconLine), display().color(20, iconLine));
+  constexpr int wider = 1200;
+  display().act("search --onlyvisible --name '^Dock$' windowsize " + std::to_string(wider) + " 700");
+  const auto isDark = [&](int x, int y) { return (display().color(x, y) & 0xffU) < 0x90; };
+  EXPECT_TRUE(waitFor([&] { return isDark(20, 20) && isDark(wider - 20, 20) && isDark(wider - 20, 680); }));
+}
+
+}  // namespace
+}  // namespace tarnwell::standin
