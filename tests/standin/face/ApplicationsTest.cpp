@@ -46,6 +46,26 @@ TEST(ApplicationsTest, theIconOfAHiddenApplicationIsDimmedWhereThatIsSet) {
   EXPECT_GT(differences(plain, dimmed), plain.size() / 2);
 }
 
+TEST(ApplicationsTest, aButtonThatIsLetGoAwayFromTheIconDoesNothing) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  const std::string column = std::to_string(ShownDock::iconColumn(ShownDock::notebook));
+  dock.start();
+  dock.reveal();
+  const Colors before = display.colors(0, 0, Display::width, 500);
+  for (const char* button : {"1", "3"}) {
+    display.act("mousemove " + iconPlace(ShownDock::notebook) + " mousedown " + button + " mousemove " + column +
+                " 300 mouseup " + button);
+    // Neither its windows nor its menu.
+    EXPECT_FALSE(waitFor([&] { return display.windowCount("Ideas") > 0; }, handAtRest)) << button;
+    EXPECT_TRUE(waitFor([&] { return display.colors(0, 0, Display::width, 500) == before; })) << button;
+    dock.hide();
+    dock.reveal();
+  }
+  dock.click(ShownDock::notebook);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+}
+
 TEST(ApplicationsTest, onlyRunningApplicationsAreThereWhereThatIsSet) {
   ShownDock dock;
   dock.write("autohide-time-modifier", "-float 0");

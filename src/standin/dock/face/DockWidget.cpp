@@ -240,12 +240,23 @@ void DockWidget::mouseMoveEvent(QMouseEvent* event) {
   wakeUp();
 }
 
-void DockWidget::mousePressEvent(QMouseEvent* event) { pressed_ = layout_.slotAt(event->position().x()); }
+// Items reach from the lower edge of the screen to the top of the shelf, or of the icon where that has outgrown it.
+std::optional<std::size_t> DockWidget::itemAt(QPointF place) const {
+  const auto slot = layout_.slotAt(place.x());
+  if (!slot || !QRectF(rect()).contains(place)) {
+    return std::nullopt;
+  }
+  const auto placed = layout_.placed({.pointer = pointer_, .strength = strength_})[*slot];
+  const double top = std::max(layout_.shelfTop(), layout_.iconBottom() + placed.size);
+  return height() - place.y() <= top ? slot : std::nullopt;
+}
 
-// Who has pressed one item and moved to another has thought better of it.
+void DockWidget::mousePressEvent(QMouseEvent* event) { pressed_ = itemAt(event->position()); }
+
+// Who has pressed an item and moved away from it has thought better of it.
 void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto pressed = std::exchange(pressed_, std::nullopt);
-  if (!pressed || layout_.slotAt(event->position().x()) != pressed) {
+  if (!pressed || itemAt(event->position()) != pressed) {
     return;
   }
   if (event->button() == Qt::LeftButton) {
@@ -257,7 +268,7 @@ void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
 
 void DockWidget::wheelEvent(QWheelEvent* event) {
   const bool acts = scrolling_.step(event->angleDelta().y(), event->timestamp());
-  const auto slot = layout_.slotAt(event->position().x());
+  const auto slot = itemAt(event->position());
   if (slot && acts) {
     actions_.scrollUp(*slot);
   }

@@ -70,6 +70,7 @@ class DockWidget final : public QWidget {
   void lookBehind();
   void growTowards(Time now);
   ShelfPainter::Frame currentFrame() const;
+  std::optional<std::size_t> itemAt(QPointF place) const;
 
   Surface& surface_;
   Look look_ = Look::of(Scheme::light);
