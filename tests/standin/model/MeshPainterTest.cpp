@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <utility>
 
@@ -25,6 +26,12 @@ Picture twoHalves(int width, int height) {
     std::fill(pixels.row(y) + width / 2, pixels.row(y) + width, blue);
   }
   return Picture(std::move(pixels));
+}
+
+std::uint32_t colorAt(const Picture& picture, double x, double y, int level) {
+  std::uint32_t color = 0;
+  picture.layLine(&color, 1, {x, y}, {1, 0}, level);
+  return color;
 }
 
 TEST(MeshPainterTest, aPictureThatIsNotBentIsCopiedExactly) {
@@ -82,7 +89,7 @@ TEST(PictureTest, aSmallerCopyHoldsTheMeanOfWhatItReplaces) {
   const Picture picture(std::move(stripes));
   const int level = picture.levelFor(4);
   EXPECT_EQ(level, 2);
-  const std::uint32_t grey = picture.colorAt(32, 32, level);
+  const std::uint32_t grey = colorAt(picture, 32, 32, level);
   EXPECT_EQ(grey >> 24U, 255U);
   EXPECT_NEAR(grey & 255U, 127, 2);
   EXPECT_EQ(picture.levelFor(0.5), 0);
@@ -91,9 +98,21 @@ TEST(PictureTest, aSmallerCopyHoldsTheMeanOfWhatItReplaces) {
 
 TEST(PictureTest, isTransparentOutside) {
   const Picture picture(filled(8, 8, red));
-  EXPECT_EQ(picture.colorAt(-2, 4, 0), 0U);
-  EXPECT_EQ(picture.colorAt(4, 11, 0), 0U);
-  EXPECT_NEAR(picture.colorAt(0, 4, 0) >> 24U, 127, 1);
+  EXPECT_EQ(colorAt(picture, -2, 4, 0), 0U);
+  EXPECT_EQ(colorAt(picture, 4, 11, 0), 0U);
+  EXPECT_NEAR(colorAt(picture, 0, 4, 0) >> 24U, 127, 1);
+}
+
+TEST(PictureTest, aLineMixesTheFourPixelsAroundEachPlace) {
+  const Picture picture = twoHalves(8, 8);
+  std::array<std::uint32_t, 4> line{};
+  picture.layLine(line.data(), 3, {3, 2}, {0.75, 0.5}, 0);
+  EXPECT_EQ(line[0], red);
+  // Three quarters of a pixel further, the middle of the last red one is a quarter behind, of four.
+  EXPECT_NEAR(line[1] & 255U, 255 / 4, 1);
+  EXPECT_NEAR((line[1] >> 16U) & 255U, 255 * 3 / 4, 1);
+  EXPECT_EQ(line[2], blue);
+  EXPECT_EQ(line[3], 0U);
 }
 
 TEST(PictureTest, blendingCoversAsMuchAsTheUpperColourIsOpaque) {

@@ -80,15 +80,12 @@ int firstPixel(double from, int least) { return std::max(static_cast<int>(std::c
 int pixelAfter(double to, int most) { return std::min(static_cast<int>(std::ceil(to - 0.5)), most); }
 
 void drawLine(Pixels& canvas, const Picture& picture, const Slope& slope, int level, int y, const Span& span) {
-  std::uint32_t* row = canvas.row(y);
-  const int end = pixelAfter(span.right, canvas.width);
-  for (int x = firstPixel(span.left, 0); x < end; ++x) {
-    const double right = x + 0.5;
-    const double down = y + 0.5;
-    const double u = slope.origin.x + slope.alongX.x * right + slope.alongY.x * down;
-    const double v = slope.origin.y + slope.alongX.y * right + slope.alongY.y * down;
-    row[x] = blended(picture.colorAt(u, v, level), row[x]);
-  }
+  const int begin = firstPixel(span.left, 0);
+  const double right = begin + 0.5;
+  const double down = y + 0.5;
+  const Point from{slope.origin.x + slope.alongX.x * right + slope.alongY.x * down,
+                   slope.origin.y + slope.alongX.y * right + slope.alongY.y * down};
+  picture.layLine(canvas.row(y) + begin, pixelAfter(span.right, canvas.width) - begin, from, slope.alongX, level);
 }
 
 void drawTriangle(Pixels& canvas, const Picture& picture, const Triangle& corners) {

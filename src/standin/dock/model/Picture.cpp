@@ -20,6 +20,32 @@ std::uint32_t pixelOf(const Pixels& pixels, int x, int y) {
   return x < 0 || y < 0 || x >= pixels.width || y >= pixels.height ? 0 : pixels.row(y)[x];
 }
 
+// Places between pixels are counted in parts of one, which are quicker than fractions.
+constexpr int partBits = 16;
+constexpr int shareBits = 8;
+constexpr std::int64_t one = std::int64_t{1} << partBits;
+
+std::uint32_t partOf(std::int64_t place) {
+  return static_cast<std::uint32_t>(place >> (partBits - shareBits)) & ((1U << shareBits) - 1);
+}
+
+// Of the four pixels around a place, which often have one colour.
+std::uint32_t colorBetween(const Pixels& pixels, std::int64_t x, std::int64_t y) {
+  const int column = static_cast<int>(x >> partBits);
+  const int line = static_cast<int>(y >> partBits);
+  if (column < 0 || line < 0 || column >= pixels.width - 1 || line >= pixels.height - 1) {
+    return mixedColor(mixedColor(pixelOf(pixels, column, line), pixelOf(pixels, column + 1, line), partOf(x)),
+                      mixedColor(pixelOf(pixels, column, line + 1), pixelOf(pixels, column + 1, line + 1), partOf(x)),
+                      partOf(y));
+  }
+  const std::uint32_t* upper = pixels.row(line) + column;
+  const std::uint32_t* lower = upper + pixels.width;
+  if (upper[0] == upper[1] && upper[0] == lower[0] && upper[0] == lower[1]) {
+    return upper[0];
+  }
+  return mixedColor(mixedColor(upper[0], upper[1], partOf(x)), mixedColor(lower[0], lower[1], partOf(x)), partOf(y));
+}
+
 Pixels halved(const Pixels& pixels) {
   Pixels half((pixels.width + 1) / 2, (pixels.height + 1) / 2);
   for (int y = 0; y < half.height; ++y) {
@@ -48,17 +74,18 @@ int Picture::levelFor(double shrink) const {
   return static_cast<int>(std::min(halvings, static_cast<double>(levels_.size() - 1)));
 }
 
-std::uint32_t Picture::colorAt(double x, double y, int level) const {
+void Picture::layLine(std::uint32_t* onto, int count, const Point& from, const Point& step, int level) const {
   const Pixels& pixels = levels_[static_cast<std::size_t>(level)];
-  const double scale = 1.0 / (1 << level);
-  const double left = x * scale - 0.5;
-  const double top = y * scale - 0.5;
-  const int column = static_cast<int>(std::floor(left));
-  const int line = static_cast<int>(std::floor(top));
-  const auto across = static_cast<std::uint32_t>((left - column) * 256);
-  const auto down = static_cast<std::uint32_t>((top - line) * 256);
-  return mixedColor(mixedColor(pixelOf(pixels, column, line), pixelOf(pixels, column + 1, line), across),
-                    mixedColor(pixelOf(pixels, column, line + 1), pixelOf(pixels, column + 1, line + 1), across), down);
+  const double scale = one / static_cast<double>(1 << level);
+  // The middle of a pixel is where it has its colour; half a share is for rounding.
+  constexpr std::int64_t shift = one / 2 - (1 << (partBits - shareBits - 1));
+  std::int64_t x = std::llround(from.x * scale) - shift;
+  std::int64_t y = std::llround(from.y * scale) - shift;
+  const std::int64_t right = std::llround(step.x * scale);
+  const std::int64_t down = std::llround(step.y * scale);
+  for (std::uint32_t* pixel = onto; pixel < onto + count; ++pixel, x += right, y += down) {
+    *pixel = blended(colorBetween(pixels, x, y), *pixel);
+  }
 }
 
 std::uint32_t blended(std::uint32_t over, std::uint32_t under) {

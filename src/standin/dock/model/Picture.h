@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "standin/dock/model/Geometry.h"
+
 namespace tarnwell::standin {
 
 /// A rectangle of pixels, each premultiplied ARGB, row by row.
@@ -35,8 +37,9 @@ class Picture {
   /// The copy for a picture that is drawn at 1/`shrink` of its size.
   int levelFor(double shrink) const;
 
-  /// The colour at a place in pixels of the full size, blended from the four around it.
-  std::uint32_t colorAt(double x, double y, int level) const;
+  /// Lays what is along a straight line through the picture upon `count` pixels. Places are in pixels of the full size,
+  /// the middle of the first one is at 0.5; each colour is mixed from the four pixels around its place.
+  void layLine(std::uint32_t* onto, int count, const Point& from, const Point& step, int level) const;
 
  private:
   std::vector<Pixels> levels_;
