@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
@@ -41,6 +43,30 @@ TEST(EffectTest, everyEffectLooksUnlikeTheOthersAtItsMiddle) {
   EXPECT_GT(differences(genie, scale), clearly);
   EXPECT_GT(differences(genie, suck), clearly);
   EXPECT_GT(differences(scale, suck), clearly);
+}
+
+TEST(EffectTest, nothingUnpaintedShowsAtItsEdgesWherePointsAreNoWholePixels) {
+  const MacSystem system;
+  Display display;
+  constexpr std::uint32_t green = 0x00ff00;
+  display.openWindow(0, 0, Display::width, Display::height, green);
+  Words environment = system.environment();
+  environment.insert(environment.end(), {"DISPLAY=" + display.name(), "QT_SCALE_FACTOR=1.5"});
+  display.act("mousemove 640 799");
+  const Process dock({DOCK_PATH}, environment);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 1; }));
+  // The same places as elsewhere, in pixels.
+  display.act("mousemove 448 737");
+  EXPECT_TRUE(waitFor([&] { return display.color(448, 737) != green; }));
+  display.act("click 1");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  EXPECT_TRUE(waitFor([&] { return display.color(1000, 192) != green; }));
+  display.act("mousemove 1191 192 keydown Shift_L click 1 keyup Shift_L");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Minimizing") == 1; }));
+  constexpr std::uint32_t unpainted = 0;
+  do {
+    ASSERT_EQ(std::ranges::count(display.colors(0, 0, Display::width, 650), unpainted), 0);
+  } while (display.windowCount("Minimizing") == 1);
 }
 
 TEST(EffectTest, aMinimizedWindowComesBackWhereItWas) {

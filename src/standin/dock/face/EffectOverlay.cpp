@@ -28,6 +28,22 @@ Pixels pixelsOf(const QPixmap& pixmap) {
 
 bool isSolid(std::uint32_t color) { return color >> 24U >= 128; }
 
+/// From the first pixel of a line that is more than half opaque to behind the last one; empty where there is none.
+struct Solid {
+  int begin = 0;
+  int end = 0;
+};
+
+Solid solidPart(const Pixels& pixels, int line) {
+  const std::uint32_t* begin = pixels.row(line);
+  const std::uint32_t* end = begin + pixels.width;
+  const std::uint32_t* first = std::find_if(begin, end, isSolid);
+  while (end > first && !isSolid(*(end - 1))) {
+    --end;
+  }
+  return {.begin = static_cast<int>(first - begin), .end = static_cast<int>(end - begin)};
+}
+
 // What is left of a half-opaque pixel where nothing shines through it: the colour alone, or there would be a dark rim.
 std::uint32_t opaque(std::uint32_t color) { return qUnpremultiply(color) | 0xff000000U; }
 
@@ -88,24 +104,22 @@ void EffectOverlay::draw(double progress) {
   }
 }
 
-// Line by line from the first pixel that is more than half opaque to the last.
+// Line by line from the first pixel that is more than half opaque to the last. A line of points covers several of
+// pixels, of which the narrowest counts: nothing but what is painted may show.
 QRegion EffectOverlay::outline() const {
   std::vector<QRect> lines;
   for (int y = 0; y < height(); ++y) {
-    const int line = std::min(static_cast<int>((y + 0.5) * ratio_), canvas_.height - 1);
-    const std::uint32_t* begin = canvas_.row(line);
-    const std::uint32_t* end = begin + canvas_.width;
-    const std::uint32_t* first = std::find_if(begin, end, isSolid);
-    if (first == end) {
-      continue;
+    const int end = std::min(static_cast<int>(std::ceil((y + 1) * ratio_)), canvas_.height);
+    Solid narrowest{.begin = 0, .end = canvas_.width};
+    for (int line = static_cast<int>(y * ratio_); line < end; ++line) {
+      const Solid solid = solidPart(canvas_, line);
+      narrowest = {.begin = std::max(narrowest.begin, solid.begin), .end = std::min(narrowest.end, solid.end)};
     }
-    const std::uint32_t* last = end;
-    while (!isSolid(*(last - 1))) {
-      --last;
+    const int left = static_cast<int>(std::ceil(narrowest.begin / ratio_));
+    const int right = static_cast<int>(narrowest.end / ratio_);
+    if (left < right) {
+      lines.emplace_back(left, y, right - left, 1);
     }
-    const int left = static_cast<int>(std::lround(static_cast<double>(first - begin) / ratio_));
-    const int right = static_cast<int>(std::lround(static_cast<double>(last - begin) / ratio_));
-    lines.emplace_back(left, y, std::max(right - left, 1), 1);
   }
   QRegion region;
   region.setRects(lines.data(), static_cast<int>(lines.size()));
