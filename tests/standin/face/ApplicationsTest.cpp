@@ -156,5 +156,20 @@ TEST(ApplicationsTest, escapeEndsTheSpreadAndTheDockHidesAfterItHoweverOftenItWa
   dock.hide();
 }
 
+TEST(ApplicationsTest, noOtherKeyEndsTheSpreadWhereThereIsNoEscape) {
+  ShownDock dock;
+  Display& display = dock.display();
+  display.dropEscapeKey();
+  dock.write("scroll-to-open", "-bool true");
+  dock.start();
+  dock.reveal();
+  dock.click(ShownDock::notebook, 4);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 1; }));
+  display.act("key a");
+  EXPECT_FALSE(waitFor([&] { return display.windowCount("Windows") == 0; }, handAtRest));
+  dock.click(ShownDock::notebook, 4);
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Windows") == 0; }));
+}
+
 }  // namespace
 }  // namespace tarnwell::standin

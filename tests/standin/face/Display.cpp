@@ -1,5 +1,6 @@
 #include "standin/face/Display.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <functional>
@@ -70,6 +71,19 @@ void Display::openWindow(int x, int y, int wide, int high, std::uint32_t color) 
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
                     values.data());
   xcb_map_window(connection_.get(), window);
+  xcb_flush(connection_.get());
+}
+
+void Display::dropEscapeKey() {
+  constexpr xcb_keysym_t escape = 0xff1b;
+  const xcb_setup_t* setup = xcb_get_setup(connection_.get());
+  const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
+  const Reply<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+      connection_.get(), xcb_get_keyboard_mapping(connection_.get(), setup->min_keycode, count), nullptr));
+  xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
+  std::replace(symbols, symbols + xcb_get_keyboard_mapping_keysyms_length(mapping.get()), escape,
+               xcb_keysym_t{XCB_NO_SYMBOL});
+  xcb_change_keyboard_mapping(connection_.get(), count, setup->min_keycode, mapping->keysyms_per_keycode, symbols);
   xcb_flush(connection_.get());
 }
 

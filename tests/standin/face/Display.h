@@ -41,6 +41,9 @@ class Display {
   /// Opens a window of the test's own, of one colour and without a frame that a window manager would give it.
   void openWindow(int x, int y, int wide, int high, std::uint32_t color);
 
+  /// Takes the Escape key from the keyboard.
+  void dropEscapeKey();
+
   /// Whether a button of the mouse was pressed on one of those since the call before.
   bool wasPressed();
 

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tarnwell::standin {
 namespace {
@@ -41,19 +42,20 @@ bool hasCompositor(xcb_connection_t* display, int screen) {
   return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
-// The key that has Escape on its first level; no key when there is none.
-xcb_keycode_t escapeKey(xcb_connection_t* display) {
+// The keys that have Escape on their first level.
+std::vector<xcb_keycode_t> escapeKeys(xcb_connection_t* display) {
   constexpr xcb_keysym_t escape = 0xff1b;
   const xcb_setup_t* setup = xcb_get_setup(display);
   const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
   const Reply<xcb_get_keyboard_mapping_reply_t> mapping(
       xcb_get_keyboard_mapping_reply(display, xcb_get_keyboard_mapping(display, setup->min_keycode, count), nullptr));
+  std::vector<xcb_keycode_t> keys;
   for (std::size_t key = 0; mapping && key < count; ++key) {
     if (xcb_get_keyboard_mapping_keysyms(mapping.get())[key * mapping->keysyms_per_keycode] == escape) {
-      return static_cast<xcb_keycode_t>(setup->min_keycode + key);
+      keys.push_back(static_cast<xcb_keycode_t>(setup->min_keycode + key));
     }
   }
-  return XCB_NO_SYMBOL;
+  return keys;
 }
 
 // Until the server has done what the toolkit has asked for: between two connections there is no order.
@@ -151,15 +153,17 @@ void X11Surface::stackEdge(std::uint32_t place) {
 // numbers, but not with any other modifier: window managers have uses for those, and would have all of it refused.
 void X11Surface::watchEscape(bool isWatched) {
   if (isWatched) {
-    escape_ = escapeKey(display_.get());
+    escapes_ = escapeKeys(display_.get());
   }
   constexpr std::array<std::uint16_t, 4> locks = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
                                                   XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
-  for (const std::uint16_t locked : locks) {
-    if (isWatched) {
-      xcb_grab_key(display_.get(), 0, root_, locked, escape_, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    } else {
-      xcb_ungrab_key(display_.get(), escape_, root_, locked);
+  for (const xcb_keycode_t key : escapes_) {
+    for (const std::uint16_t locked : locks) {
+      if (isWatched) {
+        xcb_grab_key(display_.get(), 0, root_, locked, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+      } else {
+        xcb_ungrab_key(display_.get(), key, root_, locked);
+      }
     }
   }
   xcb_flush(display_.get());

@@ -7,6 +7,7 @@
 #include <QtCore/QTimer>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "standin/dock/face/Surface.h"
 
@@ -52,7 +53,7 @@ class X11Surface final : public Surface {
   Connection display_;
   xcb_window_t root_ = 0;
   xcb_window_t edge_ = 0;
-  xcb_keycode_t escape_ = XCB_NO_SYMBOL;
+  std::vector<xcb_keycode_t> escapes_;
   int edgeHeight_ = 1;
   bool blends_ = false;
   QPointer<QWidget> dock_;
