@@ -50,7 +50,8 @@ void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
   arrange();
   behind_ = behind;
   backdrop_ = dimmed(behind);
-  from_ = 0;
+  // They go on from where they are.
+  from_ = isVisible() ? share() : 0;
   turn(true);
   show();
   raise();
