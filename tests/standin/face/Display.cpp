@@ -74,6 +74,19 @@ void Display::openWindow(int x, int y, int wide, int high, std::uint32_t color) 
   xcb_flush(connection_.get());
 }
 
+void Display::disconnectOwnerOfEdge() {
+  const Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), root_), nullptr));
+  const xcb_window_t* windows = xcb_query_tree_children(tree.get());
+  const xcb_window_t* end = windows + xcb_query_tree_children_length(tree.get());
+  const xcb_window_t* edge = std::find_if(windows, end, [&](xcb_window_t each) { return isEdge(each); });
+  if (edge == end) {
+    throw std::runtime_error("no window along the lower edge");
+  }
+  xcb_kill_client(connection_.get(), *edge);
+  xcb_flush(connection_.get());
+}
+
 void Display::dropEscapeKey() {
   constexpr xcb_keysym_t escape = 0xff1b;
   const xcb_setup_t* setup = xcb_get_setup(connection_.get());
@@ -110,6 +123,15 @@ bool Display::isMapped(xcb_window_t window) const {
   const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
       connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
   return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool Display::isEdge(xcb_window_t window) const {
+  const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+      connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
+  const Reply<xcb_get_geometry_reply_t> place(
+      xcb_get_geometry_reply(connection_.get(), xcb_get_geometry(connection_.get(), window), nullptr));
+  return attributes && place && attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY && place->width == width &&
+         place->y + place->height == height;
 }
 
 std::string Display::title(xcb_window_t window) const {

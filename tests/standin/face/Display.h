@@ -41,6 +41,9 @@ class Display {
   /// Opens a window of the test's own, of one colour and without a frame that a window manager would give it.
   void openWindow(int x, int y, int wide, int high, std::uint32_t color);
 
+  /// Closes the connection of the program whose invisible window lies along the lower edge.
+  void disconnectOwnerOfEdge();
+
   /// Takes the Escape key from the keyboard.
   void dropEscapeKey();
 
@@ -56,6 +59,7 @@ class Display {
   };
 
   bool isMapped(xcb_window_t window) const;
+  bool isEdge(xcb_window_t window) const;
   std::string title(xcb_window_t window) const;
 
   fixtures::Sandbox folder_;

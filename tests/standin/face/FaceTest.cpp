@@ -144,6 +144,16 @@ TEST(FaceTest, leavesClicksAtTheLowerEdgeToTheWindowsThere) {
   dock.reveal();
 }
 
+TEST(FaceTest, isStartedAgainWhenItsEdgeIsTakenAway) {
+  ShownDock dock;
+  dock.start();
+  const pid_t before = dock.process();
+  dock.display().disconnectOwnerOfEdge();
+  EXPECT_TRUE(waitFor([&] { return dock.process() != before; }));
+  dock.hide();
+  dock.reveal();
+}
+
 // The processor time of all threads, in clock ticks, and how often one of them went to sleep.
 std::pair<long, long> effort(pid_t process) {
   std::pair<long, long> sum;
