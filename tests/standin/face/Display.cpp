@@ -63,15 +63,49 @@ void Display::act(const std::string& words) const {
   }
 }
 
-void Display::openWindow(int x, int y, int wide, int high, std::uint32_t color) {
+xcb_window_t Display::openWindow(int x, int y, int wide, int high, std::uint32_t color) {
+  return open(x, y, wide, high, color, Kind::window);
+}
+
+xcb_window_t Display::openMenu(int x, int y, int wide, int high, std::uint32_t color) {
+  return open(x, y, wide, high, color, Kind::menu);
+}
+
+xcb_window_t Display::open(int x, int y, int wide, int high, std::uint32_t color, Kind kind) {
   const xcb_window_t window = xcb_generate_id(connection_.get());
-  const std::array<std::uint32_t, 2> values = {color, XCB_EVENT_MASK_BUTTON_PRESS};
+  const std::array<std::uint32_t, 3> values = {color, kind == Kind::menu ? 1U : 0U, XCB_EVENT_MASK_BUTTON_PRESS};
   xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window, root_, static_cast<std::int16_t>(x),
                     static_cast<std::int16_t>(y), static_cast<std::uint16_t>(wide), static_cast<std::uint16_t>(high), 0,
-                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
-                    values.data());
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                    XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
   xcb_map_window(connection_.get(), window);
   xcb_flush(connection_.get());
+  return window;
+}
+
+void Display::raise(xcb_window_t window) {
+  constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+  xcb_configure_window(connection_.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  xcb_flush(connection_.get());
+}
+
+void Display::focus(xcb_window_t window) {
+  xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+  xcb_flush(connection_.get());
+}
+
+xcb_window_t Display::focused() const {
+  const Reply<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+  return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool Display::wasPressed() {
+  bool isPressed = false;
+  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+    isPressed = isPressed || (event->response_type & 0x7f) == XCB_BUTTON_PRESS;
+  }
+  return isPressed;
 }
 
 void Display::disconnectOwnerOfEdge() {
@@ -98,14 +132,6 @@ void Display::dropEscapeKey() {
                xcb_keysym_t{XCB_NO_SYMBOL});
   xcb_change_keyboard_mapping(connection_.get(), count, setup->min_keycode, mapping->keysyms_per_keycode, symbols);
   xcb_flush(connection_.get());
-}
-
-bool Display::wasPressed() {
-  bool isPressed = false;
-  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
-    isPressed = isPressed || (event->response_type & 0x7f) == XCB_BUTTON_PRESS;
-  }
-  return isPressed;
 }
 
 int Display::windowCount(const std::string& title) const {

@@ -39,7 +39,19 @@ class Display {
   void act(const std::string& words) const;
 
   /// Opens a window of the test's own, of one colour and without a frame that a window manager would give it.
-  void openWindow(int x, int y, int wide, int high, std::uint32_t color);
+  xcb_window_t openWindow(int x, int y, int wide, int high, std::uint32_t color);
+
+  /// One of the kind that menus are, which no window manager would touch.
+  xcb_window_t openMenu(int x, int y, int wide, int high, std::uint32_t color);
+
+  /// Puts one of those above all windows.
+  void raise(xcb_window_t window);
+
+  /// Gives the keyboard to one of those.
+  void focus(xcb_window_t window);
+
+  /// Which window has the keyboard.
+  xcb_window_t focused() const;
 
   /// Closes the connection of the program whose invisible window lies along the lower edge.
   void disconnectOwnerOfEdge();
@@ -58,6 +70,9 @@ class Display {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
   };
 
+  enum class Kind { window, menu };
+
+  xcb_window_t open(int x, int y, int wide, int high, std::uint32_t color, Kind kind);
   bool isMapped(xcb_window_t window) const;
   bool isEdge(xcb_window_t window) const;
   std::string title(xcb_window_t window) const;

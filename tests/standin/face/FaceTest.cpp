@@ -131,6 +131,54 @@ TEST(FaceTest, staysAboveWindowsThatComeLater) {
   EXPECT_TRUE(waitFor([&] { return isCovered() && shelf() != green; }));
 }
 
+TEST(FaceTest, staysAboveWindowsThatAreRaised) {
+  ShownDock dock;
+  Display& display = dock.display();
+  constexpr std::uint32_t green = 0x00ff00;
+  constexpr std::uint32_t blue = 0x0000ff;
+  constexpr int line = Display::height - 40;
+  dock.start();
+  dock.reveal();
+  const xcb_window_t window = display.openWindow(0, 600, Display::width, 200, green);
+  const auto isShelfCovered = [&] { return display.color(422, line) == green; };
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_TRUE(waitFor([&] { return display.color(20, line) == green && !isShelfCovered(); }));
+    display.raise(window);
+    EXPECT_TRUE(waitFor([&] { return !isShelfCovered(); }));
+    // The other time with a menu between them, which is above the dock as well.
+    display.openMenu(0, 0, 10, 10, blue);
+    EXPECT_TRUE(waitFor([&] { return display.color(5, 5) == blue; }));
+  }
+  // Hidden, it finds its way through them.
+  display.act("mousemove 640 300");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 0; }));
+  display.raise(window);
+  display.act("mousemove 640 799");
+  EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 1 && !isShelfCovered(); }));
+}
+
+TEST(FaceTest, takesTheKeyboardFromNobody) {
+  ShownDock dock;
+  Display& display = dock.display();
+  const xcb_window_t window = display.openWindow(0, 0, 200, 200, 0x00ff00);
+  EXPECT_TRUE(waitFor([&] { return display.color(100, 100) == 0x00ff00; }));
+  display.focus(window);
+  ASSERT_EQ(display.focused(), window);
+  dock.start();
+  EXPECT_EQ(display.focused(), window);
+  dock.hide();
+  dock.reveal();
+  display.act("mousemove " + std::to_string(ShownDock::iconColumn(ShownDock::notebook)) + " " +
+              std::to_string(ShownDock::iconLine));
+  constexpr int labelLine = Display::height - 111;
+  EXPECT_TRUE(waitFor([&] { return display.color(ShownDock::iconColumn(ShownDock::notebook), labelLine) != 0; }));
+  EXPECT_EQ(display.focused(), window);
+  constexpr int trash = 889;
+  display.act("mousemove " + std::to_string(trash) + " " + std::to_string(ShownDock::iconLine) + " click 1");
+  dock.hide();
+  EXPECT_EQ(display.focused(), window);
+}
+
 TEST(FaceTest, leavesClicksAtTheLowerEdgeToTheWindowsThere) {
   ShownDock dock;
   dock.start();

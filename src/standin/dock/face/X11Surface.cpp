@@ -178,7 +178,11 @@ void X11Surface::setEdgeHeight(int points) {
 void X11Surface::setScheme(Scheme /*scheme*/) {}
 
 void X11Surface::makeEdge() {
+  // First, or windows that come meanwhile would be missed.
+  constexpr std::uint32_t stacking = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+  xcb_change_window_attributes(display_.get(), root_, XCB_CW_EVENT_MASK, &stacking);
   edge_ = xcb_generate_id(display_.get());
+  above_ = WindowsAbove(edge_);
   const std::array<std::uint32_t, 2> values = {1, XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW};
   xcb_create_window(display_.get(), 0, edge_, root_, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
                     XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
@@ -187,8 +191,6 @@ void X11Surface::makeEdge() {
   // A press waits until it is said what becomes of it.
   xcb_grab_button(display_.get(), 0, edge_, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC, XCB_GRAB_MODE_ASYNC,
                   XCB_NONE, XCB_NONE, XCB_BUTTON_INDEX_ANY, XCB_MOD_MASK_ANY);
-  constexpr std::uint32_t stacking = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-  xcb_change_window_attributes(display_.get(), root_, XCB_CW_EVENT_MASK, &stacking);
   xcb_flush(display_.get());
 }
 
@@ -238,6 +240,7 @@ void X11Surface::hearAll() {
 
 void X11Surface::hear(const xcb_generic_event_t& event) {
   constexpr std::uint8_t sentByClient = 0x80;
+  above_.take(event);
   switch (event.response_type & ~sentByClient) {
     case XCB_ENTER_NOTIFY:
     case XCB_LEAVE_NOTIFY: {
@@ -268,10 +271,10 @@ void X11Surface::hear(const xcb_generic_event_t& event) {
   }
 }
 
-// Another program that wants to be on top of everything is left alone: menus belong there, and two of that kind would
-// never rest.
+// A window that is only moved about is none of its business. Another program that wants to be on top of everything is
+// left alone: menus belong there, and two of that kind would never rest.
 void X11Surface::goAbove(xcb_window_t window, bool isOnTop) {
-  if (!isOnTop && !isOwn(window)) {
+  if (!isOnTop && above_.contains(window) && !isOwn(window)) {
     raiseSoon_.start();
   }
 }

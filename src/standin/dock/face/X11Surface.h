@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "standin/dock/face/Surface.h"
+#include "standin/dock/face/WindowsAbove.h"
 
 namespace tarnwell::standin {
 
@@ -54,6 +55,7 @@ class X11Surface final : public Surface {
   xcb_window_t root_ = 0;
   xcb_window_t edge_ = 0;
   std::vector<xcb_keycode_t> escapes_;
+  WindowsAbove above_;
   int edgeHeight_ = 1;
   bool blends_ = false;
   QPointer<QWidget> dock_;
