@@ -5,7 +5,6 @@
 #include <QtWidgets/QMenu>
 #include <algorithm>
 #include <chrono>
-#include <ranges>
 
 namespace tarnwell::standin {
 namespace {
@@ -64,9 +63,8 @@ void DockScene::begin() {
 
 // Whoever uses another program when the dock starts goes on using it.
 void DockScene::lowerWindows() {
-  for (const auto& [key, window] : std::views::reverse(windows_)) {
-    window->lower();
-  }
+  // The first one ends up below all the others.
+  std::for_each(windows_.rbegin(), windows_.rend(), [](const auto& each) { each.second->lower(); });
 }
 
 void DockScene::setScheme(Scheme scheme) {
