@@ -100,6 +100,16 @@ TEST_F(WindowSurfaceTest, documentsHearOfKeysOnceTheyWereClicked) {
   EXPECT_TRUE(waitFor([&] { return !showsIdeas(); }));
 }
 
+TEST_F(WindowSurfaceTest, aWindowOnItsWayIntoTheDockIsAboveIt) {
+  start();
+  reveal();
+  clickNotebook();
+  EXPECT_TRUE(waitFor([&] { return showsIdeas(); }));
+  display().act("mousemove 794 128 keydown Shift_L click 1 keyup Shift_L");
+  // On the shelf, which is never as white as a page, but above the icons.
+  EXPECT_TRUE(waitFor([&] { return display().color(735, iconLine - 25) == 0xffffff; }));
+}
+
 TEST_F(WindowSurfaceTest, windowsSpreadOutOverAllOfItThroughoutAChangeOfItsSize) {
   write("scroll-to-open", "-bool true");
   start();

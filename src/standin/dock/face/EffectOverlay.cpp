@@ -52,7 +52,7 @@ std::uint32_t opaque(std::uint32_t color) { return qUnpremultiply(color) | 0xff0
 EffectOverlay::EffectOverlay(Surface& surface) : surface_(surface), frames_([this] { return frame(); }) {
   setWindowTitle(QStringLiteral("Minimizing"));
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  surface_.adopt(*this, Surface::Role::overlay);
+  surface_.adopt(*this, Surface::Role::effect);
   setWindowFlag(Qt::WindowTransparentForInput);
 }
 

@@ -18,6 +18,7 @@ class Surface {
   enum class Role {
     dock,      // above everything, takes no focus
     overlay,   // for a while above everything but the dock, takes no focus
+    effect,    // for a while above all of it, takes neither focus nor pointer
     document,  // an ordinary window
   };
 

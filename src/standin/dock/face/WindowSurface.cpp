@@ -41,7 +41,7 @@ WindowSurface::WindowSurface()
 WindowSurface::~WindowSurface() = default;
 
 void WindowSurface::adopt(QWidget& widget, Role role) {
-  widget.setParent(role == Role::dock ? this : floor_);
+  widget.setParent(role == Role::dock || role == Role::effect ? this : floor_);
   edge_->raise();
 }
 

@@ -32,7 +32,7 @@ class WindowSurface final : public Surface, private QWidget {
   void placeParts();
 
   Look look_ = Look::of(Scheme::light);
-  QWidget* floor_;  // below the dock, with all the rest: nothing there ever covers it
+  QWidget* floor_;  // below the dock, with all that could take the pointer from it
   EdgeStrip* edge_;
   int edgeHeight_ = 1;
   bool isEscapeWatched_ = false;
