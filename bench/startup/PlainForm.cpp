@@ -1,5 +1,7 @@
-// The Dock tab from the toolkit's own controls, with nothing behind them: what the same picture costs without us.
+// The Dock tab from the toolkit's own controls, with nothing behind them: what the same picture costs without us. With
+// the argument "reading" it first reads the seven settings, by the commands that the application reads them with.
 
+#include <QtCore/QProcess>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -56,12 +58,25 @@ QWidget* makePage() {
   return page;
 }
 
+void readSettings() {
+  for (const char* key : {"autohide-time-modifier", "autohide-delay", "mineffect", "scroll-to-open", "showhidden",
+                          "single-app", "static-only"}) {
+    QProcess command;
+    command.start(QStringLiteral("/bin/zsh"),
+                  {QStringLiteral("-c"), QStringLiteral("defaults read com.apple.dock ") + QLatin1String(key)});
+    command.waitForFinished();
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   constexpr int width = 600;
   constexpr int height = 700;
   const QApplication application(argc, argv);
+  if (QApplication::arguments().value(1) == QLatin1String("reading")) {
+    readSettings();
+  }
   QMainWindow window;
   for (const char* title : {"File", "Edit", "View", "Window", "Help"}) {
     window.menuBar()->addMenu(QString::fromUtf8(title));
