@@ -46,14 +46,12 @@ AboutPanel::AboutPanel(const Content& content) {
   setFonts();
 }
 
-void AboutPanel::orderFront() {
-  // A menu of ours counts as activity of the application, also over somebody else's window.
-  const bool active = QGuiApplication::focusWindow() != nullptr;
-  setAttribute(Qt::WA_ShowWithoutActivating, !active);
+void AboutPanel::orderFront(Manner manner) {
+  setAttribute(Qt::WA_ShowWithoutActivating, manner == Manner::quiet);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
-  if (active) {
+  if (manner == Manner::inFront) {
     activateWindow();
   }
 }

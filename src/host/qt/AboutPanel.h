@@ -19,8 +19,8 @@ class AboutPanel final : public Panel {
 
   explicit AboutPanel(const Content& content);
 
-  /// In front of the application's other windows; with the keyboard only if the application has it already.
-  void orderFront();
+  /// In front of the application's other windows.
+  void orderFront(Manner manner);
 
  protected:
   void changeEvent(QEvent* event) override;

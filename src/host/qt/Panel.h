@@ -11,6 +11,9 @@ namespace tarnwell::host_qt {
 /// A small window beside those of the application's scenes. Escape and Control-W close it.
 class Panel : public QWidget {
  public:
+  /// In front of all with the keyboard, or without taking the keyboard from anybody.
+  enum class Manner { inFront, quiet };
+
   /// Where the key equivalents go that the panel has no use for.
   void setKeyEquivalents(std::function<void(const kit::KeyEvent&)> keys) { keys_ = std::move(keys); }
 

@@ -36,6 +36,8 @@ void forEachWindow(const Visit& visit) {
   }
 }
 
+bool isMenu(const QWindow* window) { return window != nullptr && window->type() == Qt::Popup; }
+
 bool isPanel(const QWindow* window) {
   const auto widgets = QApplication::topLevelWidgets();
   return window != nullptr && std::ranges::any_of(widgets, [window](QWidget* widget) {
@@ -116,7 +118,7 @@ void QtPlatform::orderFrontStandardAboutPanel() {
       }
     });
   }
-  aboutPanel_->orderFront();
+  aboutPanel_->orderFront(isInFront_ ? Panel::Manner::inFront : Panel::Manner::quiet);
 }
 
 void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
@@ -149,7 +151,10 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
 
 void QtPlatform::followKeyWindow(kit::Application& application) {
   QObject::connect(
-      qApp, &QGuiApplication::focusWindowChanged, &context_, [known = weak(application)](QWindow* focused) noexcept {
+      qApp, &QGuiApplication::focusWindowChanged, &context_,
+      [this, known = weak(application)](QWindow* focused) noexcept {
+        // A menu of ours may stand over somebody else's window, and has the focus there as well.
+        isInFront_ = isMenu(focused) ? isInFront_ : focused != nullptr;
         const auto alive = known.lock();
         if (!alive) {
           return;

@@ -65,6 +65,7 @@ class QtPlatform final : public kit::Platform {
   std::unique_ptr<AboutPanel> aboutPanel_;
   std::optional<kit::AppleEvent> currentEvent_;
   bool turnIsDue_ = false;
+  bool isInFront_ = false;  // One of our windows has the keyboard.
 };
 
 }  // namespace tarnwell::host_qt

@@ -14,8 +14,6 @@ class Theme;
 /// answer was not followed by another page. Return presses the default button.
 class UpdatePanel final : public Panel {
  public:
-  enum class Manner { inFront, quiet };
-
   explicit UpdatePanel(const Theme& theme);
 
   /// A quiet page does not take the keyboard from any other window, and stays behind those that came after the panel.

@@ -24,8 +24,18 @@ TEST(AboutPanelTest, doesNotBringTheProgramToTheFront) {
   EXPECT_EQ(fixtures::exitStatusOf([] {
               const auto application = started();
               AboutPanel panel({.name = "Tarnwell", .version = "1", .copyright = "©"});
-              panel.orderFront();
+              panel.orderFront(Panel::Manner::quiet);
               return panel.isVisible() && panel.testAttribute(Qt::WA_ShowWithoutActivating) ? 0 : 1;
+            }),
+            0);
+}
+
+TEST(AboutPanelTest, takesTheKeyboardWhereTheProgramIsInFront) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const auto application = started();
+              AboutPanel panel({.name = "Tarnwell", .version = "1", .copyright = "©"});
+              panel.orderFront(Panel::Manner::inFront);
+              return panel.isVisible() && !panel.testAttribute(Qt::WA_ShowWithoutActivating) ? 0 : 1;
             }),
             0);
 }
