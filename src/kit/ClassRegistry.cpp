@@ -21,12 +21,4 @@ std::shared_ptr<Object> ClassRegistry::make(const std::string& name, Application
   return found == classes().end() ? nullptr : found->second(application);
 }
 
-std::vector<std::string> ClassRegistry::names() {
-  std::vector<std::string> names;
-  for (const auto& [name, make] : classes()) {
-    names.push_back(name);
-  }
-  return names;
-}
-
 }  // namespace tarnwell::kit

@@ -3,7 +3,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "kit/Object.h"
 
@@ -23,8 +22,6 @@ class ClassRegistry {
 
   /// Null for a name that no class has.
   static std::shared_ptr<Object> make(const std::string& name, Application& application);
-
-  static std::vector<std::string> names();
 };
 
 }  // namespace tarnwell::kit

@@ -1,0 +1,31 @@
+#include <cstdlib>
+
+#include "host/headless/HeadlessLog.h"
+#include "host/headless/HeadlessLoginItem.h"
+#include "host/headless/Journal.h"
+#include "host/qt/QtApplication.h"
+#include "host/qt/QtPlatform.h"
+#include "kit/Application.h"
+#include "kit/ClassRegistry.h"
+
+using namespace tarnwell;
+
+// A program whose application has the delegate that the released one leaves alone.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  const auto toolkit = host_qt::QtApplication::create(argc, argv);
+  if (!toolkit) {
+    return EXIT_FAILURE;
+  }
+  host_headless::Journal journal;
+  host_headless::HeadlessLoginItem loginItem(journal);
+  host_headless::HeadlessLog log;
+  host_qt::QtPlatform platform(*toolkit, {.loginItem = &loginItem, .log = &log});
+  const auto application = kit::Application::create(platform);
+  platform.showMainMenu(application->mainMenu());
+  const auto delegate = kit::ClassRegistry::make("AppDelegate", *application);
+  application->setDelegate(delegate);
+  platform.launch(*application, {.eventID = kit::openApplicationEvent});
+  const int status = toolkit->run();
+  application->setDelegate(nullptr);
+  return status;
+}
