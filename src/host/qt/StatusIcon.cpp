@@ -38,7 +38,7 @@ void StatusIcon::popUp(kit::Menu& menu) { MenuWidget(item_.application(), menu, 
 bool StatusIcon::eventFilter(QObject* object, QEvent* event) noexcept {
   if (event->type() == QEvent::ApplicationPaletteChange && object == qApp) {
     imageChanged();
-  } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+  } else if (event->type() == QEvent::MouseButtonPress) {
     heldButton_ = std::nullopt;
   } else if (event->type() == QEvent::MouseButtonRelease && heldButton_) {
     // Not from here, since a menu that opens comes back only when it has closed.

@@ -117,10 +117,7 @@ void ShelfPainter::paintShelf(QPainter& painter, const Frame& frame, const QPixm
     path.addRoundedRect(shelf, shelfRadius, shelfRadius);
     painter.save();
     painter.setPen(Qt::NoPen);
-    QBrush brush(behind);
-    const double ratio = behind.devicePixelRatio();
-    brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
-    painter.fillPath(path, brush);
+    painter.fillPath(path, QBrush(behind));
     painter.restore();
   }
   painter.setPen(Qt::NoPen);
