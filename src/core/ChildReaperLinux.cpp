@@ -1,5 +1,4 @@
 #include <sys/epoll.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,7 +7,8 @@
 #include <utility>
 
 #include "core/ChildReaper.h"
-#include "core/SystemFault.h"
+#include "core/ProcessDescriptor.h"
+#include "core/RequiredDescriptor.h"
 
 namespace tarnwell::core {
 namespace {
@@ -23,18 +23,9 @@ bool hasEnded(idtype_t type, int number) {
   return info.si_pid != 0;
 }
 
-/// The C library's own declaration is missing in older versions and unusable from C++ in others.
-Descriptor processDescriptor(pid_t child) {
-  return aboveStandardStreams(Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0))));
-}
-
 }  // namespace
 
-ChildReaper::ChildReaper() : events_(aboveStandardStreams(Descriptor(::epoll_create1(EPOLL_CLOEXEC)))) {
-  if (events_.isEmpty()) {
-    systemFault("watch children", errno);
-  }
-}
+ChildReaper::ChildReaper() : events_(requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch children")) {}
 
 void ChildReaper::watch(pid_t child) {
   reapUnwatched();

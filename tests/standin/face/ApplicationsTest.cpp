@@ -62,8 +62,7 @@ TEST(ApplicationsTest, aButtonThatIsLetGoAwayFromTheIconDoesNothing) {
     dock.hide();
     dock.reveal();
   }
-  dock.click(ShownDock::notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.openNotebook();
 }
 
 TEST(ApplicationsTest, onlyRunningApplicationsAreThereWhereThatIsSet) {
@@ -87,8 +86,7 @@ TEST(ApplicationsTest, aClickHidesTheOthersWhereThatIsSet) {
     dock.write("single-app", isSet ? "-bool true" : "-bool false");
     dock.start();
     dock.reveal();
-    dock.click(ShownDock::notebook);
-    EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == 1; }));
+    dock.openNotebook();
     dock.click(ShownDock::album);
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == (isSet ? 0 : 1); })) << isSet;
@@ -100,8 +98,7 @@ TEST(ApplicationsTest, windowsOfARestartedDockAreBelowTheOthers) {
   Display& display = dock.display();
   dock.start();
   dock.reveal();
-  dock.click(ShownDock::notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.openNotebook();
   dock.hide();
   constexpr std::uint32_t green = 0x00ff00;
   display.openWindow(400, 100, 500, 450, green);
@@ -120,8 +117,7 @@ TEST(ApplicationsTest, scrollingUpSpreadsTheWindowsOutWhereThatIsSet) {
   const Display& display = dock.display();
   dock.start();
   dock.reveal();
-  dock.click(ShownDock::notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.openNotebook();
   dock.click(ShownDock::notebook, 4);
   dock.write("scroll-to-open", "-bool true");
   dock.restart();

@@ -21,8 +21,7 @@ Colors middleOf(const std::string& effect) {
   dock.write("mineffect", "-string " + effect);
   dock.start();
   dock.reveal();
-  dock.click(ShownDock::notebook);
-  EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == 1; }));
+  dock.openNotebook();
   dock.display().act("mousemove 802 128 keydown Shift_L click 1 keyup Shift_L");
   EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Minimizing") == 1; }));
   std::map<ShownDock::Clock::time_point, Colors> seen;
@@ -73,9 +72,8 @@ TEST(EffectTest, aMinimizedWindowComesBackWhereItWas) {
   ShownDock dock;
   dock.start();
   dock.reveal();
-  dock.click(ShownDock::notebook);
+  dock.openNotebook();
   const Display& display = dock.display();
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
   dock.hide();
   EXPECT_TRUE(waitFor([&] { return display.color(800, 350) != 0; }));
   display.act("mousemove 900 400");
@@ -98,8 +96,7 @@ TEST(EffectTest, anApplicationThatIsHiddenOnTheWayOutOfTheDockLeavesNothingBehin
   const Display& display = dock.display();
   dock.start();
   dock.reveal();
-  dock.click(ShownDock::notebook);
-  EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 1; }));
+  dock.openNotebook();
   display.act("mousemove 802 128 click 1");
   EXPECT_TRUE(waitFor([&] { return display.windowCount("Ideas") == 0 && display.windowCount("Minimizing") == 0; }));
   dock.reveal();

@@ -56,6 +56,11 @@ void ShownDock::click(int application, int button) const {
                std::to_string(button));
 }
 
+void ShownDock::openNotebook() const {
+  click(notebook);
+  EXPECT_TRUE(waitFor([this] { return display_.windowCount("Ideas") == 1; }));
+}
+
 std::size_t ShownDock::starts() const {
   const std::string log = this->log();
   return static_cast<std::size_t>(std::ranges::count(log, '\n'));

@@ -46,6 +46,9 @@ class ShownDock {
   /// Moves the pointer to an icon and clicks with a button.
   void click(int application, int button = 1) const;
 
+  /// Clicks the notebook and waits for its document "Ideas".
+  void openNotebook() const;
+
   pid_t process() const;
   std::size_t starts() const;
   const Display& display() const { return display_; }

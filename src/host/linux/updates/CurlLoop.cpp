@@ -15,6 +15,7 @@
 #include <utility>
 #include <variant>
 
+#include "core/RequiredDescriptor.h"
 #include "core/SystemFault.h"
 #include "diagnostics/Fault.h"
 
@@ -58,14 +59,6 @@ CURLM* newMulti(const CurlLibrary& curl) {
   return multi;
 }
 
-core::Descriptor required(int number, const char* action) {
-  auto descriptor = core::aboveStandardStreams(core::Descriptor(number));
-  if (descriptor.isEmpty()) {
-    core::systemFault(action, errno);
-  }
-  return descriptor;
-}
-
 std::uint32_t eventsFor(int wanted) {
   const bool reads = wanted == CURL_POLL_IN || wanted == CURL_POLL_INOUT;
   const bool writes = wanted == CURL_POLL_OUT || wanted == CURL_POLL_INOUT;
@@ -81,8 +74,8 @@ int conditionsOf(std::uint32_t events) {
 }  // namespace
 
 CurlLoop::CurlLoop(std::string libraryName)
-    : events_(required(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
-      timer_(required(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
+    : events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
+      timer_(core::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
       libraryName_(std::move(libraryName)) {
   watch(timer_.number(), CURL_POLL_IN);
 }

@@ -16,6 +16,8 @@
 #include <string_view>
 #include <utility>
 
+#include "core/ProcessDescriptor.h"
+#include "core/RequiredDescriptor.h"
 #include "core/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
@@ -46,16 +48,12 @@ WordPipe makeWordPipe() {
           .writing = core::aboveStandardStreams(core::Descriptor(ends[1]))};
 }
 
-/// The C library's own declarations are missing in older versions and unusable from C++ in others.
-core::Descriptor descriptorOf(pid_t process) {
-  return core::aboveStandardStreams(core::Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0))));
-}
-
 bool ends(int process, int milliseconds) {
   pollfd state = {.fd = process, .events = POLLIN, .revents = 0};
   return ::poll(&state, 1, milliseconds) > 0;
 }
 
+// The C library's own declaration is missing in older versions and unusable from C++ in others.
 void kill(int process) { ::syscall(SYS_pidfd_send_signal, process, SIGKILL, nullptr, 0); }
 
 /// Keeps signals from reaching the handlers of this process in its copy.
@@ -134,11 +132,7 @@ class ForkedWorker::Copy final : public Worker::Job {
   Ended ended_;
 };
 
-ForkedWorker::ForkedWorker() : events_(core::aboveStandardStreams(core::Descriptor(::epoll_create1(EPOLL_CLOEXEC)))) {
-  if (events_.isEmpty()) {
-    core::systemFault("watch work", errno);
-  }
-}
+ForkedWorker::ForkedWorker() : events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch work")) {}
 
 ForkedWorker::~ForkedWorker() {
   while (!buried_.empty()) {
@@ -165,7 +159,7 @@ std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
     }
   }
   // Where there is no copy, nobody is left who could write: it ends without a word.
-  core::Descriptor descriptor = process > 0 ? descriptorOf(process) : core::Descriptor();
+  core::Descriptor descriptor = process > 0 ? core::processDescriptor(process) : core::Descriptor();
   if (process > 0 && descriptor.isEmpty()) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);

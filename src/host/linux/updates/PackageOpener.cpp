@@ -1,7 +1,6 @@
 #include "host/linux/updates/PackageOpener.h"
 
 #include <sys/epoll.h>
-#include <sys/syscall.h>
 #include <sys/timerfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,31 +10,22 @@
 #include <csignal>
 #include <utility>
 
+#include "core/ProcessDescriptor.h"
+#include "core/RequiredDescriptor.h"
 #include "core/SystemFault.h"
 #include "host/linux/StartProgram.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
 
-core::Descriptor needed(int number) {
-  auto descriptor = core::aboveStandardStreams(core::Descriptor(number));
-  if (descriptor.isEmpty()) {
-    core::systemFault("watch an installation", errno);
-  }
-  return descriptor;
-}
-
-/// The C library's own declaration is missing in older versions and unusable from C++ in others.
-core::Descriptor watchOn(pid_t child) {
-  return core::aboveStandardStreams(core::Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0))));
-}
+constexpr const char* watching = "watch an installation";
 
 }  // namespace
 
 PackageOpener::PackageOpener(std::chrono::milliseconds patience)
     : patience_(patience),
-      events_(needed(::epoll_create1(EPOLL_CLOEXEC))),
-      timer_(needed(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))) {
+      events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), watching)),
+      timer_(core::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), watching)) {
   watch(timer_.number());
 }
 
@@ -46,7 +36,7 @@ std::optional<Failure> PackageOpener::open(const std::filesystem::path& file, Op
                    ". Install the program, which is in the package xdg-utils, and try again."};
   }
   const pid_t process = std::get<pid_t>(started);
-  core::Descriptor child = watchOn(process);
+  core::Descriptor child = core::processDescriptor(process);
   if (child.isEmpty()) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
@@ -115,7 +105,7 @@ std::optional<Failure> PackageOpener::endOf(int child) {
 void PackageOpener::watch(int number) const {
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    core::systemFault("watch an installation", errno);
+    core::systemFault(watching, errno);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "core/RequiredDescriptor.h"
 #include "core/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
@@ -26,12 +27,7 @@ itimerspec at(Alarm::Clock::time_point time) {
 }  // namespace
 
 TimerAlarm::TimerAlarm()
-    : timer_(
-          core::aboveStandardStreams(core::Descriptor(::timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)))) {
-  if (timer_.isEmpty()) {
-    core::systemFault("make a timer", errno);
-  }
-}
+    : timer_(core::requiredDescriptor(::timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {}
 
 void TimerAlarm::set(Clock::time_point time, kit::Action action) {
   time_ = time;
