@@ -20,6 +20,16 @@ std::string tickMarkLine(int index, const kit::Rect& rect) {
 
 }  // namespace
 
+void printTickMarks(const kit::Slider& slider) {
+  const int count = slider.numberOfTickMarks();
+  if (count < 0) {
+    diagnostics::fault("a slider reported a negative number of tick marks");
+  }
+  for (int index = 0; index < count; ++index) {
+    diagnostics::printLine(tickMarkLine(index, slider.rectOfTickMarkAtIndex(index)));
+  }
+}
+
 std::shared_ptr<NSSliderWrapper::Coordinator> NSSliderWrapper::makeCoordinator() const {
   return std::make_shared<Coordinator>(*this);
 }
@@ -32,13 +42,7 @@ std::unique_ptr<kit::Slider> NSSliderWrapper::makeNSView(Context& context) const
                                                 }
                                               });
   slider->setNumberOfTickMarks(tickMarks);
-  const int count = slider->numberOfTickMarks();
-  if (count < 0) {
-    diagnostics::fault("a slider reported a negative number of tick marks");
-  }
-  for (int index = 0; index < count; ++index) {
-    diagnostics::printLine(tickMarkLine(index, slider->rectOfTickMarkAtIndex(index)));
-  }
+  printTickMarks(*slider);
   return slider;
 }
 

@@ -25,6 +25,9 @@ struct NSSliderWrapper {
   void updateNSView(kit::Slider& slider, Context& context) const;
 };
 
+/// One line for each; a negative number of them is a fault.
+void printTickMarks(const kit::Slider& slider);
+
 /// The target of one slider's action, alive as long as the slider.
 class NSSliderWrapper::Coordinator {
  public:

@@ -101,8 +101,8 @@ class TabViewNode final : public MountedNode {
  public:
   using MountedNode::MountedNode;
 
-  void showingChanged(bool shown) override {
-    showings_ += shown ? 1 : 0;
+  void showingChanged(bool /*shown*/) override {
+    ++showing_;
     markDirty();
   }
 
@@ -116,7 +116,7 @@ class TabViewNode final : public MountedNode {
     const int chosen = tree().isShown() ? tabView.selectedIndex.get() : -1;
     Page page;
     if (chosen >= 0) {
-      page = {chosen, showings_, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
+      page = {chosen, showing_, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
     }
     updateChildren({bar, page}, environment());
   }
@@ -141,7 +141,7 @@ class TabViewNode final : public MountedNode {
   MountedNode& bar() const { return *children()[0]; }
   MountedNode& page() const { return *children()[1]; }
 
-  int showings_ = 0;
+  int showing_ = 0;  // Another number whenever the window came or went.
 };
 
 }  // namespace

@@ -39,6 +39,12 @@ TEST_F(HelpButtonTest, anotherTitleShowsAndAnotherActionDoesNot) {
   EXPECT_EQ(notes, view::Lines{"first"});
 }
 
+TEST_F(HelpButtonTest, itIsMadeWithItsTitle) {
+  const HelpButton help = noting("More", "help");
+  HelpButton::Context context{.coordinator = help.makeCoordinator()};
+  EXPECT_EQ(help.makeNSView(context)->title(), "More");
+}
+
 TEST_F(HelpButtonTest, aButtonMadeAnewHasTheNewAction) {
   view::Stage stage{noting("", "first")};
   stage.show(view::Text{"away"});

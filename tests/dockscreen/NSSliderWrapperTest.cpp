@@ -43,6 +43,11 @@ TEST_F(NSSliderWrapperTest, makingItPrintsElevenTickMarks) {
             "Tick mark 10 rect: 122.0, 19.0, 2.0, 5.0\n");
 }
 
+TEST_F(NSSliderWrapperTest, aSliderWithoutTickMarksPrintsNothing) {
+  printTickMarks(kit::Slider(0.5, 0, 1, nullptr));
+  EXPECT_EQ(printed(), "");
+}
+
 TEST_F(NSSliderWrapperTest, itStartsWithValueAndRange) {
   const view::Stage stage{wrapper(0, 2)};
   EXPECT_EQ(stage.dump(), "Slider 0.5 of 0 to 2, 11 ticks\n");
@@ -122,6 +127,12 @@ TEST_F(NSSliderWrapperTest, aSliderThatOutlivesItsCoordinatorIsSilent) {
   slider->choose(0.25);
   EXPECT_EQ(value, 0.5);
   EXPECT_EQ(printed(), before);
+}
+
+TEST(NSSliderWrapperDeathTest, aNegativeNumberOfTickMarksIsAFault) {
+  kit::Slider slider(0.5, 0, 1, nullptr);
+  slider.setNumberOfTickMarks(-1);
+  EXPECT_DEATH(printTickMarks(slider), "a slider reported a negative number of tick marks");
 }
 
 TEST(NSSliderWrapperDeathTest, theCoordinatorsPlainInitialiserIsNotSupported) {

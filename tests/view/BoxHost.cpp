@@ -27,6 +27,7 @@ class WatchedPeer final : public kit::Peer {
 
 std::unique_ptr<kit::Peer> BoxHost::peer(kit::Box& box, kit::Peer& parent) {
   boxes_.push_back(&box);
+  ++made_;
   return std::make_unique<WatchedPeer>(HeadlessHost::peer(box, parent), [this, &box] { std::erase(boxes_, &box); });
 }
 

@@ -16,9 +16,12 @@ class BoxHost final : public host_headless::HeadlessHost {
 
   /// The frames of the boxes of that kind, in the order in which they were made.
   std::vector<kit::Rect> boxes(kit::Box::Kind kind) const;
+  /// How many there ever were.
+  int boxesMade() const { return made_; }
 
  private:
   std::vector<const kit::Box*> boxes_;
+  int made_ = 0;
 };
 
 }  // namespace tarnwell::view

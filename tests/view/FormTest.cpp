@@ -41,6 +41,16 @@ TEST(SectionTest, aFooterStandsUnderTheBoxInLineWithTheRows) {
   EXPECT_EQ(stage.window().contentSize().height, 20 + 40 + 6 + 14 + 20);
 }
 
+TEST(SectionTest, aFooterBreaksItsLinesWhereTheRowsEnd) {
+  const auto heightWith = [](std::size_t characters) {
+    FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22)}, .footer = Text{std::string(characters, 'x')}}}};
+    return stage.window().contentSize().height;
+  };
+  // Between the rows' edges there is room for 33 characters of 7 points.
+  EXPECT_EQ(heightWith(33), 20 + 40 + 6 + 16 + 20);
+  EXPECT_EQ(heightWith(34), 20 + 40 + 6 + 32 + 20);
+}
+
 TEST(SectionTest, withoutRowsThereIsNoBoxAndTheFooterStandsInItsPlace) {
   FormStage stage{{Section{.footer = wideBlock("foot", 10, 24)}}};
   EXPECT_EQ(stage.host().boxes(Kind::group), std::vector<kit::Rect>{});
@@ -73,6 +83,22 @@ TEST(SectionTest, boxesComeAndGoWithTheRows) {
   EXPECT_EQ(stage.host().boxes(Kind::group).size(), 0U);
   stage.show(Text{"away"});
   EXPECT_EQ(stage.host().boxes(Kind::group).size(), 0U);
+}
+
+TEST(SectionTest, boxesAndLinesAreGoneWhileTheEventThatTookThemAwayStillRuns) {
+  FormStage stage{{Section{.rows = {Text{"a"}, Text{"b"}}}}};
+  stage.perform([&] {
+    stage.turn().nestedLoop([&] { stage.show(Text{"away"}); });
+    EXPECT_EQ(stage.host().boxes(Kind::group), std::vector<kit::Rect>{});
+    EXPECT_EQ(stage.host().boxes(Kind::separator), std::vector<kit::Rect>{});
+  });
+}
+
+TEST(SectionTest, linesThatStandAreNotMadeAnew) {
+  FormStage stage{{Section{.rows = {Text{"a"}, Text{"b"}}}}};
+  const int made = stage.host().boxesMade();
+  stage.show(FormStage::page({Section{.rows = {Text{"a"}, Text{"longer"}}}}));
+  EXPECT_EQ(stage.host().boxesMade(), made);
 }
 
 TEST(SectionTest, aBoxThatComesLaterStandsBeforeItsRowsInTheTree) {
@@ -126,6 +152,11 @@ TEST(FormTest, oneThatFitsDoesNotScroll) {
   const auto& area = stage.first<kit::ScrollArea>();
   EXPECT_EQ(area.frame(), (kit::Rect{0, 0, 300, 80}));
   EXPECT_EQ(area.contentHeight(), 80);
+}
+
+TEST(FormTest, theHostShowsItsScrollArea) {
+  FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22)}}}};
+  EXPECT_NE(stage.first<kit::ScrollArea>().peer(), nullptr);
 }
 
 TEST(FormTest, oneThatIsTooTallScrolls) {

@@ -133,6 +133,37 @@ TEST_F(HostingViewTest, hasAnEnvironmentOfItsOwn) {
   EXPECT_TRUE(stage.first<HostingView>().tree()->controls().front()->isEnabled());
 }
 
+TEST_F(HostingViewTest, contentIsGoneWhileTheEventThatTookItAwayStillRuns) {
+  Stage stage{Hosting{.content = Text{"Hosted"}}};
+  const auto& hosting = stage.first<HostingView>();
+  stage.perform([&] {
+    stage.turn().nestedLoop([&] { stage.show(Text{"away"}); });
+    EXPECT_EQ(hosting.tree(), nullptr);
+  });
+}
+
+TEST_F(HostingViewTest, withoutATurnNothingIsMounted) {
+  Stage stage{Text{"window"}};
+  HostingView hosting{Text{"Hosted"}};
+  hosting.attach(hosting.makePeer(stage.host(), *stage.window().peer()));
+  EXPECT_EQ(hosting.tree(), nullptr);
+  EXPECT_EQ(hosting.measure(stage.host(), {}).size, kit::Size{});
+}
+
+TEST_F(HostingViewTest, onePutSomewhereElseBeginsAnew) {
+  Stage stage{Text{"window"}};
+  HostingView hosting{Text{"Hosted"}};
+  hosting.joinTurn(stage.turn());
+  int grown = 0;
+  hosting.setSizeAction([&grown] { ++grown; });
+  for (int place = 0; place < 2; ++place) {
+    hosting.attach(hosting.makePeer(stage.host(), *stage.window().peer()));
+    EXPECT_EQ(hosting.hostedControls().size(), 1U);
+    hosting.attach(nullptr);
+  }
+  EXPECT_EQ(grown, 0);
+}
+
 TEST_F(HostingViewTest, contentThatIsGoneGrowsNoMore) {
   Stage stage{Hosting{.content = growing()}};
   stage.open();

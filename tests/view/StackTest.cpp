@@ -75,6 +75,13 @@ TEST(HStackTest, aSpacersLeastLengthIsKept) {
   EXPECT_EQ(stage.window().contentSize().height, 10);
 }
 
+TEST(HStackTest, aSpacerTakesNoHeight) {
+  LaidOut stage{
+      View(VStack{.spacing = 0, .children = {row({fixedBlock("a", 10, 10), Spacer{}}), fixedBlock("below", 10, 10)}})
+          .frame({.width = 200, .height = 100})};
+  EXPECT_EQ(stage.frame("below").y - stage.frame("a").y, 10);
+}
+
 TEST(HStackTest, withoutAWidthASpacerIsAsLongAsItMustBe) {
   LaidOut stage{row({fixedBlock("a", 30, 10), Spacer{.minLength = 40}, fixedBlock("b", 20, 10)})};
   EXPECT_EQ(stage.frame("b").x, 90);
@@ -135,6 +142,13 @@ TEST(VStackTest, aSpacerTakesTheHeightThatIsLeft) {
           .frame({.height = 100})};
   EXPECT_EQ(stage.frame("b").y, 80);
   EXPECT_EQ(stage.window().contentSize(), (kit::Size{10, 100}));
+}
+
+TEST(VStackTest, aSpacerTakesNoWidth) {
+  const View column = VStack{.spacing = 0, .children = {fixedBlock("a", 10, 10), Spacer{}}};
+  LaidOut stage{View(HStack{.spacing = 0, .children = {column, fixedBlock("beside", 10, 10)}})
+                    .frame({.width = 200, .height = 100})};
+  EXPECT_EQ(stage.frame("beside").x - stage.frame("a").x, 10);
 }
 
 TEST(VStackTest, theTallShareTheHeight) {
