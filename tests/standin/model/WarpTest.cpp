@@ -73,6 +73,21 @@ TEST(WarpTest, theScaledWindowStaysARectangle) {
   EXPECT_EQ(warp.at(0, 1, 0.5), (Point{400, 635}));
 }
 
+TEST(WarpTest, theScaledWindowSetsOffAndArrivesGently) {
+  const Warp warp(MinimizeEffect::scale, window, icon);
+  const auto way = [&](double progress) { return (warp.at(0, 0, progress).x - window.x) / (icon.x - window.x); };
+  EXPECT_EQ(way(0), 0);
+  EXPECT_EQ(way(1), 1);
+  double last = 0;
+  for (int frame = 1; frame <= 100; ++frame) {
+    EXPECT_GT(way(frame / 100.0), last);
+    last = way(frame / 100.0);
+  }
+  EXPECT_LT(way(0.1), 0.05);
+  EXPECT_GT(way(0.6) - way(0.4), 0.25);
+  EXPECT_GT(way(0.9), 0.95);
+}
+
 TEST(WarpTest, theSuckedWindowIsPulledByItsNearestCorner) {
   const Warp warp(MinimizeEffect::suck, window, icon);
   EXPECT_EQ(warp.at(1, 1, 0.5), icon.center());

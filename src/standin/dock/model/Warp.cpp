@@ -40,10 +40,11 @@ Point Warp::genieAt(double u, double v, double progress) const {
   return {mixed(left, right, u), y};
 }
 
-// The rectangle goes straight to the icon and stays a rectangle.
+// The rectangle goes straight to the icon and stays a rectangle; it sets off and arrives gently.
 Point Warp::scaleAt(double u, double v, double progress) const {
-  return {mixed(window_.x + u * window_.width, icon_.x + u * icon_.width, progress),
-          mixed(window_.y + v * window_.height, icon_.y + v * icon_.height, progress)};
+  const double way = smooth(progress);
+  return {mixed(window_.x + u * window_.width, icon_.x + u * icon_.width, way),
+          mixed(window_.y + v * window_.height, icon_.y + v * icon_.height, way)};
 }
 
 // One lower corner, the one on the icon's side, is drawn into the middle of the icon. What is near to it follows soon,
