@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
@@ -63,6 +64,37 @@ TEST(ApplicationsTest, aButtonThatIsLetGoAwayFromTheIconDoesNothing) {
     dock.reveal();
   }
   dock.openNotebook();
+}
+
+TEST(ApplicationsTest, theIconOfALaunchedApplicationJumpsOnce) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  // Where an icon below the pointer has its label, and reaches only when it jumps.
+  const auto above = [&](int application) {
+    return display.colors(ShownDock::iconColumn(application) - 8, Display::height - 112, 16, 8);
+  };
+  const auto isLabelled = [&](int application) {
+    display.act("mousemove " + iconPlace(application));
+    return waitFor([&] { return above(application).front() != 0; });
+  };
+  const auto jumps = [&](int application) {
+    EXPECT_TRUE(isLabelled(application));
+    const Colors label = above(application);
+    dock.click(application);
+    const bool hasJumped = waitFor(
+        [&] {
+          const Colors now = above(application);
+          return now != label && std::ranges::count(now, 0U) == 0;
+        },
+        handAtRest * 2);
+    EXPECT_TRUE(waitFor([&] { return above(application) == label; }));
+    return hasJumped;
+  };
+  EXPECT_TRUE(jumps(ShownDock::letters));
+  // Now it runs.
+  EXPECT_FALSE(jumps(ShownDock::letters));
 }
 
 TEST(ApplicationsTest, onlyRunningApplicationsAreThereWhereThatIsSet) {

@@ -19,6 +19,7 @@ class ShownDock {
 
   /// Applications, counted from the left.
   static constexpr int files = 0;
+  static constexpr int letters = 1;
   static constexpr int notebook = 2;
   static constexpr int album = 4;
 

@@ -34,6 +34,7 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, std::string
     : behavior_(behavior),
       surface_(surface),
       file_(std::move(deskPath)),
+      bounces_(desk_.applications().size()),
       effect_(surface),
       spread_(surface, scrolling_),
       dock_(surface, icons_, makeReveal(behavior), scrolling_,
@@ -166,7 +167,8 @@ DockItem DockScene::applicationItem(std::size_t application) const {
           .icon = shown.id,
           .label = QString::fromStdString(shown.name),
           .isRunning = shown.isRunning,
-          .isDimmed = shown.isHidden && behavior_.showHidden};
+          .isDimmed = shown.isHidden && behavior_.showHidden,
+          .bounce = bounces_[application]};
 }
 
 DockItem DockScene::documentItem(DocumentId id) {
@@ -188,8 +190,15 @@ void DockScene::click(std::size_t item) {
   }
 }
 
+void DockScene::open(std::size_t application, OthersOnActivation others) {
+  if (!desk_.applications()[application].isRunning) {
+    bounces_[application] = Bounce(Bounce::Clock::now());
+  }
+  desk_.activate(application, others);
+}
+
 void DockScene::activate(std::size_t application) {
-  desk_.activate(application, behavior_.singleApp ? OthersOnActivation::hide : OthersOnActivation::stay);
+  open(application, behavior_.singleApp ? OthersOnActivation::hide : OthersOnActivation::stay);
   show();
   for (std::size_t i = 0; i < desk_.applications()[application].documents.size(); ++i) {
     if (desk_.isVisible({application, i})) {
@@ -219,7 +228,7 @@ void DockScene::openMenu(std::size_t item, QPoint place) {
   };
   const std::size_t which = *application;
   if (!shown.isRunning) {
-    addAction("Open", [this, which] { desk_.activate(which, OthersOnActivation::stay); });
+    addAction("Open", [this, which] { open(which, OthersOnActivation::stay); });
   } else {
     if (shown.isHidden) {
       addAction("Show", [this, which] { desk_.activate(which, OthersOnActivation::stay); });

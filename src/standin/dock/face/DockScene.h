@@ -51,6 +51,7 @@ class DockScene {
   DockItem documentItem(DocumentId id);
 
   void click(std::size_t item);
+  void open(std::size_t application, OthersOnActivation others);
   void activate(std::size_t application);
   void openMenu(std::size_t item, QPoint place);
   void scrollUp(std::size_t item);
@@ -66,6 +67,7 @@ class DockScene {
   Surface& surface_;
   DeskFile file_;
   Desk desk_;
+  std::vector<Bounce> bounces_;  // of the applications
   Icons icons_;
   Scheme scheme_ = Scheme::light;
   std::vector<Meaning> meanings_;

@@ -46,6 +46,9 @@ DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Scr
 void DockWidget::setItems(std::vector<DockItem> items) {
   items_ = std::move(items);
   place();
+  if (isBouncing(Reveal::Clock::now())) {
+    wakeUp();
+  }
 }
 
 void DockWidget::setScheme(Scheme scheme) {
@@ -103,7 +106,7 @@ void DockWidget::setPointer(bool onDock, bool atEdge) {
 
 // Does what is due, and sees to it that frames or a deadline follow where there is more to come.
 void DockWidget::wakeUp() {
-  lastGrowth_ = frames_.isRunning() ? lastGrowth_ : Reveal::Clock::now();
+  lastFrame_ = frames_.isRunning() ? lastFrame_ : Reveal::Clock::now();
   if (frame() == Frames::Next::wanted) {
     frames_.start();
   }
@@ -118,7 +121,7 @@ Frames::Next DockWidget::frame() {
   growTowards(now);
   show(reveal_.shown(now));
   const bool grows = strength_ != (onDock_ ? 1 : 0);
-  if (grows || reveal_.isMoving(now)) {
+  if (grows || reveal_.isMoving(now) || (shown_ > 0 && isBouncing(now))) {
     deadline_.stop();
     return Frames::Next::wanted;
   }
@@ -130,8 +133,12 @@ Frames::Next DockWidget::frame() {
   return Frames::Next::none;
 }
 
+bool DockWidget::isBouncing(Time now) const {
+  return std::ranges::any_of(items_, [&](const DockItem& item) { return item.bounce.isMoving(now); });
+}
+
 void DockWidget::growTowards(Time now) {
-  const double step = Reveal::Seconds(now - std::exchange(lastGrowth_, now)).count() / secondsToGrow;
+  const double step = Reveal::Seconds(now - std::exchange(lastFrame_, now)).count() / secondsToGrow;
   strength_ = std::clamp(strength_ + (onDock_ ? step : -step), 0.0, 1.0);
 }
 
@@ -209,7 +216,8 @@ ShelfPainter::Frame DockWidget::currentFrame() const {
           .attention = attention,
           .labelled = isLabelled ? layout_.slotAt(pointer_) : std::nullopt,
           .canvas = size(),
-          .sunk = sunk / devicePixelRatioF()};
+          .sunk = sunk / devicePixelRatioF(),
+          .now = lastFrame_};
 }
 
 bool DockWidget::event(QEvent* event) {

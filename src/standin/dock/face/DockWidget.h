@@ -68,6 +68,7 @@ class DockWidget final : public QWidget {
   void wakeUp();
   void show(double share);
   void lookBehind();
+  bool isBouncing(Time now) const;
   void growTowards(Time now);
   ShelfPainter::Frame currentFrame() const;
   std::optional<std::size_t> itemAt(QPointF place) const;
@@ -84,7 +85,7 @@ class DockWidget final : public QWidget {
   bool atEdge_ = false;
   double pointer_ = 0;
   double strength_ = 0;  // of the growth below the pointer
-  Time lastGrowth_;
+  Time lastFrame_;
   double shown_ = 0;
   QPixmap backdrop_;  // what was behind the dock when it came
   QPixmap blurred_;

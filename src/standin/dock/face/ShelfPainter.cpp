@@ -19,6 +19,7 @@ constexpr double labelMargin = 11;
 constexpr double labelRadius = 8;
 constexpr double iconRoundness = 0.2;  // of the size
 constexpr double dimming = 0.4;
+constexpr double bounceHeight = 0.7;  // of the size at rest; one that has grown still finds room
 
 QRectF shelfOf(const ShelfPainter::Frame& frame) {
   const auto ends = frame.layout.ends(frame.attention);
@@ -26,8 +27,9 @@ QRectF shelfOf(const ShelfPainter::Frame& frame) {
           frame.layout.shelfTop() - frame.layout.shelfBottom()};
 }
 
-QRectF squareOf(const ShelfPainter::Frame& frame, const ShelfLayout::Placed& place) {
-  const double bottom = frame.canvas.height() - frame.layout.iconBottom() + frame.sunk;
+QRectF squareOf(const ShelfPainter::Frame& frame, const DockItem& item, const ShelfLayout::Placed& place) {
+  const double lift = item.bounce.height(frame.now) * bounceHeight * frame.layout.iconSize();
+  const double bottom = frame.canvas.height() - frame.layout.iconBottom() + frame.sunk - lift;
   return {place.center - place.size / 2, bottom - place.size, place.size, place.size};
 }
 
@@ -39,15 +41,16 @@ QFont labelFont() {
 }
 
 std::optional<QRectF> labelOf(const ShelfPainter::Frame& frame) {
-  if (!frame.labelled) {
+  // One that jumps wants the room of its label.
+  if (!frame.labelled || frame.items[*frame.labelled].bounce.isMoving(frame.now)) {
     return std::nullopt;
   }
-  const QRectF square = squareOf(frame, frame.layout.placed(frame.attention)[*frame.labelled]);
+  const double center = frame.layout.placed(frame.attention)[*frame.labelled].center;
   const double width = std::ceil(QFontMetricsF(labelFont()).horizontalAdvance(frame.items[*frame.labelled].label));
   const double wide = width + 2 * labelMargin;
   constexpr double margin = 4;
   const double farthest = std::max(frame.canvas.width() - wide - margin, margin);
-  const double left = std::clamp(square.center().x() - wide / 2, margin, farthest);
+  const double left = std::clamp(center - wide / 2, margin, farthest);
   // Above what an icon that has fully grown reaches, so that it does not bob while the pointer moves.
   const double top = frame.canvas.height() - frame.layout.iconBottom() -
                      frame.layout.iconSize() * (1 + ShelfLayout::growth) - labelGap - labelHeight;
@@ -94,9 +97,10 @@ void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& b
 QRegion ShelfPainter::outline(const Frame& frame) {
   const QRectF shelf = shelfOf(frame);
   QRegion region = closeRegion(shelf, shelfRadius);
-  for (const auto& place : frame.layout.placed(frame.attention)) {
-    if (const QRectF square = squareOf(frame, place); square.top() < shelf.top()) {
-      region += roundedRegion(square, place.size * iconRoundness);
+  const auto places = frame.layout.placed(frame.attention);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (const QRectF square = squareOf(frame, frame.items[i], places[i]); square.top() < shelf.top()) {
+      region += roundedRegion(square, places[i].size * iconRoundness);
     }
   }
   if (const auto label = labelOf(frame)) {
@@ -140,7 +144,7 @@ void ShelfPainter::paintSlot(QPainter& painter, const Frame& frame, const DockIt
                      look_.separator);
     return;
   }
-  const QRectF square = squareOf(frame, place);
+  const QRectF square = squareOf(frame, item, place);
   if (item.kind == DockItem::Kind::window) {
     paintPicture(painter, item, square);
   } else {

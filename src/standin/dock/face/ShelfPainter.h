@@ -11,6 +11,7 @@
 
 #include "standin/dock/face/Icons.h"
 #include "standin/dock/face/Look.h"
+#include "standin/dock/model/Bounce.h"
 #include "standin/dock/model/ShelfLayout.h"
 
 namespace tarnwell::standin {
@@ -24,6 +25,7 @@ struct DockItem {
   QString label = {};
   bool isRunning = false;
   bool isDimmed = false;
+  Bounce bounce = {};
   QPixmap picture = {};  // of a minimized window; none while it is still on its way
 };
 
@@ -38,6 +40,7 @@ class ShelfPainter {
     std::optional<std::size_t> labelled = {};
     QSizeF canvas = {};
     double sunk = 0;  // how far down everything is, in points
+    Bounce::Time now = {};
   };
 
   ShelfPainter(Icons& icons, const Look& look) : icons_(icons), look_(look) {}
