@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ProductPages.h"
+#include "fixtures/StandardOutputCapture.h"
 #include "kit/Window.h"
 #include "scenarios/Tarnwell.h"
 
@@ -93,6 +94,56 @@ TEST(ApplicationScenarios, settingsThatAreOpenStayAsTheyAre) {
   EXPECT_EQ(tarnwell.chosenTab(), "General");
   EXPECT_EQ(tarnwell.reads(), Lines{});
   EXPECT_EQ(tarnwell.windowLists(), std::vector<Lines>{});
+}
+
+TEST(ApplicationScenarios, settingsThatAreOpenKeepWhatWasEdited) {
+  Tarnwell tarnwell;
+  tarnwell.press("Dim hidden apps");
+  tarnwell.reads();
+  tarnwell.system().choose(System::icon, "Settings...");
+  EXPECT_EQ(tarnwell.value("Dim hidden apps"), "on");
+  EXPECT_TRUE(tarnwell.isEnabled("Save"));
+  EXPECT_EQ(tarnwell.reads(), Lines{});
+}
+
+TEST(ApplicationScenarios, aMinimizedWindowComesBackAsItWent) {
+  Tarnwell tarnwell;
+  tarnwell.press("Dim hidden apps");
+  const auto minimizeAndBack = [&tarnwell] {
+    tarnwell.reads();
+    tarnwell.windowLists();
+    tarnwell.system().choose("Window", "Minimize");
+    tarnwell.system().choose(System::icon, "Settings...");
+    EXPECT_TRUE(tarnwell.settingsAreOpen());
+    EXPECT_EQ(tarnwell.reads(), Lines{});
+    EXPECT_EQ(tarnwell.windowLists(), std::vector<Lines>{});
+  };
+  minimizeAndBack();
+  EXPECT_EQ(tarnwell.value("Dim hidden apps"), "on");
+  tarnwell.chooseTab(generalTab);
+  minimizeAndBack();
+  EXPECT_EQ(tarnwell.chosenTab(), "General");
+}
+
+TEST(ApplicationScenarios, eachShowingOfTheDockTabMakesItsTwoSlidersAnew) {
+  const fixtures::StandardOutputCapture output;
+  const auto tickMarkLines = [&output] {
+    const std::string text = output.text();
+    int lines = 0;
+    for (auto at = text.find("Tick mark "); at != std::string::npos; at = text.find("Tick mark ", at + 1)) {
+      ++lines;
+    }
+    return lines;
+  };
+  Tarnwell tarnwell;
+  EXPECT_EQ(tickMarkLines(), 22);
+  tarnwell.chooseTab(generalTab);
+  EXPECT_EQ(tickMarkLines(), 22);
+  tarnwell.chooseTab(dockTab);
+  EXPECT_EQ(tickMarkLines(), 44);
+  tarnwell.system().closeWindow(tarnwell.settings());
+  tarnwell.system().choose(System::icon, "Settings...");
+  EXPECT_EQ(tickMarkLines(), 66);
 }
 
 // General.

@@ -37,6 +37,8 @@ class Driver {
   virtual void click(kit::Control& control) = 0;
   /// Presses the knob, moves to `to` (the slider's own frame, as seen on the screen), and lets go.
   virtual void drag(kit::Slider& slider, kit::Point to) = 0;
+  /// As an assistive client does, which knows of no pointer.
+  virtual void setValue(kit::Slider& slider, double value) = 0;
   /// Puts the text into the field and leaves it there, not committed.
   virtual void type(kit::TextField& field, const std::string& text) = 0;
   virtual void stepUp(kit::Stepper& stepper) = 0;

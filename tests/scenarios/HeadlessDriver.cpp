@@ -51,6 +51,8 @@ class HeadlessDriver final : public Driver {
     slider.dragTo(to);
   }
 
+  void setValue(kit::Slider& slider, double value) override { slider.choose(value); }
+
   void type(kit::TextField& field, const std::string& text) override {
     leaveField(field);
     field.type(text);

@@ -60,6 +60,10 @@ class QtDriver final : public Driver {
     driver::release(slider, to);
   }
 
+  void setValue(kit::Slider& slider, double value) override {
+    QAccessible::queryAccessibleInterface(&driver::widget(slider))->valueInterface()->setCurrentValue(value);
+  }
+
   void type(kit::TextField& field, const std::string& text) override { driver::type(field, text); }
   void stepUp(kit::Stepper& stepper) override { driver::clickAt(stepper, {.x = 8, .y = 5}); }
   void stepDown(kit::Stepper& stepper) override { driver::clickAt(stepper, {.x = 8, .y = 16}); }

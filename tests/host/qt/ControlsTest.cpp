@@ -2,6 +2,8 @@
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
+#include <array>
+#include <climits>
 
 #include "fixtures/WaitFor.h"
 #include "host/qt/Controls.h"
@@ -168,6 +170,66 @@ TEST(PopUpButtonTest, menuMarksWhatIsChosen) {
   ASSERT_NE(menu, nullptr);
   EXPECT_EQ(menu->actions().at(1)->isChecked(), true);
   EXPECT_EQ(menu->activeAction(), menu->actions().at(1));
+}
+
+struct Columns {
+  int first = INT_MAX;
+  int last = -1;
+};
+
+/// Where one picture differs from the other.
+Columns difference(const QImage& one, const QImage& other) {
+  Columns found;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      if (one.pixel(x, y) != other.pixel(x, y)) {
+        found = {.first = std::min(found.first, x), .last = std::max(found.last, x)};
+      }
+    }
+  }
+  return found;
+}
+
+/// Of an item with a symbol, of the same without one, and of an item of nothing.
+void expectTheSymbolBehindTheTitle(const std::array<QImage, 3>& pictures) {
+  const auto& [whole, titleAlone, nothing] = pictures;
+  const Columns title = difference(titleAlone, nothing);
+  const Columns symbol = difference(whole, titleAlone);
+  EXPECT_GE(title.last, title.first);
+  EXPECT_GE(symbol.last, symbol.first);
+  EXPECT_GT(symbol.first, title.last);
+}
+
+kit::PopUpButton& addButtonOfThreePictures(Stage& stage) {
+  auto& button = stage.add(makePopUpButton(), place);
+  button.setItems({{.title = "Genie", .symbol = "tornado"}, {.title = "Genie"}, {}});
+  button.setSelectedIndex(-1);
+  stage.show();
+  return button;
+}
+
+TEST(PopUpButtonTest, symbolStandsBehindTheTitle) {
+  Stage stage;
+  auto& button = addButtonOfThreePictures(stage);
+  std::array<QImage, 3> pictures;
+  for (int i = 0; i < 3; ++i) {
+    button.setSelectedIndex(i);
+    pictures.at(static_cast<std::size_t>(i)) = driver::widget(button).grab().toImage();
+  }
+  expectTheSymbolBehindTheTitle(pictures);
+}
+
+TEST(PopUpButtonTest, symbolStandsBehindTheTitleInTheMenuToo) {
+  Stage stage;
+  driver::click(addButtonOfThreePictures(stage));
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  menu->setActiveAction(nullptr);
+  std::array<QImage, 3> pictures;
+  for (int i = 0; i < 3; ++i) {
+    pictures.at(static_cast<std::size_t>(i)) = menu->grab(menu->actionGeometry(menu->actions().at(i))).toImage();
+  }
+  expectTheSymbolBehindTheTitle(pictures);
 }
 
 constexpr kit::Rect barPlace = {.x = 0, .y = 0, .width = 400, .height = 60};
