@@ -17,11 +17,11 @@ void Stepper::setValue(double value) {
   }
 }
 
-void Stepper::moveBy(double difference) {
-  if (!isEnabled() || std::isnan(value_)) {
+void Stepper::choose(double value) {
+  if (!isEnabled() || std::isnan(value)) {
     return;
   }
-  setValue(std::clamp(value_ + difference, range_.least, range_.most));
+  setValue(std::clamp(value, range_.least, range_.most));
   send([action = action_, value = value_] {
     if (action) {
       action(value);

@@ -21,7 +21,7 @@ class Stepper final : public Control {
   const Range& range() const { return range_; }
   void setRange(const Range& range) { range_ = range; }
 
-  /// As set, within the range or not; only steps are held to it.
+  /// As set, within the range or not; only what the user does is held to it.
   double value() const { return value_; }
   void setValue(double value);
 
@@ -29,8 +29,10 @@ class Stepper final : public Control {
 
   // The user's doing.
 
-  void increment() { moveBy(range_.step); }
-  void decrement() { moveBy(-range_.step); }
+  void increment() { choose(value_ + range_.step); }
+  void decrement() { choose(value_ - range_.step); }
+  /// Held to the range.
+  void choose(double value);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
@@ -40,8 +42,6 @@ class Stepper final : public Control {
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:
-  void moveBy(double difference);
-
   StepAction action_;
   Range range_;
   double value_ = 0;

@@ -4,6 +4,7 @@
 
 #include "kit/ControlMetrics.h"
 #include "kit/Host.h"
+#include "kit/Window.h"
 
 namespace tarnwell::kit {
 
@@ -17,7 +18,12 @@ void TextField::setText(std::string text) {
 }
 
 void TextField::type(std::string text) {
-  if (isEnabled()) {
+  const auto self = handle();
+  if (!editing_ && window() != nullptr) {
+    window()->endEditing();
+  }
+  // The other field's commit may end this one.
+  if (*self != nullptr && isEnabled()) {
     typed_ = std::move(text);
     editing_ = true;
     changed(Aspect::value);

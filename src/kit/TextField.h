@@ -33,6 +33,7 @@ class TextField final : public Control {
 
   // The user's doing.
 
+  /// Commits first what is being typed into another field of the window; a screen reader moves no focus.
   void type(std::string text);
   void commit();
   /// Gives up what was typed.

@@ -53,6 +53,21 @@ TEST(StepperTest, stepsEndAtTheRange) {
   }
 }
 
+TEST(StepperTest, aChosenValueIsHeldToTheRangeAndSent) {
+  Stepper stepper;
+  stepper.setRange(hundredths);
+  std::vector<double> sent;
+  stepper.setAction([&sent](double value) { sent.push_back(value); });
+  for (const double value : {5.0, 5.0, -1.0, infinity, nan}) {
+    stepper.choose(value);
+  }
+  EXPECT_EQ(sent, (std::vector<double>{5, 5, 0, 100}));
+  EXPECT_EQ(stepper.value(), 100);
+  stepper.setEnabled(false);
+  stepper.choose(1);
+  EXPECT_EQ(stepper.value(), 100);
+}
+
 TEST(StepperTest, everyStepSendsTheValueEvenAtTheEnd) {
   Stepper stepper;
   std::vector<double> sent;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "kit/ShownControl.h"
+#include "kit/Window.h"
 
 namespace tarnwell::kit {
 namespace {
@@ -33,6 +34,20 @@ TEST_F(TextFieldTest, typingShowsButDoesNotCount) {
   EXPECT_EQ(field->text(), "0.2");
   EXPECT_TRUE(field->isEditing());
   EXPECT_EQ(committed, Lines{});
+}
+
+TEST_F(TextFieldTest, typingIntoAnotherFieldOfTheWindowCommits) {
+  TextField other;
+  Window window("window", "Window");
+  window.setControls({&*field, &other});
+  field->type("0.7");
+  field->type("0.8");
+  EXPECT_EQ(committed, Lines{});
+  other.type("1");
+  EXPECT_EQ(committed, Lines{"0.8"});
+  EXPECT_FALSE(field->isEditing());
+  EXPECT_EQ(other.shownText(), "1");
+  window.setControls({});
 }
 
 TEST_F(TextFieldTest, aCommitSendsWhatWasTypedOnce) {

@@ -14,8 +14,16 @@ class AccessibleControl : public QAccessibleWidget {
       : QAccessibleWidget(widget, role), link_(link) {}
 
   QString text(QAccessible::Text kind) const override;
+  void doAction(const QString& name) final;
 
  protected:
+  /// One of the actions, as the user's doing.
+  virtual void perform(const QString& name) { QAccessibleWidget::doAction(name); }
+
+  /// Everything that the user does by way of a screen reader goes through here: what is being typed is committed first,
+  /// as it is before a press with the mouse. Nothing is done to a control that is gone by then.
+  void act(const kit::Action& action) const;
+
   /// Null once the control is gone.
   template <class Kind>
   Kind* control() const {

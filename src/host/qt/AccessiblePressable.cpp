@@ -12,14 +12,11 @@
 
 namespace tarnwell::host_qt {
 
-void AccessiblePressable::doAction(const QString& name) {
-  if (control<kit::Control>() == nullptr) {
-    return;
-  }
+void AccessiblePressable::perform(const QString& name) {
   if (name == actionName()) {
     press();
   } else {
-    AccessibleControl::doAction(name);
+    AccessibleControl::perform(name);
   }
 }
 

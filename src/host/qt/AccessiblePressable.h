@@ -12,9 +12,9 @@ class AccessiblePressable : public AccessibleControl {
   using AccessibleControl::AccessibleControl;
 
   QStringList actionNames() const override { return QStringList{actionName()} + AccessibleControl::actionNames(); }
-  void doAction(const QString& name) override;
 
  protected:
+  void perform(const QString& name) override;
   virtual const QString& actionName() const { return pressAction(); }
   virtual void press() = 0;
 };

@@ -14,17 +14,22 @@ QStringList AccessibleRange::actionNames() const {
   return QStringList{increaseAction(), decreaseAction()} + AccessibleControl::actionNames();
 }
 
-void AccessibleRange::doAction(const QString& name) {
-  if (control<kit::Control>() == nullptr) {
-    return;
-  }
+void AccessibleRange::setCurrentValue(const QVariant& value) {
+  act([&] { choose(value.toDouble()); });
+}
+
+void AccessibleRange::perform(const QString& name) {
   if (name == increaseAction()) {
     step(1);
   } else if (name == decreaseAction()) {
     step(-1);
   } else {
-    AccessibleControl::doAction(name);
+    AccessibleControl::perform(name);
   }
+}
+
+void AccessibleRange::step(int direction) {
+  choose(currentValue().toDouble() + direction * minimumStepSize().toDouble());
 }
 
 QString AccessibleRange::text(QAccessible::Text kind) const {
@@ -36,11 +41,7 @@ QVariant AccessibleSlider::currentValue() const {
   return slider != nullptr ? slider->doubleValue() : 0.0;
 }
 
-void AccessibleSlider::setCurrentValue(const QVariant& value) {
-  if (auto* slider = control<kit::Slider>()) {
-    slider->choose(value.toDouble());
-  }
-}
+void AccessibleSlider::choose(double value) { control<kit::Slider>()->choose(value); }
 
 QVariant AccessibleSlider::maximumValue() const {
   const auto* slider = control<kit::Slider>();
@@ -56,21 +57,12 @@ QVariant AccessibleSlider::minimumStepSize() const {
   return kit::Slider::arrowStep * (maximumValue().toDouble() - minimumValue().toDouble());
 }
 
-void AccessibleSlider::step(int direction) {
-  setCurrentValue(currentValue().toDouble() + direction * minimumStepSize().toDouble());
-}
-
 QVariant AccessibleStepper::currentValue() const {
   const auto* stepper = control<kit::Stepper>();
   return stepper != nullptr ? stepper->value() : 0.0;
 }
 
-void AccessibleStepper::setCurrentValue(const QVariant& value) {
-  const double difference = value.toDouble() - currentValue().toDouble();
-  if (difference != 0) {
-    step(difference > 0 ? 1 : -1);
-  }
-}
+void AccessibleStepper::choose(double value) { control<kit::Stepper>()->choose(value); }
 
 QVariant AccessibleStepper::maximumValue() const {
   const auto* stepper = control<kit::Stepper>();
@@ -85,18 +77,6 @@ QVariant AccessibleStepper::minimumValue() const {
 QVariant AccessibleStepper::minimumStepSize() const {
   const auto* stepper = control<kit::Stepper>();
   return stepper != nullptr ? stepper->range().step : 0.0;
-}
-
-void AccessibleStepper::step(int direction) {
-  auto* stepper = control<kit::Stepper>();
-  if (stepper == nullptr) {
-    return;
-  }
-  if (direction > 0) {
-    stepper->increment();
-  } else {
-    stepper->decrement();
-  }
 }
 
 }  // namespace tarnwell::host_qt

@@ -11,11 +11,16 @@ class AccessibleRange : public AccessibleControl, public QAccessibleValueInterfa
 
   void* interface_cast(QAccessible::InterfaceType type) override;
   QStringList actionNames() const override;
-  void doAction(const QString& name) override;
   QString text(QAccessible::Text kind) const override;
+  void setCurrentValue(const QVariant& value) final;
 
  protected:
-  virtual void step(int direction) = 0;
+  void perform(const QString& name) override;
+  /// The user's choice; there is a control.
+  virtual void choose(double value) = 0;
+
+ private:
+  void step(int direction);
 };
 
 class AccessibleSlider final : public AccessibleRange {
@@ -23,13 +28,12 @@ class AccessibleSlider final : public AccessibleRange {
   AccessibleSlider(QWidget* widget, ControlLink& link) : AccessibleRange(widget, link, QAccessible::Slider) {}
 
   QVariant currentValue() const override;
-  void setCurrentValue(const QVariant& value) override;
   QVariant maximumValue() const override;
   QVariant minimumValue() const override;
   QVariant minimumStepSize() const override;
 
  protected:
-  void step(int direction) override;
+  void choose(double value) override;
 };
 
 class AccessibleStepper final : public AccessibleRange {
@@ -37,14 +41,12 @@ class AccessibleStepper final : public AccessibleRange {
   AccessibleStepper(QWidget* widget, ControlLink& link) : AccessibleRange(widget, link, QAccessible::SpinBox) {}
 
   QVariant currentValue() const override;
-  /// One step towards `value`: a stepper knows nothing else.
-  void setCurrentValue(const QVariant& value) override;
   QVariant maximumValue() const override;
   QVariant minimumValue() const override;
   QVariant minimumStepSize() const override;
 
  protected:
-  void step(int direction) override;
+  void choose(double value) override;
 };
 
 }  // namespace tarnwell::host_qt

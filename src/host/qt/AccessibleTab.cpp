@@ -1,5 +1,6 @@
 #include "host/qt/AccessibleTab.h"
 
+#include "host/qt/AccessibleTabBar.h"
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
 #include "kit/TabBar.h"
@@ -40,8 +41,8 @@ void* AccessibleTab::interface_cast(QAccessible::InterfaceType type) {
 }
 
 void AccessibleTab::doAction(const QString& name) {
-  if (kit::TabBar* shown = bar(); shown != nullptr && name == pressAction()) {
-    shown->choose(index_);
+  if (bar() != nullptr && name == pressAction()) {
+    static_cast<AccessibleTabBar*>(parent())->choose(index_);
   }
 }
 

@@ -42,4 +42,8 @@ int AccessibleTabBar::indexOfChild(const QAccessibleInterface* child) const {
   return tab != nullptr ? tab->index() : -1;
 }
 
+void AccessibleTabBar::choose(int index) {
+  act([&] { control<kit::TabBar>()->choose(index); });
+}
+
 }  // namespace tarnwell::host_qt

@@ -17,6 +17,9 @@ class AccessibleTabBar final : public AccessibleControl {
   QAccessibleInterface* childAt(int x, int y) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
 
+  /// The user's choice of a tab.
+  void choose(int index);
+
  private:
   mutable std::vector<QAccessible::Id> tabs_;  // Made when they are first asked for.
 };

@@ -120,7 +120,10 @@ class LineEdit final : public QLineEdit, public ControlLink {
   void typed(const QString& text) {
     if (control() != nullptr && text != toQString(field_.shownText())) {
       field_.type(text.toStdString());
-      showText();
+      // Another field's commit may have ended this one.
+      if (control() != nullptr) {
+        showText();
+      }
     }
   }
 

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
+#include <functional>
 #include <numbers>
 
 #include "host/qt/AboutPanel.h"
@@ -82,6 +84,16 @@ TEST(AccessibilityTest, stepperTellsItsValueAndSteps) {
   EXPECT_EQ(stepper.value(), 4);
 }
 
+TEST(AccessibilityTest, stepperTakesAValueWithinItsRange) {
+  Stage stage;
+  std::vector<double> sent;
+  auto& stepper = stage.add(makeStepper([&sent](double value) { sent.push_back(value); }), place);
+  for (const double value : {5.0, -3.0, 1000.0}) {
+    seen(stepper).valueInterface()->setCurrentValue(value);
+  }
+  EXPECT_EQ(sent, (std::vector<double>{5, 0, 100}));
+}
+
 TEST(AccessibilityTest, toggleTellsItsStateAndTurns) {
   Stage stage;
   auto& toggle = stage.add(makeToggle(), place);
@@ -102,6 +114,72 @@ TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
   EXPECT_EQ(committed, "");
   field.commit();
   EXPECT_EQ(committed, "0.3");
+}
+
+/// A field, and one of each control that can be acted on; `done` is what came of it, in order.
+struct ActionStage : Stage {
+  void noteIt(const std::string& what) { done.push_back(what); }
+
+  std::vector<std::string> done;
+  kit::TextField& field = add(makeField("1", [this](const std::string& text) { noteIt("typed " + text); }), place);
+  kit::TextField& other = add(makeField("1"), place);
+  kit::Button& button = add(makeButton("Save", [this] { noteIt("button"); }), place);
+  kit::Toggle& toggle = add(makeToggle([this](bool) { noteIt("switch"); }), place);
+  kit::Slider& slider = add(makeSlider(0.5, [this](kit::Slider&) { noteIt("slider"); }), place);
+  kit::Stepper& stepper = add(makeStepper([this](double) { noteIt("stepper"); }), place);
+  kit::TabBar& tabs = add(makeTabBar([this](int) { noteIt("tab"); }), {.width = 400, .height = 60});
+  kit::PopUpButton& popUp = add(makePopUpButton(), place);
+};
+
+using Interface = QAccessibleActionInterface;
+
+void act(QAccessibleInterface& interface, const QString& name) { interface.actionInterface()->doAction(name); }
+
+TEST(AccessibilityTest, everyActionCommitsFirstWhatIsBeingTyped) {
+  struct Row {
+    const char* name;
+    std::function<void(ActionStage&)> action;
+    std::vector<std::string> done;
+  };
+  const std::vector<Row> table = {
+      {"press", [](auto& stage) { act(seen(stage.button), Interface::pressAction()); }, {"typed 7", "button"}},
+      {"toggle", [](auto& stage) { act(seen(stage.toggle), Interface::toggleAction()); }, {"typed 7", "switch"}},
+      {"up", [](auto& stage) { act(seen(stage.stepper), Interface::increaseAction()); }, {"typed 7", "stepper"}},
+      {"down", [](auto& stage) { act(seen(stage.slider), Interface::decreaseAction()); }, {"typed 7", "slider"}},
+      {"set", [](auto& stage) { seen(stage.slider).valueInterface()->setCurrentValue(0); }, {"typed 7", "slider"}},
+      {"step", [](auto& stage) { seen(stage.stepper).valueInterface()->setCurrentValue(5); }, {"typed 7", "stepper"}},
+      {"tab", [](auto& stage) { act(*seen(stage.tabs).child(1), Interface::pressAction()); }, {"typed 7", "tab"}},
+      {"menu", [](auto& stage) { act(seen(stage.popUp), Interface::showMenuAction()); }, {"typed 7"}},
+      {"go", [](auto& stage) { act(seen(stage.toggle), Interface::setFocusAction()); }, {"typed 7"}},
+      {"type", [](auto& stage) { seen(stage.other).setText(QAccessible::Value, "2"); }, {"typed 7"}}};
+  for (const Row& row : table) {
+    ActionStage stage;
+    seen(stage.field).setText(QAccessible::Value, "7");
+    EXPECT_TRUE(stage.done.empty());
+    row.action(stage);
+    EXPECT_EQ(stage.done, row.done) << row.name;
+  }
+}
+
+TEST(AccessibilityTest, actionOnAControlThatTheCommitEndsDoesNothing) {
+  Stage stage;
+  int runs = 0;
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  seen(field).setText(QAccessible::Value, "7");
+  act(seen(button), Interface::pressAction());
+  EXPECT_EQ(runs, 0);
+}
+
+TEST(AccessibilityTest, textForAFieldThatTheCommitEndsIsLost) {
+  Stage stage;
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  auto& other = stage.add(makeField("1"), place);
+  const QPointer<QWidget> widget = &driver::widget(other);
+  seen(field).setText(QAccessible::Value, "7");
+  seen(other).setText(QAccessible::Value, "2");
+  driver::settle();
+  EXPECT_TRUE(widget.isNull());
 }
 
 TEST(AccessibilityTest, buttonIsPressed) {
