@@ -77,16 +77,17 @@ void Application::sendEvent(const Event& event, const Action& handle) {
 }
 
 void Application::runTurn() {
-  turn_.perform([this] {
-    if (!events_.empty()) {
-      const Event event = std::move(events_.front());
-      events_.pop_front();
-      if (event.type == Event::Type::keyDown) {
-        sendEvent(event, [this, &event] { performKeyEquivalent(event.key()); });
-      }
+  if (!events_.empty()) {
+    const Event event = std::move(events_.front());
+    events_.pop_front();
+    if (event.type == Event::Type::keyDown) {
+      sendEvent(event, [this, &event] { performKeyEquivalent(event.key()); });
     }
-    mainQueue_.drain();
-  });
+  }
+  if (!mainQueue_.isEmpty()) {
+    // An event of its own: the work finds what the first one opened.
+    turn_.perform([this] { mainQueue_.drain(); });
+  }
   if (hasWork()) {
     platform_.wakeUp(*this);
   }

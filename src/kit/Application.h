@@ -82,7 +82,7 @@ class Application final : public Object {
   /// Runs `handle` with `event` as the current one.
   void sendEvent(const Event& event, const Action& handle);
 
-  /// One turn of the main loop: the first posted event, then the work that was queued, then everything settles.
+  /// One turn of the main loop: the first posted event, then the work that was queued. Everything settles after each.
   void runTurn();
   bool hasWork() const { return !events_.empty() || !mainQueue_.isEmpty(); }
 

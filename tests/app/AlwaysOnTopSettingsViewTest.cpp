@@ -3,11 +3,14 @@
 #include "app/AlwaysOnTopSettingsView.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/Application.h"
+#include "kit/SettingsShortcut.h"
 #include "kit/Window.h"
 #include "view/Composite.h"
 #include "view/Dump.h"
 #include "view/HostedWindow.h"
 #include "view/MountedNode.h"
+#include "view/SceneRunner.h"
+#include "view/SettingsLink.h"
 #include "view/State.h"
 #include "view/Text.h"
 
@@ -106,6 +109,65 @@ TEST(AlwaysOnTopSettingsView, isAsLargeAsItsContent) {
   screen.show(AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}});
   EXPECT_EQ(screen.window->window().contentSize(), (kit::Size{.width = 42, .height = 16}));
 }
+
+const kit::KeyEvent commandComma{.charactersIgnoringModifiers = ",", .modifierFlags = kit::commandFlag};
+
+/// An application whose settings are the wrapper, and whose windows come up at a floating level.
+struct FloatingSettings {
+  FloatingSettings() {
+    scenes.install({view::MenuBarExtra{.title = "extra", .content = view::SettingsLink{.label = view::Text{"Open"}}},
+                    view::Settings{.content = AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}}});
+  }
+
+  void chooseFromStatusMenu() {
+    platform.setMenuScript([](host_headless::OpenMenu& menu) { menu.choose("Open"); });
+    platform.statusItems().at(0)->mouseUp(kit::Event::Type::leftMouseUp);
+  }
+
+  host_headless::HeadlessPlatform platform;
+  std::shared_ptr<kit::Application> application = kit::Application::create(platform);
+  view::SceneRunner scenes{*application, {}};
+  kit::Subscription lifting = application->observeWindows([](kit::Application& changed) {
+    for (kit::Window* window : changed.windows()) {
+      window->setLevel(floatingLevel);
+    }
+  });
+};
+
+struct WayIn {
+  const char* name;
+  void (*open)(FloatingSettings& settings);
+};
+
+std::ostream& operator<<(std::ostream& out, const WayIn& way) { return out << way.name; }
+
+class AlwaysOnTopSettingsWayIn : public testing::TestWithParam<WayIn> {};
+
+TEST_P(AlwaysOnTopSettingsWayIn, theWorkOfOneTurnLaterFindsItsWindow) {
+  FloatingSettings settings;
+  GetParam().open(settings);
+  settings.platform.runUntilIdle(*settings.application);
+  ASSERT_NE(settings.scenes.settingsWindow(), nullptr);
+  EXPECT_EQ(settings.scenes.settingsWindow()->window().level(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    waysIn, AlwaysOnTopSettingsWayIn,
+    testing::Values(WayIn{"postedKey",
+                          [](FloatingSettings& settings) { kit::postSettingsShortcut(*settings.application); }},
+                    WayIn{"pressedKey",
+                          [](FloatingSettings& settings) { settings.application->performKeyEquivalent(commandComma); }},
+                    WayIn{"mainMenu",
+                          [](FloatingSettings& settings) {
+                            settings.application->choose(settings.application->itemMatching(commandComma));
+                          }},
+                    WayIn{"statusMenu", [](FloatingSettings& settings) { settings.chooseFromStatusMenu(); }},
+                    WayIn{"code", [](FloatingSettings& settings) { settings.scenes.openSettings(); }},
+                    WayIn{"queuedWork",
+                          [](FloatingSettings& settings) {
+                            settings.application->mainQueue().async([&settings] { settings.scenes.openSettings(); });
+                          }}),
+    [](const auto& tested) { return tested.param.name; });
 
 }  // namespace
 }  // namespace tarnwell::app

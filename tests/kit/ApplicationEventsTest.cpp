@@ -65,13 +65,13 @@ TEST_F(ApplicationEventsTest, eachTurnHandlesOneEvent) {
   EXPECT_EQ(application->postedEvents(), std::deque<Event>{key("a")});
 }
 
-TEST_F(ApplicationEventsTest, aTurnHandlesTheEventThenTheQueueThenSettles) {
+TEST_F(ApplicationEventsTest, whatTheEventOfATurnChangesSettlesBeforeTheQueueRuns) {
   const NotingSettler settler(application->turn(), notes);
   addEntry("event", "a");
   application->mainQueue().async([this] { notes.emplace_back("work"); });
   application->postEvent(key("a"), false);
   application->runTurn();
-  EXPECT_EQ(notes, (Lines{"event", "work", "settled"}));
+  EXPECT_EQ(notes, (Lines{"event", "settled", "work", "settled"}));
 }
 
 TEST_F(ApplicationEventsTest, whatWorkQueuesWaitsForTheNextTurn) {
