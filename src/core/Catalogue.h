@@ -1,32 +1,29 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "core/CommandRunner.h"
 #include "core/MinEffect.h"
-#include "core/Preference.h"
 
 namespace tarnwell::core {
 
-/// The seven preferences of the Dock: the table of their facts, and the operations that turn values into commands and
-/// what commands print into values. The outcome of a write is never known; a read that fails gives 0.0, false or genie.
+/// How the preferences of the Dock are read and written: values become commands, and what commands print becomes
+/// values. The outcome of a write is never known; a read that fails gives 0.0, false or genie.
 class Catalogue {
  public:
   /// The runner is borrowed for the catalogue's life.
   explicit Catalogue(CommandRunner& runner) : runner_(runner) {}
 
-  /// All rows, in the order in which they are loaded, saved, reset and compared.
-  static std::span<const Preference, 7> preferences();
-
-  /// Starts the write command of the row that has `prefix`; a prefix of no row is a fault.
+  /// Starts the command that `prefix` begins; it ends with a blank, since the value's text follows as it stands. The
+  /// Dock is restarted whatever becomes of the write.
   void writeFloat(std::string_view prefix, double value) const;
   void writeBool(std::string_view prefix, bool value) const;
   void writeSingleApp(bool value) const;
+  /// The one whose Dock is restarted only after a write that succeeded.
   void writeMinEffect(MinEffect value) const;
 
-  /// Each runs a read command to its end and prints on the console what its row says.
+  /// Each runs a read command to its end. Animation, scrolling and effect also print on the console what they read.
   double readDelaySpeed() const;
   double readAnimationSpeed() const;
   bool readScrollToExpose() const;
@@ -36,8 +33,9 @@ class Catalogue {
   bool readSingleAppMode() const;
 
  private:
-  void write(const Preference& preference, std::string_view valueText) const;
-  std::string read(const Preference& preference) const;
+  void write(std::string_view prefix, std::string_view value, std::string_view suffix) const;
+  std::string read(std::string_view key) const;
+  std::string readAndPrint(std::string_view key, const std::string& label = {}) const;
 
   CommandRunner& runner_;
 };

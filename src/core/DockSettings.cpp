@@ -1,9 +1,8 @@
 #include "core/DockSettings.h"
 
-#include <algorithm>
 #include <utility>
-#include <variant>
 
+#include "core/Preference.h"
 #include "core/ProductPages.h"
 
 namespace tarnwell::core {
@@ -17,41 +16,50 @@ DockSettings::DockSettings(Surroundings surroundings)
       usesSingleApp_(std::move(surroundings.usesSingleApp)),
       changed_(std::move(surroundings.changed)) {}
 
-template <class Action>
-void DockSettings::forEachInUse(Action action) const {
-  for (const Preference& preference : Catalogue::preferences()) {
-    if (preference.gate == Gate::everySystem || usesSingleApp_()) {
-      std::visit([&](const auto& access) { action(access, preference.writePrefix); }, preference.access);
-    }
-  }
+template <class Settings, class Test>
+bool DockSettings::allOf(Settings& self, const Test& test) {
+  return test(preferences::delaySpeed, self.delaySpeed, self.delaySpeedCurrent, self.delaySpeedDefault) &&
+         test(preferences::animationSpeed, self.animationSpeed, self.animationSpeedCurrent,
+              self.animationSpeedDefault) &&
+         test(preferences::scrollToExpose, self.scrollToExpose, self.scrollToExposeCurrent,
+              self.scrollToExposeDefault) &&
+         test(preferences::minEffect, self.minEffect, self.minEffectCurrent, self.minEffectDefault) &&
+         test(preferences::showHidden, self.showHidden, self.showHiddenCurrent, self.showHiddenDefault) &&
+         test(preferences::activeAppsOnly, self.activeAppsOnly, self.activeAppsOnlyCurrent,
+              self.activeAppsOnlyDefault) &&
+         test(preferences::singleAppMode, self.singleAppMode, self.singleAppModeCurrent, self.singleAppModeDefault);
 }
 
-template <class Test>
-bool DockSettings::allOf(Test test) const {
-  const auto preferences = Catalogue::preferences();
-  return std::all_of(preferences.begin(), preferences.end(),
-                     [&](const Preference& preference) { return std::visit(test, preference.access); });
+template <class Action>
+void DockSettings::forEachInUse(const Action& action) {
+  allOf(*this, [&](const auto& preference, auto& edited, auto& current, const auto& byDefault) {
+    if (preference.gate == Gate::everySystem || usesSingleApp_()) {
+      action(preference, edited, current, byDefault);
+    }
+    return true;
+  });
 }
 
 void DockSettings::loadFromDock() {
-  forEachInUse([this](const auto& access, auto) { this->*access.current = (catalogue_.*access.read)(); });
-  forEachInUse([this](const auto& access, auto) { this->*access.edited = this->*access.current; });
+  forEachInUse(
+      [this](const auto& preference, auto&, auto& current, auto&) { current = (catalogue_.*preference.read)(); });
+  forEachInUse([](auto&, auto& edited, auto& current, auto&) { edited = current; });
   notify();
 }
 
 void DockSettings::save() {
-  forEachInUse([this](const auto& access, auto prefix) { access.write(catalogue_, prefix, this->*access.edited); });
+  forEachInUse([this](const auto& preference, auto& edited, auto&, auto&) { preference.write(catalogue_, edited); });
   copyEditedToCurrent();
   notify();
 }
 
 void DockSettings::resetToDefaults() {
-  forEachInUse([this](const auto& access, auto prefix) {
-    access.write(catalogue_, prefix, access.fixedReset.value_or(this->*access.byDefault));
+  forEachInUse([this](const auto& preference, auto&, auto&, const auto& byDefault) {
+    preference.write(catalogue_, preference.fixedReset.value_or(byDefault));
   });
-  forEachInUse([this](const auto& access, auto) {
-    this->*access.edited = this->*access.byDefault;
-    this->*access.current = this->*access.byDefault;
+  forEachInUse([](auto&, auto& edited, auto& current, const auto& byDefault) {
+    edited = byDefault;
+    current = byDefault;
   });
   copyEditedToCurrent();
   notify();
@@ -64,15 +72,15 @@ void DockSettings::openHelp() const {
 }
 
 bool DockSettings::matchesCurrent() const {
-  return allOf([this](const auto& access) { return this->*access.edited == this->*access.current; });
+  return allOf(*this, [](auto&, auto& edited, auto& current, auto&) { return edited == current; });
 }
 
 bool DockSettings::matchesDefaults() const {
-  return allOf([this](const auto& access) { return this->*access.edited == this->*access.byDefault; });
+  return allOf(*this, [](auto&, auto& edited, auto&, auto& byDefault) { return edited == byDefault; });
 }
 
 void DockSettings::copyEditedToCurrent() {
-  forEachInUse([this](const auto& access, auto) { this->*access.current = this->*access.edited; });
+  forEachInUse([](auto&, auto& edited, auto& current, auto&) { current = edited; });
 }
 
 void DockSettings::notify() const {

@@ -65,11 +65,12 @@ class DockSettings {
   bool singleAppMode = false;
 
  private:
-  /// Calls `action(access, writePrefix)` for each preference that this system knows, in the catalogue's order.
+  /// Whether `test(preference, edited, current, byDefault)` holds for each row; stops at the first that fails it.
+  template <class Settings, class Test>
+  static bool allOf(Settings& self, const Test& test);
+  /// Calls `action` with the same for each row that this system knows.
   template <class Action>
-  void forEachInUse(Action action) const;
-  template <class Test>
-  bool allOf(Test test) const;
+  void forEachInUse(const Action& action);
   void copyEditedToCurrent();
   void notify() const;
 

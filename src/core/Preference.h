@@ -1,42 +1,54 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
-#include <variant>
 
-#include "core/MinEffect.h"
+#include "core/Catalogue.h"
 
 namespace tarnwell::core {
-
-class Catalogue;
-class DockSettings;
 
 /// The systems on which a preference is read, written, reset and copied.
 enum class Gate { everySystem, olderThan15 };
 
-/// Where the settings state keeps the three values of a preference, and the catalogue's operations that carry them.
+/// One row of the catalogue, for a preference with values of type `T`.
 template <class T>
-struct ValueAccess {
-  const T DockSettings::*byDefault = nullptr;
-  T DockSettings::*current = nullptr;
-  T DockSettings::*edited = nullptr;
+struct Preference {
   T (Catalogue::*read)() const = nullptr;
-  void (*write)(const Catalogue& catalogue, std::string_view prefix, T value) = nullptr;
+  void (*write)(const Catalogue& catalogue, T value) = nullptr;
   /// What a reset writes instead of the default.
   std::optional<T> fixedReset = std::nullopt;
-};
-
-/// One row of the catalogue.
-struct Preference {
-  /// Ends with one blank; the value's text follows.
-  std::string_view writePrefix = {};
-  /// Starts the Dock again.
-  std::string_view writeSuffix = {};
-  std::string_view readCommand = {};
-  /// What stands before the text that was read when it is printed on the console; none when nothing is printed.
-  std::optional<std::string_view> printedLabel = std::nullopt;
   Gate gate = Gate::everySystem;
-  std::variant<ValueAccess<double>, ValueAccess<bool>, ValueAccess<MinEffect>> access = {};
 };
 
+namespace preferences {
+
+inline constexpr Preference<double> delaySpeed = {
+    .read = &Catalogue::readDelaySpeed, .write = [](const Catalogue& catalogue, double value) {
+      catalogue.writeFloat("defaults write com.apple.dock autohide-delay -float ", value);
+    }};
+inline constexpr Preference<double> animationSpeed = {
+    .read = &Catalogue::readAnimationSpeed, .write = [](const Catalogue& catalogue, double value) {
+      catalogue.writeFloat("defaults write com.apple.dock autohide-time-modifier -float ", value);
+    }};
+inline constexpr Preference<bool> scrollToExpose = {
+    .read = &Catalogue::readScrollToExpose, .write = [](const Catalogue& catalogue, bool value) {
+      catalogue.writeBool("defaults write com.apple.dock scroll-to-open -bool ", value);
+    }};
+inline constexpr Preference<MinEffect> minEffect = {
+    .read = &Catalogue::readMinEffect,
+    .write = [](const Catalogue& catalogue, MinEffect value) { catalogue.writeMinEffect(value); },
+    .fixedReset = MinEffect::genie};
+inline constexpr Preference<bool> showHidden = {
+    .read = &Catalogue::readShowHidden, .write = [](const Catalogue& catalogue, bool value) {
+      catalogue.writeBool("defaults write com.apple.dock showhidden -bool ", value);
+    }};
+inline constexpr Preference<bool> activeAppsOnly = {
+    .read = &Catalogue::readActiveAppsOnly, .write = [](const Catalogue& catalogue, bool value) {
+      catalogue.writeBool("defaults write com.apple.dock static-only -bool ", value);
+    }};
+inline constexpr Preference<bool> singleAppMode = {
+    .read = &Catalogue::readSingleAppMode,
+    .write = [](const Catalogue& catalogue, bool value) { catalogue.writeSingleApp(value); },
+    .gate = Gate::olderThan15};
+
+}  // namespace preferences
 }  // namespace tarnwell::core
