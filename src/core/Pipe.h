@@ -11,6 +11,9 @@ struct Pipe {
 
   /// Failing is a fault: without a pipe there is no launch.
   static Pipe create();
+
+  /// Lets it hold as much as the system allows: a mebibyte as a rule, less for a user with many large pipes.
+  void grow() const;
 };
 
 }  // namespace tarnwell::core

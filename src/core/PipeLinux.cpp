@@ -3,12 +3,23 @@
 
 #include <array>
 #include <cerrno>
-#include <utility>
+#include <cstdlib>
 
 #include "core/Pipe.h"
+#include "core/RequiredDescriptor.h"
 #include "core/SystemFault.h"
 
 namespace tarnwell::core {
+namespace {
+
+/// The most bytes that a pipe of an ordinary process may hold; 0 when the system does not tell.
+int largestSize() {
+  const Descriptor file(::open("/proc/sys/fs/pipe-max-size", O_RDONLY | O_CLOEXEC));
+  std::array<char, 16> text{};
+  return ::read(file.number(), text.data(), text.size() - 1) > 0 ? std::atoi(text.data()) : 0;
+}
+
+}  // namespace
 
 Pipe Pipe::create() {
   std::array<int, 2> ends{};
@@ -16,13 +27,18 @@ Pipe Pipe::create() {
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
     systemFault("make a pipe", errno);
   }
-  Pipe pipe = {.readEnd = Descriptor(ends[0]), .writeEnd = Descriptor(ends[1])};
-  pipe.readEnd = aboveStandardStreams(std::move(pipe.readEnd));
-  pipe.writeEnd = aboveStandardStreams(std::move(pipe.writeEnd));
-  if (pipe.readEnd.isEmpty() || pipe.writeEnd.isEmpty()) {
-    systemFault("make a pipe", errno);
+  return {.readEnd = requiredDescriptor(ends[0], "make a pipe"),
+          .writeEnd = requiredDescriptor(ends[1], "make a pipe")};
+}
+
+void Pipe::grow() const {
+  const int now = ::fcntl(writeEnd.number(), F_GETPIPE_SZ);
+  // A user with many large pipes is refused the largest size, though perhaps not half of it.
+  for (int size = largestSize(); size > now; size /= 2) {
+    if (::fcntl(writeEnd.number(), F_SETPIPE_SZ, size) != -1) {
+      return;
+    }
   }
-  return pipe;
 }
 
 }  // namespace tarnwell::core

@@ -35,6 +35,7 @@ std::string readToEnd(const Descriptor& source) {
 
 void ShellCommandRunner::runDetached(const std::string& commandLine) {
   Pipe pipe = Pipe::create();
+  pipe.grow();
   const pid_t child = launcher_.launch(commandLine, ChildStreams(pipe, Reader::nobody));
   // Before the child is watched, so that there are descriptors left to watch it with.
   pipe = {};

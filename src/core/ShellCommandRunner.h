@@ -12,7 +12,8 @@ namespace tarnwell::core {
 /// descriptor of this process but its three streams. All calls belong on one thread.
 class ShellCommandRunner final : public CommandRunner {
  public:
-  /// The child's output goes to a pipe that nobody reads: a child that fills it blocks, itself alone.
+  /// The child's output goes to a pipe of the largest size (`Pipe::grow`) that is never read: a child that prints more
+  /// than it holds blocks, itself alone and for good.
   void runDetached(const std::string& commandLine) override;
 
   /// Returns when the output ends, even if the child lives on.

@@ -105,6 +105,17 @@ TEST_F(ShellCommandRunnerTest, aDetachedChildWithTooMuchOutputBlocksItselfAlone)
   EXPECT_EQ(::kill(std::stoi(sandbox.read("pid")), SIGKILL), 0);
 }
 
+TEST_F(ShellCommandRunnerTest, sevenDetachedChildrenAtOncePrintMuchAndStillDoTheirWork) {
+  sandbox.write(".zshenv", "print -r -- ${(l:70000::x:)}\n");
+  for (const char* name : {"1", "2", "3", "4", "5", "6", "7"}) {
+    runner.runDetached("print -r -- ${(l:900000::x:)}; : > " + path(name));
+  }
+  EXPECT_TRUE(waitFor([this] { return allReaped(); }));
+  for (const char* name : {"1", "2", "3", "4", "5", "6", "7"}) {
+    EXPECT_TRUE(sandbox.holds(name)) << name;
+  }
+}
+
 TEST_F(ShellCommandRunnerTest, aDetachedChildOutlivesItsStartUpFilesPrinting) {
   sandbox.write(".zshenv", "print hello; print -u2 there; /bin/echo and more\n");
   runner.runDetached(": > " + path("written"));
