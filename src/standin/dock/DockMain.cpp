@@ -1,17 +1,17 @@
 /// A stand-in for the Dock of macOS: a process of that name which reads its settings from the preferences when it
 /// starts, says in its log what it has read, and then waits to be killed. It never reads them again: as on macOS, a
-/// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it goes on
-/// as the program of the same name in the folder "face", which shows what the settings do: a toolkit takes its time to
-/// load, and each of several kills in a row must find a Dock that has spoken.
+/// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it has a
+/// face show what the settings do, a process that outlives it: a toolkit takes its time to load, and each of several
+/// kills in a row must find a Dock that has spoken.
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,7 +20,7 @@
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 #include "standin/dock/DockSettings.h"
-#include "standin/dock/OwnFolder.h"
+#include "standin/dock/FaceProcess.h"
 #include "standin/store/Domain.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -29,11 +29,12 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: Dock [--no-window | --list | --help]
+constexpr std::string_view usageText = R"(Usage: Dock [--face=FILE | --no-window | --list | --help]
 
 Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and shows a dock that goes
 by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
 
+  --face=FILE   show it on a face that is there, which listens to this open file
   --no-window   show nothing, as where there is no display
   --list        print the settings that it would go by, one "key value" a line, and end
   --help        this text
@@ -57,26 +58,19 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   }
 }
 
-bool mayHaveDisplay() {
-  return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY"}, [](const char* name) {
-    const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
-    return value != nullptr && *value != '\0';
-  });
-}
-
-// Hands over what was read and logged, since the preferences may have changed meanwhile. Returns only when there is no
-// face.
-void becomeFace(std::string behavior) {
-  const std::string path = ownFolder() + "/face/Dock";
-  std::string name = "Dock";
-  std::array<char*, 3> arguments = {name.data(), behavior.data(), nullptr};
-  ::execv(path.c_str(), arguments.data());
-  printError("Dock: cannot start " + path + ": " + std::strerror(errno) + "\n");  // NOLINT(concurrency-mt-unsafe)
+// A Dock that is started by itself has a face of its own, which ends with it.
+void show(std::optional<int> socket, const std::string& behavior) {
+  const std::unique_ptr<FaceProcess> own = socket ? nullptr : FaceProcess::start();
+  if (socket || own) {
+    showOn(socket ? *socket : own->socket(), behavior);
+    // Without a face it is no use; the next Dock brings another one.
+    ::_exit(EXIT_FAILURE);
+  }
 }
 
 enum class Mode { face, noWindow, list };
 
-int run(Mode mode) {
+int run(Mode mode, std::optional<int> socket = std::nullopt) {
   const std::optional<std::string> root = systemRoot();
   if (!root) {
     printError(std::string("Dock: ") + noRootMessage + "\n");
@@ -88,12 +82,19 @@ int run(Mode mode) {
   }
   logSettings(*root, stored);
   letTerminationThrough();
-  if (mode == Mode::face && mayHaveDisplay()) {
-    becomeFace(listText(dockBehavior(stored)));
+  if (mode == Mode::face) {
+    // What was read and logged, since the preferences may have changed meanwhile.
+    show(socket, listText(dockBehavior(stored)));
   }
   for (;;) {
     ::pause();
   }
+}
+
+std::optional<int> numberIn(std::string_view text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
 }
 
 int runAs(const std::vector<std::string_view>& arguments) {
@@ -110,6 +111,12 @@ int runAs(const std::vector<std::string_view>& arguments) {
   }
   if (argument == "--no-window") {
     return run(Mode::noWindow);
+  }
+  constexpr std::string_view face = "--face=";
+  if (argument.starts_with(face)) {
+    if (const auto socket = numberIn(argument.substr(face.size()))) {
+      return run(Mode::face, socket);
+    }
   }
   printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
   return 2;

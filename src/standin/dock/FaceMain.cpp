@@ -1,10 +1,9 @@
-/// The Dock once it has said what it has read: the same process, which goes on as a program with a toolkit. It has the
-/// same name, so that killall finds it. Its argument is what `Dock --list` prints.
+/// Shows the Dock of which it is told on its standard input, and then the next one; its windows need not come and go as
+/// often as the Dock is ended. It has another name, so that killall leaves it alone.
 
 #include <optional>
 #include <string>
 
-#include "standin/dock/DockBehavior.h"
 #include "standin/dock/face/Face.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -16,11 +15,10 @@ int run(int argc, char** argv) {
   prepareStandardStreams();
   const std::optional<std::string> root = systemRoot();
   if (!root) {
-    printError(std::string("Dock: ") + noRootMessage + "\n");
+    printError(std::string("dock-face: ") + noRootMessage + "\n");
     return 1;
   }
-  const DockBehavior behavior = listedBehavior(argc > 1 ? argv[1] : "");
-  return showFace(argc, argv, behavior, *root + "/Library/Application Support/Dock/desk");
+  return showFace(argc, argv, *root + "/Library/Application Support/Dock/desk");
 }
 
 }  // namespace

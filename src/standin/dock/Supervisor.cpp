@@ -1,5 +1,6 @@
 #include "standin/dock/Supervisor.h"
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -44,28 +45,23 @@ void restoreSignals() {
   ::sigprocmask(SIG_SETMASK, &held, nullptr);
 }
 
-[[noreturn]] void become(const std::vector<std::string>& command, pid_t supervisor) {
+[[noreturn]] void becomeDock(std::string path, std::string argument, pid_t supervisor) {
   // The order closes the gap in which the supervisor could die unnoticed.
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (::getppid() != supervisor) {
     ::_exit(1);
   }
   restoreSignals();
-  std::vector<char*> arguments;
-  arguments.reserve(command.size() + 1);
-  for (const std::string& each : command) {
-    arguments.push_back(const_cast<char*>(each.c_str()));
-  }
-  arguments.push_back(nullptr);
-  ::execv(arguments.front(), arguments.data());
-  printError("dock-supervisor: cannot start " + command.front() + ": " + std::strerror(errno) +
+  std::array<char*, 3> arguments = {path.data(), argument.data(), nullptr};
+  ::execv(path.c_str(), arguments.data());
+  printError("dock-supervisor: cannot start " + path + ": " + std::strerror(errno) +
              "\n");  // NOLINT(concurrency-mt-unsafe): one thread
   ::_exit(127);
 }
 
 }  // namespace
 
-Supervisor::Supervisor(std::vector<std::string> command) : command_(std::move(command)) {
+Supervisor::Supervisor(std::string dock) : dock_(std::move(dock)) {
   ::sigemptyset(&signals_);
   for (const int signal : watched) {
     ::sigaddset(&signals_, signal);
@@ -83,6 +79,9 @@ void Supervisor::run() {
     if (!status) {
       return stop();
     }
+    if (face_) {
+      face_->tellEnd();
+    }
     if (!rest(policy_.delayAfter(endingOf(*status), since(begin)))) {
       return;
     }
@@ -90,10 +89,16 @@ void Supervisor::run() {
 }
 
 void Supervisor::start() {
+  if (!face_ || !face_->isRunning()) {
+    face_ = FaceProcess::start();
+  }
   const pid_t self = ::getpid();
   process_ = ::fork();
   if (process_ == 0) {
-    become(command_, self);
+    if (face_) {
+      ::fcntl(face_->socket(), F_SETFD, 0);
+    }
+    becomeDock(dock_, face_ ? "--face=" + std::to_string(face_->socket()) : "--no-window", self);
   }
 }
 

@@ -4,20 +4,22 @@
 
 #include <chrono>
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
+#include "standin/dock/FaceProcess.h"
 #include "standin/dock/RestartPolicy.h"
 
 namespace tarnwell::standin {
 
-/// Keeps one process running: starts it again whenever it ends, until a SIGTERM, SIGINT or SIGHUP asks both to end.
-/// The kernel kills the process when the supervisor dies in any other way. Sleeps whenever there is nothing to do.
+/// Keeps a Dock running: starts it again whenever it ends, until a SIGTERM, SIGINT or SIGHUP asks both to end. The
+/// kernel kills the Dock when the supervisor dies in any other way. The face that shows it stays for the next one.
+/// Sleeps whenever there is nothing to do.
 class Supervisor {
  public:
-  /// `command` is the executable's path and its arguments.
-  explicit Supervisor(std::vector<std::string> command);
+  /// `dock` is the path of its executable.
+  explicit Supervisor(std::string dock);
 
   /// Returns when asked to end, with the process gone and reaped.
   void run();
@@ -35,10 +37,11 @@ class Supervisor {
   // False when asked to end meanwhile.
   bool rest(std::chrono::milliseconds delay) const;
 
-  std::vector<std::string> command_;
+  std::string dock_;
   sigset_t signals_{};
   RestartPolicy policy_;
   pid_t process_ = -1;
+  std::unique_ptr<FaceProcess> face_;
 };
 
 }  // namespace tarnwell::standin

@@ -47,7 +47,7 @@ int supervise() {
   if (!lock) {
     return fail("cannot lock " + lockPath + ": " + std::strerror(errno), 1);  // NOLINT(concurrency-mt-unsafe)
   }
-  Supervisor({ownFolder() + "/Dock"}).run();
+  Supervisor(ownFolder() + "/Dock").run();
   return 0;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -241,14 +242,14 @@ TEST(FaceTest, sleepsWhenNothingMoves) {
   dock.hide();
   for (const char* state : {"hidden", "shown"}) {
     // It may still have something to finish.
-    std::pair<long, long> before = effort(dock.process());
+    std::pair<long, long> before = effort(dock.face());
     EXPECT_TRUE(waitFor([&] {
       std::this_thread::sleep_for(std::chrono::seconds(1));
-      const auto now = effort(dock.process());
+      const auto now = effort(dock.face());
       return std::exchange(before, now) == now;
     })) << state;
     std::this_thread::sleep_for(std::chrono::seconds(1));
-    EXPECT_EQ(effort(dock.process()), before) << state;
+    EXPECT_EQ(effort(dock.face()), before) << state;
     dock.reveal();
   }
 }
@@ -295,6 +296,42 @@ TEST(FaceTest, comesBackOnScreensWhosePixelsMakeNoWholeNumberOfPoints) {
     EXPECT_TRUE(waitFor([&] { return !isShown(); }));
     display.act("mousemove 640 " + std::to_string(high - 1));
     EXPECT_TRUE(waitFor(isShown)) << high;
+  }
+}
+
+TEST(FaceTest, staysWhileDocksComeAndGo) {
+  ShownDock dock;
+  dock.start();
+  const pid_t face = dock.face();
+  ASSERT_GT(face, 0);
+  const pid_t before = dock.process();
+  dock.restart(3);
+  EXPECT_NE(dock.process(), before);
+  EXPECT_EQ(dock.face(), face);
+}
+
+TEST(FaceTest, anotherOneComesInThePlaceOfOneThatWasKilled) {
+  ShownDock dock;
+  dock.start();
+  const pid_t face = dock.face();
+  const std::size_t starts = dock.starts();
+  ::kill(face, SIGKILL);
+  EXPECT_TRUE(waitFor([&] { return dock.starts() > starts && dock.face() > 0 && dock.face() != face; }));
+  dock.hide();
+  dock.reveal();
+}
+
+TEST(FaceTest, endsWithTheLastProcessThatTellsOfADock) {
+  for (const char* path : {DOCK_PATH, SUPERVISOR_PATH}) {
+    const MacSystem system;
+    const Display display;
+    Words environment = system.environment();
+    environment.push_back("DISPLAY=" + display.name());
+    Process process({path}, environment);
+    EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 1; })) << path;
+    process.send(SIGKILL);
+    process.wait();
+    EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 0; })) << path;
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <sstream>
 #include <thread>
 
 #include "fixtures/WaitFor.h"
@@ -69,6 +70,17 @@ std::size_t ShownDock::starts() const {
 pid_t ShownDock::process() const {
   const std::string log = this->log();
   return std::stoi(log.substr(log.rfind("Dock[") + 5));
+}
+
+pid_t ShownDock::face() const {
+  const std::string supervisor = std::to_string(supervisor_->id());
+  std::istringstream children(fileContent("/proc/" + supervisor + "/task/" + supervisor + "/children"));
+  for (pid_t child = 0; children >> child;) {
+    if (fileContent("/proc/" + std::to_string(child) + "/comm") == "dock-face\n") {
+      return child;
+    }
+  }
+  return -1;
 }
 
 ShownDock::Reveal ShownDock::watchReveal() const {

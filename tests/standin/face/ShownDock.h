@@ -51,6 +51,9 @@ class ShownDock {
   void openNotebook() const;
 
   pid_t process() const;
+
+  /// The process that shows it.
+  pid_t face() const;
   std::size_t starts() const;
   const Display& display() const { return display_; }
   Display& display() { return display_; }

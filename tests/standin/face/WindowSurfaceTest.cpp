@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -31,7 +33,7 @@ class WindowSurfaceTest : public testing::Test {
     environment.insert(environment.end(),
                        {"DISPLAY=" + display_.name(), "WAYLAND_DISPLAY=none", "QT_QPA_PLATFORM=xcb"});
     pointAt(1270, 790);
-    dock_.emplace(Words{DOCK_PATH}, environment);
+    dock_.emplace(Words{SUPERVISOR_PATH}, environment);
     ASSERT_TRUE(waitFor([&] { return display_.windowCount("Dock") == 1 && display_.color(500, 20) != 0; }));
     ASSERT_TRUE(waitFor([&] { return !isShown(); })) << dock_->errors();
   }
@@ -59,7 +61,15 @@ class WindowSurfaceTest : public testing::Test {
     ASSERT_EQ(outcome.status, 0) << outcome.errors;
   }
 
+  // Ends the Dock and waits for the next one.
+  void restart() const {
+    const std::string before = fileContent(system_.dockLog());
+    ::kill(std::stoi(before.substr(before.rfind("Dock[") + 5)), SIGTERM);
+    ASSERT_TRUE(waitFor([&] { return fileContent(system_.dockLog()).size() > before.size(); }));
+  }
+
   const Display& display() const { return display_; }
+  Display& display() { return display_; }
 
  private:
   MacSystem system_;
@@ -71,6 +81,31 @@ TEST_F(WindowSurfaceTest, livesInAWindowThatSaysSo) {
   start();
   EXPECT_NE(display().color(500, 20), 0U);
   EXPECT_EQ(display().color(1100, 700), 0U);
+}
+
+TEST_F(WindowSurfaceTest, keepsItsWindowBelowTheOthersWhenTheDockIsStartedAgain) {
+  start();
+  constexpr std::uint32_t green = 0x00ff00;
+  display().openWindow(0, 0, width, 300, green);
+  EXPECT_TRUE(waitFor([&] { return display().color(500, 20) == green; }));
+  pointAt(width / 2, height - 1);
+  ASSERT_TRUE(waitFor([&] { return isShown(); }));
+  for (int i = 0; i < 3; ++i) {
+    restart();
+  }
+  pointAt(1270, 790);
+  // The last one greets, and hides.
+  EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+  EXPECT_EQ(display().color(500, 20), green);
+  EXPECT_EQ(display().windowCount("Dock"), 1);
+  // It goes by what was set since.
+  write("autohide-delay", "-float 3600");
+  write("autohide-time-modifier", "-float 0");
+  restart();
+  EXPECT_TRUE(waitFor([&] { return isShown(); }));
+  EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+  pointAt(width / 2, height - 1);
+  EXPECT_FALSE(waitFor([&] { return isShown(); }, awhile));
 }
 
 TEST_F(WindowSurfaceTest, staysWhileThePointerIsOnItWhereADocumentOpensBelowIt) {

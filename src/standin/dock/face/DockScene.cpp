@@ -5,6 +5,7 @@
 #include <QtWidgets/QMenu>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tarnwell::standin {
 namespace {
@@ -30,37 +31,26 @@ QPalette paletteOf(const Look& look) {
 
 }  // namespace
 
-DockScene::DockScene(Surface& surface, const DockBehavior& behavior, std::string deskPath)
+DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme scheme, std::string deskPath)
     : behavior_(behavior),
       surface_(surface),
       file_(std::move(deskPath)),
       bounces_(desk_.applications().size()),
+      scheme_(scheme),
       effect_(surface),
       spread_(surface, scrolling_),
       dock_(surface, icons_, makeReveal(behavior), scrolling_,
             {.click = [this](std::size_t item) { click(item); },
              .menu = [this](std::size_t item, QPoint place) { openMenu(item, place); },
-             .scrollUp = [this](std::size_t item) { scrollUp(item); }}),
-      appearance_([this](Scheme scheme) {
-        setScheme(scheme);
-        begin();
-      }) {
-  // A desktop that does not answer at once is not waited for.
-  constexpr std::chrono::milliseconds patience{40};
+             .scrollUp = [this](std::size_t item) { scrollUp(item); }}) {
   file_.restore(desk_);
-  begin_.setSingleShot(true);
-  QObject::connect(&begin_, &QTimer::timeout, &begin_, [this] { begin(); });
-  begin_.start(appearance_.isAsked() ? patience : std::chrono::milliseconds(0));
+  dock_.setScheme(scheme);
+  show();
+  lowerWindows();
+  dock_.greet();
 }
 
-void DockScene::begin() {
-  if (meanings_.empty()) {
-    begin_.stop();
-    show();
-    lowerWindows();
-    dock_.greet();
-  }
-}
+DockScene::~DockScene() { surface_.reset(); }
 
 // Whoever uses another program when the dock starts goes on using it.
 void DockScene::lowerWindows() {
@@ -70,14 +60,11 @@ void DockScene::lowerWindows() {
 
 void DockScene::setScheme(Scheme scheme) {
   scheme_ = scheme;
-  surface_.setScheme(scheme);
   dock_.setScheme(scheme);
   for (const auto& [key, window] : windows_) {
     window->setScheme(scheme);
   }
-  if (!meanings_.empty()) {
-    showItems();
-  }
+  showItems();
 }
 
 void DockScene::show() {
@@ -238,7 +225,7 @@ void DockScene::openMenu(std::size_t item, QPoint place) {
     addAction("Quit", [this, which] { desk_.quit(which); });
   }
   dock_.hold();
-  QObject::connect(menu, &QMenu::aboutToHide, &begin_, [this] { dock_.release(); });
+  QObject::connect(menu, &QMenu::aboutToHide, &dock_, [this] { dock_.release(); });
   const QRect icon = dock_.iconPlace(item);
   constexpr int gap = 34;  // over an icon that has grown
   menu->popup(surface_.toScreen(QPoint(place.x(), icon.top() - gap - menu->sizeHint().height())));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QTimer>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -10,7 +9,6 @@
 #include <vector>
 
 #include "standin/dock/DockBehavior.h"
-#include "standin/dock/face/Appearance.h"
 #include "standin/dock/face/DeskFile.h"
 #include "standin/dock/face/DockWidget.h"
 #include "standin/dock/face/DocumentWindow.h"
@@ -26,7 +24,12 @@ namespace tarnwell::standin {
 /// The dock, the windows of its demonstration applications, and what they do to each other.
 class DockScene {
  public:
-  DockScene(Surface& surface, const DockBehavior& behavior, std::string deskPath);
+  DockScene(Surface& surface, const DockBehavior& behavior, Scheme scheme, std::string deskPath);
+  DockScene(const DockScene&) = delete;
+  DockScene& operator=(const DockScene&) = delete;
+  ~DockScene();
+
+  void setScheme(Scheme scheme);
 
  private:
   using WindowKey = std::pair<std::size_t, std::size_t>;
@@ -37,9 +40,7 @@ class DockScene {
     std::optional<DocumentId> document = {};
   };
 
-  void begin();
   void lowerWindows();
-  void setScheme(Scheme scheme);
 
   // Brings items and windows in line with the desk, and keeps the desk.
   void show();
@@ -69,7 +70,7 @@ class DockScene {
   Desk desk_;
   std::vector<Bounce> bounces_;  // of the applications
   Icons icons_;
-  Scheme scheme_ = Scheme::light;
+  Scheme scheme_;
   std::vector<Meaning> meanings_;
   std::map<WindowKey, std::unique_ptr<DocumentWindow>> windows_;
   std::optional<DocumentId> travelling_;  // on its way into the dock or out of it
@@ -77,8 +78,6 @@ class DockScene {
   EffectOverlay effect_;
   SpreadOverlay spread_;
   DockWidget dock_;
-  QTimer begin_;
-  Appearance appearance_;
 };
 
 }  // namespace tarnwell::standin

@@ -70,7 +70,7 @@ void DockWidget::release() {
   }
 }
 
-void DockWidget::greet() { wakeUp(); }
+void DockWidget::greet() { setPointer(onDock_, surface_.isAtEdge()); }
 
 QRect DockWidget::iconPlace(std::size_t item) const {
   const QRect area = surface_.area();

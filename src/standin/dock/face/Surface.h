@@ -54,7 +54,16 @@ class Surface {
   /// window. Another program may have asked for the key before; then nothing is heard.
   virtual void watchEscape(bool isWatched) = 0;
 
-  /// Called with whether the pointer is at the lower edge.
+  /// Forgets everything that it was told to call, and is ready for another dock.
+  virtual void reset() {
+    watchEscape(false);
+    edgeChanged_ = [](bool) {};
+    areaChanged_.clear();
+    escapePressed_ = [] {};
+  }
+
+  /// Whether the pointer is at the lower edge, and called with that when it changes.
+  bool isAtEdge() const { return isAtEdge_; }
   void onEdge(std::function<void(bool)> changed) { edgeChanged_ = std::move(changed); }
 
   void onEscape(std::function<void()> pressed) { escapePressed_ = std::move(pressed); }
@@ -63,7 +72,10 @@ class Surface {
   void onArea(std::function<void()> changed) { areaChanged_.push_back(std::move(changed)); }
 
  protected:
-  void tellEdge(bool isThere) const { edgeChanged_(isThere); }
+  void tellEdge(bool isThere) {
+    isAtEdge_ = isThere;
+    edgeChanged_(isThere);
+  }
   void tellArea() const {
     for (const auto& changed : areaChanged_) {
       changed();
@@ -72,6 +84,7 @@ class Surface {
   void tellEscape() const { escapePressed_(); }
 
  private:
+  bool isAtEdge_ = false;
   std::function<void(bool)> edgeChanged_ = [](bool) {};
   std::vector<std::function<void()>> areaChanged_;
   std::function<void()> escapePressed_ = [] {};

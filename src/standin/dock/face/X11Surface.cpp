@@ -95,6 +95,7 @@ std::unique_ptr<X11Surface> X11Surface::open() {
 X11Surface::X11Surface(Connection display, int screenNumber)
     : display_(std::move(display)),
       root_(rootOf(display_.get(), screenNumber)),
+      screenNumber_(screenNumber),
       blends_(hasCompositor(display_.get(), screenNumber)) {
   raiseSoon_.setSingleShot(true);
   raiseSoon_.setInterval(0);
@@ -176,6 +177,12 @@ void X11Surface::setEdgeHeight(int points) {
 }
 
 void X11Surface::setScheme(Scheme /*scheme*/) {}
+
+void X11Surface::reset() {
+  Surface::reset();
+  // It may have come or gone meanwhile.
+  blends_ = hasCompositor(display_.get(), screenNumber_);
+}
 
 void X11Surface::makeEdge() {
   // First, or windows that come meanwhile would be missed.

@@ -31,6 +31,7 @@ class X11Surface final : public Surface {
   void setEdgeHeight(int points) override;
   void setScheme(Scheme scheme) override;
   void watchEscape(bool isWatched) override;
+  void reset() override;
 
  private:
   struct Disconnect {
@@ -57,7 +58,8 @@ class X11Surface final : public Surface {
   std::vector<xcb_keycode_t> escapes_;
   WindowsAbove above_;
   int edgeHeight_ = 1;
-  bool blends_ = false;
+  int screenNumber_;
+  bool blends_;
   QPointer<QWidget> dock_;
   QTimer raiseSoon_;
   std::unique_ptr<QSocketNotifier> arrival_;

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "standin/store/Descriptor.h"
+
+namespace tarnwell::standin {
+
+/// The program that shows a Dock, a child of this process. A Dock is ended and started anew at every change; the face
+/// stays, and its windows with it. It is told of each Dock over a socket, one record for each thing to tell, and ends
+/// by itself once no process is left that could tell it of another one.
+class FaceProcess {
+ public:
+  /// Nothing where there is no display and, with a message on standard error, where it cannot be started.
+  static std::unique_ptr<FaceProcess> start();
+
+  FaceProcess(const FaceProcess&) = delete;
+  FaceProcess& operator=(const FaceProcess&) = delete;
+
+  /// Ends it.
+  ~FaceProcess();
+
+  /// False once it has ended.
+  bool isRunning();
+
+  /// The socket, which a Dock may inherit; closed on exec otherwise.
+  int socket() const { return socket_.number(); }
+
+  /// That the Dock has ended. A face that has stopped listening is not waited for.
+  void tellEnd() const;
+
+ private:
+  FaceProcess(pid_t process, Descriptor socket) : process_(process), socket_(std::move(socket)) {}
+
+  pid_t process_;  // -1 once it is reaped
+  Descriptor socket_;
+};
+
+/// What is told: what a Dock goes by, as text, or that there is none. The socket's other end hears both.
+inline constexpr char noDock[] = "-";
+
+/// On behalf of a Dock: tells the face what it goes by, and waits until the face has ended.
+void showOn(int socket, const std::string& behavior);
+
+}  // namespace tarnwell::standin
