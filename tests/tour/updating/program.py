@@ -22,9 +22,18 @@ class Program:
 
     def end(self):
         self.process.terminate()
-        status = self.process.wait()
+        self.ends_with(-signal.SIGTERM)
+
+    def quit(self):
+        """As its user does."""
+        subprocess.run(("xdotool", "windowactivate", "--sync", self.window), check=True)
+        self.press("ctrl+q")
+        self.ends_with(0)
+
+    def ends_with(self, expected):
+        wait_for("the end of the program", lambda: self.process.poll() is not None, 10)
         self.log.close()
-        expect(status == -signal.SIGTERM, "the program ended with status %d" % status)
+        expect(self.process.returncode == expected, "the program ended with status %d" % self.process.returncode)
 
     def is_open(self):
         return bool(self.screen.window(PANEL))
