@@ -7,6 +7,7 @@
 #include "kit/AppleEvent.h"
 #include "kit/NumberFormat.h"
 #include "kit/StatusItem.h"
+#include "kit/Subscription.h"
 #include "kit/SystemVersion.h"
 
 namespace tarnwell::kit {
@@ -29,6 +30,13 @@ class Platform {
 
   /// Calls `Application::runTurn` from the event loop soon, once for any number of calls before that.
   virtual void wakeUp(Application& application) = 0;
+
+  /// Runs `open`, which opens the application's first windows, when status icons stand and it is known what windows
+  /// look like: at once, or from the event loop, unless the subscription has ended by then.
+  [[nodiscard]] virtual Subscription whenReady(Action open) {
+    open();
+    return {};
+  }
 
   /// Brings this application to the front.
   virtual void activate() = 0;

@@ -54,15 +54,11 @@ SceneRunner::~SceneRunner() = default;
 void SceneRunner::install(const std::vector<Scene>& scenes) {
   mainMenu_ = std::make_unique<MainMenu>(application_, commandsOf(scenes), environment_);
   for (const Scene& scene : scenes) {
-    if (!std::holds_alternative<WindowGroup>(scene)) {
-      std::visit([this](const auto& kind) { add(kind); }, scene);
+    if (const auto* extra = std::get_if<MenuBarExtra>(&scene)) {
+      add(*extra);
     }
   }
-  const auto group =
-      std::ranges::find_if(scenes, std::holds_alternative<WindowGroup, WindowGroup, MenuBarExtra, Settings>);
-  if (group != scenes.end()) {
-    add(std::get<WindowGroup>(*group));
-  }
+  opening_ = application_.platform().whenReady([this, scenes] { open(scenes); });
 }
 
 void SceneRunner::openSettings() {
@@ -89,18 +85,26 @@ void SceneRunner::dismissWindow(const std::string& identifier) {
   }
 }
 
-void SceneRunner::add(const WindowGroup& group) {
-  application_.turn().perform([&] {
-    groupWindows_.push_back(makeWindow(group.id, {}, group.content));
-    openWindow(*groupWindows_.back());
-  });
+void SceneRunner::open(const std::vector<Scene>& scenes) {
+  const WindowGroup* first = nullptr;
+  for (const Scene& scene : scenes) {
+    if (const auto* settings = std::get_if<Settings>(&scene)) {
+      settingsContent_ = settings->content;
+    } else if (first == nullptr) {
+      first = std::get_if<WindowGroup>(&scene);
+    }
+  }
+  if (first != nullptr) {
+    application_.turn().perform([&] {
+      groupWindows_.push_back(makeWindow(first->id, {}, first->content));
+      openWindow(*groupWindows_.back());
+    });
+  }
 }
 
 void SceneRunner::add(const MenuBarExtra& extra) {
   extras_.push_back(std::make_unique<Extra>(application_, extra, environment_));
 }
-
-void SceneRunner::add(const Settings& settings) { settingsContent_ = settings.content; }
 
 std::shared_ptr<HostedWindow> SceneRunner::makeWindow(const std::string& identifier, const std::string& title,
                                                       const View& content) {

@@ -31,7 +31,8 @@ class SceneRunner {
   SceneRunner& operator=(const SceneRunner&) = delete;
   ~SceneRunner();
 
-  /// Once: builds the main menu with the scenes' commands, places the status icons, opens a window of the first group.
+  /// Once: builds the main menu with the scenes' commands, places the status icons and, when the platform is ready,
+  /// opens a window of the first group. The settings can be opened from then on.
   void install(const std::vector<Scene>& scenes);
 
   /// Opens the settings window or brings it to the front. Without a settings scene nothing happens.
@@ -44,9 +45,8 @@ class SceneRunner {
  private:
   struct Extra;
 
-  void add(const WindowGroup& group);
+  void open(const std::vector<Scene>& scenes);
   void add(const MenuBarExtra& extra);
-  void add(const Settings& settings);
   std::shared_ptr<HostedWindow> makeWindow(const std::string& identifier, const std::string& title,
                                            const View& content);
   void openWindow(HostedWindow& hosted);
@@ -57,6 +57,7 @@ class SceneRunner {
   EnvironmentValues environment_;
   std::unique_ptr<MainMenu> mainMenu_;
   std::vector<std::unique_ptr<Extra>> extras_;
+  kit::Subscription opening_;
   std::vector<std::shared_ptr<HostedWindow>> groupWindows_;
   std::optional<View> settingsContent_;
   std::shared_ptr<HostedWindow> settings_;

@@ -76,10 +76,13 @@ class QtSystem final : public System {
 
   void launch(kit::Application& application) override {
     platform_.launch(application, {.eventID = kit::openApplicationEvent});
-    settle();
     if (!panel_.hasIcon()) {
       throw std::logic_error("no icon came to the panel");
     }
+    if (!host_qt::becomes([&application] { return application.keyWindow() != nullptr; })) {
+      throw std::logic_error("no window opens");
+    }
+    settle();
   }
 
   void settle() override {

@@ -6,6 +6,7 @@
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 
+#include "host/qt/FirstAnswers.h"
 #include "host/qt/SessionBus.h"
 #include "host/qt/Theme.h"
 
@@ -57,17 +58,7 @@ std::optional<QColor> accentOf(const QVariant& value) {
 
 }  // namespace
 
-PortalSettings::PortalSettings(Theme& theme) : theme_(theme) {
-  QMetaObject::invokeMethod(this, "connectToPortal", Qt::QueuedConnection);
-}
-
-void PortalSettings::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
-  if (space == appearance) {
-    take(key, unwrapped(value.variant()));
-  }
-}
-
-void PortalSettings::connectToPortal() {
+PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme) {
   auto bus = sessionBus();
   if (!bus) {
     return;
@@ -77,11 +68,17 @@ void PortalSettings::connectToPortal() {
   QDBusMetaType::typeToSignature(QMetaType::fromType<QDBusVariant>());
   bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                SLOT(settingChanged(QString, QString, QDBusVariant)));
-  ask(colorSchemeKey);
-  ask(accentKey);
+  ask(colorSchemeKey, first);
+  ask(accentKey, first);
 }
 
-void PortalSettings::ask(const QString& key) {
+void PortalSettings::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
+  if (space == appearance) {
+    take(key, unwrapped(value.variant()));
+  }
+}
+
+void PortalSettings::ask(const QString& key, FirstAnswers& first) {
   QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
   message.setArguments({appearance, key});
   auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
@@ -92,6 +89,7 @@ void PortalSettings::ask(const QString& key) {
     }
     finished->deleteLater();
   });
+  first.await(*answer);
 }
 
 void PortalSettings::take(const QString& key, const QVariant& value) {

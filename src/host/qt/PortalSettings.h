@@ -6,22 +6,23 @@
 
 namespace tarnwell::host_qt {
 
+class FirstAnswers;
 class Theme;
 
-/// What the desktop's settings portal says of light, dark and the accent colour, now and whenever it changes. Asked
-/// without waiting, after the first turn of the event loop; without a bus or a portal the theme stays as it is.
+/// What the desktop's settings portal says of light, dark and the accent colour, now and whenever it changes. Without a
+/// bus or a portal the theme stays as it is.
 class PortalSettings final : public QObject {
   Q_OBJECT
 
  public:
-  explicit PortalSettings(Theme& theme);
+  /// Asks at once. The theme is borrowed.
+  PortalSettings(Theme& theme, FirstAnswers& first);
 
   /// From the bus.
   Q_SLOT void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
  private:
-  Q_SLOT void connectToPortal();
-  void ask(const QString& key);
+  void ask(const QString& key, FirstAnswers& first);
   void take(const QString& key, const QVariant& value);
 
   Theme& theme_;

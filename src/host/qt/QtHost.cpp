@@ -22,7 +22,7 @@
 
 namespace tarnwell::host_qt {
 
-QtHost::QtHost() : input_(theme_), portal_(theme_) {
+QtHost::QtHost() : input_(theme_) {
   installAccessibility();
   input_.setFontChanged([this] { fontChanged(); });
 }

@@ -2,7 +2,6 @@
 
 #include "host/qt/InputWatch.h"
 #include "host/qt/KeyRoute.h"
-#include "host/qt/PortalSettings.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WindowPeer.h"
 #include "kit/Host.h"
@@ -50,7 +49,6 @@ class QtHost final : public kit::Host {
   Theme theme_;
   KeyRoute keys_;
   InputWatch input_;
-  PortalSettings portal_;
   ChromeMaker makeChrome_;
   kit::Action metricsChanged_;
 };

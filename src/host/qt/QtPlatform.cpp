@@ -60,7 +60,7 @@ void takeMetrics() {
 }  // namespace
 
 QtPlatform::QtPlatform(QtApplication& application, Services services)
-    : application_(application), services_(std::move(services)) {
+    : application_(application), services_(std::move(services)), portal_(host().theme(), answers_), tray_(answers_) {
   QApplication::setApplicationName(QString::fromStdString(services_.about.name));
   QApplication::setApplicationVersion(QString::fromStdString(services_.about.version));
   QApplication::setDesktopFileName(kit::applicationId);

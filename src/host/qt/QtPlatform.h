@@ -5,8 +5,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/qt/AboutPanel.h"
+#include "host/qt/FirstAnswers.h"
+#include "host/qt/PortalSettings.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/TrayWatch.h"
 #include "kit/Platform.h"
@@ -42,6 +45,7 @@ class QtPlatform final : public kit::Platform {
   kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   void wakeUp(kit::Application& application) override;
+  kit::Subscription whenReady(kit::Action open) override { return answers_.whenOver(std::move(open)); }
   void activate() override;
   void terminate() override;
   void orderFrontStandardAboutPanel() override;
@@ -60,6 +64,8 @@ class QtPlatform final : public kit::Platform {
 
   QtApplication& application_;
   Services services_;
+  FirstAnswers answers_;
+  PortalSettings portal_;
   TrayWatch tray_;
   QObject context_;  // Ends what was queued, and what listens to the toolkit.
   std::unique_ptr<AboutPanel> aboutPanel_;

@@ -11,6 +11,7 @@
 #include "host/qt/RunLater.h"
 #include "host/qt/SessionBus.h"
 #include "host/qt/TrayWatch.h"
+#include "host/qt/X11Display.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -25,10 +26,12 @@ QString nextPath() {
 StatusIcon::StatusIcon(kit::StatusItem& item, TrayWatch& watch, const Theme& theme)
     : item_(item), watch_(watch), theme_(theme), image_(theme) {
   imageChanges_ = item_.button()->observe([this] { imageChanged(); });
-  trayChanges_ = watch_.observe([this] { follow(); });
   qApp->installEventFilter(this);
   // The item is not complete yet; it gets its menu after it was made.
-  runLater(*this, [this] { follow(); });
+  runLater(*this, [this] {
+    trayChanges_ = watch_.observe([this] { follow(); });
+    follow();
+  });
 }
 
 StatusIcon::~StatusIcon() = default;
@@ -83,6 +86,8 @@ void StatusIcon::showInPanel() {
     }
   });
   inPanel_->show();
+  // The settings are read before the event loop would send it.
+  xcb_flush(x11Display());
 }
 
 void StatusIcon::imageChanged() {

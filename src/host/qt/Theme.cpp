@@ -12,7 +12,9 @@ QColor Theme::textColor(kit::ColorRole role) const {
 }
 
 void Theme::setColorScheme(std::optional<ColorScheme> scheme) {
-  if (std::exchange(scheme_, scheme) != scheme) {
+  const ColorScheme shown = colorScheme();
+  scheme_ = scheme;
+  if (colorScheme() != shown) {
     apply();
   }
 }

@@ -6,7 +6,7 @@
 #include <QtDBus/QDBusServiceWatcher>
 #include <utility>
 
-#include "host/qt/RunLater.h"
+#include "host/qt/FirstAnswers.h"
 #include "host/qt/SessionBus.h"
 
 namespace tarnwell::host_qt {
@@ -22,8 +22,8 @@ bool saysThereIsNone(const QDBusError& error) {
 
 }  // namespace
 
-TrayWatch::TrayWatch() : xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
-  runLater(*this, [this] { listen(); });
+TrayWatch::TrayWatch(FirstAnswers& first) : first_(first), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
+  listen();
 }
 
 TrayWatch::~TrayWatch() = default;
@@ -82,6 +82,7 @@ void TrayWatch::ask() {
     take(*finished);
     finished->deleteLater();
   });
+  first_.await(*answer);
 }
 
 void TrayWatch::take(const QDBusPendingCallWatcher& finished) {

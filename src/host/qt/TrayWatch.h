@@ -10,12 +10,15 @@ class QDBusPendingCallWatcher;
 
 namespace tarnwell::host_qt {
 
-/// Whether the desktop has a place for status icons, now and whenever that changes. Asked without waiting.
+class FirstAnswers;
+
+/// Whether the desktop has a place for status icons, now and whenever that changes.
 class TrayWatch final : public QObject {
   Q_OBJECT
 
  public:
-  TrayWatch();
+  /// Asks at once; `first` is borrowed.
+  explicit TrayWatch(FirstAnswers& first);
   ~TrayWatch() override;
 
   /// What a desktop has that shows status icons.
@@ -45,6 +48,7 @@ class TrayWatch final : public QObject {
   void take(const QDBusPendingCallWatcher& finished);
   void tell(Answer answer);
 
+  FirstAnswers& first_;
   std::unique_ptr<XEmbedTray> xEmbed_;
   kit::Observers<> observers_;
   Answer answer_ = Answer::none;

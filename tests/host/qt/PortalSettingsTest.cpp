@@ -9,6 +9,8 @@
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
 #include "host/qt/FakePortal.h"
+#include "host/qt/FirstAnswers.h"
+#include "host/qt/PortalSettings.h"
 #include "host/qt/PrivateBus.h"
 #include "host/qt/QtApplication.h"
 
@@ -22,14 +24,24 @@ std::unique_ptr<QtApplication> started() {
   return QtApplication::create(1, arguments.data());
 }
 
-bool waitForTheme(Theme& theme, const std::function<bool(const Theme&)>& condition) {
+/// What asks the portal, and how long the start waits for it.
+struct Start {
+  explicit Start(QtApplication& application) : settings(application.host().theme(), first) {}
+
+  FirstAnswers first;
+  PortalSettings settings;
+  bool isOver = false;
+  kit::Subscription waiting = first.whenOver([this] { isOver = true; });
+};
+
+bool waitForTheme(const Theme& theme, const std::function<bool(const Theme&)>& condition) {
   return fixtures::waitFor([&] {
     QApplication::processEvents();
     return condition(theme);
   });
 }
 
-bool becomes(Theme& theme, ColorScheme scheme) {
+bool becomes(const Theme& theme, ColorScheme scheme) {
   return waitForTheme(theme, [scheme](const Theme& now) { return now.colorScheme() == scheme; });
 }
 
@@ -39,6 +51,7 @@ TEST(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
               const auto application = started();
               FakePortal portal(bus.address());
               portal.set("color-scheme", 1U);
+              const Start start(*application);
               Theme& theme = application->host().theme();
               const bool dark = becomes(theme, ColorScheme::dark);
               portal.change("color-scheme", 2U);
@@ -55,6 +68,7 @@ TEST(PortalSettingsTest, takesTheAccentColour) {
               const auto application = started();
               FakePortal portal(bus.address());
               portal.set("accent-color", FakePortal::color(1, 0, 0));
+              const Start start(*application);
               Theme& theme = application->host().theme();
               const bool red = waitForTheme(
                   theme, [](const Theme& now) { return now.palette().accent == QColor::fromRgbF(1, 0, 0); });
@@ -66,18 +80,34 @@ TEST(PortalSettingsTest, takesTheAccentColour) {
             0);
 }
 
+TEST(PortalSettingsTest, answersAreInUseWhenTheWaitIsOver) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const PrivateBus bus;
+              const auto application = started();
+              FakePortal portal(bus.address());
+              portal.set("color-scheme", 1U);
+              portal.set("accent-color", FakePortal::color(1, 0, 0));
+              const Start start(*application);
+              const Theme& theme = application->host().theme();
+              return waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; }) &&
+                             theme.colorScheme() == ColorScheme::dark &&
+                             theme.palette().accent == QColor::fromRgbF(1, 0, 0)
+                         ? 0
+                         : 1;
+            }),
+            0);
+}
+
 TEST(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
   EXPECT_EQ(fixtures::exitStatusOf([] {
               const PrivateBus bus;
               const auto application = started();
               FakePortal portal(bus.address());
               portal.setSilent();
-              Theme& theme = application->host().theme();
-              const bool asked = fixtures::waitFor([&portal] {
-                QApplication::processEvents();
-                return portal.questions() >= 2;
-              });
-              return asked && theme.colorScheme() == ColorScheme::light ? 0 : 1;
+              const Start start(*application);
+              const Theme& theme = application->host().theme();
+              const bool over = waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; });
+              return over && portal.questions() == 2 && theme.colorScheme() == ColorScheme::light ? 0 : 1;
             }),
             0);
 }
@@ -88,8 +118,9 @@ TEST(PortalSettingsTest, withoutABusTheDesktopsOwnColoursStay) {
               ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
               ::setenv("XDG_RUNTIME_DIR", empty.path().c_str(), 1);
               const auto application = started();
+              const Start start(*application);
               QApplication::processEvents();
-              return application->host().theme().colorScheme() == ColorScheme::light ? 0 : 1;
+              return start.isOver && application->host().theme().colorScheme() == ColorScheme::light ? 0 : 1;
             }),
             0);
 }

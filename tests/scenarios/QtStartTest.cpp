@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <QtCore/QEvent>
+
+#include "host/qt/Desktop.h"
+#include "host/qt/FakePortal.h"
+#include "host/qt/PanelThread.h"
+#include "host/qt/TrayNotice.h"
+#include "host/qt/WidgetDriver.h"
+#include "scenarios/StartedTarnwell.h"
+
+namespace tarnwell::scenarios {
+namespace {
+
+using host_qt::PanelThread;
+using Answers = PanelThread::Answers;
+
+/// Of the tenth of a second. A busy machine may be much later than that, yet not as late as the bus gives a program up.
+constexpr std::chrono::milliseconds tooEarly{95};
+constexpr std::chrono::milliseconds tooLate{15000};
+
+/// How often a window has been given a size.
+class Resizes final : public QObject {
+ public:
+  explicit Resizes(QObject& window) { window.installEventFilter(this); }
+  bool eventFilter(QObject* /*object*/, QEvent* event) noexcept override {
+    count += event->type() == QEvent::Resize ? 1 : 0;
+    return false;
+  }
+
+  int count = 0;
+};
+
+std::string busAddress() { return qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString(); }
+
+const QWidget& noticeIn(const QWidget& window) {
+  for (QObject* child : window.children()) {
+    if (const auto* notice = dynamic_cast<host_qt::TrayNotice*>(child)) {
+      return *notice;
+    }
+  }
+  throw std::logic_error("the window has no notice");
+}
+
+TEST(QtStart, theIconIsInTheTrayBeforeASettingIsRead) {
+  const PanelThread panel(Answers::inTime);
+  int icons = 0;
+  StartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  ASSERT_TRUE(tarnwell.showsSettings());
+  EXPECT_EQ(icons, 1);
+}
+
+TEST(QtStart, aDesktopThatDoesNotAnswerIsWaitedForOnceAndNotForLong) {
+  const PanelThread panel(Answers::whenTold);
+  host_qt::FakePortal portal(busAddress());
+  portal.setSilent();
+  int icons = 0;
+  StartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  ASSERT_TRUE(tarnwell.showsSettings());
+  EXPECT_EQ(icons, 0);
+  EXPECT_GE(tarnwell.timeUntilReading(), tooEarly);
+  EXPECT_LT(tarnwell.timeUntilReading(), tooLate);
+}
+
+TEST(QtStart, anAnswerThatComesLateBringsTheIconAndLeavesTheWindowAsItStands) {
+  PanelThread panel(Answers::whenTold);
+  StartedTarnwell tarnwell;
+  ASSERT_TRUE(tarnwell.showsSettings());
+  const Resizes resizes(tarnwell.settings());
+  panel.answer();
+  ASSERT_TRUE(host_qt::becomes([&panel] { return panel.icons() == 1; }));
+  EXPECT_EQ(resizes.count, 0);
+  EXPECT_FALSE(tarnwell.hasChangedItsLook());
+}
+
+TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
+  host_qt::FakePortal portal(busAddress());
+  portal.set("color-scheme", 1U);
+  StartedTarnwell tarnwell;
+  ASSERT_TRUE(tarnwell.showsSettings());
+  host_qt::driver::settle();
+  EXPECT_TRUE(tarnwell.pictures().front().isDark);
+  EXPECT_FALSE(tarnwell.hasChangedItsLook());
+}
+
+TEST(QtStart, theNoticeThatThereIsNoTrayIsInTheWindowFromTheStart) {
+  StartedTarnwell tarnwell;
+  ASSERT_TRUE(tarnwell.showsSettings());
+  host_qt::driver::settle();
+  EXPECT_TRUE(noticeIn(tarnwell.settings()).isVisible());
+  EXPECT_FALSE(tarnwell.hasChangedItsLook());
+}
+
+}  // namespace
+}  // namespace tarnwell::scenarios

@@ -1,0 +1,68 @@
+#include "scenarios/StartedTarnwell.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
+#include <algorithm>
+#include <utility>
+
+#include "dockscreen/CommandRunnerKey.h"
+#include "host/headless/PointNumberFormat.h"
+#include "host/qt/Desktop.h"
+#include "host/qt/WidgetDriver.h"
+#include "host/qt/WindowWidget.h"
+
+namespace tarnwell::scenarios {
+
+std::string StartedTarnwell::Runner::runCaptured(const std::string& /*commandLine*/) {
+  if (const auto first = std::exchange(reading_, nullptr)) {
+    first();
+  }
+  return "0\n";
+}
+
+StartedTarnwell::StartedTarnwell(std::function<void()> reading)
+    : runner_([this, reading = std::move(reading)] {
+        timeUntilReading_ = std::chrono::milliseconds(sinceStart_.elapsed());
+        reading();
+      }),
+      platform_((sinceStart_.start(), host_qt::testApplication()),
+                {.loginItem = &loginItem_,
+                 .log = &log_,
+                 .makeUpdaterController =
+                     [this] { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
+                 .menuWindow = view::SceneRunner::settingsWindowIdentifier}),
+      application_(kit::Application::create(platform_)) {
+  qApp->installEventFilter(this);
+  scenes_ = std::make_unique<view::SceneRunner>(
+      *application_, view::EnvironmentValues().with<dockscreen::CommandRunnerKey>(&runner_).with<view::NumberFormatKey>(
+                         std::make_shared<host_headless::PointNumberFormat>()));
+  scenes_->install(tarnwell_.body());
+  platform_.launch(*application_, {.eventID = kit::openApplicationEvent});
+}
+
+StartedTarnwell::~StartedTarnwell() {
+  scenes_.reset();
+  host_qt::driver::settle();
+  platform_.host().theme().setColorScheme(std::nullopt);
+}
+
+bool StartedTarnwell::hasChangedItsLook() const {
+  return std::ranges::any_of(pictures_, [this](const Picture& picture) { return picture != pictures_.front(); });
+}
+
+bool StartedTarnwell::showsSettings() {
+  return host_qt::becomes([this] { return !pictures_.empty(); });
+}
+
+QWidget& StartedTarnwell::settings() { return host_qt::driver::widget(scenes_->settingsWindow()->window()); }
+
+bool StartedTarnwell::eventFilter(QObject* object, QEvent* event) noexcept {
+  if (event->type() == QEvent::Paint) {
+    if (const auto* window = dynamic_cast<host_qt::WindowWidget*>(object)) {
+      pictures_.push_back({.size = window->size(), .isDark = window->palette().window().color().lightnessF() < 0.5F});
+    }
+  }
+  return false;
+}
+
+}  // namespace tarnwell::scenarios
