@@ -177,16 +177,16 @@ TEST_F(DockStoreTest, saveReplacesValuesOfOtherTypes) {
 
 TEST_F(DockStoreTest, saveLeavesTheOtherKeysAsTheyWere) {
   const standin::PropertyList before = standin::everyType();
-  system.store(standin::binaryText(before.get()));
+  system.store(standin::binaryOf(before));
   editUnusualValues();
   settings.save();
   EXPECT_TRUE(waitForKills(7));
   EXPECT_EQ(storedValues(), unusualValues);
-  const standin::PropertyList after = standin::parsePropertyList(standin::fileContent(system.dockStore())).list;
+  const standin::PropertyList after = standin::listIn(standin::fileContent(system.dockStore()));
   for (const char* key : keys) {
     plist_dict_remove_item(after.get(), key);
   }
-  EXPECT_EQ(standin::xmlText(after.get()), standin::xmlText(before.get()));
+  EXPECT_TRUE(standin::isSame(after.get(), before.get()));
 }
 
 TEST_F(DockStoreTest, saveKeepsADamagedStoreAside) {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <iterator>
 #include <memory>
 
 #include "standin/MacSystem.h"
@@ -23,7 +24,7 @@ TEST(DefaultsDurabilityTest, concurrentWritersLoseNothing) {
   for (const auto& writer : writers) {
     EXPECT_EQ(writer->wait().status, 0);
   }
-  const PropertyList list = parsePropertyList(fileContent(system.dockStore())).list;
+  const PropertyList list = listIn(fileContent(system.dockStore()));
   EXPECT_EQ(plist_dict_get_size(list.get()), 200U);
   EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
 }
@@ -54,6 +55,23 @@ TEST(DefaultsDurabilityTest, aWriterThatIsKilledLosesNothing) {
   }
   EXPECT_EQ(system.defaults({"write", "com.apple.dock", "n", "end"}).status, 0);
   EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
+}
+
+TEST(DefaultsDurabilityTest, anExportThatIsKilledLeavesNothing) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "kept", std::string(60000, 'k')});
+  const std::string folder = (system.folder() / "out").string();
+  std::filesystem::create_directory(folder);
+  for (int i = 0; i < 60; ++i) {
+    Process exporter({DEFAULTS_PATH, "export", "com.apple.dock", folder + "/list.plist"}, system.environment());
+    spin(std::chrono::microseconds(i * 83));
+    exporter.send(SIGKILL);
+    exporter.wait();
+  }
+  const std::string path = folder + "/list.plist";
+  EXPECT_EQ(system.defaults({"export", "com.apple.dock", path}).status, 0);
+  EXPECT_EQ(fileContent(path), fileContent(system.dockStore()));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
 }
 
 TEST(DefaultsDurabilityTest, aDamagedStoreIsReadByNobody) {
@@ -88,20 +106,84 @@ TEST(DefaultsDurabilityTest, aWriteSetsADamagedStoreAside) {
   EXPECT_EQ(system.preferenceNames().size(), 2U);
 }
 
-TEST(DefaultsDurabilityTest, aStoreWithSomethingThatCannotBeKeptIsReadButNotWritten) {
+struct HalfUnderstood {
+  std::string bytes;
+  const char* cause = "";
+};
+
+std::string xmlStore(const std::string& content) {
+  return R"(<plist version="1.0"><dict><key>a</key><string>b</string>)" + content + "</dict></plist>\n";
+}
+
+TEST(DefaultsDurabilityTest, aStoreThatIsHalfUnderstoodIsSetAsideByteByByte) {
+  const std::vector<HalfUnderstood> stores = {
+      {xmlStore("<key>k</key><string>\xFF</string>"), "line 1: not well-formed"},
+      {xmlStore("<key>k</key><string>&#xD83D;</string>"), "line 1: reference to invalid character"},
+      {xmlStore("<key>k</key><string>&nbsp;</string>"), "line 1: undefined entity"},
+      {xmlStore("<key>k</key><real>abc</real>"), "what <real> holds cannot be understood"},
+      {xmlStore("<key>k</key><integer>18446744073709551616</integer>"), "what <integer> holds"},
+      {xmlStore("<key>k</key>"), "the key k has no value"},
+      {xmlStore("<key>a</key><string>c</string>"), "the key a is there twice"},
+      {xmlStore("<key>k</key><color/>"), "<color> is no element of a property list"},
+      {xmlStore("") + "</plist>", "line 2: not well-formed"},
+      // { k = an empty set; a = "b"; }: the format has sets, property lists have not.
+      {std::string("bplist00\xD2\x01\x02\x03\x04\x51k\x51"
+                   "a\xC0\x51"
+                   "b\x08\x0D\x0F\x11\x12\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x05\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x14",
+                   57),
+       "it holds a set"},
+  };
+  for (const HalfUnderstood& each : stores) {
+    const MacSystem system;
+    system.store(each.bytes);
+    EXPECT_EQ(system.value("a"), "");
+    const Outcome outcome = system.defaults({"write", "com.apple.dock", "x", "y"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.errors, HasSubstr(each.cause));
+    const Words names = system.preferenceNames();
+    ASSERT_EQ(names.size(), 2U) << each.cause;
+    EXPECT_EQ(fileContent(system.preferences() + "/" + names[1]), each.bytes);
+    EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    x = y;\n}\n");
+  }
+}
+
+TEST(DefaultsDurabilityTest, commentsDoNotCountAsNesting) {
   const MacSystem system;
-  // { k = an empty set; a = "b"; }: the format has sets, property lists have not.
-  const std::string bytes(
-      "bplist00\xD2\x01\x02\x03\x04\x51k\x51"
-      "a\xC0\x51"
-      "b\x08\x0D\x0F\x11\x12\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x05\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x14",
-      57);
-  system.store(bytes);
+  std::string comments;
+  std::string arrays;
+  for (int i = 0; i < 200'000; ++i) {
+    comments += "<!--<dict>-->";
+    arrays += "<!--</array>--><array>";
+  }
+  system.store(xmlStore(comments));
   EXPECT_EQ(system.value("a"), "b");
-  const Outcome outcome = system.defaults({"write", "com.apple.dock", "a", "c"});
+  system.store(xmlStore("<key>k</key>" + arrays));
+  const Outcome outcome = system.defaults({"read", "com.apple.dock", "a"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.errors, HasSubstr("Could not write domain com.apple.dock; exiting"));
-  EXPECT_EQ(fileContent(system.dockStore()), bytes);
+  EXPECT_THAT(outcome.errors, HasSubstr("nested more than 512 deep"));
+}
+
+TEST(DefaultsDurabilityTest, aFailedWriteNamesItsCause) {
+  const MacSystem system;
+  system.defaults({"write", "com.apple.dock", "k", "v"});
+  const std::string before = fileContent(system.dockStore());
+  // Each number of descriptors makes another step the first that gets none.
+  int failures = 0;
+  for (int most = 3; most < 8; ++most) {
+    const std::string limit = "ulimit -n " + std::to_string(most) + R"(; exec 9>&- 8>&-; exec "$D" )";
+    for (const char* verb : {"write com.apple.dock k w", "delete com.apple.dock k", "delete com.apple.dock"}) {
+      const Outcome outcome = system.shell("(" + limit + verb + ")");
+      if (outcome.status == 127 || outcome.status == 0) {
+        system.store(before);
+        continue;
+      }
+      ++failures;
+      EXPECT_EQ(outcome.status, 1);
+      EXPECT_THAT(outcome.errors, HasSubstr("Too many open files")) << most << verb;
+      EXPECT_EQ(fileContent(system.dockStore()), before);
+    }
+  }
+  EXPECT_GT(failures, 0);
 }
 
 TEST(DefaultsDurabilityTest, aFullDiskLeavesTheStoreAsItWas) {
@@ -112,6 +194,7 @@ TEST(DefaultsDurabilityTest, aFullDiskLeavesTheStoreAsItWas) {
   const Outcome outcome = system.shell(R"(ulimit -f 1; exec "$D" write com.apple.dock k v)");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, HasSubstr("] Could not write domain com.apple.dock; exiting\n"));
+  EXPECT_THAT(outcome.errors, HasSubstr("cannot write " + system.dockStore() + ": File too large\n"));
   EXPECT_EQ(fileContent(system.dockStore()), before);
   EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
 }
@@ -132,9 +215,12 @@ TEST(DefaultsDurabilityTest, aFolderThatCannotBeMadeIsAWriteError) {
   const Outcome written = system.defaults({"write", "com.apple.dock", "k", "v"});
   EXPECT_EQ(written.status, 1);
   EXPECT_THAT(written.errors, HasSubstr("Could not write domain com.apple.dock; exiting"));
-  const Outcome read = system.defaults({"read", "com.apple.dock", "k"});
-  EXPECT_EQ(read.status, 1);
-  EXPECT_THAT(read.errors, HasSubstr("cannot be read"));
+  EXPECT_THAT(written.errors, HasSubstr(system.preferences() + ": Not a directory"));
+  for (const Words& arguments : {Words{"read", "com.apple.dock", "k"}, Words{"read"}, Words{"domains"}}) {
+    const Outcome read = system.defaults(arguments);
+    EXPECT_EQ(read.status, 1);
+    EXPECT_THAT(read.errors, HasSubstr("Not a directory"));
+  }
 }
 
 TEST(DefaultsDurabilityTest, aStoreThatIsNoFileIsLeftAlone) {

@@ -81,7 +81,7 @@ TEST(DefaultsReadTest, realsOf64BitsArePrintedWith15Digits) {
   plist_dict_set_item(list.get(), "tenth", plist_new_real(0.1));
   plist_dict_set_item(list.get(), "third", plist_new_real(1.0 / 3.0));
   plist_dict_set_item(list.get(), "huge", plist_new_real(1.5e300));
-  system.store(binaryText(list.get()));
+  system.store(binaryOf(list));
   EXPECT_EQ(system.value("tenth"), "0.1");
   EXPECT_EQ(system.value("third"), "0.333333333333333");
   EXPECT_EQ(system.value("huge"), "1.5e+300");

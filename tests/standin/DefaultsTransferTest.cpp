@@ -10,7 +10,7 @@ using testing::HasSubstr;
 
 TEST(DefaultsTransferTest, exportToAPathGivesTheBinaryList) {
   const MacSystem system;
-  system.store(binaryText(everyType().get()));
+  system.store(binaryOf(everyType()));
   const std::string path = (system.folder() / "out.plist").string();
   EXPECT_EQ(system.defaults({"export", "com.apple.dock", path}).status, 0);
   EXPECT_EQ(fileContent(path), fileContent(system.dockStore()));

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <map>
+
 #include "standin/MacSystem.h"
 
 namespace tarnwell::standin {
@@ -39,7 +41,14 @@ TEST(DefaultsWriteTest, badInputIsRefusedAndChangesNothing) {
       {{"write", "com.apple.dock", "key", "-date", "2025-02-30"}, 1, "is not a date"},
       {{"write", "com.apple.dock", "key", "-string", "a\xFF"}, 1, "is not text in UTF-8"},
       {{"write", "com.apple.dock", "k\xC0\xAF", "v"}, 1, "is not text in UTF-8"},
-      {{"write", "com.apple.dock", "key", "{ a = b; }"}, 1, "Property list text is not understood"},
+      {{"write", "com.apple.dock", "key", "a\xFF"}, 1, "is not text in UTF-8"},
+      {{"write", "com.apple.dock", "key", "-array", "a\xFF"}, 1, "is not text in UTF-8"},
+      {{"write", "com.apple.dock", "key", "-dict", "a\xFF", "b"}, 1, "is not text in UTF-8"},
+      {{"write", "com.apple.dock", "key", "(a"}, 255, "Could not parse: (a; Try single-quoting it."},
+      {{"write", "com.apple.dock", "key", "{ a = b }"}, 255, "Could not parse: { a = b }; Try single-quoting it."},
+      {{"write", "com.apple.dock", "key", "<0fb>"}, 255, "Could not parse: <0fb>; Try single-quoting it."},
+      {{"write", "com.apple.dock", "key", "<dict><key>a</key></dict>"}, 255, "Could not parse: <dict>"},
+      {{"write", "com.apple.dock", "key", "-array", "(", "b"}, 255, "Could not parse: (; Try single-quoting it."},
       {{"write", "com.apple.dock", "key", "-dict", "a"}, 1, "Key a lacks a value"},
       {{"write", "com.apple.dock", "mineffect", "-array-add", "a"}, 1, "Value for key mineffect is not an array"},
       {{"write", "com.apple.dock", "mineffect", "-dict-add", "a", "b"}, 1, "is not a dictionary"},
@@ -103,16 +112,37 @@ TEST(DefaultsWriteTest, arraysAndDictionariesCanGrow) {
   EXPECT_EQ(system.value("new"), "(\n    x\n)");
 }
 
+TEST(DefaultsWriteTest, propertyListTextIsAValueOnlyWithoutATypeFlag) {
+  const MacSystem system;
+  for (const auto& [text, shown] : std::map<std::string, std::string>{
+           {"()", "(\n)"},
+           {"{}", "{\n}"},
+           {"(a, 2)", "(\n    a,\n    2\n)"},
+           {"{ a = b; }", "{\n    a = b;\n}"},
+           {"<0fbd77>", "<0fbd77>"},
+           {"<dict><key>a</key><true/></dict>", "{\n    a = 1;\n}"},
+           {"hello world", "hello world"},
+           {"a (b", "a (b"},
+       }) {
+    EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", text}).status, 0) << text;
+    EXPECT_EQ(system.value("k"), shown);
+    EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", "-string", text}).status, 0) << text;
+    EXPECT_EQ(system.value("k"), text);
+  }
+  EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", "-array", "(a)", "<dict/>"}).status, 0);
+  EXPECT_EQ(system.value("k"), "(\n        (\n        a\n    ),\n        {\n    }\n)");
+}
+
 TEST(DefaultsWriteTest, everyOtherKeySurvivesToTheBit) {
   const MacSystem system;
   const PropertyList list = everyType();
-  system.store(binaryText(list.get()));
+  system.store(binaryOf(list));
   EXPECT_EQ(system.defaults({"write", "com.apple.dock", "mineffect", "suck"}).status, 0);
   plist_dict_set_item(list.get(), "mineffect", plist_new_string("suck"));
-  EXPECT_EQ(fileContent(system.dockStore()), binaryText(list.get()));
+  EXPECT_EQ(fileContent(system.dockStore()), binaryOf(list));
   EXPECT_EQ(system.defaults({"delete", "com.apple.dock", "mineffect"}).status, 0);
   plist_dict_remove_item(list.get(), "mineffect");
-  EXPECT_EQ(fileContent(system.dockStore()), binaryText(list.get()));
+  EXPECT_EQ(fileContent(system.dockStore()), binaryOf(list));
 }
 
 TEST(DefaultsWriteTest, unsignedIntegersKeepTheirSign) {

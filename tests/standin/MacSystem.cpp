@@ -47,6 +47,16 @@ std::string fileContent(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string binaryOf(const PropertyList& list) {
+  const Result<std::string> bytes = binaryText(list.get());
+  return std::holds_alternative<std::string>(bytes) ? std::get<std::string>(bytes) : std::string();
+}
+
+PropertyList listIn(std::string_view bytes) {
+  Result<PropertyList> list = parsePropertyList(bytes);
+  return std::holds_alternative<PropertyList>(list) ? std::get<PropertyList>(std::move(list)) : nullptr;
+}
+
 PropertyList everyType() {
   PropertyList list(plist_new_dict());
   plist_t nested = plist_new_dict();

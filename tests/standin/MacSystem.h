@@ -43,6 +43,12 @@ class MacSystem {
 
 std::string fileContent(const std::string& path);
 
+/// A list as the bytes of a binary one; empty when it cannot be written.
+std::string binaryOf(const PropertyList& list);
+
+/// What the bytes hold; none when they are no property list.
+PropertyList listIn(std::string_view bytes);
+
 /// A dictionary that has one key of every type, with values that a careless writer would change.
 PropertyList everyType();
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <optional>
 
 #include "standin/defaults/LogLine.h"
 #include "standin/defaults/LowerCase.h"
 #include "standin/store/OldStyleText.h"
+#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -49,6 +49,18 @@ Status runForAll(Status (*run)(const std::string&)) {
   return root ? run(*root) : noRoot();
 }
 
+Status couldNotWrite(const Domain& domain, const Failure& failure) {
+  logLine("Could not write domain " + domain.name + "; exiting");
+  return failed(failure);
+}
+
+Status ended(const PreferenceTransaction& transaction, const Domain& domain, const std::optional<Failure>& failure) {
+  if (!transaction.setAsidePath().empty()) {
+    logLine("Domain " + domain.name + " " + transaction.reason() + "; it is kept as " + transaction.setAsidePath());
+  }
+  return failure ? couldNotWrite(domain, *failure) : Status::success;
+}
+
 }  // namespace
 
 Status runDefaults(Arguments arguments) {
@@ -84,31 +96,34 @@ Status noSuchPair(const Domain& domain, std::string_view key) {
   return Status::failure;
 }
 
-Status couldNotWrite(const Domain& domain) {
-  logLine("Could not write domain " + domain.name + "; exiting");
+Status couldNotRead(const Domain& domain, const StoredPreferences& stored) {
+  logLine("Could not read domain " + domain.name + "; " + domain.path + " " + stored.reason);
   return Status::failure;
 }
 
-Status couldNotRead(const Domain& domain, const StoredPreferences& stored) {
-  const std::string reason =
-      stored.state == StoreState::damaged
-          ? "is not a property list"
-          : std::string("cannot be read: ") + std::strerror(stored.error);  // NOLINT(concurrency-mt-unsafe): one thread
-  logLine("Could not read domain " + domain.name + "; " + domain.path + " " + reason);
+Status failed(const Failure& failure) {
+  logLine(failure.reason);
   return Status::failure;
+}
+
+Status show(std::string_view text) {
+  return printOut(text) ? Status::success : failed(systemFailure("write to", "standard output"));
+}
+
+Status change(const Domain& domain, const std::function<Status(PreferenceTransaction&)>& make) {
+  Result<PreferenceTransaction> begun = PreferenceTransaction::begin(domain.path);
+  if (const auto* failure = std::get_if<Failure>(&begun)) {
+    return couldNotWrite(domain, *failure);
+  }
+  return make(std::get<PreferenceTransaction>(begun));
 }
 
 Status commit(PreferenceTransaction& transaction, const Domain& domain) {
-  const bool written = transaction.commit();
-  reportSetAside(transaction, domain);
-  return written ? Status::success : couldNotWrite(domain);
+  return ended(transaction, domain, transaction.commit());
 }
 
-void reportSetAside(const PreferenceTransaction& transaction, const Domain& domain) {
-  if (transaction.setAsidePath().empty()) {
-    return;
-  }
-  logLine("Domain " + domain.name + " was not a property list; it is kept as " + transaction.setAsidePath());
+Status remove(PreferenceTransaction& transaction, const Domain& domain) {
+  return ended(transaction, domain, transaction.remove());
 }
 
 }  // namespace tarnwell::standin

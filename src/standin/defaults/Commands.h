@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,15 +35,21 @@ Status listDomains(const std::string& root);
 Status unexpectedArgument(const Invocation& invocation, std::size_t count);
 
 Status noSuchPair(const Domain& domain, std::string_view key);
-Status couldNotWrite(const Domain& domain);
 
 /// Says why a store that is there cannot be read.
 Status couldNotRead(const Domain& domain, const StoredPreferences& stored);
 
-/// Commits, and reports a damaged store that was moved out of the way and a store that cannot be reached.
-Status commit(PreferenceTransaction& transaction, const Domain& domain);
+/// Says why nothing came of a command.
+Status failed(const Failure& failure);
 
-/// Reports a damaged store that was moved out of the way, if one was.
-void reportSetAside(const PreferenceTransaction& transaction, const Domain& domain);
+/// Prints a text on standard output, and says so when that fails.
+Status show(std::string_view text);
+
+/// Begins a change of the store, or says why it cannot.
+Status change(const Domain& domain, const std::function<Status(PreferenceTransaction&)>& make);
+
+/// Ends a change. Both report a damaged store that was moved out of the way, and why a store cannot be reached.
+Status commit(PreferenceTransaction& transaction, const Domain& domain);
+Status remove(PreferenceTransaction& transaction, const Domain& domain);
 
 }  // namespace tarnwell::standin

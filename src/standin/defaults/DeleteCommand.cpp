@@ -9,12 +9,6 @@ Status notFound(const Domain& domain) {
   return Status::failure;
 }
 
-Status deleteDomain(PreferenceTransaction& transaction, const Domain& domain) {
-  const bool removed = transaction.remove();
-  reportSetAside(transaction, domain);
-  return removed ? Status::success : couldNotWrite(domain);
-}
-
 Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const std::string& key) {
   if (plist_dict_get_item(transaction.dictionary(), key.c_str()) == nullptr) {
     return noSuchPair(domain, key);
@@ -39,17 +33,13 @@ Status deleteKeyOrDomain(const Invocation& invocation) {
   if (stored.state == StoreState::unreadable || (stored.state == StoreState::damaged && !wholeDomain)) {
     return couldNotRead(domain, stored);
   }
-  std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(domain.path);
-  if (!transaction) {
-    return couldNotWrite(domain);
-  }
-  if (transaction->state() == StoreState::absent) {
-    return notFound(domain);
-  }
-  if (wholeDomain) {
-    return deleteDomain(*transaction, domain);
-  }
-  return deleteKey(*transaction, domain, std::string(invocation.arguments.front()));
+  return change(domain, [&](PreferenceTransaction& transaction) {
+    if (transaction.state() == StoreState::absent) {
+      return notFound(domain);
+    }
+    return wholeDomain ? remove(transaction, domain)
+                       : deleteKey(transaction, domain, std::string(invocation.arguments.front()));
+  });
 }
 
 }  // namespace tarnwell::standin

@@ -3,11 +3,11 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <string_view>
 
 #include "standin/defaults/Commands.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -19,33 +19,41 @@ struct FolderCloser {
 
 }  // namespace
 
-std::vector<std::string> domainNames(const std::string& root) {
+Result<std::vector<std::string>> domainNames(const std::string& root) {
   constexpr std::string_view extension = ".plist";
   std::vector<std::string> names;
-  const std::unique_ptr<DIR, FolderCloser> folder(::opendir(preferencesFolder(root).c_str()));
-  if (!folder) {
+  const std::string path = preferencesFolder(root);
+  const std::unique_ptr<DIR, FolderCloser> folder(::opendir(path.c_str()));
+  if (!folder && errno == ENOENT) {
     return names;
   }
+  if (!folder) {
+    return systemFailure("read", path);
+  }
+  errno = 0;
   while (const dirent* entry = ::readdir(folder.get())) {  // NOLINT(concurrency-mt-unsafe): one thread
     const std::string_view name = entry->d_name;
-    if (name.starts_with('.') || !name.ends_with(extension)) {
-      continue;
+    if (!name.starts_with('.') && name.ends_with(extension)) {
+      names.emplace_back(name.substr(0, name.size() - extension.size()));
     }
-    names.emplace_back(name.substr(0, name.size() - extension.size()));
+  }
+  if (errno != 0) {
+    return systemFailure("read", path);
   }
   std::sort(names.begin(), names.end());
   return names;
 }
 
 Status listDomains(const std::string& root) {
-  std::string line;
-  for (const std::string& name : domainNames(root)) {
-    if (!line.empty()) {
-      line += ", ";
-    }
-    line += name;
+  const Result<std::vector<std::string>> names = domainNames(root);
+  if (const auto* failure = std::get_if<Failure>(&names)) {
+    return failed(*failure);
   }
-  return printOut(line + "\n") ? Status::success : Status::failure;
+  std::string line;
+  for (const std::string& name : std::get<std::vector<std::string>>(names)) {
+    line += (line.empty() ? "" : ", ") + name;
+  }
+  return show(line + "\n");
 }
 
 }  // namespace tarnwell::standin

@@ -2,7 +2,6 @@
 #include "standin/defaults/DomainList.h"
 #include "standin/defaults/LogLine.h"
 #include "standin/store/OldStyleText.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
@@ -32,16 +31,8 @@ Lookup lookUp(const Domain& domain, const std::string& key) {
   return lookup;
 }
 
-Status show(const std::string& text) {
-  if (printOut(text + "\n")) {
-    return Status::success;
-  }
-  logLine("Could not write to standard output");
-  return Status::failure;
-}
-
 std::string shownText(plist_t node) {
-  return PLIST_IS_DICT(node) || PLIST_IS_ARRAY(node) ? oldStyleText(node) : valueText(node);
+  return (PLIST_IS_DICT(node) || PLIST_IS_ARRAY(node) ? oldStyleText(node) : valueText(node)) + "\n";
 }
 
 }  // namespace
@@ -59,7 +50,7 @@ Status readDomain(const Invocation& invocation) {
     return couldNotRead(invocation.domain, stored);
   }
   if (stored.state == StoreState::sound) {
-    return show(oldStyleText(stored.dictionary.get()));
+    return show(shownText(stored.dictionary.get()));
   }
   logLine("\nDomain " + invocation.domain.name + " does not exist");
   return Status::failure;
@@ -73,13 +64,17 @@ Status readType(const Invocation& invocation) {
     return unexpectedArgument(invocation, 1);
   }
   const Lookup lookup = lookUp(invocation.domain, std::string(invocation.arguments.front()));
-  return lookup.node == nullptr ? lookup.status : show(std::string("Type is ") + typeName(lookup.node));
+  return lookup.node == nullptr ? lookup.status : show(std::string("Type is ") + typeName(lookup.node) + "\n");
 }
 
 Status readAllDomains(const std::string& root) {
+  const Result<std::vector<std::string>> names = domainNames(root);
+  if (const auto* failure = std::get_if<Failure>(&names)) {
+    return failed(*failure);
+  }
   const PropertyList all(plist_new_dict());
   Status status = Status::success;
-  for (const std::string& name : domainNames(root)) {
+  for (const std::string& name : std::get<std::vector<std::string>>(names)) {
     const Domain domain = *Domain::resolve(name, root);
     StoredPreferences stored = loadPreferences(domain.path);
     if (stored.state == StoreState::sound) {
@@ -88,7 +83,7 @@ Status readAllDomains(const std::string& root) {
       status = couldNotRead(domain, stored);
     }
   }
-  return show(oldStyleText(all.get())) == Status::success ? status : Status::failure;
+  return show(shownText(all.get())) == Status::success ? status : Status::failure;
 }
 
 }  // namespace tarnwell::standin

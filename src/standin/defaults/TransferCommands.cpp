@@ -2,10 +2,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <functional>
+
 #include "standin/defaults/Commands.h"
 #include "standin/defaults/LogLine.h"
 #include "standin/store/AtomicFile.h"
-#include "standin/store/StandardStreams.h"
+#include "standin/store/Folders.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -18,13 +20,14 @@ bool mayBeReplaced(const std::string& path) {
   return ::lstat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode);
 }
 
-// No lock guards a folder of the user's, so the temporary name is this process's own.
-bool writeFile(const std::string& path, const std::string& bytes) {
+// No lock guards a folder of the user's, so the temporary name belongs to this target.
+std::optional<Failure> writeFile(const std::string& path, const std::string& bytes) {
   if (!mayBeReplaced(path)) {
-    return false;
+    return Failure{path + " is no file"};
   }
-  std::optional<AtomicFile> file = AtomicFile::create(path, ".defaults-" + std::to_string(::getpid()) + ".tmp");
-  return file && file->fill(bytes) && file->commit();
+  AtomicFile file(path, ".defaults-" + std::to_string(std::hash<std::string>()(nameOf(path))) + ".tmp");
+  auto failure = file.write(bytes);
+  return failure ? failure : file.place();
 }
 
 bool readInput(const std::string& path, std::string& bytes) {
@@ -35,12 +38,24 @@ bool readInput(const std::string& path, std::string& bytes) {
   return file && file.readAll(bytes);
 }
 
-Status fileFailure(std::string_view what, const std::string& path) {
+Status fileFailure(std::string_view what, const std::string& path, const Failure& failure) {
   logLine("Could not " + std::string(what) + " " + path + "; leaving defaults unchanged.");
-  return Status::failure;
+  return failed(failure);
 }
 
-void mergeInto(plist_t target, plist_t source) { plist_dict_merge(&target, source); }
+Status writeOut(const std::string& path, plist_t dictionary) {
+  const bool isStream = path == standardStream;
+  const Result<std::string> bytes = isStream ? xmlText(dictionary) : binaryText(dictionary);
+  if (const auto* failure = std::get_if<Failure>(&bytes)) {
+    return fileFailure("write", path, *failure);
+  }
+  const auto& text = std::get<std::string>(bytes);
+  if (isStream) {
+    return show(text);
+  }
+  const std::optional<Failure> failure = writeFile(path, text);
+  return failure ? fileFailure("write", path, *failure) : Status::success;
+}
 
 }  // namespace
 
@@ -57,10 +72,7 @@ Status exportDomain(const Invocation& invocation) {
   }
   // A domain that never was is an empty one.
   const PropertyList empty(stored.dictionary ? nullptr : plist_new_dict());
-  plist_t dictionary = stored.dictionary ? stored.dictionary.get() : empty.get();
-  const std::string path(invocation.arguments.front());
-  const bool written = path == standardStream ? printOut(xmlText(dictionary)) : writeFile(path, binaryText(dictionary));
-  return written ? Status::success : fileFailure("write", path);
+  return writeOut(std::string(invocation.arguments.front()), empty ? empty.get() : stored.dictionary.get());
 }
 
 Status importDomain(const Invocation& invocation) {
@@ -73,18 +85,21 @@ Status importDomain(const Invocation& invocation) {
   const std::string path(invocation.arguments.front());
   std::string bytes;
   if (!readInput(path, bytes)) {
-    return fileFailure("read", path);
+    return fileFailure("read", path, systemFailure("read", path));
   }
-  const ParsedList parsed = parsePropertyList(bytes);
-  if (!PLIST_IS_DICT(parsed.list.get()) || parsed.fidelity == Fidelity::inexact) {
-    return fileFailure("parse", path);
+  const Result<PropertyList> parsed = parsePropertyList(bytes);
+  if (const auto* failure = std::get_if<Failure>(&parsed)) {
+    return fileFailure("parse", path, *failure);
   }
-  std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(invocation.domain.path);
-  if (!transaction) {
-    return couldNotWrite(invocation.domain);
+  plist_t imported = std::get<PropertyList>(parsed).get();
+  if (!PLIST_IS_DICT(imported)) {
+    return fileFailure("parse", path, {"it has no dictionary at its top"});
   }
-  mergeInto(transaction->dictionary(), parsed.list.get());
-  return commit(*transaction, invocation.domain);
+  return change(invocation.domain, [&](PreferenceTransaction& transaction) {
+    plist_t target = transaction.dictionary();
+    plist_dict_merge(&target, imported);
+    return commit(transaction, invocation.domain);
+  });
 }
 
 }  // namespace tarnwell::standin

@@ -9,7 +9,9 @@
 #include <utility>
 
 #include "standin/defaults/LowerCase.h"
+#include "standin/store/OldStyleParser.h"
 #include "standin/store/Utf8.h"
+#include "standin/store/XmlList.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -106,17 +108,9 @@ bool parseDate(const std::string& text, std::time_t& seconds) {
   return false;
 }
 
-// Through XML: the library's own maker has only 32 bits for the seconds.
 PropertyList makeDate(const std::string& text) {
   std::time_t seconds = 0;
-  tm parts{};
-  if (!parseDate(text, seconds) || ::gmtime_r(&seconds, &parts) == nullptr) {
-    return nullptr;
-  }
-  std::array<char, 96> xml{};
-  const std::size_t length =
-      std::strftime(xml.data(), xml.size(), R"(<plist version="1.0"><date>%Y-%m-%dT%H:%M:%SZ</date></plist>)", &parts);
-  return parsePropertyList({xml.data(), length}).list;
+  return parseDate(text, seconds) ? newDate(static_cast<double>(seconds - dateReference)) : nullptr;
 }
 
 struct ScalarType {
@@ -145,9 +139,9 @@ bool isFlag(std::string_view text) {
          ((text[1] >= 'a' && text[1] <= 'z') || (text[1] >= 'A' && text[1] <= 'Z'));
 }
 
-TypedValue failed(std::string error) {
+TypedValue failed(const std::string& reason) {
   TypedValue result;
-  result.error = std::move(error);
+  result.error = reason + "; leaving defaults unchanged.";
   return result;
 }
 
@@ -158,16 +152,37 @@ TypedValue made(PropertyList value, std::size_t used) {
   return result;
 }
 
-TypedValue parseUntyped(std::string_view text) {
+TypedValue parsed(const std::string& text, PropertyList value) {
+  if (value) {
+    return made(std::move(value), 1);
+  }
+  TypedValue result;
+  result.error = "Could not parse: " + text + "; Try single-quoting it.";
+  result.status = Status::usage;
+  return result;
+}
+
+PropertyList parseListText(const std::string& text) {
+  PropertyList value = parseOldStyleText(text);
+  if (!value && text.starts_with('<')) {
+    Result<PropertyList> list = parseXmlList(text);
+    value = std::holds_alternative<PropertyList>(list) ? std::get<PropertyList>(std::move(list)) : nullptr;
+  }
+  return value;
+}
+
+TypedValue parseUntyped(const std::string& text) {
   if (isFlag(text)) {
     return {};
   }
-  // The system's tool takes such a text for a property list; stored as plain text it would be wrong without a word.
-  if (text.starts_with('{') || text.starts_with('(') || text.starts_with('<')) {
-    return failed("Property list text is not understood here: " + std::string(text));
+  PropertyList value = makeString(text);
+  if (!value) {
+    return failed(text + " is not text in UTF-8");
   }
-  PropertyList value = makeString(std::string(text));
-  return value ? made(std::move(value), 1) : failed(std::string(text) + " is not text in UTF-8");
+  if (text.starts_with('{') || text.starts_with('(') || text.starts_with('<')) {
+    return parsed(text, parseListText(text));
+  }
+  return made(std::move(value), 1);
 }
 
 TypedValue parseScalar(Arguments arguments) {
@@ -176,7 +191,7 @@ TypedValue parseScalar(Arguments arguments) {
   }
   const ScalarType* type = scalarType(arguments[0]);
   if (type == nullptr) {
-    return parseUntyped(arguments[0]);
+    return parseUntyped(std::string(arguments[0]));
   }
   if (arguments.size() < 2) {
     return {};
@@ -185,7 +200,7 @@ TypedValue parseScalar(Arguments arguments) {
   if (PropertyList value = type->make(text)) {
     return made(std::move(value), 2);
   }
-  return failed(type->expected.empty() ? std::string() : text + " is not " + std::string(type->expected));
+  return type->expected.empty() ? TypedValue() : failed(text + " is not " + std::string(type->expected));
 }
 
 TypedValue parseArray(Arguments arguments, Placement placement) {

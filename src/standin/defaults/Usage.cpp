@@ -14,6 +14,8 @@ constexpr std::string_view usageText = R"(Usage: defaults VERB ...
   read-type DOMAIN KEY          the type of a value
   write DOMAIN KEY VALUE        set a value; VALUE is one of
       TEXT | -string TEXT       a text
+      (a, b) | { a = b; } | <00ff> | <dict>...</dict>
+                                what a property list says; in single quotes
       -bool[ean] true|false|yes|no
       -int[eger] NUMBER         an integer of 64 bits
       -float NUMBER             a real number of 32 bits

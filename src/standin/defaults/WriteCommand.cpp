@@ -11,6 +11,11 @@ Status refused(const std::string& reason) {
   return Status::failure;
 }
 
+Status reported(const TypedValue& typed) {
+  logLine(typed.error);
+  return typed.status;
+}
+
 void appendItems(plist_t array, plist_t items) {
   for (std::uint32_t i = 0; i < plist_array_get_size(items); ++i) {
     plist_array_append_item(array, plist_copy(plist_array_get_item(items, i)));
@@ -48,20 +53,18 @@ Status writeValue(const Invocation& invocation) {
   }
   TypedValue typed = parseTypedValue(arguments.subspan(1));
   if (!typed.value) {
-    return typed.error.empty() ? misused() : refused(typed.error);
+    return typed.error.empty() ? misused() : reported(typed);
   }
   if (typed.used + 1 < arguments.size()) {
     return unexpectedArgument(invocation, typed.used + 1);
   }
-  std::optional<PreferenceTransaction> transaction = PreferenceTransaction::begin(invocation.domain.path);
-  if (!transaction) {
-    return couldNotWrite(invocation.domain);
-  }
-  const char* kind = typed.placement == Placement::appendItems ? "an array" : "a dictionary";
-  if (!place(transaction->dictionary(), key, std::move(typed))) {
-    return refused("Value for key " + key + " is not " + kind + "; cannot append");
-  }
-  return commit(*transaction, invocation.domain);
+  return change(invocation.domain, [&](PreferenceTransaction& transaction) {
+    const char* kind = typed.placement == Placement::appendItems ? "an array" : "a dictionary";
+    if (!place(transaction.dictionary(), key, std::move(typed))) {
+      return refused("Value for key " + key + " is not " + kind + "; cannot append");
+    }
+    return commit(transaction, invocation.domain);
+  });
 }
 
 }  // namespace tarnwell::standin

@@ -17,45 +17,82 @@ bool exchangeNames(const std::string& one, const std::string& other) {
 
 }  // namespace
 
-std::optional<AtomicFile> AtomicFile::create(std::string target, const std::string& temporaryName) {
-  std::string temporary = folderOf(target) + "/" + temporaryName;
-  ::unlink(temporary.c_str());
-  Descriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-  if (!file) {
-    return std::nullopt;
-  }
-  return AtomicFile(std::move(file), std::move(target), std::move(temporary));
-}
-
-AtomicFile::AtomicFile(AtomicFile&& other) noexcept
-    : file_(std::move(other.file_)),
-      target_(std::move(other.target_)),
-      temporary_(std::exchange(other.temporary_, std::string())) {}
+AtomicFile::AtomicFile(std::string target, const std::string& temporaryName)
+    : target_(std::move(target)), temporary_(folderOf(target_) + "/" + temporaryName) {}
 
 AtomicFile::~AtomicFile() {
-  if (!temporary_.empty()) {
+  if (isNamed_) {
     ::unlink(temporary_.c_str());
   }
 }
 
-bool AtomicFile::fill(std::string_view bytes) {
-  return file_.writeAll(bytes) && ::fsync(file_.number()) == 0 && file_.close();
+std::optional<Failure> AtomicFile::write(std::string_view bytes) {
+  if (!create()) {
+    return systemFailure("make a file beside", target_);
+  }
+  if (!file_.writeAll(bytes) || ::fsync(file_.number()) != 0) {
+    return systemFailure("write", target_);
+  }
+  errno = EIO;  // for bytes that are other ones
+  return holds(bytes) ? std::nullopt : std::optional(systemFailure("read back what was written for", target_));
+}
+
+bool AtomicFile::create() {
+  file_ = Descriptor(::open(folderOf(target_).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
+  if (!file_) {
+    ::unlink(temporary_.c_str());
+    file_ = Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    isNamed_ = static_cast<bool>(file_);
+  }
+  return static_cast<bool>(file_);
+}
+
+bool AtomicFile::holds(std::string_view bytes) const {
+  std::string found;
+  return ::lseek(file_.number(), 0, SEEK_SET) == 0 && file_.readAll(found) && found == bytes;
+}
+
+bool AtomicFile::link(const std::string& name) const {
+  const std::string self = "/proc/self/fd/" + std::to_string(file_.number());
+  return ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
+bool AtomicFile::takeName() {
+  // Another process that writes to the same target may come in between, but not for ever.
+  for (int attempt = 0; !isNamed_ && attempt < 1000; ++attempt) {
+    ::unlink(temporary_.c_str());
+    isNamed_ = link(temporary_);
+    if (!isNamed_ && errno != EEXIST) {
+      break;
+    }
+  }
+  return isNamed_;
+}
+
+std::optional<Failure> AtomicFile::place() {
+  if (!isNamed_ && link(target_)) {
+    return std::nullopt;
+  }
+  // Without the name, another process has just written to the same target: ours counts as the one before.
+  if (!takeName() || (std::rename(temporary_.c_str(), target_.c_str()) != 0 && errno != ENOENT)) {
+    return systemFailure("replace", target_);
+  }
+  isNamed_ = false;
+  return std::nullopt;
 }
 
 // The old file waits under the temporary name until the new one is safe, so that it can come back.
-bool AtomicFile::commit() {
-  const Swap swap = swapIn();
+std::optional<Failure> AtomicFile::commit() {
+  const Swap swap = takeName() ? swapIn() : Swap::failed;
   if (swap == Swap::failed) {
-    return false;
+    return systemFailure("replace", target_);
   }
-  const bool safe = syncFolder(folderOf(target_));
-  if (!safe && swap == Swap::exchanged) {
-    exchangeNames(temporary_, target_);
+  if (syncFolder(folderOf(target_))) {
+    return std::nullopt;
   }
-  if (!safe && swap == Swap::placed) {
-    ::unlink(target_.c_str());
-  }
-  return safe;
+  Failure failure = systemFailure("sync the folder of", target_);
+  swapBack(swap);
+  return failure;
 }
 
 AtomicFile::Swap AtomicFile::swapIn() {
@@ -67,8 +104,16 @@ AtomicFile::Swap AtomicFile::swapIn() {
   if (std::rename(temporary_.c_str(), target_.c_str()) != 0) {
     return Swap::failed;
   }
-  temporary_.clear();
+  isNamed_ = false;
   return swap;
+}
+
+void AtomicFile::swapBack(Swap swap) {
+  if (swap == Swap::exchanged) {
+    exchangeNames(temporary_, target_);
+  } else if (swap == Swap::placed) {
+    ::unlink(target_.c_str());
+  }
 }
 
 }  // namespace tarnwell::standin

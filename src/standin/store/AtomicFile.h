@@ -6,27 +6,32 @@
 #include <utility>
 
 #include "standin/store/Descriptor.h"
+#include "standin/store/Failure.h"
 
 namespace tarnwell::standin {
 
 /// A file that takes the place of another in one step, or not at all: readers see the old bytes or the new ones, and a
-/// crash leaves one of the two. Its destructor removes the temporary file of a replacement that did not happen.
+/// crash leaves one of the two. It has no name while it is written, where the file system knows such files, so that
+/// nothing is left of a process that is killed; `temporaryName`, beside the target, is for the moment of the change.
+/// What a killed process left under that name is removed.
 class AtomicFile {
  public:
-  /// Starts a temporary file (mode 0600) beside `target`, with a name that no other writer uses at this time. A
-  /// leftover of that name, from a writer that was killed, is removed. Nothing, with errno set, when that fails.
-  static std::optional<AtomicFile> create(std::string target, const std::string& temporaryName);
+  /// No other file may be on its way with that temporary name, but for one to the same target through place().
+  AtomicFile(std::string target, const std::string& temporaryName);
 
-  AtomicFile(AtomicFile&& other) noexcept;
-  AtomicFile& operator=(AtomicFile&&) = delete;
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
   ~AtomicFile();
 
-  /// Writes the whole content and has it reach the disk. False with errno set when that fails.
-  bool fill(std::string_view bytes);
+  /// Writes the whole content (mode 0600), has it reach the disk, and reads it back. To be called once.
+  std::optional<Failure> write(std::string_view bytes);
+
+  /// Puts the file in the target's place. A crash of the system may still lose it, never the bytes alone.
+  std::optional<Failure> place();
 
   /// Puts the file in the target's place, for good. When the system cannot promise that it survives a crash, the target
-  /// is put back as it was, and the answer is false.
-  bool commit();
+  /// is put back as it was, and that is a failure.
+  std::optional<Failure> commit();
 
  private:
   enum class Swap {
@@ -36,14 +41,17 @@ class AtomicFile {
     failed,
   };
 
-  AtomicFile(Descriptor file, std::string target, std::string temporary)
-      : file_(std::move(file)), target_(std::move(target)), temporary_(std::move(temporary)) {}
-
+  bool create();
+  bool holds(std::string_view bytes) const;
+  bool link(const std::string& name) const;
+  bool takeName();
   Swap swapIn();
+  void swapBack(Swap swap);
 
   Descriptor file_;
   std::string target_;
-  std::string temporary_;  // empty once it is gone
+  std::string temporary_;
+  bool isNamed_ = false;  // something of ours has the temporary name
 };
 
 }  // namespace tarnwell::standin

@@ -1,6 +1,12 @@
 #include "standin/store/BinaryShape.h"
 
+#include <bit>
+#include <chrono>
 #include <cstdint>
+#include <string>
+#include <utility>
+
+#include "standin/store/PropertyList.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -19,14 +25,19 @@ class Walk {
  public:
   explicit Walk(std::string_view bytes) : bytes_(bytes) {}
 
-  BinaryShape run() {
-    if (!readTrailer() || !visit(top_, 0)) {
-      return BinaryShape::broken;
+  std::optional<Failure> run() {
+    if (readTrailer() && visit(top_, 0)) {
+      return std::nullopt;
     }
-    return exact_ ? BinaryShape::exact : BinaryShape::inexact;
+    return Failure{fault_};
   }
 
  private:
+  bool refuse(std::string fault) {
+    fault_ = std::move(fault);
+    return false;
+  }
+
   // Big-endian; the caller has made sure that the bytes are there.
   std::uint64_t number(std::size_t at, std::size_t size) const {
     std::uint64_t value = 0;
@@ -54,12 +65,18 @@ class Walk {
            table_ <= end && objects_ <= (end - table_) / offsetSize_;
   }
 
+  // Where an object starts; 0 when there is no such object.
+  std::size_t startOf(std::uint64_t object) const {
+    const std::size_t at = object < objects_ ? number(table_ + object * offsetSize_, offsetSize_) : 0;
+    return at >= headerSize && at < table_ ? at : 0;
+  }
+
   bool visit(std::uint64_t object, std::size_t depth) {
-    if (object >= objects_ || depth > deepestNesting || ++visits_ > visitLimit) {
-      return false;
+    if (++visits_ > visitLimit) {
+      return refuse("it unfolds to too many values");
     }
-    const std::size_t at = number(table_ + object * offsetSize_, offsetSize_);
-    if (at < headerSize || at >= table_) {
+    const std::size_t at = startOf(object);
+    if (at == 0) {
       return false;
     }
     const std::uint64_t marker = number(at, 1);
@@ -68,23 +85,23 @@ class Walk {
       case 0x1:
         return visitInteger(at + 1, nibble);
       case 0x2:
+        return (nibble == 2 || nibble == 3) && holds(at + 1, std::size_t{1} << nibble, 1);
       case 0x3:
-        return nibble <= 3 && holds(at + 1, std::size_t{1} << nibble, 1);
+        return nibble == 3 && visitDate(at + 1);
       case 0x4:
-        return visitText(at, nibble, 1);
+        return holdsText(at, nibble, 1);
       case 0x5:
-        return visitText(at, nibble, 1) && noteAscii(at, nibble);
+        return holdsText(at, nibble, 1) && visitAscii(at, nibble);
       case 0x6:
-        return visitText(at, nibble, 2) && noteUtf16(at, nibble);
+        return holdsText(at, nibble, 2) && visitUtf16(at, nibble);
       case 0x8:
         return nibble < 8 && holds(at + 1, nibble + 1, 1);
       case 0xA:
         return visitMembers(at, nibble, 1, depth);
       case 0xC:
-        exact_ = false;
-        return visitMembers(at, nibble, 1, depth);
+        return refuse("it holds a set");
       case 0xD:
-        return visitMembers(at, nibble, 2, depth);
+        return visitMembers(at, nibble, 2, depth) && checkKeys(at, nibble);
       default:
         return marker == 0x08 || marker == 0x09;
     }
@@ -112,48 +129,51 @@ class Walk {
     if (nibble > 4 || !holds(at, std::size_t{1} << nibble, 1)) {
       return false;
     }
-    if (nibble == 4 && number(at, 8) != 0) {
-      exact_ = false;
-    }
-    return true;
+    return nibble < 4 || number(at, 8) == 0 || refuse("it holds an integer beyond 64 bits");
   }
 
-  bool visitText(std::size_t at, std::size_t nibble, std::size_t unit) const {
+  bool visitDate(std::size_t at) {
+    if (!holds(at, 8, 1)) {
+      return false;
+    }
+    using std::chrono::January;
+    constexpr std::chrono::sys_seconds first = std::chrono::sys_days(std::chrono::year(0) / January / 1);
+    constexpr std::chrono::sys_seconds end = std::chrono::sys_days(std::chrono::year(10000) / January / 1);
+    const double seconds = std::bit_cast<double>(number(at, 8)) + dateReference;
+    const bool isInside = seconds >= static_cast<double>(first.time_since_epoch().count()) &&
+                          seconds < static_cast<double>(end.time_since_epoch().count());
+    return isInside || refuse("it holds a date outside the years 0 to 9999");
+  }
+
+  bool holdsText(std::size_t at, std::size_t nibble, std::size_t unit) const {
     Body text;
     return body(at, nibble, text) && holds(text.at, text.count, unit);
   }
 
-  bool noteAscii(std::size_t at, std::size_t nibble) {
+  bool visitAscii(std::size_t at, std::size_t nibble) {
     Body text;
-    if (!body(at, nibble, text)) {
-      return false;
-    }
+    body(at, nibble, text);
     for (const char c : bytes_.substr(text.at, text.count)) {
       if (c == '\0' || static_cast<unsigned char>(c) > 0x7F) {
-        exact_ = false;
+        return refuse("it holds a text with a NUL or a byte that is not ASCII");
       }
     }
     return true;
   }
 
-  bool noteUtf16(std::size_t at, std::size_t nibble) {
+  bool visitUtf16(std::size_t at, std::size_t nibble) {
     Body text;
-    if (!body(at, nibble, text)) {
-      return false;
-    }
+    body(at, nibble, text);
     bool wantsLow = false;
     for (std::size_t i = 0; i < text.count; ++i) {
       const std::uint64_t unit = number(text.at + 2 * i, 2);
       const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
       if (unit == 0 || isLow != wantsLow) {
-        exact_ = false;
+        return refuse("it holds a text with a NUL or half a surrogate pair");
       }
       wantsLow = unit >= 0xD800 && unit <= 0xDBFF;
     }
-    if (wantsLow) {
-      exact_ = false;
-    }
-    return true;
+    return !wantsLow || refuse("it holds a text with half a surrogate pair");
   }
 
   bool visitMembers(std::size_t at, std::size_t nibble, std::size_t references, std::size_t depth) {
@@ -161,9 +181,26 @@ class Walk {
     if (!body(at, nibble, members) || !holds(members.at, members.count, references * referenceSize_)) {
       return false;
     }
+    if (depth >= deepestNesting) {
+      return refuse(tooDeep);
+    }
     for (std::size_t i = 0; i < members.count * references; ++i) {
       if (!visit(number(members.at + i * referenceSize_, referenceSize_), depth + 1)) {
         return false;
+      }
+    }
+    return true;
+  }
+
+  // For a dictionary whose members have been visited.
+  bool checkKeys(std::size_t at, std::size_t nibble) {
+    Body keys;
+    body(at, nibble, keys);
+    for (std::size_t i = 0; i < keys.count; ++i) {
+      const std::uint64_t key = number(keys.at + i * referenceSize_, referenceSize_);
+      const std::uint64_t kind = number(startOf(key), 1) >> 4U;
+      if (kind != 0x5 && kind != 0x6) {
+        return refuse("it has a key that is no text");
       }
     }
     return true;
@@ -176,11 +213,11 @@ class Walk {
   std::uint64_t top_ = 0;
   std::size_t table_ = 0;
   std::size_t visits_ = 0;
-  bool exact_ = true;
+  std::string fault_ = "it is malformed";
 };
 
 }  // namespace
 
-BinaryShape binaryShape(std::string_view bytes) { return Walk(bytes).run(); }
+std::optional<Failure> binaryFault(std::string_view bytes) { return Walk(bytes).run(); }
 
 }  // namespace tarnwell::standin

@@ -1,21 +1,15 @@
 #pragma once
 
-#include <cstddef>
+#include <optional>
 #include <string_view>
+
+#include "standin/store/Failure.h"
 
 namespace tarnwell::standin {
 
-/// How many containers may stand within each other. Real preferences have a handful of levels; the property list
-/// library recurses without a limit of its own.
-inline constexpr std::size_t deepestNesting = 512;
-
-enum class BinaryShape {
-  exact,    // every value survives being read and written by the library
-  inexact,  // well formed, but something in it would come out changed
-  broken,   // not well formed, nested too deep, or referring to itself
-};
-
-/// Examines a binary property list before the library sees it.
-BinaryShape binaryShape(std::string_view bytes);
+/// Why the library must not be given a binary property list: it is not well formed, nested too deep, refers to itself,
+/// or holds what the library would change: sets, half surrogate pairs, NUL within texts, integers beyond 64 bits, dates
+/// outside the years 0 to 9999. Nothing when every value survives being read and written.
+std::optional<Failure> binaryFault(std::string_view bytes);
 
 }  // namespace tarnwell::standin

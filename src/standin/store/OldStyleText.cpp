@@ -4,17 +4,13 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <utility>
-#include <vector>
 
+#include "standin/store/PropertyList.h"
 #include "standin/store/Utf8.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {
-
-using Entry = std::pair<std::string, plist_t>;
 
 std::string indent(std::size_t level) {
   std::string blanks;
@@ -52,28 +48,9 @@ std::string escaped(std::uint32_t codePoint) {
   return formatted("\\U%04x", 0xD800 + (offset >> 10U)) + formatted("\\U%04x", 0xDC00 + (offset & 0x3FFU));
 }
 
-std::vector<Entry> sortedEntries(plist_t dictionary) {
-  std::vector<Entry> entries;
-  plist_dict_iter iterator = nullptr;
-  plist_dict_new_iter(dictionary, &iterator);
-  for (;;) {
-    char* key = nullptr;
-    plist_t value = nullptr;
-    plist_dict_next_item(dictionary, iterator, &key, &value);
-    if (value == nullptr) {
-      break;
-    }
-    entries.emplace_back(key, value);
-    std::free(key);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
-  }
-  std::free(iterator);  // NOLINT(cppcoreguidelines-no-malloc): as above
-  std::sort(entries.begin(), entries.end());
-  return entries;
-}
-
 std::string dictionaryText(plist_t node, std::size_t level) {
   std::string text = indent(level) + "{\n";
-  for (const auto& [key, value] : sortedEntries(node)) {
+  for (const auto& [key, value] : entriesOf(node)) {
     text += indent(level + 1) + quotedText(key) + " = " + oldStyleText(value, level + 1) + ";\n";
   }
   return text + indent(level) + "}";

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include "standin/store/Descriptor.h"
@@ -13,13 +14,6 @@ namespace {
 
 // Far above any real domain; it keeps a mistaken file from filling the memory.
 constexpr off_t largestStore = 64L * 1024 * 1024;
-
-StoredPreferences withoutContent(StoreState state, int error) {
-  StoredPreferences stored;
-  stored.state = state;
-  stored.error = error;
-  return stored;
-}
 
 // Zero, or the errno that tells why there are no bytes.
 int readStore(const std::string& path, std::string& bytes) {
@@ -50,20 +44,20 @@ StoredPreferences loadPreferences(const std::string& path) {
   std::string bytes;
   const int error = readStore(path, bytes);
   if (error == ENOENT) {
-    return withoutContent(StoreState::absent, 0);
+    return {};
   }
   if (error != 0) {
-    return withoutContent(StoreState::unreadable, error);
+    return {StoreState::unreadable, nullptr, "cannot be read: " + std::generic_category().message(error)};
   }
-  ParsedList parsed = parsePropertyList(bytes);
-  if (!PLIST_IS_DICT(parsed.list.get())) {
-    return withoutContent(StoreState::damaged, 0);
+  Result<PropertyList> parsed = parsePropertyList(bytes);
+  if (const auto* failure = std::get_if<Failure>(&parsed)) {
+    return {StoreState::damaged, nullptr, "is not a property list: " + failure->reason};
   }
-  StoredPreferences stored;
-  stored.state = StoreState::sound;
-  stored.dictionary = std::move(parsed.list);
-  stored.fidelity = parsed.fidelity;
-  return stored;
+  auto& list = std::get<PropertyList>(parsed);
+  if (!PLIST_IS_DICT(list.get())) {
+    return {StoreState::damaged, nullptr, "is not a property list: it has no dictionary at its top"};
+  }
+  return {StoreState::sound, std::move(list), ""};
 }
 
 }  // namespace tarnwell::standin

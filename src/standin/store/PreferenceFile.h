@@ -16,8 +16,7 @@ enum class StoreState {
 struct StoredPreferences {
   StoreState state = StoreState::absent;
   PropertyList dictionary;  // a dictionary when sound, else none
-  Fidelity fidelity = Fidelity::exact;
-  int error = 0;  // errno when unreadable
+  std::string reason;       // when damaged or unreadable: "is not a property list: line 3: ..."
 };
 
 /// Reads one store. Needs no lock: writers replace the file in one step.

@@ -17,18 +17,18 @@ constexpr const char* temporaryName = ".defaults.tmp";
 
 }  // namespace
 
-std::optional<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
+Result<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
   const std::string folder = folderOf(path);
   if (!makeFolders(folder)) {
-    return std::nullopt;
+    return systemFailure("make the folder", folder);
   }
   std::optional<FileLock> lock = FileLock::acquire(folder + lockName, LockWait::untilFree);
   if (!lock) {
-    return std::nullopt;
+    return systemFailure("lock", folder + lockName);
   }
   StoredPreferences stored = loadPreferences(path);
-  if (stored.state == StoreState::unreadable || stored.fidelity == Fidelity::inexact) {
-    return std::nullopt;
+  if (stored.state == StoreState::unreadable) {
+    return Failure{path + " " + stored.reason};
   }
   if (!stored.dictionary) {
     stored.dictionary.reset(plist_new_dict());
@@ -36,46 +36,58 @@ std::optional<PreferenceTransaction> PreferenceTransaction::begin(const std::str
   return PreferenceTransaction(path, std::move(*lock), std::move(stored));
 }
 
-bool PreferenceTransaction::commit() {
-  const std::string bytes = binaryText(dictionary());
-  if (bytes.empty()) {
-    return false;
+std::optional<Failure> PreferenceTransaction::commit() {
+  const Result<std::string> bytes = binaryText(dictionary());
+  if (const auto* failure = std::get_if<Failure>(&bytes)) {
+    return *failure;
   }
-  std::optional<AtomicFile> file = AtomicFile::create(path_, temporaryName);
+  AtomicFile file(path_, temporaryName);
+  if (auto failure = file.write(std::get<std::string>(bytes))) {
+    return failure;
+  }
   // The new store is complete before the damaged one moves: a full disk leaves everything in its place.
-  return file && file->fill(bytes) && (state() != StoreState::damaged || setAside()) && file->commit();
+  if (auto failure = setAside()) {
+    return failure;
+  }
+  return file.commit();
 }
 
-bool PreferenceTransaction::remove() {
-  if (state() == StoreState::damaged && !setAside()) {
-    return false;
+std::optional<Failure> PreferenceTransaction::remove() {
+  if (auto failure = setAside()) {
+    return failure;
   }
   const std::string folder = folderOf(path_);
   const std::string removed = folder + "/" + temporaryName;
   if (std::rename(path_.c_str(), removed.c_str()) != 0) {
-    return false;
+    return systemFailure("remove", path_);
   }
-  if (syncFolder(folder)) {
-    return ::unlink(removed.c_str()) == 0;
+  if (!syncFolder(folder)) {
+    Failure failure = systemFailure("sync the folder of", path_);
+    (void)std::rename(removed.c_str(), path_.c_str());
+    return failure;
   }
-  (void)std::rename(removed.c_str(), path_.c_str());
-  return false;
+  // The store is gone; should its remains stay, the next write takes them away.
+  ::unlink(removed.c_str());
+  return std::nullopt;
 }
 
 // A second name for the same file: there is no moment in which the store has neither its old nor its new content.
-bool PreferenceTransaction::setAside() {
+std::optional<Failure> PreferenceTransaction::setAside() {
+  if (state() != StoreState::damaged) {
+    return std::nullopt;
+  }
   const std::string base = path_ + ".damaged-" + fileStamp();
   for (int attempt = 1; attempt <= 1000; ++attempt) {
     std::string aside = attempt == 1 ? base : base + "-" + std::to_string(attempt);
     if (::link(path_.c_str(), aside.c_str()) == 0) {
       setAsidePath_ = std::move(aside);
-      return true;
+      return std::nullopt;
     }
     if (errno != EEXIST) {
-      return false;
+      break;
     }
   }
-  return false;
+  return systemFailure("set aside", path_);
 }
 
 }  // namespace tarnwell::standin

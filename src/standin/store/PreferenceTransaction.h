@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "standin/store/Failure.h"
 #include "standin/store/FileLock.h"
 #include "standin/store/PreferenceFile.h"
 
@@ -13,9 +14,8 @@ namespace tarnwell::standin {
 /// commit() writes. Nothing on the disk changes before commit() or remove(), and when they fail the store is as it was.
 class PreferenceTransaction {
  public:
-  /// Makes the folder and the lock when missing. Nothing when the store cannot be locked or read, or holds something
-  /// that would be lost if it were written again.
-  static std::optional<PreferenceTransaction> begin(const std::string& path);
+  /// Makes the folder and the lock when missing.
+  static Result<PreferenceTransaction> begin(const std::string& path);
 
   StoreState state() const { return stored_.state; }
 
@@ -23,19 +23,22 @@ class PreferenceTransaction {
   plist_t dictionary() const { return stored_.dictionary.get(); }
 
   /// Writes the dictionary for good. A damaged store is first moved out of the way, see setAsidePath().
-  bool commit();
+  std::optional<Failure> commit();
 
   /// Takes the store away for good; a damaged one is moved out of the way instead.
-  bool remove();
+  std::optional<Failure> remove();
 
   /// Where the damaged store is kept now; empty when none was moved.
   const std::string& setAsidePath() const { return setAsidePath_; }
+
+  /// What is wrong with a damaged store.
+  const std::string& reason() const { return stored_.reason; }
 
  private:
   PreferenceTransaction(std::string path, FileLock lock, StoredPreferences stored)
       : path_(std::move(path)), lock_(std::move(lock)), stored_(std::move(stored)) {}
 
-  bool setAside();
+  std::optional<Failure> setAside();
 
   std::string path_;
   FileLock lock_;

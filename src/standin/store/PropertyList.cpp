@@ -1,10 +1,14 @@
 #include "standin/store/PropertyList.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <bit>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 
 #include "standin/store/BinaryShape.h"
+#include "standin/store/ValueText.h"
+#include "standin/store/XmlList.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -25,62 +29,172 @@ std::string written(plist_t node, Writer write) {
   return text;
 }
 
-// Counts tags only, so a text that spells many tags may be refused; a text that is nested too deep is never let
-// through.
-bool isNestedTooDeep(std::string_view xml) {
-  std::size_t depth = 0;
-  for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
-    const std::string_view tag = xml.substr(at + 1, 6);
-    if (tag.starts_with("dict") || tag.starts_with("array")) {
-      ++depth;
-    }
-    if (depth > 0 && (tag.starts_with("/dict") || tag.starts_with("/array"))) {
-      --depth;
-    }
-    if (depth > deepestNesting) {
-      return true;
-    }
+Result<std::string> verified(std::string bytes, plist_t node) {
+  const Result<PropertyList> found = parsePropertyList(bytes);
+  if (const auto* failure = std::get_if<Failure>(&found)) {
+    return Failure{"what would be written cannot be read: " + failure->reason};
   }
-  return false;
+  if (!isSame(std::get<PropertyList>(found).get(), node)) {
+    return Failure{"what would be written reads differently"};
+  }
+  return bytes;
 }
 
-BinaryShape shapeOf(std::string_view bytes) {
-  if (bytes.starts_with(binaryMagic)) {
-    return binaryShape(bytes);
+bool areSame(double one, double other) { return one == other || (std::isnan(one) && std::isnan(other)); }
+
+double realOf(plist_t node) {
+  double value = 0;
+  plist_get_real_val(node, &value);
+  return value;
+}
+
+bool areSameArrays(plist_t one, plist_t other) {
+  const std::uint32_t count = plist_array_get_size(one);
+  bool same = count == plist_array_get_size(other);
+  for (std::uint32_t i = 0; same && i < count; ++i) {
+    same = isSame(plist_array_get_item(one, i), plist_array_get_item(other, i));
   }
-  return isNestedTooDeep(bytes) ? BinaryShape::broken : BinaryShape::exact;
+  return same;
+}
+
+bool areSameDictionaries(plist_t one, plist_t other) {
+  const auto left = entriesOf(one);
+  const auto right = entriesOf(other);
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](const auto& entry, const auto& another) {
+    return entry.first == another.first && isSame(entry.second, another.second);
+  });
+}
+
+/// Anywhere below; the library keeps both entries of such a key and finds one.
+bool hasRepeatedKey(plist_t node) {
+  if (PLIST_IS_ARRAY(node)) {
+    for (std::uint32_t i = 0; i < plist_array_get_size(node); ++i) {
+      if (hasRepeatedKey(plist_array_get_item(node, i))) {
+        return true;
+      }
+    }
+  }
+  if (!PLIST_IS_DICT(node)) {
+    return false;
+  }
+  const auto entries = entriesOf(node);
+  const auto repeated = std::adjacent_find(
+      entries.begin(), entries.end(), [](const auto& entry, const auto& next) { return entry.first == next.first; });
+  return repeated != entries.end() ||
+         std::any_of(entries.begin(), entries.end(), [](const auto& entry) { return hasRepeatedKey(entry.second); });
+}
+
+Result<PropertyList> parseBinaryList(std::string_view bytes) {
+  if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
+    return Failure{"it is too large"};
+  }
+  if (const auto fault = binaryFault(bytes)) {
+    return *fault;
+  }
+  plist_t node = nullptr;
+  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+  PropertyList list(node);
+  if (!list) {
+    return Failure{"it is malformed"};
+  }
+  if (hasRepeatedKey(node)) {
+    return Failure{"a key is there twice"};
+  }
+  return list;
+}
+
+void append(std::string& bytes, std::uint64_t number) {
+  for (unsigned shift = 64; shift > 0; shift -= 8) {
+    bytes += static_cast<char>(number >> (shift - 8) & 0xFFU);
+  }
+}
+
+/// A value by the bytes that it has in a binary list.
+PropertyList fromBinary(const std::string& object) {
+  std::string bytes = "bplist00" + object;
+  const std::size_t table = bytes.size();
+  bytes += '\x08';
+  bytes.append(6, '\0') += "\x01\x01";
+  append(bytes, 1);
+  append(bytes, 0);
+  append(bytes, table);
+  plist_t node = nullptr;
+  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+  return PropertyList(node);
 }
 
 }  // namespace
 
-ParsedList parsePropertyList(std::string_view bytes) {
-  ParsedList parsed;
-  if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
-    return parsed;
-  }
-  const BinaryShape shape = shapeOf(bytes);
-  if (shape == BinaryShape::broken) {
-    return parsed;
-  }
-  plist_t node = nullptr;
-  plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
-  parsed.list.reset(node);
-  if (shape == BinaryShape::inexact) {
-    parsed.fidelity = Fidelity::inexact;
-  }
-  return parsed;
+Result<PropertyList> parsePropertyList(std::string_view bytes) {
+  return bytes.starts_with(binaryMagic) ? parseBinaryList(bytes) : parseXmlList(bytes);
 }
 
-std::string binaryText(plist_t node) { return written(node, plist_to_bin); }
+Result<std::string> binaryText(plist_t node) { return verified(written(node, plist_to_bin), node); }
 
-std::string xmlText(plist_t node) { return written(node, plist_to_xml); }
+// A carriage return that is not spelled out would be read as a line feed.
+Result<std::string> xmlText(plist_t node) {
+  std::string xml;
+  for (const char c : written(node, plist_to_xml)) {
+    xml += c == '\r' ? std::string_view("&#13;") : std::string_view(&c, 1);
+  }
+  return verified(std::move(xml), node);
+}
+
+bool isSame(plist_t one, plist_t other) {
+  const plist_type type = plist_get_node_type(one);
+  if (type != plist_get_node_type(other)) {
+    return false;
+  }
+  switch (type) {
+    case PLIST_DICT:
+      return areSameDictionaries(one, other);
+    case PLIST_ARRAY:
+      return areSameArrays(one, other);
+    case PLIST_REAL:
+      return areSame(realOf(one), realOf(other));
+    default:
+      return valueText(one) == valueText(other);
+  }
+}
+
+std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary) {
+  std::vector<std::pair<std::string, plist_t>> entries;
+  plist_dict_iter iterator = nullptr;
+  plist_dict_new_iter(dictionary, &iterator);
+  for (;;) {
+    char* key = nullptr;
+    plist_t value = nullptr;
+    plist_dict_next_item(dictionary, iterator, &key, &value);
+    if (value == nullptr) {
+      break;
+    }
+    entries.emplace_back(key, value);
+    std::free(key);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
+  }
+  std::free(iterator);  // NOLINT(cppcoreguidelines-no-malloc): as above
+  std::sort(entries.begin(), entries.end());
+  return entries;
+}
 
 std::string xmlContent(plist_t node) {
-  const std::string xml = xmlText(node);
+  const std::string xml = written(node, plist_to_xml);
   const std::size_t list = xml.find("<plist");
   const std::size_t element = xml.find('<', list + 1);
   const std::size_t content = xml.find('>', element) + 1;
   return xml.substr(content, xml.find('<', content) - content);
+}
+
+PropertyList newLargeInteger(std::uint64_t value) {
+  std::string object = "\x14";
+  append(object, 0);
+  append(object, value);
+  return fromBinary(object);
+}
+
+PropertyList newDate(double seconds) {
+  std::string object = "3";
+  append(object, std::bit_cast<std::uint64_t>(seconds));
+  return fromBinary(object);
 }
 
 }  // namespace tarnwell::standin

@@ -61,4 +61,23 @@ bool isUtf8(std::string_view text) {
   return true;
 }
 
+void appendCodePoint(std::string& text, std::uint32_t codePoint) {
+  const auto append = [&](std::uint32_t byte) { text += static_cast<char>(byte); };
+  if (codePoint < 0x80) {
+    append(codePoint);
+    return;
+  }
+  if (codePoint < 0x800) {
+    append(0xC0U | codePoint >> 6U);
+  } else if (codePoint < 0x10000) {
+    append(0xE0U | codePoint >> 12U);
+    append(0x80U | (codePoint >> 6U & 0x3FU));
+  } else {
+    append(0xF0U | codePoint >> 18U);
+    append(0x80U | (codePoint >> 12U & 0x3FU));
+    append(0x80U | (codePoint >> 6U & 0x3FU));
+  }
+  append(0x80U | (codePoint & 0x3FU));
+}
+
 }  // namespace tarnwell::standin

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tarnwell::standin {
@@ -10,5 +11,8 @@ namespace tarnwell::standin {
 std::optional<std::uint32_t> takeCodePoint(std::string_view& text);
 
 bool isUtf8(std::string_view text);
+
+/// Appends a code point that is no half of a surrogate pair.
+void appendCodePoint(std::string& text, std::uint32_t codePoint);
 
 }  // namespace tarnwell::standin
