@@ -13,6 +13,9 @@ namespace {
 
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
 
+// No desktop's is nearly as long, and no program could be started with a variable without measure.
+constexpr std::size_t longestToken = 4096;
+
 // On X11 alone; the toolkit keeps Wayland's.
 std::string keptToken;
 
@@ -29,7 +32,7 @@ std::string givenActivationToken() {
 }
 
 void useActivationToken(const std::string& token) {
-  if (token.empty()) {
+  if (token.empty() || token.size() > longestToken) {
     return;
   }
   if (x11Display() != nullptr) {

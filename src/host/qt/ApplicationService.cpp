@@ -1,6 +1,5 @@
 #include "host/qt/ApplicationService.h"
 
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
@@ -20,33 +19,25 @@ constexpr uint alreadyOwner = 4;
 
 const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
-const QString description = QStringLiteral(R"xml(<interface name="org.freedesktop.Application">
-  <method name="Activate">
-    <arg type="a{sv}" name="platform_data" direction="in"/>
-  </method>
-  <method name="Open">
-    <arg type="as" name="uris" direction="in"/>
-    <arg type="a{sv}" name="platform_data" direction="in"/>
-  </method>
-  <method name="ActivateAction">
-    <arg type="s" name="action_name" direction="in"/>
-    <arg type="av" name="parameter" direction="in"/>
-    <arg type="a{sv}" name="platform_data" direction="in"/>
-  </method>
-</interface>)xml");
 
 // The identifier with slashes for dots, as the interface wants it.
 QString objectPath() { return '/' + QString(kit::applicationId).replace('.', '/'); }
 
-std::string tokenOf(const QVariantMap& platformData) {
-  const QString token = platformData.value("activation-token").toString();
-  return (token.isEmpty() ? platformData.value("desktop-startup-id").toString() : token).toStdString();
+std::string tokenOf(const BusDictionary& platformData) {
+  const auto text = [&platformData](const char* key) {
+    return busValue<QString>(platformData.items.value(key).variant()).value_or(QString());
+  };
+  const QString token = text("activation-token");
+  return (token.isEmpty() ? text("desktop-startup-id") : token).toStdString();
 }
 
 }  // namespace
 
-ApplicationService::ApplicationService(const QDBusConnection& bus)
-    : BusObject(bus, objectPath(), interfaceName, description) {}
+ApplicationService::ApplicationService(const QDBusConnection& bus) : BusObject(bus, objectPath(), interfaceName) {
+  addMethod("Activate", {"platform_data"}, &ApplicationService::activate);
+  addMethod("Open", {"uris", "platform_data"}, &ApplicationService::open);
+  addMethod("ActivateAction", {"action_name", "parameter", "platform_data"}, &ApplicationService::activateAction);
+}
 
 ApplicationService::Claim ApplicationService::claimName() const {
   QDBusMessage message =
@@ -77,28 +68,25 @@ ApplicationService::Answer ApplicationService::activateOther(const std::string& 
   return QDBusError(answer).type() == QDBusError::ServiceUnknown ? Answer::gone : Answer::none;
 }
 
-std::optional<QVariantList> ApplicationService::call(const QString& method, const QVariantList& arguments) {
-  if (method == QLatin1String("Activate")) {
-    ask({}, arguments.value(0));
-  } else if (method == QLatin1String("Open")) {
-    // There are no documents: a file that is opened opens the application.
-    ask({}, arguments.value(1));
-  } else if (method == QLatin1String("ActivateAction")) {
-    ask(arguments.value(0).toString(), arguments.value(2));
-  } else {
-    return std::nullopt;
-  }
-  return QVariantList{};
+BusReply<> ApplicationService::activate(const BusDictionary& platformData) {
+  return activateAction({}, {}, platformData);
 }
 
-void ApplicationService::ask(const QString& action, const QVariant& platformData) {
-  const Request request = {.action = action.toStdString(), .token = tokenOf(qdbus_cast<QVariantMap>(platformData))};
+// There are no documents: a file that is opened opens the application.
+BusReply<> ApplicationService::open(const QStringList& /*uris*/, const BusDictionary& platformData) {
+  return activate(platformData);
+}
+
+BusReply<> ApplicationService::activateAction(const QString& action, const BusList<QDBusVariant>& /*parameter*/,
+                                              const BusDictionary& platformData) {
+  const Request request = {.action = action.toStdString(), .token = tokenOf(platformData)};
   // After the answer, for which another start waits.
   runLater(*this, [this, request] {
     if (asked_) {
       asked_(request);
     }
   });
+  return {};
 }
 
 }  // namespace tarnwell::host_qt

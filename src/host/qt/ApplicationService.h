@@ -32,11 +32,11 @@ class ApplicationService final : public BusObject {
   /// Asks whoever has the name to come to the front, for five seconds at most.
   Answer activateOther(const std::string& token) const;
 
- protected:
-  std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) override;
-
  private:
-  void ask(const QString& action, const QVariant& platformData);
+  BusReply<> activate(const BusDictionary& platformData);
+  BusReply<> open(const QStringList& uris, const BusDictionary& platformData);
+  BusReply<> activateAction(const QString& action, const BusList<QDBusVariant>& parameter,
+                            const BusDictionary& platformData);
 
   Asked asked_;
 };

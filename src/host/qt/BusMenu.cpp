@@ -1,6 +1,5 @@
 #include "host/qt/BusMenu.h"
 
-#include <QtDBus/QDBusMetaType>
 #include <algorithm>
 #include <utility>
 
@@ -16,52 +15,6 @@ constexpr int rootId = 0;
 constexpr uint protocolVersion = 3;
 
 const QString menuInterfaceName = QStringLiteral("com.canonical.dbusmenu");
-const QString menuDescription = QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
-  <property name="Version" type="u" access="read"/>
-  <property name="TextDirection" type="s" access="read"/>
-  <property name="Status" type="s" access="read"/>
-  <property name="IconThemePath" type="as" access="read"/>
-  <method name="GetLayout">
-    <arg type="i" name="parentId" direction="in"/>
-    <arg type="i" name="recursionDepth" direction="in"/>
-    <arg type="as" name="propertyNames" direction="in"/>
-    <arg type="u" name="revision" direction="out"/>
-    <arg type="(ia{sv}av)" name="layout" direction="out"/>
-  </method>
-  <method name="GetGroupProperties">
-    <arg type="ai" name="ids" direction="in"/>
-    <arg type="as" name="propertyNames" direction="in"/>
-    <arg type="a(ia{sv})" name="properties" direction="out"/>
-  </method>
-  <method name="GetProperty">
-    <arg type="i" name="id" direction="in"/>
-    <arg type="s" name="name" direction="in"/>
-    <arg type="v" name="value" direction="out"/>
-  </method>
-  <method name="Event">
-    <arg type="i" name="id" direction="in"/>
-    <arg type="s" name="eventId" direction="in"/>
-    <arg type="v" name="data" direction="in"/>
-    <arg type="u" name="timestamp" direction="in"/>
-  </method>
-  <method name="EventGroup">
-    <arg type="a(isvu)" name="events" direction="in"/>
-    <arg type="ai" name="idErrors" direction="out"/>
-  </method>
-  <method name="AboutToShow">
-    <arg type="i" name="id" direction="in"/>
-    <arg type="b" name="needUpdate" direction="out"/>
-  </method>
-  <method name="AboutToShowGroup">
-    <arg type="ai" name="ids" direction="in"/>
-    <arg type="ai" name="updatesNeeded" direction="out"/>
-    <arg type="ai" name="idErrors" direction="out"/>
-  </method>
-  <signal name="LayoutUpdated">
-    <arg type="u" name="revision"/>
-    <arg type="i" name="parent"/>
-  </signal>
-</interface>)xml");
 
 // An underline of a title marks no letter.
 QString labelOf(const kit::MenuItem& item) { return toQString(item.title()).replace('_', "__"); }
@@ -69,50 +22,31 @@ QString labelOf(const kit::MenuItem& item) { return toQString(item.title()).repl
 // One equivalent, which is a list of its keys.
 QVariant shortcutOf(const QStringList& keys) { return QVariant::fromValue(QList<QStringList>{keys}); }
 
+BusError noEntry(int id) { return BusError::invalidArguments(QStringLiteral("no entry %1").arg(id)); }
+
 }  // namespace
 
 BusMenu::BusMenu(const QDBusConnection& bus, const QString& path, kit::Application& application,
                  std::shared_ptr<kit::Menu> menu)
-    : BusObject(bus, path, menuInterfaceName, menuDescription), application_(application), menu_(std::move(menu)) {
-  qDBusRegisterMetaType<QList<QStringList>>();
+    : BusObject(bus, path, menuInterfaceName), application_(application), menu_(std::move(menu)) {
+  declare();
   number(*menu_, items_);
   changes_ = menu_->observe([this] { follow(); });
 }
 
-std::optional<QVariantList> BusMenu::call(const QString& method, const QVariantList& arguments) {
-  const QVariant first = arguments.value(0);
-  if (method == QLatin1String("GetLayout")) {
-    return layout(first.toInt(), arguments.value(1).toInt());
-  }
-  if (method == QLatin1String("GetGroupProperties")) {
-    return groupProperties(first);
-  }
-  if (method == QLatin1String("GetProperty")) {
-    return itemProperty(first.toInt(), arguments.value(1).toString());
-  }
-  if (method == QLatin1String("Event")) {
-    handle({.id = first.toInt(), .kind = arguments.value(1).toString()});
-    return QVariantList{};
-  }
-  if (method == QLatin1String("EventGroup")) {
-    for (const auto& event : qdbus_cast<QList<BusMenuEvent>>(first)) {
-      handle(event);
-    }
-    return QVariantList{QVariant::fromValue(QList<int>())};
-  }
-  if (method == QLatin1String("AboutToShow")) {
-    return QVariantList{aboutToShow()};
-  }
-  if (method == QLatin1String("AboutToShowGroup")) {
-    const QList<int> changed = aboutToShow() ? qdbus_cast<QList<int>>(first) : QList<int>();
-    return QVariantList{QVariant::fromValue(changed), QVariant::fromValue(QList<int>())};
-  }
-  return std::nullopt;
-}
-
-QVariantMap BusMenu::properties() const {
-  return {
-      {"Version", protocolVersion}, {"TextDirection", "ltr"}, {"Status", "normal"}, {"IconThemePath", QStringList()}};
+void BusMenu::declare() {
+  interface().addProperty("Version", [] { return protocolVersion; });
+  interface().addProperty("TextDirection", [] { return QStringLiteral("ltr"); });
+  interface().addProperty("Status", [] { return QStringLiteral("normal"); });
+  interface().addProperty("IconThemePath", [] { return QStringList(); });
+  addMethod("GetLayout", {"parentId", "recursionDepth", "propertyNames", "revision", "layout"}, &BusMenu::layout);
+  addMethod("GetGroupProperties", {"ids", "propertyNames", "properties"}, &BusMenu::groupProperties);
+  addMethod("GetProperty", {"id", "name", "value"}, &BusMenu::itemProperty);
+  addMethod("Event", {"id", "eventId", "data", "timestamp"}, &BusMenu::event);
+  addMethod("EventGroup", {"events", "idErrors"}, &BusMenu::eventGroup);
+  addMethod("AboutToShow", {"id", "needUpdate"}, &BusMenu::aboutToShow);
+  addMethod("AboutToShowGroup", {"ids", "updatesNeeded", "idErrors"}, &BusMenu::aboutToShowGroup);
+  interface().addSignal<uint, int>("LayoutUpdated", {"revision", "parent"});
 }
 
 void BusMenu::follow() {
@@ -138,18 +72,23 @@ int BusMenu::numberOf(const Item& item) const {
   return found != items_.end() ? found->first : rootId;
 }
 
-QVariantList BusMenu::layout(int id, int depth) const {
-  const auto found = items_.find(id);
-  const kit::Menu* submenu = found != items_.end() ? found->second->submenu().get() : nullptr;
-  return {revision_, QVariant::fromValue(layoutOf(id, id == rootId ? menu_.get() : submenu, depth))};
+bool BusMenu::has(int id) const { return id == rootId || items_.contains(id); }
+
+BusReply<uint, BusMenuLayout> BusMenu::layout(int id, int depth, const QStringList& /*names*/) {
+  if (!has(id)) {
+    return noEntry(id);
+  }
+  const kit::Menu* submenu = id == rootId ? menu_.get() : items_.at(id)->submenu().get();
+  return std::tuple(revision_, layoutOf(id, submenu, depth));
 }
 
 // A negative depth has no end.
 BusMenuLayout BusMenu::layoutOf(int id, const kit::Menu* submenu, int depth) const {
   BusMenuLayout layout{.id = id, .properties = propertiesOf(id)};
   if (submenu != nullptr && depth != 0) {
+    const int below = depth > 0 ? depth - 1 : depth;
     for (const Item& item : submenu->items()) {
-      layout.children += QVariant::fromValue(layoutOf(numberOf(item), item->submenu().get(), depth - 1));
+      layout.children += QVariant::fromValue(layoutOf(numberOf(item), item->submenu().get(), below));
     }
   }
   return layout;
@@ -174,35 +113,70 @@ QVariantMap BusMenu::propertiesOf(int id) const {
   return properties;
 }
 
-QVariantList BusMenu::groupProperties(const QVariant& ids) const {
-  auto wanted = qdbus_cast<QList<int>>(ids);
+BusReply<QList<BusMenuItem>> BusMenu::groupProperties(const BusList<int>& ids, const QStringList& /*names*/) {
+  QList<int> wanted = ids.items;
   if (wanted.isEmpty()) {
     // None stands for all.
     std::ranges::transform(items_, std::back_inserter(wanted), &std::pair<const int, Item>::first);
   }
   QList<BusMenuItem> group;
   for (const int id : wanted) {
-    group += {.id = id, .properties = propertiesOf(id)};
+    if (has(id)) {
+      group += {.id = id, .properties = propertiesOf(id)};
+    }
   }
-  return {QVariant::fromValue(group)};
+  return std::tuple(group);
 }
 
-QVariantList BusMenu::itemProperty(int id, const QString& name) const {
-  return {QVariant::fromValue(QDBusVariant(propertiesOf(id).value(name)))};
+BusReply<QDBusVariant> BusMenu::itemProperty(int id, const QString& name) {
+  const QVariantMap properties = propertiesOf(id);
+  const auto found = properties.constFind(name);
+  if (found == properties.constEnd()) {
+    return BusError::invalidArguments(QStringLiteral("entry %1 has no %2").arg(id).arg(name));
+  }
+  return std::tuple(QDBusVariant(*found));
 }
 
-bool BusMenu::aboutToShow() {
+BusReply<> BusMenu::event(int id, const QString& kind, const QDBusVariant& /*data*/, uint /*timestamp*/) {
+  return handle(id, kind) ? BusReply<>() : noEntry(id);
+}
+
+BusReply<QList<int>> BusMenu::eventGroup(const BusList<BusMenuEvent>& events) {
+  QList<int> unknown;
+  for (const BusMenuEvent& event : events.items) {
+    if (!handle(event.id, event.kind)) {
+      unknown += event.id;
+    }
+  }
+  return std::tuple(unknown);
+}
+
+BusReply<bool> BusMenu::aboutToShow(int id) {
+  if (!has(id)) {
+    return noEntry(id);
+  }
+  return std::tuple(updateToShow());
+}
+
+BusReply<QList<int>, QList<int>> BusMenu::aboutToShowGroup(const BusList<int>& ids) {
+  QList<int> unknown;
+  std::ranges::copy_if(ids.items, std::back_inserter(unknown), [this](int id) { return !has(id); });
+  return std::tuple(updateToShow() ? ids.items : QList<int>(), unknown);
+}
+
+bool BusMenu::updateToShow() {
   const uint shown = revision_;
   menu_->willOpen();
   return revision_ != shown;
 }
 
-void BusMenu::handle(const BusMenuEvent& event) {
-  const auto found = items_.find(event.id);
-  if (event.kind == QLatin1String("clicked") && found != items_.end()) {
+bool BusMenu::handle(int id, const QString& kind) {
+  const auto found = items_.find(id);
+  if (kind == QLatin1String("clicked") && found != items_.end()) {
     // After the answer: what is chosen may take its time, or end the program.
     runLater(*this, [this, item = found->second] { application_.choose(item); });
   }
+  return has(id);
 }
 
 }  // namespace tarnwell::host_qt

@@ -20,10 +20,6 @@ class BusMenu final : public BusObject {
   BusMenu(const QDBusConnection& bus, const QString& path, kit::Application& application,
           std::shared_ptr<kit::Menu> menu);
 
- protected:
-  std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) override;
-  QVariantMap properties() const override;
-
  private:
   using Item = std::shared_ptr<kit::MenuItem>;
 
@@ -31,13 +27,22 @@ class BusMenu final : public BusObject {
   void number(const kit::Menu& menu, std::map<int, Item>& numbered);
   int numberOf(const Item& item) const;
 
-  QVariantList layout(int id, int depth) const;
+  bool has(int id) const;
+
+  void declare();
+  BusReply<uint, BusMenuLayout> layout(int id, int depth, const QStringList& names);
+  BusReply<QList<BusMenuItem>> groupProperties(const BusList<int>& ids, const QStringList& names);
+  BusReply<QDBusVariant> itemProperty(int id, const QString& name);
+  BusReply<> event(int id, const QString& kind, const QDBusVariant& data, uint timestamp);
+  BusReply<QList<int>> eventGroup(const BusList<BusMenuEvent>& events);
+  BusReply<bool> aboutToShow(int id);
+  BusReply<QList<int>, QList<int>> aboutToShowGroup(const BusList<int>& ids);
+
   BusMenuLayout layoutOf(int id, const kit::Menu* submenu, int depth) const;
   QVariantMap propertiesOf(int id) const;
-  QVariantList groupProperties(const QVariant& ids) const;
-  QVariantList itemProperty(int id, const QString& name) const;
-  bool aboutToShow();
-  void handle(const BusMenuEvent& event);
+  bool updateToShow();
+  /// Whether there is such an entry.
+  bool handle(int id, const QString& kind);
 
   kit::Application& application_;
   std::shared_ptr<kit::Menu> menu_;

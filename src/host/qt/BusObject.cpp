@@ -1,64 +1,98 @@
 #include "host/qt/BusObject.h"
 
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusVariant>
 #include <utility>
+
+#include "host/qt/BusTypes.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+// The toolkit's own affair, with every object.
+bool isForToolkit(const QDBusMessage& message) {
+  return message.interface() == QLatin1String("org.freedesktop.DBus.Introspectable") ||
+         message.interface() == QLatin1String("org.freedesktop.DBus.Peer") ||
+         (message.interface().isEmpty() && message.member() == QLatin1String("Introspect"));
+}
+
+QDBusMessage replyTo(const QDBusMessage& message, const BusInterface::Answer& answer) {
+  const auto* error = std::get_if<BusError>(&answer);
+  return error != nullptr ? message.createErrorReply(error->name, error->text)
+                          : message.createReply(std::get<QVariantList>(answer));
+}
 
 }  // namespace
 
-BusObject::BusObject(QDBusConnection bus, QString path, QString interface, QString description)
+BusObject::BusObject(QDBusConnection bus, QString path, const QString& interface)
     : bus_(std::move(bus)),
       path_(std::move(path)),
-      interface_(std::move(interface)),
-      description_(std::move(description)) {
+      interface_(interface),
+      properties_(QStringLiteral("org.freedesktop.DBus.Properties")) {
+  registerBusTypes();
+  properties_.addMethod("Get", {"interface_name", "property_name", "value"}, bound(&BusObject::property));
+  properties_.addMethod("GetAll", {"interface_name", "properties"}, bound(&BusObject::allProperties));
+  properties_.addMethod("Set", {"interface_name", "property_name", "value"}, bound(&BusObject::setProperty));
   bus_.registerVirtualObject(path_, this);
 }
 
 BusObject::~BusObject() { bus_.unregisterObject(path_); }
 
 bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) noexcept {
-  const std::optional<QVariantList> given = answer(message);
-  if (!given) {
+  if (isForToolkit(message)) {
     return false;
   }
+  const BusInterface* called = interfaceFor(message);
+  const BusInterface::Answer answer = called != nullptr ? called->call(message.member(), message.arguments())
+                                                        : BusError::unknownInterface(message.interface());
   if (message.isReplyRequired()) {
-    connection.send(message.createReply(*given));
+    connection.send(replyTo(message, answer));
   }
   return true;
 }
 
-QString BusObject::introspect(const QString& path) const { return path == path_ ? description_ : QString(); }
+QString BusObject::introspect(const QString& path) const {
+  return path == path_ ? interface_.description() + properties_.description() : QString();
+}
 
 void BusObject::emitSignal(const QString& name, const QVariantList& arguments) const {
-  QDBusMessage signal = QDBusMessage::createSignal(path_, interface_, name);
+  QDBusMessage signal = QDBusMessage::createSignal(path_, interface_.name(), name);
   signal.setArguments(arguments);
   bus_.send(signal);
 }
 
-std::optional<QVariantList> BusObject::answer(const QDBusMessage& message) {
-  // A caller may leave the interface out.
-  if (message.interface() == interface_ || message.interface().isEmpty()) {
-    return call(message.member(), message.arguments());
+BusReply<QDBusVariant> BusObject::property(const QString& interface, const QString& name) {
+  if (!isOurs(interface)) {
+    return BusError::unknownInterface(interface);
   }
-  if (message.interface() != propertiesInterface || message.arguments().value(0).toString() != interface_) {
-    return std::nullopt;
+  if (const auto value = interface_.property(name)) {
+    return std::tuple(QDBusVariant(*value));
   }
-  if (message.member() == QLatin1String("GetAll")) {
-    return QVariantList{properties()};
-  }
-  return message.member() == QLatin1String("Get") ? property(message.arguments().value(1).toString()) : std::nullopt;
+  return BusError::unknownProperty(name);
 }
 
-std::optional<QVariantList> BusObject::property(const QString& name) const {
-  const QVariantMap all = properties();
-  const auto found = all.constFind(name);
-  return found != all.constEnd() ? std::optional(QVariantList{QVariant::fromValue(QDBusVariant(*found))})
-                                 : std::nullopt;
+BusReply<QVariantMap> BusObject::allProperties(const QString& interface) {
+  if (!isOurs(interface)) {
+    return BusError::unknownInterface(interface);
+  }
+  return std::tuple(interface_.properties());
 }
+
+BusReply<> BusObject::setProperty(const QString& interface, const QString& name, const QDBusVariant& /*value*/) {
+  if (!isOurs(interface)) {
+    return BusError::unknownInterface(interface);
+  }
+  return interface_.property(name) ? BusError::propertyReadOnly(name) : BusError::unknownProperty(name);
+}
+
+// A caller may leave the interface out.
+const BusInterface* BusObject::interfaceFor(const QDBusMessage& message) const {
+  const QString name = message.interface();
+  if (name == properties_.name() || (name.isEmpty() && properties_.hasMethod(message.member()))) {
+    return &properties_;
+  }
+  return isOurs(name) ? &interface_ : nullptr;
+}
+
+bool BusObject::isOurs(const QString& interface) const { return interface.isEmpty() || interface == interface_.name(); }
 
 }  // namespace tarnwell::host_qt

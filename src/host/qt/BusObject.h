@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QtCore/QVariantMap>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusVirtualObject>
-#include <optional>
+
+#include "host/qt/BusInterface.h"
 
 namespace tarnwell::host_qt {
 
@@ -18,26 +18,39 @@ class BusObject : public QDBusVirtualObject {
   QString introspect(const QString& path) const override;
 
  protected:
-  /// `description` is the interface as introspection tells it.
-  BusObject(QDBusConnection bus, QString path, QString interface, QString description);
+  /// The derived class adds to the interface before the event loop runs again.
+  BusObject(QDBusConnection bus, QString path, const QString& interface);
 
-  /// What a method of the interface gives back; nothing for a method that it does not have.
-  virtual std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) = 0;
+  BusInterface& interface() { return interface_; }
 
-  /// All of the interface, as they are now. They cannot be written.
-  virtual QVariantMap properties() const { return {}; }
+  /// A method of the interface is one of the derived class.
+  template <class Object, class... Given, class... Taken>
+  void addMethod(const QString& name, const QStringList& names, BusReply<Given...> (Object::*method)(Taken...)) {
+    interface_.addMethod(name, names, bound(method));
+  }
 
   void emitSignal(const QString& name, const QVariantList& arguments = {}) const;
   QDBusConnection bus() const { return bus_; }
 
  private:
-  std::optional<QVariantList> answer(const QDBusMessage& message);
-  std::optional<QVariantList> property(const QString& name) const;
+  template <class Object, class... Given, class... Taken>
+  auto bound(BusReply<Given...> (Object::*method)(Taken...)) {
+    return std::function<BusReply<Given...>(Taken...)>([this, method](const std::decay_t<Taken>&... taken) {
+      return (static_cast<Object*>(this)->*method)(taken...);
+    });
+  }
+
+  BusReply<QDBusVariant> property(const QString& interface, const QString& name);
+  BusReply<QVariantMap> allProperties(const QString& interface);
+  BusReply<> setProperty(const QString& interface, const QString& name, const QDBusVariant& value);
+
+  const BusInterface* interfaceFor(const QDBusMessage& message) const;
+  bool isOurs(const QString& interface) const;
 
   QDBusConnection bus_;
   QString path_;
-  QString interface_;
-  QString description_;
+  BusInterface interface_;
+  BusInterface properties_;
 };
 
 }  // namespace tarnwell::host_qt

@@ -1,5 +1,6 @@
 #include "host/qt/BusStatusItem.h"
 
+#include <QtCore/QPointer>
 #include <QtDBus/QDBusObjectPath>
 
 #include "host/qt/ActivationToken.h"
@@ -15,80 +16,70 @@ namespace {
 const QString noMenu = QStringLiteral("/NO_DBUSMENU");
 
 const QString itemInterfaceName = QStringLiteral("org.kde.StatusNotifierItem");
-const QString itemDescription = QStringLiteral(R"xml(<interface name="org.kde.StatusNotifierItem">
-  <property name="Category" type="s" access="read"/>
-  <property name="Id" type="s" access="read"/>
-  <property name="Title" type="s" access="read"/>
-  <property name="Status" type="s" access="read"/>
-  <property name="WindowId" type="i" access="read"/>
-  <property name="IconName" type="s" access="read"/>
-  <property name="IconPixmap" type="a(iiay)" access="read"/>
-  <property name="ToolTip" type="(sa(iiay)ss)" access="read"/>
-  <property name="ItemIsMenu" type="b" access="read"/>
-  <property name="Menu" type="o" access="read"/>
-  <method name="Activate">
-    <arg type="i" name="x" direction="in"/>
-    <arg type="i" name="y" direction="in"/>
-  </method>
-  <method name="ContextMenu">
-    <arg type="i" name="x" direction="in"/>
-    <arg type="i" name="y" direction="in"/>
-  </method>
-  <method name="SecondaryActivate">
-    <arg type="i" name="x" direction="in"/>
-    <arg type="i" name="y" direction="in"/>
-  </method>
-  <method name="Scroll">
-    <arg type="i" name="delta" direction="in"/>
-    <arg type="s" name="orientation" direction="in"/>
-  </method>
-  <method name="ProvideXdgActivationToken">
-    <arg type="s" name="token" direction="in"/>
-  </method>
-  <signal name="NewIcon"/>
-</interface>)xml");
 
 }  // namespace
 
 BusStatusItem::BusStatusItem(const QDBusConnection& bus, const QString& path, kit::StatusItem& item,
                              const StatusImage& image)
-    : BusObject(bus, path, itemInterfaceName, itemDescription), item_(item), image_(image) {
-  registerBusTypes();
+    : BusObject(bus, path, itemInterfaceName), item_(item), image_(image) {
+  declareProperties();
+  addMethod("Activate", {"x", "y"}, &BusStatusItem::activate);
+  addMethod("ContextMenu", {"x", "y"}, &BusStatusItem::contextMenu);
+  addMethod("SecondaryActivate", {"x", "y"}, &BusStatusItem::secondaryActivate);
+  addMethod("Scroll", {"delta", "orientation"}, &BusStatusItem::scroll);
+  addMethod("ProvideXdgActivationToken", {"token"}, &BusStatusItem::takeToken);
+  interface().addSignal("NewIcon");
   if (item_.menu()) {
     menu_ = std::make_unique<BusMenu>(bus, path + "/Menu", item_.application(), item_.menu());
   }
 }
 
-std::optional<QVariantList> BusStatusItem::call(const QString& method, const QVariantList& arguments) {
-  if (method == QLatin1String("Activate")) {
-    released(kit::Event::Type::leftMouseUp);
-  } else if (method == QLatin1String("ContextMenu")) {
-    released(kit::Event::Type::rightMouseUp);
-  } else if (method == QLatin1String("ProvideXdgActivationToken")) {
-    useActivationToken(arguments.value(0).toString().toStdString());
-  } else if (method != QLatin1String("SecondaryActivate") && method != QLatin1String("Scroll")) {
-    return std::nullopt;
-  }
-  return QVariantList{};
+void BusStatusItem::declareProperties() {
+  const auto title = [this] { return toQString(item_.title()); };
+  interface().addProperty("Category", [] { return QStringLiteral("ApplicationStatus"); });
+  interface().addProperty("Id", [] { return QString(kit::applicationId); });
+  interface().addProperty("Title", title);
+  interface().addProperty("Status", [] { return QStringLiteral("Active"); });
+  interface().addProperty("WindowId", [] { return 0; });
+  interface().addProperty("IconName", [] { return QString(); });
+  interface().addProperty("IconPixmap", [this] { return image_.forBus(); });
+  interface().addProperty("ToolTip", [title] { return BusToolTip{.title = title()}; });
+  interface().addProperty("ItemIsMenu", [this] { return menu_ != nullptr; });
+  interface().addProperty("Menu", [this] { return QDBusObjectPath(menu_ ? menu_->path() : noMenu); });
 }
 
-QVariantMap BusStatusItem::properties() const {
-  const QString title = toQString(item_.title());
-  return {{"Category", "ApplicationStatus"},
-          {"Id", kit::applicationId},
-          {"Title", title},
-          {"Status", "Active"},
-          {"WindowId", 0},
-          {"IconName", QString()},
-          {"IconPixmap", QVariant::fromValue(image_.forBus())},
-          {"ToolTip", QVariant::fromValue(BusToolTip{.title = title})},
-          {"ItemIsMenu", menu_ != nullptr},
-          {"Menu", QVariant::fromValue(QDBusObjectPath(menu_ ? menu_->path() : noMenu))}};
+BusReply<> BusStatusItem::activate(int /*x*/, int /*y*/) {
+  released(kit::Event::Type::leftMouseUp);
+  return {};
+}
+
+BusReply<> BusStatusItem::contextMenu(int /*x*/, int /*y*/) {
+  released(kit::Event::Type::rightMouseUp);
+  return {};
+}
+
+BusReply<> BusStatusItem::secondaryActivate(int /*x*/, int /*y*/) { return {}; }
+
+BusReply<> BusStatusItem::scroll(int /*delta*/, const QString& /*orientation*/) { return {}; }
+
+BusReply<> BusStatusItem::takeToken(const QString& token) {
+  useActivationToken(token.toStdString());
+  return {};
 }
 
 void BusStatusItem::released(kit::Event::Type button) {
-  // After the answer: a menu stays open until it is left.
-  runLater(*this, [this, button] { item_.mouseUp(button); });
+  // After the answer: a menu stays open until it is left, and what is pressed meanwhile opens no other in front of it.
+  runLater(*this, [this, button] {
+    if (isPressed_) {
+      return;
+    }
+    isPressed_ = true;
+    const QPointer<BusStatusItem> self(this);
+    item_.mouseUp(button);
+    if (self) {
+      isPressed_ = false;
+    }
+  });
 }
 
 }  // namespace tarnwell::host_qt

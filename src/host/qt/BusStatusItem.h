@@ -17,16 +17,20 @@ class BusStatusItem final : public BusObject {
   /// The image is new.
   void imageChanged() { emitSignal(QStringLiteral("NewIcon")); }
 
- protected:
-  std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) override;
-  QVariantMap properties() const override;
-
  private:
+  void declareProperties();
+  BusReply<> activate(int x, int y);
+  BusReply<> contextMenu(int x, int y);
+  BusReply<> secondaryActivate(int x, int y);
+  BusReply<> scroll(int delta, const QString& orientation);
+  BusReply<> takeToken(const QString& token);
+
   void released(kit::Event::Type button);
 
   kit::StatusItem& item_;
   const StatusImage& image_;
   std::unique_ptr<BusMenu> menu_;
+  bool isPressed_ = false;
 };
 
 }  // namespace tarnwell::host_qt

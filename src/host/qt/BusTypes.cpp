@@ -3,6 +3,8 @@
 #include <QtDBus/QDBusMetaType>
 #include <initializer_list>
 
+#include "host/qt/BusList.h"
+
 namespace tarnwell::host_qt {
 namespace {
 
@@ -32,7 +34,12 @@ void registerBusTypes() {
   qDBusRegisterMetaType<QList<BusMenuItem>>();
   qDBusRegisterMetaType<BusMenuLayout>();
   qDBusRegisterMetaType<BusMenuEvent>();
-  qDBusRegisterMetaType<QList<BusMenuEvent>>();
+  qDBusRegisterMetaType<BusColor>();
+  qDBusRegisterMetaType<QList<QStringList>>();
+  qDBusRegisterMetaType<BusList<int>>();
+  qDBusRegisterMetaType<BusList<BusMenuEvent>>();
+  qDBusRegisterMetaType<BusList<QDBusVariant>>();
+  qDBusRegisterMetaType<BusDictionary>();
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const BusImage& image) {
@@ -73,6 +80,14 @@ QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuEvent& event) {
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& event) {
   return read(argument, event.id, event.kind, event.data, event.timestamp);
+}
+
+QDBusArgument& operator<<(QDBusArgument& argument, const BusColor& color) {
+  return write(argument, color.red, color.green, color.blue);
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, BusColor& color) {
+  return read(argument, color.red, color.green, color.blue);
 }
 
 }  // namespace tarnwell::host_qt

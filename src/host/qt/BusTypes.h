@@ -10,7 +10,7 @@
 
 namespace tarnwell::host_qt {
 
-// The structures that status icons and their menus are told in on the bus.
+// The structures of what is said on the bus.
 
 /// One size of a picture: rows of 32-bit pixels, alpha first, the most significant byte first.
 struct BusImage {
@@ -45,6 +45,13 @@ struct BusMenuEvent {
   uint timestamp = 0;
 };
 
+/// A colour of the portal's; each channel is between 0 and 1, or there is none.
+struct BusColor {
+  double red = 0;
+  double green = 0;
+  double blue = 0;
+};
+
 /// Makes them known to the toolkit; before the first of them is sent or received.
 void registerBusTypes();
 
@@ -58,6 +65,8 @@ QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuLayout& layout);
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuLayout& layout);
 QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& event);
+QDBusArgument& operator<<(QDBusArgument& argument, const BusColor& color);
+const QDBusArgument& operator>>(const QDBusArgument& argument, BusColor& color);
 
 }  // namespace tarnwell::host_qt
 
@@ -66,3 +75,4 @@ Q_DECLARE_METATYPE(tarnwell::host_qt::BusToolTip)
 Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuItem)
 Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuLayout)
 Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuEvent)
+Q_DECLARE_METATYPE(tarnwell::host_qt::BusColor)

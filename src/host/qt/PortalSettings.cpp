@@ -1,11 +1,10 @@
 #include "host/qt/PortalSettings.h"
 
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
 
+#include "host/qt/BusTypes.h"
+#include "host/qt/BusValue.h"
 #include "host/qt/FirstAnswers.h"
 #include "host/qt/SessionBus.h"
 #include "host/qt/Theme.h"
@@ -22,8 +21,11 @@ const QString accentKey = QStringLiteral("accent-color");
 
 // The portal wraps its answers once or twice, depending on its version.
 QVariant unwrapped(QVariant value) {
-  while (value.canConvert<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
+  constexpr int mostWrappings = 2;
+  for (int count = 0; count < mostWrappings; ++count) {
+    if (const auto wrapped = busValue<QDBusVariant>(value)) {
+      value = wrapped->variant();
+    }
   }
   return value;
 }
@@ -38,22 +40,13 @@ std::optional<ColorScheme> schemeOf(uint number) {
 }
 
 // A colour outside of the range says that there is none.
-std::optional<QColor> accentOf(const QVariant& value) {
-  if (!value.canConvert<QDBusArgument>()) {
-    return std::nullopt;
-  }
-  const auto argument = value.value<QDBusArgument>();
-  double red = -1;
-  double green = -1;
-  double blue = -1;
-  argument.beginStructure();
-  argument >> red >> green >> blue;
-  argument.endStructure();
+std::optional<QColor> accentOf(const BusColor& color) {
   const auto isChannel = [](double channel) { return channel >= 0 && channel <= 1; };
-  if (!isChannel(red) || !isChannel(green) || !isChannel(blue)) {
+  if (!isChannel(color.red) || !isChannel(color.green) || !isChannel(color.blue)) {
     return std::nullopt;
   }
-  return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
+  return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                          static_cast<float>(color.blue));
 }
 
 }  // namespace
@@ -63,18 +56,18 @@ PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme
   if (!bus) {
     return;
   }
+  registerBusTypes();
+  owner_ = std::make_unique<BusNameOwner>(*bus, service);
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
-  // The bus library knows its own types only once it has been asked for one; until then no slot fits.
-  QDBusMetaType::typeToSignature(QMetaType::fromType<QDBusVariant>());
-  bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
-               SLOT(settingChanged(QString, QString, QDBusVariant)));
+  bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
   ask(colorSchemeKey, first);
   ask(accentKey, first);
 }
 
-void PortalSettings::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
-  if (space == appearance) {
-    take(key, unwrapped(value.variant()));
+void PortalSettings::settingChanged(const QDBusMessage& signal) {
+  const QVariantList told = signal.arguments();
+  if (owner_->hasSent(signal) && signal.signature() == "ssv" && told.at(0) == appearance) {
+    take(told.at(1).toString(), told.at(2));
   }
 }
 
@@ -83,20 +76,21 @@ void PortalSettings::ask(const QString& key, FirstAnswers& first) {
   message.setArguments({appearance, key});
   auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* finished) {
-    const QDBusPendingReply<QDBusVariant> reply = *finished;
-    if (reply.isValid()) {
-      take(key, unwrapped(reply.value().variant()));
+    const QDBusMessage reply = finished->reply();
+    if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == "v") {
+      take(key, reply.arguments().at(0));
     }
     finished->deleteLater();
   });
   first.await(*answer);
 }
 
-void PortalSettings::take(const QString& key, const QVariant& value) {
-  if (key == colorSchemeKey) {
-    theme_.setColorScheme(schemeOf(value.toUInt()));
-  } else if (key == accentKey) {
-    theme_.setAccent(accentOf(value));
+void PortalSettings::take(const QString& key, const QVariant& wrapped) {
+  const QVariant value = unwrapped(wrapped);
+  if (const auto number = busValue<uint>(value); number && key == colorSchemeKey) {
+    theme_.setColorScheme(schemeOf(*number));
+  } else if (const auto color = busValue<BusColor>(value); color && key == accentKey) {
+    theme_.setAccent(accentOf(*color));
   }
 }
 

@@ -2,7 +2,10 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
-#include <QtDBus/QDBusVariant>
+#include <QtCore/QVariant>
+#include <memory>
+
+#include "host/qt/BusNameOwner.h"
 
 namespace tarnwell::host_qt {
 
@@ -19,13 +22,14 @@ class PortalSettings final : public QObject {
   PortalSettings(Theme& theme, FirstAnswers& first);
 
   /// From the bus.
-  Q_SLOT void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+  Q_SLOT void settingChanged(const QDBusMessage& signal);
 
  private:
   void ask(const QString& key, FirstAnswers& first);
-  void take(const QString& key, const QVariant& value);
+  void take(const QString& key, const QVariant& wrapped);
 
   Theme& theme_;
+  std::unique_ptr<BusNameOwner> owner_;
 };
 
 }  // namespace tarnwell::host_qt

@@ -2,10 +2,9 @@
 
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
-#include <QtDBus/QDBusServiceWatcher>
 #include <utility>
 
+#include "host/qt/BusValue.h"
 #include "host/qt/FirstAnswers.h"
 #include "host/qt/SessionBus.h"
 
@@ -58,13 +57,19 @@ void TrayWatch::listen() {
     tell(Answer::noWatcher);
     return;
   }
-  auto* owners = new QDBusServiceWatcher(watcherService, *bus, QDBusServiceWatcher::WatchForOwnerChange, this);
-  connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, [this]() noexcept { ask(); });
+  owner_ = std::make_unique<BusNameOwner>(*bus, watcherService, [this] { ask(); });
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    bus->connect(QString(), watcherPath, watcherInterface, QString::fromLatin1(signal), this, SLOT(ask()));
+    bus->connect(QString(), watcherPath, watcherInterface, QString::fromLatin1(signal), this,
+                 SLOT(hostsChanged(QDBusMessage)));
   }
   ask();
+}
+
+void TrayWatch::hostsChanged(const QDBusMessage& signal) {
+  if (owner_->hasSent(signal)) {
+    ask();
+  }
 }
 
 void TrayWatch::ask() {
@@ -86,13 +91,13 @@ void TrayWatch::ask() {
 }
 
 void TrayWatch::take(const QDBusPendingCallWatcher& finished) {
-  const QDBusPendingReply<QVariant> reply = finished;
-  if (reply.isError() && saysThereIsNone(reply.error())) {
+  if (finished.isError() && saysThereIsNone(finished.error())) {
     tell(Answer::noWatcher);
-  } else {
-    // One that does not say it is taken to show what it takes in.
-    tell(reply.isError() || reply.value().toBool() ? Answer::host : Answer::noHost);
+    return;
   }
+  const auto property = busValue<QDBusVariant>(finished.reply().arguments().value(0)).value_or(QDBusVariant());
+  // One that does not say it is taken to show what it takes in.
+  tell(busValue<bool>(property.variant()).value_or(true) ? Answer::host : Answer::noHost);
 }
 
 void TrayWatch::tell(Answer answer) {

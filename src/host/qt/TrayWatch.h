@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 #include <memory>
 
+#include "host/qt/BusNameOwner.h"
 #include "host/qt/XEmbedTray.h"
 #include "kit/Observers.h"
 
@@ -41,15 +42,17 @@ class TrayWatch final : public QObject {
   static void announce(const QString& path);
 
  private:
-  Q_SLOT void ask();
+  Q_SLOT void hostsChanged(const QDBusMessage& signal);
   enum class Answer { none, noWatcher, noHost, host };
 
   void listen();
+  void ask();
   void take(const QDBusPendingCallWatcher& finished);
   void tell(Answer answer);
 
   FirstAnswers& first_;
   std::unique_ptr<XEmbedTray> xEmbed_;
+  std::unique_ptr<BusNameOwner> owner_;
   kit::Observers<> observers_;
   Answer answer_ = Answer::none;
 };

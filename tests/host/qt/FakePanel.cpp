@@ -42,7 +42,13 @@ class FakePanel::Watcher final : public BusObject {
 
  public:
   Watcher(const QDBusConnection& bus, Shows shows)
-      : BusObject(bus, "/StatusNotifierWatcher", watcherName, {}), shows_(shows) {}
+      : BusObject(bus, "/StatusNotifierWatcher", watcherName), shows_(shows) {
+    addMethod("RegisterStatusNotifierItem", {"service"}, &Watcher::add);
+    interface().addProperty("IsStatusNotifierHostRegistered", [this] {
+      ++questions;
+      return shows_ == Shows::icons;
+    });
+  }
 
   void beginToShow() {
     shows_ = Shows::icons;
@@ -52,22 +58,17 @@ class FakePanel::Watcher final : public BusObject {
   QStringList icons;
   QString program;
   int menuChanges = 0;
+  int questions = 0;
 
  public Q_SLOTS:
   void menuChanged(uint /*revision*/, int /*parent*/) { ++menuChanges; }
 
- protected:
-  std::optional<QVariantList> call(const QString& method, const QVariantList& arguments) override {
-    if (method != "RegisterStatusNotifierItem") {
-      return std::nullopt;
-    }
-    icons += arguments.value(0).toString();
-    return QVariantList{};
+ private:
+  BusReply<> add(const QString& icon) {
+    icons += icon;
+    return {};
   }
 
-  QVariantMap properties() const override { return {{"IsStatusNotifierHostRegistered", shows_ == Shows::icons}}; }
-
- private:
   Shows shows_;
 };
 
@@ -119,6 +120,8 @@ void FakePanel::choose(const std::string& title) const {
 }
 
 void FakePanel::press(const QString& method) const { ask(watcher_->icons.last(), iconInterface, method, {0, 0}); }
+
+int FakePanel::questions() const { return watcher_->questions; }
 
 int FakePanel::menuChanges() const { return watcher_->menuChanges; }
 

@@ -38,6 +38,9 @@ class FakePanel {
   /// A button of the mouse over the icon; "Activate" for the left one, "ContextMenu" for the right one.
   void press(const QString& method) const;
 
+  /// How often it was asked whether it shows icons.
+  int questions() const;
+
   /// How often the menu has said that it is another one.
   int menuChanges() const;
 

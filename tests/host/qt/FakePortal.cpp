@@ -28,8 +28,12 @@ QVariant FakePortal::color(double red, double green, double blue) {
 
 void FakePortal::change(const std::string& key, const QVariant& value) {
   set(key, value);
+  tell({appearance, QString::fromStdString(key), QVariant::fromValue(QDBusVariant(value))});
+}
+
+void FakePortal::tell(const QVariantList& arguments) const {
   QDBusMessage signal = QDBusMessage::createSignal(path, settings, "SettingChanged");
-  signal << appearance << QString::fromStdString(key) << QVariant::fromValue(QDBusVariant(value));
+  signal.setArguments(arguments);
   connection_.send(signal);
 }
 
@@ -43,6 +47,9 @@ bool FakePortal::handleMessage(const QDBusMessage& message, const QDBusConnectio
   if (silent_) {
     message.setDelayedReply(true);
     return true;
+  }
+  if (answer_) {
+    return connection.send(message.createReply(*answer_));
   }
   const auto found = settings_.find(message.arguments().at(1).toString().toStdString());
   if (found == settings_.end()) {

@@ -4,6 +4,7 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusVirtualObject>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace tarnwell::host_qt {
@@ -18,6 +19,10 @@ class FakePortal final : public QDBusVirtualObject {
   void set(const std::string& key, const QVariant& value) { settings_[key] = value; }
   /// Sets, and tells everybody.
   void change(const std::string& key, const QVariant& value);
+  /// A signal of any content.
+  void tell(const QVariantList& arguments) const;
+  /// From now on each question is answered with that.
+  void answerWith(const QVariantList& answer) { answer_ = answer; }
   /// From now on it hears questions and answers none.
   void setSilent() { silent_ = true; }
 
@@ -30,6 +35,7 @@ class FakePortal final : public QDBusVirtualObject {
   QDBusConnection connection_;
   std::map<std::string, QVariant> settings_;
   int questions_ = 0;
+  std::optional<QVariantList> answer_;
   bool silent_ = false;
 };
 

@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusVirtualObject>
+#include <utility>
+
 #include "host/qt/Desktop.h"
 #include "host/qt/FakePanel.h"
+#include "host/qt/Stranger.h"
+#include "host/qt/TrayWatch.h"
 #include "host/qt/WidgetDriver.h"
 
 namespace tarnwell::host_qt {
@@ -45,6 +51,66 @@ TEST(TrayNoticeTest, aTrayThatShowsNothingYetIsNoReasonToSpeak) {
   panel.beginToShow();
   driver::settle();
   EXPECT_FALSE(noticeIn(desktop).isVisible());
+}
+
+TEST(TrayNoticeTest, onlyTheTrayItselfIsBelieved) {
+  FakePanel panel(FakePanel::Shows::nothing);
+  Desktop desktop;
+  ASSERT_TRUE(becomes([&panel] { return panel.questions() == 1; }));
+  const Stranger stranger;
+  stranger.emitSignal("/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher", "StatusNotifierHostRegistered", {});
+  // Once the bus has answered us the signal is here as well, and what it leads to is said before the icon.
+  QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/", {}, "GetId"));
+  driver::settle();
+  TrayWatch::announce("/Icon");
+  ASSERT_TRUE(panel.hasIcon());
+  EXPECT_EQ(panel.questions(), 1);
+  panel.beginToShow();
+  EXPECT_TRUE(becomes([&panel] { return panel.questions() == 2; }));
+}
+
+/// A tray that says something else where it should say whether it shows icons.
+class StrangeTray final : public QDBusVirtualObject {
+ public:
+  explicit StrangeTray(QVariantList answer)
+      : answer_(std::move(answer)),
+        connection_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "strange tray")) {
+    connection_.registerVirtualObject("/StatusNotifierWatcher", this);
+    connection_.registerService("org.kde.StatusNotifierWatcher");
+  }
+  StrangeTray(const StrangeTray&) = delete;
+  StrangeTray& operator=(const StrangeTray&) = delete;
+  ~StrangeTray() override {
+    connection_.unregisterObject("/StatusNotifierWatcher");
+    QDBusConnection::disconnectFromBus(connection_.name());
+  }
+
+  QString introspect(const QString& /*path*/) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    return connection.send(message.createReply(answer_));
+  }
+
+ private:
+  QVariantList answer_;
+  QDBusConnection connection_;
+};
+
+TEST(TrayNoticeTest, aTrayThatAnswersStrangelyIsOneThatShowsIcons) {
+  const auto variant = [](const QVariant& value) { return QVariant::fromValue(QDBusVariant(value)); };
+  const QList<QVariantList> answers = {{},
+                                       {false},
+                                       {variant(0)},
+                                       {variant("no")},
+                                       {variant(QVariantList{false})},
+                                       {variant(variant(false))},
+                                       {variant(QVariantMap{{"no", false}})}};
+  for (const QVariantList& answer : answers) {
+    Desktop desktop;
+    desktop.showWindow();
+    ASSERT_TRUE(becomes([&desktop] { return noticeIn(desktop).isVisible(); }));
+    const StrangeTray tray(answer);
+    EXPECT_TRUE(becomes([&desktop] { return !noticeIn(desktop).isVisible(); })) << answers.indexOf(answer);
+  }
 }
 
 TEST(TrayNoticeTest, isSaidOnce) {

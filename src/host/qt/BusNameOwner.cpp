@@ -1,0 +1,39 @@
+#include "host/qt/BusNameOwner.h"
+
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusServiceWatcher>
+#include <utility>
+
+#include "host/qt/BusValue.h"
+
+namespace tarnwell::host_qt {
+
+BusNameOwner::BusNameOwner(const QDBusConnection& bus, const QString& name, kit::Action changed) {
+  auto* watcher = new QDBusServiceWatcher(name, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+  connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+          [this, changed = std::move(changed)](const QString& /*name*/, const QString& /*from*/,
+                                               const QString& owner) noexcept {
+            owner_ = owner;
+            if (changed) {
+              changed();
+            }
+          });
+  ask(bus, name);
+}
+
+void BusNameOwner::ask(const QDBusConnection& bus, const QString& name) {
+  const QString service = QStringLiteral("org.freedesktop.DBus");
+  QDBusMessage message =
+      QDBusMessage::createMethodCall(service, "/org/freedesktop/DBus", service, QStringLiteral("GetNameOwner"));
+  message.setArguments({name});
+  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) noexcept {
+    const QDBusMessage reply = finished->reply();
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+      owner_ = busValue<QString>(reply.arguments().value(0)).value_or(QString());
+    }
+    finished->deleteLater();
+  });
+}
+
+}  // namespace tarnwell::host_qt

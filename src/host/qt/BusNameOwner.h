@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+#include "kit/Action.h"
+
+namespace tarnwell::host_qt {
+
+/// The program that has a name on the bus, now and whenever that changes. Asked without waiting: where it was asked for
+/// before something else, it is known by the time that the other answer comes.
+class BusNameOwner final : public QObject {
+ public:
+  /// `changed` is run after each change, and not for the owner that is there already.
+  BusNameOwner(const QDBusConnection& bus, const QString& name, kit::Action changed = {});
+
+  /// Whether the message is the owner's. Anybody on the bus can send a signal under any interface.
+  bool hasSent(const QDBusMessage& message) const { return !owner_.isEmpty() && message.service() == owner_; }
+
+ private:
+  void ask(const QDBusConnection& bus, const QString& name);
+
+  QString owner_;
+};
+
+}  // namespace tarnwell::host_qt
