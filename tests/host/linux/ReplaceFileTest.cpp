@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -68,6 +69,17 @@ TEST(ReplaceFileTest, saysWhyNot) {
     EXPECT_TRUE(failure->message.starts_with("cannot write " + path.string() + ": ")) << failure->message;
   }
   EXPECT_EQ(filesIn(sandbox.path()), 2U);
+}
+
+TEST(ReplaceFileTest, aProgramWithoutStandardInputWritesAsWell) {
+  const fixtures::Sandbox sandbox;
+  const int status = fixtures::exitStatusOf([&] {
+    ::close(STDIN_FILENO);
+    return replaceFile(sandbox / "a", "text") ? 1 : 0;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(sandbox.read("a"), "text");
+  EXPECT_EQ(filesIn(sandbox.path()), 1U);
 }
 
 TEST(ReplaceFileTest, aDiskWithoutRoomLeavesTheOldFile) {
