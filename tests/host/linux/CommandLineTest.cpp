@@ -31,7 +31,7 @@ TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {
   EXPECT_NE(text.find("--help"), std::string::npos);
   EXPECT_NE(text.find("--version"), std::string::npos);
   EXPECT_EQ(text.find("--launched-at-login"), std::string::npos);
-  EXPECT_FALSE(text.ends_with('\n')) << "an empty line would follow";
+  EXPECT_TRUE(text.ends_with("and exit")) << "an empty line would follow";
 }
 
 TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
