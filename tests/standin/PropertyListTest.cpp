@@ -142,6 +142,19 @@ TEST(PropertyListTest, theCauseIsNamedWithItsLine) {
 }
 
 TEST(PropertyListTest, nestingHasALimit) {
+  const auto nested = [](std::size_t depth) {
+    std::string xml;
+    for (std::size_t i = 0; i < depth; ++i) {
+      xml = "<array>" + xml + "</array>";
+    }
+    return xml;
+  };
+  for (const bool isBare : {true, false}) {
+    for (const std::size_t depth : {deepestNesting, deepestNesting + 1}) {
+      const std::string xml = isBare ? nested(depth) : xmlList(nested(depth));
+      EXPECT_EQ(listIn(xml) != nullptr, depth == deepestNesting);
+    }
+  }
   PropertyList list(plist_new_array());
   for (std::size_t depth = 1; depth < deepestNesting; ++depth) {
     plist_t outer = plist_new_array();

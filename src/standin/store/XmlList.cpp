@@ -68,7 +68,8 @@ class Builder {
     } else if (element->form == Form::array) {
       level.container.reset(plist_new_array());
     }
-    if (level.container && levels_.size() > deepestNesting) {
+    const bool isInList = !levels_.empty() && !levels_.front().container;
+    if (level.container && levels_.size() - (isInList ? 1 : 0) >= deepestNesting) {
       return refuse(tooDeep);
     }
     levels_.push_back(std::move(level));
