@@ -36,7 +36,7 @@ struct Reading {
 };
 
 TEST(PropertyListTest, everyValueOfXmlIsReadAsItIsThereOrNotAtAll) {
-  constexpr std::array<Reading, 62> readings = {{
+  constexpr std::array<Reading, 64> readings = {{
       {"<true/>", "boolean 1"},
       {"<false></false>", "boolean 0"},
       {"<true>x</true>"},
@@ -68,6 +68,8 @@ TEST(PropertyListTest, everyValueOfXmlIsReadAsItIsThereOrNotAtAll) {
       {"<date>2023-03-08T20:26:40Z</date>", "date 2023-03-08 20:26:40 +0000"},
       {"<date>4001-01-01T00:00:00Z</date>", "date 4001-01-01 00:00:00 +0000"},
       {"<date>1601-01-01T00:00:00Z</date>", "date 1601-01-01 00:00:00 +0000"},
+      {"<date>0001-01-01T00:00:00Z</date>", "date 0001-01-01 00:00:00 +0000"},
+      {"<date>0-12-30T00:00:00Z</date>", "date 0000-12-30 00:00:00 +0000"},
       {"<date>2023-02-30T00:00:00Z</date>"},
       {"<date>2023-02-03T24:00:00Z</date>"},
       {"<date>2023-02-03T00:60:00Z</date>"},

@@ -29,6 +29,21 @@ std::string written(plist_t node, Writer write) {
   return text;
 }
 
+/// As the library writes it, but with every carriage return spelled out, which would be read as a line feed, and years
+/// of four digits.
+std::string xmlOf(plist_t node) {
+  constexpr std::string_view date = "<date>";
+  std::string xml;
+  for (const char c : written(node, plist_to_xml)) {
+    xml += c == '\r' ? std::string_view("&#13;") : std::string_view(&c, 1);
+  }
+  for (std::size_t at = xml.find(date); at != std::string::npos; at = xml.find(date, at + 1)) {
+    const std::size_t year = at + date.size();
+    xml.insert(year, 4 - std::min<std::size_t>(xml.find('-', year) - year, 4), '0');
+  }
+  return xml;
+}
+
 Result<std::string> verified(std::string bytes, plist_t node) {
   const Result<PropertyList> found = parsePropertyList(bytes);
   if (const auto* failure = std::get_if<Failure>(&found)) {
@@ -131,14 +146,7 @@ Result<PropertyList> parsePropertyList(std::string_view bytes) {
 
 Result<std::string> binaryText(plist_t node) { return verified(written(node, plist_to_bin), node); }
 
-// A carriage return that is not spelled out would be read as a line feed.
-Result<std::string> xmlText(plist_t node) {
-  std::string xml;
-  for (const char c : written(node, plist_to_xml)) {
-    xml += c == '\r' ? std::string_view("&#13;") : std::string_view(&c, 1);
-  }
-  return verified(std::move(xml), node);
-}
+Result<std::string> xmlText(plist_t node) { return verified(xmlOf(node), node); }
 
 bool isSame(plist_t one, plist_t other) {
   const plist_type type = plist_get_node_type(one);
@@ -177,7 +185,7 @@ std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary) {
 }
 
 std::string xmlContent(plist_t node) {
-  const std::string xml = written(node, plist_to_xml);
+  const std::string xml = xmlOf(node);
   const std::size_t list = xml.find("<plist");
   const std::size_t element = xml.find('<', list + 1);
   const std::size_t content = xml.find('>', element) + 1;
