@@ -41,6 +41,15 @@ void Control::setAccessibleName(std::string name) {
   }
 }
 
+void Control::setAccessibleDescription(std::string description) {
+  if (description != accessibleDescription_) {
+    accessibleDescription_ = std::move(description);
+    changed(Aspect::accessibleDescription);
+  }
+}
+
+void Control::setLabel(const Control* label) { label_ = label != nullptr ? label->handle() : nullptr; }
+
 void Control::attach(std::unique_ptr<Peer> peer) {
   peer_ = std::move(peer);
   if (peer_) {
@@ -53,7 +62,8 @@ void Control::replay() {
   for (const Aspect aspect : aspects()) {
     peer_->show(aspect);
   }
-  for (const Aspect aspect : {Aspect::enabled, Aspect::rotation, Aspect::accessibleName}) {
+  for (const Aspect aspect :
+       {Aspect::enabled, Aspect::rotation, Aspect::accessibleName, Aspect::accessibleDescription}) {
     peer_->show(aspect);
   }
   peer_->place(frame_);

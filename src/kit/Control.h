@@ -44,6 +44,17 @@ class Control {
   const std::string& accessibleName() const { return accessibleName_; }
   void setAccessibleName(std::string name);
 
+  /// What it tells beside the name.
+  const std::string& accessibleDescription() const { return accessibleDescription_; }
+  void setAccessibleDescription(std::string description);
+
+  /// The text on the screen that names it; null for none.
+  Control* label() const { return label_ ? *label_ : nullptr; }
+  void setLabel(const Control* label);
+
+  /// Means nothing to those who cannot see it.
+  virtual bool isDecoration() const { return false; }
+
   /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
   void joinTurn(Turn& turn) { turn_ = &turn; }
 
@@ -104,6 +115,8 @@ class Control {
   Window* window_ = nullptr;
   Rect frame_;
   std::string accessibleName_;
+  std::string accessibleDescription_;
+  std::shared_ptr<Control* const> label_;
   Action sizeAction_;
   double rotation_ = 0;
   unsigned sizeRevision_ = 0;

@@ -34,6 +34,13 @@ void ControlNode::showingChanged(bool shown) {
   }
 }
 
+void ControlNode::explain(const AccessibleContext& around) {
+  if (control_->takesFocus()) {
+    control_->setLabel(around.label);
+    control_->setAccessibleDescription(around.description);
+  }
+}
+
 void ControlNode::metricsChanged() { control_->metricsChanged(); }
 
 void ControlNode::sizeChanged() {

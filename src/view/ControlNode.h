@@ -15,6 +15,7 @@ class ControlNode : public MountedNode {
 
   kit::Control* control() const override { return control_.get(); }
   void showingChanged(bool shown) override;
+  void explain(const AccessibleContext& around) override;
 
  protected:
   virtual std::unique_ptr<kit::Control> makeControl() = 0;

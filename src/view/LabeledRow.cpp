@@ -17,6 +17,12 @@ class LabeledRowNode final : public MountedNode {
 
   std::string summary() const override { return "Row"; }
 
+  void explain(const AccessibleContext& around) override {
+    AccessibleContext own = around.describedBy(descriptionNode());
+    own.label = firstTextIn(labelNode());
+    controlNode().explain(own);
+  }
+
  protected:
   void apply() override {
     const auto& row = valueAs<LabeledRow>();

@@ -9,7 +9,7 @@
 namespace tarnwell::view {
 
 /// A row of a form: a label, with a description under its title, on the left; a control on the right. The control
-/// takes its ideal size first, the label gets the rest.
+/// takes its ideal size first, the label gets the rest. Screen readers are told that label and description are its own.
 struct LabeledRow {
   View label = EmptyView{};
   /// What screen readers call the control.

@@ -61,6 +61,12 @@ kit::Peer& MountedNode::peerForChildren() const {
   return parent_ != nullptr ? parent_->peerForChildren() : tree_.rootPeer();
 }
 
+void MountedNode::explain(const AccessibleContext& around) {
+  for (const auto& child : children_) {
+    child->explain(around);
+  }
+}
+
 bool MountedNode::isOutermost() const {
   return parent_ == nullptr || (parent_->passesPlaceOn() && parent_->isOutermost());
 }

@@ -7,6 +7,7 @@
 
 #include "kit/Geometry.h"
 #include "kit/Measurement.h"
+#include "view/AccessibleContext.h"
 #include "view/Place.h"
 
 namespace tarnwell::kit {
@@ -54,6 +55,9 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
 
   /// Told at every showing and hiding, ancestors first.
   virtual void showingChanged(bool /*shown*/) {}
+
+  /// Tells the controls below what stands around them; before each layout.
+  virtual void explain(const AccessibleContext& around);
 
   /// Takes no room and no part in spacing.
   virtual bool isEmpty() const { return false; }

@@ -106,6 +106,7 @@ void MountedTree::settled() {
     fillMenu();
   }
   if (std::exchange(needsLayout_, false) && layoutAction_) {
+    root_->explain({});
     layoutAction_();
   }
 }

@@ -22,6 +22,14 @@ class SectionNode final : public MountedNode {
   // In the order of the tree before the rows: one that comes later than they did is drawn under them too.
   kit::Control* control() const override { return group_.get(); }
 
+  void explain(const AccessibleContext& around) override {
+    const AccessibleContext own = around.describedBy(footer());
+    for (MountedNode* row : visibleRows()) {
+      row->explain(own);
+    }
+    footer().explain(around);
+  }
+
  protected:
   void apply() override {
     const auto& section = valueAs<Section>();

@@ -30,6 +30,7 @@ TEST(ControlTest, aChangedPropertyIsToldOnceAndTheSameOneNot) {
       {[](Control& control) { control.setEnabled(false); }, {"switch: enabled"}},
       {[](Control& control) { control.setRotation(1); }, {"switch: rotation"}},
       {[](Control& control) { control.setFrame({.x = 1, .width = 38, .height = 22}); }, {"switch: place"}},
+      {[](Control& control) { control.setAccessibleDescription("Dims icons."); }, {"switch: accessible description"}},
       {[](Control& control) { control.setAccessibleName("Dim"); }, {"switch \"Dim\": accessible name"}},
   };
   for (const Row& row : table) {
@@ -48,7 +49,7 @@ TEST(ControlTest, attachingReplaysTheState) {
   toggle.told();
   toggle.showAgain();
   EXPECT_EQ(toggle.told(), (Lines{"switch: removed", "switch: value", "switch: enabled", "switch: rotation",
-                                  "switch: accessible name", "switch: place"}));
+                                  "switch: accessible name", "switch: accessible description", "switch: place"}));
 }
 
 template <class C>
@@ -60,7 +61,7 @@ void expectReplay(ShownControl<C> control, const Lines& ownAspects) {
   }
   Lines expected = {"removed"};
   expected.insert(expected.end(), ownAspects.begin(), ownAspects.end());
-  expected.insert(expected.end(), {"enabled", "rotation", "accessible name", "place"});
+  expected.insert(expected.end(), {"enabled", "rotation", "accessible name", "accessible description", "place"});
   EXPECT_EQ(told, expected);
 }
 

@@ -2,14 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include "kit/Button.h"
 #include "kit/ScrollArea.h"
+#include "kit/TextLabel.h"
 #include "view/Block.h"
 #include "view/Composite.h"
 #include "view/Counter.h"
 #include "view/FormMetrics.h"
+#include "view/Label.h"
 #include "view/LabeledRow.h"
 #include "view/Section.h"
+#include "view/Stack.h"
 #include "view/Stage.h"
+#include "view/Symbol.h"
 #include "view/Text.h"
 
 namespace tarnwell::view {
@@ -186,6 +191,41 @@ TEST(FormTest, aTallerScreenScrollsItBack) {
   stage.host().setAvailableHeight(1000);
   stage.window().metricsChanged();
   EXPECT_EQ(area.offset(), 0);
+}
+
+TEST(FormTest, aControlIsDescribedByItsRowAndItsSection) {
+  const View caution = Symbol{.name = "exclamationmark.circle", .title = "Caution"};
+  FormStage stage{
+      {Section{.rows = {LabeledRow{.label = Label{.title = "Delay", .symbol = "timer"},
+                                   .title = "Delay",
+                                   .description = Text{"How long."},
+                                   .control = Counter{.name = "delay"}},
+                        LabeledRow{.label = Text{"Dim"}, .control = Counter{.name = "dim"}}, Counter{.name = "free"}},
+               .footer = HStack{.children = {caution, Text{"Not always."}, Counter{.name = "foot"}}}},
+       Section{.rows = {Counter{.name = "other"}}}}};
+  const auto described = [&stage](const std::string& name) {
+    return stage.find<kit::Button>(name).accessibleDescription();
+  };
+  EXPECT_EQ(described("delay"), "How long. Caution Not always.");
+  EXPECT_EQ(described("dim"), "Caution Not always.");
+  EXPECT_EQ(described("free"), "Caution Not always.");
+  EXPECT_EQ(described("foot"), "");
+  EXPECT_EQ(described("other"), "");
+  EXPECT_EQ(stage.find<kit::Button>("delay").label(), &stage.find<kit::TextLabel>("Delay"));
+  EXPECT_EQ(stage.find<kit::Button>("free").label(), nullptr);
+  EXPECT_EQ(stage.find<kit::TextLabel>("Not always.").accessibleDescription(), "");
+}
+
+TEST(FormTest, otherWordsAreTakenOver) {
+  const auto content = [](const std::string& description) {
+    return FormStage::page(
+        {Section{.rows = {LabeledRow{
+                     .label = Text{"Delay"}, .description = Text{description}, .control = Counter{.name = "delay"}}}}});
+  };
+  Stage stage{content("before")};
+  stage.open();
+  stage.show(content("after"));
+  EXPECT_EQ(stage.find<kit::Button>("delay").accessibleDescription(), "after");
 }
 
 View labelled(const View& label, const View& description, const View& control) {

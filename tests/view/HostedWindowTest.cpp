@@ -21,7 +21,8 @@ TEST(HostedWindowTest, mountingPaintsNothing) {
   EXPECT_EQ(host.journal().lines(),
             (Lines{"window w: title", "window w: 0 x 0", "window w: hidden", "window w: 0 controls in order",
                    "text \"a\": style", "text \"a\": title", "text \"a\": enabled", "text \"a\": rotation",
-                   "text \"a\": accessible name", "text \"a\": place", "window w: 1 controls in order"}));
+                   "text \"a\": accessible name", "text \"a\": accessible description", "text \"a\": place",
+                   "window w: 1 controls in order"}));
 }
 
 TEST(HostedWindowTest, openingLaysOutOnceAndThenShows) {

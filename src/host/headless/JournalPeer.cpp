@@ -27,6 +27,8 @@ std::string aspectName(kit::Aspect aspect) {
       return "rotation";
     case kit::Aspect::accessibleName:
       return "accessible name";
+    case kit::Aspect::accessibleDescription:
+      return "accessible description";
     case kit::Aspect::visible:
       return "visible";
     case kit::Aspect::level:

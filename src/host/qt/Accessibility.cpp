@@ -11,9 +11,9 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/ScrollBarOverlay.h"
 #include "host/qt/WindowWidget.h"
-#include "kit/Box.h"
 #include "kit/Button.h"
 #include "kit/PopUpButton.h"
+#include "kit/ScrollArea.h"
 #include "kit/Slider.h"
 #include "kit/Stepper.h"
 #include "kit/SymbolView.h"
@@ -31,17 +31,6 @@ class AccessibleLabel final : public AccessibleControl {
  protected:
   QString ownName() const override { return toQString(control<kit::TextLabel>()->text()); }
 };
-
-QAccessible::Role plainRole(const kit::Control& control) {
-  if (dynamic_cast<const kit::SymbolView*>(&control) != nullptr) {
-    return QAccessible::Graphic;
-  }
-  const auto* box = dynamic_cast<const kit::Box*>(&control);
-  if (box != nullptr && box->kind() == kit::Box::Kind::separator) {
-    return QAccessible::Separator;
-  }
-  return QAccessible::Pane;
-}
 
 QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   const kit::Control* control = link.control();
@@ -66,7 +55,8 @@ QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   if (dynamic_cast<const kit::TextLabel*>(control) != nullptr) {
     return new AccessibleLabel(widget, link);
   }
-  return new AccessibleControl(widget, link, plainRole(*control));
+  const bool isSymbol = dynamic_cast<const kit::SymbolView*>(control) != nullptr;
+  return new AccessibleControl(widget, link, isSymbol ? QAccessible::Graphic : QAccessible::Pane);
 }
 
 QAccessibleInterface* accessible(const QString& className, QObject* object) {
@@ -75,7 +65,7 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
     return nullptr;
   }
   if (dynamic_cast<WindowWidget*>(object) != nullptr) {
-    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
+    return new AccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
   }
   if (dynamic_cast<ScrollBarOverlay*>(object) != nullptr) {
     return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::ScrollBar);
@@ -86,52 +76,89 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   }
   ControlLink* link = ControlLink::of(object);
   const bool shows = link != nullptr && link->control() != nullptr;
-  return shows ? accessibleFor(widget, *link) : nullptr;
+  return shows ? accessibleFor(widget, *link) : new AccessibleWidget(widget);
 }
 
-std::unique_ptr<QAccessibleEvent> newValue(QWidget& widget, const kit::Control& control) {
+void add(Announcements& told, std::unique_ptr<QAccessibleEvent> event) { told.push_back(std::move(event)); }
+
+void addTabs(Announcements& told, QWidget& widget, const kit::TabBar& bar) {
+  const auto addOf = [&](QAccessible::Event type, int tab) {
+    add(told, std::make_unique<QAccessibleEvent>(&widget, type));
+    told.back()->setChild(tab);
+  };
+  for (int i = 0; i < static_cast<int>(bar.tabs().size()); ++i) {
+    // Each says whether it is the chosen one now.
+    addOf(QAccessible::Selection, i);
+  }
+  if (widget.hasFocus() && bar.selectedIndex() >= 0) {
+    addOf(QAccessible::Focus, bar.selectedIndex());
+  }
+}
+
+void addValue(Announcements& told, QWidget& widget, const kit::Control& control) {
   if (const auto* slider = dynamic_cast<const kit::Slider*>(&control)) {
-    return std::make_unique<QAccessibleValueChangeEvent>(&widget, slider->doubleValue());
-  }
-  if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
-    return std::make_unique<QAccessibleValueChangeEvent>(&widget, stepper->value());
-  }
-  if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
+    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, slider->doubleValue()));
+  } else if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
+    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, stepper->value()));
+  } else if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
     const QString chosen = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value);
-    return std::make_unique<QAccessibleValueChangeEvent>(&widget, chosen);
-  }
-  if (const auto* bar = dynamic_cast<const kit::TabBar*>(&control)) {
-    auto chosen = std::make_unique<QAccessibleEvent>(&widget, QAccessible::Selection);
-    chosen->setChild(bar->selectedIndex());
-    return chosen;
-  }
-  if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
+    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, chosen));
+  } else if (const auto* bar = dynamic_cast<const kit::TabBar*>(&control)) {
+    addTabs(told, widget, *bar);
+  } else if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
     QAccessible::State changed;
     changed.checked = true;
-    return std::make_unique<QAccessibleStateChangeEvent>(&widget, changed);
+    add(told, std::make_unique<QAccessibleStateChangeEvent>(&widget, changed));
   }
-  return nullptr;
+}
+
+// Where a screen reader is active, every event goes through here.
+void deliver(QAccessibleEvent* event) {
+  if (isWorthTelling(*event)) {
+    const auto again = QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(again);
+  }
 }
 
 }  // namespace
 
-void installAccessibility() { QAccessible::installFactory(&accessible); }
+void installAccessibility() {
+  QAccessible::installFactory(&accessible);
+  QAccessible::installUpdateHandler(&deliver);
+}
 
-std::unique_ptr<QAccessibleEvent> announcementOf(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
-  if (aspect == kit::Aspect::value) {
-    return newValue(widget, control);
+bool isWorthTelling(const QAccessibleEvent& event) {
+  const bool comesOrGoes = event.type() == QAccessible::ObjectShow || event.type() == QAccessible::ObjectHide;
+  const ControlLink* link = ControlLink::of(event.object());
+  // A page comes and goes with all that stands in it, and that has been told.
+  return !comesOrGoes || link == nullptr || dynamic_cast<const kit::ScrollArea*>(link->control()) != nullptr;
+}
+
+Announcements announcementsOf(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
+  Announcements told;
+  // What a control is when it comes is no news.
+  if (!widget.isVisible()) {
+    return told;
   }
-  // Qt tells of the names that are given and of enabledness by itself; a title is our own affair.
-  const bool renamed = aspect == kit::Aspect::title;
-  return renamed ? std::make_unique<QAccessibleEvent>(&widget, QAccessible::NameChanged) : nullptr;
+  // A title is the name of what was given none. Of enabledness the toolkit tells by itself.
+  const bool isName =
+      aspect == kit::Aspect::accessibleName || (aspect == kit::Aspect::title && control.accessibleName().empty());
+  if (isName) {
+    add(told, std::make_unique<QAccessibleEvent>(&widget, QAccessible::NameChanged));
+  } else if (aspect == kit::Aspect::accessibleDescription) {
+    add(told, std::make_unique<QAccessibleEvent>(&widget, QAccessible::DescriptionChanged));
+  } else if (aspect == kit::Aspect::value) {
+    addValue(told, widget, control);
+  }
+  return told;
 }
 
 void announceChange(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {
-  if (!QAccessible::isActive()) {
-    return;
-  }
-  if (const auto announcement = announcementOf(widget, control, aspect)) {
-    QAccessible::updateAccessibility(announcement.get());
+  if (QAccessible::isActive()) {
+    for (const auto& event : announcementsOf(widget, control, aspect)) {
+      QAccessible::updateAccessibility(event.get());
+    }
   }
 }
 

@@ -1,6 +1,7 @@
 #include "host/qt/AccessibleControl.h"
 
 #include "host/qt/Conversions.h"
+#include "host/qt/WidgetPeer.h"
 #include "host/qt/WindowPeer.h"
 #include "kit/Control.h"
 #include "kit/Window.h"
@@ -9,11 +10,25 @@ namespace tarnwell::host_qt {
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
   const auto* shown = control<kit::Control>();
-  if (kind != QAccessible::Name || shown == nullptr) {
-    return QAccessibleWidget::text(kind);
+  if (shown != nullptr && kind == QAccessible::Name) {
+    const QString given = toQString(shown->accessibleName());
+    return given.isEmpty() ? ownName() : given;
   }
-  const QString given = toQString(shown->accessibleName());
-  return given.isEmpty() ? ownName() : given;
+  if (shown != nullptr && kind == QAccessible::Description) {
+    return toQString(shown->accessibleDescription());
+  }
+  return QAccessibleWidget::text(kind);
+}
+
+QVector<AccessibleControl::Relation> AccessibleControl::relations(QAccessible::Relation match) const {
+  QVector<Relation> found = QAccessibleWidget::relations(match);
+  const auto* shown = control<kit::Control>();
+  const kit::Control* label = shown != nullptr ? shown->label() : nullptr;
+  QWidget* widget = label != nullptr ? WidgetPeer::widgetOf(*label) : nullptr;
+  if (widget != nullptr && match.testFlag(QAccessible::Label)) {
+    found.append({QAccessible::queryAccessibleInterface(widget), QAccessible::Label});
+  }
+  return found;
 }
 
 void AccessibleControl::doAction(const QString& name) {

@@ -1,20 +1,23 @@
 #pragma once
 
-#include <QtWidgets/QAccessibleWidget>
-
+#include "host/qt/AccessibleWidget.h"
 #include "host/qt/ControlLink.h"
 
 namespace tarnwell::host_qt {
 
 /// What a screen reader is told of a control: role, name and state. Qt keeps it as long as the widget, which is a
 /// moment longer than the control.
-class AccessibleControl : public QAccessibleWidget {
+class AccessibleControl : public AccessibleWidget {
  public:
+  using Relation = QPair<QAccessibleInterface*, QAccessible::Relation>;
+
   AccessibleControl(QWidget* widget, ControlLink& link, QAccessible::Role role)
-      : QAccessibleWidget(widget, role), link_(link) {}
+      : AccessibleWidget(widget, role), link_(link) {}
 
   QString text(QAccessible::Text kind) const override;
   void doAction(const QString& name) final;
+  /// With the text that names it.
+  QVector<Relation> relations(QAccessible::Relation match) const override;
 
  protected:
   /// One of the actions, as the user's doing.

@@ -42,12 +42,14 @@ QAccessible::State AccessibleToggle::state() const {
 void AccessibleToggle::press() { control<kit::Toggle>()->press(); }
 
 QString AccessiblePopUpButton::text(QAccessible::Text kind) const {
+  const QString told = AccessiblePressable::text(kind);
   const auto* button = control<kit::PopUpButton>();
   const bool tellsChoice = kind == QAccessible::Value || kind == QAccessible::Description;
   if (!tellsChoice || button == nullptr || button->selectedIndex() < 0) {
-    return AccessiblePressable::text(kind);
+    return told;
   }
-  return toQString(button->items().at(static_cast<std::size_t>(button->selectedIndex())).title);
+  const QString chosen = toQString(button->items().at(static_cast<std::size_t>(button->selectedIndex())).title);
+  return told.isEmpty() ? chosen : chosen + ". " + told;
 }
 
 QAccessible::State AccessiblePopUpButton::state() const {

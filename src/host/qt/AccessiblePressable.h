@@ -46,7 +46,8 @@ class AccessiblePopUpButton final : public AccessiblePressable {
   AccessiblePopUpButton(QWidget* widget, ControlLink& link)
       : AccessiblePressable(widget, link, QAccessible::ComboBox) {}
 
-  /// The value is the chosen title, and the description as well: not every screen reader asks for values in words.
+  /// The value is the chosen title, and the description begins with it: not every screen reader asks for values in
+  /// words.
   QString text(QAccessible::Text kind) const override;
   QAccessible::State state() const override;
   /// The menu, while it is open. The toolkit counts no menu among the children of a widget.

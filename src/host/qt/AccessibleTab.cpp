@@ -32,6 +32,8 @@ QAccessible::State AccessibleTab::state() const {
   state.selectable = true;
   state.invalid = shown == nullptr;
   state.selected = shown != nullptr && shown->selectedIndex() == index_;
+  state.focusable = true;
+  state.focused = state.selected && bar_->hasFocus();
   state.disabled = shown != nullptr && !shown->isEnabled();
   return state;
 }

@@ -42,6 +42,11 @@ int AccessibleTabBar::indexOfChild(const QAccessibleInterface* child) const {
   return tab != nullptr ? tab->index() : -1;
 }
 
+QAccessibleInterface* AccessibleTabBar::focusChild() const {
+  const auto* bar = control<kit::TabBar>();
+  return bar != nullptr && widget()->hasFocus() ? child(bar->selectedIndex()) : nullptr;
+}
+
 void AccessibleTabBar::choose(int index) {
   act([&] { control<kit::TabBar>()->choose(index); });
 }

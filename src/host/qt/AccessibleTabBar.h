@@ -16,6 +16,7 @@ class AccessibleTabBar final : public AccessibleControl {
   QAccessibleInterface* child(int index) const override;
   QAccessibleInterface* childAt(int x, int y) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
+  QAccessibleInterface* focusChild() const override;
 
   /// The user's choice of a tab.
   void choose(int index);

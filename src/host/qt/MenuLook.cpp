@@ -17,7 +17,7 @@ constexpr double highlightRadius = 5;
 constexpr int rowHeight = 24;
 constexpr int rowInset = 12;
 constexpr int separatorHeight = 9;
-// Between the longest title and the key equivalents.
+// Between a title and its key equivalent.
 constexpr int keyGap = 32;
 constexpr int arrowWidth = 16;
 constexpr double arrowSize = 8;
@@ -45,6 +45,10 @@ bool isChosen(const QStyleOption& option) {
 int mnemonicFlag(const QProxyStyle& style, const QStyleOption& option) {
   const bool shown = style.styleHint(QStyle::SH_UnderlineShortcut, &option) != 0;
   return shown ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+}
+
+int keysWidth(const QStyleOptionMenuItem& item) {
+  return item.fontMetrics.horizontalAdvance(item.text.section('\t', 1));
 }
 
 void drawArrow(QPainter& painter, const QPointF& centre, const QColor& color) {
@@ -98,7 +102,7 @@ QSize MenuLook::sizeFromContents(ContentsType type, const QStyleOption* option, 
   if (item->menuItemType == QStyleOptionMenuItem::Separator) {
     return {size.width(), separatorHeight};
   }
-  const int behind = item->menuItemType == QStyleOptionMenuItem::SubMenu ? arrowWidth : 0;
+  const int behind = item->menuItemType == QStyleOptionMenuItem::SubMenu ? arrowWidth : keysWidth(*item);
   return {size.width() + 2 * rowInset + keyGap + behind, std::max(rowHeight, size.height())};
 }
 

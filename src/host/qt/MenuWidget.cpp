@@ -2,6 +2,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QStyleOption>
 #include <algorithm>
 
 #include "host/qt/Conversions.h"
@@ -15,11 +16,6 @@ namespace {
 
 // An ampersand of a title is no mnemonic.
 QString titleOf(const kit::MenuItem& item) { return toQString(item.title()).replace('&', "&&"); }
-
-QString textOf(const kit::MenuItem& item) {
-  const QString keys = keyEquivalentText(item.keyEquivalent());
-  return keys.isEmpty() ? titleOf(item) : titleOf(item) + '\t' + keys;
-}
 
 void closeOpenMenus() {
   while (QWidget* popup = QApplication::activePopupWidget()) {
@@ -58,6 +54,15 @@ void MenuWidget::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
+  QMenu::initStyleOption(option, action);
+  const auto row = std::ranges::find(rows_, action, &Row::second);
+  const QString keys = row != rows_.end() ? keyEquivalentText(row->first->keyEquivalent()) : QString();
+  if (!keys.isEmpty()) {
+    option->text += '\t' + keys;
+  }
+}
+
 void MenuWidget::follow(const kit::Menu& menu) {
   const auto shows = [](const auto& row, const Item& item) { return row.first == item; };
   if (!std::ranges::equal(rows_, menu.items(), shows)) {
@@ -92,7 +97,7 @@ QAction* MenuWidget::addEntry(const Item& item) {
 
 void MenuWidget::show(const kit::MenuItem& item, QAction& action) const {
   if (!item.isSeparator()) {
-    action.setText(textOf(item));
+    action.setText(titleOf(item));
     action.setEnabled(application_.canChoose(item));
   }
 }

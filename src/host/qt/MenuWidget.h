@@ -25,9 +25,13 @@ class MenuWidget final : public QMenu {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  /// Adds the key equivalent behind a tabulator. It is no part of the action's own text: that is its name for screen
+  /// readers.
+  void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
  private:
   using Item = std::shared_ptr<kit::MenuItem>;
+  using Row = std::pair<Item, QAction*>;
 
   void follow(const kit::Menu& menu);
   void rebuild(const std::vector<Item>& items);
@@ -36,7 +40,7 @@ class MenuWidget final : public QMenu {
 
   kit::Application& application_;
   const Theme& theme_;
-  std::vector<std::pair<Item, QAction*>> rows_;
+  std::vector<Row> rows_;
   kit::Subscription changes_;
 };
 

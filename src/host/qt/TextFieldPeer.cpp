@@ -147,6 +147,12 @@ void TextFieldPeer::edit(const kit::Selector& command) {
   }
 }
 
+void TextFieldPeer::showDescription() {
+  const kit::Control& field = *ControlLink::of(widget())->control();
+  widget()->setAccessibleName(toQString(field.accessibleName()));
+  widget()->setAccessibleDescription(toQString(field.accessibleDescription()));
+}
+
 void TextFieldPeer::showState(kit::Aspect /*aspect*/) { static_cast<LineEdit*>(widget())->showText(); }
 
 }  // namespace tarnwell::host_qt

@@ -16,6 +16,7 @@ class TextFieldPeer final : public WidgetPeer, public kit::EditingPeer {
 
  protected:
   void showState(kit::Aspect aspect) override;
+  void showDescription() override;
 };
 
 }  // namespace tarnwell::host_qt

@@ -38,7 +38,8 @@ void WidgetPeer::show(kit::Aspect aspect) noexcept {
       showEnabled();
       break;
     case kit::Aspect::accessibleName:
-      widget_->setAccessibleName(toQString(control_.accessibleName()));
+    case kit::Aspect::accessibleDescription:
+      showDescription();
       break;
     default:
       showState(aspect);

@@ -14,6 +14,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "kit/Box.h"
+#include "kit/ScrollArea.h"
 #include "kit/SymbolView.h"
 
 namespace tarnwell::host_qt {
@@ -49,8 +50,7 @@ TEST(AccessibilityTest, everyControlHasItsRoleAndName) {
       {named(stage.add(std::move(symbol), place), "Timer"), QAccessible::Graphic, "Timer"},
       {stage.add(makeButton("Save"), place), QAccessible::Button, "Save"},
       {named(stage.add(makeButton(""), place), "Help"), QAccessible::Button, "Help"},
-      {stage.add(makeLabel("Text"), place), QAccessible::StaticText, "Text"},
-      {stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), place), QAccessible::Separator, ""}};
+      {stage.add(makeLabel("Text"), place), QAccessible::StaticText, "Text"}};
   for (const Expected& expected : table) {
     EXPECT_EQ(seen(expected.control).role(), expected.role) << expected.name;
     EXPECT_EQ(seen(expected.control).text(QAccessible::Name).toStdString(), expected.name);
@@ -247,14 +247,78 @@ TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {
   EXPECT_TRUE(general->state().selected);
 }
 
-QAccessible::Event typeOf(const kit::Control& control, kit::Aspect aspect) {
-  const auto announcement = announcementOf(driver::widget(control), control, aspect);
-  return announcement ? announcement->type() : QAccessible::InvalidEvent;
+TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
+  Stage stage;
+  auto& label = stage.add(makeLabel("Delay"), place);
+  const std::vector<kit::Control*> controls = {&stage.add(makeSlider(0.5), place), &stage.add(makeStepper(), place),
+                                               &stage.add(makeToggle(), place), &stage.add(makeButton("Save"), place)};
+  for (kit::Control* control : controls) {
+    control->setAccessibleDescription("How long.");
+    control->setLabel(&label);
+    EXPECT_EQ(seen(*control).text(QAccessible::Description), "How long.");
+    const auto relations = seen(*control).relations(QAccessible::Label);
+    ASSERT_EQ(relations.size(), 1);
+    EXPECT_EQ(relations[0].first, &seen(label));
+    EXPECT_TRUE(seen(*control).relations(QAccessible::Controlled).isEmpty());
+  }
+  auto& field = stage.add(makeField("1"), place);
+  field.setAccessibleDescription("How long.");
+  EXPECT_EQ(seen(field).text(QAccessible::Description), "How long.");
+  auto& popUp = stage.add(makePopUpButton(), place);
+  popUp.setAccessibleDescription("Which one.");
+  EXPECT_EQ(seen(popUp).text(QAccessible::Description), "Genie. Which one.");
+}
+
+TEST(AccessibilityTest, labelThatIsGoneNamesNothing) {
+  Stage stage;
+  auto& toggle = stage.add(makeToggle(), place);
+  {
+    kit::TextLabel label;
+    toggle.setLabel(&label);
+    EXPECT_EQ(toggle.label(), &label);
+  }
+  EXPECT_EQ(toggle.label(), nullptr);
+  EXPECT_TRUE(seen(toggle).relations(QAccessible::Label).isEmpty());
+}
+
+TEST(AccessibilityTest, decorationIsNoObject) {
+  Stage stage;
+  stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), place);
+  stage.add(std::make_unique<kit::SymbolView>(), place);
+  auto& tortoise = named(stage.add(std::make_unique<kit::SymbolView>(), place), "Slow");
+  auto& label = stage.add(makeLabel("Text"), place);
+  QAccessibleInterface& ground = *seen(label).parent();
+  ASSERT_EQ(ground.childCount(), 2);
+  EXPECT_EQ(ground.child(0), &seen(tortoise));
+  EXPECT_EQ(ground.child(1), &seen(label));
+  EXPECT_EQ(ground.indexOfChild(&seen(label)), 1);
+  EXPECT_EQ(ground.child(2), nullptr);
+}
+
+TEST(AccessibilityTest, chosenTabHasTheFocusOfItsBar) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), {.x = 0, .y = 0, .width = 400, .height = 60});
+  stage.show();
+  EXPECT_EQ(seen(bar).focusChild(), nullptr);
+  driver::keyAt(bar, Qt::Key_Right);
+  EXPECT_EQ(seen(bar).focusChild(), seen(bar).child(1));
+  EXPECT_TRUE(seen(bar).child(1)->state().focused);
+  EXPECT_FALSE(seen(bar).child(0)->state().focused);
+}
+
+using Types = std::vector<QAccessible::Event>;
+
+Types typesOf(const kit::Control& control, kit::Aspect aspect) {
+  Types types;
+  for (const auto& announcement : announcementsOf(driver::widget(control), control, aspect)) {
+    types.push_back(announcement->type());
+  }
+  return types;
 }
 
 QVariant announcedValue(const kit::Control& control) {
-  const auto announcement = announcementOf(driver::widget(control), control, kit::Aspect::value);
-  return static_cast<QAccessibleValueChangeEvent&>(*announcement).value();
+  const auto announcements = announcementsOf(driver::widget(control), control, kit::Aspect::value);
+  return static_cast<QAccessibleValueChangeEvent&>(*announcements.at(0)).value();
 }
 
 TEST(AnnouncementTest, newValuesAreTold) {
@@ -262,7 +326,8 @@ TEST(AnnouncementTest, newValuesAreTold) {
   auto& slider = stage.add(makeSlider(0.5), place);
   auto& stepper = stage.add(makeStepper(), place);
   auto& popUp = stage.add(makePopUpButton(), place);
-  EXPECT_EQ(typeOf(slider, kit::Aspect::value), QAccessible::ValueChanged);
+  stage.show();
+  EXPECT_EQ(typesOf(slider, kit::Aspect::value), Types{QAccessible::ValueChanged});
   EXPECT_EQ(announcedValue(slider), QVariant(0.5));
   EXPECT_EQ(announcedValue(stepper), QVariant(0.0));
   EXPECT_EQ(announcedValue(popUp), QVariant("Genie"));
@@ -270,14 +335,54 @@ TEST(AnnouncementTest, newValuesAreTold) {
 
 TEST(AnnouncementTest, switchTellsThatItsStateIsNew) {
   Stage stage;
-  EXPECT_EQ(typeOf(stage.add(makeToggle(), place), kit::Aspect::value), QAccessible::StateChanged);
+  const auto& toggle = stage.add(makeToggle(), place);
+  stage.show();
+  EXPECT_EQ(typesOf(toggle, kit::Aspect::value), Types{QAccessible::StateChanged});
 }
 
-TEST(AnnouncementTest, titlesAreNames) {
+TEST(AnnouncementTest, namesAndDescriptionsAreToldOnce) {
   Stage stage;
   auto& label = stage.add(makeLabel("Text"), place);
-  EXPECT_EQ(typeOf(label, kit::Aspect::title), QAccessible::NameChanged);
-  EXPECT_EQ(typeOf(label, kit::Aspect::style), QAccessible::InvalidEvent);
+  stage.show();
+  EXPECT_EQ(typesOf(label, kit::Aspect::title), Types{QAccessible::NameChanged});
+  EXPECT_EQ(typesOf(label, kit::Aspect::style), Types{});
+  label.setAccessibleName("Text");
+  EXPECT_EQ(typesOf(label, kit::Aspect::title), Types{});
+  EXPECT_EQ(typesOf(label, kit::Aspect::accessibleName), Types{QAccessible::NameChanged});
+  EXPECT_EQ(typesOf(label, kit::Aspect::accessibleDescription), Types{QAccessible::DescriptionChanged});
+}
+
+TEST(AnnouncementTest, everyTabTellsWhetherItIsChosenAndTheChosenOneThatItHasTheFocus) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), {.x = 0, .y = 0, .width = 400, .height = 60});
+  stage.show();
+  EXPECT_EQ(typesOf(bar, kit::Aspect::value), (Types{QAccessible::Selection, QAccessible::Selection}));
+  driver::keyAt(bar, Qt::Key_Right);
+  const auto told = announcementsOf(driver::widget(bar), bar, kit::Aspect::value);
+  ASSERT_EQ(told.size(), 3U);
+  EXPECT_EQ(told[0]->accessibleInterface(), seen(bar).child(0));
+  EXPECT_EQ(told[1]->accessibleInterface(), seen(bar).child(1));
+  EXPECT_EQ(told[2]->type(), QAccessible::Focus);
+  EXPECT_EQ(told[2]->accessibleInterface(), seen(bar).child(1));
+}
+
+TEST(AnnouncementTest, aPageComesAndGoesAsAWhole) {
+  Stage stage;
+  auto& area = stage.add(std::make_unique<kit::ScrollArea>(), place);
+  auto& toggle = stage.addTo(area, makeToggle(), place);
+  for (const auto type : {QAccessible::ObjectShow, QAccessible::ObjectHide}) {
+    EXPECT_TRUE(isWorthTelling(QAccessibleEvent(&driver::widget(area), type)));
+    EXPECT_FALSE(isWorthTelling(QAccessibleEvent(&driver::widget(toggle), type)));
+    EXPECT_TRUE(isWorthTelling(QAccessibleEvent(&driver::widget(stage.window()), type)));
+  }
+  EXPECT_TRUE(isWorthTelling(QAccessibleEvent(&driver::widget(toggle), QAccessible::Focus)));
+}
+
+TEST(AnnouncementTest, aControlThatIsNotSeenYetHasNoNews) {
+  Stage stage;
+  const auto& toggle = stage.add(makeToggle(), place);
+  EXPECT_EQ(typesOf(toggle, kit::Aspect::value), Types{});
+  EXPECT_EQ(typesOf(toggle, kit::Aspect::accessibleName), Types{});
 }
 
 }  // namespace
