@@ -19,10 +19,4 @@ int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
   }
 }
 
-int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                         QStyleHintReturn* result) const {
-  // Typing the first letters of a row goes there.
-  return hint == SH_Menu_KeyboardSearch ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
-}
-
 }  // namespace tarnwell::host_qt

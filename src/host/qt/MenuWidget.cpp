@@ -44,7 +44,9 @@ MenuWidget::MenuWidget(kit::Application& application, kit::Menu& menu, const The
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
   const kit::KeyEvent key = toKeyEvent(*event);
   if ((key.modifierFlags & kit::commandFlag) == 0) {
-    QMenu::keyPressEvent(event);
+    if (!typeAhead_.choose(*event, *this)) {
+      QMenu::keyPressEvent(event);
+    }
     return;
   }
   // The press of Control alone is one of these, and what chooses nothing leaves the menu open.

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/qt/TypeAhead.h"
 #include "kit/Menu.h"
 
 namespace tarnwell::kit {
@@ -41,6 +42,7 @@ class MenuWidget final : public QMenu {
   kit::Application& application_;
   const Theme& theme_;
   std::vector<Row> rows_;
+  TypeAhead typeAhead_;
   kit::Subscription changes_;
 };
 

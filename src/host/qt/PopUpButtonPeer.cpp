@@ -11,6 +11,7 @@
 #include "host/qt/ItemLine.h"
 #include "host/qt/PopUpMenu.h"
 #include "host/qt/Theme.h"
+#include "host/qt/TypeAhead.h"
 #include "kit/ControlMetrics.h"
 #include "kit/PopUpButton.h"
 
@@ -49,6 +50,9 @@ class PopUpButtonWidget final : public ControlWidget {
   }
 
   void keyPressEvent(QKeyEvent* event) override {
+    if (chooseByLetter(*event)) {
+      return;
+    }
     switch (event->key()) {
       case Qt::Key_Space:
       case Qt::Key_Up:
@@ -56,9 +60,7 @@ class PopUpButtonWidget final : public ControlWidget {
         openMenu();
         break;
       default:
-        if (!chooseByLetter(event->text())) {
-          event->ignore();
-        }
+        event->ignore();
         break;
     }
   }
@@ -96,25 +98,23 @@ class PopUpButtonWidget final : public ControlWidget {
     }
   }
 
-  // The next item that begins with what was typed, beginning again at the top.
-  bool chooseByLetter(const QString& typed) {
-    const auto& items = button_.items();
-    const int count = static_cast<int>(items.size());
-    if (typed.isEmpty() || !typed.at(0).isLetterOrNumber()) {
+  bool chooseByLetter(const QKeyEvent& key) {
+    if (!typeAhead_.isTyping(key)) {
       return false;
     }
-    for (int step = 1; step <= count; ++step) {
-      const int index = (button_.selectedIndex() + step) % count;
-      if (toQString(items.at(static_cast<std::size_t>(index)).title).startsWith(typed, Qt::CaseInsensitive)) {
-        button_.choose(index);
-        break;
-      }
+    QStringList titles;
+    for (const auto& item : button_.items()) {
+      titles += toQString(item.title);
+    }
+    if (const auto index = typeAhead_.rowFor(key, titles, button_.selectedIndex())) {
+      button_.choose(*index);
     }
     return true;
   }
 
   kit::PopUpButton& button_;
   QPointer<PopUpMenu> menu_;
+  TypeAhead typeAhead_;
 };
 
 }  // namespace

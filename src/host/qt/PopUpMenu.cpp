@@ -68,6 +68,12 @@ void PopUpMenu::openOver(const QPoint& title) {
   setActiveAction(current);
 }
 
+void PopUpMenu::keyPressEvent(QKeyEvent* event) {
+  if (!typeAhead_.choose(*event, *this)) {
+    QMenu::keyPressEvent(event);
+  }
+}
+
 void PopUpMenu::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -3,6 +3,7 @@
 #include <QtWidgets/QMenu>
 #include <functional>
 
+#include "host/qt/TypeAhead.h"
 #include "kit/PopUpButton.h"
 
 namespace tarnwell::host_qt {
@@ -20,6 +21,7 @@ class PopUpMenu final : public QMenu {
   void openOver(const QPoint& title);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -29,6 +31,7 @@ class PopUpMenu final : public QMenu {
   const std::vector<kit::PopUpButton::Item> items_;
   const int selected_;
   const Theme& theme_;
+  TypeAhead typeAhead_;
 };
 
 }  // namespace tarnwell::host_qt
