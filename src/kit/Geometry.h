@@ -25,6 +25,8 @@ struct Rect {
   double right() const { return x + width; }
   double bottom() const { return y + height; }
   Size size() const { return {.width = width, .height = height}; }
+  /// Its right and lower edge are not its own.
+  bool contains(Point point) const { return point.x >= x && point.x < right() && point.y >= y && point.y < bottom(); }
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 

@@ -29,6 +29,14 @@ void Stepper::choose(double value) {
   });
 }
 
+int Stepper::repeatDelay(int steps) {
+  constexpr int first = 400;
+  constexpr int longest = 100;
+  constexpr int shortest = 12;
+  constexpr double faster = 0.94;
+  return steps <= 1 ? first : std::max(shortest, static_cast<int>(longest * std::pow(faster, steps - 2)));
+}
+
 std::unique_ptr<Peer> Stepper::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Measurement Stepper::measure(const TextMeasurer& text, Proposal /*proposal*/) const {

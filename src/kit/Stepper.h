@@ -34,6 +34,10 @@ class Stepper final : public Control {
   /// Held to the range.
   void choose(double value);
 
+  /// How long to wait, while an arrow is held, after that many steps, in milliseconds: long before the first repeat,
+  /// then less and less.
+  static int repeatDelay(int steps);
+
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }

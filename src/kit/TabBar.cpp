@@ -36,6 +36,13 @@ void TabBar::choose(int index) {
   });
 }
 
+void TabBar::chooseBeside(int distance) {
+  const int count = static_cast<int>(tabs_.size());
+  if (count > 0) {
+    choose(((selected_ + distance) % count + count) % count);
+  }
+}
+
 Rect TabBar::rectOfTab(int index) const {
   const double all = metrics::tab.width * static_cast<double>(tabs_.size());
   return {.x = (bounds().width - all) / 2 + metrics::tab.width * index,

@@ -29,6 +29,8 @@ class TabBar final : public Control {
 
   /// The user's doing. Choosing what is chosen already is no action.
   void choose(int index);
+  /// The one that many tabs to the right, to the left where negative; the first follows the last.
+  void chooseBeside(int distance);
 
   /// Where a tab stands in the bar: all alike, side by side in the middle.
   Rect rectOfTab(int index) const;

@@ -16,6 +16,11 @@ class Toggle final : public Control {
 
   void setAction(ToggleAction action) { action_ = std::move(action); }
 
+  /// Where the words stand that say what it switches, in its parent's coordinates; empty for none. A host that paints
+  /// its controls takes a click there for one on the switch.
+  const Rect& labelFrame() const { return labelFrame_; }
+  void setLabelFrame(const Rect& frame) { labelFrame_ = frame; }
+
   /// The user's doing: the other way round.
   void press();
 
@@ -28,6 +33,7 @@ class Toggle final : public Control {
 
  private:
   ToggleAction action_;
+  Rect labelFrame_;
   bool on_ = false;
 };
 

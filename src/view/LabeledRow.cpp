@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "kit/Toggle.h"
 #include "view/FormMetrics.h"
 #include "view/Label.h"
 #include "view/MountedNode.h"
@@ -10,6 +11,14 @@ namespace tarnwell::view {
 namespace {
 
 namespace metrics = form_metrics;
+
+kit::Toggle* switchIn(const MountedNode& node) {
+  if (auto* toggle = dynamic_cast<kit::Toggle*>(node.control())) {
+    return toggle;
+  }
+  // One that stands among others is not what the row is about.
+  return node.children().size() == 1 ? switchIn(*node.children().front()) : nullptr;
+}
 
 class LabeledRowNode final : public MountedNode {
  public:
@@ -44,6 +53,10 @@ class LabeledRowNode final : public MountedNode {
                          .y = frame.y + (frame.height - columns.control.height) / 2,
                          .width = columns.control.width,
                          .height = columns.control.height});
+    if (kit::Toggle* toggle = switchIn(controlNode())) {
+      toggle->setLabelFrame(
+          {.x = frame.x, .y = frame.y, .width = frame.width - columns.control.width, .height = frame.height});
+    }
   }
 
  private:

@@ -53,6 +53,16 @@ TEST(GeometryTest, aQuarterTurnsRightIntoDown) {
   EXPECT_NEAR(turned.y, 20, 1e-9);
 }
 
+TEST(GeometryTest, aRectangleContainsItsFirstEdgesOnly) {
+  constexpr Rect rect{.x = 10, .y = 20, .width = 5, .height = 5};
+  EXPECT_TRUE(rect.contains({.x = 10, .y = 20}));
+  EXPECT_TRUE(rect.contains({.x = 14.9, .y = 24.9}));
+  for (const Point outside : {Point{9, 22}, Point{15, 22}, Point{12, 19}, Point{12, 25}}) {
+    EXPECT_FALSE(rect.contains(outside));
+  }
+  EXPECT_FALSE(Rect{}.contains({}));
+}
+
 TEST(GeometryTest, turningBackGivesThePointAgain) {
   const Size size{.width = 64, .height = 24};
   const Point there = turnedAboutCentre({.x = 3, .y = 17}, size, 1.1);

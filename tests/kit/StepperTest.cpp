@@ -78,6 +78,15 @@ TEST(StepperTest, everyStepSendsTheValueEvenAtTheEnd) {
   EXPECT_EQ(sent, (std::vector<double>{100, 100}));
 }
 
+TEST(StepperTest, theFirstRepeatWaitsAndTheNextComeFasterAndFaster) {
+  EXPECT_GE(Stepper::repeatDelay(1), 3 * Stepper::repeatDelay(2));
+  for (int steps = 1; steps < 1000; ++steps) {
+    EXPECT_GE(Stepper::repeatDelay(steps), Stepper::repeatDelay(steps + 1));
+  }
+  EXPECT_LT(Stepper::repeatDelay(20), Stepper::repeatDelay(2) / 2);
+  EXPECT_GE(Stepper::repeatDelay(1000), 10);
+}
+
 TEST(StepperTest, fromWhatIsNoNumberThereIsNoStep) {
   Stepper stepper;
   stepper.setAction([](double) { FAIL() << "a step from a nan sent the action"; });

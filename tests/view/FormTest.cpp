@@ -5,6 +5,7 @@
 #include "kit/Button.h"
 #include "kit/ScrollArea.h"
 #include "kit/TextLabel.h"
+#include "kit/Toggle.h"
 #include "view/Block.h"
 #include "view/Composite.h"
 #include "view/Counter.h"
@@ -16,6 +17,7 @@
 #include "view/Stage.h"
 #include "view/Symbol.h"
 #include "view/Text.h"
+#include "view/Toggle.h"
 
 namespace tarnwell::view {
 namespace {
@@ -240,6 +242,16 @@ TEST(LabeledRowTest, theControlStandsOnTheRightInTheMiddle) {
   EXPECT_EQ(stage.frame("label"), (kit::Rect{0, 3, 50, 18}));
   EXPECT_EQ(stage.first<BlockControl>().sizes().ideal.width, 50);
   EXPECT_EQ(stage.window().controls().back()->frame(), (kit::Rect{196, 0, 40, 24}));
+}
+
+TEST(LabeledRowTest, aSwitchKnowsWhereItsLabelStands) {
+  const Binding<bool> off = {.get = [] { return false; }, .set = [](bool) {}};
+  Stage stage{labelled(fixedBlock("label", 50, 18), fixedBlock("description", 60, 14), Toggle{.isOn = off})};
+  stage.open();
+  EXPECT_EQ(stage.first<kit::Toggle>().labelFrame(), (kit::Rect{0, 0, 236 - 38, 34}));
+  stage.show(labelled(fixedBlock("label", 50, 18), EmptyView{},
+                      HStack{.children = {Toggle{.isOn = off}, fixedBlock("beside", 10, 10)}}));
+  EXPECT_EQ(stage.first<kit::Toggle>().labelFrame(), kit::Rect{});
 }
 
 TEST(LabeledRowTest, theDescriptionStandsUnderTheTitle) {

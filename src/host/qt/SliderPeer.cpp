@@ -83,7 +83,8 @@ class SliderWidget final : public ControlWidget {
   void mouseReleaseEvent(QMouseEvent* /*event*/) override { grab_.reset(); }
 
   void keyPressEvent(QKeyEvent* event) override {
-    if (const std::optional<double> step = stepOf(event->key())) {
+    const bool belongsToPage = event->modifiers().testFlag(Qt::ControlModifier);
+    if (const std::optional<double> step = belongsToPage ? std::nullopt : stepOf(event->key())) {
       slider_.nudge(*step);
     } else {
       event->ignore();

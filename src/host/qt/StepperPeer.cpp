@@ -13,8 +13,6 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int firstRepeat = 400;  // Milliseconds.
-constexpr int nextRepeat = 60;
 constexpr double stepperRadius = 5;
 constexpr double stepperArrowWidth = 6;
 
@@ -43,8 +41,8 @@ class StepperWidget final : public ControlWidget {
     if (event->button() == Qt::LeftButton) {
       pointer_ = event->position();
       hold(pointer_.y() < face().center().y() ? Direction::up : Direction::down);
-      timer_.start(firstRepeat, this);
-      step(*held_);
+      steps_ = 0;
+      repeat();
     }
   }
 
@@ -69,9 +67,8 @@ class StepperWidget final : public ControlWidget {
   }
 
   void timerEvent(QTimerEvent* /*event*/) override {
-    timer_.start(nextRepeat, this);
     if (held_ && half(*held_).contains(pointer_)) {
-      step(*held_);
+      repeat();
     }
   }
 
@@ -104,6 +101,11 @@ class StepperWidget final : public ControlWidget {
     update();
   }
 
+  void repeat() {
+    timer_.start(kit::Stepper::repeatDelay(++steps_), Qt::PreciseTimer, this);
+    step(*held_);
+  }
+
   void step(Direction direction) {
     if (direction == Direction::up) {
       stepper_.increment();
@@ -114,6 +116,7 @@ class StepperWidget final : public ControlWidget {
 
   kit::Stepper& stepper_;
   QBasicTimer timer_;
+  int steps_ = 0;  // Since the arrow has been held.
   std::optional<Direction> held_;
   QPointF pointer_;
 };

@@ -2,10 +2,16 @@
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <algorithm>
+#include <optional>
 
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyRoute.h"
+#include "host/qt/WidgetPeer.h"
 #include "kit/ScrollArea.h"
+#include "kit/TabBar.h"
+#include "kit/Toggle.h"
 #include "kit/Window.h"
 
 namespace tarnwell::host_qt {
@@ -16,6 +22,26 @@ constexpr Qt::WindowFlags fixedSizeWindow = Qt::Window | Qt::CustomizeWindowHint
                                             Qt::WindowCloseButtonHint;
 // Of the visible height: what stood at the edge is still seen after a page.
 constexpr double pageShare = 0.9;
+
+// How many tabs to the right a key goes.
+std::optional<int> tabDistance(const QKeyEvent& event) {
+  const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+  const bool onlyShift = (event.modifiers() & ~Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)) == 0;
+  if (!control || !onlyShift) {
+    return std::nullopt;
+  }
+  switch (event.key()) {
+    case Qt::Key_Tab:
+      return event.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1;
+    case Qt::Key_Backtab:
+    case Qt::Key_PageUp:
+      return -1;
+    case Qt::Key_PageDown:
+      return 1;
+    default:
+      return std::nullopt;
+  }
+}
 
 }  // namespace
 
@@ -39,13 +65,55 @@ void WindowWidget::closeEvent(QCloseEvent* event) {
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
   const kit::KeyEvent key = toKeyEvent(*event);
+  if (chooseTab(*event)) {
+    return;
+  }
   if (!keys_.deliver(key, *window_) && window_ != nullptr && !scroll(event->key())) {
     event->ignore();
   }
 }
 
+// Presses arrive here that no control has taken.
+void WindowWidget::mousePressEvent(QMouseEvent* event) {
+  pressed_ = event->button() == Qt::LeftButton ? toggleLabelledAt(event->position()) : nullptr;
+  QWidget::mousePressEvent(event);
+}
+
+void WindowWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const auto pressed = std::exchange(pressed_, nullptr);
+  if (event->button() == Qt::LeftButton && pressed && *pressed != nullptr &&
+      toggleLabelledAt(event->position()) == pressed) {
+    static_cast<kit::Toggle*>(*pressed)->press();
+  }
+}
+
+std::shared_ptr<kit::Control* const> WindowWidget::toggleLabelledAt(const QPointF& position) const {
+  for (kit::Control* control : window_->controls()) {
+    const auto* toggle = dynamic_cast<const kit::Toggle*>(control);
+    const QWidget* ground = toggle != nullptr ? WidgetPeer::widgetOf(*toggle)->parentWidget() : nullptr;
+    const QPointF onGround = ground != nullptr ? ground->mapFrom(this, position) : QPointF();
+    if (ground != nullptr && ground->visibleRegion().contains(onGround.toPoint()) &&
+        toggle->labelFrame().contains(toPoint(onGround))) {
+      return control->handle();
+    }
+  }
+  return nullptr;
+}
+
+bool WindowWidget::chooseTab(const QKeyEvent& event) {
+  const std::optional<int> distance = tabDistance(event);
+  auto* bar = distance ? first<kit::TabBar>() : nullptr;
+  if (bar == nullptr) {
+    return false;
+  }
+  // What has the keyboard may go with its page.
+  WidgetPeer::widgetOf(*bar)->setFocus(Qt::ShortcutFocusReason);
+  bar->chooseBeside(*distance);
+  return true;
+}
+
 bool WindowWidget::scroll(int key) {
-  kit::ScrollArea* area = scrollArea();
+  auto* area = first<kit::ScrollArea>();
   if (area == nullptr) {
     return false;
   }
@@ -68,10 +136,11 @@ bool WindowWidget::scroll(int key) {
   }
 }
 
-kit::ScrollArea* WindowWidget::scrollArea() const {
+template <class Kind>
+Kind* WindowWidget::first() const {
   for (kit::Control* control : window_->controls()) {
-    if (auto* area = dynamic_cast<kit::ScrollArea*>(control)) {
-      return area;
+    if (auto* found = dynamic_cast<Kind*>(control)) {
+      return found;
     }
   }
   return nullptr;

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QtWidgets/QWidget>
+#include <memory>
 
 namespace tarnwell::kit {
-class ScrollArea;
+class Control;
 class Window;
 }  // namespace tarnwell::kit
 
@@ -25,13 +26,21 @@ class WindowWidget final : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  bool chooseTab(const QKeyEvent& event);
   bool scroll(int key);
-  kit::ScrollArea* scrollArea() const;
+  /// The first control of that kind; null for none.
+  template <class Kind>
+  Kind* first() const;
+  /// The handle of the switch whose label stands there; null for none.
+  std::shared_ptr<kit::Control* const> toggleLabelledAt(const QPointF& position) const;
 
   kit::Window* window_;
   KeyRoute& keys_;
+  std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
 };
 
 }  // namespace tarnwell::host_qt
