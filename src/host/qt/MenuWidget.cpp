@@ -56,11 +56,14 @@ void MenuWidget::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+QString MenuWidget::keysOf(const QAction& action) const {
+  const auto row = std::ranges::find(rows_, &action, &Row::second);
+  return row != rows_.end() ? keyEquivalentText(row->first->keyEquivalent()) : QString();
+}
+
 void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
   QMenu::initStyleOption(option, action);
-  const auto row = std::ranges::find(rows_, action, &Row::second);
-  const QString keys = row != rows_.end() ? keyEquivalentText(row->first->keyEquivalent()) : QString();
-  if (!keys.isEmpty()) {
+  if (const QString keys = keysOf(*action); !keys.isEmpty()) {
     option->text += '\t' + keys;
   }
 }

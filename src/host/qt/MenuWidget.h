@@ -24,10 +24,11 @@ class MenuWidget final : public QMenu {
   /// All are borrowed; a menu that ends first is shown as it was.
   MenuWidget(kit::Application& application, kit::Menu& menu, const Theme& theme, QWidget* parent = nullptr);
 
+  /// The key equivalent at the right edge of the row. The action's own text is its name for screen readers.
+  QString keysOf(const QAction& action) const;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  /// Adds the key equivalent behind a tabulator. It is no part of the action's own text: that is its name for screen
-  /// readers.
   void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
  private:

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "fixtures/WaitFor.h"
+#include "host/qt/MenuWidget.h"
 #include "host/qt/PrivateBus.h"
 #include "host/qt/WidgetDriver.h"
 #include "kit/Updater.h"
@@ -116,7 +117,9 @@ std::shared_ptr<kit::MenuItem> entry(const std::string& title, kit::Action handl
 std::vector<std::string> linesOf(const QMenu& menu) {
   std::vector<std::string> lines;
   for (const QAction* action : menu.actions()) {
-    const QString text = action->text().replace('\t', '|');
+    const auto* ours = dynamic_cast<const MenuWidget*>(&menu);
+    const QString keys = ours != nullptr ? ours->keysOf(*action) : QString();
+    const QString text = keys.isEmpty() ? action->text() : action->text() + '|' + keys;
     const QString shown = action->isEnabled() ? text : '(' + text + ')';
     lines.push_back(action->isSeparator() ? "-" : shown.toStdString());
   }
