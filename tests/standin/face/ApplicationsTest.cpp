@@ -66,6 +66,39 @@ TEST(ApplicationsTest, aButtonThatIsLetGoAwayFromTheIconDoesNothing) {
   dock.openNotebook();
 }
 
+TEST(ApplicationsTest, theMenuOfAnIconIsARoundedSheetOfGlass) {
+  ShownDock dock;
+  Display& display = dock.display();
+  dock.start();
+  dock.reveal();
+  constexpr std::uint32_t green = 0x00ff00;
+  display.openWindow(0, 0, Display::width, 680, green);
+  EXPECT_TRUE(waitFor([&] { return display.color(640, 300) == green; }));
+  dock.click(ShownDock::notebook, 3);
+  const int column = ShownDock::iconColumn(ShownDock::notebook);
+  constexpr int above = 500;
+  const auto lineOf = [&](int x) {
+    const Colors colors = display.colors(x, above, 1, 180);
+    return std::ranges::find_if(colors, [](std::uint32_t color) { return color != green; }) - colors.begin();
+  };
+  EXPECT_TRUE(waitFor([&] { return lineOf(column) < 180; }));
+  const auto top = static_cast<int>(lineOf(column)) + above;
+  const Colors across = display.colors(column - 100, top + 20, 200, 1);
+  const auto left =
+      static_cast<int>(std::ranges::find_if(across, [](auto color) { return color != green; }) - across.begin()) +
+      column - 100;
+  // Its corner is what is behind it, and its inside has a tinge of that.
+  EXPECT_EQ(display.color(left, top), green);
+  const std::uint32_t glass = display.color(left + 8, top + 20);
+  EXPECT_GT((glass >> 8U) & 0xffU, (glass >> 16U) & 0xffU);
+  EXPECT_GT((glass >> 8U) & 0xffU, glass & 0xffU);
+  // The entry below the pointer says so.
+  const auto isBlue = [&] { return (display.color(left + 12, top + 20) & 0xffU) > 0xd0; };
+  const std::uint32_t before = display.color(left + 12, top + 20);
+  display.act("mousemove " + std::to_string(left + 40) + " " + std::to_string(top + 20));
+  EXPECT_TRUE(waitFor([&] { return display.color(left + 12, top + 20) != before && isBlue(); }));
+}
+
 TEST(ApplicationsTest, theIconOfALaunchedApplicationJumpsOnce) {
   ShownDock dock;
   const Display& display = dock.display();

@@ -134,6 +134,29 @@ void Display::dropEscapeKey() {
   xcb_flush(connection_.get());
 }
 
+std::uint32_t Display::atom(const std::string& name) const {
+  const auto asked = xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+  const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_.get(), asked, nullptr));
+  return reply ? reply->atom : std::uint32_t{XCB_ATOM_NONE};
+}
+
+std::vector<std::uint32_t> Display::property(const std::string& title, const std::string& name) const {
+  constexpr std::uint32_t longest = 16;
+  const Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), root_), nullptr));
+  for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
+    const xcb_window_t window = xcb_query_tree_children(tree.get())[i];
+    const Reply<xcb_get_property_reply_t> found(xcb_get_property_reply(
+        connection_.get(),
+        xcb_get_property(connection_.get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, longest), nullptr));
+    if (this->title(window) == title && found && found->format == 32) {
+      const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(found.get()));
+      return {first, first + found->value_len};
+    }
+  }
+  return {};
+}
+
 int Display::windowCount(const std::string& title) const {
   const Reply<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection_.get(), xcb_query_tree(connection_.get(), root_), nullptr));

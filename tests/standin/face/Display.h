@@ -62,6 +62,12 @@ class Display {
   /// Whether a button of the mouse was pressed on one of those since the call before.
   bool wasPressed();
 
+  /// The numbers in a property of the window of a title, whether it can be seen or not; nothing where it has none.
+  std::vector<std::uint32_t> property(const std::string& title, const std::string& name) const;
+
+  /// What number a name has there.
+  std::uint32_t atom(const std::string& name) const;
+
   /// How many windows of a title can be seen.
   int windowCount(const std::string& title) const;
 

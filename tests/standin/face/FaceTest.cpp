@@ -299,6 +299,19 @@ TEST(FaceTest, comesBackOnScreensWhosePixelsMakeNoWholeNumberOfPoints) {
   }
 }
 
+TEST(FaceTest, asksCompositorsForNoShadow) {
+  ShownDock dock;
+  const Display& display = dock.display();
+  dock.start();
+  const std::uint32_t typeDock = display.atom("_NET_WM_WINDOW_TYPE_DOCK");
+  for (const char* window : {"Dock", "Windows", "Minimizing"}) {
+    const std::vector<std::uint32_t> kinds = display.property(window, "_NET_WM_WINDOW_TYPE");
+    EXPECT_TRUE(!kinds.empty() && kinds.front() == typeDock) << window;
+    EXPECT_EQ(display.property(window, "_COMPTON_SHADOW"), std::vector<std::uint32_t>(1)) << window;
+    EXPECT_EQ(display.property(window, "_GTK_FRAME_EXTENTS"), std::vector<std::uint32_t>(4)) << window;
+  }
+}
+
 TEST(FaceTest, staysWhileDocksComeAndGo) {
   ShownDock dock;
   dock.start();

@@ -34,7 +34,7 @@ class WindowSurfaceTest : public testing::Test {
                        {"DISPLAY=" + display_.name(), "WAYLAND_DISPLAY=none", "QT_QPA_PLATFORM=xcb"});
     pointAt(1270, 790);
     dock_.emplace(Words{SUPERVISOR_PATH}, environment);
-    ASSERT_TRUE(waitFor([&] { return display_.windowCount("Dock") == 1 && display_.color(500, 20) != 0; }));
+    ASSERT_TRUE(waitFor([&] { return display_.windowCount("Dock") == 1 && isShown(); }));
     ASSERT_TRUE(waitFor([&] { return !isShown(); })) << dock_->errors();
   }
 
@@ -83,6 +83,20 @@ TEST_F(WindowSurfaceTest, livesInAWindowThatSaysSo) {
   EXPECT_EQ(display().color(1100, 700), 0U);
 }
 
+TEST_F(WindowSurfaceTest, comesWhereAFrameTakesTheLastPointsOfItsLowerEdge) {
+  start();
+  pointAt(width / 2, height - 11);
+  EXPECT_TRUE(waitFor([&] { return isShown(); }));
+}
+
+TEST_F(WindowSurfaceTest, comesForAPointerThatLeavesItDownwards) {
+  start();
+  display().act("mousemove 500 540 mousemove 500 600 mousemove 500 700");
+  EXPECT_TRUE(waitFor([&] { return isShown(); }));
+  display().act("mousemove 500 300 mousemove 20 300 mousemove 1100 300");
+  EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+}
+
 TEST_F(WindowSurfaceTest, keepsItsWindowBelowTheOthersWhenTheDockIsStartedAgain) {
   start();
   constexpr std::uint32_t green = 0x00ff00;
@@ -93,7 +107,7 @@ TEST_F(WindowSurfaceTest, keepsItsWindowBelowTheOthersWhenTheDockIsStartedAgain)
   for (int i = 0; i < 3; ++i) {
     restart();
   }
-  pointAt(1270, 790);
+  pointAt(width / 2, height / 2);
   // The last one greets, and hides.
   EXPECT_TRUE(waitFor([&] { return !isShown(); }));
   EXPECT_EQ(display().color(500, 20), green);

@@ -1,8 +1,6 @@
 #include "standin/dock/face/DockScene.h"
 
 #include <QtGui/QGuiApplication>
-#include <QtGui/QPalette>
-#include <QtWidgets/QMenu>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -21,14 +19,6 @@ std::chrono::milliseconds durationOf(DocumentWindow::Pace pace) {
   return pace == DocumentWindow::Pace::slow ? usual * slower : usual;
 }
 
-QPalette paletteOf(const Look& look) {
-  QPalette palette(look.ink, look.label, look.windowRim, look.windowRim, look.faintInk, look.ink, look.ink, look.label,
-                   look.label);
-  palette.setColor(QPalette::Highlight, QColor(0x1268e3));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  return palette;
-}
-
 }  // namespace
 
 DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme scheme, std::string deskPath)
@@ -41,7 +31,7 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme sche
       spread_(surface, scrolling_),
       dock_(surface, icons_, makeReveal(behavior), scrolling_,
             {.click = [this](std::size_t item) { click(item); },
-             .menu = [this](std::size_t item, QPoint place) { openMenu(item, place); },
+             .menu = [this](std::size_t item) { openMenu(item); },
              .scrollUp = [this](std::size_t item) { scrollUp(item); }}) {
   file_.restore(desk_);
   dock_.setScheme(scheme);
@@ -195,20 +185,15 @@ void DockScene::activate(std::size_t application) {
   surface_.raiseDock();
 }
 
-void DockScene::openMenu(std::size_t item, QPoint place) {
+void DockScene::openMenu(std::size_t item) {
   const auto application = meanings_[item].application;
   if (!application || spread_.isOpen()) {
     return;
   }
   const DemoApplication& shown = desk_.applications()[*application];
-  auto* menu = new QMenu;
-  menu->setPalette(paletteOf(Look::of(scheme_)));
-  QFont font = menu->font();
-  font.setPixelSize(13);
-  menu->setFont(font);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu_ = std::make_unique<DockMenu>(surface_, Look::of(scheme_));
   const auto addAction = [&](const char* text, auto&& action) {
-    menu->addAction(QString::fromUtf8(text), [this, action] {
+    menu_->addAction(QString::fromUtf8(text), [this, action] {
       action();
       show();
     });
@@ -225,10 +210,10 @@ void DockScene::openMenu(std::size_t item, QPoint place) {
     addAction("Quit", [this, which] { desk_.quit(which); });
   }
   dock_.hold();
-  QObject::connect(menu, &QMenu::aboutToHide, &dock_, [this] { dock_.release(); });
+  QObject::connect(menu_.get(), &QMenu::aboutToHide, &dock_, [this] { dock_.release(); });
   const QRect icon = dock_.iconPlace(item);
-  constexpr int gap = 34;  // over an icon that has grown
-  menu->popup(surface_.toScreen(QPoint(place.x(), icon.top() - gap - menu->sizeHint().height())));
+  constexpr int gap = 28;  // over an icon that has grown
+  menu_->openAbove(QPoint(icon.center().x(), icon.top() - gap));
 }
 
 void DockScene::scrollUp(std::size_t item) {

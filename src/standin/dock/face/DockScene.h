@@ -10,6 +10,7 @@
 
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/face/DeskFile.h"
+#include "standin/dock/face/DockMenu.h"
 #include "standin/dock/face/DockWidget.h"
 #include "standin/dock/face/DocumentWindow.h"
 #include "standin/dock/face/EffectOverlay.h"
@@ -54,7 +55,7 @@ class DockScene {
   void click(std::size_t item);
   void open(std::size_t application, OthersOnActivation others);
   void activate(std::size_t application);
-  void openMenu(std::size_t item, QPoint place);
+  void openMenu(std::size_t item);
   void scrollUp(std::size_t item);
   void spread(std::size_t application);
 
@@ -78,6 +79,7 @@ class DockScene {
   EffectOverlay effect_;
   SpreadOverlay spread_;
   DockWidget dock_;
+  std::unique_ptr<DockMenu> menu_;  // the one that was opened last
 };
 
 }  // namespace tarnwell::standin

@@ -270,7 +270,7 @@ void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
     actions_.click(*pressed);
   } else if (event->button() == Qt::RightButton) {
-    actions_.menu(*pressed, event->globalPosition().toPoint());
+    actions_.menu(*pressed);
   }
 }
 

@@ -24,7 +24,7 @@ class DockWidget final : public QWidget {
   /// What to do about the item of a number.
   struct Actions {
     std::function<void(std::size_t item)> click;
-    std::function<void(std::size_t item, QPoint place)> menu;
+    std::function<void(std::size_t item)> menu;
     std::function<void(std::size_t item)> scrollUp;
   };
 

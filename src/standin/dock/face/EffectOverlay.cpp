@@ -53,7 +53,6 @@ EffectOverlay::EffectOverlay(Surface& surface) : surface_(surface), frames_([thi
   setWindowTitle(QStringLiteral("Minimizing"));
   setAttribute(Qt::WA_TransparentForMouseEvents);
   surface_.adopt(*this, Surface::Role::effect);
-  setWindowFlag(Qt::WindowTransparentForInput);
 }
 
 void EffectOverlay::start(const QPixmap& picture, const Journey& journey, std::function<void()> arrived) {

@@ -11,6 +11,9 @@ struct Look {
   QColor shelf;       // laid over what is behind it
   QColor shelfRim;    // its outermost line
   QColor shelfShine;  // a line within that one
+  QColor menu;        // as the shelf, with text on it
+  QColor chosen;      // an entry of the menu
+  QColor chosenText;
   QColor separator;
   QColor dot;
   QColor label;

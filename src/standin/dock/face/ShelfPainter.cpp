@@ -2,10 +2,11 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QPainterPath>
 #include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "standin/dock/face/Panel.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -70,18 +71,6 @@ QRegion roundedRegion(const QRectF& rectangle, double radius) {
   return region;
 }
 
-// Line by line where it is round. What is behind the dock may change while it is there, and a corner that shows the
-// picture from before would be seen.
-QRegion closeRegion(const QRectF& rectangle, double radius) {
-  QRegion region = rectangle.adjusted(0, radius, 0, -radius).toAlignedRect();
-  for (int line = 0; line < radius; ++line) {
-    const double rise = radius - std::min(line + 1.0, radius);
-    const double inset = radius - std::sqrt(radius * radius - rise * rise);
-    region += rectangle.adjusted(inset, line, -inset, -line).toAlignedRect();
-  }
-  return region;
-}
-
 }  // namespace
 
 void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& behind) {
@@ -96,7 +85,7 @@ void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& b
 
 QRegion ShelfPainter::outline(const Frame& frame) {
   const QRectF shelf = shelfOf(frame);
-  QRegion region = closeRegion(shelf, shelfRadius);
+  QRegion region = panelRegion(shelf, shelfRadius);
   const auto places = frame.layout.placed(frame.attention);
   for (std::size_t i = 0; i < places.size(); ++i) {
     if (const QRectF square = squareOf(frame, frame.items[i], places[i]); square.top() < shelf.top()) {
@@ -104,7 +93,7 @@ QRegion ShelfPainter::outline(const Frame& frame) {
     }
   }
   if (const auto label = labelOf(frame)) {
-    region += closeRegion(*label, labelRadius);
+    region += panelRegion(*label, labelRadius);
   }
   return region;
 }
@@ -115,23 +104,7 @@ int ShelfPainter::heightFor(const ShelfLayout& layout) {
 }
 
 void ShelfPainter::paintShelf(QPainter& painter, const Frame& frame, const QPixmap& behind) {
-  const QRectF shelf = shelfOf(frame);
-  if (!behind.isNull()) {
-    QPainterPath path;
-    path.addRoundedRect(shelf, shelfRadius, shelfRadius);
-    painter.save();
-    painter.setPen(Qt::NoPen);
-    painter.fillPath(path, QBrush(behind));
-    painter.restore();
-  }
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(look_.shelf);
-  painter.drawRoundedRect(shelf, shelfRadius, shelfRadius);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(look_.shelfRim, 1));
-  painter.drawRoundedRect(shelf.adjusted(0.5, 0.5, -0.5, -0.5), shelfRadius - 0.5, shelfRadius - 0.5);
-  painter.setPen(QPen(look_.shelfShine, 1));
-  painter.drawRoundedRect(shelf.adjusted(1.5, 1.5, -1.5, -1.5), shelfRadius - 1.5, shelfRadius - 1.5);
+  paintPanel(painter, shelfOf(frame), shelfRadius, look_.shelf, look_, behind);
 }
 
 void ShelfPainter::paintSlot(QPainter& painter, const Frame& frame, const DockItem& item,

@@ -19,6 +19,7 @@ class Surface {
     dock,      // above everything, takes no focus
     overlay,   // for a while above everything but the dock, takes no focus
     effect,    // for a while above all of it, takes neither focus nor pointer
+    menu,      // a menu of the dock's, above everything until something was chosen
     document,  // an ordinary window
   };
 

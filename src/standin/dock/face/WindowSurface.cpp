@@ -1,56 +1,36 @@
 #include "standin/dock/face/WindowSurface.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QLinearGradient>
 #include <QtGui/QPainter>
-#include <algorithm>
-#include <utility>
+#include <QtGui/QWindow>
 
 namespace tarnwell::standin {
-namespace {
-
-// A window has no edge that stops the pointer: one point is too easily passed by.
-constexpr int leastEdge = 3;
-
-}  // namespace
-
-class WindowSurface::EdgeStrip : public QWidget {
- public:
-  EdgeStrip(QWidget& parent, std::function<void(bool)> changed) : QWidget(&parent), changed_(std::move(changed)) {}
-
- private:
-  void enterEvent(QEnterEvent* /*event*/) override { changed_(true); }
-  void leaveEvent(QEvent* /*event*/) override { changed_(false); }
-
-  std::function<void(bool)> changed_;
-};
-
-WindowSurface::WindowSurface()
-    : floor_(new QWidget(this)), edge_(new EdgeStrip(*this, [this](bool isThere) { tellEdge(isThere); })) {
+WindowSurface::WindowSurface() : floor_(new QWidget(this)) {
   constexpr QSize size(1000, 640);
   constexpr QSize least(480, 360);
   setWindowTitle(QStringLiteral("Dock"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   setMinimumSize(least);
   resize(size);
-  placeParts();
   QWidget::show();
+  // Hears of the pointer wherever in the window it is.
+  windowHandle()->installEventFilter(this);
 }
 
 WindowSurface::~WindowSurface() = default;
 
 void WindowSurface::adopt(QWidget& widget, Role role) {
+  if (role == Role::menu) {
+    widget.setAttribute(Qt::WA_TranslucentBackground);
+    return widget.setParent(this, widget.windowFlags());
+  }
   widget.setParent(role == Role::dock || role == Role::effect ? this : floor_);
-  edge_->raise();
 }
 
 QPixmap WindowSurface::picture(const QRect& part) const { return const_cast<WindowSurface*>(this)->grab(part); }
-
-void WindowSurface::setEdgeHeight(int points) {
-  edgeHeight_ = points;
-  placeParts();
-}
 
 void WindowSurface::setScheme(Scheme scheme) {
   look_ = Look::of(scheme);
@@ -72,7 +52,7 @@ void WindowSurface::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WindowSurface::resizeEvent(QResizeEvent* /*event*/) {
-  placeParts();
+  floor_->setGeometry(rect());
   tellArea();
 }
 
@@ -90,10 +70,21 @@ void WindowSurface::closeEvent(QCloseEvent* event) {
   showMinimized();
 }
 
-void WindowSurface::placeParts() {
-  floor_->setGeometry(rect());
-  const int high = std::max(edgeHeight_, leastEdge);
-  edge_->setGeometry(0, height() - high, width(), high);
+bool WindowSurface::eventFilter(QObject* /*watched*/, QEvent* event) {
+  const auto placeOf = [](QPointF place) { return Point{place.x(), place.y()}; };
+  if (event->type() == QEvent::Enter) {
+    edge_.enter(placeOf(static_cast<QEnterEvent*>(event)->position()), extent());
+  } else if (event->type() == QEvent::MouseMove && QGuiApplication::mouseButtons() == Qt::NoButton) {
+    edge_.move(placeOf(static_cast<QMouseEvent*>(event)->position()), extent());
+  } else if (event->type() == QEvent::Leave) {
+    edge_.leave();
+  }
+  if (edge_.isReached() != isAtEdge()) {
+    tellEdge(edge_.isReached());
+  }
+  return false;
 }
+
+Size WindowSurface::extent() const { return {.width = 1.0 * width(), .height = 1.0 * height()}; }
 
 }  // namespace tarnwell::standin

@@ -3,6 +3,7 @@
 #include <QtWidgets/QWidget>
 
 #include "standin/dock/face/Surface.h"
+#include "standin/dock/model/LowerEdge.h"
 
 namespace tarnwell::standin {
 
@@ -18,23 +19,21 @@ class WindowSurface final : public Surface, private QWidget {
   QPixmap picture(const QRect& part) const override;
   QPoint toScreen(QPoint place) const override { return mapToGlobal(place); }
   void raiseDock() override {}
-  void setEdgeHeight(int points) override;
+  void setEdgeHeight(int /*points*/) override {}
   void setScheme(Scheme scheme) override;
   void watchEscape(bool isWatched) override { isEscapeWatched_ = isWatched; }
 
  private:
-  class EdgeStrip;
-
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  void placeParts();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  Size extent() const;
 
   Look look_ = Look::of(Scheme::light);
   QWidget* floor_;  // below the dock, with all that could take the pointer from it
-  EdgeStrip* edge_;
-  int edgeHeight_ = 1;
+  LowerEdge edge_;
   bool isEscapeWatched_ = false;
 };
 

@@ -67,6 +67,26 @@ void waitForToolkit() {
   }
 }
 
+void setProperty(xcb_connection_t* display, xcb_window_t window, const std::string& name,
+                 const std::vector<std::uint32_t>& values) {
+  const auto asked = xcb_intern_atom(display, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  if (const Reply<xcb_intern_atom_reply_t> atom{xcb_intern_atom_reply(display, asked, nullptr)}) {
+    xcb_change_property(display, XCB_PROP_MODE_REPLACE, window, atom->atom, XCB_ATOM_CARDINAL, 32,
+                        static_cast<std::uint32_t>(values.size()), values.data());
+  }
+}
+
+// Asked of a compositor in the two ways that those that draw shadows around every window know: that this one shall have
+// none, and that the window draws its own within margins of no size. On the toolkit's connection, which makes the
+// window.
+void castNoShadow(const QWidget& widget) {
+  if (const auto* platform = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    const auto window = static_cast<xcb_window_t>(widget.winId());
+    setProperty(platform->connection(), window, "_COMPTON_SHADOW", {0});
+    setProperty(platform->connection(), window, "_GTK_FRAME_EXTENTS", {0, 0, 0, 0});
+  }
+}
+
 QScreen* screen() { return QGuiApplication::primaryScreen(); }
 
 // From points to pixels, where the screen starts at the same place in both. Edges are rounded, not sizes, or parts that
@@ -118,12 +138,19 @@ void X11Surface::adopt(QWidget& widget, Role role) {
     widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     return;
   }
+  if (role == Role::menu) {
+    return castNoShadow(widget);
+  }
   // A window manager would give it a place among windows, and take its time for it.
   Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+  flags.setFlag(Qt::WindowTransparentForInput, role == Role::effect);
   widget.setWindowFlags(flags);
   // What appears of it is painted at once; a colour of the server's in between would flicker.
   widget.setAttribute(Qt::WA_NoSystemBackground);
+  castNoShadow(widget);
+  // Nor has a dock one, of whichever shape. Told of before there is a window, the toolkit would forget it.
+  widget.setAttribute(Qt::WA_X11NetWmWindowTypeDock);
   if (role == Role::dock) {
     dock_ = &widget;
   }

@@ -10,6 +10,11 @@ struct Point {
   bool operator==(const Point&) const = default;
 };
 
+struct Size {
+  double width = 0;
+  double height = 0;
+};
+
 struct Rectangle {
   double x = 0;
   double y = 0;
