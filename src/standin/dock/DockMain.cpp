@@ -40,13 +40,14 @@ by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless se
   --help        this text
 )";
 
-// Whoever started us may have ignored it, and then killall would have no effect. The supervisor has blocked it.
-void letTerminationThrough() {
-  (void)std::signal(SIGTERM, SIG_DFL);
+// The parent process may have ignored it, and then killall would have no effect; the supervisor has blocked it. None
+// that comes before the line in the log is lost, nor does it come through before that.
+void setTermination(int how) {
   sigset_t termination;
   ::sigemptyset(&termination);
   ::sigaddset(&termination, SIGTERM);
-  ::sigprocmask(SIG_UNBLOCK, &termination, nullptr);
+  ::sigprocmask(how, &termination, nullptr);
+  (void)std::signal(SIGTERM, SIG_DFL);
 }
 
 void logSettings(const std::string& root, const StoredPreferences& stored) {
@@ -80,8 +81,9 @@ int run(Mode mode, std::optional<int> socket = std::nullopt) {
   if (mode == Mode::list) {
     return printOut(listText(dockBehavior(stored))) ? 0 : 1;
   }
+  setTermination(SIG_BLOCK);
   logSettings(*root, stored);
-  letTerminationThrough();
+  setTermination(SIG_UNBLOCK);
   if (mode == Mode::face) {
     // What was read and logged, since the preferences may have changed meanwhile.
     show(socket, listText(dockBehavior(stored)));
