@@ -122,6 +122,8 @@ TEST(DefaultsWriteTest, propertyListTextIsAValueOnlyWithoutATypeFlag) {
            {"<0fbd77>", "<0fbd77>"},
            {"<dict><key>a</key><true/></dict>", "{\n    a = 1;\n}"},
            {"hello world", "hello world"},
+           {"\"hello world\"", "hello world"},
+           {"\"hello\" world", "\"hello\" world"},
            {"a (b", "a (b"},
        }) {
     EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", text}).status, 0) << text;

@@ -182,7 +182,9 @@ TypedValue parseUntyped(const std::string& text) {
   if (text.starts_with('{') || text.starts_with('(') || text.starts_with('<')) {
     return parsed(text, parseListText(text));
   }
-  return made(std::move(value), 1);
+  // A text that is quoted whole stands for what is within the quotes.
+  PropertyList quoted = text.starts_with('"') || text.starts_with('\'') ? parseOldStyleText(text) : nullptr;
+  return made(std::move(quoted ? quoted : value), 1);
 }
 
 TypedValue parseScalar(Arguments arguments) {

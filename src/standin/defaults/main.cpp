@@ -3,6 +3,7 @@
 /// key, and `export`, `import`, `delete` and `domains` beside it. It differs from the original in these points:
 ///   - Host domains, `rename` and `find` are refused.
 ///   - Values that are no number are refused by -int and -float; the original stores zero.
+///   - Property list text has no comments, a value for every key, and octal escapes for ASCII alone.
 ///   - Dates are read in the three forms that the help names, not in natural language.
 ///   - Data is printed whole, as <hex>; dictionaries are sorted by bytes.
 ///   - No daemon: a lock file beside the stores keeps writers apart, and every write is on the disk when it returns.
