@@ -72,7 +72,10 @@ std::unique_ptr<kit::UpdaterController> makeUpdaterController(
           .keyEquivalents = [](const kit::KeyEvent& key) { kit::Application::shared()->performKeyEquivalent(key); }});
 }
 
-int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, const Start& start) {
+int run(host_qt::QtApplication& desktop, const std::unique_ptr<host_qt::SingleInstance> instance, const Start& start) {
+  if (!instance->listen(desktop)) {
+    return EXIT_SUCCESS;
+  }
   host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
                                       .name = "Tarnwell",
                                       .executable = executableToStart(start),
@@ -93,7 +96,7 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
   const auto application = kit::Application::create(platform);
   app::TarnwellApp tarnwellApp;
   view::SceneRunner scenes(*application, makeEnvironment(platform, runner));
-  instance.setAsked([&](const host_qt::ApplicationService::Request& request) {
+  instance->setAsked([&](const host_qt::ApplicationService::Request& request) {
     host_qt::useActivationToken(request.token);
     application->turn().perform([&scenes] { scenes.openSettings(); });
     platform.activate();
@@ -106,17 +109,13 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
 int startOnDesktop(int argc, char** argv, const Start& start) {
   // Before the toolkit starts, which uses it up.
   const std::string token = host_qt::givenActivationToken();
+  auto instance = host_qt::SingleInstance::claim(token);
+  if (!instance) {
+    // The one that runs already comes to the front.
+    return EXIT_SUCCESS;
+  }
   const auto desktop = host_qt::QtApplication::create(argc, argv);
-  if (!desktop) {
-    return EXIT_FAILURE;
-  }
-  const auto claimed = host_qt::SingleInstance::claim(*desktop, token);
-  if (const auto* failure = std::get_if<host_linux::Failure>(&claimed)) {
-    return failed(failure->message, EXIT_FAILURE);
-  }
-  const auto& instance = std::get<std::unique_ptr<host_qt::SingleInstance>>(claimed);
-  // The one that runs already has come to the front.
-  return instance ? run(*desktop, *instance, start) : EXIT_SUCCESS;
+  return desktop ? run(*desktop, std::move(instance), start) : EXIT_FAILURE;
 }
 
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {

@@ -51,8 +51,10 @@ bool leaveMessage(const sockaddr_un& address, const std::string& message) {
   const int socket = openSocket();
   const std::string sent = message.substr(0, longestMessage);
   const ssize_t count = ::sendto(socket, sent.data(), sent.size(), MSG_NOSIGNAL, plain(address), sizeof(address));
+  // A queue that is full has enough of them for the program to come to the front.
+  const bool isLeft = count >= 0 || errno == EAGAIN;
   ::close(socket);
-  return count >= 0;
+  return isLeft;
 }
 
 /// Bound to the address, in the place of what a process that is gone has left there; negative where that failed.
@@ -103,6 +105,14 @@ Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesys
   return std::unique_ptr<InstanceSocket>(new InstanceSocket(lock, socket, path));
 }
 
+Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
+  const auto used = folder();
+  if (const auto* failed = std::get_if<Failure>(&used)) {
+    return *failed;
+  }
+  return claim(std::get<std::filesystem::path>(used), message);
+}
+
 InstanceSocket::~InstanceSocket() {
   ::unlink(path_.c_str());
   ::close(socket_);
@@ -121,7 +131,12 @@ Result<std::filesystem::path> InstanceSocket::folder() {
   if (given != nullptr && std::filesystem::path(given).is_absolute() && isOursAlone(given)) {
     return std::filesystem::path(given);
   }
-  const std::filesystem::path own = "/tmp/tarnwell-" + std::to_string(::geteuid());
+  std::error_code error;
+  const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
+  if (error) {
+    return Failure{"no folder for temporary files: " + error.message()};
+  }
+  const std::filesystem::path own = temporary / ("tarnwell-" + std::to_string(::geteuid()));
   if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
     return failure(own.string());
   }

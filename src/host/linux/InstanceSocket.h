@@ -8,13 +8,17 @@
 
 namespace tarnwell::host_linux {
 
-/// Keeps a second start from becoming a second program where no session bus does that: a lock, and a socket on which
-/// the program that holds it hears of further starts. Both end with the process, whatever ends it.
+/// Keeps a second start from becoming a second program: a lock, and a socket on which the program that holds it hears
+/// of further starts. Both end with the process, whatever ends it.
 class InstanceSocket {
  public:
   /// The lock in `folder`, which must be the user's alone; or null where another process holds it, which has then been
-  /// told `message`. Waits two seconds at most, for one that has the lock but no socket yet.
+  /// left `message`, to be read once it comes to that. Waits two seconds at most, for one that has the lock but no
+  /// socket yet.
   static Result<std::unique_ptr<InstanceSocket>> claim(const std::filesystem::path& folder, const std::string& message);
+
+  /// The same in the folder of this session.
+  static Result<std::unique_ptr<InstanceSocket>> claim(const std::string& message);
 
   InstanceSocket(const InstanceSocket&) = delete;
   InstanceSocket& operator=(const InstanceSocket&) = delete;
@@ -25,7 +29,7 @@ class InstanceSocket {
   /// The oldest message; empty when there is none.
   std::string receive() const;
 
-  /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below /tmp.
+  /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below TMPDIR or /tmp.
   static Result<std::filesystem::path> folder();
 
  private:

@@ -9,8 +9,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int namePatience = 2000;
-constexpr int answerPatience = 5000;
+constexpr int patience = 2000;
 
 // Of the bus: neither take the name from another nor wait until it is free.
 constexpr uint doNotQueue = 4;
@@ -43,7 +42,7 @@ ApplicationService::Claim ApplicationService::claimName() const {
   QDBusMessage message =
       QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus", busService, QStringLiteral("RequestName"));
   message.setArguments({QString(kit::applicationId), doNotQueue});
-  const QDBusMessage answer = bus().call(message, QDBus::Block, namePatience);
+  const QDBusMessage answer = bus().call(message, QDBus::Block, patience);
   if (answer.type() != QDBusMessage::ReplyMessage) {
     return Claim::unavailable;
   }
@@ -51,7 +50,7 @@ ApplicationService::Claim ApplicationService::claimName() const {
   return given == primaryOwner || given == alreadyOwner ? Claim::ours : Claim::others;
 }
 
-ApplicationService::Answer ApplicationService::activateOther(const std::string& token) const {
+bool ApplicationService::activateOther(const std::string& token) const {
   QDBusMessage message =
       QDBusMessage::createMethodCall(kit::applicationId, path(), interfaceName, QStringLiteral("Activate"));
   QVariantMap platformData;
@@ -61,11 +60,7 @@ ApplicationService::Answer ApplicationService::activateOther(const std::string& 
   }
   message.setArguments({platformData});
   message.setAutoStartService(false);
-  const QDBusMessage answer = bus().call(message, QDBus::Block, answerPatience);
-  if (answer.type() == QDBusMessage::ReplyMessage) {
-    return Answer::given;
-  }
-  return QDBusError(answer).type() == QDBusError::ServiceUnknown ? Answer::gone : Answer::none;
+  return QDBusError(bus().call(message, QDBus::Block, patience)).type() != QDBusError::ServiceUnknown;
 }
 
 BusReply<> ApplicationService::activate(const BusDictionary& platformData) {

@@ -28,9 +28,9 @@ class ApplicationService final : public BusObject {
   /// Asks the bus for the name, for two seconds at most.
   Claim claimName() const;
 
-  enum class Answer { given, gone, none };
-  /// Asks whoever has the name to come to the front, for five seconds at most.
-  Answer activateOther(const std::string& token) const;
+  /// Asks the program that has the name to come to the front; false where it has gone. Waits two seconds at most for
+  /// the answer of one that is busy: the bus keeps the request for it.
+  bool activateOther(const std::string& token) const;
 
  private:
   BusReply<> activate(const BusDictionary& platformData);

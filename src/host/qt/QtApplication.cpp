@@ -7,6 +7,7 @@
 
 #include "diagnostics/Console.h"
 #include "host/linux/StartProgram.h"
+#include "host/qt/SessionBus.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -38,6 +39,7 @@ std::unique_ptr<QtApplication> QtApplication::create(int argc, char** argv) {
     diagnostics::printErrorLine("tarnwell: there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set");
     return nullptr;
   }
+  const SessionBusStart bus;
   return std::unique_ptr<QtApplication>(new QtApplication(argc, argv));
 }
 

@@ -15,64 +15,45 @@ constexpr int tries = 3;
 
 }  // namespace
 
-using Claimed = host_linux::Result<std::unique_ptr<SingleInstance>>;
-
-Claimed SingleInstance::claim(QtApplication& application, const std::string& token) {
-  const auto bus = sessionBus();
-  if (!bus) {
-    return claimOnSocket(application, token);
-  }
-  auto service = std::make_unique<ApplicationService>(*bus);
-  for (int i = 0; i < tries; ++i) {
-    switch (service->claimName()) {
-      case ApplicationService::Claim::ours:
-        return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(service), nullptr));
-      case ApplicationService::Claim::unavailable:
-        return claimOnSocket(application, token);
-      case ApplicationService::Claim::others:
-        break;
-    }
-    const auto answer = service->activateOther(token);
-    if (answer == ApplicationService::Answer::given) {
-      return nullptr;
-    }
-    if (answer == ApplicationService::Answer::none) {
-      break;
-    }
-  }
-  return host_linux::Failure{"another Tarnwell is running, but it does not answer"};
-}
-
-void SingleInstance::setAsked(ApplicationService::Asked asked) {
-  if (service_) {
-    service_->setAsked(std::move(asked));
-  } else {
-    asked_ = std::move(asked);
-  }
-}
-
-Claimed SingleInstance::claimOnSocket(QtApplication& application, const std::string& token) {
-  const auto folder = host_linux::InstanceSocket::folder();
-  const auto* failed = std::get_if<host_linux::Failure>(&folder);
-  auto claimed = failed != nullptr ? host_linux::Result<std::unique_ptr<host_linux::InstanceSocket>>(*failed)
-                                   : host_linux::InstanceSocket::claim(std::get<std::filesystem::path>(folder), token);
-  if (failed = std::get_if<host_linux::Failure>(&claimed); failed != nullptr) {
-    diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " + failed->message);
-    return std::unique_ptr<SingleInstance>(new SingleInstance(nullptr, nullptr));
+std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) {
+  auto claimed = host_linux::InstanceSocket::claim(token);
+  if (const auto* failure = std::get_if<host_linux::Failure>(&claimed)) {
+    diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " + failure->message);
+    return std::unique_ptr<SingleInstance>(new SingleInstance(token, nullptr));
   }
   auto socket = std::get<std::unique_ptr<host_linux::InstanceSocket>>(std::move(claimed));
-  if (!socket) {
-    return nullptr;
+  return socket ? std::unique_ptr<SingleInstance>(new SingleInstance(token, std::move(socket))) : nullptr;
+}
+
+bool SingleInstance::listen(QtApplication& application) {
+  if (socket_) {
+    application.watch(socket_->descriptor(), [this] { ask({.token = socket_->receive()}); });
   }
-  const int descriptor = socket->descriptor();
-  std::unique_ptr<SingleInstance> instance(new SingleInstance(nullptr, std::move(socket)));
-  application.watch(descriptor, [own = instance.get()] {
-    const ApplicationService::Request request = {.token = own->socket_->receive()};
-    if (own->asked_) {
-      own->asked_(request);
+  return takeName();
+}
+
+void SingleInstance::ask(const ApplicationService::Request& request) const {
+  if (asked_) {
+    asked_(request);
+  }
+}
+
+bool SingleInstance::takeName() {
+  const auto bus = sessionBus();
+  if (!bus) {
+    return true;
+  }
+  service_ = std::make_unique<ApplicationService>(*bus);
+  service_->setAsked([this](const ApplicationService::Request& request) { ask(request); });
+  for (int i = 0; i < tries; ++i) {
+    if (service_->claimName() != ApplicationService::Claim::others) {
+      return true;
     }
-  });
-  return instance;
+    if (service_->activateOther(token_)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace tarnwell::host_qt

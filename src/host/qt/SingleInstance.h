@@ -10,27 +10,32 @@ namespace tarnwell::host_qt {
 
 class QtApplication;
 
-/// One running program for each session: on the session bus, else by a lock and a socket.
+/// One running program for each user: by a lock, and a socket where further starts leave a message for the program that
+/// holds it, whatever that is doing. The name on the session bus is for launchers; it also decides between programs
+/// that have no lock in common.
 class SingleInstance {
  public:
-  /// This process as the one that runs; or null where another does, which has been asked to come to the front with
-  /// `token`. Fails when the other one does not answer. Where neither way is open, this process runs all the same. The
-  /// application is borrowed.
-  static host_linux::Result<std::unique_ptr<SingleInstance>> claim(QtApplication& application,
-                                                                   const std::string& token);
+  /// This process as the one that runs; or null where another does, which has been left the message to come to the
+  /// front with `token`. Before the toolkit starts, so that a further start depends on neither display nor bus.
+  static std::unique_ptr<SingleInstance> claim(const std::string& token);
 
   /// What further starts and launchers ask for; before the event loop begins.
-  void setAsked(ApplicationService::Asked asked);
+  void setAsked(ApplicationService::Asked asked) { asked_ = std::move(asked); }
+
+  /// Hears of them from the event loop on. False where another program has the name on the bus; it has then been asked
+  /// to come to the front. The application is borrowed.
+  bool listen(QtApplication& application);
 
  private:
-  SingleInstance(std::unique_ptr<ApplicationService> service, std::unique_ptr<host_linux::InstanceSocket> socket)
-      : service_(std::move(service)), socket_(std::move(socket)) {}
+  SingleInstance(std::string token, std::unique_ptr<host_linux::InstanceSocket> socket)
+      : token_(std::move(token)), socket_(std::move(socket)) {}
 
-  static host_linux::Result<std::unique_ptr<SingleInstance>> claimOnSocket(QtApplication& application,
-                                                                           const std::string& token);
+  void ask(const ApplicationService::Request& request) const;
+  bool takeName();
 
-  std::unique_ptr<ApplicationService> service_;
+  std::string token_;
   std::unique_ptr<host_linux::InstanceSocket> socket_;
+  std::unique_ptr<ApplicationService> service_;
   ApplicationService::Asked asked_;
 };
 

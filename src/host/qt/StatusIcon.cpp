@@ -63,10 +63,13 @@ void StatusIcon::follow() {
 
 void StatusIcon::showOnBus() {
   inPanel_.reset();
-  if (!onBus_) {
-    onBus_ = std::make_unique<BusStatusItem>(*sessionBus(), nextPath(), item_, image_);
+  // The bus may have ended since it was heard of the tray.
+  if (const auto bus = sessionBus(); bus && !onBus_) {
+    onBus_ = std::make_unique<BusStatusItem>(*bus, nextPath(), item_, image_);
   }
-  TrayWatch::announce(onBus_->path());
+  if (onBus_) {
+    TrayWatch::announce(onBus_->path());
+  }
 }
 
 void StatusIcon::showInPanel() {

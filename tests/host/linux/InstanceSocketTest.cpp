@@ -63,6 +63,24 @@ TEST(InstanceSocketTest, oneThatHoldsTheLockButNeverListensIsReported) {
   EXPECT_NE(std::get<Failure>(second).message.find("does not answer"), std::string::npos);
 }
 
+TEST(InstanceSocketTest, queueThatIsFullIsMessageEnough) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  // Longer than any system lets it get.
+  for (int i = 0; i < 1000; ++i) {
+    ASSERT_EQ(claim(folder.path(), "again"), nullptr);
+  }
+  EXPECT_EQ(first->receive(), "again");
+}
+
+TEST(InstanceSocketTest, folderThatDoesNotExistIsReported) {
+  const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", "/dev/null/nowhere");
+  const fixtures::EnvironmentScope temporary("TMPDIR", "/dev/null/nowhere");
+  const Claimed claimed = InstanceSocket::claim("message");
+  ASSERT_TRUE(std::holds_alternative<Failure>(claimed));
+  EXPECT_NE(std::get<Failure>(claimed).message.find("temporary"), std::string::npos);
+}
+
 TEST(InstanceSocketTest, childrenDoNotInheritLockOrSocket) {
   const fixtures::Sandbox folder;
   const auto first = claim(folder.path());
@@ -88,8 +106,10 @@ TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
   const fixtures::Sandbox folder;
   ::chmod(folder.path().c_str(), 0755);
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
+  const fixtures::Sandbox other;
+  const fixtures::EnvironmentScope temporary("TMPDIR", other.path());
   const auto used = std::get<std::filesystem::path>(InstanceSocket::folder());
-  EXPECT_EQ(used, "/tmp/tarnwell-" + std::to_string(::geteuid()));
+  EXPECT_EQ(used, other.path() / ("tarnwell-" + std::to_string(::geteuid())));
   EXPECT_EQ(std::filesystem::status(used).permissions(), std::filesystem::perms::owner_all);
 }
 

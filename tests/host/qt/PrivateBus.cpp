@@ -13,10 +13,11 @@ namespace tarnwell::host_qt {
 namespace {
 
 // The child's part: the daemon ends with this process, however that ends.
-[[noreturn]] void becomeDaemon(int output) {
+[[noreturn]] void becomeDaemon(int output, const std::string& place) {
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
   ::dup2(output, STDOUT_FILENO);
-  ::execlp("dbus-daemon", "dbus-daemon", "--session", "--nofork", "--print-address=1", nullptr);
+  const std::string address = "--address=" + place;
+  ::execlp("dbus-daemon", "dbus-daemon", "--session", "--nofork", "--print-address=1", address.c_str(), nullptr);
   ::_exit(EXIT_FAILURE);
 }
 
@@ -30,14 +31,16 @@ std::string lineFrom(int descriptor) {
 
 }  // namespace
 
-PrivateBus::PrivateBus() {
+PrivateBus::PrivateBus() : place_("unix:tmpdir=/tmp") { start(); }
+
+void PrivateBus::start() {
   std::array<int, 2> ends = {};
   if (::pipe(ends.data()) != 0) {
     throw std::runtime_error("no pipe");
   }
   process_ = ::fork();
   if (process_ == 0) {
-    becomeDaemon(ends[1]);
+    becomeDaemon(ends[1], place_);
   }
   ::close(ends[1]);
   address_ = lineFrom(ends[0]);
@@ -45,11 +48,26 @@ PrivateBus::PrivateBus() {
   if (address_.empty()) {
     throw std::runtime_error("dbus-daemon did not start");
   }
+  place_ = address_.substr(0, address_.find(','));
   ::setenv("DBUS_SESSION_BUS_ADDRESS", address_.c_str(), 1);
 }
 
 PrivateBus::~PrivateBus() {
-  ::kill(process_, SIGTERM);
+  thaw();
+  end(SIGTERM);
+}
+
+void PrivateBus::freeze() const { ::kill(process_, SIGSTOP); }
+
+void PrivateBus::thaw() const { ::kill(process_, SIGCONT); }
+
+void PrivateBus::restart() {
+  end(SIGKILL);
+  start();
+}
+
+void PrivateBus::end(int signal) {
+  ::kill(process_, signal);
   ::waitpid(process_, nullptr, 0);
 }
 
