@@ -12,7 +12,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
 
 #include "standin/dock/OwnFolder.h"
 #include "standin/store/StandardStreams.h"
@@ -80,7 +79,7 @@ bool FaceProcess::isRunning() {
   return process_ > 0;
 }
 
-void FaceProcess::tellEnd() const { ::send(socket(), noDock, std::strlen(noDock), MSG_NOSIGNAL | MSG_DONTWAIT); }
+void FaceProcess::tellEnd() const { ::send(socket(), noDock.data(), noDock.size(), MSG_NOSIGNAL | MSG_DONTWAIT); }
 
 void showOn(int socket, const std::string& behavior) {
   ::send(socket, behavior.data(), behavior.size(), MSG_NOSIGNAL);

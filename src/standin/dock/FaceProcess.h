@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "standin/store/Descriptor.h"
@@ -41,7 +42,7 @@ class FaceProcess {
 };
 
 /// What is told: what a Dock goes by, as text, or that there is none. The socket's other end hears both.
-inline constexpr char noDock[] = "-";
+inline constexpr std::string_view noDock = "-";
 
 /// On behalf of a Dock: tells the face what it goes by, and waits until the face has ended.
 void showOn(int socket, const std::string& behavior);

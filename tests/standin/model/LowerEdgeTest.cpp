@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace tarnwell::standin {
 namespace {
 
@@ -43,13 +45,13 @@ TEST(LowerEdgeTest, isNotReachedByLeavingElsewhere) {
     Point before;
     Point last;
   };
-  constexpr Way ways[] = {
+  constexpr std::array<Way, 5> ways = {{
       {{500, 100}, {500, 20}},   // above
       {{100, 540}, {20, 541}},   // to the left
       {{900, 480}, {980, 540}},  // to the right, though downwards
       {{995, 500}, {995, 592}},  // in the strip, but nearer to the right
       {{500, 300}, {501, 302}},  // under something that has opened there
-  };
+  }};
   for (const Way& way : ways) {
     LowerEdge edge;
     edge.enter(way.before, window);
