@@ -5,8 +5,11 @@
 namespace tarnwell::kit {
 namespace {
 
-// Caps lock and the keypad say nothing about what was meant; Shift is in the character.
-constexpr unsigned meantFlags = commandFlag | optionFlag | controlFlag;
+// Caps lock and the keypad say nothing about what was meant. Shift is in the character, so it may be held anyway.
+bool holds(unsigned held, unsigned wanted) {
+  constexpr unsigned meant = commandFlag | optionFlag | controlFlag;
+  return (held & meant) == (wanted & meant) && ((held & shiftFlag) != 0 || (wanted & shiftFlag) == 0);
+}
 
 }  // namespace
 
@@ -46,8 +49,9 @@ void MenuItem::setKeyEquivalent(KeyEquivalent equivalent) {
 }
 
 bool MenuItem::matches(const KeyEvent& event) const {
-  return !keyEquivalent_.key.empty() && keyEquivalent_.key == event.charactersIgnoringModifiers &&
-         (keyEquivalent_.modifierFlags & meantFlags) == (event.modifierFlags & meantFlags);
+  const std::string& key = keyEquivalent_.key;
+  return !key.empty() && (key == event.charactersIgnoringModifiers || key == event.shownInMenus) &&
+         holds(event.modifierFlags, keyEquivalent_.modifierFlags);
 }
 
 void MenuItem::setEnabled(bool enabled) {

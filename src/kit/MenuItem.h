@@ -17,6 +17,7 @@ class MenuItem final : public Object {
  public:
   struct KeyEquivalent {
     std::string key = {};  ///< Compared as it is: "Q" is not "q". Empty for none.
+    /// With Shift where it has to be held. A host that shows every letter in upper case has no other sign of it.
     unsigned modifierFlags = commandFlag;
     friend bool operator==(const KeyEquivalent&, const KeyEquivalent&) = default;
   };

@@ -104,7 +104,8 @@ void MainMenu::addFileMenu() {
 
 void MainMenu::addEditMenu() {
   TopMenu& top = addMenu("Edit");
-  addItems(top, {entry("Undo", "undo:", "z"), entry("Redo", "redo:", "Z")});
+  addItems(top, {entry("Undo", "undo:", "z"),
+                 entryWith("Redo", "redo:", {.key = "Z", .modifierFlags = kit::commandFlag | kit::shiftFlag})});
   addItems(top, {entry("Cut", "cut:", "x"), entry("Copy", "copy:", "c"), entry("Paste", "paste:", "v"),
                  entry("Delete", "delete:"), entry("Select All", "selectAll:", "a")});
 }

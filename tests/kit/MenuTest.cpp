@@ -98,6 +98,22 @@ TEST(MenuItemTest, aKeyMatchesWithItsModifiersAlone) {
   }
 }
 
+TEST(MenuItemTest, aKeyMatchesByWhatMenusShowForItToo) {
+  const auto item = entry("", "Q");
+  const auto pressed = [](const char* shown) {
+    return KeyEvent{.charactersIgnoringModifiers = "q", .modifierFlags = commandFlag, .shownInMenus = shown};
+  };
+  EXPECT_TRUE(item->matches(pressed("Q")));
+  EXPECT_FALSE(item->matches(pressed("")));
+}
+
+TEST(MenuItemTest, shiftHasToBeHeldWhereTheEntryNamesIt) {
+  const auto item = entry("");
+  item->setKeyEquivalent({.key = "Z", .modifierFlags = commandFlag | shiftFlag});
+  EXPECT_TRUE(item->matches({.charactersIgnoringModifiers = "Z", .modifierFlags = commandFlag | shiftFlag}));
+  EXPECT_FALSE(item->matches({.charactersIgnoringModifiers = "Z", .modifierFlags = commandFlag}));
+}
+
 TEST(MenuItemTest, withoutAKeyNothingMatches) {
   EXPECT_FALSE(entry("")->matches({.charactersIgnoringModifiers = "", .modifierFlags = commandFlag}));
 }

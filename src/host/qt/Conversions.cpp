@@ -2,6 +2,8 @@
 
 #include <QtGui/QKeyEvent>
 
+#include "host/qt/KeyEquivalentText.h"
+
 namespace tarnwell::host_qt {
 namespace {
 
@@ -54,7 +56,10 @@ kit::KeyEvent toKeyEvent(const QKeyEvent& event) {
   flags |= modifiers.testFlag(Qt::ControlModifier) ? commandFlag : 0;
   flags |= modifiers.testFlag(Qt::AltModifier) ? optionFlag : 0;
   flags |= modifiers.testFlag(Qt::MetaModifier) ? controlFlag : 0;
-  return {.charactersIgnoringModifiers = charactersOf(event), .modifierFlags = flags};
+  const std::string characters = charactersOf(event);
+  return {.charactersIgnoringModifiers = characters,
+          .modifierFlags = flags,
+          .shownInMenus = keyShownInMenus(characters).toStdString()};
 }
 
 }  // namespace tarnwell::host_qt

@@ -20,27 +20,22 @@ constexpr std::array<Modifier, 4> modifiers = {Modifier{.flag = kit::commandFlag
                                                Modifier{.flag = kit::optionFlag, .shown = "Alt", .name = "Alt"},
                                                Modifier{.flag = kit::shiftFlag, .shown = "Shift", .name = "Shift"}};
 
-// Shift is in the letter.
-unsigned typedFlags(const kit::MenuItem::KeyEquivalent& equivalent) {
-  const QString key = toQString(equivalent.key);
-  const bool upperCase = key != key.toLower();
-  return equivalent.modifierFlags | (upperCase ? kit::shiftFlag : 0);
-}
-
 QStringList parts(const kit::MenuItem::KeyEquivalent& equivalent, const char* Modifier::*wording) {
   if (equivalent.key.empty()) {
     return {};
   }
   QStringList parts;
   for (const Modifier& modifier : modifiers) {
-    if ((typedFlags(equivalent) & modifier.flag) != 0) {
+    if ((equivalent.modifierFlags & modifier.flag) != 0) {
       parts += QString::fromLatin1(modifier.*wording);
     }
   }
-  return parts + QStringList{toQString(equivalent.key).toUpper()};
+  return parts + QStringList{keyShownInMenus(equivalent.key)};
 }
 
 }  // namespace
+
+QString keyShownInMenus(std::string_view key) { return toQString(key).toUpper(); }
 
 QString keyEquivalentText(const kit::MenuItem::KeyEquivalent& equivalent) {
   return parts(equivalent, &Modifier::shown).join('+');

@@ -152,16 +152,38 @@ TEST(MenuBarTest, controlCommaRunsOneEntryThoughTwoAnswerIt) {
   EXPECT_EQ(second, 0);
 }
 
-TEST(MenuBarTest, shiftTellsTwoLettersApart) {
+constexpr unsigned commandAndShift = kit::commandFlag | kit::shiftFlag;
+
+TEST(MenuBarTest, shiftTellsTwoEntriesApart) {
   Desktop desktop;
   std::string chosen;
-  desktop.addMenu("Edit", {entry("Undo", [&chosen] { chosen += "undo "; }, {.key = "z"}),
-                           entry("Redo", [&chosen] { chosen += "redo "; }, {.key = "Z"})});
+  desktop.addMenu("Edit",
+                  {entry("Undo", [&chosen] { chosen += "undo "; }, {.key = "z"}),
+                   entry("Redo", [&chosen] { chosen += "redo "; }, {.key = "Z", .modifierFlags = commandAndShift})});
   desktop.showWindow();
   driver::key(desktop.window(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   driver::key(desktop.window(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(chosen, "redo undo ");
   EXPECT_THAT(linesOf(desktop.menu(0)), ElementsAre("Undo|Ctrl+Z", "Redo|Ctrl+Shift+Z"));
+}
+
+TEST(MenuBarTest, anUpperCaseLetterIsShownAndTypedWithoutShift) {
+  Desktop desktop;
+  int chosen = 0;
+  desktop.addMenu("Menu", {entry("Quit", [&chosen] { ++chosen; }, {.key = "Q"})});
+  desktop.showWindow();
+  EXPECT_THAT(linesOf(desktop.menu(0)), ElementsAre("Quit|Ctrl+Q"));
+  driver::key(desktop.window(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(chosen, 1);
+}
+
+TEST(MenuBarTest, anEntryWithShiftIsNotTypedWithoutIt) {
+  Desktop desktop;
+  int chosen = 0;
+  desktop.addMenu("Edit", {entry("Redo", [&chosen] { ++chosen; }, {.key = "Z", .modifierFlags = commandAndShift})});
+  desktop.showWindow();
+  driver::key(desktop.window(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(chosen, 0);
 }
 
 TEST(MenuBarTest, keyEquivalentClosesAnOpenMenuAndIsRun) {
@@ -205,11 +227,13 @@ TEST(MenuBarTest, f10OpensTheFirstMenu) {
 class EditMenuTest : public testing::Test {
  protected:
   EditMenuTest() {
-    desktop_.addMenu("Edit",
-                     {kit::MenuItem::create("Undo", "undo:", "z"), kit::MenuItem::create("Redo", "redo:", "Z"),
-                      kit::MenuItem::create("Cut", "cut:", "x"), kit::MenuItem::create("Copy", "copy:", "c"),
-                      kit::MenuItem::create("Paste", "paste:", "v"), kit::MenuItem::create("Delete", "delete:", {}),
-                      kit::MenuItem::create("Select All", "selectAll:", "a")});
+    const auto redoEntry = kit::MenuItem::create("Redo", "redo:", {});
+    redoEntry->setKeyEquivalent({.key = "Z", .modifierFlags = commandAndShift});
+    desktop_.addMenu(
+        "Edit",
+        {kit::MenuItem::create("Undo", "undo:", "z"), redoEntry, kit::MenuItem::create("Cut", "cut:", "x"),
+         kit::MenuItem::create("Copy", "copy:", "c"), kit::MenuItem::create("Paste", "paste:", "v"),
+         kit::MenuItem::create("Delete", "delete:", {}), kit::MenuItem::create("Select All", "selectAll:", "a")});
     field_ = &desktop_.add(std::make_unique<kit::TextField>(), {.x = 10, .y = 10, .width = 100, .height = 22});
     field_->setText("0.25");
     desktop_.showWindow();

@@ -5,6 +5,7 @@
 
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusObjectPath>
+#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 
@@ -84,7 +85,7 @@ TEST_F(StatusIconTest, panelReadsTheMenu) {
   const FakePanel panel;
   ASSERT_TRUE(panel.hasIcon());
   EXPECT_THAT(panel.openMenu(),
-              ElementsAre("Settings... [Control ,]", "-", "Check__for & Updates", "Quit Tarnwell [Control Shift Q]"));
+              ElementsAre("Settings... [Control ,]", "-", "Check__for & Updates", "Quit Tarnwell [Control Q]"));
 }
 
 TEST_F(StatusIconTest, menuIsMadeWhenThePanelOpensIt) {
@@ -109,7 +110,7 @@ TEST_F(StatusIconTest, panelHearsOfAnEntryThatCannotBeChosen) {
   check_->setEnabled(false);
   EXPECT_TRUE(becomes([&] { return panel.menuChanges() > before; }));
   EXPECT_THAT(panel.openMenu(),
-              ElementsAre("Settings... [Control ,]", "-", "(Check__for & Updates)", "Quit Tarnwell [Control Shift Q]"));
+              ElementsAre("Settings... [Control ,]", "-", "(Check__for & Updates)", "Quit Tarnwell [Control Q]"));
 }
 
 TEST_F(StatusIconTest, panelThatComesLaterIsTold) {
@@ -126,7 +127,7 @@ TEST_F(StatusIconTest, panelThatComesBackIsToldAgain) {
   const FakePanel again;
   ASSERT_TRUE(again.hasIcon());
   EXPECT_THAT(again.openMenu(),
-              ElementsAre("Settings... [Control ,]", "-", "Check__for & Updates", "Quit Tarnwell [Control Shift Q]"));
+              ElementsAre("Settings... [Control ,]", "-", "Check__for & Updates", "Quit Tarnwell [Control Q]"));
 }
 
 TEST_F(StatusIconTest, leftButtonOpensTheMenuToo) {
@@ -143,7 +144,26 @@ TEST_F(StatusIconTest, leftButtonOpensTheMenuToo) {
   watch.start(0);
   panel.press("Activate");
   EXPECT_TRUE(becomes([&shown] { return !shown.empty(); }));
-  EXPECT_THAT(shown, ElementsAre("Settings...|Ctrl+,", "-", "Check_for && Updates", "Quit Tarnwell|Ctrl+Shift+Q"));
+  EXPECT_THAT(shown, ElementsAre("Settings...|Ctrl+,", "-", "Check_for && Updates", "Quit Tarnwell|Ctrl+Q"));
+}
+
+TEST_F(StatusIconTest, controlAndTheLetterThatIsShownChooseAnEntryOfTheOpenMenu) {
+  const FakePanel panel;
+  ASSERT_TRUE(panel.hasIcon());
+  bool isClosedByTheKey = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&] {
+    if (QWidget* menu = QApplication::activePopupWidget()) {
+      watch.stop();
+      QTest::keyClick(menu->windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+      isClosedByTheKey = !menu->isVisible();
+      menu->close();
+    }
+  });
+  watch.start(0);
+  panel.press("Activate");
+  EXPECT_TRUE(becomes([&isClosedByTheKey] { return isClosedByTheKey; }));
+  EXPECT_EQ(chosen_, "quit ");
 }
 
 TEST_F(StatusIconTest, iconWithoutAMenuSendsItsActionForEachButton) {
