@@ -9,6 +9,7 @@
 #include "app/TarnwellApp.h"
 #include "core/ShellCommandRunner.h"
 #include "diagnostics/Console.h"
+#include "diagnostics/StandardStreams.h"
 #include "dockscreen/CommandRunnerKey.h"
 #include "host/linux/CommandLine.h"
 #include "host/linux/IcuNumberFormat.h"
@@ -119,8 +120,6 @@ int startOnDesktop(int argc, char** argv, const Start& start) {
 }
 
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
-  // Whoever reads our diagnostic lines may stop reading them.
-  std::signal(SIGPIPE, SIG_IGN);
   // Where whoever starts us ignores the ends of children, nobody could tell how ours have ended.
   std::signal(SIGCHLD, SIG_DFL);
   const auto version = host_linux::playedSystemVersion();
@@ -148,6 +147,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   using tarnwell::host_linux::CommandLine;
   using tarnwell::host_linux::Failure;
   using tarnwell::host_linux::LaunchArguments;
+  tarnwell::diagnostics::prepareStandardStreams();
   const CommandLine::Parsed parsed = CommandLine::parse(argc, argv);
   if (const auto* print = std::get_if<CommandLine::Print>(&parsed)) {
     tarnwell::diagnostics::printLine(print->text);

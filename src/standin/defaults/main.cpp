@@ -14,11 +14,11 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/StandardStreams.h"
 #include "standin/defaults/Commands.h"
-#include "standin/store/StandardStreams.h"
 
 int main(int argc, char** argv) {
-  tarnwell::standin::prepareStandardStreams();
+  tarnwell::diagnostics::prepareStandardStreams();
   const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return static_cast<int>(tarnwell::standin::runDefaults(arguments));
 }

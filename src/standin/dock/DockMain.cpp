@@ -17,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/StandardStreams.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 #include "standin/dock/DockSettings.h"
@@ -128,6 +129,6 @@ int runAs(const std::vector<std::string_view>& arguments) {
 }  // namespace tarnwell::standin
 
 int main(int argc, char** argv) {
-  tarnwell::standin::prepareStandardStreams();
+  tarnwell::diagnostics::prepareStandardStreams();
   return tarnwell::standin::runAs({argv + 1, argv + argc});
 }

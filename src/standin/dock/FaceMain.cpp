@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "diagnostics/StandardStreams.h"
 #include "standin/dock/face/Face.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -12,7 +13,7 @@ namespace tarnwell::standin {
 namespace {
 
 int run(int argc, char** argv) {
-  prepareStandardStreams();
+  diagnostics::prepareStandardStreams();
   const std::optional<std::string> root = systemRoot();
   if (!root) {
     printError(std::string("dock-face: ") + noRootMessage + "\n");

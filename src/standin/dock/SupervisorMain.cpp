@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "diagnostics/StandardStreams.h"
 #include "standin/dock/OwnFolder.h"
 #include "standin/dock/Supervisor.h"
 #include "standin/store/FileLock.h"
@@ -56,7 +57,7 @@ int supervise() {
 
 int main(int argc, char** argv) {
   using tarnwell::standin::usageText;
-  tarnwell::standin::prepareStandardStreams();
+  tarnwell::diagnostics::prepareStandardStreams();
   // We outlive whoever started us, and must not keep the other end of a pipe of theirs open.
   ::close_range(STDERR_FILENO + 1, ~0U, 0);
   if (argc < 2) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/StandardStreams.h"
 #include "standin/killall/KillAll.h"
 #include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
@@ -49,6 +50,6 @@ int run(const std::vector<std::string_view>& arguments) {
 }  // namespace tarnwell::standin
 
 int main(int argc, char** argv) {
-  tarnwell::standin::prepareStandardStreams();
+  tarnwell::diagnostics::prepareStandardStreams();
   return tarnwell::standin::run({argv + (argc > 0 ? 1 : 0), argv + argc});
 }

@@ -3,8 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <csignal>
-
 #include "standin/store/Descriptor.h"
 
 namespace tarnwell::standin {
@@ -16,17 +14,6 @@ bool writeTo(int stream, std::string_view text) {
 }
 
 }  // namespace
-
-void prepareStandardStreams() {
-  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
-    // Reading only: a write to a stream that was closed must still fail.
-    if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", O_RDONLY) < 0) {
-      ::_exit(1);
-    }
-  }
-  (void)std::signal(SIGPIPE, SIG_IGN);
-  (void)std::signal(SIGXFSZ, SIG_IGN);
-}
 
 bool printOut(std::string_view text) { return writeTo(STDOUT_FILENO, text); }
 

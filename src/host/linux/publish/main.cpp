@@ -11,6 +11,7 @@
 
 #include "core/Descriptor.h"
 #include "diagnostics/Console.h"
+#include "diagnostics/StandardStreams.h"
 #include "host/linux/publish/Release.h"
 #include "host/linux/publish/SecretKey.h"
 
@@ -116,5 +117,6 @@ int run(int argc, char** argv) {
 
 // What is thrown past here is a fault, and ends the process as one.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  tarnwell::diagnostics::prepareStandardStreams();
   return tarnwell::host_linux::publish::run(argc, argv);
 }
