@@ -25,16 +25,16 @@ constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain},
                                                     {"export", exportDomain},
                                                     {"import", importDomain}}};
 
-Status noRoot() {
-  logLine(noRootMessage);
+Status noRoot(const std::string& problem) {
+  logLine(problem);
   return Status::failure;
 }
 
 Status runForDomain(const DomainVerb& verb, Arguments arguments) {
-  const std::optional<std::string> root = systemRoot();
+  const auto [root, problem] = systemRoot();
   // An absolute path says by itself where the store is.
   if (!root && !arguments.front().starts_with('/')) {
-    return noRoot();
+    return noRoot(problem);
   }
   std::optional<Domain> domain = Domain::resolve(arguments.front(), root.value_or(std::string()));
   if (!domain) {
@@ -45,8 +45,8 @@ Status runForDomain(const DomainVerb& verb, Arguments arguments) {
 }
 
 Status runForAll(Status (*run)(const std::string&)) {
-  const std::optional<std::string> root = systemRoot();
-  return root ? run(*root) : noRoot();
+  const auto [root, problem] = systemRoot();
+  return root ? run(*root) : noRoot(problem);
 }
 
 Status couldNotWrite(const Domain& domain, const Failure& failure) {

@@ -73,9 +73,9 @@ void show(std::optional<int> socket, const std::string& behavior) {
 enum class Mode { face, noWindow, list };
 
 int run(Mode mode, std::optional<int> socket = std::nullopt) {
-  const std::optional<std::string> root = systemRoot();
+  const auto [root, problem] = systemRoot();
   if (!root) {
-    printError(std::string("Dock: ") + noRootMessage + "\n");
+    printError("Dock: " + problem + "\n");
     return 1;
   }
   const StoredPreferences stored = loadPreferences(Domain::resolve("com.apple.dock", *root)->path);

@@ -1,7 +1,6 @@
 /// Shows the Dock of which it is told on its standard input, and then the next one; its windows need not come and go as
 /// often as the Dock is ended. It has another name, so that killall leaves it alone.
 
-#include <optional>
 #include <string>
 
 #include "diagnostics/StandardStreams.h"
@@ -14,9 +13,9 @@ namespace {
 
 int run(int argc, char** argv) {
   diagnostics::prepareStandardStreams();
-  const std::optional<std::string> root = systemRoot();
+  const auto [root, problem] = systemRoot();
   if (!root) {
-    printError(std::string("dock-face: ") + noRootMessage + "\n");
+    printError("dock-face: " + problem + "\n");
     return 1;
   }
   return showFace(argc, argv, *root + "/Library/Application Support/Dock/desk");

@@ -33,9 +33,9 @@ int fail(const std::string& message, int status) {
 }
 
 int supervise() {
-  const std::optional<std::string> root = systemRoot();
+  const auto [root, problem] = systemRoot();
   if (!root) {
-    return fail(noRootMessage, 1);
+    return fail(problem, 1);
   }
   const std::string lockPath = *root + "/.dock-supervisor.lock";
   std::optional<FileLock> lock;

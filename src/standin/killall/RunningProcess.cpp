@@ -80,7 +80,7 @@ bool playsIn(const std::string& process, const std::string& root) {
     return false;
   }
   const std::string environment = environmentOf(process);
-  const auto found = systemRoot([&](const std::string& name) { return variableIn(environment, name); });
+  const auto found = systemRoot([&](const std::string& name) { return variableIn(environment, name); }).folder;
   return found && isSameFolder(found->starts_with('/') ? *found : process + "/cwd/" + *found, root);
 }
 

@@ -5,7 +5,6 @@
 ///   - Several that run at once take turns, and each meets a Dock that was not yet asked to end: where each of many
 ///     settings restarts the Dock, the Dock is restarted as many times.
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,9 +30,9 @@ int run(const std::vector<std::string_view>& arguments) {
     printError(usageText);
     return 1;
   }
-  const std::optional<std::string> root = systemRoot();
+  const auto [root, problem] = systemRoot();
   if (!root) {
-    printError(std::string("killall: ") + noRootMessage + "\n");
+    printError("killall: " + problem + "\n");
     return 1;
   }
   int status = 0;

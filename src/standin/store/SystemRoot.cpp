@@ -2,27 +2,40 @@
 
 #include <cstdlib>
 
-namespace tarnwell::standin {
+#include "standin/store/Utf8.h"
 
-std::optional<std::string> systemRoot() {
+namespace tarnwell::standin {
+namespace {
+
+// Messages name files below it, and what reads those takes them for UTF-8.
+SystemRoot rootBelow(const std::string& variable, const std::string& value, const std::string& below) {
+  if (!isUtf8(value)) {
+    return {.problem = variable + " is not UTF-8, so that no file below it can be told by its name."};
+  }
+  return {.folder = value + below};
+}
+
+}  // namespace
+
+SystemRoot systemRoot() {
   return systemRoot([](const std::string& name) {
     const char* value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
     return value == nullptr ? std::string() : value;
   });
 }
 
-std::optional<std::string> systemRoot(const std::function<std::string(const std::string& name)>& variable) {
-  if (std::string root = variable("MACOS_ROOT"); !root.empty()) {
-    return root;
+SystemRoot systemRoot(const std::function<std::string(const std::string& name)>& variable) {
+  if (const std::string root = variable("MACOS_ROOT"); !root.empty()) {
+    return rootBelow("MACOS_ROOT", root, "");
   }
   // The base directory rules have a relative path ignored.
   if (const std::string data = variable("XDG_DATA_HOME"); data.starts_with('/')) {
-    return data + "/macos-standin";
+    return rootBelow("XDG_DATA_HOME", data, "/macos-standin");
   }
   if (const std::string home = variable("HOME"); !home.empty()) {
-    return home + "/.local/share/macos-standin";
+    return rootBelow("HOME", home, "/.local/share/macos-standin");
   }
-  return std::nullopt;
+  return {.problem = "None of MACOS_ROOT, XDG_DATA_HOME and HOME says where preferences are."};
 }
 
 std::string preferencesFolder(const std::string& root) { return root + "/Library/Preferences"; }
