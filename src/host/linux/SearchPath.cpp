@@ -1,11 +1,12 @@
 #include "host/linux/SearchPath.h"
 
-#include "host/linux/RunningExecutable.h"
-
 #include <unistd.h>
 
 #include <cstdlib>
 #include <system_error>
+
+#include "host/linux/RunningExecutable.h"
+#include "host/linux/UserEnvironment.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -21,6 +22,7 @@ std::optional<Failure> putFirst(const std::string& folder) {
   if (folder.find(':') != std::string::npos) {
     return Failure{"the stand-ins cannot be found in " + folder + ": PATH takes no folder with a colon in its name"};
   }
+  keepUserEnvironment();
   const char* before = ::getenv("PATH");
   if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) {
     return std::nullopt;

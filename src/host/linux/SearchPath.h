@@ -10,8 +10,9 @@
 namespace tarnwell::host_linux {
 
 /// Puts the folder of the stand-ins first on this process's PATH, which its children inherit: no `defaults` of another
-/// package is ever taken for ours. Call it before anything else runs, while the process has one thread. Returns why
-/// not, in which case PATH is as it was and no command may be run.
+/// package is ever taken for ours. Programs that are started for the user get the environment as it was
+/// before (UserEnvironment.h). Call it before anything else runs, while the process has one thread. Returns why not, in
+/// which case PATH is as it was and no command may be run.
 std::optional<Failure> putStandInsFirst();
 
 /// The folder with the stand-in `defaults` of an executable that lies in `folder`: libexec beside the executable, as in

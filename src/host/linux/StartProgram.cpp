@@ -8,6 +8,8 @@
 #include <cstring>
 #include <system_error>
 
+#include "host/linux/UserEnvironment.h"
+
 namespace tarnwell::host_linux {
 namespace {
 
@@ -35,8 +37,8 @@ class CleanSlate {
     ::posix_spawnattr_destroy(&attributes_);
   }
 
-  int start(pid_t& process, char* const* arguments) const {
-    return ::posix_spawnp(&process, arguments[0], &actions_, &attributes_, arguments, environ);
+  int start(pid_t& process, char* const* arguments, char* const* environment) const {
+    return ::posix_spawnp(&process, arguments[0], &actions_, &attributes_, arguments, environment);
   }
 
  private:
@@ -44,18 +46,24 @@ class CleanSlate {
   posix_spawn_file_actions_t actions_ = {};
 };
 
+// As the system takes them; they stay the caller's.
+std::vector<char*> pointers(const std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
+  for (const std::string& text : texts) {
+    // The system's signature lacks a const; it does not touch the texts.
+    pointers.push_back(const_cast<char*>(text.c_str()));
+  }
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
 }  // namespace
 
 Result<pid_t> startProgram(const std::vector<std::string>& words) {
-  std::vector<char*> arguments;
-  arguments.reserve(words.size() + 1);
-  for (const std::string& word : words) {
-    // The system's signature lacks a const; it does not touch the texts.
-    arguments.push_back(const_cast<char*>(word.c_str()));
-  }
-  arguments.push_back(nullptr);
+  const std::vector<std::string> environment = userEnvironment();
   pid_t process = 0;
-  const int error = CleanSlate().start(process, arguments.data());
+  const int error = CleanSlate().start(process, pointers(words).data(), pointers(environment).data());
   if (error != 0) {
     return Failure{"cannot start " + words.front() + ": " + std::generic_category().message(error)};
   }

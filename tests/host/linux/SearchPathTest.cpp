@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
+#include "host/linux/UserEnvironment.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -80,6 +83,17 @@ TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {
   EXPECT_EQ(std::getenv("PATH"), own.path.string() + ":" + other.path().string() + ":/usr/bin:/bin");
   const std::string command = "test \"$(command -v defaults)\" = '" + (own.path / "defaults").string() + "'";
   EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+TEST(SearchPath, programsOfTheUserDoNotFindTheStandIns) {
+  const EnvironmentScope path("PATH", "/usr/bin:/bin");
+  const OwnLibexec own;
+  const int status = fixtures::exitStatusOf([] {
+    const auto hasPath = [] { return std::ranges::count(userEnvironment(), "PATH=/usr/bin:/bin") == 1; };
+    const bool isDone = !putStandInsFirst() && !putStandInsFirst();
+    return isDone && hasPath() && std::getenv("PATH") != std::string("/usr/bin:/bin") ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 }  // namespace

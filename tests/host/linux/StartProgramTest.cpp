@@ -1,0 +1,66 @@
+#include "host/linux/StartProgram.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <set>
+#include <sstream>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
+#include "host/linux/UserEnvironment.h"
+
+namespace tarnwell::host_linux {
+namespace {
+
+using fixtures::EnvironmentScope;
+using Lines = std::set<std::string>;
+
+/// Has a program note its environment. Its exit status.
+int noteEnvironment(const std::string& file) {
+  const auto started = startProgram({"sh", "-c", "env >\"$0\"", file});
+  const auto* process = std::get_if<pid_t>(&started);
+  int status = -1;
+  return process != nullptr && ::waitpid(*process, &status, 0) == *process ? status : 1;
+}
+
+Lines linesOf(const std::string& text) {
+  std::istringstream source(text);
+  Lines lines;
+  for (std::string line; std::getline(source, line);) {
+    lines.insert(line);
+  }
+  return lines;
+}
+
+TEST(StartProgramTest, aProgramGetsTheEnvironmentAsItWasBeforeWeChangedIt) {
+  const fixtures::Sandbox sandbox;
+  const EnvironmentScope path("PATH", "/usr/bin:/bin");
+  const EnvironmentScope other("SOMETHING", "of the user's");
+  const int status = fixtures::exitStatusOf([&] {
+    keepUserEnvironment();
+    ::setenv("PATH", "/stand-ins:/usr/bin:/bin", 1);
+    ::setenv("OURS", "1", 1);
+    return noteEnvironment((sandbox / "environment").string());
+  });
+  EXPECT_EQ(status, 0);
+  const Lines lines = linesOf(sandbox.read("environment"));
+  EXPECT_TRUE(lines.contains("PATH=/usr/bin:/bin"));
+  EXPECT_TRUE(lines.contains("SOMETHING=of the user's"));
+  EXPECT_FALSE(lines.contains("OURS=1"));
+}
+
+// It was given for our windows. A browser that uses it would take it from them, or be refused.
+TEST(StartProgramTest, aProgramDoesNotGetOurPermissionToComeToTheFront) {
+  for (const char* name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
+    const fixtures::Sandbox sandbox;
+    const EnvironmentScope token(name, "ours");
+    EXPECT_EQ(noteEnvironment((sandbox / "environment").string()), 0);
+    EXPECT_FALSE(linesOf(sandbox.read("environment")).contains(std::string(name) + "=ours")) << name;
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::host_linux
