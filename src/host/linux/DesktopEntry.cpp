@@ -73,6 +73,21 @@ std::string escaped(const std::string& value) {
   return result;
 }
 
+// The first word of a command line. In quotes, a backslash takes the next character as it is.
+std::string firstWord(std::string_view line) {
+  const bool isQuoted = line.starts_with('"');
+  std::string word;
+  for (std::size_t i = isQuoted ? 1 : 0; i < line.size(); ++i) {
+    if (isQuoted ? line[i] == '"' : blanks.find(line[i]) != std::string_view::npos) {
+      return word;
+    }
+    i += isQuoted && line[i] == '\\' && i + 1 < line.size() ? 1 : 0;
+    word += line[i];
+  }
+  // Quotes that are never closed hold no word.
+  return isQuoted ? std::string() : word;
+}
+
 }  // namespace
 
 DesktopEntry::DesktopEntry(std::string_view text) : lines_(split(text)) {}
@@ -154,6 +169,30 @@ std::optional<std::string> execValue(const std::vector<std::string>& arguments) 
     line += (line.empty() ? "" : " ") + quoted(argument);
   }
   return escaped(line);
+}
+
+std::string unescaped(std::string_view value) {
+  constexpr std::string_view letters = "sntr";
+  constexpr std::string_view meanings = " \n\t\r";
+  std::string text;
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    if (value[i] != '\\' || i + 1 == value.size()) {
+      text += value[i];
+      continue;
+    }
+    ++i;
+    const auto letter = letters.find(value[i]);
+    text += letter != std::string_view::npos ? meanings[letter] : value[i];
+  }
+  return text;
+}
+
+std::string programOf(std::string_view execValue) {
+  std::string word = firstWord(unescaped(trimmed(execValue)));
+  for (auto sign = word.find("%%"); sign != std::string::npos; sign = word.find("%%", sign + 1)) {
+    word.erase(sign, 1);
+  }
+  return word;
 }
 
 }  // namespace tarnwell::host_linux

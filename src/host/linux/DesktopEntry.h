@@ -36,4 +36,10 @@ class DesktopEntry {
 /// arrive as they are. Nothing where the first holds "=": the format cannot say that.
 std::optional<std::string> execValue(const std::vector<std::string>& arguments);
 
+/// The program that such a value starts, by its path or its bare name. Empty where there is none.
+std::string programOf(std::string_view execValue);
+
+/// The text that the value of another key stands for.
+std::string unescaped(std::string_view value);
+
 }  // namespace tarnwell::host_linux

@@ -1,10 +1,8 @@
 #include "host/linux/SearchPath.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
-#include <system_error>
 
+#include "host/linux/FindProgram.h"
 #include "host/linux/RunningExecutable.h"
 #include "host/linux/UserEnvironment.h"
 
@@ -12,11 +10,6 @@ namespace tarnwell::host_linux {
 namespace {
 
 constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
-
-bool isProgram(const std::filesystem::path& path) {
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
-}
 
 std::optional<Failure> putFirst(const std::string& folder) {
   if (folder.find(':') != std::string::npos) {

@@ -6,6 +6,7 @@
 
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
+#include "host/linux/FindProgram.h"
 #include "host/linux/ReplaceFile.h"
 
 namespace tarnwell::host_linux {
@@ -59,11 +60,12 @@ bool starts(const std::string& line, const std::string& exec) {
   return padded.find(" " + exec + " ") != std::string::npos;
 }
 
+bool startsSomething(const DesktopEntry& entry) { return isFound(programOf(entry.value("Exec").value_or(""))); }
+
 // Desktops pass over an entry that asks for a program which is not there.
-bool asksForNothing(const DesktopEntry& entry) {
-  const fs::path program = entry.value("TryExec").value_or("");
-  std::error_code error;
-  return program.is_absolute() && !fs::exists(program, error);
+bool isPassedOver(const DesktopEntry& entry) {
+  const std::string program = unescaped(entry.value("TryExec").value_or(""));
+  return !program.empty() && !isFound(program);
 }
 
 void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::string& value) {
@@ -85,7 +87,11 @@ kit::LoginItem::Status XdgLoginItem::status() const {
   }
   const auto content = contentOf(std::get<fs::path>(path));
   const auto* text = std::get_if<std::string>(&content);
-  return text != nullptr && isOn(DesktopEntry(*text)) ? Status::enabled : Status::notRegistered;
+  const DesktopEntry entry(text != nullptr ? *text : "");
+  if (!isOn(entry)) {
+    return Status::notRegistered;
+  }
+  return startsSomething(entry) && !isPassedOver(entry) ? Status::enabled : Status::notFound;
 }
 
 std::optional<std::string> XdgLoginItem::registerItem() { return words(tryRegister()); }
@@ -122,10 +128,10 @@ std::optional<Failure> XdgLoginItem::tryRegister() const {
   switchOn(entry);
   setWhereMissing(entry, "Name", program_.name);
   setWhereMissing(entry, "Type", "Application");
-  if (asksForNothing(entry)) {
+  if (isPassedOver(entry)) {
     entry.erase("TryExec");
   }
-  if (!starts(entry.value("Exec").value_or(""), std::get<std::string>(exec))) {
+  if (!startsSomething(entry) || !starts(entry.value("Exec").value_or(""), std::get<std::string>(exec))) {
     entry.set("Exec", std::get<std::string>(exec));
   }
   return replaceFile(target, entry.text());

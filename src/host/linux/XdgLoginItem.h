@@ -26,6 +26,7 @@ class XdgLoginItem final : public kit::LoginItem {
 
   explicit XdgLoginItem(Program program) : program_(std::move(program)) {}
 
+  /// Not found where the entry is on but the program that it starts, or asks for, has gone.
   Status status() const override;
   std::optional<std::string> registerItem() override;
   std::optional<std::string> unregisterItem() override;

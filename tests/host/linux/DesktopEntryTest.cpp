@@ -103,6 +103,20 @@ TEST(ExecValueTest, argumentsAreQuotedWhereTheyMustBe) {
   }
 }
 
+TEST(ExecValueTest, theProgramIsReadBackAsItWas) {
+  for (const char* path : {"/usr/bin/tarnwell", "/opt/my programs/tarnwell", "/100%", "/100 %f", "/a\"b", "/a$HOME",
+                           "/a`b`", "/a\\b", "/it's", "/a\nb\tc\rd", "/Äpfel/tarnwell", "/a%%b", "/ends in \\"}) {
+    EXPECT_EQ(programOf(*execValue({path, "--launched-at-login"})), path);
+    EXPECT_EQ(programOf(*execValue({path})), path);
+  }
+}
+
+TEST(ExecValueTest, whatHoldsNoWordStartsNoProgram) {
+  for (const char* value : {"", " ", "\"", "\"/never closed", "\"\" x"}) {
+    EXPECT_EQ(programOf(value), "") << value;
+  }
+}
+
 TEST(ExecValueTest, eachReservedCharacterIsQuoted) {
   for (const char c : std::string(" '><~|&;*?#()")) {
     const std::string path = std::string("/a") + c + "b";

@@ -4,6 +4,7 @@
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
+#include "host/linux/DesktopEntry.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -11,12 +12,13 @@ namespace {
 namespace fs = std::filesystem;
 using Status = kit::LoginItem::Status;
 
+// Its program is one that is on every system.
 constexpr const char* ours =
     "[Desktop Entry]\n"
     "Type=Application\n"
     "Name=Tarnwell\n"
     "Icon=example.tarnwell.Tarnwell\n"
-    "Exec=/usr/bin/tarnwell --launched-at-login\n";
+    "Exec=/usr/bin/env --launched-at-login\n";
 
 constexpr const char* edited =
     "# Kept by its user.\n"
@@ -53,7 +55,7 @@ class XdgLoginItemTest : public testing::Test {
 
   fixtures::Sandbox sandbox;
   fixtures::EnvironmentScope configuration{"XDG_CONFIG_HOME", sandbox.path().string()};
-  XdgLoginItem item = itemAt("/usr/bin/tarnwell");
+  XdgLoginItem item = itemAt("/usr/bin/env");
 };
 
 TEST_F(XdgLoginItemTest, isNotRegisteredAtFirst) {
@@ -91,7 +93,6 @@ TEST_F(XdgLoginItemTest, whatSwitchesAnEntryOffCountsAsOff) {
   const std::string head = "[Desktop Entry]\n";
   const std::vector<std::pair<std::string, Status>> table = {
       {ours, Status::enabled},
-      {edited, Status::enabled},
       {std::string(ours) + "Hidden=true\n", Status::notRegistered},
       {std::string(ours) + "Hidden = true\n", Status::notRegistered},
       {std::string(ours) + "Hidden=false\n", Status::enabled},
@@ -101,12 +102,48 @@ TEST_F(XdgLoginItemTest, whatSwitchesAnEntryOffCountsAsOff) {
       {std::string(ours) + "[Other]\nHidden=true\n", Status::enabled},
       {head + "Name=Tarnwell\n", Status::notRegistered},
       {head + "Exec=\n", Status::notRegistered},
-      {"Exec=/usr/bin/tarnwell\n", Status::notRegistered},
+      {"Exec=/usr/bin/env\n", Status::notRegistered},
       {"", Status::notRegistered}};
   for (const auto& [text, status] : table) {
     write(text);
     EXPECT_EQ(item.status(), status) << text;
   }
+}
+
+TEST_F(XdgLoginItemTest, anEntryWhoseProgramHasGoneIsNotFoundAndIsWrittenAnew) {
+  sandbox.write("plain", "not to be run");
+  const std::string plain = (sandbox / "plain").string();
+  for (const std::string& exec :
+       {std::string("/old/tarnwell --launched-at-login"),
+        std::string("no-such-program /usr/bin/env --launched-at-login"), std::string("\"/old programs/tarnwell\""),
+        std::string("\"/usr/bin/env"), std::string("bin/env"), plain, sandbox.path().string()}) {
+    write("[Desktop Entry]\nType=Application\nName=Tarnwell\nIcon=example.tarnwell.Tarnwell\nExec=" + exec + "\n");
+    EXPECT_EQ(item.status(), Status::notFound) << exec;
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(sandbox.read(entry), ours) << exec;
+    EXPECT_EQ(item.status(), Status::enabled);
+  }
+}
+
+TEST_F(XdgLoginItemTest, aProgramIsFoundUnderEachWayOfNamingIt) {
+  fs::create_directories(sandbox / "my 100% $x");
+  const fs::path program = sandbox / "my 100% $x/program";
+  fs::copy_file("/bin/sh", program);
+  for (const std::string& exec :
+       {*execValue({program.string(), "x"}), std::string("sh -c x"), std::string(" /bin/sh")}) {
+    write("[Desktop Entry]\nExec=" + exec + "\n");
+    EXPECT_EQ(item.status(), Status::enabled) << exec;
+  }
+}
+
+TEST_F(XdgLoginItemTest, theStatusFollowsTheProgram) {
+  const fs::path program = sandbox / "tarnwell";
+  fs::copy_file("/bin/sh", program);
+  XdgLoginItem moved = itemAt(program);
+  EXPECT_EQ(moved.registerItem(), std::nullopt);
+  EXPECT_EQ(moved.status(), Status::enabled);
+  fs::remove(program);
+  EXPECT_EQ(moved.status(), Status::notFound);
 }
 
 TEST_F(XdgLoginItemTest, anEditedEntryIsSwitchedOffAndOnAgain) {
@@ -116,7 +153,7 @@ TEST_F(XdgLoginItemTest, anEditedEntryIsSwitchedOffAndOnAgain) {
   EXPECT_EQ(sandbox.read(entry), replaced(edited, "[Desktop Entry]\n", "[Desktop Entry]\nHidden=true\n"));
   EXPECT_EQ(item.registerItem(), std::nullopt);
   EXPECT_EQ(item.status(), Status::enabled);
-  EXPECT_EQ(sandbox.read(entry), replaced(edited, "/old/tarnwell\n", "/usr/bin/tarnwell --launched-at-login\n"));
+  EXPECT_EQ(sandbox.read(entry), replaced(edited, "/old/tarnwell\n", "/usr/bin/env --launched-at-login\n"));
 }
 
 TEST_F(XdgLoginItemTest, registeringTakesBackEachWayOfSwitchingOff) {
@@ -136,7 +173,7 @@ TEST_F(XdgLoginItemTest, registeringKeepsWhatADesktopWroteOfIt) {
 
 TEST_F(XdgLoginItemTest, aLineThatStartsUsInAnotherWayIsKept) {
   for (const char* exec :
-       {"env LC_ALL=C /usr/bin/tarnwell --launched-at-login", "nice /usr/bin/tarnwell --launched-at-login -x"}) {
+       {"env LC_ALL=C /usr/bin/env --launched-at-login", "nice /usr/bin/env --launched-at-login -x"}) {
     const std::string own = "[Desktop Entry]\nType=Application\nName=Mine\nExec=" + std::string(exec) + "\n";
     write(own);
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
@@ -147,19 +184,23 @@ TEST_F(XdgLoginItemTest, aLineThatStartsUsInAnotherWayIsKept) {
 
 TEST_F(XdgLoginItemTest, aLineThatStartsSomethingElseIsReplaced) {
   for (const char* exec :
-       {"/usr/bin/tarnwell", "/opt/usr/bin/tarnwell --launched-at-login", "/usr/bin/tarnwell --launched-at-logins"}) {
-    write(replaced(ours, "/usr/bin/tarnwell --launched-at-login", exec));
+       {"/usr/bin/env", "/opt/usr/bin/env --launched-at-login", "/usr/bin/env --launched-at-logins"}) {
+    write(replaced(ours, "/usr/bin/env --launched-at-login", exec));
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(sandbox.read(entry), ours);
   }
 }
 
 TEST_F(XdgLoginItemTest, anEntryAsksForNoProgramThatIsNotThere) {
-  write(std::string(ours) + "TryExec=/nowhere/tarnwell\n");
-  EXPECT_EQ(item.registerItem(), std::nullopt);
-  EXPECT_EQ(sandbox.read(entry), ours);
-  for (const char* line : {"TryExec=/bin/sh\n", "TryExec=tarnwell\n"}) {
+  for (const char* line : {"TryExec=/nowhere/tarnwell\n", "TryExec=tarnwell\\snowhere\n"}) {
     write(std::string(ours) + line);
+    EXPECT_EQ(item.status(), Status::notFound);
+    EXPECT_EQ(item.registerItem(), std::nullopt);
+    EXPECT_EQ(sandbox.read(entry), ours);
+  }
+  for (const char* line : {"TryExec=/bin/sh\n", "TryExec=sh\n"}) {
+    write(std::string(ours) + line);
+    EXPECT_EQ(item.status(), Status::enabled);
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(sandbox.read(entry), std::string(ours) + line);
   }
@@ -169,7 +210,7 @@ TEST_F(XdgLoginItemTest, anEntryThatLacksSomethingIsMadeWhole) {
   write("[Desktop Entry]\nComment=Mine\n");
   EXPECT_EQ(item.registerItem(), std::nullopt);
   EXPECT_EQ(sandbox.read(entry),
-            "[Desktop Entry]\nExec=/usr/bin/tarnwell --launched-at-login\nType=Application\nName=Tarnwell\n"
+            "[Desktop Entry]\nExec=/usr/bin/env --launched-at-login\nType=Application\nName=Tarnwell\n"
             "Comment=Mine\n");
 }
 
