@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -36,7 +35,7 @@ class DockStoreTest : public testing::Test {
     fs::create_directories(folder() / "bin");
     fs::create_directories(folder() / "killed");
     fs::create_symlink(DEFAULTS_PATH, folder() / "bin" / "defaults");
-    // A file for each call, and nothing in it, so that it counts on a full disk too.
+    // A file for each call.
     system.folder().write("bin/killall", "#!/bin/sh\n: > '" + (folder() / "killed").string() + "'/\"$1.$$\"\n");
     fs::permissions(folder() / "bin" / "killall", fs::perms::owner_all);
   }
@@ -204,18 +203,15 @@ TEST_F(DockStoreTest, saveKeepsADamagedStoreAside) {
 TEST_F(DockStoreTest, aStoreThatCannotBeWrittenStaysAsItWas) {
   storeUnusualValues();
   const std::string before = standin::fileContent(system.dockStore());
-  const auto body = [this] {
-    // A full disk, which stops the super-user too. Standard output is a file by now.
-    ::close(STDOUT_FILENO);
-    const rlimit nothing = {.rlim_cur = 0, .rlim_max = 0};
-    ::setrlimit(RLIMIT_FSIZE, &nothing);
-    settings.resetToDefaults();
-    // The effect alone starts the Dock again only after its own success.
-    const bool killed = waitForKills(6);
-    settings.loadFromDock();
-    return killed && holdsUnusualValues() ? 0 : 1;
-  };
-  EXPECT_EQ(fixtures::exitStatusOf(body), 0);
+  // What a writer locks first is a folder now, which stops the super-user too, and nothing but writers.
+  const fs::path lock = system.preferences() + "/.defaults.lock";
+  ASSERT_TRUE(fs::remove(lock));
+  fs::create_directory(lock);
+  settings.resetToDefaults();
+  // The effect alone starts the Dock again only after its own success.
+  EXPECT_TRUE(waitForKills(6));
+  settings.loadFromDock();
+  EXPECT_TRUE(holdsUnusualValues());
   EXPECT_EQ(standin::fileContent(system.dockStore()), before);
 }
 

@@ -162,11 +162,18 @@ TEST_F(DesktopInstallerTest, theAppImageThatRunsIsReplaced) {
 }
 
 TEST_F(DesktopInstallerTest, aDesktopWhoseEndCannotBeSeenKeepsThePackage) {
+  use({.patience = std::chrono::minutes(5)});
+  makeOpener("while [ ! -e " + (sandbox / "released").string() + " ]; do sleep 0.01; done; exit 4");
   EXPECT_EQ(fixtures::exitStatusOf([this] {
               ::signal(SIGCHLD, SIG_IGN);
               const PackageFile file = package(debianPackage);
-              const bool isOpened = outcomeOf(file) == "opened";
-              return isOpened && sandbox.holds("cache/tarnwell-update.deb") ? 0 : 1;
+              std::string outcome;
+              const auto begun = installer->install({}, file, [&](const auto& result) { outcome = textOf(result); });
+              // It ends when it is being watched, which it has to live for.
+              const bool isOpen = becomes([this] { return sandbox.holds("names"); });
+              sandbox.write("released", "");
+              const bool isTold = becomes([&outcome] { return !outcome.empty(); });
+              return isOpen && isTold && outcome == "opened" && sandbox.holds("cache/tarnwell-update.deb") ? 0 : 1;
             }),
             0);
 }
