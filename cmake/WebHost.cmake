@@ -1,0 +1,5 @@
+# The host whose pages Help, feedback and donations open.
+set(TARNWELL_WEB_HOST "tarnwell.example" CACHE STRING "Host of the product's web pages, with a port where it needs one")
+if(NOT TARNWELL_WEB_HOST MATCHES "^[A-Za-z0-9.-]+(:[0-9]+)?$")
+  message(FATAL_ERROR "TARNWELL_WEB_HOST is \"${TARNWELL_WEB_HOST}\"; it takes a host alone, such as my.site or my.site:8080")
+endif()
