@@ -8,7 +8,6 @@
 #include "host/qt/Theme.h"
 #include "host/qt/TrayWatch.h"
 #include "host/qt/WindowPeer.h"
-#include "host/qt/WrappedText.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -26,17 +25,16 @@ TrayNotice::TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window)
   follow();
 }
 
-QSize TrayNotice::sizeHint() const {
-  const WrappedText line(notice, theme_.font(kit::FontRole::subheadline), std::nullopt);
-  return {width(), static_cast<int>(std::ceil(line.size().height())) + 2 * padding};
+int TrayNotice::heightForWidth(int width) const {
+  return static_cast<int>(std::ceil(textWithin(width).size().height())) + 2 * padding;
 }
 
 void TrayNotice::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(onDevicePixels(painter, QRectF(0, 0, width(), hairlineWidth(painter))), theme_.palette().hairline);
-  const WrappedText line(notice, theme_.font(kit::FontRole::subheadline), std::nullopt);
+  const WrappedText text = textWithin(width());
   painter.setPen(theme_.palette().secondaryText);
-  line.draw(painter, {std::round((width() - line.size().width()) / 2), padding});
+  text.draw(painter, {std::round((width() - text.size().width()) / 2), padding});
 }
 
 void TrayNotice::hideEvent(QHideEvent* event) {
@@ -49,6 +47,10 @@ void TrayNotice::hideEvent(QHideEvent* event) {
 }
 
 void TrayNotice::follow() { setShown(!said_ && watch_.tray() == TrayWatch::Tray::none); }
+
+WrappedText TrayNotice::textWithin(int width) const {
+  return {notice, theme_.font(kit::FontRole::subheadline), width - 2.0 * padding};
+}
 
 void TrayNotice::setShown(bool shown) {
   if (isHidden() != shown) {

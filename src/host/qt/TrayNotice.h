@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QWidget>
 
+#include "host/qt/WrappedText.h"
 #include "kit/Subscription.h"
 
 namespace tarnwell::host_qt {
@@ -16,13 +17,14 @@ class TrayNotice final : public QWidget {
   /// Theme and watch are borrowed.
   TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window);
 
-  QSize sizeHint() const override;
+  int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
+  WrappedText textWithin(int width) const;
   void follow();
   void setShown(bool shown);
 

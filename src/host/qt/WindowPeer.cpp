@@ -63,8 +63,12 @@ void chainFocus(QWidget& ground, const std::vector<QWidget*>& inTreeOrder) {
   }
 }
 
-int heightOf(const QPointer<QWidget>& chrome) {
-  return chrome && !chrome->isHidden() ? chrome->sizeHint().height() : 0;
+int heightOf(const QPointer<QWidget>& chrome, int width) {
+  if (!chrome || chrome->isHidden()) {
+    return 0;
+  }
+  const int wrapped = chrome->heightForWidth(width);
+  return wrapped >= 0 ? wrapped : chrome->sizeHint().height();
 }
 
 }  // namespace
@@ -139,8 +143,8 @@ void WindowPeer::place(const kit::Rect& frame) noexcept {
     return;
   }
   const QSize size(static_cast<int>(std::ceil(frame.width)), static_cast<int>(std::ceil(frame.height)));
-  const int above = heightOf(above_);
-  const int below = heightOf(below_);
+  const int above = heightOf(above_, size.width());
+  const int below = heightOf(below_, size.width());
   widget_->setFixedSize(size.width(), above + size.height() + below);
   if (content_ != widget_) {
     content_->setGeometry(0, above, size.width(), size.height());
@@ -159,7 +163,9 @@ double WindowPeer::availableHeight() const {
   return room.height() - (frame > 0 ? frame : usualFrame) - chromeHeight();
 }
 
-double WindowPeer::chromeHeight() const { return heightOf(above_) + heightOf(below_); }
+double WindowPeer::chromeHeight() const {
+  return widget_ ? heightOf(above_, widget_->width()) + heightOf(below_, widget_->width()) : 0;
+}
 
 void WindowPeer::miniaturize() noexcept {
   if (widget_) {

@@ -34,6 +34,15 @@ TEST(TrayNoticeTest, saysThatThereIsNoTray) {
   EXPECT_FALSE(notice.accessibleName().isEmpty());
 }
 
+TEST(TrayNoticeTest, takesAsManyLinesAsItsWindowIsNarrow) {
+  Desktop desktop;
+  desktop.showWindow();
+  ASSERT_TRUE(becomes([&desktop] { return noticeIn(desktop).isVisible(); }));
+  const QWidget& notice = noticeIn(desktop);
+  EXPECT_EQ(notice.height(), notice.heightForWidth(notice.width()));
+  EXPECT_GT(notice.heightForWidth(200), notice.heightForWidth(2000));
+}
+
 TEST(TrayNoticeTest, goesWhenATrayComes) {
   Desktop desktop;
   desktop.showWindow();
