@@ -61,9 +61,10 @@ std::filesystem::path executableToStart(const Start& start) {
 }
 
 std::unique_ptr<kit::UpdaterController> makeUpdaterController(
-    host_qt::QtApplication& desktop, const Start& start, const std::shared_ptr<const kit::NumberFormat>& numberFormat) {
+    const kit::UpdaterControllerArguments& arguments, host_qt::QtApplication& desktop, const Start& start,
+    const std::shared_ptr<const kit::NumberFormat>& numberFormat) {
   return std::make_unique<host_qt::DesktopUpdater>(
-      desktop.host().theme(),
+      desktop.host().theme(), arguments,
       host_qt::DesktopUpdater::Settings{
           .source = host_linux::updates::updateSource(),
           .executable = start.executable,
@@ -89,7 +90,10 @@ int run(host_qt::QtApplication& desktop, const std::unique_ptr<host_qt::SingleIn
                 .numberFormat = numberFormat,
                 .loginItem = &loginItem,
                 .log = &log,
-                .makeUpdaterController = [&] { return makeUpdaterController(desktop, start, numberFormat); },
+                .makeUpdaterController =
+                    [&](const kit::UpdaterControllerArguments& arguments) {
+                      return makeUpdaterController(arguments, desktop, start, numberFormat);
+                    },
                 .about = {.name = "Tarnwell", .version = TARNWELL_VERSION, .copyright = TARNWELL_COPYRIGHT},
                 .menuWindow = view::SceneRunner::settingsWindowIdentifier});
   core::ShellCommandRunner runner;

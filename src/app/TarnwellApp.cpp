@@ -1,5 +1,7 @@
 #include "app/TarnwellApp.h"
 
+#include <tuple>
+
 #include "app/ApplicationActions.h"
 #include "app/LauncherView.h"
 #include "app/MenuBarExtraView.h"
@@ -29,36 +31,45 @@ View showSettings() {
       .keyboardShortcut({.key = ","});
 }
 
-View helpEntries(kit::Updater& updater) {
-  return view::Group{
-      .children = {view::Link{.title = "Tarnwell Help", .destination = core::helpPage()}, view::Divider{},
-                   updates::CheckForUpdatesView(updater),
-                   view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
-                   view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
-                   view::Divider{}, aboutButton()}};
-}
+/// The entries of the Help menu.
+struct HelpEntries {
+  view::ObservedObject<updates::UpdaterEnv> updaterEnv;
 
-std::vector<CommandGroup> commands(kit::Updater& updater) {
+  auto stored() { return std::tie(updaterEnv); }
+  View body() const {
+    return view::Group{
+        .children = {view::Link{.title = "Tarnwell Help", .destination = core::helpPage()}, view::Divider{},
+                     updates::CheckForUpdatesView(updaterEnv->updaterController().updater()),
+                     view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
+                     view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
+                     view::Divider{}, aboutButton()}};
+  }
+};
+
+std::vector<CommandGroup> commands(const std::shared_ptr<updates::UpdaterEnv>& updaterEnv) {
   return {{.replacing = CommandGroupPlacement::appInfo, .content = aboutButton()},
           {.replacing = CommandGroupPlacement::newItem},
           {.replacing = CommandGroupPlacement::toolbar, .content = showSettings()},
-          {.replacing = CommandGroupPlacement::help, .content = helpEntries(updater)}};
+          {.replacing = CommandGroupPlacement::help, .content = HelpEntries{.updaterEnv = updaterEnv}}};
 }
 
 }  // namespace
 
-std::vector<view::Scene> TarnwellApp::body() {
+const std::shared_ptr<updates::UpdaterEnv>& TarnwellApp::updaterEnv() {
   if (!updaterEnv_) {
     updaterEnv_ = std::make_shared<updates::UpdaterEnv>();
   }
+  return updaterEnv_;
+}
+
+std::vector<view::Scene> TarnwellApp::body() {
   const View settings =
-      View(SettingsView{}).environmentObject(updaterEnv_).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
-  return {view::WindowGroup{.id = WelcomeView::launcherIdentifier,
-                            .content = LauncherView{},
-                            .commands = commands(updaterEnv_->updaterController().updater())},
+      View(SettingsView{}).environmentObject(updaterEnv()).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
+  return {view::WindowGroup{
+              .id = WelcomeView::launcherIdentifier, .content = LauncherView{}, .commands = commands(updaterEnv())},
           view::MenuBarExtra{.title = "Utility App",
                              .systemImage = "dock.rectangle",
-                             .content = View(MenuBarExtraView{}).environmentObject(updaterEnv_)},
+                             .content = View(MenuBarExtraView{}).environmentObject(updaterEnv())},
           view::Settings{.content = settings}};
 }
 

@@ -8,12 +8,14 @@
 
 namespace tarnwell::app {
 
-/// The root of the application: its three scenes and its menu commands. It owns the one updater environment, which is
-/// made when the scenes are first installed and lives as long as the process.
+/// The root of the application: its three scenes and its menu commands.
 class TarnwellApp {
  public:
   /// The launcher window, the menu-bar extra and the settings, in this order.
   std::vector<view::Scene> body();
+
+  /// The one updater environment, made when it or the scenes are first asked for; it lives as long as the process.
+  const std::shared_ptr<updates::UpdaterEnv>& updaterEnv();
 
  private:
   std::shared_ptr<updates::UpdaterEnv> updaterEnv_;

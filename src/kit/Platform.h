@@ -18,6 +18,7 @@ class Log;
 class LoginItem;
 class Menu;
 class UpdaterController;
+struct UpdaterControllerArguments;
 
 /// What the application asks of the system beside windows and controls. Everything is called on the main thread.
 class Platform {
@@ -59,7 +60,7 @@ class Platform {
   virtual bool hasStatusButtons() const { return true; }
   virtual std::unique_ptr<StatusItemPeer> peer(StatusItem& item) = 0;
 
-  virtual std::unique_ptr<UpdaterController> makeUpdaterController() = 0;
+  virtual std::unique_ptr<UpdaterController> makeUpdaterController(const UpdaterControllerArguments& arguments) = 0;
   virtual LoginItem& mainAppService() = 0;
   virtual std::optional<AppleEvent> currentAppleEvent() const = 0;
   virtual Log& log() = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 
 #include "kit/Observers.h"
@@ -38,13 +39,21 @@ class Updater {
   bool canCheck_ = false;
 };
 
-/// Owns an updater that started with it and shows the standard windows (`SPUStandardUpdaterController` with a starting
-/// updater, no updater delegate and no user-driver delegate).
+/// Owns an updater (`SPUStandardUpdaterController`).
 class UpdaterController {
  public:
   virtual ~UpdaterController() = default;
 
   virtual Updater& updater() = 0;
+};
+
+/// What an updater controller is made with.
+struct UpdaterControllerArguments {
+  /// Whether the updater looks for new versions by itself from now on.
+  bool startingUpdater = true;
+  /// There is none to be had: the updater decides by itself, and shows its standard windows.
+  std::nullptr_t updaterDelegate = nullptr;
+  std::nullptr_t userDriverDelegate = nullptr;
 };
 
 }  // namespace tarnwell::kit

@@ -1,5 +1,7 @@
 #include "updates/UpdaterEnv.h"
 
+#include <utility>
+
 #include "diagnostics/Fault.h"
 #include "kit/Application.h"
 #include "kit/Platform.h"
@@ -7,18 +9,28 @@
 namespace tarnwell::updates {
 namespace {
 
-kit::Platform& platform() {
+kit::Application& application() {
   kit::Application* application = kit::Application::shared();
   if (application == nullptr) {
     diagnostics::fault("an updater was asked for without an application");
   }
-  return application->platform();
+  return *application;
 }
 
 }  // namespace
 
-UpdaterEnv::UpdaterEnv() : updaterController_(platform().makeUpdaterController()) {}
+UpdaterEnv::UpdaterEnv()
+    : updaterController_(application().platform().makeUpdaterController(
+          {.startingUpdater = true, .updaterDelegate = nullptr, .userDriverDelegate = nullptr})) {}
 
 UpdaterEnv::~UpdaterEnv() = default;
+
+void UpdaterEnv::setUpdaterController(std::unique_ptr<kit::UpdaterController> controller) {
+  kit::Turn& turn = application().turn();
+  turn.perform([&] {
+    objectWillChange();
+    turn.bury(std::exchange(updaterController_, std::move(controller)));
+  });
+}
 
 }  // namespace tarnwell::updates

@@ -16,7 +16,10 @@ class UpdaterEnv final : public view::ObservableObject {
   UpdaterEnv();
   ~UpdaterEnv() override;
 
+  /// To be asked for anew each time: it may be replaced.
   kit::UpdaterController& updaterController() const { return *updaterController_; }
+  /// Never null. The controller that it replaces lives until every view has turned to the new one.
+  void setUpdaterController(std::unique_ptr<kit::UpdaterController> controller);
 
  private:
   std::unique_ptr<kit::UpdaterController> updaterController_;

@@ -52,6 +52,7 @@ class RunningApplication {
 
   host_headless::HeadlessPlatform& platform() { return platform_; }
   kit::Application& application() { return *application_; }
+  updates::UpdaterEnv& updaterEnv() { return *tarnwellApp_.updaterEnv(); }
   view::SceneRunner& scenes() { return *scenes_; }
   fakes::RecordingCommandRunner& runner() { return runner_; }
 

@@ -58,13 +58,14 @@ std::vector<std::string> withoutKeys(std::vector<std::string> lines, const std::
 class QtSystem final : public System {
  public:
   QtSystem()
-      : platform_(host_qt::testApplication(),
-                  {.loginItem = &loginItem_,
-                   .log = &log_,
-                   .makeUpdaterController =
-                       [this] { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-                   .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Somebody"},
-                   .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {}
+      : platform_(
+            host_qt::testApplication(),
+            {.loginItem = &loginItem_,
+             .log = &log_,
+             .makeUpdaterController =
+                 [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
+             .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Somebody"},
+             .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {}
   QtSystem(const QtSystem&) = delete;
   QtSystem& operator=(const QtSystem&) = delete;
   ~QtSystem() override { driver::settle(); }

@@ -25,12 +25,13 @@ StartedTarnwell::StartedTarnwell(std::function<void()> reading)
         timeUntilReading_ = std::chrono::milliseconds(sinceStart_.elapsed());
         reading();
       }),
-      platform_((sinceStart_.start(), host_qt::testApplication()),
-                {.loginItem = &loginItem_,
-                 .log = &log_,
-                 .makeUpdaterController =
-                     [this] { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-                 .menuWindow = view::SceneRunner::settingsWindowIdentifier}),
+      platform_(
+          (sinceStart_.start(), host_qt::testApplication()),
+          {.loginItem = &loginItem_,
+           .log = &log_,
+           .makeUpdaterController =
+               [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
+           .menuWindow = view::SceneRunner::settingsWindowIdentifier}),
       application_(kit::Application::create(platform_)) {
   qApp->installEventFilter(this);
   scenes_ = std::make_unique<view::SceneRunner>(

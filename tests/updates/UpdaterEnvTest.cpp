@@ -20,6 +20,20 @@ TEST(UpdaterEnvTest, makesOneControllerAndKeepsIt) {
   EXPECT_EQ(platform.journal().lines().size(), 1U);
 }
 
+TEST(UpdaterEnvTest, tellsOfAReplacementBeforeItIsMade) {
+  host_headless::HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  UpdaterEnv environment;
+  auto next = platform.makeUpdaterController({});
+  const kit::UpdaterController* const before = &environment.updaterController();
+  const kit::UpdaterController* const after = next.get();
+  std::vector<const kit::UpdaterController*> seen;
+  const auto subscription = environment.observe([&] { seen.push_back(&environment.updaterController()); });
+  environment.setUpdaterController(std::move(next));
+  EXPECT_EQ(seen, std::vector{before});
+  EXPECT_EQ(&environment.updaterController(), after);
+}
+
 TEST(UpdaterEnvDeathTest, withoutAnApplicationThereIsNoUpdater) {
   EXPECT_DEATH(UpdaterEnv(), "tarnwell: an updater was asked for without an application");
 }

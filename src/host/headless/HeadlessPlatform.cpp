@@ -38,8 +38,9 @@ std::unique_ptr<kit::StatusItemPeer> HeadlessPlatform::peer(kit::StatusItem& ite
   return std::make_unique<HeadlessStatusItemPeer>(journal(), statusBar_, item);
 }
 
-std::unique_ptr<kit::UpdaterController> HeadlessPlatform::makeUpdaterController() {
-  journal().note("updater controller made");
+std::unique_ptr<kit::UpdaterController> HeadlessPlatform::makeUpdaterController(
+    const kit::UpdaterControllerArguments& arguments) {
+  journal().note(arguments.startingUpdater ? "updater controller made" : "updater controller made, not started");
   return std::make_unique<HeadlessUpdaterController>(updater_);
 }
 

@@ -65,7 +65,8 @@ class HeadlessPlatform final : public kit::Platform {
   bool hasStatusButtons() const override { return traits_.hasStatusButtons; }
   bool hidesApplications() const override { return traits_.hidesApplications; }
   std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
-  std::unique_ptr<kit::UpdaterController> makeUpdaterController() override;
+  std::unique_ptr<kit::UpdaterController> makeUpdaterController(
+      const kit::UpdaterControllerArguments& arguments) override;
   kit::LoginItem& mainAppService() override { return loginItem_; }
   std::optional<kit::AppleEvent> currentAppleEvent() const override { return traits_.currentAppleEvent; }
   kit::Log& log() override { return log_; }

@@ -40,7 +40,8 @@ UpdatePanels::Settings panelSettings(const DesktopUpdater::Settings& settings) {
 
 }  // namespace
 
-DesktopUpdater::DesktopUpdater(const Theme& theme, const Settings& settings)
+DesktopUpdater::DesktopUpdater(const Theme& theme, const kit::UpdaterControllerArguments& arguments,
+                               const Settings& settings)
     : transport_(settings.source.transport),
       installer_({.appImage = updates::runningAppImage(settings.executable)}, worker_),
       panels_(theme, panelSettings(settings)),
@@ -48,7 +49,7 @@ DesktopUpdater::DesktopUpdater(const Theme& theme, const Settings& settings)
       workerReady_(worker_.descriptor(), QSocketNotifier::Read),
       installerReady_(installer_.descriptor(), QSocketNotifier::Read),
       alarmReady_(alarm_.descriptor(), QSocketNotifier::Read),
-      controller_(configurationOf(settings), updates::UpdaterPreferences::ofUser(),
+      controller_(arguments, configurationOf(settings), updates::UpdaterPreferences::ofUser(),
                   {.transport = transport_,
                    .driver = panels_,
                    .installer = installer_,

@@ -31,7 +31,7 @@ class DesktopUpdater final : public kit::UpdaterController {
   };
 
   /// The theme is borrowed and outlives the updater.
-  DesktopUpdater(const Theme& theme, const Settings& settings);
+  DesktopUpdater(const Theme& theme, const kit::UpdaterControllerArguments& arguments, const Settings& settings);
 
   kit::Updater& updater() override { return controller_.updater(); }
 

@@ -137,8 +137,9 @@ std::unique_ptr<kit::StatusItemPeer> QtPlatform::peer(kit::StatusItem& item) {
   return std::make_unique<StatusIcon>(item, tray_, host().theme());
 }
 
-std::unique_ptr<kit::UpdaterController> QtPlatform::makeUpdaterController() {
-  return services_.makeUpdaterController();
+std::unique_ptr<kit::UpdaterController> QtPlatform::makeUpdaterController(
+    const kit::UpdaterControllerArguments& arguments) {
+  return services_.makeUpdaterController(arguments);
 }
 
 std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget& parent) {

@@ -26,7 +26,8 @@ class QtPlatform final : public kit::Platform {
     std::shared_ptr<const kit::NumberFormat> numberFormat = {};
     kit::LoginItem* loginItem = nullptr;
     kit::Log* log = nullptr;
-    std::function<std::unique_ptr<kit::UpdaterController>()> makeUpdaterController = {};
+    std::function<std::unique_ptr<kit::UpdaterController>(const kit::UpdaterControllerArguments&)>
+        makeUpdaterController = {};
     AboutPanel::Content about = {};
     /// The identifier of the window that carries the main menu.
     std::string menuWindow = {};
@@ -53,7 +54,8 @@ class QtPlatform final : public kit::Platform {
   /// In windows that are made from now on. Keys are matched with it from now on.
   void showMainMenu(kit::Menu& menu) override;
   std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
-  std::unique_ptr<kit::UpdaterController> makeUpdaterController() override;
+  std::unique_ptr<kit::UpdaterController> makeUpdaterController(
+      const kit::UpdaterControllerArguments& arguments) override;
   kit::LoginItem& mainAppService() override { return *services_.loginItem; }
   std::optional<kit::AppleEvent> currentAppleEvent() const override { return currentEvent_; }
   kit::Log& log() override { return *services_.log; }

@@ -62,12 +62,15 @@ class Updater final : public kit::Updater {
   bool asksForPermission_ = false;
 };
 
-/// Owns an updater that has started.
+/// Owns an updater, which starts with it if it is told to.
 class UpdaterController final : public kit::UpdaterController {
  public:
-  UpdaterController(UpdaterConfiguration configuration, UpdaterPreferences preferences, Updater::Ports ports)
+  UpdaterController(const kit::UpdaterControllerArguments& arguments, UpdaterConfiguration configuration,
+                    UpdaterPreferences preferences, Updater::Ports ports)
       : updater_(std::move(configuration), std::move(preferences), std::move(ports)) {
-    updater_.start();
+    if (arguments.startingUpdater) {
+      updater_.start();
+    }
   }
 
   kit::Updater& updater() override { return updater_; }

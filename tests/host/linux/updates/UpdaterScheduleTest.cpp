@@ -33,6 +33,17 @@ TEST(UpdaterSchedule, theFirstCheckOfAllIsMadeWhenTheAlarmRings) {
   EXPECT_TRUE(stage.transport.isBusy());
 }
 
+TEST(UpdaterSchedule, runsFromTheStartOnlyWhereTheUpdaterIsToStart) {
+  for (const bool startingUpdater : {true, false}) {
+    UpdaterStage stage;
+    stage.checkedJustNow();
+    const UpdaterController controller(
+        {.startingUpdater = startingUpdater}, stage.configuration(), stage.preferences,
+        {stage.transport, stage.driver, stage.installer, stage.alarm, stage.worker, [](const std::string&) {}});
+    EXPECT_EQ(stage.alarm.time().has_value(), startingUpdater);
+  }
+}
+
 TEST(UpdaterSchedule, countsOverARestart) {
   UpdaterStage stage;
   stage.checkedJustNow();
