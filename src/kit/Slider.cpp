@@ -4,10 +4,18 @@
 #include <cmath>
 #include <utility>
 
+#include "kit/Coder.h"
 #include "kit/ControlMetrics.h"
 #include "kit/Host.h"
 
 namespace tarnwell::kit {
+namespace {
+
+bool isSound(const Rect& frame) {
+  return std::isfinite(frame.x + frame.y + frame.width + frame.height) && frame.width >= 0 && frame.height >= 0;
+}
+
+}  // namespace
 
 Slider::Slider(double value, double minValue, double maxValue, SliderAction action)
     : action_(std::move(action)), value_(minValue), minValue_(minValue), maxValue_(maxValue) {
@@ -15,7 +23,20 @@ Slider::Slider(double value, double minValue, double maxValue, SliderAction acti
   setFrame({.width = metrics::sliderIdealWidth, .height = metrics::sliderHeight});
 }
 
-Slider::Slider(const Rect& frame) : Slider(0, 0, 1, nullptr) { setFrame(frame); }
+Slider::Slider(const Rect& frame) : Slider(0, Range{}) { setFrame(frame); }
+
+Slider::Slider(const Coder& coder) : Slider(coder.decode("NSValue", 0.0), rangeIn(coder)) {
+  if (const auto frame = coder.decode("NSFrame", Slider::frame()); isSound(frame)) {
+    setFrame(frame);
+  }
+  setNumberOfTickMarks(std::max(0, coder.decode("NSNumberOfTickMarks", 0)));
+}
+
+Slider::Range Slider::rangeIn(const Coder& coder) {
+  const Range range = {.least = coder.decode("NSMinValue", 0.0), .most = coder.decode("NSMaxValue", 1.0)};
+  const double length = range.most - range.least;
+  return std::isfinite(length) && length >= 0 ? range : Range{};
+}
 
 void Slider::setDoubleValue(double value) {
   const double next = clamped(value);

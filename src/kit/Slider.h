@@ -6,6 +6,8 @@
 
 namespace tarnwell::kit {
 
+class Coder;
+
 /// A horizontal slider over a range of doubles.
 class Slider : public Control {
  public:
@@ -19,6 +21,9 @@ class Slider : public Control {
   Slider(double value, double minValue, double maxValue, SliderAction action);
   /// At 0 in a range from 0 to 1, without an action.
   explicit Slider(const Rect& frame);
+  /// From the rectangle NSFrame, the doubles NSMinValue, NSMaxValue and NSValue, and the int NSNumberOfTickMarks. What
+  /// is missing or makes no sense is as in a slider of the natural size without ticks, at 0 in a range from 0 to 1.
+  explicit Slider(const Coder& coder);
 
   /// Always within the range; a value that is no number counts as the minimum.
   double doubleValue() const { return value_; }
@@ -51,6 +56,13 @@ class Slider : public Control {
   std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::value}; }
 
  private:
+  struct Range {
+    double least = 0;
+    double most = 1;
+  };
+
+  Slider(double value, Range range) : Slider(value, range.least, range.most, nullptr) {}
+  static Range rangeIn(const Coder& coder);
   double clamped(double value) const;
   double trackLength() const;
 

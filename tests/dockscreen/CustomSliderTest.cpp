@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <utility>
 
+#include "kit/Coder.h"
 #include "kit/Printing.h"
 
 namespace tarnwell::dockscreen {
@@ -55,6 +58,53 @@ TEST(CustomSliderFrameTest, itCanBeMadeWithAFrame) {
   slider.setNumberOfTickMarks(11);
   EXPECT_EQ(slider.frame(), (kit::Rect{3, 4, 200, 24}));
   EXPECT_EQ(slider.rectOfTickMarkAtIndex(9), (kit::Rect{200, 5, 2, 16}));
+}
+
+TEST(CustomSliderCoderTest, itCanBeMadeFromACoder) {
+  const CustomSlider slider(kit::Coder({{"NSFrame", kit::Rect{.x = 3, .y = 4, .width = 200, .height = 24}},
+                                        {"NSMinValue", 1.0},
+                                        {"NSMaxValue", 3.0},
+                                        {"NSValue", 2.5},
+                                        {"NSNumberOfTickMarks", 11}}));
+  EXPECT_EQ(slider.frame(), (kit::Rect{3, 4, 200, 24}));
+  EXPECT_EQ(slider.minValue(), 1);
+  EXPECT_EQ(slider.maxValue(), 3);
+  EXPECT_EQ(slider.doubleValue(), 2.5);
+  EXPECT_EQ(slider.numberOfTickMarks(), 11);
+  EXPECT_EQ(slider.rectOfTickMarkAtIndex(9), (kit::Rect{200, 5, 2, 16}));
+  EXPECT_EQ(slider.rectOfTickMarkAtIndex(10), (kit::Rect{222, 5, 2, 16}));
+}
+
+TEST(CustomSliderCoderTest, whatTheCoderLacksIsAsInAnyNewSlider) {
+  const CustomSlider plain(0, 0, 1, nullptr);
+  for (const kit::Coder& coder : {kit::Coder({}), kit::Coder({{"NSFrame", 1.0},
+                                                              {"NSMinValue", 1},
+                                                              {"NSMaxValue", 3},
+                                                              {"NSValue", kit::Rect{.width = 1}},
+                                                              {"NSNumberOfTickMarks", 11.0}})}) {
+    const CustomSlider slider(coder);
+    EXPECT_EQ(slider.frame(), plain.frame());
+    EXPECT_EQ(slider.minValue(), 0);
+    EXPECT_EQ(slider.maxValue(), 1);
+    EXPECT_EQ(slider.doubleValue(), 0);
+    EXPECT_EQ(slider.numberOfTickMarks(), 0);
+  }
+}
+
+TEST(CustomSliderCoderTest, whatMakesNoSenseIsAsInAnyNewSlider) {
+  const CustomSlider plain(0, 0, 1, nullptr);
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (const kit::Rect& frame : {kit::Rect{.width = -1}, kit::Rect{.height = -1}, kit::Rect{.x = infinity}}) {
+    EXPECT_EQ(CustomSlider(kit::Coder({{"NSFrame", frame}})).frame(), plain.frame());
+  }
+  for (const auto& [least, most] : {std::pair(1.0, 0.0), std::pair(0.0, infinity), std::pair(std::nan(""), 1.0)}) {
+    const CustomSlider slider(kit::Coder({{"NSMinValue", least}, {"NSMaxValue", most}, {"NSValue", 7.0}}));
+    EXPECT_EQ(slider.minValue(), 0);
+    EXPECT_EQ(slider.maxValue(), 1);
+    EXPECT_EQ(slider.doubleValue(), 1);
+  }
+  EXPECT_EQ(CustomSlider(kit::Coder({{"NSValue", std::nan("")}})).doubleValue(), 0);
+  EXPECT_EQ(CustomSlider(kit::Coder({{"NSNumberOfTickMarks", -3}})).numberOfTickMarks(), 0);
 }
 
 TEST_F(CustomSliderTest, itIsASliderInEverythingElse) {
