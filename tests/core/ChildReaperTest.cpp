@@ -114,6 +114,20 @@ TEST_F(ChildReaperTest, anIgnoredChildSignalIsNoTrouble) {
   EXPECT_EQ(exitStatusOf(body), 0);
 }
 
+TEST_F(ChildReaperTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
+  runner.runDetached(wait());
+  const pid_t copy = ::fork();
+  while (copy == 0) {
+    ::pause();
+  }
+  release();
+  EXPECT_TRUE(waitFor([this] { return isReadable(); }));
+  runner.reap();
+  EXPECT_FALSE(isReadable());
+  EXPECT_EQ(::kill(copy, SIGKILL), 0);
+  EXPECT_EQ(::waitpid(copy, nullptr, 0), copy);
+}
+
 TEST_F(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {
   const pid_t gone = forkToExit();
   EXPECT_EQ(::waitpid(gone, nullptr, 0), gone);

@@ -54,7 +54,9 @@ TEST(DescriptorTest, aNumberAboveTheStandardStreamsStays) {
 
 TEST(DescriptorTest, aStandardStreamsNumberIsMovedUpAndClosedOnExec) {
   const auto body = [] {
-    ::close(STDIN_FILENO);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+      ::close(stream);
+    }
     Descriptor low(openSomething());
     if (low.number() != STDIN_FILENO) {
       return 1;

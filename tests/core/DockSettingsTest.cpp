@@ -282,6 +282,13 @@ TEST_F(DockSettingsTest, speedsAreComparedExactly) {
   EXPECT_TRUE(settings.matchesCurrent());
 }
 
+TEST_F(DockSettingsTest, zeroMatchesWhateverItsSign) {
+  answer("autohide-delay", "-0.0\n");
+  settings.loadFromDock();
+  settings.delaySpeed = 0.0;
+  EXPECT_TRUE(settings.matchesCurrent());
+}
+
 TEST_F(DockSettingsTest, aNanInTheDockNeverMatches) {
   answerDefaults();
   answer("autohide-delay", "nan\n");

@@ -31,6 +31,20 @@ class ShellLauncherTest : public ShellTest {
   }
 };
 
+TEST_F(ShellLauncherTest, theShellIsTheSystemsUnderItsWholeName) {
+  EXPECT_EQ(runner.runCaptured("print -r -- $0"), "/bin/zsh\n");
+  EXPECT_EQ(resultOfDetached("print -r -- $0;"), "/bin/zsh\n");
+}
+
+TEST_F(ShellLauncherTest, aShellOnTheSearchPathIsNotTaken) {
+  sandbox.write("zsh", "#!/bin/sh\necho another shell\n");
+  std::filesystem::permissions(sandbox / "zsh", std::filesystem::perms::owner_all);
+  const fixtures::EnvironmentScope searchPath("PATH", sandbox.path().string());
+  EXPECT_EQ(runner.runCaptured("print the shell"), "the shell\n");
+  runner.runDetached(": > " + path("written"));
+  EXPECT_TRUE(waitFor([this] { return sandbox.holds("written"); }));
+}
+
 TEST_F(ShellLauncherTest, standardInputIsTheNullDeviceWhateverOursIs) {
   const auto body = [this] {
     ::dup2(gate(), STDIN_FILENO);

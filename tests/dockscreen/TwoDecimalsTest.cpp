@@ -26,24 +26,11 @@ void expectCut(const kit::NumberFormat& format, const std::vector<Row>& table) {
 }
 
 TEST(TwoDecimalsTest, aPointLocaleKeepsTwoDecimalsAndLosesThousands) {
-  expectCut(host_headless::PointNumberFormat('.', ','), {{0, 0},
-                                                         {0.2, 0.2},
-                                                         {0.456, 0.46},
-                                                         {0.454, 0.45},
-                                                         {0.125, 0.12},
-                                                         {0.375, 0.38},
-                                                         {0.004, 0},
-                                                         {0.1 + 0.2, 0.3},
-                                                         {5, 5},
-                                                         {99.999, 100},
-                                                         {999.99, 999.99},
-                                                         {999.999, 0},
-                                                         {1000, 0},
-                                                         {1234567.5, 0},
-                                                         {-0.456, -0.46},
-                                                         {-0.001, 0},
-                                                         {-1000, 0},
-                                                         {1e300, 0}});
+  expectCut(
+      host_headless::PointNumberFormat('.', ','),
+      {{0, 0},        {0.2, 0.2},     {0.456, 0.46},    {0.454, 0.45}, {0.125, 0.12}, {0.135, 0.14},    {0.145, 0.14},
+       {0.375, 0.38}, {0.004, 0},     {0.1 + 0.2, 0.3}, {5, 5},        {99.999, 100}, {999.99, 999.99}, {999.999, 0},
+       {1000, 0},     {1234567.5, 0}, {-0.456, -0.46},  {-0.001, 0},   {-1000, 0},    {1e300, 0}});
 }
 
 TEST(TwoDecimalsTest, aCommaLocaleLosesFractionsAndReadsThousandsAsUnits) {
@@ -75,6 +62,13 @@ TEST(TwoDecimalsTest, aSecondCutChangesNothingInAPointLocale) {
     const double once = withTwoDecimals(i * 0.0137, format);
     EXPECT_EQ(withTwoDecimals(once, format), once) << i;
   }
+}
+
+// A hundred times 0.145 is below fourteen and a half.
+TEST(TwoDecimalsTest, hundredthsAreRoundedAsTheProductStands) {
+  EXPECT_EQ(roundedToHundredths(0.145), 0.14);
+  EXPECT_EQ(roundedToHundredths(1.005), 1);
+  EXPECT_EQ(roundedToHundredths(1.115), 1.12);
 }
 
 TEST(TwoDecimalsTest, hundredthsAreRoundedHalfAwayFromZero) {

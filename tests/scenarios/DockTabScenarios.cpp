@@ -340,26 +340,38 @@ TEST(DockTabScenarios, helpOpensTheHelpPageOnce) {
   EXPECT_EQ(address.substr(address.find('/', 8)), "/help");
 }
 
-TEST(DockTabScenarios, system15HasNoSingleAppRowAndNeverTouchesItsKey) {
-  DockTab tab({.version = {.major = 15}});
-  tab.holdingDefaults().open();
-  EXPECT_FALSE(tab.has("Single app mode"));
-  EXPECT_TRUE(tab.has("Dim hidden apps"));
-  tab.press("Dim hidden apps");
-  tab.press("Save");
-  tab.press("Reset to Defaults");
-  EXPECT_EQ(tab.reads(), Lines(sevenReads.begin(), sevenReads.end() - 1));
-  const Lines writes = tab.writes();
-  EXPECT_EQ(writes.size(), 12U);
-  for (const std::string& line : writes) {
-    EXPECT_EQ(line.find("single-app"), std::string::npos) << line;
+TEST(DockTabScenarios, systemsFrom15OnHaveNoSingleAppRowAndNeverTouchItsKey) {
+  for (const int patch : {0, 1}) {
+    DockTab tab({.version = {.major = 15, .minor = 0, .patch = patch}});
+    tab.holdingDefaults().open();
+    EXPECT_FALSE(tab.has("Single app mode"));
+    EXPECT_TRUE(tab.has("Dim hidden apps"));
+    tab.press("Dim hidden apps");
+    tab.press("Save");
+    tab.press("Reset to Defaults");
+    EXPECT_EQ(tab.reads(), Lines(sevenReads.begin(), sevenReads.end() - 1));
+    const Lines writes = tab.writes();
+    EXPECT_EQ(writes.size(), 12U);
+    for (const std::string& line : writes) {
+      EXPECT_EQ(line.find("single-app"), std::string::npos) << line;
+    }
   }
 }
 
-TEST(DockTabScenarios, system14Point9StillHasTheSingleAppRow) {
-  DockTab tab({.version = {.major = 14, .minor = 9, .patch = 9}});
-  tab.holdingDefaults().open();
-  EXPECT_TRUE(tab.has("Single app mode"));
+TEST(DockTabScenarios, systemsBefore15HaveTheSingleAppRowAndReadAndWriteItsKey) {
+  for (const int minor : {0, 9, 99}) {
+    DockTab tab({.version = {.major = 14, .minor = minor, .patch = minor}});
+    tab.holdingDefaults().open();
+    EXPECT_EQ(tab.reads(), sevenReads);
+    ASSERT_TRUE(tab.has("Single app mode"));
+    tab.press("Single app mode");
+    tab.press("Save");
+    EXPECT_FALSE(tab.isEnabled("Save"));
+    EXPECT_EQ(tab.writes().back(), "defaults write com.apple.dock single-app -bool true; killall Dock");
+    tab.press("Reset to Defaults");
+    EXPECT_EQ(tab.value("Single app mode"), "off");
+    EXPECT_EQ(tab.writes().back(), "defaults write com.apple.dock single-app -bool false; killall Dock");
+  }
 }
 
 TEST(DockTabScenarios, everyShowingReadsAgain) {
