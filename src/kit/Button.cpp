@@ -50,8 +50,9 @@ Measurement Button::measure(const TextMeasurer& text, Proposal /*proposal*/) con
   const bool help = bezelStyle_ == BezelStyle::help;
   const double titleWidth = text.measureText(title_, FontRole::body, std::nullopt).size.width;
   const double width = std::max(metrics::buttonLeastWidth, titleWidth + 2 * metrics::buttonInset);
+  const double height = std::max(metrics::buttonHeight, text.lineHeight(FontRole::body) + 2 * metrics::buttonPadding);
   const Size size = help ? Size{.width = metrics::helpButtonSide, .height = metrics::helpButtonSide}
-                         : Size{.width = width, .height = metrics::buttonHeight};
+                         : Size{.width = width, .height = height};
   return {.size = size, .firstBaseline = (size.height + text.capHeight(FontRole::body)) / 2};
 }
 

@@ -48,9 +48,9 @@ Measurement PopUpButton::measure(const TextMeasurer& text, Proposal /*proposal*/
     const double title = text.measureText(item.title, FontRole::body, std::nullopt).size.width;
     widest = std::max(widest, title + symbol);
   }
-  return {
-      .size = {.width = 2 * metrics::popUpInset + widest + metrics::popUpArrowWidth, .height = metrics::buttonHeight},
-      .firstBaseline = (metrics::buttonHeight + text.capHeight(FontRole::body)) / 2};
+  const double height = std::max(metrics::buttonHeight, text.lineHeight(FontRole::body) + 2 * metrics::buttonPadding);
+  return {.size = {.width = 2 * metrics::popUpInset + widest + metrics::popUpArrowWidth, .height = height},
+          .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
 }
 
 }  // namespace tarnwell::kit

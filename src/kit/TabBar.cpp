@@ -1,5 +1,7 @@
 #include "kit/TabBar.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "diagnostics/Fault.h"
@@ -7,6 +9,12 @@
 #include "kit/Host.h"
 
 namespace tarnwell::kit {
+namespace {
+
+// In proportion: what makes a tab higher is a larger text, which is wider as well.
+double tabWidth(double height) { return std::round(metrics::tab.width * height / metrics::tab.height); }
+
+}  // namespace
 
 void TabBar::setTabs(std::vector<Tab> tabs) {
   if (tabs != tabs_) {
@@ -44,18 +52,19 @@ void TabBar::chooseBeside(int distance) {
 }
 
 Rect TabBar::rectOfTab(int index) const {
-  const double all = metrics::tab.width * static_cast<double>(tabs_.size());
-  return {.x = (bounds().width - all) / 2 + metrics::tab.width * index,
-          .y = metrics::tabBarInset,
-          .width = metrics::tab.width,
-          .height = metrics::tab.height};
+  const double height = std::max(metrics::tab.height, bounds().height - 2 * metrics::tabBarInset);
+  const double width = tabWidth(height);
+  const double all = width * static_cast<double>(tabs_.size());
+  return {.x = (bounds().width - all) / 2 + width * index, .y = metrics::tabBarInset, .width = width, .height = height};
 }
 
 std::unique_ptr<Peer> TabBar::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
-Measurement TabBar::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
-  const double all = metrics::tab.width * static_cast<double>(tabs_.size());
-  return {.size = {.width = proposal.width.value_or(all), .height = metrics::tab.height + 2 * metrics::tabBarInset}};
+Measurement TabBar::measure(const TextMeasurer& text, Proposal proposal) const {
+  const double title = metrics::tabTitleTop + text.lineHeight(FontRole::subheadline) + metrics::tabTitleBelow;
+  const double height = std::max(metrics::tab.height, title);
+  const double all = tabWidth(height) * static_cast<double>(tabs_.size());
+  return {.size = {.width = proposal.width.value_or(all), .height = height + 2 * metrics::tabBarInset}};
 }
 
 }  // namespace tarnwell::kit

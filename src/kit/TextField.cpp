@@ -1,5 +1,6 @@
 #include "kit/TextField.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "kit/ControlMetrics.h"
@@ -52,8 +53,9 @@ void TextField::cancel() {
 std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Measurement TextField::measure(const TextMeasurer& text, Proposal proposal) const {
-  return {.size = {.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = metrics::fieldHeight},
-          .firstBaseline = (metrics::fieldHeight + text.capHeight(FontRole::body)) / 2};
+  const double height = std::max(metrics::fieldHeight, text.lineHeight(FontRole::body) + 2 * metrics::fieldPadding);
+  return {.size = {.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = height},
+          .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
 }
 
 bool TextField::canEdit(const Selector& command) const {

@@ -7,8 +7,6 @@
 
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyEquivalentText.h"
-#include "host/qt/MenuLook.h"
-#include "host/qt/Theme.h"
 #include "kit/Application.h"
 
 namespace tarnwell::host_qt {
@@ -26,14 +24,10 @@ void closeOpenMenus() {
 }  // namespace
 
 MenuWidget::MenuWidget(kit::Application& application, kit::Menu& menu, const Theme& theme, QWidget* parent)
-    : QMenu(parent), application_(application), theme_(theme) {
-  auto* look = new MenuLook(theme);
-  look->setParent(this);
-  setStyle(look);
+    : ThemedMenu(theme, parent), application_(application), theme_(theme) {
   setTitle(toQString(menu.title()));
   changes_ = menu.observe([this, &menu] { follow(menu); });
   connect(this, &QMenu::aboutToShow, this, [this]() noexcept {
-    setFont(theme_.font(kit::FontRole::body));
     for (const auto& [item, action] : rows_) {
       show(*item, *action);
     }
@@ -44,9 +38,7 @@ MenuWidget::MenuWidget(kit::Application& application, kit::Menu& menu, const The
 void MenuWidget::keyPressEvent(QKeyEvent* event) {
   const kit::KeyEvent key = toKeyEvent(*event);
   if ((key.modifierFlags & kit::commandFlag) == 0) {
-    if (!typeAhead_.choose(*event, *this)) {
-      QMenu::keyPressEvent(event);
-    }
+    ThemedMenu::keyPressEvent(event);
     return;
   }
   // The press of Control alone is one of these, and what chooses nothing leaves the menu open.
@@ -62,7 +54,7 @@ QString MenuWidget::keysOf(const QAction& action) const {
 }
 
 void MenuWidget::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
-  QMenu::initStyleOption(option, action);
+  ThemedMenu::initStyleOption(option, action);
   if (const QString keys = keysOf(*action); !keys.isEmpty()) {
     option->text += '\t' + keys;
   }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QtWidgets/QMenu>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "host/qt/TypeAhead.h"
+#include "host/qt/ThemedMenu.h"
 #include "kit/Menu.h"
 
 namespace tarnwell::kit {
@@ -19,7 +18,7 @@ class Theme;
 /// A menu of ours as a menu of the toolkit. It follows every change, and asks the application what can be chosen each
 /// time it opens. The toolkit knows of no key equivalents, which are only shown: two entries may share one. Those that
 /// are pressed while it is open close it and go where all go.
-class MenuWidget final : public QMenu {
+class MenuWidget final : public ThemedMenu {
  public:
   /// All are borrowed; a menu that ends first is shown as it was.
   MenuWidget(kit::Application& application, kit::Menu& menu, const Theme& theme, QWidget* parent = nullptr);
@@ -43,7 +42,6 @@ class MenuWidget final : public QMenu {
   kit::Application& application_;
   const Theme& theme_;
   std::vector<Row> rows_;
-  TypeAhead typeAhead_;
   kit::Subscription changes_;
 };
 

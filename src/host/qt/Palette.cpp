@@ -6,10 +6,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr int lightRingAlpha = 140;
-constexpr int darkRingAlpha = 190;
-// What a control needs to stand out from its ground.
-constexpr double leastContrast = 3;
+// What a control needs to stand out from its ground, and a text.
+constexpr double controlContrast = 3;
+constexpr double textContrast = 4.5;
 
 double linear(double channel) {
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -17,6 +16,83 @@ double linear(double channel) {
 
 double luminance(const QColor& color) {
   return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+QColor mixed(const QColor& color, const QColor& other, float share) {
+  const auto channel = [share](float one, float two) { return one + (two - one) * share; };
+  return QColor::fromRgbF(channel(color.redF(), other.redF()), channel(color.greenF(), other.greenF()),
+                          channel(color.blueF(), other.blueF()));
+}
+
+// `color`, as much darker or lighter as it takes to have that contrast to `ground`.
+QColor apartFrom(const QColor& ground, const QColor& color, double least) {
+  const QColor end = contrast(Qt::black, ground) > contrast(Qt::white, ground) ? Qt::black : Qt::white;
+  constexpr int steps = 32;
+  for (int step = 0; step < steps; ++step) {
+    const QColor shade = mixed(color, end, static_cast<float>(step) / steps);
+    if (contrast(shade, ground) >= least) {
+      return shade;
+    }
+  }
+  return end;
+}
+
+Palette highLight() {
+  const QColor ink(Qt::black);
+  const QColor paper(Qt::white);
+  const QColor blue(0x0a4aad);
+  return {.window = paper,
+          .groupFill = paper,
+          .hairline = ink,
+          .primaryText = ink,
+          .secondaryText = QColor(0x333338),
+          .accent = blue,
+          .accentText = paper,
+          .accentOnWindow = blue,
+          .destructive = QColor(0x9c0000),
+          .controlFace = paper,
+          .controlFacePressed = QColor(0xdcdce0),
+          .controlBorder = ink,
+          .fieldFace = paper,
+          .track = QColor(0x4a4a4f),
+          .tick = ink,
+          .knob = paper,
+          .knobBorder = ink,
+          .shadow = Qt::transparent,
+          .focusRing = blue,
+          .menuFace = paper,
+          .chosenTab = QColor(0xf2f2f6),
+          .chosenTabBorder = ink,
+          .accentContrast = 7};
+}
+
+Palette highDark() {
+  const QColor ink(Qt::white);
+  const QColor paper(Qt::black);
+  const QColor blue(0x6aaaff);
+  return {.window = paper,
+          .groupFill = paper,
+          .hairline = ink,
+          .primaryText = ink,
+          .secondaryText = QColor(0xd6d6da),
+          .accent = blue,
+          .accentText = paper,
+          .accentOnWindow = QColor(0x8cc0ff),
+          .destructive = QColor(0xff9d96),
+          .controlFace = QColor(0x1a1a1c),
+          .controlFacePressed = QColor(0x3a3a3e),
+          .controlBorder = ink,
+          .fieldFace = paper,
+          .track = QColor(0x8c8c92),
+          .tick = ink,
+          .knob = ink,
+          .knobBorder = paper,
+          .shadow = Qt::transparent,
+          .focusRing = QColor(0x8cc0ff),
+          .menuFace = paper,
+          .chosenTab = QColor(0x2a2a2e),
+          .chosenTabBorder = ink,
+          .accentContrast = 7};
 }
 
 void setColors(QPalette& palette, QPalette::ColorGroup group, const Palette& colors, const QColor& text) {
@@ -41,16 +117,17 @@ Palette Palette::light() {
           .destructive = QColor(0xc81e1e),
           .controlFace = QColor(0xffffff),
           .controlFacePressed = QColor(0xe4e4e9),
-          .controlBorder = QColor(0xcdcdd3),
+          .controlBorder = QColor(0x85858d),
           .fieldFace = QColor(0xffffff),
-          .track = QColor(0xd3d3d9),
-          .tick = QColor(0xa9a9b1),
+          .track = QColor(0x85858d),
+          .tick = QColor(0x85858d),
           .knob = QColor(0xffffff),
-          .knobBorder = QColor(0, 0, 0, 46),
+          .knobBorder = QColor(0x7c7c84),
           .shadow = QColor(0, 0, 0, 40),
-          .focusRing = QColor(0x12, 0x68, 0xe3, lightRingAlpha),
+          .focusRing = QColor(0x2f7ae8),
           .menuFace = QColor(0xf8f8fa),
-          .chosenTab = QColor(0, 0, 0, 18)};
+          .chosenTab = QColor(0, 0, 0, 18),
+          .chosenTabBorder = Qt::transparent};
 }
 
 Palette Palette::dark() {
@@ -65,27 +142,34 @@ Palette Palette::dark() {
           .destructive = QColor(0xff7a70),
           .controlFace = QColor(0x47474d),
           .controlFacePressed = QColor(0x5a5a61),
-          .controlBorder = QColor(0x58585f),
+          .controlBorder = QColor(0x7c7c84),
           .fieldFace = QColor(0x1b1b1e),
-          .track = QColor(0x4a4a50),
-          .tick = QColor(0x77777f),
+          .track = QColor(0x7c7c84),
+          .tick = QColor(0x84848c),
           .knob = QColor(0xe6e6ea),
-          .knobBorder = QColor(0, 0, 0, 90),
+          .knobBorder = QColor(0x2c2c30),
           .shadow = QColor(0, 0, 0, 90),
-          .focusRing = QColor(0x4d, 0x92, 0xff, darkRingAlpha),
+          .focusRing = QColor(0x4d92ff),
           .menuFace = QColor(0x2c2c30),
-          .chosenTab = QColor(255, 255, 255, 24)};
+          .chosenTab = QColor(255, 255, 255, 24),
+          .chosenTabBorder = Qt::transparent};
 }
 
-Palette Palette::of(ColorScheme scheme) { return scheme == ColorScheme::dark ? dark() : light(); }
+Palette Palette::of(ColorScheme scheme, ContrastLevel level) {
+  if (level == ContrastLevel::high) {
+    return scheme == ColorScheme::dark ? highDark() : highLight();
+  }
+  return scheme == ColorScheme::dark ? dark() : light();
+}
 
 Palette Palette::withAccent(const QColor& color) const {
   Palette changed = *this;
-  changed.accent = color;
-  changed.accentText = contrast(Qt::white, color) >= leastContrast ? QColor(Qt::white) : QColor(Qt::black);
-  changed.accentOnWindow = contrast(color, window) >= leastContrast ? color : primaryText;
-  changed.focusRing = color;
-  changed.focusRing.setAlpha(focusRing.alpha());
+  changed.accentText = contrast(Qt::white, color) >= controlContrast ? QColor(Qt::white) : QColor(Qt::black);
+  changed.accent = apartFrom(changed.accentText, color, accentContrast);
+  // The title of the chosen tab, for one.
+  const QColor ground = chosenTab.alpha() < 255 ? window : chosenTab;
+  changed.accentOnWindow = apartFrom(ground, color, std::max(textContrast, accentContrast));
+  changed.focusRing = apartFrom(groupFill, apartFrom(window, color, controlContrast), controlContrast);
   return changed;
 }
 

@@ -6,8 +6,10 @@
 namespace tarnwell::host_qt {
 
 enum class ColorScheme { light, dark };
+enum class ContrastLevel { normal, high };
 
-/// Every colour that the widgets paint with. All of our own choosing; texts keep a contrast of 4.5 to their ground.
+/// Every colour that the widgets paint with. All of our own choosing. Texts keep a contrast of 4.5 to their ground, 7
+/// at the high level; what shows where a control is and how it stands keeps 3. Hairlines are decoration.
 struct Palette {
   QColor window = {};
   QColor groupFill = {};
@@ -30,12 +32,15 @@ struct Palette {
   QColor focusRing = {};
   QColor menuFace = {};
   QColor chosenTab = {};
+  QColor chosenTabBorder = {};  ///< None at the normal level, where its ground and its colour do.
+  double accentContrast = 3;    ///< What the accent colour keeps to the text on it.
 
   static Palette light();
   static Palette dark();
-  static Palette of(ColorScheme scheme);
+  static Palette of(ColorScheme scheme, ContrastLevel level = ContrastLevel::normal);
 
-  /// The same with the user's accent colour, and a text on it that can be read.
+  /// The same with the user's accent colour, moved as far as it takes to tell it apart, and a text on it that can be
+  /// read.
   Palette withAccent(const QColor& color) const;
 
   /// For what the toolkit paints itself: menus, tool tips, the selection in a text field.

@@ -30,7 +30,8 @@ PanelButton::PanelButton(const QString& title, Kind kind, const Theme& theme, QW
 QSize PanelButton::sizeHint() const {
   const WrappedText title(text().toStdString(), theme_.font(kit::FontRole::body), std::nullopt);
   const double width = std::max(title.size().width() + 2 * kit::metrics::buttonInset, kit::metrics::buttonLeastWidth);
-  return QSizeF(width + 2 * panelRing, kit::metrics::buttonHeight + 2 * panelRing).toSize();
+  const double height = std::max(kit::metrics::buttonHeight, title.size().height() + 2 * kit::metrics::buttonPadding);
+  return QSizeF(width + 2 * panelRing, height + 2 * panelRing).toSize();
 }
 
 void PanelButton::paintEvent(QPaintEvent* /*event*/) {

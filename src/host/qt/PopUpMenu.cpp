@@ -18,7 +18,8 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr int popUpMargin = 5;
-constexpr int rowHeightInPoints = 24;
+constexpr int leastRowHeight = 24;
+constexpr int rowPadding = 3;
 constexpr double checkWidth = 20;
 constexpr double trailingSpace = 14;
 constexpr double popUpRadius = 7;
@@ -30,7 +31,9 @@ QSize rowSize(const kit::PopUpButton& button, const Theme& theme) {
   for (const auto& item : button.items()) {
     widest = std::max(widest, itemLineWidth(item, theme));
   }
-  return {static_cast<int>(std::ceil(checkWidth + widest + trailingSpace)), rowHeightInPoints};
+  const int line = QFontMetrics(theme.font(kit::FontRole::body)).height();
+  return {static_cast<int>(std::ceil(checkWidth + widest + trailingSpace)),
+          std::max(leastRowHeight, line + 2 * rowPadding)};
 }
 
 void drawCheckMark(QPainter& painter, const QPointF& centre, const QColor& color) {
@@ -48,7 +51,9 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
                      const std::function<void(int)>& chosen)
     : QMenu(parent), items_(button.items()), selected_(button.selectedIndex()), theme_(theme) {
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* style = new MenuStyle(rowSize(button, theme), popUpMargin);
+  const QSize row = rowSize(button, theme);
+  rowHeight_ = row.height();
+  auto* style = new MenuStyle(row, popUpMargin);
   style->setParent(this);
   setStyle(style);
   for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
@@ -61,7 +66,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
 }
 
 void PopUpMenu::openOver(const QPoint& title) {
-  const QPoint row = title - QPoint(popUpMargin + static_cast<int>(checkWidth), popUpMargin + rowHeightInPoints / 2);
+  const QPoint row = title - QPoint(popUpMargin + static_cast<int>(checkWidth), popUpMargin + rowHeight_ / 2);
   const QList<QAction*> rows = actions();
   QAction* current = selected_ >= 0 ? rows.at(selected_) : nullptr;
   popup(row, current);

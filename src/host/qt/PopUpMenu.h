@@ -30,6 +30,7 @@ class PopUpMenu final : public QMenu {
 
   const std::vector<kit::PopUpButton::Item> items_;
   const int selected_;
+  int rowHeight_ = 0;
   const Theme& theme_;
   TypeAhead typeAhead_;
 };

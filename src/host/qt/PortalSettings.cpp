@@ -18,6 +18,7 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
 const QString accentKey = QStringLiteral("accent-color");
+const QString contrastKey = QStringLiteral("contrast");
 
 // The portal wraps its answers once or twice, depending on its version.
 QVariant unwrapped(QVariant value) {
@@ -62,6 +63,7 @@ PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme
   bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
   ask(colorSchemeKey, first);
   ask(accentKey, first);
+  ask(contrastKey, first);
 }
 
 void PortalSettings::settingChanged(const QDBusMessage& signal) {
@@ -89,6 +91,9 @@ void PortalSettings::take(const QString& key, const QVariant& wrapped) {
   const QVariant value = unwrapped(wrapped);
   if (const auto number = busValue<uint>(value); number && key == colorSchemeKey) {
     theme_.setColorScheme(schemeOf(*number));
+  } else if (number && key == contrastKey) {
+    constexpr uint prefersHigh = 1;
+    theme_.setContrastLevel(*number == prefersHigh ? ContrastLevel::high : ContrastLevel::normal);
   } else if (const auto color = busValue<BusColor>(value); color && key == accentKey) {
     theme_.setAccent(accentOf(*color));
   }

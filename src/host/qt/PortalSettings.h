@@ -12,8 +12,8 @@ namespace tarnwell::host_qt {
 class FirstAnswers;
 class Theme;
 
-/// What the desktop's settings portal says of light, dark and the accent colour, now and whenever it changes. Without a
-/// bus or a portal the theme stays as it is.
+/// What the desktop's settings portal says of light, dark, contrast and the accent colour, now and whenever it changes.
+/// Without a bus or a portal the theme stays as it is.
 class PortalSettings final : public QObject {
   Q_OBJECT
 

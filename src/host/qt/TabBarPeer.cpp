@@ -12,6 +12,7 @@
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
+#include "kit/ControlMetrics.h"
 #include "kit/TabBar.h"
 
 namespace tarnwell::host_qt {
@@ -20,7 +21,6 @@ namespace {
 constexpr double tabRadius = 7;
 constexpr double symbolSide = 22;
 constexpr double symbolTop = 5;
-constexpr double titleTop = 29;
 constexpr double tabGap = 2;
 // How much of the chosen tab's ground the one under the pointer has.
 constexpr double hoverShare = 0.5;
@@ -116,15 +116,15 @@ class TabBarWidget final : public ControlWidget {
     theme().symbols().draw(painter, tab.symbol, symbol, color);
     const WrappedText title(tab.title, theme().font(kit::FontRole::subheadline), std::nullopt);
     painter.setPen(color);
-    title.draw(painter, {std::round(shape.center().x() - title.size().width() / 2), shape.top() + titleTop});
+    title.draw(painter,
+               {std::round(shape.center().x() - title.size().width() / 2), shape.top() + kit::metrics::tabTitleTop});
   }
 
   void drawGround(QPainter& painter, const QRectF& shape, double share) const {
     QColor ground = theme().palette().chosenTab;
     ground.setAlphaF(ground.alphaF() * static_cast<float>(share));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(shape, tabRadius, tabRadius);
+    const QColor border = share < 1 ? QColor(Qt::transparent) : theme().palette().chosenTabBorder;
+    drawRounded(painter, shape, tabRadius, ground, border);
   }
 
   kit::TabBar& bar_;

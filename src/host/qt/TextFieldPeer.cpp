@@ -1,5 +1,6 @@
 #include "host/qt/TextFieldPeer.h"
 
+#include <QtGui/QContextMenuEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QLineEdit>
@@ -11,6 +12,7 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
+#include "host/qt/ThemedMenu.h"
 #include "kit/ControlMetrics.h"
 #include "kit/TextField.h"
 
@@ -32,22 +34,29 @@ bool hasSelection(const QLineEdit& edit) { return edit.hasSelectedText(); }
 /// An editing command: when it can do something, and what.
 struct EditingCommand {
   std::string_view selector = {};
+  const char* title = "";
   bool (*isPossible)(const QLineEdit&) = nullptr;
   void (*perform)(QLineEdit&) = nullptr;
 };
 
 constexpr std::array<EditingCommand, 7> editingCommands = {
-    EditingCommand{"undo:", [](const QLineEdit& edit) { return edit.isUndoAvailable(); },
+    EditingCommand{"undo:", "Undo", [](const QLineEdit& edit) { return edit.isUndoAvailable(); },
                    [](QLineEdit& edit) { edit.undo(); }},
-    EditingCommand{"redo:", [](const QLineEdit& edit) { return edit.isRedoAvailable(); },
+    EditingCommand{"redo:", "Redo", [](const QLineEdit& edit) { return edit.isRedoAvailable(); },
                    [](QLineEdit& edit) { edit.redo(); }},
-    EditingCommand{"cut:", &hasSelection, [](QLineEdit& edit) { edit.cut(); }},
-    EditingCommand{"copy:", &hasSelection, [](QLineEdit& edit) { edit.copy(); }},
+    EditingCommand{"cut:", "Cut", &hasSelection, [](QLineEdit& edit) { edit.cut(); }},
+    EditingCommand{"copy:", "Copy", &hasSelection, [](QLineEdit& edit) { edit.copy(); }},
     // What the clipboard holds is its owner's to say, which may take its time.
-    EditingCommand{"paste:", [](const QLineEdit& /*edit*/) { return true; }, [](QLineEdit& edit) { edit.paste(); }},
-    EditingCommand{"delete:", &hasSelection, [](QLineEdit& edit) { edit.del(); }},
-    EditingCommand{"selectAll:", [](const QLineEdit& edit) { return !edit.text().isEmpty(); },
+    EditingCommand{"paste:", "Paste", [](const QLineEdit& /*edit*/) { return true; },
+                   [](QLineEdit& edit) { edit.paste(); }},
+    EditingCommand{"delete:", "Delete", &hasSelection, [](QLineEdit& edit) { edit.del(); }},
+    EditingCommand{"selectAll:", "Select All", [](const QLineEdit& edit) { return !edit.text().isEmpty(); },
                    [](QLineEdit& edit) { edit.selectAll(); }}};
+
+// Where the context menu has a line.
+bool beginsGroup(const EditingCommand& command) {
+  return command.selector == "cut:" || command.selector == "selectAll:";
+}
 
 const EditingCommand* editingCommand(const kit::Selector& selector) {
   const auto* found = std::ranges::find(editingCommands, selector, &EditingCommand::selector);
@@ -90,6 +99,20 @@ class LineEdit final : public QLineEdit, public ControlLink {
   }
 
  protected:
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    auto* menu = new ThemedMenu(theme_, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const EditingCommand& command : editingCommands) {
+      if (beginsGroup(command)) {
+        menu->addSeparator();
+      }
+      QAction* entry = menu->addAction(QString::fromLatin1(command.title));
+      entry->setEnabled(command.isPossible(*this));
+      connect(entry, &QAction::triggered, this, [this, &command]() noexcept { command.perform(*this); });
+    }
+    menu->popup(event->globalPos());
+  }
+
   void paintEvent(QPaintEvent* event) override {
     {
       QPainter painter(this);

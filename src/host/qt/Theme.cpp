@@ -19,6 +19,12 @@ void Theme::setColorScheme(std::optional<ColorScheme> scheme) {
   }
 }
 
+void Theme::setContrastLevel(ContrastLevel level) {
+  if (std::exchange(contrastLevel_, level) != level) {
+    apply();
+  }
+}
+
 void Theme::setAccent(std::optional<QColor> accent) {
   if (std::exchange(accent_, accent) != accent) {
     apply();
@@ -28,7 +34,7 @@ void Theme::setAccent(std::optional<QColor> accent) {
 void Theme::takeApplicationFont() { typography_ = Typography(QApplication::font()); }
 
 void Theme::apply() {
-  const Palette own = Palette::of(colorScheme());
+  const Palette own = Palette::of(colorScheme(), contrastLevel_);
   palette_ = accent_ ? own.withAccent(*accent_) : own;
   // Tells every widget, and each repaints itself.
   QApplication::setPalette(palette_.toolkitPalette());

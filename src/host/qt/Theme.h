@@ -27,6 +27,9 @@ class Theme {
   void setColorScheme(std::optional<ColorScheme> scheme);
   ColorScheme colorScheme() const { return scheme_.value_or(desktopScheme_); }
 
+  /// What the desktop's user asks for; normal until told.
+  void setContrastLevel(ContrastLevel level);
+
   /// Absent: our own accent colour.
   void setAccent(std::optional<QColor> accent);
 
@@ -39,6 +42,7 @@ class Theme {
   ColorScheme desktopScheme_;
   std::optional<ColorScheme> scheme_;
   std::optional<QColor> accent_;
+  ContrastLevel contrastLevel_ = ContrastLevel::normal;
   Palette palette_;
   Typography typography_;
   mutable Symbols symbols_;  // Only a cache of pictures.

@@ -25,7 +25,7 @@ class ToggleWidget final : public PressableWidget {
     const Palette& palette = theme().palette();
     const QColor ground = toggle_.isOn() ? palette.accent : palette.track;
     drawRounded(painter, bounds(), cornerRadius(), isPressed() ? ground.darker(togglePressedShade) : ground,
-                QColor(0, 0, 0, 20));
+                palette.controlBorder);
     const double side = bounds().height() - 2 * knobGap;
     const double left = toggle_.isOn() ? bounds().width() - side - knobGap : knobGap;
     drawKnob(painter, QRectF(left, knobGap, side, side), side / 2, palette);

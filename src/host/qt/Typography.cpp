@@ -8,7 +8,6 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr int leastBody = 12;
-constexpr int mostBody = 15;
 constexpr int leastSize = 9;
 constexpr double bodyShare = 13;
 
@@ -20,7 +19,7 @@ QFont sized(QFont font, double bodyPixels, double share) {
 }  // namespace
 
 Typography::Typography(const QFont& applicationFont) {
-  const double body = std::clamp(QFontInfo(applicationFont).pixelSize(), leastBody, mostBody);
+  const double body = std::max(QFontInfo(applicationFont).pixelSize(), leastBody);
   // In the order of the roles.
   fonts_ = {sized(applicationFont, body, bodyShare), sized(applicationFont, body, 11),
             sized(applicationFont, body, 10)};

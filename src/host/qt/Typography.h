@@ -8,8 +8,8 @@
 
 namespace tarnwell::host_qt {
 
-/// The fonts of the roles, all derived from the application's font. Body is that font itself, held to 12 to 15 pixels,
-/// since it stands in controls of 22 to 24 points; the smaller roles keep the proportions 13 : 11 : 10.
+/// The fonts of the roles, all derived from the application's font. Body is that font itself, though at least 12
+/// pixels high; the smaller roles keep the proportions 13 : 11 : 10.
 class Typography {
  public:
   explicit Typography(const QFont& applicationFont);

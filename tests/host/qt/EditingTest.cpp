@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QtGui/QContextMenuEvent>
 #include <QtGui/QFocusEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
+#include "host/qt/ThemedMenu.h"
 #include "host/qt/WidgetDriver.h"
 
 namespace tarnwell::host_qt {
@@ -39,6 +41,24 @@ class EditingTest : public testing::Test {
 };
 
 using Texts = std::vector<std::string>;
+
+TEST_F(EditingTest, contextMenuLooksAsOursAndEdits) {
+  driver::type(field, "0.7");
+  lineEdit().selectAll();
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, {5, 5}, lineEdit().mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&lineEdit(), &asked);
+  auto* menu = dynamic_cast<ThemedMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  Texts entries;
+  for (const QAction* entry : menu->actions()) {
+    entries.push_back(entry->isSeparator() ? "-" : (entry->isEnabled() ? "" : "no ") + entry->text().toStdString());
+  }
+  EXPECT_EQ(entries, (Texts{"Undo", "no Redo", "-", "Cut", "Copy", "Paste", "Delete", "-", "Select All"}));
+  driver::keyTo(*menu, Qt::Key_D);
+  driver::keyTo(*menu, Qt::Key_Return);
+  EXPECT_EQ(field.shownText(), "");
+  EXPECT_TRUE(field.isEditing());
+}
 
 TEST_F(EditingTest, typingCommitsNothing) {
   driver::type(field, "0.7");

@@ -113,6 +113,24 @@ TEST(PortalSettingsTest, takesTheAccentColour) {
             0);
 }
 
+TEST(PortalSettingsTest, takesTheContrastAndFollowsIt) {
+  EXPECT_EQ(fixtures::exitStatusOf([] {
+              const PrivateBus bus;
+              const auto application = started();
+              FakePortal portal(bus.address());
+              portal.set("contrast", 1U);
+              const Start start(*application);
+              const Theme& theme = application->host().theme();
+              const auto hasGround = [](const QColor& ground) {
+                return [ground](const Theme& now) { return now.palette().window == ground; };
+              };
+              const bool high = waitForTheme(theme, hasGround(Qt::white));
+              portal.change("contrast", 0U);
+              return high && waitForTheme(theme, hasGround(Palette::light().window)) ? 0 : 1;
+            }),
+            0);
+}
+
 TEST(PortalSettingsTest, answersAreInUseWhenTheWaitIsOver) {
   EXPECT_EQ(fixtures::exitStatusOf([] {
               const PrivateBus bus;
@@ -214,7 +232,7 @@ TEST(PortalSettingsTest, answersOfAnotherTypeAreNone) {
                 portal.answerWith(answer);
                 const Start start(*application);
                 const Theme& theme = application->host().theme();
-                waitForTheme(theme, [&portal](const Theme& /*now*/) { return portal.questions() >= 2; });
+                waitForTheme(theme, [&portal](const Theme& /*now*/) { return portal.questions() >= 3; });
                 portal.change("accent-color", FakePortal::color(0, 0, 1));
                 return hasAccent(theme, QColor::fromRgbF(0, 0, 1)) && theme.colorScheme() == ColorScheme::light ? 0 : 1;
               }),
@@ -232,7 +250,7 @@ TEST(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
               const Start start(*application);
               const Theme& theme = application->host().theme();
               const bool over = waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; });
-              return over && portal.questions() == 2 && theme.colorScheme() == ColorScheme::light ? 0 : 1;
+              return over && portal.questions() == 3 && theme.colorScheme() == ColorScheme::light ? 0 : 1;
             }),
             0);
 }

@@ -4,15 +4,23 @@
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <algorithm>
+#include <tuple>
 
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
+#include "kit/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the test library looks for.
 static void PrintTo(ColorScheme scheme, std::ostream* out) { *out << (scheme == ColorScheme::dark ? "dark" : "light"); }
+
+// NOLINTNEXTLINE(readability-identifier-naming)
+static void PrintTo(ContrastLevel level, std::ostream* out) {
+  *out << (level == ContrastLevel::high ? "high" : "normal");
+}
 
 namespace {
 
@@ -22,39 +30,71 @@ class ThemeTest : public testing::Test {
   ~ThemeTest() override {
     theme.setColorScheme(std::nullopt);
     theme.setAccent(std::nullopt);
+    theme.setContrastLevel(ContrastLevel::normal);
     driver::settle();
   }
 
   Theme& theme = testHost().theme();
 };
 
-class PaletteTest : public testing::TestWithParam<ColorScheme> {};
+/// Every scheme at every level, with our accent colour and with others.
+class PaletteTest : public testing::TestWithParam<std::tuple<ColorScheme, ContrastLevel, QRgb>> {
+ protected:
+  static bool isHigh() { return std::get<1>(GetParam()) == ContrastLevel::high; }
+
+  static Palette palette() {
+    const auto [scheme, level, accent] = GetParam();
+    const Palette own = Palette::of(scheme, level);
+    return accent != 0 ? own.withAccent(QColor(accent)) : own;
+  }
+};
 
 TEST_P(PaletteTest, textsCanBeRead) {
-  const Palette palette = Palette::of(GetParam());
-  for (const QColor& ground : {palette.window, palette.groupFill, palette.menuFace}) {
-    EXPECT_GE(contrast(palette.primaryText, ground), 4.5);
-    EXPECT_GE(contrast(palette.secondaryText, ground), 4.5);
+  const Palette colors = palette();
+  const double least = isHigh() ? 7 : 4.5;
+  for (const QColor& ground : {colors.window, colors.groupFill, colors.menuFace}) {
+    EXPECT_GE(contrast(colors.primaryText, ground), least);
+    EXPECT_GE(contrast(colors.secondaryText, ground), least);
   }
-  for (const QColor& ground : {palette.controlFace, palette.controlFacePressed, palette.fieldFace}) {
-    EXPECT_GE(contrast(palette.primaryText, ground), 4.5);
+  for (const QColor& ground : {colors.controlFace, colors.controlFacePressed, colors.fieldFace}) {
+    EXPECT_GE(contrast(colors.primaryText, ground), least);
   }
-  EXPECT_GE(contrast(palette.accentText, palette.accent), 4.4);
-  EXPECT_GE(contrast(palette.destructive, palette.controlFace), 3.5);
+  EXPECT_GE(contrast(colors.accentOnWindow, colors.window), least);
+  EXPECT_GE(contrast(colors.accentText, colors.accent), isHigh() ? 7 : 3);
+  EXPECT_GE(contrast(colors.accentOnWindow, isHigh() ? colors.chosenTab : colors.window), least);
+  EXPECT_GE(contrast(colors.destructive, colors.controlFace), isHigh() ? 7 : 3.5);
 }
 
-TEST_P(PaletteTest, textOnAnyAccentCanBeRead) {
-  for (const QColor& accent : {QColor(Qt::yellow), QColor(0x3584e4), QColor(0xed5b00), QColor(Qt::darkGreen)}) {
-    const Palette palette = Palette::of(GetParam()).withAccent(accent);
-    EXPECT_GE(contrast(palette.accentText, palette.accent), 3);
+TEST_P(PaletteTest, controlsStandOutFromWhatTheyStandOn) {
+  const Palette colors = palette();
+  for (const QColor& ground : {colors.window, colors.groupFill}) {
+    EXPECT_GE(contrast(colors.controlBorder, ground), 3);
+    EXPECT_GE(contrast(colors.track, ground), 3);
+    EXPECT_GE(contrast(colors.tick, ground), 3);
+    EXPECT_GE(contrast(colors.focusRing, ground), 3);
+    EXPECT_GE(std::max(contrast(colors.knob, ground), contrast(colors.knobBorder, ground)), 3);
   }
+  EXPECT_GE(contrast(colors.controlBorder, colors.fieldFace), 3);
+  EXPECT_GE(contrast(colors.controlBorder, colors.menuFace), 3);
+  EXPECT_GE(contrast(colors.knob, colors.track), 3);
+}
+
+TEST_P(PaletteTest, highContrastDrawsLinesInTheColourOfTexts) {
+  const Palette colors = palette();
+  EXPECT_EQ(colors.controlBorder == colors.primaryText, isHigh());
+  EXPECT_EQ(colors.hairline == colors.primaryText, isHigh());
+  EXPECT_EQ(colors.chosenTabBorder == colors.primaryText, isHigh());
 }
 
 TEST_P(PaletteTest, toolkitSeesTheSameScheme) {
-  EXPECT_EQ(schemeOf(Palette::of(GetParam()).toolkitPalette()), GetParam());
+  EXPECT_EQ(schemeOf(palette().toolkitPalette()), std::get<0>(GetParam()));
 }
 
-INSTANTIATE_TEST_SUITE_P(schemes, PaletteTest, testing::Values(ColorScheme::light, ColorScheme::dark));
+INSTANTIATE_TEST_SUITE_P(schemes, PaletteTest,
+                         testing::Combine(testing::Values(ColorScheme::light, ColorScheme::dark),
+                                          testing::Values(ContrastLevel::normal, ContrastLevel::high),
+                                          testing::Values(QRgb(0), 0xffffff00, 0xff3584e4, 0xffed5b00, 0xff008000,
+                                                          0xff000040, 0xfff0f0f0)));
 
 TEST_F(ThemeTest, withoutAPreferenceTheDesktopsOwnColoursDecide) {
   EXPECT_EQ(theme.colorScheme(), ColorScheme::light);
@@ -88,6 +128,40 @@ TEST_F(ThemeTest, accentColoursTheDefaultButton) {
   stage.show();
   theme.setAccent(QColor(0x2f8f3a));
   EXPECT_EQ(driver::widget(button).grab().toImage().pixelColor(8, 12), QColor(0x2f8f3a));
+}
+
+TEST_F(ThemeTest, highContrastIsPaintedInBothSchemes) {
+  Stage stage;
+  stage.show();
+  QWidget& window = driver::widget(stage.window());
+  theme.setContrastLevel(ContrastLevel::high);
+  driver::settle();
+  EXPECT_EQ(window.grab().toImage().pixelColor(200, 200), QColor(Qt::white));
+  theme.setColorScheme(ColorScheme::dark);
+  driver::settle();
+  EXPECT_EQ(window.grab().toImage().pixelColor(200, 200), QColor(Qt::black));
+}
+
+TEST_F(ThemeTest, largeFontsOfTheDesktopStayLargeAndControlsGrowWithThem) {
+  const QFont before = QApplication::font();
+  for (const int pixels : {11, 13, 18, 24}) {
+    QFont font = before;
+    font.setPixelSize(pixels);
+    QApplication::setFont(font);
+    driver::settle();
+    EXPECT_EQ(theme.font(kit::FontRole::body).pixelSize(), std::max(12, pixels));
+    const double line = testHost().lineHeight(kit::FontRole::body);
+    EXPECT_GT(testHost().measure(*makeField("0.5"), {}).size.height, line);
+    EXPECT_GT(testHost().measure(*makeButton("Save"), {}).size.height, line);
+    EXPECT_GT(testHost().measure(*makePopUpButton(), {}).size.height, line);
+    auto bar = makeTabBar();
+    bar->setFrame({.width = 600, .height = testHost().measure(*bar, {}).size.height});
+    const kit::Size title = testHost().measureText("General", kit::FontRole::subheadline, {}).size;
+    EXPECT_GT(bar->rectOfTab(1).width, title.width);
+    EXPECT_GT(bar->rectOfTab(1).height, kit::metrics::tabTitleTop + title.height);
+  }
+  QApplication::setFont(before);
+  driver::settle();
 }
 
 TEST_F(ThemeTest, fontOfTheDesktopChangesTheMeasures) {
