@@ -7,7 +7,7 @@
 #include "host/qt/PanelThread.h"
 #include "host/qt/TrayNotice.h"
 #include "host/qt/WidgetDriver.h"
-#include "scenarios/StartedTarnwell.h"
+#include "scenarios/QtStartedTarnwell.h"
 
 namespace tarnwell::scenarios {
 namespace {
@@ -45,7 +45,7 @@ const QWidget& noticeIn(const QWidget& window) {
 TEST(QtStart, theIconIsInTheTrayBeforeASettingIsRead) {
   const PanelThread panel(Answers::inTime);
   int icons = 0;
-  StartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  QtStartedTarnwell tarnwell([&] { icons = panel.icons(); });
   ASSERT_TRUE(tarnwell.showsSettings());
   EXPECT_EQ(icons, 1);
 }
@@ -55,7 +55,7 @@ TEST(QtStart, aDesktopThatDoesNotAnswerIsWaitedForOnceAndNotForLong) {
   host_qt::FakePortal portal(busAddress());
   portal.setSilent();
   int icons = 0;
-  StartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  QtStartedTarnwell tarnwell([&] { icons = panel.icons(); });
   ASSERT_TRUE(tarnwell.showsSettings());
   EXPECT_EQ(icons, 0);
   EXPECT_GE(tarnwell.timeUntilReading(), tooEarly);
@@ -64,7 +64,7 @@ TEST(QtStart, aDesktopThatDoesNotAnswerIsWaitedForOnceAndNotForLong) {
 
 TEST(QtStart, anAnswerThatComesLateBringsTheIconAndLeavesTheWindowAsItStands) {
   PanelThread panel(Answers::whenTold);
-  StartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell;
   ASSERT_TRUE(tarnwell.showsSettings());
   const Resizes resizes(tarnwell.settings());
   panel.answer();
@@ -76,7 +76,7 @@ TEST(QtStart, anAnswerThatComesLateBringsTheIconAndLeavesTheWindowAsItStands) {
 TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
   host_qt::FakePortal portal(busAddress());
   portal.set("color-scheme", 1U);
-  StartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell;
   ASSERT_TRUE(tarnwell.showsSettings());
   host_qt::driver::settle();
   EXPECT_TRUE(tarnwell.pictures().front().isDark);
@@ -84,7 +84,7 @@ TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
 }
 
 TEST(QtStart, theNoticeThatThereIsNoTrayIsInTheWindowFromTheStart) {
-  StartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell;
   ASSERT_TRUE(tarnwell.showsSettings());
   host_qt::driver::settle();
   EXPECT_TRUE(noticeIn(tarnwell.settings()).isVisible());

@@ -1,4 +1,4 @@
-#include "scenarios/StartedTarnwell.h"
+#include "scenarios/QtStartedTarnwell.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
@@ -13,14 +13,14 @@
 
 namespace tarnwell::scenarios {
 
-std::string StartedTarnwell::Runner::runCaptured(const std::string& /*commandLine*/) {
+std::string QtStartedTarnwell::Runner::runCaptured(const std::string& /*commandLine*/) {
   if (const auto first = std::exchange(reading_, nullptr)) {
     first();
   }
   return "0\n";
 }
 
-StartedTarnwell::StartedTarnwell(std::function<void()> reading)
+QtStartedTarnwell::QtStartedTarnwell(std::function<void()> reading)
     : runner_([this, reading = std::move(reading)] {
         timeUntilReading_ = std::chrono::milliseconds(sinceStart_.elapsed());
         reading();
@@ -41,23 +41,23 @@ StartedTarnwell::StartedTarnwell(std::function<void()> reading)
   platform_.launch(*application_, {.eventID = kit::openApplicationEvent});
 }
 
-StartedTarnwell::~StartedTarnwell() {
+QtStartedTarnwell::~QtStartedTarnwell() {
   scenes_.reset();
   host_qt::driver::settle();
   platform_.host().theme().setColorScheme(std::nullopt);
 }
 
-bool StartedTarnwell::hasChangedItsLook() const {
+bool QtStartedTarnwell::hasChangedItsLook() const {
   return std::ranges::any_of(pictures_, [this](const Picture& picture) { return picture != pictures_.front(); });
 }
 
-bool StartedTarnwell::showsSettings() {
+bool QtStartedTarnwell::showsSettings() {
   return host_qt::becomes([this] { return !pictures_.empty(); });
 }
 
-QWidget& StartedTarnwell::settings() { return host_qt::driver::widget(scenes_->settingsWindow()->window()); }
+QWidget& QtStartedTarnwell::settings() { return host_qt::driver::widget(scenes_->settingsWindow()->window()); }
 
-bool StartedTarnwell::eventFilter(QObject* object, QEvent* event) noexcept {
+bool QtStartedTarnwell::eventFilter(QObject* object, QEvent* event) noexcept {
   if (event->type() == QEvent::Paint) {
     if (const auto* window = dynamic_cast<host_qt::WindowWidget*>(object)) {
       pictures_.push_back({.size = window->size(), .isDark = window->palette().window().color().lightnessF() < 0.5F});

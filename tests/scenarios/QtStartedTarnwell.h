@@ -21,11 +21,11 @@
 namespace tarnwell::scenarios {
 
 /// The whole application on the tests' desktop from its first step on, with an eye on what the user sees meanwhile.
-class StartedTarnwell final : public QObject {
+class QtStartedTarnwell final : public QObject {
  public:
   /// `reading` is run when the first setting of the Dock is about to be read.
-  explicit StartedTarnwell(std::function<void()> reading = [] {});
-  ~StartedTarnwell() override;
+  explicit QtStartedTarnwell(std::function<void()> reading = [] {});
+  ~QtStartedTarnwell() override;
 
   /// Waits until the settings window has been painted; false when that does not happen.
   bool showsSettings();
