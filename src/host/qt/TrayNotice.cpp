@@ -8,6 +8,8 @@
 #include "host/qt/Theme.h"
 #include "host/qt/TrayWatch.h"
 #include "host/qt/WindowPeer.h"
+#include "host/qt/WrappedText.h"
+#include "kit/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -40,7 +42,8 @@ void TrayNotice::paintEvent(QPaintEvent* /*event*/) {
 void TrayNotice::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   // With its window; one that is only put away comes back.
-  if (!event->spontaneous() && !window()->isVisible()) {
+  const kit::Window* window = WindowPeer::windowOf(*this);
+  if (window != nullptr && !window->isVisible()) {
     said_ = true;
     setShown(false);
   }

@@ -158,6 +158,16 @@ TEST(PlatformTest, windowsGoOutOfTheWayAndComeBack) {
   EXPECT_FALSE(driver::widget(desktop.window()).isMinimized());
 }
 
+TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximized) {
+  Desktop desktop;
+  desktop.showWindow();
+  const QWidget& widget = driver::widget(desktop.window());
+  const QSize size = widget.size();
+  widget.windowHandle()->setWindowStates(Qt::WindowMaximized);
+  EXPECT_TRUE(becomes([&] { return !widget.isMaximized() && widget.updatesEnabled(); }));
+  EXPECT_EQ(widget.size(), size);
+}
+
 TEST(PlatformTest, aWindowOfAHigherLevelStaysOnTop) {
   Desktop desktop;
   desktop.showWindow();

@@ -122,6 +122,15 @@ TEST(TrayNoticeTest, aTrayThatAnswersStrangelyIsOneThatShowsIcons) {
   }
 }
 
+TEST(TrayNoticeTest, staysInAWindowThatGoesForAMoment) {
+  Desktop desktop;
+  desktop.showWindow();
+  ASSERT_TRUE(becomes([&desktop] { return noticeIn(desktop).isVisible(); }));
+  driver::widget(desktop.window()).hide();
+  driver::widget(desktop.window()).show();
+  EXPECT_TRUE(noticeIn(desktop).isVisible());
+}
+
 TEST(TrayNoticeTest, isSaidOnce) {
   Desktop desktop;
   desktop.showWindow();
