@@ -16,7 +16,7 @@ packages_for() {
     test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
-    desktop) echo at-spi2-core python3-pyatspi ;;
+    desktop) echo at-spi2-core python3-pyatspi sway weston wtype qt6-wayland gir1.2-gtk-3.0 ;;
   esac
 }
 
@@ -27,6 +27,7 @@ commands_for() {
     run) echo zsh ;;
     test) echo dpkg-deb clang-format-14 run-clang-tidy-14 shellcheck ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
+    desktop) echo sway weston wtype ;;
   esac
 }
 

@@ -120,7 +120,11 @@ int startOnDesktop(int argc, char** argv, const Start& start) {
     return EXIT_SUCCESS;
   }
   const auto desktop = host_qt::QtApplication::create(argc, argv);
-  return desktop ? run(*desktop, std::move(instance), start) : EXIT_FAILURE;
+  if (!desktop) {
+    return EXIT_FAILURE;
+  }
+  host_qt::useActivationToken(token);
+  return run(*desktop, std::move(instance), start);
 }
 
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {

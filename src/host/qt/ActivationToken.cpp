@@ -1,10 +1,13 @@
 #include "host/qt/ActivationToken.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QWindow>
 #include <QtWidgets/QWidget>
 #include <cstdlib>
 #include <utility>
 
+#include "host/qt/RunLater.h"
 #include "host/qt/X11Activation.h"
 #include "host/qt/X11Display.h"
 
@@ -23,6 +26,31 @@ std::string variable(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr ? value : "";
 }
+
+bool isStillToCome(const QWidget& window) {
+  return window.windowHandle() != nullptr && !window.windowHandle()->isExposed();
+}
+
+/// Asks for the keyboard when the window stands, once.
+class ActivationToCome final : public QObject {
+ public:
+  explicit ActivationToCome(QWidget& window) : QObject(&window), window_(window) {
+    window.windowHandle()->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* object, QEvent* event) noexcept override {
+    if (event->type() == QEvent::Expose && !isStillToCome(window_)) {
+      object->removeEventFilter(this);
+      deleteLater();
+      // Behind the first picture, which is painted now.
+      runLater(window_, [&window = window_] { window.activateWindow(); });
+    }
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+};
 
 }  // namespace
 
@@ -46,6 +74,11 @@ void useActivationToken(const std::string& token) {
 void bringToFront(QWidget& window) {
   window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   window.raise();
+  if (x11Display() == nullptr && isStillToCome(window)) {
+    // A Wayland desktop takes no notice of a window without a picture, and the permission would be spent.
+    new ActivationToCome(window);
+    return;
+  }
   window.activateWindow();
   if (const std::string token = std::exchange(keptToken, {}); !token.empty()) {
     activateX11Window(window.winId(), token);

@@ -13,7 +13,8 @@ std::string givenActivationToken();
 /// Keeps such a permission, perhaps another process's, for the next window that comes to the front.
 void useActivationToken(const std::string& token);
 
-/// Puts the window in front of all others and asks for the keyboard, with the permission that is kept if there is one.
+/// Puts the window in front of all others and asks for the keyboard, with the permission that is kept if there is one;
+/// for a window that does not stand yet, when it does.
 void bringToFront(QWidget& window);
 
 }  // namespace tarnwell::host_qt

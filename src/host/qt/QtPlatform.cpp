@@ -92,6 +92,7 @@ void QtPlatform::wakeUp(kit::Application& application) {
   });
 }
 
+// A window that is still to come asks for the keyboard itself, when it stands.
 void QtPlatform::activate() {
   forEachWindow([](WindowWidget& window) {
     if (window.isVisible()) {

@@ -8,7 +8,6 @@
 #include "host/qt/Theme.h"
 #include "host/qt/TrayWatch.h"
 #include "host/qt/WindowPeer.h"
-#include "host/qt/WrappedText.h"
 #include "kit/Window.h"
 
 namespace tarnwell::host_qt {
