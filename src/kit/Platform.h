@@ -34,7 +34,7 @@ class Platform {
 
   /// Runs `open`, which opens the application's first windows, when status icons stand and it is known what windows
   /// look like: at once, or from the event loop, unless the subscription has ended by then.
-  [[nodiscard]] virtual Subscription whenReady(Action open) {
+  [[nodiscard]] virtual Subscription whenReady(const Action& open) {
     open();
     return {};
   }

@@ -42,7 +42,7 @@ QAccessible::State AccessibleToggle::state() const {
 void AccessibleToggle::press() { control<kit::Toggle>()->press(); }
 
 QString AccessiblePopUpButton::text(QAccessible::Text kind) const {
-  const QString told = AccessiblePressable::text(kind);
+  QString told = AccessiblePressable::text(kind);
   const auto* button = control<kit::PopUpButton>();
   const bool tellsChoice = kind == QAccessible::Value || kind == QAccessible::Description;
   if (!tellsChoice || button == nullptr || button->selectedIndex() < 0) {

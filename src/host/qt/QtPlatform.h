@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "host/qt/AboutPanel.h"
 #include "host/qt/FirstAnswers.h"
@@ -46,7 +45,7 @@ class QtPlatform final : public kit::Platform {
   kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   void wakeUp(kit::Application& application) override;
-  kit::Subscription whenReady(kit::Action open) override { return answers_.whenOver(std::move(open)); }
+  kit::Subscription whenReady(const kit::Action& open) override { return answers_.whenOver(open); }
   void activate() override;
   void terminate() override;
   void orderFrontStandardAboutPanel() override;

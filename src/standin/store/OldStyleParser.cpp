@@ -15,7 +15,7 @@ constexpr std::string_view blanks = " \t\r\n\v\f";
 constexpr std::string_view hexadecimalDigits = "0123456789abcdefABCDEF";
 constexpr std::string_view octalDigits = "01234567";
 
-bool isPlain(char c) {
+bool standsUnquoted(char c) {
   constexpr std::string_view signs = "_$/:.-";
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
          signs.find(c) != std::string_view::npos;
@@ -124,7 +124,7 @@ class Reader {
         return readQuoted(quote);
       }
     }
-    const auto* const end = std::find_if_not(rest_.begin(), rest_.end(), isPlain);
+    const auto* const end = std::find_if_not(rest_.begin(), rest_.end(), standsUnquoted);
     std::string text(rest_.begin(), end);
     rest_.remove_prefix(text.size());
     return text.empty() ? std::nullopt : std::optional(std::move(text));
