@@ -21,18 +21,25 @@ bool isStartedAgain(std::string_view name, const std::string& root) {
   return name == "Dock" && !RunningProcess::named("dock-supervisor", root).empty();
 }
 
-// A Dock writes to its log when it starts, which tells when to look again.
-std::vector<RunningProcess> processesToEnd(std::string_view name, const std::string& root) {
-  const FolderWatch logs(logsFolder(root));
+// One that was found may have ended before it is asked, as if it had not been there.
+std::vector<RunningProcess> askThoseThere(std::string_view name, const std::string& root) {
   std::vector<RunningProcess> found = RunningProcess::named(name, root);
-  if (!found.empty() || !isStartedAgain(name, root)) {
-    return found;
+  std::erase_if(found, [](const RunningProcess& each) { return !each.terminate(); });
+  return found;
+}
+
+// A Dock writes to its log when it starts, which tells when to look again.
+std::vector<RunningProcess> askToEnd(std::string_view name, const std::string& root) {
+  const FolderWatch logs(logsFolder(root));
+  std::vector<RunningProcess> asked = askThoseThere(name, root);
+  if (!asked.empty() || !isStartedAgain(name, root)) {
+    return asked;
   }
   const Clock::time_point end = Clock::now() + patience;
-  while (found.empty() && logs.wait(end)) {
-    found = RunningProcess::named(name, root);
+  while (asked.empty() && logs.wait(end)) {
+    asked = askThoseThere(name, root);
   }
-  return found;
+  return asked;
 }
 
 }  // namespace
@@ -40,16 +47,12 @@ std::vector<RunningProcess> processesToEnd(std::string_view name, const std::str
 bool killAll(std::string_view name, const std::string& root) {
   // Where there is no lock to be had, they meet what they meet.
   const std::optional<FileLock> turn = FileLock::acquire(root + "/.killall.lock", LockWait::untilFree);
-  const std::vector<RunningProcess> found = processesToEnd(name, root);
-  bool isAnyAsked = false;
-  for (const RunningProcess& each : found) {
-    isAnyAsked = each.terminate() || isAnyAsked;
-  }
+  const std::vector<RunningProcess> asked = askToEnd(name, root);
   const Clock::time_point end = Clock::now() + patience;
-  for (const RunningProcess& each : found) {
+  for (const RunningProcess& each : asked) {
     each.waitForEnding(end);
   }
-  return isAnyAsked;
+  return !asked.empty();
 }
 
 }  // namespace tarnwell::standin
