@@ -173,6 +173,7 @@ TEST(ApplicationsTest, windowsOfARestartedDockAreBelowTheOthers) {
   EXPECT_EQ(display.windowCount("Ideas"), 1);
   EXPECT_TRUE(isGreen());
   // One that is chosen comes up.
+  dock.reveal();
   dock.click(ShownDock::notebook);
   EXPECT_TRUE(waitFor([&] { return !isGreen(); }));
 }

@@ -40,6 +40,8 @@ void ShownDock::restart(int times) {
     ASSERT_TRUE(waitFor([&] { return starts() > before; }));
   }
   ASSERT_TRUE(waitFor([this] { return isShown(); })) << supervisor_->errors();
+  // That may have been the former one, until it has heard of the last.
+  ASSERT_TRUE(faceComesToRest()) << supervisor_->errors();
 }
 
 void ShownDock::hide() const {
@@ -110,6 +112,20 @@ ShownDock::Reveal ShownDock::watchReveal() const {
   reveal.delay = first - arrival;
   reveal.duration = last - first;
   return reveal;
+}
+
+// Had it read or painted in between, the kernel would say something else of it; and one that waits for the processor
+// does not sleep.
+bool ShownDock::faceComesToRest() const {
+  constexpr int looks = 100;
+  std::string last;
+  int same = 0;
+  return waitFor([&] {
+    std::string now = fileContent("/proc/" + std::to_string(face()) + "/status");
+    same = now == last && now.find("State:\tS") != std::string::npos ? same + 1 : 0;
+    last = std::move(now);
+    return same == looks;
+  });
 }
 
 bool ShownDock::isHidden() const {
