@@ -1,7 +1,6 @@
 #include "host/qt/QtPlatform.h"
 
 #include <QtCore/QThread>
-#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <algorithm>
 #include <utility>
@@ -119,7 +118,9 @@ void QtPlatform::orderFrontStandardAboutPanel() {
       }
     });
   }
-  aboutPanel_->orderFront(isInFront_ ? Panel::Manner::inFront : Panel::Manner::quiet);
+  // The toolkit takes its time to say that a window that was closed has lost the keyboard.
+  const bool isInFront = front_ && front_->isVisible();
+  aboutPanel_->orderFront(isInFront ? Panel::Manner::inFront : Panel::Manner::quiet);
 }
 
 void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
@@ -156,7 +157,7 @@ void QtPlatform::followKeyWindow(kit::Application& application) {
       qApp, &QGuiApplication::focusWindowChanged, &context_,
       [this, known = weak(application)](QWindow* focused) noexcept {
         // A menu of ours may stand over somebody else's window, and has the focus there as well.
-        isInFront_ = isMenu(focused) ? isInFront_ : focused != nullptr;
+        front_ = isMenu(focused) ? front_.data() : focused;
         const auto alive = known.lock();
         if (!alive) {
           return;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtGui/QWindow>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -72,7 +74,7 @@ class QtPlatform final : public kit::Platform {
   std::unique_ptr<AboutPanel> aboutPanel_;
   std::optional<kit::AppleEvent> currentEvent_;
   bool turnIsDue_ = false;
-  bool isInFront_ = false;  // One of our windows has the keyboard.
+  QPointer<QWindow> front_;  // The window of ours that has the keyboard.
 };
 
 }  // namespace tarnwell::host_qt
