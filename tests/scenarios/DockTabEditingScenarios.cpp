@@ -10,6 +10,52 @@ namespace {
 const std::string delayWrite = "defaults write com.apple.dock autohide-delay -float ";
 const std::string thenRestart = "; killall Dock";
 
+TEST(DockTabEditingScenarios, typedDigitsAreCutToTwo) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "0.456");
+  EXPECT_EQ(tab.value("Delay seconds"), "0.46");
+  EXPECT_EQ(tab.value("Delay slider"), "0.46");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float 0.46; killall Dock");
+}
+
+TEST(DockTabEditingScenarios, fiveSecondsAreAcceptedAndTheSliderStandsAtItsEnd) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "5");
+  EXPECT_EQ(tab.value("Delay seconds"), "5");
+  EXPECT_EQ(tab.value("Delay slider"), "1.0");
+  tab.press("Save");
+  EXPECT_EQ(tab.writes()[0], "defaults write com.apple.dock autohide-delay -float 5.0; killall Dock");
+}
+
+TEST(DockTabEditingScenarios, aTypedThousandBecomesNone) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.enter("Delay seconds", "1000");
+  EXPECT_EQ(tab.value("Delay seconds"), "0");
+}
+
+TEST(DockTabEditingScenarios, aTextThatIsNoNumberChangesNothing) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  for (const std::string text : {"", "fast", "1x", "0,5"}) {
+    tab.enter("Delay seconds", text);
+    EXPECT_EQ(tab.value("Delay seconds"), "0.2") << text;
+    EXPECT_FALSE(tab.isEnabled("Save")) << text;
+  }
+}
+
+TEST(DockTabEditingScenarios, escapeGivesUpWhatWasTyped) {
+  DockTab tab;
+  tab.holdingDefaults().open();
+  tab.type("Delay seconds", "3");
+  tab.pressKey("Delay seconds", Key::escape);
+  EXPECT_EQ(tab.value("Delay seconds"), "0.2");
+  EXPECT_FALSE(tab.isEnabled("Save"));
+}
+
 TEST(DockTabEditingScenarios, whatIsCutToTheValueThatIsThereIsShownCutAndIsNoChange) {
   DockTab tab;
   tab.holdingDefaults().holding("autohide-delay", "0.46").open();
