@@ -27,29 +27,51 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
-bool isStillToCome(const QWidget& window) {
-  return window.windowHandle() != nullptr && !window.windowHandle()->isExposed();
-}
-
-/// Asks for the keyboard when the window stands, once.
-class ActivationToCome final : public QObject {
+/// Asks a Wayland desktop for the keyboard, which takes no notice of a window without a picture, though the permission
+/// is spent. What is shown but out of sight may be asked for: the toolkit calls it no more exposed than one that is to
+/// come.
+class WaylandActivation final : public QObject {
  public:
-  explicit ActivationToCome(QWidget& window) : QObject(&window), window_(window) {
-    window.windowHandle()->installEventFilter(this);
+  /// That of a window which has been shown.
+  static WaylandActivation& of(QWidget& window) {
+    for (QObject* child : window.children()) {
+      if (auto* known = dynamic_cast<WaylandActivation*>(child)) {
+        return *known;
+      }
+    }
+    return *new WaylandActivation(window);
   }
 
-  bool eventFilter(QObject* object, QEvent* event) noexcept override {
-    if (event->type() == QEvent::Expose && !isStillToCome(window_)) {
-      object->removeEventFilter(this);
-      deleteLater();
-      // Behind the first picture, which is painted now.
-      runLater(window_, [&window = window_] { window.activateWindow(); });
+  void ask() {
+    if (hasPicture_) {
+      window_.activateWindow();
+    } else {
+      isAsked_ = true;
+    }
+  }
+
+  bool eventFilter(QObject* /*object*/, QEvent* event) noexcept override {
+    if (event->type() == QEvent::Hide) {
+      hasPicture_ = isAsked_ = false;
+    } else if (event->type() == QEvent::Expose && window_.windowHandle()->isExposed()) {
+      hasPicture_ = true;
+      if (std::exchange(isAsked_, false)) {
+        // Behind the first picture, which is painted now.
+        runLater(*this, [this] { window_.activateWindow(); });
+      }
     }
     return false;
   }
 
  private:
+  explicit WaylandActivation(QWidget& window)
+      : QObject(&window), window_(window), hasPicture_(window.windowHandle()->isExposed()) {
+    window.windowHandle()->installEventFilter(this);
+  }
+
   QWidget& window_;
+  bool hasPicture_;
+  bool isAsked_ = false;
 };
 
 }  // namespace
@@ -74,9 +96,8 @@ void useActivationToken(const std::string& token) {
 void bringToFront(QWidget& window) {
   window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   window.raise();
-  if (x11Display() == nullptr && isStillToCome(window)) {
-    // A Wayland desktop takes no notice of a window without a picture, and the permission would be spent.
-    new ActivationToCome(window);
+  if (x11Display() == nullptr && window.windowHandle() != nullptr) {
+    WaylandActivation::of(window).ask();
     return;
   }
   window.activateWindow();
