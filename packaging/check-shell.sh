@@ -2,11 +2,16 @@
 #
 # shellcheck shell=sh
 
-# check_shell FOLDER: says on standard error where /bin/zsh takes another `defaults` than that in FOLDER, which is first
-# on its PATH. What a start-up file prints comes first, so the last line is the answer.
+# ask_shell FOLDER QUESTION: what /bin/zsh answers with FOLDER first on its PATH, after what its start-up files print.
+ask_shell() { PATH="$1:$PATH" /bin/zsh -c "$2" 2>/dev/null </dev/null; }
+
+# check_shell FOLDER: says on standard error where /bin/zsh takes another `defaults` than that in FOLDER.
 check_shell() {
-  found=$(PATH="$1:$PATH" /bin/zsh -c 'whence -v defaults' 2>/dev/null </dev/null | tail -n 1)
-  [ "$found" != "defaults is $1/defaults" ] || return 0
+  # The answer that is told quotes what it finds odd in a path; these two do not.
+  kind_and_path=$(ask_shell "$1" 'whence -w defaults; whence -p defaults' | tail -n 2)
+  [ "$kind_and_path" != "defaults: command
+$1/defaults" ] || return 0
+  found=$(ask_shell "$1" 'whence -v defaults' | tail -n 1)
   cat >&2 <<TEXT
 Tarnwell cannot reach its stand-ins: it runs commands with /bin/zsh, which says "$found"
 and should find $1/defaults.
