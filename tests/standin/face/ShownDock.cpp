@@ -19,6 +19,8 @@ constexpr int bottom = Display::height - 1;
 constexpr int shelfColumn = 422;
 constexpr int shelfLine = Display::height - 40;
 
+bool isAsleep(const std::string& status) { return status.find("State:\tS") != std::string::npos; }
+
 }  // namespace
 
 ShownDock::ShownDock() { display_.act("mousemove 640 300"); }
@@ -41,7 +43,7 @@ void ShownDock::restart(int times) {
   }
   ASSERT_TRUE(waitFor([this] { return isShown(); })) << supervisor_->errors();
   // That may have been the former one, until it has heard of the last.
-  ASSERT_TRUE(faceComesToRest()) << supervisor_->errors();
+  ASSERT_TRUE(comesToRest()) << supervisor_->errors();
 }
 
 void ShownDock::hide() const {
@@ -114,16 +116,18 @@ ShownDock::Reveal ShownDock::watchReveal() const {
   return reveal;
 }
 
-// Had it read or painted in between, the kernel would say something else of it; and one that waits for the processor
-// does not sleep.
-bool ShownDock::faceComesToRest() const {
+// Had the Dock said or its face read or painted anything in between, the kernel would say something else of them; and
+// one that waits for the processor does not sleep.
+bool ShownDock::comesToRest() const {
   constexpr int looks = 100;
   std::string last;
   int same = 0;
   return waitFor([&] {
-    std::string now = fileContent("/proc/" + std::to_string(face()) + "/status");
-    same = now == last && now.find("State:\tS") != std::string::npos ? same + 1 : 0;
-    last = std::move(now);
+    const std::string dock = fileContent("/proc/" + std::to_string(process()) + "/status");
+    const std::string face = fileContent("/proc/" + std::to_string(this->face()) + "/status");
+    const bool sleep = isAsleep(dock) && isAsleep(face);
+    same = sleep && dock + face == last ? same + 1 : 0;
+    last = dock + face;
     return same == looks;
   });
 }

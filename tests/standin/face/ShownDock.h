@@ -72,7 +72,7 @@ class ShownDock {
   Reveal watchReveal() const;
 
  private:
-  bool faceComesToRest() const;
+  bool comesToRest() const;
   bool isHidden() const;
   bool isShown() const;
   Words environment() const;

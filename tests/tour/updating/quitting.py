@@ -37,7 +37,7 @@ class Quitting:
         self.server.publish(self.version)
         open(self.hold, "w").close()
         self.download(program)
-        wait_for("somebody who looks into the package", lambda: os.path.exists(self.held) and content(self.held))
+        wait_for("the program that looks into the package", lambda: os.path.exists(self.held) and content(self.held))
         os.remove(self.hold)
         os.remove(self.held)
 
