@@ -15,7 +15,11 @@ namespace {
 using host_qt::PanelThread;
 using Answers = PanelThread::Answers;
 
-/// Of the tenth of a second. A busy machine may be much later than that, yet not as late as the bus gives a program up.
+/// For a desktop that answers, however busy the machine is.
+constexpr std::chrono::seconds wait{60};
+/// For one that does not.
+constexpr std::chrono::milliseconds shortWait{100};
+/// Of the short wait. A busy machine may be much later than that, yet not as late as the bus gives a program up.
 constexpr std::chrono::milliseconds tooEarly{95};
 constexpr std::chrono::milliseconds tooLate{15000};
 
@@ -45,7 +49,7 @@ const QWidget& noticeIn(const QWidget& window) {
 TEST(QtStart, theIconIsInTheTrayBeforeASettingIsRead) {
   const PanelThread panel(Answers::inTime);
   int icons = 0;
-  QtStartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  QtStartedTarnwell tarnwell(wait, [&] { icons = panel.icons(); });
   ASSERT_TRUE(tarnwell.showsSettings());
   EXPECT_EQ(icons, 1);
 }
@@ -55,7 +59,7 @@ TEST(QtStart, aDesktopThatDoesNotAnswerIsWaitedForOnceAndNotForLong) {
   host_qt::FakePortal portal(busAddress());
   portal.setSilent();
   int icons = 0;
-  QtStartedTarnwell tarnwell([&] { icons = panel.icons(); });
+  QtStartedTarnwell tarnwell(shortWait, [&] { icons = panel.icons(); });
   ASSERT_TRUE(tarnwell.showsSettings());
   EXPECT_EQ(icons, 0);
   EXPECT_GE(tarnwell.timeUntilReading(), tooEarly);
@@ -64,7 +68,7 @@ TEST(QtStart, aDesktopThatDoesNotAnswerIsWaitedForOnceAndNotForLong) {
 
 TEST(QtStart, anAnswerThatComesLateBringsTheIconAndLeavesTheWindowAsItStands) {
   PanelThread panel(Answers::whenTold);
-  QtStartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell(shortWait);
   ASSERT_TRUE(tarnwell.showsSettings());
   const Resizes resizes(tarnwell.settings());
   panel.answer();
@@ -76,7 +80,7 @@ TEST(QtStart, anAnswerThatComesLateBringsTheIconAndLeavesTheWindowAsItStands) {
 TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
   host_qt::FakePortal portal(busAddress());
   portal.set("color-scheme", 1U);
-  QtStartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell(wait);
   ASSERT_TRUE(tarnwell.showsSettings());
   host_qt::driver::settle();
   EXPECT_TRUE(tarnwell.pictures().front().isDark);
@@ -84,7 +88,7 @@ TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
 }
 
 TEST(QtStart, theNoticeThatThereIsNoTrayIsInTheWindowFromTheStart) {
-  QtStartedTarnwell tarnwell;
+  QtStartedTarnwell tarnwell(wait);
   ASSERT_TRUE(tarnwell.showsSettings());
   host_qt::driver::settle();
   EXPECT_TRUE(noticeIn(tarnwell.settings()).isVisible());

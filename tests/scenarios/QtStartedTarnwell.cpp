@@ -20,7 +20,7 @@ std::string QtStartedTarnwell::Runner::runCaptured(const std::string& /*commandL
   return "0\n";
 }
 
-QtStartedTarnwell::QtStartedTarnwell(std::function<void()> reading)
+QtStartedTarnwell::QtStartedTarnwell(std::chrono::milliseconds longestWait, std::function<void()> reading)
     : runner_([this, reading = std::move(reading)] {
         timeUntilReading_ = std::chrono::milliseconds(sinceStart_.elapsed());
         reading();
@@ -31,7 +31,8 @@ QtStartedTarnwell::QtStartedTarnwell(std::function<void()> reading)
            .log = &log_,
            .makeUpdaterController =
                [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-           .menuWindow = view::SceneRunner::settingsWindowIdentifier}),
+           .menuWindow = view::SceneRunner::settingsWindowIdentifier,
+           .longestWait = longestWait}),
       application_(kit::Application::create(platform_)) {
   qApp->installEventFilter(this);
   scenes_ = std::make_unique<view::SceneRunner>(

@@ -23,8 +23,10 @@ namespace tarnwell::scenarios {
 /// The whole application on the tests' desktop from its first step on, with an eye on what the user sees meanwhile.
 class QtStartedTarnwell final : public QObject {
  public:
-  /// `reading` is run when the first setting of the Dock is about to be read.
-  explicit QtStartedTarnwell(std::function<void()> reading = [] {});
+  /// The start waits for the desktop's answers for that long at most. `reading` is run when the first setting of the
+  /// Dock is about to be read.
+  explicit QtStartedTarnwell(
+      std::chrono::milliseconds longestWait, std::function<void()> reading = [] {});
   ~QtStartedTarnwell() override;
 
   /// Waits until the settings window has been painted; false when that does not happen.

@@ -1,19 +1,13 @@
 #include "host/qt/FirstAnswers.h"
 
 #include <QtDBus/QDBusPendingCallWatcher>
-#include <chrono>
 #include <utility>
 
 #include "host/qt/RunLater.h"
 
 namespace tarnwell::host_qt {
-namespace {
 
-constexpr std::chrono::milliseconds longestWait{100};
-
-}  // namespace
-
-FirstAnswers::FirstAnswers() {
+FirstAnswers::FirstAnswers(std::chrono::milliseconds longestWait) {
   QObject::connect(&deadline_, &QTimer::timeout, &deadline_, [this]() noexcept { end(); });
   deadline_.setSingleShot(true);
   deadline_.setTimerType(Qt::PreciseTimer);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QTimer>
+#include <chrono>
 
 #include "kit/Observers.h"
 
@@ -8,11 +9,12 @@ class QDBusPendingCallWatcher;
 
 namespace tarnwell::host_qt {
 
-/// What the desktop is asked when the application starts. The start waits for all of it at once, a tenth of a second at
-/// most from the making of this; what comes later is used when it comes.
+/// What the desktop is asked when the application starts. The start waits for all of it at once; what comes
+/// later is used when it comes.
 class FirstAnswers final {
  public:
-  FirstAnswers();
+  /// The wait begins now and takes `longestWait` at most.
+  explicit FirstAnswers(std::chrono::milliseconds longestWait);
 
   /// Waits for that one too. To be called once the asker has connected to it: what it says is then in use by the end.
   void await(const QDBusPendingCallWatcher& answer);

@@ -59,7 +59,11 @@ void takeMetrics() {
 }  // namespace
 
 QtPlatform::QtPlatform(QtApplication& application, Services services)
-    : application_(application), services_(std::move(services)), portal_(host().theme(), answers_), tray_(answers_) {
+    : application_(application),
+      services_(std::move(services)),
+      answers_(services_.longestWait),
+      portal_(host().theme(), answers_),
+      tray_(answers_) {
   QApplication::setApplicationName(QString::fromStdString(services_.about.name));
   QApplication::setApplicationVersion(QString::fromStdString(services_.about.version));
   QApplication::setDesktopFileName(kit::applicationId);

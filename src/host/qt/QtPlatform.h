@@ -3,6 +3,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtGui/QWindow>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,6 +33,8 @@ class QtPlatform final : public kit::Platform {
     AboutPanel::Content about = {};
     /// The identifier of the window that carries the main menu.
     std::string menuWindow = {};
+    /// For what the desktop is asked when the application starts.
+    std::chrono::milliseconds longestWait{100};
   };
 
   /// The application is borrowed and outlives the platform.

@@ -4,6 +4,7 @@
 #include <QtDBus/QDBusVariant>
 #include <QtWidgets/QApplication>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <string>
 
@@ -27,9 +28,13 @@ std::unique_ptr<QtApplication> started() {
   return QtApplication::create(1, arguments.data());
 }
 
+/// Longer than any answer takes, however busy the machine is.
+constexpr std::chrono::seconds wait{60};
+
 /// What asks the portal, and how long the start waits for it.
 struct Start {
-  explicit Start(QtApplication& application) : settings(application.host().theme(), first) {}
+  explicit Start(QtApplication& application, std::chrono::milliseconds longestWait = wait)
+      : first(longestWait), settings(application.host().theme(), first) {}
 
   FirstAnswers first;
   PortalSettings settings;
@@ -247,7 +252,7 @@ TEST(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
               const auto application = started();
               FakePortal portal(bus.address());
               portal.setSilent();
-              const Start start(*application);
+              const Start start(*application, std::chrono::milliseconds(100));
               const Theme& theme = application->host().theme();
               const bool over = waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; });
               return over && portal.questions() == 3 && theme.colorScheme() == ColorScheme::light ? 0 : 1;
