@@ -3,6 +3,8 @@
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
+#include "host/qt/BusNameOwner.h"
+#include "host/qt/BusValue.h"
 #include "host/qt/RunLater.h"
 #include "kit/ApplicationId.h"
 
@@ -22,6 +24,13 @@ const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 // The identifier with slashes for dots, as the interface wants it.
 QString objectPath() { return '/' + QString(kit::applicationId).replace('.', '/'); }
 
+// The bus itself answers so for a program that leaves it meanwhile.
+bool hasNoAnswer(const QDBusMessage& answer) {
+  const auto error = QDBusError(answer).type();
+  return error == QDBusError::NoReply || error == QDBusError::Timeout || error == QDBusError::TimedOut ||
+         error == QDBusError::Disconnected;
+}
+
 std::string tokenOf(const BusDictionary& platformData) {
   const auto text = [&platformData](const char* key) {
     return busValue<QString>(platformData.items.value(key).variant()).value_or(QString());
@@ -39,10 +48,7 @@ ApplicationService::ApplicationService(const QDBusConnection& bus) : BusObject(b
 }
 
 ApplicationService::Claim ApplicationService::claimName() const {
-  QDBusMessage message =
-      QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus", busService, QStringLiteral("RequestName"));
-  message.setArguments({QString(kit::applicationId), doNotQueue});
-  const QDBusMessage answer = bus().call(message, QDBus::Block, patience);
+  const QDBusMessage answer = askBus(QStringLiteral("RequestName"), {QString(kit::applicationId), doNotQueue});
   if (answer.type() != QDBusMessage::ReplyMessage) {
     return Claim::unavailable;
   }
@@ -60,7 +66,26 @@ bool ApplicationService::activateOther(const std::string& token) const {
   }
   message.setArguments({platformData});
   message.setAutoStartService(false);
-  return QDBusError(bus().call(message, QDBus::Block, patience)).type() != QDBusError::ServiceUnknown;
+  const QString asked = ownerOfName();
+  const QDBusMessage answer = bus().call(message, QDBus::Block, patience);
+  if (hasNoAnswer(answer)) {
+    // One that is busy still has the name, and the request.
+    return !asked.isEmpty() && ownerOfName() == asked;
+  }
+  return !saysThereIsNoOwner(QDBusError(answer));
+}
+
+QDBusMessage ApplicationService::askBus(const QString& method, const QVariantList& arguments) const {
+  QDBusMessage message = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus", busService, method);
+  message.setArguments(arguments);
+  return bus().call(message, QDBus::Block, patience);
+}
+
+QString ApplicationService::ownerOfName() const {
+  const QDBusMessage answer = askBus(QStringLiteral("GetNameOwner"), {QString(kit::applicationId)});
+  return answer.type() == QDBusMessage::ReplyMessage
+             ? busValue<QString>(answer.arguments().value(0)).value_or(QString())
+             : QString();
 }
 
 BusReply<> ApplicationService::activate(const BusDictionary& platformData) {

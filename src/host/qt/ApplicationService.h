@@ -28,11 +28,15 @@ class ApplicationService final : public BusObject {
   /// Asks the bus for the name, for two seconds at most.
   Claim claimName() const;
 
-  /// Asks the program that has the name to come to the front; false where it has gone. Waits two seconds at most for
-  /// the answer of one that is busy: the bus keeps the request for it.
+  /// Asks the program that has the name to come to the front; false where it has gone, before or after it was asked.
+  /// Waits two seconds at most for the answer of one that is busy: the bus keeps the request for it.
   bool activateOther(const std::string& token) const;
 
  private:
+  QDBusMessage askBus(const QString& method, const QVariantList& arguments) const;
+  /// As the bus numbers its connections; empty where there is none.
+  QString ownerOfName() const;
+
   BusReply<> activate(const BusDictionary& platformData);
   BusReply<> open(const QStringList& uris, const BusDictionary& platformData);
   BusReply<> activateAction(const QString& action, const BusList<QDBusVariant>& parameter,

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <systemd/sd-bus.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
@@ -59,6 +60,37 @@ class Started {
   bool hasEnded() const { return process_.state() == QProcess::NotRunning; }
 
   QProcess process_;
+};
+
+/// A program that has the application's name on the bus, and never answers.
+class SilentPeer {
+ public:
+  explicit SilentPeer(const std::string& address) {
+    EXPECT_GE(::sd_bus_new(&bus_), 0);
+    EXPECT_GE(::sd_bus_set_address(bus_, address.c_str()), 0);
+    EXPECT_GE(::sd_bus_set_bus_client(bus_, 1), 0);
+    EXPECT_GE(::sd_bus_start(bus_), 0);
+    EXPECT_GE(::sd_bus_request_name(bus_, kit::applicationId, 0), 0);
+  }
+  SilentPeer(const SilentPeer&) = delete;
+  SilentPeer& operator=(const SilentPeer&) = delete;
+  ~SilentPeer() { disconnect(); }
+
+  bool waitForActivate() {
+    return fixtures::waitFor([this] {
+      sd_bus_message* message = nullptr;
+      ::sd_bus_process(bus_, &message);
+      const bool isAsked =
+          message != nullptr && ::sd_bus_message_is_method_call(message, "org.freedesktop.Application", "Activate") > 0;
+      ::sd_bus_message_unref(message);
+      return isAsked;
+    });
+  }
+
+  void disconnect() { bus_ = ::sd_bus_close_unref(bus_); }
+
+ private:
+  sd_bus* bus_ = nullptr;
 };
 
 QProcessEnvironment withToken(QProcessEnvironment environment, const QString& token) {
@@ -258,6 +290,20 @@ TEST_P(BusInstanceTest, oneThatIsBusyIsAskedOnTheBusToo) {
   EXPECT_EQ(second.status(), 0);
   first.goOn();
   EXPECT_EQ(first.line(), "asked \"\" with \"permission\"");
+}
+
+TEST_P(BusInstanceTest, oneThatHasGoneIsNotTakenForAsked) {
+  const auto bus = QDBusConnection::connectToBus(QString::fromStdString(bus_.address()), "start");
+  EXPECT_FALSE(ApplicationService(bus).activateOther("permission"));
+  QDBusConnection::disconnectFromBus("start");
+}
+
+TEST_P(BusInstanceTest, oneThatEndsInsteadOfAnsweringLetsTheNextOneRun) {
+  SilentPeer peer(bus_.address());
+  Started second(environment_);
+  ASSERT_TRUE(peer.waitForActivate());
+  peer.disconnect();
+  EXPECT_EQ(second.line(), "first");
 }
 
 INSTANTIATE_TEST_SUITE_P(desktops, BusInstanceTest, testing::Values(Desktop::withBus),
