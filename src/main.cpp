@@ -18,6 +18,7 @@
 #include "host/linux/PlayedSystemVersion.h"
 #include "host/linux/RunningExecutable.h"
 #include "host/linux/SearchPath.h"
+#include "host/linux/StartProgram.h"
 #include "host/linux/XdgLoginItem.h"
 #include "host/linux/updates/RunningAppImage.h"
 #include "host/linux/updates/UpdateSource.h"
@@ -74,8 +75,8 @@ std::unique_ptr<kit::UpdaterController> makeUpdaterController(
           .keyEquivalents = [](const kit::KeyEvent& key) { kit::Application::shared()->performKeyEquivalent(key); }});
 }
 
-int run(host_qt::QtApplication& desktop, const std::unique_ptr<host_qt::SingleInstance> instance, const Start& start) {
-  if (!instance->listen(desktop)) {
+int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, const Start& start) {
+  if (!instance.listen(desktop)) {
     return EXIT_SUCCESS;
   }
   host_linux::XdgLoginItem loginItem({.id = kit::applicationId,
@@ -101,7 +102,7 @@ int run(host_qt::QtApplication& desktop, const std::unique_ptr<host_qt::SingleIn
   const auto application = kit::Application::create(platform);
   app::TarnwellApp tarnwellApp;
   view::SceneRunner scenes(*application, makeEnvironment(platform, runner));
-  instance->setAsked([&](const host_qt::ApplicationService::Request& request) {
+  instance.setAsked([&](const host_qt::ApplicationService::Request& request) {
     host_qt::useActivationToken(request.token);
     application->turn().perform([&scenes] { scenes.openSettings(); });
     platform.activate();
@@ -111,10 +112,19 @@ int run(host_qt::QtApplication& desktop, const std::unique_ptr<host_qt::SingleIn
   return desktop.run();
 }
 
+/// For a further start that was told that this process runs, which then ended.
+void startAnew(const Start& start, const std::string& token) {
+  const auto started =
+      host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, executableToStart(start).string()});
+  if (const auto* failure = std::get_if<host_linux::Failure>(&started)) {
+    failed(failure->message, EXIT_FAILURE);
+  }
+}
+
 int startOnDesktop(int argc, char** argv, const Start& start) {
   // Before the toolkit starts, which uses it up.
   const std::string token = host_qt::givenActivationToken();
-  auto instance = host_qt::SingleInstance::claim(token);
+  const auto instance = host_qt::SingleInstance::claim(token);
   if (!instance) {
     // The one that runs already comes to the front.
     return EXIT_SUCCESS;
@@ -124,11 +134,15 @@ int startOnDesktop(int argc, char** argv, const Start& start) {
     return EXIT_FAILURE;
   }
   host_qt::useActivationToken(token);
-  return run(*desktop, std::move(instance), start);
+  const int status = run(*desktop, *instance, start);
+  if (const auto late = instance->release()) {
+    startAnew(start, *late);
+  }
+  return status;
 }
 
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
-  // Where whoever starts us ignores the ends of children, nobody could tell how ours have ended.
+  // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   std::signal(SIGCHLD, SIG_DFL);
   const auto version = host_linux::playedSystemVersion();
   if (const auto* failure = std::get_if<host_linux::Failure>(&version)) {

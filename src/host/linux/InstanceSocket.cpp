@@ -120,10 +120,19 @@ InstanceSocket::~InstanceSocket() {
   ::close(lock_);
 }
 
-std::string InstanceSocket::receive() const {
+std::optional<std::string> InstanceSocket::receive() const {
   std::array<char, longestMessage> buffer = {};
   const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
-  return count > 0 ? std::string(buffer.data(), static_cast<std::size_t>(count)) : std::string();
+  return count >= 0 ? std::optional(std::string(buffer.data(), static_cast<std::size_t>(count))) : std::nullopt;
+}
+
+std::optional<std::string> InstanceSocket::stopListening() const {
+  ::unlink(path_.c_str());
+  std::optional<std::string> newest;
+  while (auto message = receive()) {
+    newest = std::move(message);
+  }
+  return newest;
 }
 
 Result<std::filesystem::path> InstanceSocket::folder() {

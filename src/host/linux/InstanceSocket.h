@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/linux/Result.h"
@@ -26,8 +27,11 @@ class InstanceSocket {
 
   /// Can be read when another start has left a message.
   int descriptor() const { return socket_; }
-  /// The oldest message; empty when there is none.
-  std::string receive() const;
+  /// The oldest message, if there is one.
+  std::optional<std::string> receive() const;
+
+  /// Takes no further messages: a start waits for the lock instead. Of those that have not been received the newest.
+  std::optional<std::string> stopListening() const;
 
   /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below TMPDIR or /tmp.
   static Result<std::filesystem::path> folder();

@@ -3,7 +3,6 @@
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
-#include "host/qt/BusNameOwner.h"
 #include "host/qt/BusValue.h"
 #include "host/qt/RunLater.h"
 #include "kit/ApplicationId.h"
@@ -72,8 +71,10 @@ bool ApplicationService::activateOther(const std::string& token) const {
     // One that is busy still has the name, and the request.
     return !asked.isEmpty() && ownerOfName() == asked;
   }
-  return !saysThereIsNoOwner(QDBusError(answer));
+  return answer.type() == QDBusMessage::ReplyMessage;
 }
+
+void ApplicationService::releaseName() const { askBus(QStringLiteral("ReleaseName"), {QString(kit::applicationId)}); }
 
 QDBusMessage ApplicationService::askBus(const QString& method, const QVariantList& arguments) const {
   QDBusMessage message = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus", busService, method);

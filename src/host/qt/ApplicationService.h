@@ -28,9 +28,13 @@ class ApplicationService final : public BusObject {
   /// Asks the bus for the name, for two seconds at most.
   Claim claimName() const;
 
-  /// Asks the program that has the name to come to the front; false where it has gone, before or after it was asked.
-  /// Waits two seconds at most for the answer of one that is busy: the bus keeps the request for it.
+  /// Asks the program that has the name to come to the front; false where it will not: most likely it has gone,
+  /// before or after it was asked. Waits two seconds at most for the answer of one that is busy: the bus keeps the
+  /// request for it.
   bool activateOther(const std::string& token) const;
+
+  /// Lets another program have the name; two seconds at most.
+  void releaseName() const;
 
  private:
   QDBusMessage askBus(const QString& method, const QVariantList& arguments) const;

@@ -8,10 +8,6 @@
 
 namespace tarnwell::host_qt {
 
-bool saysThereIsNoOwner(const QDBusError& error) {
-  return error.type() == QDBusError::ServiceUnknown || error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
-}
-
 BusNameOwner::BusNameOwner(const QDBusConnection& bus, const QString& name, kit::Action changed) {
   auto* watcher = new QDBusServiceWatcher(name, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
   connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,

@@ -2,16 +2,11 @@
 
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
 #include "kit/Action.h"
 
 namespace tarnwell::host_qt {
-
-/// Whether the bus found no program that has the name. It says so in two ways: for calls that may start one, and for
-/// those that may not.
-bool saysThereIsNoOwner(const QDBusError& error);
 
 /// The program that has a name on the bus, now and whenever that changes. Asked without waiting: where it was asked for
 /// before something else, it is known by the time that the other answer comes.

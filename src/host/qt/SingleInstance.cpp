@@ -27,9 +27,24 @@ std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) 
 
 bool SingleInstance::listen(QtApplication& application) {
   if (socket_) {
-    application.watch(socket_->descriptor(), [this] { ask({.token = socket_->receive()}); });
+    application.watch(socket_->descriptor(), [this] {
+      if (const auto token = socket_->receive()) {
+        ask({.token = *token});
+      }
+    });
   }
   return takeName();
+}
+
+std::optional<std::string> SingleInstance::release() {
+  if (service_) {
+    // First, so that a start that is asking meanwhile finds it free when it hears that there is no answer.
+    service_->releaseName();
+    service_.reset();
+  }
+  const auto late = socket_ ? socket_->stopListening() : std::nullopt;
+  socket_.reset();
+  return late;
 }
 
 void SingleInstance::ask(const ApplicationService::Request& request) const {

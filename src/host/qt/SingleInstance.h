@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/linux/InstanceSocket.h"
@@ -25,6 +26,10 @@ class SingleInstance {
   /// Hears of them from the event loop on. False where another program has the name on the bus; it has then been asked
   /// to come to the front. The application is borrowed.
   bool listen(QtApplication& application);
+
+  /// When the event loop has ended: lets the next start run. The token of one that has left its message too late for
+  /// the loop, and has ended; the program is to be started for it.
+  std::optional<std::string> release();
 
  private:
   SingleInstance(std::string token, std::unique_ptr<host_linux::InstanceSocket> socket)

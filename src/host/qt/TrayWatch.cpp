@@ -15,6 +15,10 @@ const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString watcherInterface = QStringLiteral("org.kde.StatusNotifierWatcher");
 
+bool saysThereIsNone(const QDBusError& error) {
+  return error.type() == QDBusError::ServiceUnknown || error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
+}
+
 }  // namespace
 
 TrayWatch::TrayWatch(FirstAnswers& first) : first_(first), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
@@ -87,7 +91,7 @@ void TrayWatch::ask() {
 }
 
 void TrayWatch::take(const QDBusPendingCallWatcher& finished) {
-  if (finished.isError() && saysThereIsNoOwner(finished.error())) {
+  if (finished.isError() && saysThereIsNone(finished.error())) {
     tell(Answer::noWatcher);
     return;
   }

@@ -34,7 +34,32 @@ TEST(InstanceSocketTest, theFirstHearsOfEveryFurtherOne) {
   EXPECT_EQ(claim(folder.path(), "two"), nullptr);
   EXPECT_EQ(first->receive(), "one");
   EXPECT_EQ(first->receive(), "two");
+  EXPECT_EQ(first->receive(), std::nullopt);
+}
+
+TEST(InstanceSocketTest, messageWithoutTextIsOneToo) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  EXPECT_EQ(claim(folder.path(), ""), nullptr);
   EXPECT_EQ(first->receive(), "");
+  EXPECT_EQ(first->receive(), std::nullopt);
+}
+
+TEST(InstanceSocketTest, whatWasNotReceivedIsKnownAtTheEnd) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  EXPECT_EQ(claim(folder.path(), "one"), nullptr);
+  EXPECT_EQ(claim(folder.path(), "two"), nullptr);
+  EXPECT_EQ(first->stopListening(), "two");
+  EXPECT_FALSE(folder.holds("tarnwell.socket"));
+}
+
+TEST(InstanceSocketTest, nothingIsLeftWhereEveryMessageWasReceived) {
+  const fixtures::Sandbox folder;
+  const auto first = claim(folder.path());
+  EXPECT_EQ(claim(folder.path(), "one"), nullptr);
+  EXPECT_EQ(first->receive(), "one");
+  EXPECT_EQ(first->stopListening(), std::nullopt);
 }
 
 TEST(InstanceSocketTest, lockIsFreeAtTheEnd) {

@@ -1,9 +1,11 @@
 // A program of which one runs in a session. It says on standard output what becomes of it and what it is asked, and
-// ends when its standard input does. With an argument it is busy first, until it can read a byte there.
+// ends when its standard input does. With "busy" it first waits until it can read a byte there; with "ending" it does
+// that too, and then hears of nothing more, as between the event loop and the end.
 #include <unistd.h>
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "diagnostics/Console.h"
 #include "host/qt/ActivationToken.h"
@@ -29,6 +31,15 @@ int main(int argc, char** argv) {
   if (argc > 1 && ::read(STDIN_FILENO, &byte, 1) != 1) {
     return 1;
   }
-  application->watch(STDIN_FILENO, [&application] { application->quit(); });
-  return application->run();
+  int status = 0;
+  if (argc < 2 || std::string_view(argv[1]) != "ending") {
+    application->watch(STDIN_FILENO, [&application] { application->quit(); });
+    status = application->run();
+  }
+  if (const auto late = instance->release()) {
+    printLine("too late for \"" + *late + "\"");
+  }
+  while (::read(STDIN_FILENO, &byte, 1) > 0) {
+  }
+  return status;
 }

@@ -157,6 +157,16 @@ TEST_P(SingleInstanceTest, oneThatIsStoppedIsLeftTheMessage) {
   EXPECT_EQ(first.line(), "asked \"\" with \"permission\"");
 }
 
+TEST_P(SingleInstanceTest, oneThatIsEndingKnowsOfAStartThatReliedOnIt) {
+  Started first(environment_, {"ending"});
+  ASSERT_EQ(first.line(), "first");
+  EXPECT_EQ(Started(withToken(environment_, "permission")).line(), "handed over");
+  first.goOn();
+  EXPECT_EQ(first.line(), "too late for \"permission\"");
+  // Before the process has ended.
+  EXPECT_EQ(Started(environment_).line(), "first");
+}
+
 TEST_P(SingleInstanceTest, temporaryFolderDoesWhereThereIsNoneForTheSession) {
   environment_.insert("XDG_RUNTIME_DIR", "/dev/null/nowhere");
   environment_.insert("TMPDIR", QString::fromStdString(folder_.path().string()));
