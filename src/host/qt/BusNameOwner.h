@@ -15,7 +15,7 @@ class BusNameOwner final : public QObject {
   /// `changed` is run after each change, and not for the owner that is there already.
   BusNameOwner(const QDBusConnection& bus, const QString& name, kit::Action changed = {});
 
-  /// Whether the message is the owner's. Anybody on the bus can send a signal under any interface.
+  /// Whether the message is the owner's. The bus lets any peer send a signal of any interface.
   bool hasSent(const QDBusMessage& message) const { return !owner_.isEmpty() && message.service() == owner_; }
 
  private:
