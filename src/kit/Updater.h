@@ -49,7 +49,7 @@ class UpdaterController {
 
 /// What an updater controller is made with.
 struct UpdaterControllerArguments {
-  /// Whether the updater looks for new versions by itself from now on.
+  /// Whether scheduled checks begin at once.
   bool startingUpdater = true;
   /// There is none to be had: the updater decides by itself, and shows its standard windows.
   std::nullptr_t updaterDelegate = nullptr;
