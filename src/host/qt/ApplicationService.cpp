@@ -47,11 +47,12 @@ ApplicationService::ApplicationService(const QDBusConnection& bus) : BusObject(b
 }
 
 ApplicationService::Claim ApplicationService::claimName() const {
-  const QDBusMessage answer = askBus(QStringLiteral("RequestName"), {QString(kit::applicationId), doNotQueue});
-  if (answer.type() != QDBusMessage::ReplyMessage) {
+  const auto answer =
+      busArguments<uint>(askBus(QStringLiteral("RequestName"), {QString(kit::applicationId), doNotQueue}));
+  if (!answer) {
     return Claim::unavailable;
   }
-  const uint given = answer.arguments().value(0).toUInt();
+  const auto [given] = *answer;
   return given == primaryOwner || given == alreadyOwner ? Claim::ours : Claim::others;
 }
 
@@ -83,10 +84,8 @@ QDBusMessage ApplicationService::askBus(const QString& method, const QVariantLis
 }
 
 QString ApplicationService::ownerOfName() const {
-  const QDBusMessage answer = askBus(QStringLiteral("GetNameOwner"), {QString(kit::applicationId)});
-  return answer.type() == QDBusMessage::ReplyMessage
-             ? busValue<QString>(answer.arguments().value(0)).value_or(QString())
-             : QString();
+  const auto answer = busArguments<QString>(askBus(QStringLiteral("GetNameOwner"), {QString(kit::applicationId)}));
+  return answer ? std::get<QString>(*answer) : QString();
 }
 
 BusReply<> ApplicationService::activate(const BusDictionary& platformData) {

@@ -106,6 +106,8 @@ class BusInterface {
   static bool isWhole(const Limited<Items>& limited) {
     return limited.isWhole;
   }
+  // The toolkit itself reads these, before they come here.
+  static bool isWhole(const QStringList& list) { return list.size() <= mostBusItems; }
 
   template <class... Given, class... Taken, std::size_t... Index>
   static Answer called(const std::function<BusReply<Given...>(Taken...)>& method, const QVariantList& arguments,

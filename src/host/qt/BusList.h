@@ -8,12 +8,12 @@
 
 namespace tarnwell::host_qt {
 
-/// An array or a dictionary of a message, read up to a length that no honest peer comes near: a message may hold
-/// millions of elements.
+/// A length that no honest peer comes near; a message may hold millions of elements.
+inline constexpr qsizetype mostBusItems = 1000;
+
+/// An array or a dictionary of a message, read up to that length.
 template <class Items>
 struct Limited {
-  static constexpr qsizetype mostItems = 1000;
-
   Items items = {};
   /// Nothing was left out.
   bool isWhole = true;
@@ -32,7 +32,7 @@ template <class T>
 const QDBusArgument& operator>>(const QDBusArgument& argument, BusList<T>& list) {
   list = {};
   argument.beginArray();
-  while (!argument.atEnd() && list.items.size() < BusList<T>::mostItems) {
+  while (!argument.atEnd() && list.items.size() < mostBusItems) {
     T item;
     argument >> item;
     list.items += item;
@@ -46,7 +46,7 @@ inline const QDBusArgument& operator>>(const QDBusArgument& argument, BusDiction
   dictionary = {};
   argument.beginMap();
   // Not the size of what was read: a key may come again and again.
-  for (qsizetype count = 0; !argument.atEnd() && count < BusDictionary::mostItems; ++count) {
+  for (qsizetype count = 0; !argument.atEnd() && count < mostBusItems; ++count) {
     QString key;
     QDBusVariant value;
     argument.beginMapEntry();

@@ -28,9 +28,8 @@ void BusNameOwner::ask(const QDBusConnection& bus, const QString& name) {
   message.setArguments({name});
   auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) noexcept {
-    const QDBusMessage reply = finished->reply();
-    if (reply.type() == QDBusMessage::ReplyMessage) {
-      owner_ = busValue<QString>(reply.arguments().value(0)).value_or(QString());
+    if (const auto reply = busArguments<QString>(finished->reply())) {
+      owner_ = std::get<QString>(*reply);
     }
     finished->deleteLater();
   });

@@ -21,14 +21,8 @@ const QString accentKey = QStringLiteral("accent-color");
 const QString contrastKey = QStringLiteral("contrast");
 
 // The portal wraps its answers once or twice, depending on its version.
-QVariant unwrapped(QVariant value) {
-  constexpr int mostWrappings = 2;
-  for (int count = 0; count < mostWrappings; ++count) {
-    if (const auto wrapped = busValue<QDBusVariant>(value)) {
-      value = wrapped->variant();
-    }
-  }
-  return value;
+QVariant unwrapped(const QDBusVariant& wrapped) {
+  return busValue<QDBusVariant>(wrapped.variant()).value_or(wrapped).variant();
 }
 
 std::optional<ColorScheme> schemeOf(uint number) {
@@ -67,9 +61,9 @@ PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme
 }
 
 void PortalSettings::settingChanged(const QDBusMessage& signal) {
-  const QVariantList told = signal.arguments();
-  if (owner_->hasSent(signal) && signal.signature() == "ssv" && told.at(0) == appearance) {
-    take(told.at(1).toString(), told.at(2));
+  const auto told = busArguments<QString, QString, QDBusVariant>(signal);
+  if (told && owner_->hasSent(signal) && std::get<0>(*told) == appearance) {
+    take(std::get<1>(*told), std::get<2>(*told));
   }
 }
 
@@ -78,16 +72,15 @@ void PortalSettings::ask(const QString& key, FirstAnswers& first) {
   message.setArguments({appearance, key});
   auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* finished) {
-    const QDBusMessage reply = finished->reply();
-    if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == "v") {
-      take(key, reply.arguments().at(0));
+    if (const auto reply = busArguments<QDBusVariant>(finished->reply())) {
+      take(key, std::get<QDBusVariant>(*reply));
     }
     finished->deleteLater();
   });
   first.await(*answer);
 }
 
-void PortalSettings::take(const QString& key, const QVariant& wrapped) {
+void PortalSettings::take(const QString& key, const QDBusVariant& wrapped) {
   const QVariant value = unwrapped(wrapped);
   if (const auto number = busValue<uint>(value); number && key == colorSchemeKey) {
     theme_.setColorScheme(schemeOf(*number));

@@ -2,7 +2,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
-#include <QtCore/QVariant>
+#include <QtDBus/QDBusVariant>
 #include <memory>
 
 #include "host/qt/BusNameOwner.h"
@@ -26,7 +26,7 @@ class PortalSettings final : public QObject {
 
  private:
   void ask(const QString& key, FirstAnswers& first);
-  void take(const QString& key, const QVariant& wrapped);
+  void take(const QString& key, const QDBusVariant& wrapped);
 
   Theme& theme_;
   std::unique_ptr<BusNameOwner> owner_;

@@ -42,7 +42,7 @@ std::optional<std::string> SingleInstance::release() {
     service_->releaseName();
     service_.reset();
   }
-  const auto late = socket_ ? socket_->stopListening() : std::nullopt;
+  auto late = socket_ ? socket_->stopListening() : std::nullopt;
   socket_.reset();
   return late;
 }

@@ -95,9 +95,10 @@ void TrayWatch::take(const QDBusPendingCallWatcher& finished) {
     tell(Answer::noWatcher);
     return;
   }
-  const auto property = busValue<QDBusVariant>(finished.reply().arguments().value(0)).value_or(QDBusVariant());
+  const auto answer = busArguments<QDBusVariant>(finished.reply());
   // One that does not say it is taken to show what it takes in.
-  tell(busValue<bool>(property.variant()).value_or(true) ? Answer::host : Answer::noHost);
+  tell(!answer || busValue<bool>(std::get<QDBusVariant>(*answer).variant()).value_or(true) ? Answer::host
+                                                                                           : Answer::noHost);
 }
 
 void TrayWatch::tell(Answer answer) {

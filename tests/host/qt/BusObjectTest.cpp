@@ -252,6 +252,10 @@ TEST_F(BusObjectTest, arraysWithoutMeasureAreRefused) {
   const QVariant ids = QVariant::fromValue(QList<int>(tooMany, 1));
   EXPECT_EQ(menuError("GetGroupProperties", {ids, QStringList()}), standardError("LimitsExceeded"));
   EXPECT_EQ(menuError("AboutToShowGroup", {ids}), standardError("LimitsExceeded"));
+  const QVariant names = QStringList(tooMany, "label");
+  EXPECT_EQ(menuError("GetLayout", {0, 1, names}), standardError("LimitsExceeded"));
+  EXPECT_EQ(errorIn(stranger_.call(servicePath, serviceInterface, "Open", {names, QVariantMap()})),
+            standardError("LimitsExceeded"));
   QVariantMap data;
   for (int i = 0; i < tooMany; ++i) {
     data.insert(QString::number(i), i);
@@ -265,7 +269,7 @@ TEST_F(BusObjectTest, arraysWithoutMeasureAreRefused) {
 }
 
 TEST_F(BusObjectTest, groupsOfAnHonestSizeAreTaken) {
-  const QList<int> ids(BusList<int>::mostItems, 1);
+  const QList<int> ids(mostBusItems, 1);
   const auto answer =
       stranger_.call(menuPath, menuInterface, "GetGroupProperties", {QVariant::fromValue(ids), QStringList()});
   EXPECT_EQ(qdbus_cast<QList<BusMenuItem>>(answer.arguments().value(0)).size(), ids.size());
