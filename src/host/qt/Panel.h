@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "host/qt/FixedSizeGuard.h"
 #include "kit/KeyEvent.h"
 
 namespace tarnwell::host_qt {
@@ -24,6 +25,7 @@ class Panel : public QWidget {
 
  private:
   std::function<void(const kit::KeyEvent&)> keys_;
+  FixedSizeGuard guard_{*this};
 };
 
 }  // namespace tarnwell::host_qt

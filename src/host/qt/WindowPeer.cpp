@@ -145,7 +145,10 @@ void WindowPeer::place(const kit::Rect& frame) noexcept {
   const QSize size(static_cast<int>(std::ceil(frame.width)), static_cast<int>(std::ceil(frame.height)));
   const int above = heightOf(above_, size.width());
   const int below = heightOf(below_, size.width());
-  widget_->setFixedSize(size.width(), above + size.height() + below);
+  // Where a desktop insists on it, the window has the desktop's size.
+  if (!widget_->isMaximized()) {
+    widget_->setFixedSize(size.width(), above + size.height() + below);
+  }
   if (content_ != widget_) {
     content_->setGeometry(0, above, size.width(), size.height());
   }

@@ -3,16 +3,12 @@
 #include <QtGui/QCloseEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QWindow>
 #include <algorithm>
 #include <optional>
 
-#include "host/qt/ActivationToken.h"
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyRoute.h"
-#include "host/qt/RunLater.h"
 #include "host/qt/WidgetPeer.h"
-#include "host/qt/X11Display.h"
 #include "kit/ScrollArea.h"
 #include "kit/TabBar.h"
 #include "kit/Toggle.h"
@@ -26,7 +22,6 @@ constexpr Qt::WindowFlags fixedSizeWindow = Qt::Window | Qt::CustomizeWindowHint
                                             Qt::WindowCloseButtonHint;
 // Of the visible height: what stood at the edge is still seen after a page.
 constexpr double pageShare = 0.9;
-constexpr int longestInsistence = 1000;  // Milliseconds.
 
 // How many tabs to the right a key goes.
 std::optional<int> tabDistance(const QKeyEvent& event) {
@@ -60,38 +55,6 @@ WindowWidget::WindowWidget(kit::Window& window, KeyRoute& keys)
 bool WindowWidget::event(QEvent* event) noexcept {
   const bool heard = window_ != nullptr || event->type() == QEvent::DeferredDelete;
   return heard && QWidget::event(event);
-}
-
-void WindowWidget::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && windowHandle() != nullptr && x11Display() == nullptr) {
-    refuseToBeMaximized();
-  }
-}
-
-// A Wayland desktop may maximize a window that has one size only, and end a program that then paints it in that size.
-// It need not answer a request to take that back, so the window goes and comes anew. One that maximizes what has just
-// come insists on it, and takes any size.
-void WindowWidget::refuseToBeMaximized() {
-  const bool insists = sinceRefusal_.isValid() && !sinceRefusal_.hasExpired(longestInsistence);
-  if (!isMaximized() || !windowHandle()->isExposed() || insists) {
-    return;
-  }
-  sinceRefusal_.start();
-  setUpdatesEnabled(false);
-  runLater(*this, [this] {
-    if (window_ == nullptr) {
-      return;
-    }
-    hide();
-    setWindowState(windowState() & ~Qt::WindowMaximized);
-    resize(minimumSize());
-    setUpdatesEnabled(true);
-    if (window_->isVisible()) {
-      show();
-      bringToFront(*this);
-    }
-  });
 }
 
 void WindowWidget::closeEvent(QCloseEvent* event) {

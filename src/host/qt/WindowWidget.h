@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QtCore/QElapsedTimer>
 #include <QtWidgets/QWidget>
 #include <memory>
+
+#include "host/qt/FixedSizeGuard.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -25,7 +26,6 @@ class WindowWidget final : public QWidget {
   bool event(QEvent* event) noexcept override;
 
  protected:
-  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -33,7 +33,6 @@ class WindowWidget final : public QWidget {
 
  private:
   bool chooseTab(const QKeyEvent& event);
-  void refuseToBeMaximized();
   bool scroll(int key);
   /// The first control of that kind; null for none.
   template <class Kind>
@@ -44,7 +43,7 @@ class WindowWidget final : public QWidget {
   kit::Window* window_;
   KeyRoute& keys_;
   std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
-  QElapsedTimer sinceRefusal_;
+  FixedSizeGuard guard_{*this};
 };
 
 }  // namespace tarnwell::host_qt

@@ -170,6 +170,32 @@ TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximized) {
   EXPECT_EQ(widget.size(), widget.minimumSize());
 }
 
+TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximizedWhenThatIsAskedAgainAtOnce) {
+  Desktop desktop;
+  desktop.showWindow();
+  const QWidget& widget = driver::widget(desktop.window());
+  int came = 0;
+  QObject::connect(widget.windowHandle(), &QWindow::visibleChanged, [&](bool visible) { came += visible ? 1 : 0; });
+  widget.windowHandle()->setWindowStates(Qt::WindowMaximized);
+  ASSERT_TRUE(becomes([&] { return came == 1 && widget.updatesEnabled(); }));
+  widget.windowHandle()->setWindowStates(Qt::WindowMaximized);
+  EXPECT_TRUE(becomes([&] { return came == 2 && widget.updatesEnabled(); }));
+  EXPECT_FALSE(widget.isMaximized());
+}
+
+TEST(PlatformTest, aDesktopThatInsistsOnMaximizingGetsItsSize) {
+  Desktop desktop;
+  desktop.showWindow();
+  const QWidget& widget = driver::widget(desktop.window());
+  QWindow* window = widget.windowHandle();
+  QTimer desire;
+  QObject::connect(&desire, &QTimer::timeout, [&] { window->setWindowStates(Qt::WindowMaximized); });
+  desire.start(0);
+  EXPECT_TRUE(becomes([&] {
+    return widget.isMaximized() && widget.updatesEnabled() && widget.maximumWidth() > widget.minimumWidth();
+  }));
+}
+
 TEST(PlatformTest, aWindowOfAHigherLevelStaysOnTop) {
   Desktop desktop;
   desktop.showWindow();
@@ -188,6 +214,18 @@ TEST(AboutPanelTest, saysWhatTheProgramIs) {
   ASSERT_NE(panel, nullptr);
   EXPECT_THAT(textsOf(*panel), ElementsAre("Tarnwell", "Version 1.2.3", "© Somebody"));
   EXPECT_EQ(panel->windowTitle(), "About Tarnwell");
+}
+
+TEST(AboutPanelTest, doesNotStayMaximized) {
+  Desktop desktop;
+  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  const auto* panel = shown<AboutPanel>();
+  ASSERT_NE(panel, nullptr);
+  bool hasGone = false;
+  QObject::connect(panel->windowHandle(), &QWindow::visibleChanged, [&](bool visible) { hasGone |= !visible; });
+  panel->windowHandle()->setWindowStates(Qt::WindowMaximized);
+  EXPECT_TRUE(becomes([&] { return hasGone && panel->isVisible() && panel->updatesEnabled(); }));
+  EXPECT_FALSE(panel->isMaximized());
 }
 
 TEST(AboutPanelTest, thereIsOne) {
