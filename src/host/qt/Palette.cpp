@@ -6,8 +6,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-// What a control needs to stand out from its ground, and a text.
-constexpr double controlContrast = 3;
+// What a text needs to stand out from its ground.
 constexpr double textContrast = 4.5;
 
 double linear(double channel) {
@@ -136,10 +135,10 @@ Palette Palette::dark() {
           .hairline = QColor(0x3a3a3f),
           .primaryText = QColor(0xf1f1f4),
           .secondaryText = QColor(0xa5a5ad),
-          .accent = QColor(0x2a74e8),
+          .accent = QColor(0x2872e6),
           .accentText = QColor(0xffffff),
           .accentOnWindow = QColor(0x6aa6ff),
-          .destructive = QColor(0xff7a70),
+          .destructive = QColor(0xffa098),
           .controlFace = QColor(0x47474d),
           .controlFacePressed = QColor(0x5a5a61),
           .controlBorder = QColor(0x7c7c84),
@@ -164,12 +163,17 @@ Palette Palette::of(ColorScheme scheme, ContrastLevel level) {
 
 Palette Palette::withAccent(const QColor& color) const {
   Palette changed = *this;
-  changed.accentText = contrast(Qt::white, color) >= controlContrast ? QColor(Qt::white) : QColor(Qt::black);
-  changed.accent = apartFrom(changed.accentText, color, accentContrast);
+  changed.accent = color;
+  for (const QColor& ground : {window, groupFill, menuFace}) {
+    changed.accent = apartFrom(ground, changed.accent, accentContrast);
+  }
+  const double leastForText = std::max(textContrast, accentContrast);
+  // What stands so far from its grounds has that contrast to one of the two.
+  changed.accentText = contrast(Qt::white, changed.accent) >= leastForText ? QColor(Qt::white) : QColor(Qt::black);
   // The title of the chosen tab, for one.
   const QColor ground = chosenTab.alpha() < 255 ? window : chosenTab;
-  changed.accentOnWindow = apartFrom(ground, color, std::max(textContrast, accentContrast));
-  changed.focusRing = apartFrom(groupFill, apartFrom(window, color, controlContrast), controlContrast);
+  changed.accentOnWindow = apartFrom(ground, color, leastForText);
+  changed.focusRing = changed.accent;
   return changed;
 }
 

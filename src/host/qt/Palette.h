@@ -33,14 +33,14 @@ struct Palette {
   QColor menuFace = {};
   QColor chosenTab = {};
   QColor chosenTabBorder = {};  ///< None at the normal level, where its ground and its colour do.
-  double accentContrast = 3;    ///< What the accent colour keeps to the text on it.
+  double accentContrast = 3;    ///< What the accent colour keeps to each ground that it fills a part of.
 
   static Palette light();
   static Palette dark();
   static Palette of(ColorScheme scheme, ContrastLevel level = ContrastLevel::normal);
 
-  /// The same with the user's accent colour, moved as far as it takes to tell it apart, and a text on it that can be
-  /// read.
+  /// The same with the user's accent colour, moved as far as it takes to tell it apart from every ground, and a text
+  /// on it that can be read.
   Palette withAccent(const QColor& color) const;
 
   /// For what the toolkit paints itself: menus, tool tips, the selection in a text field.

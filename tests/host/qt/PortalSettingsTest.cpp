@@ -218,8 +218,8 @@ TEST(PortalSettingsTest, signalsOfAnotherTypeAreLeftAlone) {
         portal.tell({space, 1, variant(2U)});
         portal.tell({space, "color-scheme", variant(2U), "more"});
         portal.tell({"example.other", "color-scheme", variant(2U)});
-        portal.change("accent-color", FakePortal::color(0, 0, 1));
-        return known && hasAccent(theme, QColor::fromRgbF(0, 0, 1)) && theme.colorScheme() == ColorScheme::dark ? 0 : 1;
+        portal.change("accent-color", FakePortal::color(0, 1, 0));
+        return known && hasAccent(theme, QColor::fromRgbF(0, 1, 0)) && theme.colorScheme() == ColorScheme::dark ? 0 : 1;
       }),
       0);
 }

@@ -60,9 +60,9 @@ TEST_P(PaletteTest, textsCanBeRead) {
     EXPECT_GE(contrast(colors.primaryText, ground), least);
   }
   EXPECT_GE(contrast(colors.accentOnWindow, colors.window), least);
-  EXPECT_GE(contrast(colors.accentText, colors.accent), isHigh() ? 7 : 3);
+  EXPECT_GE(contrast(colors.accentText, colors.accent), least);
   EXPECT_GE(contrast(colors.accentOnWindow, isHigh() ? colors.chosenTab : colors.window), least);
-  EXPECT_GE(contrast(colors.destructive, colors.controlFace), isHigh() ? 7 : 3.5);
+  EXPECT_GE(contrast(colors.destructive, colors.controlFace), least);
 }
 
 TEST_P(PaletteTest, controlsStandOutFromWhatTheyStandOn) {
@@ -77,6 +77,14 @@ TEST_P(PaletteTest, controlsStandOutFromWhatTheyStandOn) {
   EXPECT_GE(contrast(colors.controlBorder, colors.fieldFace), 3);
   EXPECT_GE(contrast(colors.controlBorder, colors.menuFace), 3);
   EXPECT_GE(contrast(colors.knob, colors.track), 3);
+}
+
+TEST_P(PaletteTest, fillsInTheAccentColourStandOutFromWhatTheyStandOn) {
+  const Palette colors = palette();
+  for (const QColor& ground : {colors.window, colors.groupFill, colors.menuFace}) {
+    EXPECT_GE(contrast(colors.accent, ground), 3);
+  }
+  EXPECT_GE(std::max(contrast(colors.knob, colors.accent), contrast(colors.knobBorder, colors.accent)), 3);
 }
 
 TEST_P(PaletteTest, highContrastDrawsLinesInTheColourOfTexts) {
@@ -94,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(schemes, PaletteTest,
                          testing::Combine(testing::Values(ColorScheme::light, ColorScheme::dark),
                                           testing::Values(ContrastLevel::normal, ContrastLevel::high),
                                           testing::Values(QRgb(0), 0xffffff00, 0xff3584e4, 0xffed5b00, 0xff008000,
-                                                          0xff000040, 0xfff0f0f0)));
+                                                          0xff000040, 0xff808080, 0xfff0f0f0)));
 
 TEST_F(ThemeTest, withoutAPreferenceTheDesktopsOwnColoursDecide) {
   EXPECT_EQ(theme.colorScheme(), ColorScheme::light);
