@@ -18,6 +18,9 @@ using fixtures::waitFor;
 // Long enough for the next step of the wheel to be another movement.
 constexpr std::chrono::milliseconds handAtRest(ScrollGesture::pause + 50);
 
+// Much longer than a jump, with the click before it.
+constexpr std::chrono::seconds watch(3);
+
 std::string iconPlace(int application) {
   return std::to_string(ShownDock::iconColumn(application)) + " " + std::to_string(ShownDock::iconLine);
 }
@@ -102,32 +105,30 @@ TEST(ApplicationsTest, theMenuOfAnIconIsARoundedSheetOfGlass) {
 TEST(ApplicationsTest, theIconOfALaunchedApplicationJumpsOnce) {
   ShownDock dock;
   const Display& display = dock.display();
+  // Between the label of an icon below the pointer and the icon, which is there only while it jumps.
+  constexpr int label = Display::height - 112;
+  constexpr int belowLabel = Display::height - 91;
   dock.start();
   dock.reveal();
-  // Where an icon below the pointer has its label, and reaches only when it jumps.
-  const auto above = [&](int application) {
-    return display.colors(ShownDock::iconColumn(application) - 8, Display::height - 112, 16, 8);
+  const auto isAt = [&](int application, int line) {
+    return display.color(ShownDock::iconColumn(application), line) != 0;
   };
-  const auto isLabelled = [&](int application) {
-    display.act("mousemove " + iconPlace(application));
-    return waitFor([&] { return above(application).front() != 0; });
-  };
+  const auto rests = [&](int application) { return isAt(application, label) && !isAt(application, belowLabel); };
   const auto jumps = [&](int application) {
-    EXPECT_TRUE(isLabelled(application));
-    const Colors label = above(application);
-    dock.click(application);
-    const bool hasJumped = waitFor(
-        [&] {
-          const Colors now = above(application);
-          return now != label && std::ranges::count(now, 0U) == 0;
-        },
-        handAtRest * 2);
-    EXPECT_TRUE(waitFor([&] { return above(application) == label; }));
+    display.act("mousemove " + iconPlace(application));
+    EXPECT_TRUE(waitFor([&] { return rests(application); }));
+    // A jump is short: the watch begins before the click.
+    const Process click = dock.beginClick();
+    const bool hasJumped = waitFor([&] { return isAt(application, belowLabel); }, watch);
+    EXPECT_TRUE(waitFor([&] { return rests(application); }));
     return hasJumped;
   };
-  EXPECT_TRUE(jumps(ShownDock::letters));
+  // On a busy machine a jump may go by between two pictures, but not each one.
+  const auto applications = {ShownDock::letters, ShownDock::album, ShownDock::files};
+  const auto* const seen = std::ranges::find_if(applications, jumps);
+  ASSERT_NE(seen, applications.end());
   // Now it runs.
-  EXPECT_FALSE(jumps(ShownDock::letters));
+  EXPECT_FALSE(jumps(*seen));
 }
 
 TEST(ApplicationsTest, onlyRunningApplicationsAreThereWhereThatIsSet) {

@@ -61,6 +61,8 @@ void ShownDock::click(int application, int button) const {
                std::to_string(button));
 }
 
+Process ShownDock::beginClick() const { return {Words{"/usr/bin/xdotool", "click", "1"}, environment()}; }
+
 void ShownDock::openNotebook() const {
   click(notebook);
   EXPECT_TRUE(waitFor([this] { return display_.windowCount("Ideas") == 1; }));

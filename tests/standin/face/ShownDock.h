@@ -47,6 +47,9 @@ class ShownDock {
   /// Moves the pointer to an icon and clicks with a button.
   void click(int application, int button = 1) const;
 
+  /// Clicks where the pointer is. Does not wait for it.
+  Process beginClick() const;
+
   /// Clicks the notebook and waits for its document "Ideas".
   void openNotebook() const;
 
