@@ -106,9 +106,12 @@ bool WindowWidget::chooseTab(const QKeyEvent& event) {
   if (bar == nullptr) {
     return false;
   }
-  // What has the keyboard may go with its page.
+  // What has the keyboard may go with its page. It commits what is being typed, which may end the bar.
+  const auto handle = bar->handle();
   WidgetPeer::widgetOf(*bar)->setFocus(Qt::ShortcutFocusReason);
-  bar->chooseBeside(*distance);
+  if (*handle != nullptr) {
+    bar->chooseBeside(*distance);
+  }
   return true;
 }
 

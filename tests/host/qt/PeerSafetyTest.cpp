@@ -105,6 +105,25 @@ TEST(PeerSafetyTest, pressedControlMayGoBeforeThePressIsDelivered) {
   EXPECT_EQ(pressed, 0);
 }
 
+TEST(PeerSafetyTest, tabBarMayGoBeforeTheKeyThatChoosesATabIsDelivered) {
+  Stage stage;
+  int chosen = 0;
+  stage.add(makeTabBar([&chosen](int) { ++chosen; }), {.width = 400, .height = 60});
+  const auto& field = stage.add(makeField("1",
+                                          [&stage](const std::string&) {
+                                            stage.clear();
+                                            stage.endWindow();
+                                          }),
+                                {.x = 20, .y = 120, .width = 120, .height = 24});
+  stage.show();
+  const QPointer<QWidget> window = &driver::widget(stage.window());
+  driver::type(field, "2");
+  driver::key(stage.window(), Qt::Key_PageDown, Qt::ControlModifier);
+  driver::settle();
+  EXPECT_EQ(chosen, 0);
+  EXPECT_TRUE(window.isNull());
+}
+
 TEST(PeerSafetyTest, windowMayEndItselfWhenItIsClosed) {
   Stage stage;
   stage.add(makeButton("Save"), place);
