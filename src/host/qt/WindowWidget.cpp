@@ -25,8 +25,10 @@ constexpr double pageShare = 0.9;
 
 // How many tabs to the right a key goes.
 std::optional<int> tabDistance(const QKeyEvent& event) {
-  const bool control = event.modifiers().testFlag(Qt::ControlModifier);
-  const bool onlyShift = (event.modifiers() & ~Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)) == 0;
+  // The page keys of the keypad are page keys.
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+  const bool control = modifiers.testFlag(Qt::ControlModifier);
+  const bool onlyShift = (modifiers & ~Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)) == 0;
   if (!control || !onlyShift) {
     return std::nullopt;
   }

@@ -286,7 +286,9 @@ TEST(TabBarTest, controlWithTabOrAPageKeyChoosesTheNextFromAnywhere) {
       {Qt::Key_Tab, Qt::ControlModifier},
       {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier},
       {Qt::Key_PageDown, Qt::ControlModifier},
-      {Qt::Key_PageUp, Qt::ControlModifier}};
+      {Qt::Key_PageUp, Qt::ControlModifier},
+      {Qt::Key_PageDown, Qt::ControlModifier | Qt::KeypadModifier},
+      {Qt::Key_PageUp, Qt::ControlModifier | Qt::KeypadModifier}};
   for (const kit::Control* from : std::vector<const kit::Control*>{&bar, &slider, &field}) {
     for (const auto& [key, modifiers] : keys) {
       const int before = bar.selectedIndex();
