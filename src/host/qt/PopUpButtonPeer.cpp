@@ -99,12 +99,12 @@ class PopUpButtonWidget final : public ControlWidget {
   }
 
   bool chooseByLetter(const QKeyEvent& key) {
-    if (!typeAhead_.isTyping(key)) {
-      return false;
-    }
     QStringList titles;
     for (const auto& item : button_.items()) {
       titles += toQString(item.title);
+    }
+    if (!typeAhead_.isTyping(key, titles)) {
+      return false;
     }
     if (const auto index = typeAhead_.rowFor(key, titles, button_.selectedIndex())) {
       button_.choose(*index);

@@ -43,13 +43,13 @@ std::optional<int> TypeAhead::rowFor(const QKeyEvent& key, const QStringList& ti
 }
 
 bool TypeAhead::choose(const QKeyEvent& key, QMenu& menu) {
-  if (!isTyping(key)) {
-    return false;
-  }
   const QList<QAction*> rows = menu.actions();
   QStringList titles;
   for (const QAction* row : rows) {
     titles += titleOf(*row);
+  }
+  if (!isTyping(key, titles)) {
+    return false;
   }
   if (const auto row = rowFor(key, titles, static_cast<int>(rows.indexOf(menu.activeAction())))) {
     menu.setActiveAction(rows.at(*row));
@@ -57,10 +57,15 @@ bool TypeAhead::choose(const QKeyEvent& key, QMenu& menu) {
   return true;
 }
 
-bool TypeAhead::isTyping(const QKeyEvent& key) const {
+bool TypeAhead::isTyping(const QKeyEvent& key, const QStringList& titles) const {
   const bool plain = (key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
   const QString text = key.text();
-  return plain && !text.isEmpty() && (text.at(0).isLetterOrNumber() || (text.at(0) == ' ' && goesOn(key)));
+  if (!plain || text.isEmpty()) {
+    return false;
+  }
+  // Otherwise a blank presses what has the keyboard.
+  const bool isWithin = text.at(0) == ' ' && goesOn(key) && beginningWith(typed_ + text, titles, 0);
+  return isWithin || text.at(0).isLetterOrNumber();
 }
 
 bool TypeAhead::goesOn(const QKeyEvent& key) const {

@@ -18,8 +18,8 @@ class TypeAhead {
   /// Makes that row of an open menu the active one. False for a key that types nothing.
   bool choose(const QKeyEvent& key, QMenu& menu);
 
-  /// Whether `key` is part of a word; a blank is only within one.
-  bool isTyping(const QKeyEvent& key) const;
+  /// Whether `key` is part of a word; a blank is where one of the titles goes on with it.
+  bool isTyping(const QKeyEvent& key, const QStringList& titles) const;
 
  private:
   bool goesOn(const QKeyEvent& key) const;

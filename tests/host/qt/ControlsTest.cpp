@@ -191,6 +191,16 @@ TEST(PopUpButtonTest, firstLettersChoose) {
   EXPECT_EQ(button.selectedIndex(), 0);
 }
 
+TEST(PopUpButtonTest, spaceOpensTheMenuRightAfterALetter) {
+  Stage stage;
+  const auto& button = stage.add(makePopUpButton(), place);
+  stage.show();
+  driver::keyAt(button, Qt::Key_S);
+  driver::key(stage.window(), Qt::Key_Space);
+  EXPECT_EQ(button.selectedIndex(), 1);
+  EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+}
+
 TEST(PopUpButtonTest, menuMarksWhatIsChosen) {
   Stage stage;
   auto& button = stage.add(makePopUpButton(), place);

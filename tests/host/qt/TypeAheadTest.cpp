@@ -24,6 +24,10 @@ class TypeAheadTest : public testing::Test {
     return current;
   }
 
+  bool isTyping(const QString& text, quint64 milliseconds, Qt::KeyboardModifiers modifiers = {}) const {
+    return search.isTyping(Key(text, milliseconds, modifiers), fruits);
+  }
+
   TypeAhead search;
   int current = -1;
 };
@@ -55,21 +59,26 @@ TEST_F(TypeAheadTest, aWordThatNoTitleBeginsWithGoesNowhere) {
   EXPECT_EQ(type("b", 5100), 3);
 }
 
-TEST_F(TypeAheadTest, aBlankIsTypedOnlyWithinAWord) {
-  EXPECT_FALSE(search.isTyping(Key(" ", 5000)));
-  type("b", 5000);
-  type("l", 5100);
-  EXPECT_TRUE(search.isTyping(Key(" ", 5200)));
-  EXPECT_FALSE(search.isTyping(Key(" ", 7000)));
+TEST_F(TypeAheadTest, aBlankIsTypedOnlyWithinTheWordsOfATitle) {
+  EXPECT_FALSE(isTyping(" ", 5000));
+  for (const QChar letter : QStringLiteral("bloo")) {
+    type(letter, 5000);
+  }
+  EXPECT_FALSE(isTyping(" ", 5100));
+  type("d", 5200);
+  EXPECT_TRUE(isTyping(" ", 5300));
+  EXPECT_FALSE(isTyping(" ", 7000));
+  type(" ", 5300);
+  EXPECT_EQ(type("o", 5400), 4);
 }
 
 TEST_F(TypeAheadTest, onlyPlainLettersAreTyped) {
-  EXPECT_TRUE(search.isTyping(Key("a", 0)));
-  EXPECT_TRUE(search.isTyping(Key("A", 0, Qt::ShiftModifier)));
-  EXPECT_TRUE(search.isTyping(Key("1", 0, Qt::KeypadModifier)));
-  EXPECT_FALSE(search.isTyping(Key("a", 0, Qt::AltModifier)));
-  EXPECT_FALSE(search.isTyping(Key("\r", 0)));
-  EXPECT_FALSE(search.isTyping(Key("", 0)));
+  EXPECT_TRUE(isTyping("a", 0));
+  EXPECT_TRUE(isTyping("A", 0, Qt::ShiftModifier));
+  EXPECT_TRUE(isTyping("1", 0, Qt::KeypadModifier));
+  EXPECT_FALSE(isTyping("a", 0, Qt::AltModifier));
+  EXPECT_FALSE(isTyping("\r", 0));
+  EXPECT_FALSE(isTyping("", 0));
 }
 
 }  // namespace
