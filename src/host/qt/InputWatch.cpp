@@ -1,6 +1,7 @@
 #include "host/qt/InputWatch.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
@@ -19,6 +20,16 @@ bool isFieldInEditing(QObject* object) {
   return field != nullptr && field->isEditing();
 }
 
+// Only where the keyboard is: what a field does not take goes on to what it stands in. Escape takes an edit back.
+bool isKeyForControl(const QObject* object, const QEvent& event) {
+  return event.type() == QEvent::KeyPress && object == QApplication::focusWidget() &&
+         static_cast<const QKeyEvent&>(event).key() != Qt::Key_Escape;
+}
+
+bool isPress(const QEvent& event) {
+  return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+}
+
 // Commands of the main menu are about what is being typed.
 bool isMenuBar(const QWidget* widget) { return qobject_cast<const QMenuBar*>(widget) != nullptr; }
 
@@ -30,7 +41,7 @@ InputWatch::InputWatch(const Theme& theme) : theme_(theme) {
 }
 
 bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
-  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+  if (isPress(*event) || isKeyForControl(object, *event)) {
     endEditing(object);
   } else if (event->type() == QEvent::ApplicationFontChange && object == qApp && fontChanged_) {
     fontChanged_();
@@ -38,9 +49,9 @@ bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
   return false;
 }
 
-void InputWatch::endEditing(QObject* pressed) {
-  const auto* widget = qobject_cast<QWidget*>(pressed);
-  if (widget == nullptr || isFieldInEditing(pressed) || isMenuBar(widget)) {
+void InputWatch::endEditing(QObject* target) {
+  const auto* widget = qobject_cast<QWidget*>(target);
+  if (widget == nullptr || isFieldInEditing(target) || isMenuBar(widget)) {
     return;
   }
   if (kit::Window* window = WindowPeer::windowOf(*widget)) {

@@ -13,8 +13,8 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-/// Watches what happens anywhere in the application. A press outside the field that is being edited ends the editing
-/// before the press is delivered, so that what the edit enabled gets this very press. Where the focus goes, the ring
+/// Watches what happens anywhere in the application. A press or a key outside the field that is being edited ends the
+/// editing before it is delivered, so that what the edit enabled gets this very press. Where the focus goes, the ring
 /// goes, and the page scrolls there.
 class InputWatch final : public QObject {
  public:
@@ -26,7 +26,7 @@ class InputWatch final : public QObject {
   bool eventFilter(QObject* object, QEvent* event) noexcept override;
 
  private:
-  void endEditing(QObject* pressed);
+  void endEditing(QObject* target);
   void focusMoved(QWidget* to);
 
   const Theme& theme_;

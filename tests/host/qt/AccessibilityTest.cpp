@@ -161,6 +161,25 @@ TEST(AccessibilityTest, everyActionCommitsFirstWhatIsBeingTyped) {
   }
 }
 
+TEST(AccessibilityTest, keyAtAnotherControlCommitsFirstTheTextThatWasSet) {
+  ActionStage stage;
+  stage.show();
+  driver::widget(stage.button).setFocus(Qt::TabFocusReason);
+  seen(stage.field).setText(QAccessible::Value, "7");
+  driver::key(stage.window(), Qt::Key_Space);
+  EXPECT_EQ(stage.done, (std::vector<std::string>{"typed 7", "button"}));
+}
+
+TEST(AccessibilityTest, escapeAtAnotherControlTakesBackTheTextThatWasSet) {
+  ActionStage stage;
+  stage.show();
+  driver::widget(stage.button).setFocus(Qt::TabFocusReason);
+  seen(stage.field).setText(QAccessible::Value, "7");
+  driver::key(stage.window(), Qt::Key_Escape);
+  EXPECT_EQ(stage.field.shownText(), "1");
+  EXPECT_TRUE(stage.done.empty());
+}
+
 TEST(AccessibilityTest, actionOnAControlThatTheCommitEndsDoesNothing) {
   Stage stage;
   int runs = 0;
