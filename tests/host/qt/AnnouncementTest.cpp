@@ -7,11 +7,16 @@
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
+#include "kit/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
 constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
+
+QAccessibleInterface& seen(const kit::Control& control) {
+  return *QAccessible::queryAccessibleInterface(&driver::widget(control));
+}
 
 using Types = std::vector<QAccessible::Event>;
 
