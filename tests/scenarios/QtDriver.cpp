@@ -61,7 +61,7 @@ class QtDriver final : public Driver {
   }
 
   void setValue(kit::Slider& slider, double value) override {
-    QAccessible::queryAccessibleInterface(&driver::widget(slider))->valueInterface()->setCurrentValue(value);
+    driver::seen(slider).valueInterface()->setCurrentValue(value);
   }
 
   void type(kit::TextField& field, const std::string& text) override { driver::type(field, text); }
@@ -79,10 +79,10 @@ class QtDriver final : public Driver {
   }
 
   Seen look(kit::Control& control) override {
-    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&driver::widget(control));
-    return {.name = seen->text(QAccessible::Name).toStdString(),
-            .value = valueOf(control, *seen),
-            .enabled = !seen->state().disabled};
+    QAccessibleInterface& seen = driver::seen(control);
+    return {.name = seen.text(QAccessible::Name).toStdString(),
+            .value = valueOf(control, seen),
+            .enabled = !seen.state().disabled};
   }
 };
 

@@ -98,7 +98,6 @@ class Reader {
         return nullptr;
       }
       plist_array_append_item(array.get(), value.release());
-      skipBlanks();
       if (!take(',') && !rest_.starts_with(')')) {
         return nullptr;
       }

@@ -20,11 +20,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
+using driver::seen;
 
-QAccessibleInterface& seen(const kit::Control& control) {
-  return *QAccessible::queryAccessibleInterface(&driver::widget(control));
-}
+constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
 
 template <class C>
 C& named(C& control, const std::string& name) {

@@ -1,6 +1,7 @@
 #include "host/qt/WidgetDriver.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
@@ -59,6 +60,10 @@ QWidget& widget(const kit::Window& window) {
     diagnostics::fault("the window has no widget");
   }
   return *peer->widget();
+}
+
+QAccessibleInterface& seen(const kit::Control& control) {
+  return *QAccessible::queryAccessibleInterface(&widget(control));
 }
 
 void click(const kit::Control& control) { clickAt(control, centre(control)); }

@@ -6,6 +6,7 @@
 
 #include "kit/Geometry.h"
 
+class QAccessibleInterface;
 class QWidget;
 
 namespace tarnwell::kit {
@@ -22,6 +23,9 @@ namespace tarnwell::host_qt::driver {
 /// The widget that shows `control`; a fault where there is none.
 QWidget& widget(const kit::Control& control);
 QWidget& widget(const kit::Window& window);
+
+/// What screen readers see of the widget that shows `control`.
+QAccessibleInterface& seen(const kit::Control& control);
 
 void click(const kit::Control& control);
 /// At a point of the control's frame.
