@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <vector>
+
 #include "standin/MacSystem.h"
 
 namespace tarnwell::standin {
@@ -23,6 +26,23 @@ TEST(DefaultsTransferTest, exportReplacesNoDeviceAndNoLink) {
   std::filesystem::create_symlink("/dev/null", link);
   EXPECT_EQ(system.defaults({"export", "com.apple.dock", link}).status, 1);
   EXPECT_TRUE(std::filesystem::is_symlink(link));
+}
+
+TEST(DefaultsTransferTest, exportsToOnePathDoNotDisturbEachOther) {
+  const MacSystem system;
+  system.store(binaryOf(everyType()));
+  const std::string path = (system.folder() / "out.plist").string();
+  const std::string exports =
+      R"(i=0; while [ $i -lt 25 ]; do "$D" export com.apple.dock ")" + path + R"(" || exit 1; i=$((i + 1)); done)";
+  std::vector<std::unique_ptr<Process>> exporters;
+  for (int exporter = 0; exporter < 8; ++exporter) {
+    exporters.push_back(std::make_unique<Process>(Words{"/bin/sh", "-c", exports}, system.environment()));
+  }
+  for (const auto& exporter : exporters) {
+    const Outcome outcome = exporter->wait();
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  }
+  EXPECT_EQ(fileContent(path), fileContent(system.dockStore()));
 }
 
 TEST(DefaultsTransferTest, importMergesKeys) {

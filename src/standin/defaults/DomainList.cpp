@@ -17,6 +17,12 @@ struct FolderCloser {
   void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
+// Null at the end, with errno 0, and when the folder cannot be read.
+const dirent* nextEntry(DIR* folder) {
+  errno = 0;
+  return ::readdir(folder);  // NOLINT(concurrency-mt-unsafe): one thread
+}
+
 }  // namespace
 
 Result<std::vector<std::string>> domainNames(const std::string& root) {
@@ -30,8 +36,7 @@ Result<std::vector<std::string>> domainNames(const std::string& root) {
   if (!folder) {
     return systemFailure("read", path);
   }
-  errno = 0;
-  while (const dirent* entry = ::readdir(folder.get())) {  // NOLINT(concurrency-mt-unsafe): one thread
+  while (const dirent* entry = nextEntry(folder.get())) {
     const std::string_view name = entry->d_name;
     if (!name.starts_with('.') && name.ends_with(extension)) {
       names.emplace_back(name.substr(0, name.size() - extension.size()));

@@ -1,6 +1,8 @@
 #include "standin/store/AtomicFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,6 +15,25 @@ namespace {
 
 bool exchangeNames(const std::string& one, const std::string& other) {
   return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
+}
+
+bool isNamed(const Descriptor& file, const std::string& name) {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(file.number(), &opened) == 0 && ::lstat(name.c_str(), &named) == 0 && opened.st_ino == named.st_ino;
+}
+
+// Not before the process that gave the name has ended or moved its file on: it has the file locked until then. Where
+// the file system has no locks, that process finds its name gone, and says so.
+void removeLeftover(const std::string& name) {
+  const Descriptor left(::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (left) {
+    ::flock(left.number(), LOCK_EX);
+  }
+  // What cannot be opened, a link for one, is no file of ours.
+  if (left ? isNamed(left, name) : errno != ENOENT) {
+    ::unlink(name.c_str());
+  }
 }
 
 }  // namespace
@@ -40,9 +61,12 @@ std::optional<Failure> AtomicFile::write(std::string_view bytes) {
 bool AtomicFile::create() {
   file_ = Descriptor(::open(folderOf(target_).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
   if (!file_) {
-    ::unlink(temporary_.c_str());
+    removeLeftover(temporary_);
     file_ = Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
     isNamed_ = static_cast<bool>(file_);
+  }
+  if (file_) {
+    ::flock(file_.number(), LOCK_EX);
   }
   return static_cast<bool>(file_);
 }
@@ -60,7 +84,7 @@ bool AtomicFile::link(const std::string& name) const {
 bool AtomicFile::takeName() {
   // Another process that writes to the same target may come in between, but not for ever.
   for (int attempt = 0; !isNamed_ && attempt < 1000; ++attempt) {
-    ::unlink(temporary_.c_str());
+    removeLeftover(temporary_);
     isNamed_ = link(temporary_);
     if (!isNamed_ && errno != EEXIST) {
       break;
@@ -73,8 +97,7 @@ std::optional<Failure> AtomicFile::place() {
   if (!isNamed_ && link(target_)) {
     return std::nullopt;
   }
-  // Without the name, another process has just written to the same target: ours counts as the one before.
-  if (!takeName() || (std::rename(temporary_.c_str(), target_.c_str()) != 0 && errno != ENOENT)) {
+  if (!takeName() || std::rename(temporary_.c_str(), target_.c_str()) != 0) {
     return systemFailure("replace", target_);
   }
   isNamed_ = false;
