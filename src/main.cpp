@@ -27,8 +27,8 @@
 #include "host/qt/QtApplication.h"
 #include "host/qt/QtPlatform.h"
 #include "host/qt/SingleInstance.h"
-#include "kit/Application.h"
-#include "kit/ApplicationId.h"
+#include "kit/application/Application.h"
+#include "kit/application/ApplicationId.h"
 #include "view/SceneRunner.h"
 
 namespace tarnwell {

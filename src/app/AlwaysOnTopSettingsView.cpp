@@ -1,7 +1,7 @@
 #include "app/AlwaysOnTopSettingsView.h"
 
-#include "kit/Application.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "diagnostics/Console.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "kit/Application.h"
-#include "kit/NotificationCenter.h"
-#include "kit/Subscription.h"
+#include "kit/application/Application.h"
+#include "kit/turn/NotificationCenter.h"
+#include "kit/turn/Subscription.h"
 
 namespace tarnwell::app {
 

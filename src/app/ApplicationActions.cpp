@@ -1,7 +1,7 @@
 #include "app/ApplicationActions.h"
 
 #include "diagnostics/Fault.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::app {
 namespace {

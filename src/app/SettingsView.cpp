@@ -1,8 +1,8 @@
 #include "app/SettingsView.h"
 
 #include "dockscreen/ContentView.h"
-#include "kit/Application.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/controls/Window.h"
 #include "updates/GeneralView.h"
 #include "view/SceneRunner.h"
 #include "view/TabView.h"

@@ -1,7 +1,7 @@
 #include "app/WelcomeView.h"
 
-#include "kit/Application.h"
-#include "kit/SettingsShortcut.h"
+#include "kit/application/Application.h"
+#include "kit/application/SettingsShortcut.h"
 #include "view/Text.h"
 
 namespace tarnwell::app {

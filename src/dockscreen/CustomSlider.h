@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/Slider.h"
+#include "kit/controls/Slider.h"
 
 namespace tarnwell::dockscreen {
 

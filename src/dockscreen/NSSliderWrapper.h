@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/Slider.h"
+#include "kit/controls/Slider.h"
 #include "view/Binding.h"
 #include "view/Representable.h"
 

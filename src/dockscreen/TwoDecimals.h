@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/NumberFormat.h"
+#include "kit/ports/NumberFormat.h"
 
 namespace tarnwell::dockscreen {
 

@@ -1,9 +1,9 @@
 #include "launchatlogin/LaunchAtLogin.h"
 
 #include "diagnostics/Fault.h"
-#include "kit/Application.h"
-#include "kit/LoginItem.h"
-#include "kit/Platform.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
+#include "kit/ports/LoginItem.h"
 #include "launchatlogin/Observable.h"
 
 namespace tarnwell::launchatlogin {

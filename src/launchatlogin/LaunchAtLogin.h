@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/Logger.h"
+#include "kit/ports/Logger.h"
 
 namespace tarnwell::launchatlogin {
 

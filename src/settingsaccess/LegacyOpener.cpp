@@ -1,6 +1,6 @@
 #include "settingsaccess/LegacyOpener.h"
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::settingsaccess {
 namespace {

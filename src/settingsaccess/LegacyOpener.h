@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "settingsaccess/OpenSettingsError.h"
 
 namespace tarnwell::settingsaccess {

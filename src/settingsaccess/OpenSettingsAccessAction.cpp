@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 #include "settingsaccess/LegacyOpener.h"
 #include "settingsaccess/OpenSettingsError.h"
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "kit/Action.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
+#include "kit/turn/Action.h"
 #include "view/Binding.h"
 
 namespace tarnwell::settingsaccess {

@@ -1,6 +1,6 @@
 #include "settingsaccess/OpenSettingsInjectionView.h"
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "view/Group.h"
 #include "view/SettingsLink.h"

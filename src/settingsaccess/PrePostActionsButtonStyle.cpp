@@ -1,6 +1,6 @@
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 #include "view/Button.h"
 
 namespace tarnwell::settingsaccess {

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "kit/Action.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
+#include "kit/turn/Action.h"
 #include "view/Binding.h"
 #include "view/ButtonStyle.h"
 #include "view/View.h"

@@ -1,6 +1,6 @@
 #include "settingsaccess/PrePostSettingsLink.h"
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 #include "settingsaccess/LegacyOpener.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "view/Button.h"

@@ -5,9 +5,9 @@
 
 #include "diagnostics/Console.h"
 #include "diagnostics/Fault.h"
-#include "kit/ClassRegistry.h"
-#include "kit/Menu.h"
-#include "kit/SettingsShortcut.h"
+#include "kit/application/Menu.h"
+#include "kit/application/SettingsShortcut.h"
+#include "kit/turn/ClassRegistry.h"
 
 namespace tarnwell::statusmenu {
 namespace {

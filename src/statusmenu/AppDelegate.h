@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "kit/Application.h"
-#include "kit/MenuItem.h"
-#include "kit/StatusItem.h"
+#include "kit/application/Application.h"
+#include "kit/application/MenuItem.h"
+#include "kit/application/StatusItem.h"
 #include "settingsaccess/OpenSettingsKey.h"
 #include "view/Environment.h"
 

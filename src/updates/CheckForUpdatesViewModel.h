@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/Updater.h"
+#include "kit/ports/Updater.h"
 #include "view/ObservableObject.h"
 
 namespace tarnwell::updates {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "kit/Application.h"
-#include "kit/Platform.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::updates {
 namespace {

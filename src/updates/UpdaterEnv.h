@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/Updater.h"
+#include "kit/ports/Updater.h"
 #include "view/ObservableObject.h"
 
 namespace tarnwell::updates {

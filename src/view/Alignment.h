@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/TextStyle.h"
+#include "kit/host/TextStyle.h"
 
 namespace tarnwell::view {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "kit/Host.h"
+#include "kit/host/Host.h"
 #include "view/MountedTree.h"
 
 namespace tarnwell::view {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "kit/Button.h"
-#include "kit/Pane.h"
-#include "kit/Slider.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/Pane.h"
+#include "kit/controls/Slider.h"
 
 namespace tarnwell::view {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

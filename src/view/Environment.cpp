@@ -1,8 +1,8 @@
 #include "view/Environment.h"
 
 #include "diagnostics/Console.h"
-#include "kit/Application.h"
-#include "kit/Platform.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::view {
 

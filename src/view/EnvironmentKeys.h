@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "kit/MenuItem.h"
-#include "kit/NumberFormat.h"
-#include "kit/OpenUrl.h"
-#include "kit/SystemVersion.h"
-#include "kit/TextStyle.h"
+#include "kit/application/MenuItem.h"
+#include "kit/host/TextStyle.h"
+#include "kit/ports/NumberFormat.h"
+#include "kit/ports/OpenUrl.h"
+#include "kit/ports/SystemVersion.h"
 
 namespace tarnwell::view {
 

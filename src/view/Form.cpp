@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "kit/Host.h"
-#include "kit/ScrollArea.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/host/Host.h"
 #include "view/FormMetrics.h"
 #include "view/MountedNode.h"
 #include "view/MountedTree.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "kit/Host.h"
+#include "kit/host/Host.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

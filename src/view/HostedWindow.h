@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 #include "view/EnvironmentValues.h"
 #include "view/MountedTree.h"
 #include "view/View.h"

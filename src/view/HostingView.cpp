@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "kit/Turn.h"
+#include "kit/turn/Turn.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

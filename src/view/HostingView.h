@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/Pane.h"
+#include "kit/controls/Pane.h"
 #include "view/MountedTree.h"
 #include "view/View.h"
 

@@ -1,6 +1,6 @@
 #include "view/Label.h"
 
-#include "kit/ControlMetrics.h"
+#include "kit/controls/ControlMetrics.h"
 #include "view/Stack.h"
 #include "view/Symbol.h"
 #include "view/Text.h"

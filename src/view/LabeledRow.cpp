@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/Toggle.h"
+#include "kit/controls/Toggle.h"
 #include "view/FormMetrics.h"
 #include "view/Label.h"
 #include "view/MountedNode.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 #include "view/SettingsLink.h"
 
 namespace tarnwell::view {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "kit/Application.h"
-#include "kit/Menu.h"
+#include "kit/application/Application.h"
+#include "kit/application/Menu.h"
 #include "view/EnvironmentValues.h"
 #include "view/MountedTree.h"
 #include "view/Scene.h"

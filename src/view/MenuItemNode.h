@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/MenuItem.h"
+#include "kit/application/MenuItem.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

@@ -1,6 +1,6 @@
 #include "view/MountedNode.h"
 
-#include "kit/Turn.h"
+#include "kit/turn/Turn.h"
 #include "view/MountedTree.h"
 
 namespace tarnwell::view {

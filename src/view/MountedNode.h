@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "kit/Geometry.h"
-#include "kit/Measurement.h"
+#include "kit/host/Geometry.h"
+#include "kit/host/Measurement.h"
 #include "view/AccessibleContext.h"
 #include "view/Place.h"
 

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <utility>
 
-#include "kit/Control.h"
-#include "kit/Menu.h"
-#include "kit/WindowPeer.h"
+#include "kit/application/Menu.h"
+#include "kit/controls/Control.h"
+#include "kit/host/WindowPeer.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "kit/Action.h"
-#include "kit/Turn.h"
+#include "kit/turn/Action.h"
+#include "kit/turn/Turn.h"
 #include "view/EnvironmentValues.h"
 #include "view/View.h"
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "kit/Observers.h"
+#include "kit/turn/Observers.h"
 #include "view/MountedNode.h"
 
 namespace tarnwell::view {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/PopUpButton.h"
+#include "kit/controls/PopUpButton.h"
 #include "view/Binding.h"
 #include "view/Same.h"
 #include "view/View.h"

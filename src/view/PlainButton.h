@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "kit/Action.h"
-#include "kit/Button.h"
+#include "kit/controls/Button.h"
+#include "kit/turn/Action.h"
 #include "view/View.h"
 
 namespace tarnwell::view {

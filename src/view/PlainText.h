@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "kit/TextStyle.h"
+#include "kit/host/TextStyle.h"
 
 namespace tarnwell::view {
 

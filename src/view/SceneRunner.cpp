@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "kit/Host.h"
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
+#include "kit/host/Host.h"
 #include "view/MountedNode.h"
 #include "view/SettingsLink.h"
 

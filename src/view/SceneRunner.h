@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "view/EnvironmentValues.h"
 #include "view/HostedWindow.h"
 #include "view/MainMenu.h"

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "kit/Box.h"
-#include "kit/Host.h"
-#include "kit/Turn.h"
+#include "kit/controls/Box.h"
+#include "kit/host/Host.h"
+#include "kit/turn/Turn.h"
 #include "view/FormMetrics.h"
 #include "view/MountedNode.h"
 #include "view/MountedTree.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "kit/TextStyle.h"
+#include "kit/host/TextStyle.h"
 #include "view/View.h"
 
 namespace tarnwell::view {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 #include "view/Binding.h"
 #include "view/EnvironmentValues.h"
 #include "view/MountedNode.h"

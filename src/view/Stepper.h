@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/Stepper.h"
+#include "kit/controls/Stepper.h"
 #include "view/Binding.h"
 #include "view/View.h"
 

@@ -1,6 +1,6 @@
 #include "view/Symbol.h"
 
-#include "kit/SymbolView.h"
+#include "kit/controls/SymbolView.h"
 #include "view/ControlNode.h"
 
 namespace tarnwell::view {

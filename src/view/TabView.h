@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/TabBar.h"
+#include "kit/controls/TabBar.h"
 #include "view/Binding.h"
 #include "view/Same.h"
 #include "view/View.h"

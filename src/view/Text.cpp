@@ -1,6 +1,6 @@
 #include "view/Text.h"
 
-#include "kit/TextLabel.h"
+#include "kit/controls/TextLabel.h"
 #include "view/ControlNode.h"
 
 namespace tarnwell::view {

@@ -1,7 +1,7 @@
 #include "view/TextField.h"
 
 #include "diagnostics/Fault.h"
-#include "kit/TextField.h"
+#include "kit/controls/TextField.h"
 #include "view/ControlNode.h"
 
 namespace tarnwell::view {

@@ -1,6 +1,6 @@
 #include "view/Toggle.h"
 
-#include "kit/Toggle.h"
+#include "kit/controls/Toggle.h"
 #include "view/ControlNode.h"
 
 namespace tarnwell::view {

@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-#include "kit/Action.h"
-#include "kit/MenuItem.h"
-#include "kit/NotificationCenter.h"
-#include "kit/TextStyle.h"
+#include "kit/application/MenuItem.h"
+#include "kit/host/TextStyle.h"
+#include "kit/turn/Action.h"
+#include "kit/turn/NotificationCenter.h"
 #include "view/Description.h"
 #include "view/EnvironmentKeys.h"
 #include "view/EnvironmentValues.h"

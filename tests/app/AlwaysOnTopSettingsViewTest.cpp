@@ -2,9 +2,9 @@
 
 #include "app/AlwaysOnTopSettingsView.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
-#include "kit/SettingsShortcut.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/application/SettingsShortcut.h"
+#include "kit/controls/Window.h"
 #include "view/Composite.h"
 #include "view/Dump.h"
 #include "view/HostedWindow.h"

@@ -5,7 +5,7 @@
 #include "app/Item.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningApplication.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 #include "settingsaccess/OpenSettingsKey.h"
 
 namespace tarnwell::app {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningApplication.h"
-#include "kit/TextField.h"
-#include "kit/Window.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 namespace {

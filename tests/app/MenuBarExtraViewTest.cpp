@@ -2,8 +2,8 @@
 
 #include "app/MenuBarExtraView.h"
 #include "app/RunningApplication.h"
-#include "kit/Turn.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
+#include "kit/turn/Turn.h"
 #include "view/MountedTree.h"
 
 namespace tarnwell::app {

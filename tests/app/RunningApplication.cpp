@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "dockscreen/CommandRunnerKey.h"
-#include "kit/Control.h"
-#include "kit/TabBar.h"
+#include "kit/controls/Control.h"
+#include "kit/controls/TabBar.h"
 #include "view/Dump.h"
 #include "view/MountedNode.h"
 

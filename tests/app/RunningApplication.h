@@ -7,7 +7,7 @@
 #include "app/TarnwellApp.h"
 #include "fakes/RecordingCommandRunner.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "view/SceneRunner.h"
 
 namespace tarnwell::app {

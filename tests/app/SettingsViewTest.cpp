@@ -4,9 +4,9 @@
 
 #include "app/RunningApplication.h"
 #include "app/SettingsView.h"
-#include "kit/ScrollArea.h"
-#include "kit/Toggle.h"
-#include "kit/Window.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/Toggle.h"
+#include "kit/controls/Window.h"
 #include "view/HostedWindow.h"
 
 namespace tarnwell::app {

@@ -6,7 +6,7 @@
 
 #include "app/ApplicationActions.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "view/Spacer.h"
 
 namespace tarnwell::app {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningApplication.h"
-#include "kit/Button.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::app {
 namespace {

@@ -5,8 +5,8 @@
 #include "host/headless/Journal.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/QtPlatform.h"
-#include "kit/Application.h"
-#include "kit/ClassRegistry.h"
+#include "kit/application/Application.h"
+#include "kit/turn/ClassRegistry.h"
 
 using namespace tarnwell;
 

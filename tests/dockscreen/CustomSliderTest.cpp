@@ -6,8 +6,8 @@
 #include <limits>
 #include <utility>
 
-#include "kit/Coder.h"
 #include "kit/Printing.h"
+#include "kit/controls/Coder.h"
 
 namespace tarnwell::dockscreen {
 namespace {

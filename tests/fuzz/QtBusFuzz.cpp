@@ -17,9 +17,9 @@
 #include "host/qt/BusStatusItem.h"
 #include "host/qt/StatusImage.h"
 #include "host/qt/Theme.h"
-#include "kit/Application.h"
-#include "kit/Menu.h"
-#include "kit/MenuItem.h"
+#include "kit/application/Application.h"
+#include "kit/application/Menu.h"
+#include "kit/application/MenuItem.h"
 
 namespace tarnwell::fuzz {
 namespace {

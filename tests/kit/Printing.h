@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "kit/Geometry.h"
+#include "kit/host/Geometry.h"
 
 namespace tarnwell::kit {
 

@@ -4,7 +4,7 @@
 
 #include "core/ProductPages.h"
 #include "fixtures/StandardOutputCapture.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 #include "scenarios/Tarnwell.h"
 
 namespace tarnwell::scenarios {

@@ -4,12 +4,12 @@
 
 #include "dockscreen/CommandRunnerKey.h"
 #include "dockscreen/ContentView.h"
-#include "kit/Control.h"
-#include "kit/ControlMetrics.h"
-#include "kit/PopUpButton.h"
-#include "kit/Slider.h"
-#include "kit/Stepper.h"
-#include "kit/TextField.h"
+#include "kit/controls/Control.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/TextField.h"
 #include "scenarios/NamedControl.h"
 
 namespace tarnwell::scenarios {

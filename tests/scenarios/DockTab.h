@@ -6,8 +6,8 @@
 
 #include "fakes/RecordingCommandRunner.h"
 #include "host/headless/PointNumberFormat.h"
-#include "kit/SystemVersion.h"
-#include "kit/Turn.h"
+#include "kit/ports/SystemVersion.h"
+#include "kit/turn/Turn.h"
 #include "scenarios/Driver.h"
 #include "view/HostedWindow.h"
 

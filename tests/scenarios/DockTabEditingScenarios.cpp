@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fixtures/StandardOutputCapture.h"
-#include "kit/Slider.h"
+#include "kit/controls/Slider.h"
 #include "scenarios/DockTab.h"
 
 namespace tarnwell::scenarios {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 #include "scenarios/DockTab.h"
 
 namespace tarnwell::scenarios {

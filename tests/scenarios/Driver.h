@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/Geometry.h"
+#include "kit/host/Geometry.h"
 
 namespace tarnwell::kit {
 class Control;

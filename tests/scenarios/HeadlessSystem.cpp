@@ -2,8 +2,8 @@
 #include <stdexcept>
 
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/controls/Window.h"
 #include "scenarios/System.h"
 
 namespace tarnwell::scenarios {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 #include "view/MountedTree.h"
 
 namespace tarnwell::scenarios {

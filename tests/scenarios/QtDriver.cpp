@@ -5,11 +5,11 @@
 #include "core/DecimalText.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/Slider.h"
-#include "kit/Stepper.h"
-#include "kit/TabBar.h"
-#include "kit/TextField.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Toggle.h"
 #include "scenarios/Driver.h"
 
 namespace tarnwell::scenarios {

@@ -4,7 +4,7 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/Box.h"
+#include "kit/controls/Box.h"
 #include "scenarios/NamedControl.h"
 #include "view/Counter.h"
 #include "view/Form.h"

@@ -15,7 +15,7 @@
 #include "host/headless/HeadlessUpdater.h"
 #include "host/headless/Journal.h"
 #include "host/qt/QtPlatform.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "view/SceneRunner.h"
 
 namespace tarnwell::scenarios {

@@ -10,7 +10,7 @@
 #include "host/qt/FakePanel.h"
 #include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/ClassRegistry.h"
+#include "kit/turn/ClassRegistry.h"
 #include "statusmenu/AppDelegate.h"
 
 namespace tarnwell::scenarios {

@@ -6,10 +6,10 @@
 #include "app/RunningApplication.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "host/qt/Symbols.h"
-#include "kit/PopUpButton.h"
-#include "kit/StatusItem.h"
-#include "kit/SymbolView.h"
-#include "kit/TabBar.h"
+#include "kit/application/StatusItem.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/SymbolView.h"
+#include "kit/controls/TabBar.h"
 
 namespace tarnwell::scenarios {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/HeadlessUpdater.h"
-#include "kit/Geometry.h"
+#include "kit/host/Geometry.h"
 
 namespace tarnwell::kit {
 class Application;

@@ -5,7 +5,7 @@
 
 #include "dockscreen/CommandRunnerKey.h"
 #include "host/headless/PointNumberFormat.h"
-#include "kit/TabBar.h"
+#include "kit/controls/TabBar.h"
 #include "scenarios/NamedControl.h"
 
 namespace tarnwell::scenarios {

@@ -6,7 +6,7 @@
 
 #include "app/TarnwellApp.h"
 #include "fakes/RecordingCommandRunner.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 #include "scenarios/Driver.h"
 #include "scenarios/System.h"
 #include "view/SceneRunner.h"

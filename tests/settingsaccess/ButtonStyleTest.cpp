@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Button.h"
-#include "kit/Control.h"
-#include "kit/Menu.h"
+#include "kit/application/Menu.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/Control.h"
 #include "settingsaccess/OpenSettingsInjectionView.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "settingsaccess/PrePostSettingsLink.h"

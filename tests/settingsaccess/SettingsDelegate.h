@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Object.h"
+#include "kit/turn/Object.h"
 
 namespace tarnwell::settingsaccess {
 

@@ -6,8 +6,8 @@
 
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/ClassRegistry.h"
-#include "kit/Menu.h"
+#include "kit/application/Menu.h"
+#include "kit/turn/ClassRegistry.h"
 
 namespace tarnwell::statusmenu {
 namespace {

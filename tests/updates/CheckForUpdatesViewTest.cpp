@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
-#include "kit/Button.h"
+#include "kit/application/Application.h"
+#include "kit/controls/Button.h"
 #include "view/Dump.h"
 #include "view/HostedWindow.h"
 #include "view/MountedNode.h"

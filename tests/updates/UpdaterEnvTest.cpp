@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::updates {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 #include "view/Representable.h"
 
 namespace tarnwell::view {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "host/headless/HeadlessHost.h"
-#include "kit/Box.h"
+#include "kit/controls/Box.h"
 
 namespace tarnwell::view {
 

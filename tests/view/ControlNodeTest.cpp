@@ -5,10 +5,10 @@
 #include <limits>
 
 #include "host/headless/PointNumberFormat.h"
-#include "kit/PopUpButton.h"
-#include "kit/Stepper.h"
-#include "kit/TextField.h"
-#include "kit/Toggle.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Toggle.h"
 #include "view/Button.h"
 #include "view/Counter.h"
 #include "view/Label.h"

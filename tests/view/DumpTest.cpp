@@ -4,7 +4,7 @@
 
 #include <numbers>
 
-#include "kit/Toggle.h"
+#include "kit/controls/Toggle.h"
 #include "view/Composite.h"
 #include "view/Counter.h"
 #include "view/Form.h"

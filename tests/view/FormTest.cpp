@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "kit/Button.h"
-#include "kit/ScrollArea.h"
-#include "kit/TextLabel.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
 #include "view/Block.h"
 #include "view/Composite.h"
 #include "view/Counter.h"

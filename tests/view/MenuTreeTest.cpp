@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "kit/Menu.h"
-#include "kit/Turn.h"
+#include "kit/application/Menu.h"
+#include "kit/turn/Turn.h"
 #include "view/Button.h"
 #include "view/Counter.h"
 #include "view/Divider.h"

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "kit/PopUpButton.h"
-#include "kit/Stepper.h"
-#include "kit/TextField.h"
-#include "kit/Toggle.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Toggle.h"
 #include "view/Button.h"
 #include "view/Picker.h"
 #include "view/Spacer.h"

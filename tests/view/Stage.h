@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "kit/Control.h"
 #include "kit/Printing.h"
-#include "kit/Turn.h"
+#include "kit/controls/Control.h"
+#include "kit/turn/Turn.h"
 #include "view/Binding.h"
 #include "view/BoxHost.h"
 #include "view/HostedWindow.h"

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-#include "kit/Toggle.h"
+#include "kit/controls/Toggle.h"
 #include "view/Composite.h"
 #include "view/Stack.h"
 #include "view/Stage.h"

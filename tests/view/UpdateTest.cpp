@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "kit/TextLabel.h"
-#include "kit/Toggle.h"
+#include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
 #include "view/Composite.h"
 #include "view/Counter.h"
 #include "view/Spacer.h"

@@ -2,7 +2,7 @@
 
 #include "host/headless/HeadlessWindowPeer.h"
 #include "host/headless/Journal.h"
-#include "kit/Host.h"
+#include "kit/host/Host.h"
 
 namespace tarnwell::host_headless {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Log.h"
+#include "kit/ports/Log.h"
 
 namespace tarnwell::host_headless {
 

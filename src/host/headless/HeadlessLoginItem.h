@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/headless/Journal.h"
-#include "kit/LoginItem.h"
+#include "kit/ports/LoginItem.h"
 
 namespace tarnwell::host_headless {
 

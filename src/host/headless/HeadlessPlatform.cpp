@@ -1,6 +1,6 @@
 #include "host/headless/HeadlessPlatform.h"
 
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::host_headless {
 

@@ -12,7 +12,7 @@
 #include "host/headless/HeadlessStatusItemPeer.h"
 #include "host/headless/HeadlessUpdater.h"
 #include "host/headless/PointNumberFormat.h"
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::host_headless {
 

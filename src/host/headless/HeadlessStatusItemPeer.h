@@ -5,7 +5,7 @@
 
 #include "host/headless/Journal.h"
 #include "host/headless/OpenMenu.h"
-#include "kit/StatusItem.h"
+#include "kit/application/StatusItem.h"
 
 namespace tarnwell::host_headless {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/headless/Journal.h"
-#include "kit/Updater.h"
+#include "kit/ports/Updater.h"
 
 namespace tarnwell::host_headless {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/headless/Journal.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_headless {
 

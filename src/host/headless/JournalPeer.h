@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/headless/Journal.h"
-#include "kit/Peer.h"
+#include "kit/host/Peer.h"
 
 namespace tarnwell::host_headless {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "kit/Application.h"
-#include "kit/Menu.h"
+#include "kit/application/Application.h"
+#include "kit/application/Menu.h"
 
 namespace tarnwell::host_headless {
 

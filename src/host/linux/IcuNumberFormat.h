@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/NumberFormat.h"
+#include "kit/ports/NumberFormat.h"
 
 namespace tarnwell::host_linux {
 

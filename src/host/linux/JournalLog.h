@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "kit/Log.h"
+#include "kit/ports/Log.h"
 
 namespace tarnwell::host_linux {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/AppleEvent.h"
+#include "kit/application/AppleEvent.h"
 
 namespace tarnwell::host_linux {
 

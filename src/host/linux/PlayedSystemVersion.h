@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "host/linux/Result.h"
-#include "kit/SystemVersion.h"
+#include "kit/ports/SystemVersion.h"
 
 namespace tarnwell::host_linux {
 

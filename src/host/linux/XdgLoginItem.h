@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/linux/Result.h"
-#include "kit/LoginItem.h"
+#include "kit/ports/LoginItem.h"
 
 namespace tarnwell::host_linux {
 

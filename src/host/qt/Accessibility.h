@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "kit/Aspect.h"
+#include "kit/host/Aspect.h"
 
 class QAccessibleEvent;
 class QWidget;

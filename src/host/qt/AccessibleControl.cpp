@@ -3,8 +3,8 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/WidgetPeer.h"
 #include "host/qt/WindowPeer.h"
-#include "kit/Control.h"
-#include "kit/Window.h"
+#include "kit/controls/Control.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 

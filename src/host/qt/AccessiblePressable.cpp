@@ -6,9 +6,9 @@
 #include <QtWidgets/QWidget>
 
 #include "host/qt/Conversions.h"
-#include "kit/Button.h"
-#include "kit/PopUpButton.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
 

@@ -1,7 +1,7 @@
 #include "host/qt/AccessibleRange.h"
 
-#include "kit/Slider.h"
-#include "kit/Stepper.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
 
 namespace tarnwell::host_qt {
 

@@ -3,7 +3,7 @@
 #include "host/qt/AccessibleTabBar.h"
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
-#include "kit/TabBar.h"
+#include "kit/controls/TabBar.h"
 
 namespace tarnwell::host_qt {
 

@@ -1,7 +1,7 @@
 #include "host/qt/AccessibleTabBar.h"
 
 #include "host/qt/AccessibleTab.h"
-#include "kit/TabBar.h"
+#include "kit/controls/TabBar.h"
 
 namespace tarnwell::host_qt {
 

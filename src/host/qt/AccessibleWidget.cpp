@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/qt/ControlLink.h"
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "host/qt/BusValue.h"
 #include "host/qt/RunLater.h"
-#include "kit/ApplicationId.h"
+#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {

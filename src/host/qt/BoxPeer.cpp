@@ -5,7 +5,7 @@
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
-#include "kit/Box.h"
+#include "kit/controls/Box.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -6,7 +6,7 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyEquivalentText.h"
 #include "host/qt/RunLater.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {
 namespace {

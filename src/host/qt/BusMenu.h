@@ -5,7 +5,7 @@
 
 #include "host/qt/BusObject.h"
 #include "host/qt/BusTypes.h"
-#include "kit/Menu.h"
+#include "kit/application/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

@@ -4,7 +4,7 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_qt {
 

@@ -7,7 +7,7 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/RunLater.h"
 #include "host/qt/StatusImage.h"
-#include "kit/ApplicationId.h"
+#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "host/qt/BusMenu.h"
 #include "host/qt/BusObject.h"
-#include "kit/StatusItem.h"
+#include "kit/application/StatusItem.h"
 
 namespace tarnwell::host_qt {
 

@@ -7,7 +7,7 @@
 #include "host/qt/PressableWidget.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/Button.h"
+#include "kit/controls/Button.h"
 
 namespace tarnwell::host_qt {
 namespace {

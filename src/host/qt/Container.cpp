@@ -1,7 +1,7 @@
 #include "host/qt/Container.h"
 
 #include "diagnostics/Fault.h"
-#include "kit/Peer.h"
+#include "kit/host/Peer.h"
 
 namespace tarnwell::host_qt {
 

@@ -3,7 +3,7 @@
 #include <QtCore/QRectF>
 #include <utility>
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 class QObject;
 

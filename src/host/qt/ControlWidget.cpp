@@ -4,7 +4,7 @@
 #include <QtGui/QPainter>
 #include <numbers>
 
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {

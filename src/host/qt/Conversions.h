@@ -5,8 +5,8 @@
 #include <QtCore/QString>
 #include <string_view>
 
-#include "kit/Geometry.h"
-#include "kit/KeyEvent.h"
+#include "kit/host/Geometry.h"
+#include "kit/host/KeyEvent.h"
 
 class QKeyEvent;
 

@@ -3,7 +3,7 @@
 #include <QtWidgets/QWidget>
 #include <cstdint>
 
-#include "kit/NumberFormat.h"
+#include "kit/ports/NumberFormat.h"
 
 class QLabel;
 

@@ -3,7 +3,7 @@
 #include <QtCore/QTimer>
 #include <chrono>
 
-#include "kit/Observers.h"
+#include "kit/turn/Observers.h"
 
 class QDBusPendingCallWatcher;
 

@@ -8,8 +8,8 @@
 #include "host/qt/ControlLink.h"
 #include "host/qt/ScrollAreaPeer.h"
 #include "host/qt/WindowPeer.h"
-#include "kit/TextField.h"
-#include "kit/Window.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "host/qt/FocusRing.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 class QWidget;
 

@@ -4,7 +4,7 @@
 
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/ControlMetrics.h"
+#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <QtCore/QRectF>
 #include <QtGui/QColor>
 
-#include "kit/PopUpButton.h"
+#include "kit/controls/PopUpButton.h"
 
 class QPainter;
 

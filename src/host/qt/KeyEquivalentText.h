@@ -4,7 +4,7 @@
 #include <QtCore/QStringList>
 #include <string_view>
 
-#include "kit/MenuItem.h"
+#include "kit/application/MenuItem.h"
 
 namespace tarnwell::host_qt {
 

@@ -1,6 +1,6 @@
 #include "host/qt/KeyRoute.h"
 
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 

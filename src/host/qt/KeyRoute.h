@@ -3,7 +3,7 @@
 #include <functional>
 #include <utility>
 
-#include "kit/KeyEvent.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::kit {
 class Window;

@@ -6,7 +6,7 @@
 #include "host/qt/MenuLook.h"
 #include "host/qt/MenuWidget.h"
 #include "host/qt/Theme.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {
 namespace {

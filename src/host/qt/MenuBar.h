@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QMenuBar>
 
-#include "kit/Menu.h"
+#include "kit/application/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

@@ -7,7 +7,7 @@
 
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyEquivalentText.h"
-#include "kit/Application.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {
 namespace {

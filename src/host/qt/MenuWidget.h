@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/qt/ThemedMenu.h"
-#include "kit/Menu.h"
+#include "kit/application/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

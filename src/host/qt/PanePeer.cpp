@@ -1,7 +1,7 @@
 #include "host/qt/PanePeer.h"
 
 #include "host/qt/ControlWidget.h"
-#include "kit/Pane.h"
+#include "kit/controls/Pane.h"
 
 namespace tarnwell::host_qt {
 namespace {

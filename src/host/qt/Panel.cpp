@@ -3,7 +3,7 @@
 #include <QtGui/QKeyEvent>
 
 #include "host/qt/Conversions.h"
-#include "kit/Event.h"
+#include "kit/application/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {

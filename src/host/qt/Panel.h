@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/qt/FixedSizeGuard.h"
-#include "kit/KeyEvent.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::host_qt {
 

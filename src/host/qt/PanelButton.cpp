@@ -10,7 +10,7 @@
 #include "host/qt/PanelFocus.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/ControlMetrics.h"
+#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {

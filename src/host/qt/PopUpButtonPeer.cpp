@@ -12,8 +12,8 @@
 #include "host/qt/PopUpMenu.h"
 #include "host/qt/Theme.h"
 #include "host/qt/TypeAhead.h"
-#include "kit/ControlMetrics.h"
-#include "kit/PopUpButton.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/PopUpButton.h"
 
 namespace tarnwell::host_qt {
 namespace {

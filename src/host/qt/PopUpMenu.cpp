@@ -12,7 +12,7 @@
 #include "host/qt/MenuStyle.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/ControlMetrics.h"
+#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {

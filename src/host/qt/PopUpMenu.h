@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "host/qt/TypeAhead.h"
-#include "kit/PopUpButton.h"
+#include "kit/controls/PopUpButton.h"
 
 namespace tarnwell::host_qt {
 

@@ -6,7 +6,7 @@
 
 #include "core/ChildReaper.h"
 #include "host/qt/QtHost.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_qt {
 

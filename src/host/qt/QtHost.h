@@ -4,7 +4,7 @@
 #include "host/qt/KeyRoute.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WindowPeer.h"
-#include "kit/Host.h"
+#include "kit/host/Host.h"
 
 namespace tarnwell::host_qt {
 

@@ -13,10 +13,10 @@
 #include "host/qt/StatusIcon.h"
 #include "host/qt/TrayNotice.h"
 #include "host/qt/WindowWidget.h"
-#include "kit/Application.h"
-#include "kit/ApplicationId.h"
-#include "kit/Updater.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/application/ApplicationId.h"
+#include "kit/controls/Window.h"
+#include "kit/ports/Updater.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -14,7 +14,7 @@
 #include "host/qt/PortalSettings.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/TrayWatch.h"
-#include "kit/Platform.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::host_qt {
 

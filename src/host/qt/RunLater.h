@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 class QObject;
 

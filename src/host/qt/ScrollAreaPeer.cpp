@@ -6,7 +6,7 @@
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Conversions.h"
 #include "host/qt/ScrollBarOverlay.h"
-#include "kit/ScrollArea.h"
+#include "kit/controls/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "host/qt/Theme.h"
-#include "kit/ScrollArea.h"
+#include "kit/controls/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -10,8 +10,8 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
-#include "kit/ControlMetrics.h"
-#include "kit/Slider.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/Slider.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "host/qt/BusStatusItem.h"
 #include "host/qt/StatusImage.h"
-#include "kit/StatusItem.h"
+#include "kit/application/StatusItem.h"
 
 class QSystemTrayIcon;
 

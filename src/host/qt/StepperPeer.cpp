@@ -8,7 +8,7 @@
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
-#include "kit/Stepper.h"
+#include "kit/controls/Stepper.h"
 
 namespace tarnwell::host_qt {
 namespace {

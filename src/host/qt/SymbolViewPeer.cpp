@@ -5,7 +5,7 @@
 
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Theme.h"
-#include "kit/SymbolView.h"
+#include "kit/controls/SymbolView.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -12,8 +12,8 @@
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/ControlMetrics.h"
-#include "kit/TabBar.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/TabBar.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -13,8 +13,8 @@
 #include "host/qt/Drawing.h"
 #include "host/qt/Theme.h"
 #include "host/qt/ThemedMenu.h"
-#include "kit/ControlMetrics.h"
-#include "kit/TextField.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/TextField.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/qt/WidgetPeer.h"
-#include "kit/TextField.h"
+#include "kit/controls/TextField.h"
 
 namespace tarnwell::host_qt {
 

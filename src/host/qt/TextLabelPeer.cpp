@@ -6,7 +6,7 @@
 #include "host/qt/ControlWidget.h"
 #include "host/qt/Theme.h"
 #include "host/qt/WrappedText.h"
-#include "kit/TextLabel.h"
+#include "kit/controls/TextLabel.h"
 
 namespace tarnwell::host_qt {
 namespace {

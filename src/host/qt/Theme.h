@@ -6,7 +6,7 @@
 #include "host/qt/Palette.h"
 #include "host/qt/Symbols.h"
 #include "host/qt/Typography.h"
-#include "kit/TextStyle.h"
+#include "kit/host/TextStyle.h"
 
 namespace tarnwell::host_qt {
 

@@ -5,7 +5,7 @@
 #include "host/qt/Drawing.h"
 #include "host/qt/PressableWidget.h"
 #include "host/qt/Theme.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
 namespace {

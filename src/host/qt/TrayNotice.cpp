@@ -8,7 +8,7 @@
 #include "host/qt/Theme.h"
 #include "host/qt/TrayWatch.h"
 #include "host/qt/WindowPeer.h"
-#include "kit/Window.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <QtWidgets/QWidget>
 
 #include "host/qt/WrappedText.h"
-#include "kit/Subscription.h"
+#include "kit/turn/Subscription.h"
 
 namespace tarnwell::host_qt {
 

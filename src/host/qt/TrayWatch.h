@@ -5,7 +5,7 @@
 
 #include "host/qt/BusNameOwner.h"
 #include "host/qt/XEmbedTray.h"
-#include "kit/Observers.h"
+#include "kit/turn/Observers.h"
 
 class QDBusPendingCallWatcher;
 

@@ -4,7 +4,7 @@
 #include <QtGui/QFont>
 #include <array>
 
-#include "kit/TextStyle.h"
+#include "kit/host/TextStyle.h"
 
 namespace tarnwell::host_qt {
 

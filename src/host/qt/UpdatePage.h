@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 class QWidget;
 

@@ -7,7 +7,7 @@
 
 #include "host/linux/updates/UserDriver.h"
 #include "host/qt/UpdatePanel.h"
-#include "kit/NumberFormat.h"
+#include "kit/ports/NumberFormat.h"
 
 namespace tarnwell::host_qt {
 

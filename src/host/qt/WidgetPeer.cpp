@@ -3,7 +3,7 @@
 #include "host/qt/Accessibility.h"
 #include "host/qt/ControlLink.h"
 #include "host/qt/Conversions.h"
-#include "kit/Control.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <QtWidgets/QWidget>
 
 #include "host/qt/Container.h"
-#include "kit/Peer.h"
+#include "kit/host/Peer.h"
 
 namespace tarnwell::kit {
 class Control;

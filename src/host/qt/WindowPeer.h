@@ -4,7 +4,7 @@
 #include <QtWidgets/QWidget>
 
 #include "host/qt/Container.h"
-#include "kit/WindowPeer.h"
+#include "kit/host/WindowPeer.h"
 
 namespace tarnwell::kit {
 class Window;

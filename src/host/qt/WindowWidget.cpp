@@ -9,10 +9,10 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/KeyRoute.h"
 #include "host/qt/WidgetPeer.h"
-#include "kit/ScrollArea.h"
-#include "kit/TabBar.h"
-#include "kit/Toggle.h"
-#include "kit/Window.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/Toggle.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

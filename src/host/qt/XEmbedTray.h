@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_qt {
 

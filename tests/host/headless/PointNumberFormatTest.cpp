@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "kit/NumberFormatTable.h"
+#include "kit/ports/NumberFormatTable.h"
 
 namespace tarnwell::host_headless {
 namespace {

@@ -7,7 +7,7 @@
 #include "fixtures/CommaLocale.h"
 #include "fixtures/EnvironmentScope.h"
 #include "host/linux/NumberLocale.h"
-#include "kit/NumberFormatTable.h"
+#include "kit/ports/NumberFormatTable.h"
 
 namespace tarnwell::host_linux {
 namespace {

@@ -13,9 +13,9 @@
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/Box.h"
-#include "kit/ScrollArea.h"
-#include "kit/SymbolView.h"
+#include "kit/controls/Box.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/SymbolView.h"
 
 namespace tarnwell::host_qt {
 namespace {

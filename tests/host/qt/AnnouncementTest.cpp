@@ -7,7 +7,7 @@
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/ScrollArea.h"
+#include "kit/controls/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

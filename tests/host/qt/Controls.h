@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-#include "kit/Button.h"
-#include "kit/PopUpButton.h"
-#include "kit/Slider.h"
-#include "kit/Stepper.h"
-#include "kit/TabBar.h"
-#include "kit/TextField.h"
-#include "kit/TextLabel.h"
-#include "kit/Toggle.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
 

@@ -10,7 +10,7 @@
 #include "host/qt/MenuWidget.h"
 #include "host/qt/PrivateBus.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/Updater.h"
+#include "kit/ports/Updater.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -8,9 +8,9 @@
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/Journal.h"
 #include "host/qt/QtPlatform.h"
-#include "kit/Application.h"
-#include "kit/Control.h"
-#include "kit/Window.h"
+#include "kit/application/Application.h"
+#include "kit/controls/Control.h"
+#include "kit/controls/Window.h"
 
 class QMenu;
 class QMenuBar;

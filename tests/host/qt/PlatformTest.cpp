@@ -9,9 +9,9 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/ApplicationId.h"
-#include "kit/Menu.h"
-#include "kit/StatusItem.h"
+#include "kit/application/ApplicationId.h"
+#include "kit/application/Menu.h"
+#include "kit/application/StatusItem.h"
 
 namespace tarnwell::host_qt {
 namespace {

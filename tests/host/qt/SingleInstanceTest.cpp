@@ -17,7 +17,7 @@
 #include "host/qt/PrivateBus.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/SessionBus.h"
-#include "kit/ApplicationId.h"
+#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "host/qt/QtHost.h"
-#include "kit/Control.h"
-#include "kit/Window.h"
+#include "kit/controls/Control.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 

@@ -12,7 +12,7 @@
 #include "host/qt/Desktop.h"
 #include "host/qt/FakePanel.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/ApplicationId.h"
+#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -10,7 +10,7 @@
 #include "host/qt/Controls.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/ControlMetrics.h"
+#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 

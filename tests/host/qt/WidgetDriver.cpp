@@ -12,9 +12,9 @@
 #include "host/qt/Conversions.h"
 #include "host/qt/WidgetPeer.h"
 #include "host/qt/WindowPeer.h"
-#include "kit/PopUpButton.h"
-#include "kit/TextField.h"
-#include "kit/Window.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt::driver {
 namespace {

@@ -4,7 +4,7 @@
 #include <QtCore/Qt>
 #include <string>
 
-#include "kit/Geometry.h"
+#include "kit/host/Geometry.h"
 
 class QAccessibleInterface;
 class QWidget;

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

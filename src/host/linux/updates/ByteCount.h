@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "kit/NumberFormat.h"
+#include "kit/ports/NumberFormat.h"
 
 namespace tarnwell::host_linux::updates {
 

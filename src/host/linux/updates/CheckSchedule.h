@@ -4,7 +4,7 @@
 
 #include "host/linux/updates/Alarm.h"
 #include "host/linux/updates/UpdaterPreferences.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

@@ -14,7 +14,7 @@
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/Transport.h"
 #include "host/linux/updates/Worker.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

@@ -12,7 +12,7 @@
 #include "host/linux/updates/UpdaterConfiguration.h"
 #include "host/linux/updates/UpdaterPorts.h"
 #include "host/linux/updates/UpdaterPreferences.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

@@ -9,7 +9,7 @@
 #include "host/linux/updates/UpdaterConfiguration.h"
 #include "host/linux/updates/UpdaterPorts.h"
 #include "host/linux/updates/UpdaterPreferences.h"
-#include "kit/Updater.h"
+#include "kit/ports/Updater.h"
 
 namespace tarnwell::host_linux::updates {
 

@@ -6,7 +6,7 @@
 
 #include "host/linux/updates/FeedItem.h"
 #include "host/linux/updates/HandOver.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/linux/updates/Transport.h"
-#include "kit/Action.h"
+#include "kit/turn/Action.h"
 
 namespace tarnwell::host_linux::updates {
 

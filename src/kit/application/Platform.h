@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "kit/application/AppleEvent.h"
+#include "kit/application/StatusItem.h"
+#include "kit/ports/NumberFormat.h"
+#include "kit/ports/SystemVersion.h"
+#include "kit/turn/Subscription.h"
+
+namespace tarnwell::kit {
+
+class Application;
+class Host;
+class Log;
+class LoginItem;
+class Menu;
+class UpdaterController;
+struct UpdaterControllerArguments;
+
+/// What the application asks of the system beside windows and controls. Everything is called on the main thread.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  virtual Host& host() = 0;
+  virtual SystemVersion systemVersion() const = 0;
+  virtual std::shared_ptr<const NumberFormat> numberFormat() const = 0;
+
+  /// Calls `Application::runTurn` from the event loop soon, once for any number of calls before that.
+  virtual void wakeUp(Application& application) = 0;
+
+  /// Runs `open`, which opens the application's first windows, when status icons stand and it is known what windows
+  /// look like: at once, or from the event loop, unless the subscription has ended by then.
+  [[nodiscard]] virtual Subscription whenReady(const Action& open) {
+    open();
+    return {};
+  }
+
+  /// Brings this application to the front.
+  virtual void activate() = 0;
+  /// Ends the event loop. Nobody is asked, nothing is waited for.
+  virtual void terminate() = 0;
+  /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.
+  virtual void orderFrontStandardAboutPanel() = 0;
+  /// Opens an address in the user's browser, without waiting for it.
+  virtual void openUrl(const std::string& address) = 0;
+
+  /// False where events cannot be made; a test says so.
+  virtual bool makesEvents() const { return true; }
+
+  /// Shows the main menu from now on. The menu outlives the platform's interest in it.
+  virtual void showMainMenu(Menu& menu) = 0;
+
+  /// Whether the system can hide an application and bring it back.
+  virtual bool hidesApplications() const { return false; }
+
+  virtual bool hasStatusButtons() const { return true; }
+  virtual std::unique_ptr<StatusItemPeer> peer(StatusItem& item) = 0;
+
+  virtual std::unique_ptr<UpdaterController> makeUpdaterController(const UpdaterControllerArguments& arguments) = 0;
+  virtual LoginItem& mainAppService() = 0;
+  virtual std::optional<AppleEvent> currentAppleEvent() const = 0;
+  virtual Log& log() = 0;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// What is only drawn: the rounded ground of a group of rows, or the line between two of them.
+class Box final : public Control {
+ public:
+  enum class Kind { group, separator };
+
+  explicit Box(Kind kind) : kind_(kind) {}
+
+  Kind kind() const { return kind_; }
+  bool isDecoration() const override { return true; }
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {}; }
+
+ private:
+  Kind kind_;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,59 @@
+#include "kit/controls/Button.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "kit/controls/ControlMetrics.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void Button::setTitle(std::string title) {
+  if (title != title_) {
+    title_ = std::move(title);
+    changed(Aspect::title);
+  }
+}
+
+void Button::setBezelStyle(BezelStyle style) {
+  if (std::exchange(bezelStyle_, style) != style) {
+    changed(Aspect::style);
+  }
+}
+
+void Button::setRole(Role role) {
+  if (std::exchange(role_, role) != role) {
+    changed(Aspect::style);
+  }
+}
+
+void Button::setDefault(bool isDefault) {
+  if (std::exchange(default_, isDefault) != isDefault) {
+    changed(Aspect::style);
+  }
+}
+
+void Button::click() {
+  if (!isEnabled()) {
+    return;
+  }
+  send([action = action_] {
+    if (action) {
+      action();
+    }
+  });
+}
+
+std::unique_ptr<Peer> Button::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement Button::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
+  const bool help = bezelStyle_ == BezelStyle::help;
+  const double titleWidth = text.measureText(title_, FontRole::body, std::nullopt).size.width;
+  const double width = std::max(metrics::buttonLeastWidth, titleWidth + 2 * metrics::buttonInset);
+  const double height = std::max(metrics::buttonHeight, text.lineHeight(FontRole::body) + 2 * metrics::buttonPadding);
+  const Size size = help ? Size{.width = metrics::helpButtonSide, .height = metrics::helpButtonSide}
+                         : Size{.width = width, .height = height};
+  return {.size = size, .firstBaseline = (size.height + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

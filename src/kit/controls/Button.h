@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// A push button, or the round one with a question mark.
+class Button final : public Control {
+ public:
+  enum class BezelStyle { push = 1, help = 9 };
+  enum class Role { none, destructive };
+
+  const std::string& title() const { return title_; }
+  void setTitle(std::string title);
+
+  BezelStyle bezelStyle() const { return bezelStyle_; }
+  void setBezelStyle(BezelStyle style);
+
+  Role role() const { return role_; }
+  void setRole(Role role);
+
+  /// The window's default button answers Return.
+  bool isDefault() const { return default_; }
+  void setDefault(bool isDefault);
+
+  void setAction(Action action) { action_ = std::move(action); }
+
+  /// The user's doing.
+  void click();
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::title}; }
+
+ private:
+  Action action_;
+  std::string title_;
+  BezelStyle bezelStyle_ = BezelStyle::push;
+  Role role_ = Role::none;
+  bool default_ = false;
+};
+
+}  // namespace tarnwell::kit

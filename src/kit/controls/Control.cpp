@@ -1,0 +1,96 @@
+#include "kit/controls/Control.h"
+
+#include <utility>
+
+#include "kit/turn/Turn.h"
+
+namespace tarnwell::kit {
+
+Control::~Control() { *handle_ = nullptr; }
+
+void Control::setEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) {
+    changed(Aspect::enabled);
+  }
+}
+
+void Control::setFrame(const Rect& frame) {
+  if (std::exchange(frame_, frame) == frame) {
+    return;
+  }
+  if (peer_) {
+    peer_->place(frame);
+  }
+  placed();
+}
+
+void Control::setRotation(double radians) {
+  if (std::exchange(rotation_, radians) != radians) {
+    changed(Aspect::rotation);
+  }
+}
+
+Point Control::toLocal(Point onScreen) const {
+  return rotation_ == 0 ? onScreen : turnedAboutCentre(onScreen, bounds(), -rotation_);
+}
+
+void Control::setAccessibleName(std::string name) {
+  if (name != accessibleName_) {
+    accessibleName_ = std::move(name);
+    changed(Aspect::accessibleName);
+  }
+}
+
+void Control::setAccessibleDescription(std::string description) {
+  if (description != accessibleDescription_) {
+    accessibleDescription_ = std::move(description);
+    changed(Aspect::accessibleDescription);
+  }
+}
+
+void Control::setLabel(const Control* label) { label_ = label != nullptr ? label->handle() : nullptr; }
+
+void Control::attach(std::unique_ptr<Peer> peer) {
+  peer_ = std::move(peer);
+  if (peer_) {
+    replay();
+  }
+  attached();
+}
+
+void Control::replay() {
+  for (const Aspect aspect : aspects()) {
+    peer_->show(aspect);
+  }
+  for (const Aspect aspect :
+       {Aspect::enabled, Aspect::rotation, Aspect::accessibleName, Aspect::accessibleDescription}) {
+    peer_->show(aspect);
+  }
+  peer_->place(frame_);
+}
+
+void Control::changed(Aspect aspect) {
+  if (aspect == Aspect::title || aspect == Aspect::style) {
+    ++sizeRevision_;
+  }
+  if (peer_) {
+    peer_->show(aspect);
+  }
+}
+
+void Control::sizeChangedByItself() {
+  ++sizeRevision_;
+  if (const Action action = sizeAction_) {
+    action();
+  }
+}
+
+void Control::send(Action action) {
+  if (turn_ != nullptr) {
+    turn_->perform(std::move(action));
+  } else {
+    action();
+  }
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "kit/host/Geometry.h"
+#include "kit/host/Measurement.h"
+#include "kit/host/Peer.h"
+#include "kit/host/TextMeasurer.h"
+#include "kit/turn/Action.h"
+#include "kit/turn/Object.h"
+
+namespace tarnwell::kit {
+
+class Host;
+class Turn;
+class Window;
+
+/// What stands in a window: state and logic that need no toolkit. A host's peer shows it; without one the same object
+/// is the control of a test. Setting from code tells the peer and sends no action; a user's input always does.
+class Control {
+ public:
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  bool isEnabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+
+  /// In the parent's coordinates. A control that was never placed has its own natural size at the origin.
+  const Rect& frame() const { return frame_; }
+  Size bounds() const { return frame_.size(); }
+  void setFrame(const Rect& frame);
+
+  /// Radians about the centre. Layout knows nothing of it: the peer draws it, `toLocal` undoes it.
+  double rotation() const { return rotation_; }
+  void setRotation(double radians);
+  Point toLocal(Point onScreen) const;
+
+  /// What a screen reader calls it.
+  const std::string& accessibleName() const { return accessibleName_; }
+  void setAccessibleName(std::string name);
+
+  /// What it tells beside the name.
+  const std::string& accessibleDescription() const { return accessibleDescription_; }
+  void setAccessibleDescription(std::string description);
+
+  /// The text on the screen that names it; null for none.
+  Control* label() const { return label_ ? *label_ : nullptr; }
+  void setLabel(const Control* label);
+
+  /// Means nothing to those who cannot see it.
+  virtual bool isDecoration() const { return false; }
+
+  /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
+  void joinTurn(Turn& turn) { turn_ = &turn; }
+
+  /// The window that it stands in; null while it is in none.
+  Window* window() const { return window_; }
+  void setWindow(Window* window) { window_ = window; }
+
+  /// For work that may outlive the control: points to it as long as it lives, then to null.
+  std::shared_ptr<Control* const> handle() const { return handle_; }
+
+  /// Shows the current state, then every change.
+  void attach(std::unique_ptr<Peer> peer);
+  Peer* peer() const { return peer_.get(); }
+
+  virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) = 0;
+  virtual Measurement measure(const TextMeasurer& text, Proposal proposal) const = 0;
+
+  /// Another number whenever the natural size may have become another.
+  unsigned sizeRevision() const { return sizeRevision_; }
+
+  /// Told, within the turn, when that happened without anybody having set anything: by what stands in the control.
+  void setSizeAction(Action changed) { sizeAction_ = std::move(changed); }
+
+  // For controls with a tree of their own; the tree that they stand in tells them, and asks.
+
+  /// The host measures differently: another font, style or scale.
+  virtual void metricsChanged() {}
+  /// The window came onto the screen or left it.
+  virtual void showingChanged(bool /*shown*/) {}
+  /// What stands in the control, in order; borrowed.
+  virtual std::vector<Control*> hostedControls() const { return {}; }
+
+  /// The editing commands of the main menu, "copy:" and its kin, while the control has the keyboard.
+  virtual bool canEdit(const Selector& /*command*/) const { return false; }
+  virtual void edit(const Selector& /*command*/) {}
+
+  /// Whether the keyboard can reach it.
+  virtual bool takesFocus() const { return false; }
+
+ protected:
+  void changed(Aspect aspect);
+  void sizeChangedByItself();
+  void send(Action action);
+  Turn* turn() const { return turn_; }
+
+  /// Told after a peer came or went, and after another frame was set.
+  virtual void attached() {}
+  virtual void placed() {}
+
+  /// What a new peer has to be told beside the aspects that every control has.
+  virtual std::vector<Aspect> aspects() const = 0;
+
+ private:
+  void replay();
+
+  std::shared_ptr<Control*> handle_ = std::make_shared<Control*>(this);
+  Turn* turn_ = nullptr;
+  Window* window_ = nullptr;
+  Rect frame_;
+  std::string accessibleName_;
+  std::string accessibleDescription_;
+  std::shared_ptr<Control* const> label_;
+  Action sizeAction_;
+  double rotation_ = 0;
+  unsigned sizeRevision_ = 0;
+  bool enabled_ = true;
+  // The last, so that it goes first: it may read the state above while it goes.
+  std::unique_ptr<Peer> peer_;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// A control that is only there to hold others: its peer is their parent.
+class Pane : public Control {
+ public:
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {}; }
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,44 @@
+#include "kit/controls/ScrollArea.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void ScrollArea::setContentHeight(double height) {
+  const bool changesHeight = std::exchange(contentHeight_, height) != height;
+  const double next = held(offset_);
+  const bool movesOffset = std::exchange(offset_, next) != next;
+  if (changesHeight || movesOffset) {
+    changed(Aspect::value);
+  }
+}
+
+void ScrollArea::scrollTo(double offset) {
+  const double next = held(offset);
+  if (std::exchange(offset_, next) != next) {
+    changed(Aspect::value);
+  }
+}
+
+void ScrollArea::reveal(const Rect& rect) {
+  if (rect.y < offset_) {
+    scrollTo(rect.y);
+  } else if (rect.bottom() > offset_ + bounds().height) {
+    scrollTo(rect.bottom() - bounds().height);
+  }
+}
+
+std::unique_ptr<Peer> ScrollArea::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement ScrollArea::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
+  return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(contentHeight_)}};
+}
+
+double ScrollArea::held(double offset) const {
+  return std::clamp(offset, 0.0, std::max(0.0, contentHeight_ - bounds().height));
+}
+
+}  // namespace tarnwell::kit

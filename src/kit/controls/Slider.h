@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+class Coder;
+
+/// A horizontal slider over a range of doubles.
+class Slider : public Control {
+ public:
+  using SliderAction = std::function<void(Slider&)>;
+
+  /// How far an arrow key and a page key move the knob, as fractions of the range.
+  static constexpr double arrowStep = 0.01;
+  static constexpr double pageStep = 0.1;
+
+  /// `action` is copied; it must hold its target weakly, since a drag can outlive what made the slider.
+  Slider(double value, double minValue, double maxValue, SliderAction action);
+  /// At 0 in a range from 0 to 1, without an action.
+  explicit Slider(const Rect& frame);
+  /// From the rectangle NSFrame, the doubles NSMinValue, NSMaxValue and NSValue, and the int NSNumberOfTickMarks. What
+  /// is missing or makes no sense is as in a slider of the natural size without ticks, at 0 in a range from 0 to 1.
+  explicit Slider(const Coder& coder);
+
+  /// Always within the range; a value that is no number counts as the minimum.
+  double doubleValue() const { return value_; }
+  void setDoubleValue(double value);
+
+  double minValue() const { return minValue_; }
+  double maxValue() const { return maxValue_; }
+
+  int numberOfTickMarks() const { return tickMarks_; }
+  void setNumberOfTickMarks(int count);
+
+  /// Where tick mark `index` is drawn, in the slider's own coordinates; empty for an index that does not exist.
+  virtual Rect rectOfTickMarkAtIndex(int index) const;
+
+  /// Where the centre of the knob stands, in the slider's own coordinates.
+  double knobCentre() const;
+
+  // The user's doing. Positions are as seen on the screen: a turned slider is followed as it looks.
+
+  void dragTo(Point onScreen);
+  /// Moves the knob to the right on the screen by `fraction` of the range, to the left where negative.
+  void nudge(double fraction);
+  void choose(double value);
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::value}; }
+
+ private:
+  struct Range {
+    double least = 0;
+    double most = 1;
+  };
+
+  Slider(double value, Range range) : Slider(value, range.least, range.most, nullptr) {}
+  static Range rangeIn(const Coder& coder);
+  double clamped(double value) const;
+  double trackLength() const;
+
+  SliderAction action_;
+  double value_;
+  double minValue_;
+  double maxValue_;
+  int tickMarks_ = 0;
+};
+
+}  // namespace tarnwell::kit

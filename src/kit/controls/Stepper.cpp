@@ -1,0 +1,46 @@
+#include "kit/controls/Stepper.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "kit/controls/ControlMetrics.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void Stepper::setValue(double value) {
+  // Two values that are no numbers look alike.
+  const bool alike = value == value_ || (std::isnan(value) && std::isnan(value_));
+  value_ = value;
+  if (!alike) {
+    changed(Aspect::value);
+  }
+}
+
+void Stepper::choose(double value) {
+  if (!isEnabled() || std::isnan(value)) {
+    return;
+  }
+  setValue(std::clamp(value, range_.least, range_.most));
+  send([action = action_, value = value_] {
+    if (action) {
+      action(value);
+    }
+  });
+}
+
+int Stepper::repeatDelay(int steps) {
+  constexpr int first = 400;
+  constexpr int longest = 100;
+  constexpr int shortest = 12;
+  constexpr double faster = 0.94;
+  return steps <= 1 ? first : std::max(shortest, static_cast<int>(longest * std::pow(faster, steps - 2)));
+}
+
+std::unique_ptr<Peer> Stepper::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement Stepper::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
+  return {.size = metrics::stepper, .firstBaseline = (metrics::stepper.height + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,30 @@
+#include "kit/controls/SymbolView.h"
+
+#include <utility>
+
+#include "kit/controls/ControlMetrics.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void SymbolView::setSymbol(std::string name) {
+  if (name != symbol_) {
+    symbol_ = std::move(name);
+    changed(Aspect::value);
+  }
+}
+
+void SymbolView::setColor(ColorRole color) {
+  if (std::exchange(color_, color) != color) {
+    changed(Aspect::style);
+  }
+}
+
+std::unique_ptr<Peer> SymbolView::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement SymbolView::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
+  return {.size = {.width = metrics::symbolSide, .height = metrics::symbolSide},
+          .firstBaseline = (metrics::symbolSide + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "kit/controls/Control.h"
+#include "kit/host/TextStyle.h"
+
+namespace tarnwell::kit {
+
+/// A symbol of the system's set, by its name, drawn in the colour of the text around it.
+class SymbolView final : public Control {
+ public:
+  const std::string& symbol() const { return symbol_; }
+  void setSymbol(std::string name);
+
+  ColorRole color() const { return color_; }
+  void setColor(ColorRole color);
+
+  /// Unless it has a name: beside a title that says the same it needs none.
+  bool isDecoration() const override { return accessibleName().empty(); }
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::value, Aspect::style}; }
+
+ private:
+  std::string symbol_;
+  ColorRole color_ = ColorRole::primary;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,72 @@
+#include "kit/controls/TextField.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/Window.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void TextField::setText(std::string text) {
+  if (text != text_) {
+    text_ = std::move(text);
+    if (!editing_) {
+      changed(Aspect::value);
+    }
+  }
+}
+
+void TextField::type(std::string text) {
+  const auto self = handle();
+  if (!editing_ && window() != nullptr) {
+    window()->endEditing();
+  }
+  // The other field's commit may end this one.
+  if (*self != nullptr && isEnabled()) {
+    typed_ = std::move(text);
+    editing_ = true;
+    changed(Aspect::value);
+  }
+}
+
+void TextField::commit() {
+  if (!std::exchange(editing_, false)) {
+    return;
+  }
+  // The typed text is not the text yet: the owner decides, and the field then shows what it decided.
+  changed(Aspect::value);
+  send([action = action_, typed = typed_] {
+    if (action) {
+      action(typed);
+    }
+  });
+}
+
+void TextField::cancel() {
+  if (std::exchange(editing_, false)) {
+    changed(Aspect::value);
+  }
+}
+
+std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement TextField::measure(const TextMeasurer& text, Proposal proposal) const {
+  const double height = std::max(metrics::fieldHeight, text.lineHeight(FontRole::body) + 2 * metrics::fieldPadding);
+  return {.size = {.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = height},
+          .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
+}
+
+bool TextField::canEdit(const Selector& command) const {
+  const auto* editing = dynamic_cast<const EditingPeer*>(peer());
+  return editing != nullptr && editing->canEdit(command);
+}
+
+void TextField::edit(const Selector& command) {
+  if (auto* editing = dynamic_cast<EditingPeer*>(peer())) {
+    editing->edit(command);
+  }
+}
+
+}  // namespace tarnwell::kit

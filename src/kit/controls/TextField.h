@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// What a field's peer does beside: the editing that the toolkit's own field is better at.
+class EditingPeer {
+ public:
+  virtual ~EditingPeer() = default;
+
+  virtual bool canEdit(const Selector& command) const = 0;
+  virtual void edit(const Selector& command) = 0;
+};
+
+/// One line of text with a border. What the user types counts when it is committed: by Return, by leaving the field or
+/// by a press elsewhere in the window.
+class TextField final : public Control {
+ public:
+  using CommitAction = std::function<void(const std::string&)>;
+
+  /// The committed text. Setting it leaves alone what the user is typing.
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+
+  /// What the field shows: the text, or what is being typed over it.
+  const std::string& shownText() const { return editing_ ? typed_ : text_; }
+  bool isEditing() const { return editing_; }
+
+  void setAction(CommitAction action) { action_ = std::move(action); }
+
+  // The user's doing.
+
+  /// Commits first what is being typed into another field of the window; a screen reader moves no focus.
+  void type(std::string text);
+  void commit();
+  /// Gives up what was typed.
+  void cancel();
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+  bool canEdit(const Selector& command) const override;
+  void edit(const Selector& command) override;
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::value}; }
+
+ private:
+  CommitAction action_;
+  std::string text_;
+  std::string typed_;
+  bool editing_ = false;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "kit/controls/Control.h"
+#include "kit/host/TextStyle.h"
+
+namespace tarnwell::kit {
+
+/// A text that is only read: never focused, never selected.
+class TextLabel final : public Control {
+ public:
+  struct Style {
+    FontRole font = FontRole::body;
+    ColorRole color = ColorRole::primary;
+    friend bool operator==(const Style&, const Style&) = default;
+  };
+
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+
+  const Style& style() const { return style_; }
+  void setStyle(const Style& style);
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::title}; }
+
+ private:
+  std::string text_;
+  Style style_;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,34 @@
+#include "kit/controls/Toggle.h"
+
+#include <utility>
+
+#include "kit/controls/ControlMetrics.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::kit {
+
+void Toggle::setOn(bool on) {
+  if (std::exchange(on_, on) != on) {
+    changed(Aspect::value);
+  }
+}
+
+void Toggle::press() {
+  if (!isEnabled()) {
+    return;
+  }
+  setOn(!on_);
+  send([action = action_, on = on_] {
+    if (action) {
+      action(on);
+    }
+  });
+}
+
+std::unique_ptr<Peer> Toggle::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
+
+Measurement Toggle::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
+  return {.size = metrics::toggle, .firstBaseline = (metrics::toggle.height + text.capHeight(FontRole::body)) / 2};
+}
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// A switch that is on or off.
+class Toggle final : public Control {
+ public:
+  using ToggleAction = std::function<void(bool)>;
+
+  bool isOn() const { return on_; }
+  void setOn(bool on);
+
+  void setAction(ToggleAction action) { action_ = std::move(action); }
+
+  /// Where the words stand that say what it switches, in its parent's coordinates; empty for none. A host that paints
+  /// its controls takes a click there for one on the switch.
+  const Rect& labelFrame() const { return labelFrame_; }
+  void setLabelFrame(const Rect& frame) { labelFrame_ = frame; }
+
+  /// The user's doing: the other way round.
+  void press();
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
+  bool takesFocus() const override { return true; }
+
+ protected:
+  std::vector<Aspect> aspects() const override { return {Aspect::value}; }
+
+ private:
+  ToggleAction action_;
+  Rect labelFrame_;
+  bool on_ = false;
+};
+
+}  // namespace tarnwell::kit

@@ -1,0 +1,145 @@
+#include "kit/controls/Window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "diagnostics/Fault.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/TextField.h"
+#include "kit/turn/Turn.h"
+
+namespace tarnwell::kit {
+
+Window::Window(std::string identifier, std::string title)
+    : identifier_(std::move(identifier)), title_(std::move(title)) {}
+
+Window::~Window() { *handle_ = nullptr; }
+
+void Window::setContentSize(Size size) {
+  if (std::exchange(contentSize_, size) != size && peer_) {
+    peer_->place({.width = size.width, .height = size.height});
+  }
+}
+
+void Window::setVisible(bool visible) {
+  if (std::exchange(visible_, visible) != visible && peer_) {
+    peer_->show(Aspect::visible);
+  }
+}
+
+void Window::attach(std::unique_ptr<WindowPeer> peer) {
+  peer_ = std::move(peer);
+  if (peer_) {
+    peer_->show(Aspect::title);
+    peer_->place({.width = contentSize_.width, .height = contentSize_.height});
+    peer_->show(Aspect::visible);
+    peer_->reorder(controls_);
+  }
+}
+
+void Window::setLevel(int level) {
+  if (std::exchange(level_, level) != level && peer_) {
+    peer_->show(Aspect::level);
+  }
+}
+
+void Window::setControls(std::vector<Control*> inTreeOrder) {
+  if (inTreeOrder != controls_) {
+    for (Control* control : controls_) {
+      control->setWindow(nullptr);
+    }
+    controls_ = std::move(inTreeOrder);
+    for (Control* control : controls_) {
+      control->setWindow(this);
+    }
+    if (std::find(controls_.begin(), controls_.end(), focused_) == controls_.end()) {
+      focused_ = nullptr;
+    }
+    if (peer_) {
+      peer_->reorder(controls_);
+    }
+  }
+}
+
+void Window::metricsChanged() {
+  if (const Action action = metricsAction_) {
+    action();
+  }
+}
+
+void Window::performClose() {
+  const auto self = handle_;
+  endEditing();
+  if (*self == nullptr) {
+    return;
+  }
+  if (const Action action = closeAction_) {
+    action();
+  }
+}
+
+void Window::endEditing() {
+  // A copy: a commit may change what stands here.
+  for (Control* control : std::vector(controls_)) {
+    auto* field = dynamic_cast<TextField*>(control);
+    if (field != nullptr && field->isEditing()) {
+      field->commit();
+      return;
+    }
+  }
+}
+
+bool Window::keyDown(const KeyEvent& event) {
+  if (turn_ != nullptr && turn_->isPerforming()) {
+    diagnostics::fault("a window was given a key in the middle of another event");
+  }
+  if (event.charactersIgnoringModifiers == escapeKey && event.modifierFlags == 0) {
+    return cancelEditing();
+  }
+  return event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0 && commitAndPressDefaultButton();
+}
+
+bool Window::respondsToSelector(const Selector& selector) const {
+  return (focused_ != nullptr && focused_->canEdit(selector)) || selector == "performClose:" ||
+         selector == "performMiniaturize:";
+}
+
+void Window::perform(const Selector& selector, Object* /*sender*/) {
+  if (focused_ != nullptr && focused_->canEdit(selector)) {
+    focused_->edit(selector);
+  } else if (selector == "performClose:") {
+    performClose();
+  } else if (selector == "performMiniaturize:" && peer_) {
+    peer_->miniaturize();
+  }
+}
+
+bool Window::commitAndPressDefaultButton() {
+  const auto self = handle_;
+  endEditing();
+  return *self == nullptr || pressDefaultButton();
+}
+
+bool Window::pressDefaultButton() {
+  for (Control* control : controls_) {
+    auto* button = dynamic_cast<Button*>(control);
+    if (button != nullptr && button->isDefault() && button->isEnabled()) {
+      button->click();
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Window::cancelEditing() {
+  for (Control* control : controls_) {
+    auto* field = dynamic_cast<TextField*>(control);
+    if (field != nullptr && field->isEditing()) {
+      field->cancel();
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace tarnwell::kit

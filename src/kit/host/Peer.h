@@ -1,0 +1,23 @@
+#pragma once
+
+#include "kit/host/Aspect.h"
+#include "kit/host/Geometry.h"
+
+namespace tarnwell::kit {
+
+/// A host's side of one control. It outlives no control: the control owns it.
+class Peer {
+ public:
+  Peer() = default;
+  Peer(const Peer&) = delete;
+  Peer& operator=(const Peer&) = delete;
+  virtual ~Peer() = default;
+
+  /// Show the control's state of that aspect.
+  virtual void show(Aspect aspect) noexcept = 0;
+
+  /// Stand at `frame`: whole points, in the parent peer's coordinates.
+  virtual void place(const Rect& frame) noexcept = 0;
+};
+
+}  // namespace tarnwell::kit

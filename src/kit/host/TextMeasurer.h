@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "kit/host/Measurement.h"
+#include "kit/host/TextStyle.h"
+
+namespace tarnwell::kit {
+
+/// How large a host draws a text.
+class TextMeasurer {
+ public:
+  virtual ~TextMeasurer() = default;
+
+  /// The size of `text`, broken into lines where `width` (points) is given.
+  virtual Measurement measureText(std::string_view text, FontRole font, std::optional<double> width) const = 0;
+
+  /// The height of one line.
+  double lineHeight(FontRole font) const { return measureText({}, font, std::nullopt).size.height; }
+
+  /// The height of a capital letter: symbols and knobs are centred on it.
+  virtual double capHeight(FontRole font) const = 0;
+};
+
+}  // namespace tarnwell::kit

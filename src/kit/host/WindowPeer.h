@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "kit/host/Peer.h"
+
+namespace tarnwell::kit {
+
+class Control;
+
+/// A host's side of a window, and the parent peer of what stands in it. `place` sizes the content.
+class WindowPeer : public Peer {
+ public:
+  /// The tallest content that the screen has room for beside the window's own chrome, in points.
+  virtual double availableHeight() const = 0;
+
+  /// The controls in the order of the tree: the order of the focus and of what a screen reader tells.
+  virtual void reorder(const std::vector<Control*>& inTreeOrder) noexcept = 0;
+
+  /// What of a window's height is not its content's: a menu bar that stands in it. A change counts as one of metrics.
+  virtual double chromeHeight() const { return 0; }
+
+  /// Out of the way, into the taskbar.
+  virtual void miniaturize() noexcept {}
+
+  /// In front of the others, with the keyboard.
+  virtual void orderFront() noexcept {}
+};
+
+}  // namespace tarnwell::kit

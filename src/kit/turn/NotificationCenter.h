@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "kit/turn/Object.h"
+#include "kit/turn/Observers.h"
+
+namespace tarnwell::kit {
+
+/// Something that is made known to whoever listens.
+struct Notification {
+  std::string name = {};
+  /// What it is about; may be null.
+  Object* object = nullptr;
+};
+
+/// Posted by a window that is about to close, while it still stands.
+inline constexpr const char* windowWillCloseNotification = "NSWindowWillCloseNotification";
+
+class NotificationCenter {
+ public:
+  using Handler = std::function<void(const Notification&)>;
+
+  [[nodiscard]] Subscription addObserver(const std::string& name, Handler handler);
+  void post(const Notification& notification);
+
+ private:
+  std::map<std::string, Observers<const Notification&>> observers_;
+};
+
+}  // namespace tarnwell::kit

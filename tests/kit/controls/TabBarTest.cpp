@@ -1,0 +1,28 @@
+#include "kit/controls/TabBar.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell::kit {
+namespace {
+
+TEST(TabBarTest, theFirstTabFollowsTheLast) {
+  std::vector<int> chosen;
+  TabBar bar;
+  bar.setTabs({{.title = "One"}, {.title = "Two"}, {.title = "Three"}});
+  bar.setSelectedIndex(0);
+  bar.setAction([&chosen](int index) { chosen.push_back(index); });
+  for (const int distance : {1, 1, 1, -1, -2, -4}) {
+    bar.chooseBeside(distance);
+  }
+  EXPECT_EQ(chosen, (std::vector<int>{1, 2, 0, 2, 0, 2}));
+}
+
+TEST(TabBarTest, withoutTabsThereIsNoNext) {
+  TabBar bar;
+  bar.setAction([](int) { FAIL() << "a tab was chosen"; });
+  bar.chooseBeside(1);
+  EXPECT_EQ(bar.selectedIndex(), -1);
+}
+
+}  // namespace
+}  // namespace tarnwell::kit

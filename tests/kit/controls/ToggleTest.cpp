@@ -1,0 +1,46 @@
+#include "kit/controls/Toggle.h"
+
+#include <gtest/gtest.h>
+
+#include "kit/ShownControl.h"
+
+namespace tarnwell::kit {
+namespace {
+
+TEST(ToggleTest, settingItTellsThePeerOnceAndSendsNothing) {
+  ShownControl<Toggle> toggle;
+  std::vector<bool> sent;
+  toggle->setAction([&sent](bool on) { sent.push_back(on); });
+  toggle->setOn(true);
+  toggle->setOn(true);
+  EXPECT_EQ(toggle.told(), Lines{"switch: value"});
+  EXPECT_EQ(sent, std::vector<bool>{});
+}
+
+TEST(ToggleTest, everyPressTurnsItAndSendsWhereItStands) {
+  ShownControl<Toggle> toggle;
+  std::vector<bool> sent;
+  toggle->setAction([&sent](bool on) { sent.push_back(on); });
+  toggle->press();
+  toggle->press();
+  EXPECT_EQ(sent, (std::vector<bool>{true, false}));
+  EXPECT_EQ(toggle.told(), (Lines{"switch: value", "switch: value"}));
+}
+
+TEST(ToggleTest, aDisabledOneIgnoresPresses) {
+  ShownControl<Toggle> toggle;
+  toggle->setAction([](bool) { FAIL() << "a disabled switch sent its action"; });
+  toggle->setEnabled(false);
+  toggle.told();
+  toggle->press();
+  EXPECT_FALSE(toggle->isOn());
+  EXPECT_EQ(toggle.told(), Lines{});
+}
+
+TEST(ToggleTest, itsSizeIsFixed) {
+  ShownControl<Toggle> toggle;
+  EXPECT_EQ(toggle->measure(toggle.host(), {.width = 500}).size, (Size{.width = 38, .height = 22}));
+}
+
+}  // namespace
+}  // namespace tarnwell::kit
