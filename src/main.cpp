@@ -16,7 +16,6 @@
 #include "host/linux/JournalLog.h"
 #include "host/linux/NumberLocale.h"
 #include "host/linux/PlayedSystemVersion.h"
-#include "host/linux/RunningExecutable.h"
 #include "host/linux/SearchPath.h"
 #include "host/linux/StartProgram.h"
 #include "host/linux/XdgLoginItem.h"
@@ -29,6 +28,7 @@
 #include "host/qt/SingleInstance.h"
 #include "kit/application/Application.h"
 #include "kit/application/ApplicationId.h"
+#include "system/RunningExecutable.h"
 #include "view/SceneRunner.h"
 
 namespace tarnwell {
@@ -116,7 +116,7 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
 void startAnew(const Start& start, const std::string& token) {
   const auto started =
       host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, executableToStart(start).string()});
-  if (const auto* failure = std::get_if<host_linux::Failure>(&started)) {
+  if (const auto* failure = std::get_if<system::Failure>(&started)) {
     failed(failure->message, EXIT_FAILURE);
   }
 }
@@ -145,11 +145,11 @@ int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   std::signal(SIGCHLD, SIG_DFL);
   const auto version = host_linux::playedSystemVersion();
-  if (const auto* failure = std::get_if<host_linux::Failure>(&version)) {
+  if (const auto* failure = std::get_if<system::Failure>(&version)) {
     return failed(failure->message, EXIT_FAILURE);
   }
-  const auto executable = host_linux::runningExecutable();
-  if (const auto* failure = std::get_if<host_linux::Failure>(&executable)) {
+  const auto executable = system::runningExecutable();
+  if (const auto* failure = std::get_if<system::Failure>(&executable)) {
     return failed(failure->message, EXIT_FAILURE);
   }
   if (const auto failure = host_linux::putStandInsFirst()) {
@@ -167,8 +167,8 @@ int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
 // What is thrown past here is a fault, and ends the process as one.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   using tarnwell::host_linux::CommandLine;
-  using tarnwell::host_linux::Failure;
   using tarnwell::host_linux::LaunchArguments;
+  using tarnwell::system::Failure;
   tarnwell::diagnostics::prepareStandardStreams();
   const CommandLine::Parsed parsed = CommandLine::parse(argc, argv);
   if (const auto* print = std::get_if<CommandLine::Print>(&parsed)) {

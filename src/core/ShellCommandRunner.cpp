@@ -6,16 +6,16 @@
 #include <cerrno>
 #include <string_view>
 
-#include "core/ChildStreams.h"
-#include "core/Pipe.h"
-#include "core/SystemFault.h"
-#include "core/Utf8.h"
 #include "diagnostics/Fault.h"
+#include "system/ChildStreams.h"
+#include "system/Pipe.h"
+#include "system/SystemFault.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::core {
 namespace {
 
-std::string readToEnd(const Descriptor& source) {
+std::string readToEnd(const system::Descriptor& source) {
   std::string bytes;
   std::array<char, 4096> chunk{};
   for (;;) {
@@ -26,7 +26,7 @@ std::string readToEnd(const Descriptor& source) {
     if (count > 0) {
       bytes.append(chunk.data(), static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
-      systemFault("read a command's output", errno);
+      system::systemFault("read a command's output", errno);
     }
   }
 }
@@ -34,21 +34,21 @@ std::string readToEnd(const Descriptor& source) {
 }  // namespace
 
 void ShellCommandRunner::runDetached(const std::string& commandLine) {
-  Pipe pipe = Pipe::create();
+  system::Pipe pipe = system::Pipe::create();
   pipe.grow();
-  const pid_t child = launcher_.launch(commandLine, ChildStreams(pipe, Reader::nobody));
+  const pid_t child = launcher_.launch(commandLine, system::ChildStreams(pipe, system::Reader::nobody));
   // Before the child is watched, so that there are descriptors left to watch it with.
   pipe = {};
   reaper_.watch(child);
 }
 
 std::string ShellCommandRunner::runCaptured(const std::string& commandLine) {
-  Pipe pipe = Pipe::create();
-  const pid_t child = launcher_.launch(commandLine, ChildStreams(pipe, Reader::thisProcess));
+  system::Pipe pipe = system::Pipe::create();
+  const pid_t child = launcher_.launch(commandLine, system::ChildStreams(pipe, system::Reader::thisProcess));
   pipe.writeEnd.close();
   reaper_.watch(child);
   std::string output = readToEnd(pipe.readEnd);
-  if (!isUtf8(output)) {
+  if (!system::isUtf8(output)) {
     diagnostics::fault("the output of \"" + commandLine + "\" is not UTF-8");
   }
   return output;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/ChildReaper.h"
 #include "core/CommandRunner.h"
-#include "core/ShellLauncher.h"
+#include "system/ChildReaper.h"
+#include "system/ShellLauncher.h"
 
 namespace tarnwell::core {
 
@@ -27,8 +27,8 @@ class ShellCommandRunner final : public CommandRunner {
   void reap() { reaper_.reap(); }
 
  private:
-  ShellLauncher launcher_;
-  ChildReaper reaper_;
+  system::ShellLauncher launcher_;
+  system::ChildReaper reaper_;
 };
 
 }  // namespace tarnwell::core

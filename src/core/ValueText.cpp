@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "core/CNumericLocale.h"
+#include "system/CNumericLocale.h"
 
 namespace tarnwell::core {
 
@@ -18,7 +18,7 @@ double parseFloat(std::string_view text) {
     return 0.0;
   }
   const std::string terminated(text);
-  const CNumericLocale locale;
+  const system::CNumericLocale locale;
   char* end = nullptr;
   const double value = std::strtod(terminated.c_str(), &end);
   // A NUL inside the text ends the conversion before the end of the text.

@@ -1,4 +1,4 @@
-#include "core/ChildReaper.h"
+#include "system/ChildReaper.h"
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -27,7 +27,7 @@ pid_t forkToExit(int status = 0) {
   return child;
 }
 
-void watchWithoutDescriptors(ChildReaper& reaper, pid_t child) {
+void watchWithoutDescriptors(system::ChildReaper& reaper, pid_t child) {
   rlimit limit = {};
   ::getrlimit(RLIMIT_NOFILE, &limit);
   const rlimit none = {.rlim_cur = 0, .rlim_max = limit.rlim_max};
@@ -131,7 +131,7 @@ TEST_F(ChildReaperTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
 TEST_F(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {
   const pid_t gone = forkToExit();
   EXPECT_EQ(::waitpid(gone, nullptr, 0), gone);
-  ChildReaper reaper;
+  system::ChildReaper reaper;
   reaper.watch(gone);
   reaper.reap();
   pollfd descriptor = {.fd = reaper.descriptor(), .events = POLLIN, .revents = 0};
@@ -140,7 +140,7 @@ TEST_F(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {
 
 TEST_F(ChildReaperTest, aChildThatCannotBeWatchedIsReapedAllTheSame) {
   const auto body = [] {
-    ChildReaper reaper;
+    system::ChildReaper reaper;
     watchWithoutDescriptors(reaper, forkToExit());
     const auto isReaped = [&] {
       reaper.reap();
@@ -153,7 +153,7 @@ TEST_F(ChildReaperTest, aChildThatCannotBeWatchedIsReapedAllTheSame) {
 
 TEST_F(ChildReaperTest, theNextChildsWatchReapsWhatCouldNotBeWatched) {
   const auto body = [] {
-    ChildReaper reaper;
+    system::ChildReaper reaper;
     const pid_t first = forkToExit();
     watchWithoutDescriptors(reaper, first);
     if (!waitFor([] { return zombieCount() == 1; })) {

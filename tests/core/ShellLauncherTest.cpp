@@ -1,4 +1,4 @@
-#include "core/ShellLauncher.h"
+#include "system/ShellLauncher.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

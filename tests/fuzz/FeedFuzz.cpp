@@ -12,11 +12,11 @@
 namespace tarnwell::fuzz {
 namespace {
 
-using host_linux::Result;
 using host_linux::updates::FeedItem;
 using host_linux::updates::FeedReader;
 using host_linux::updates::ItemChooser;
 using host_linux::updates::PackageClaim;
+using system::Result;
 
 using Items = std::vector<FeedItem>;
 

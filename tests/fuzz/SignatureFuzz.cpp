@@ -7,11 +7,11 @@
 #include <string_view>
 #include <variant>
 
-#include "core/Descriptor.h"
 #include "fuzz/Require.h"
 #include "host/linux/updates/Base64.h"
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/Signature.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::fuzz {
 namespace {
@@ -24,7 +24,7 @@ using host_linux::updates::Signature;
 constexpr std::string_view someKey = "iojj3XQJ8ZX9UtstPLpdcspnCb8dlBIb83SIAbQPb1w=";
 
 int package() {
-  static const core::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  static const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
   static const bool isWritten = ::write(file.number(), "package", 7) == 7;
   require(isWritten);
   return file.number();

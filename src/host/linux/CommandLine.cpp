@@ -19,7 +19,7 @@ std::string trimmed(std::string text) {
   return text;
 }
 
-Failure refused(const std::string& reason) { return {reason + "\n" + usage}; }
+system::Failure refused(const std::string& reason) { return {reason + "\n" + usage}; }
 
 // The library lets pass what stands beside a request for help, and values of words that have none.
 std::optional<std::string> objectionTo(std::span<const char* const> arguments) {

@@ -4,7 +4,7 @@
 #include <variant>
 
 #include "host/linux/LaunchArguments.h"
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
@@ -16,7 +16,7 @@ struct CommandLine {
   };
 
   /// A start, a text to print, or what is wrong, with a line on how to do it right.
-  using Parsed = std::variant<LaunchArguments, Print, Failure>;
+  using Parsed = std::variant<LaunchArguments, Print, system::Failure>;
 
   static Parsed parse(int argc, const char* const* argv);
 };

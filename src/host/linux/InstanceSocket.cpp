@@ -29,7 +29,7 @@ constexpr mode_t socketFolderMode = 0700;
 constexpr mode_t fileMode = 0600;
 constexpr mode_t othersMay = 0077;
 
-Failure failure(const std::string& what) { return {what + ": " + std::system_category().message(errno)}; }
+system::Failure failure(const std::string& what) { return {what + ": " + std::system_category().message(errno)}; }
 
 std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
   sockaddr_un address = {};
@@ -78,12 +78,12 @@ bool isOursAlone(const std::filesystem::path& folder) {
 
 }  // namespace
 
-Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesystem::path& folder,
-                                                              const std::string& message) {
+system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesystem::path& folder,
+                                                                      const std::string& message) {
   const std::filesystem::path path = folder / "tarnwell.socket";
   const auto address = addressOf(path);
   if (!address) {
-    return Failure{path.string() + " is too long for a socket"};
+    return system::Failure{path.string() + " is too long for a socket"};
   }
   const int lock = ::open((folder / "tarnwell.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, fileMode);
   const auto deadline = Clock::now() + patience;
@@ -91,23 +91,24 @@ Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesys
     const bool told = leaveMessage(*address, message);
     if (told || Clock::now() > deadline) {
       ::close(lock);
-      return told ? Result<std::unique_ptr<InstanceSocket>>(nullptr) : failure(path.string() + " does not answer");
+      return told ? system::Result<std::unique_ptr<InstanceSocket>>(nullptr)
+                  : failure(path.string() + " does not answer");
     }
     // It may just be starting, or ending.
     ::poll(nullptr, 0, pauseMilliseconds);
   }
   const int socket = lock >= 0 ? listenAt(*address) : -1;
   if (socket < 0) {
-    const Failure why = failure(path.string());
+    const system::Failure why = failure(path.string());
     ::close(lock);
     return why;
   }
   return std::unique_ptr<InstanceSocket>(new InstanceSocket(lock, socket, path));
 }
 
-Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
+system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
   const auto used = folder();
-  if (const auto* failed = std::get_if<Failure>(&used)) {
+  if (const auto* failed = std::get_if<system::Failure>(&used)) {
     return *failed;
   }
   return claim(std::get<std::filesystem::path>(used), message);
@@ -135,7 +136,7 @@ std::optional<std::string> InstanceSocket::stopListening() const {
   return newest;
 }
 
-Result<std::filesystem::path> InstanceSocket::folder() {
+system::Result<std::filesystem::path> InstanceSocket::folder() {
   const char* given = std::getenv("XDG_RUNTIME_DIR");
   if (given != nullptr && std::filesystem::path(given).is_absolute() && isOursAlone(given)) {
     return std::filesystem::path(given);
@@ -143,14 +144,14 @@ Result<std::filesystem::path> InstanceSocket::folder() {
   std::error_code error;
   const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
   if (error) {
-    return Failure{"no folder for temporary files: " + error.message()};
+    return system::Failure{"no folder for temporary files: " + error.message()};
   }
   const std::filesystem::path own = temporary / ("tarnwell-" + std::to_string(::geteuid()));
   if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
     return failure(own.string());
   }
   if (!isOursAlone(own)) {
-    return Failure{own.string() + " is not the user's alone"};
+    return system::Failure{own.string() + " is not the user's alone"};
   }
   return own;
 }

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
@@ -16,10 +16,11 @@ class InstanceSocket {
   /// The lock in `folder`, which must be the user's alone; or null where another process holds it, which has then been
   /// left `message`, to be read once it comes to that. Waits two seconds at most, for one that has the lock but no
   /// socket yet.
-  static Result<std::unique_ptr<InstanceSocket>> claim(const std::filesystem::path& folder, const std::string& message);
+  static system::Result<std::unique_ptr<InstanceSocket>> claim(const std::filesystem::path& folder,
+                                                               const std::string& message);
 
   /// The same in the folder of this session.
-  static Result<std::unique_ptr<InstanceSocket>> claim(const std::string& message);
+  static system::Result<std::unique_ptr<InstanceSocket>> claim(const std::string& message);
 
   InstanceSocket(const InstanceSocket&) = delete;
   InstanceSocket& operator=(const InstanceSocket&) = delete;
@@ -34,7 +35,7 @@ class InstanceSocket {
   std::optional<std::string> stopListening() const;
 
   /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below TMPDIR or /tmp.
-  static Result<std::filesystem::path> folder();
+  static system::Result<std::filesystem::path> folder();
 
  private:
   InstanceSocket(int lock, int socket, std::filesystem::path path)

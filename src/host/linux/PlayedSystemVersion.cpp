@@ -55,19 +55,19 @@ std::string quoted(std::string_view text) {
 
 }  // namespace
 
-Result<kit::SystemVersion> playedSystemVersion() {
+system::Result<kit::SystemVersion> playedSystemVersion() {
   const char* text = std::getenv("MACOS_VERSION");
   return text == nullptr || *text == '\0' ? kit::SystemVersion{} : parseSystemVersion(text);
 }
 
-Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
+system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
   const std::string beginning = "MACOS_VERSION is " + quoted(text) + ": ";
   const auto version = numbers(text);
   if (!version) {
-    return Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};
+    return system::Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};
   }
   if (*version < oldest) {
-    return Failure{beginning + "the oldest supported version is 14"};
+    return system::Failure{beginning + "the oldest supported version is 14"};
   }
   return *version;
 }

@@ -2,16 +2,16 @@
 
 #include <string_view>
 
-#include "host/linux/Result.h"
 #include "kit/ports/SystemVersion.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
 /// The version of macOS whose part the stand-ins play: the environment's MACOS_VERSION, 14.0.0 where it is unset or
 /// empty. A failure for a text that is no version, and for one below 14.
-Result<kit::SystemVersion> playedSystemVersion();
+system::Result<kit::SystemVersion> playedSystemVersion();
 
 /// `text` is "N", "N.N" or "N.N.N": ASCII digits alone, at most 9 for each number. Missing numbers are 0.
-Result<kit::SystemVersion> parseSystemVersion(std::string_view text);
+system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text);
 
 }  // namespace tarnwell::host_linux

@@ -3,41 +3,42 @@
 #include <cstdlib>
 
 #include "host/linux/FindProgram.h"
-#include "host/linux/RunningExecutable.h"
 #include "host/linux/UserEnvironment.h"
+#include "system/RunningExecutable.h"
 
 namespace tarnwell::host_linux {
 namespace {
 
 constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
 
-std::optional<Failure> putFirst(const std::string& folder) {
+std::optional<system::Failure> putFirst(const std::string& folder) {
   if (folder.find(':') != std::string::npos) {
-    return Failure{"the stand-ins cannot be found in " + folder + ": PATH takes no folder with a colon in its name"};
+    return system::Failure{"the stand-ins cannot be found in " + folder +
+                           ": PATH takes no folder with a colon in its name"};
   }
   keepUserEnvironment();
   const char* before = ::getenv("PATH");
   if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) {
     return std::nullopt;
   }
-  return Failure{"PATH cannot be set"};
+  return system::Failure{"PATH cannot be set"};
 }
 
 }  // namespace
 
-std::optional<Failure> putStandInsFirst() {
-  const auto own = runningExecutable();
-  if (const auto* failure = std::get_if<Failure>(&own)) {
+std::optional<system::Failure> putStandInsFirst() {
+  const auto own = system::runningExecutable();
+  if (const auto* failure = std::get_if<system::Failure>(&own)) {
     return *failure;
   }
   const auto standIns = standInFolder(std::get<std::filesystem::path>(own).parent_path());
-  if (const auto* failure = std::get_if<Failure>(&standIns)) {
+  if (const auto* failure = std::get_if<system::Failure>(&standIns)) {
     return *failure;
   }
   return putFirst(std::get<std::filesystem::path>(standIns).string());
 }
 
-Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder) {
+system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder) {
   const auto built = folder / "libexec";
   const auto installed = (folder / ".." / "libexec" / "tarnwell").lexically_normal();
   for (const auto& candidate : {built, installed}) {
@@ -45,7 +46,7 @@ Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder)
       return candidate;
     }
   }
-  return Failure{"no program defaults in " + built.string() + " nor in " + installed.string()};
+  return system::Failure{"no program defaults in " + built.string() + " nor in " + installed.string()};
 }
 
 std::string searchPathWith(std::string_view folder, std::string_view before) {

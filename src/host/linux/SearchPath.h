@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
@@ -13,11 +13,11 @@ namespace tarnwell::host_linux {
 /// package is ever taken for ours. Programs that are started for the user get the environment as it was
 /// before (UserEnvironment.h). Call it before anything else runs, while the process has one thread. Returns why not, in
 /// which case PATH is as it was and no command may be run.
-std::optional<Failure> putStandInsFirst();
+std::optional<system::Failure> putStandInsFirst();
 
 /// The folder with the stand-in `defaults` of an executable that lies in `folder`: libexec beside the executable, as in
 /// a build tree, else ../libexec/tarnwell, as installed.
-Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder);
+system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder);
 
 /// `before` with `folder` at the front and nowhere else. The system's own folders stand in for an empty `before`.
 std::string searchPathWith(std::string_view folder, std::string_view before);

@@ -60,12 +60,12 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
 
 }  // namespace
 
-Result<pid_t> startProgram(const std::vector<std::string>& words) {
+system::Result<pid_t> startProgram(const std::vector<std::string>& words) {
   const std::vector<std::string> environment = userEnvironment();
   pid_t process = 0;
   const int error = CleanSlate().start(process, pointers(words).data(), pointers(environment).data());
   if (error != 0) {
-    return Failure{"cannot start " + words.front() + ": " + std::generic_category().message(error)};
+    return system::Failure{"cannot start " + words.front() + ": " + std::generic_category().message(error)};
   }
   return process;
 }

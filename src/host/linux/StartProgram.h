@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
@@ -13,6 +13,6 @@ namespace tarnwell::host_linux {
 /// process number at once. It has the user's own environment (UserEnvironment.h), reads from the null device, prints
 /// where this process prints, has no other descriptor of it, and default signals; a key that interrupts this process in
 /// its terminal does not reach it. The caller sees to its end.
-Result<pid_t> startProgram(const std::vector<std::string>& words);
+system::Result<pid_t> startProgram(const std::vector<std::string>& words);
 
 }  // namespace tarnwell::host_linux

@@ -7,7 +7,7 @@
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
 #include "host/linux/FindProgram.h"
-#include "host/linux/ReplaceFile.h"
+#include "system/ReplaceFile.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -30,7 +30,7 @@ bool isLink(const fs::path& path) {
 }
 
 // Nothing there is an empty text; so is a device or a folder, which can be no entry.
-Result<std::string> contentOf(const fs::path& path) {
+system::Result<std::string> contentOf(const fs::path& path) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) {
     return std::string();
@@ -38,7 +38,7 @@ Result<std::string> contentOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   std::string content(std::istreambuf_iterator<char>(file), {});
   if (file.bad() || !file.is_open()) {
-    return Failure{"cannot read " + path.string()};
+    return system::Failure{"cannot read " + path.string()};
   }
   return content;
 }
@@ -74,7 +74,7 @@ void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::str
   }
 }
 
-std::optional<std::string> words(const std::optional<Failure>& failure) {
+std::optional<std::string> words(const std::optional<system::Failure>& failure) {
   return failure ? std::optional(failure->message) : std::nullopt;
 }
 
@@ -98,31 +98,31 @@ std::optional<std::string> XdgLoginItem::registerItem() { return words(tryRegist
 
 std::optional<std::string> XdgLoginItem::unregisterItem() { return words(tryUnregister()); }
 
-Result<fs::path> XdgLoginItem::folder() {
+system::Result<fs::path> XdgLoginItem::folder() {
   const fs::path base = configurationFolder();
   if (base.empty()) {
-    return Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
+    return system::Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
   }
   return base / "autostart";
 }
 
-std::optional<Failure> XdgLoginItem::tryRegister() const {
+std::optional<system::Failure> XdgLoginItem::tryRegister() const {
   const auto path = file();
-  if (const auto* failure = std::get_if<Failure>(&path)) {
+  if (const auto* failure = std::get_if<system::Failure>(&path)) {
     return *failure;
   }
   const auto exec = execLine();
-  if (const auto* failure = std::get_if<Failure>(&exec)) {
+  if (const auto* failure = std::get_if<system::Failure>(&exec)) {
     return *failure;
   }
   const fs::path target = behindLinks(std::get<fs::path>(path));
   const auto content = contentOf(target);
-  if (const auto* failure = std::get_if<Failure>(&content)) {
+  if (const auto* failure = std::get_if<system::Failure>(&content)) {
     return *failure;
   }
   const auto& text = std::get<std::string>(content);
   if (text.empty()) {
-    return replaceFile(target, ownText(std::get<std::string>(exec)));
+    return system::replaceFile(target, ownText(std::get<std::string>(exec)));
   }
   DesktopEntry entry(text);
   switchOn(entry);
@@ -134,17 +134,17 @@ std::optional<Failure> XdgLoginItem::tryRegister() const {
   if (!startsSomething(entry) || !starts(entry.value("Exec").value_or(""), std::get<std::string>(exec))) {
     entry.set("Exec", std::get<std::string>(exec));
   }
-  return replaceFile(target, entry.text());
+  return system::replaceFile(target, entry.text());
 }
 
-std::optional<Failure> XdgLoginItem::tryUnregister() const {
+std::optional<system::Failure> XdgLoginItem::tryUnregister() const {
   const auto found = file();
-  if (const auto* failure = std::get_if<Failure>(&found)) {
+  if (const auto* failure = std::get_if<system::Failure>(&found)) {
     return *failure;
   }
   const auto& path = std::get<fs::path>(found);
   const auto content = contentOf(path);
-  if (const auto* failure = std::get_if<Failure>(&content)) {
+  if (const auto* failure = std::get_if<system::Failure>(&content)) {
     return *failure;
   }
   const auto& text = std::get<std::string>(content);
@@ -156,14 +156,15 @@ std::optional<Failure> XdgLoginItem::tryUnregister() const {
   if (ownExec != nullptr && text == ownText(*ownExec) && !isLink(path)) {
     std::error_code error;
     fs::remove(path, error);
-    return error ? std::optional(Failure{"cannot remove " + path.string() + ": " + error.message()}) : std::nullopt;
+    return error ? std::optional(system::Failure{"cannot remove " + path.string() + ": " + error.message()})
+                 : std::nullopt;
   }
   DesktopEntry entry(text);
   entry.set(hiddenKey, "true");
-  return replaceFile(behindLinks(path), entry.text());
+  return system::replaceFile(behindLinks(path), entry.text());
 }
 
-Result<fs::path> XdgLoginItem::file() const {
+system::Result<fs::path> XdgLoginItem::file() const {
   auto place = folder();
   if (auto* path = std::get_if<fs::path>(&place)) {
     *path /= program_.id + ".desktop";
@@ -171,11 +172,11 @@ Result<fs::path> XdgLoginItem::file() const {
   return place;
 }
 
-Result<std::string> XdgLoginItem::execLine() const {
+system::Result<std::string> XdgLoginItem::execLine() const {
   if (const auto line = execValue({program_.executable.string(), program_.argument})) {
     return *line;
   }
-  return Failure{"an autostart entry cannot name " + program_.executable.string() + ": there is a \"=\" in it"};
+  return system::Failure{"an autostart entry cannot name " + program_.executable.string() + ": there is a \"=\" in it"};
 }
 
 std::string XdgLoginItem::ownText(const std::string& exec) const {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "host/linux/Result.h"
 #include "kit/ports/LoginItem.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
@@ -32,13 +32,13 @@ class XdgLoginItem final : public kit::LoginItem {
   std::optional<std::string> unregisterItem() override;
 
   /// "autostart" in XDG_CONFIG_HOME or, where that is unset or not absolute, in ~/.config.
-  static Result<std::filesystem::path> folder();
+  static system::Result<std::filesystem::path> folder();
 
  private:
-  std::optional<Failure> tryRegister() const;
-  std::optional<Failure> tryUnregister() const;
-  Result<std::filesystem::path> file() const;
-  Result<std::string> execLine() const;
+  std::optional<system::Failure> tryRegister() const;
+  std::optional<system::Failure> tryUnregister() const;
+  system::Result<std::filesystem::path> file() const;
+  system::Result<std::string> execLine() const;
   std::string ownText(const std::string& exec) const;
 
   Program program_;

@@ -15,7 +15,7 @@ namespace updates = host_linux::updates;
 /// Empty where there is none; a download then fails, and says so.
 std::filesystem::path emptiedPackageFolder() {
   const auto folder = updates::packageFolder();
-  if (const auto* failure = std::get_if<host_linux::Failure>(&folder)) {
+  if (const auto* failure = std::get_if<system::Failure>(&folder)) {
     diagnostics::printErrorLine("tarnwell: " + failure->message);
     return {};
   }

@@ -60,7 +60,7 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 
 void QtApplication::openUrl(const std::string& address) {
   const auto opener = host_linux::startProgram({"xdg-open", address});
-  if (const auto* failure = std::get_if<host_linux::Failure>(&opener)) {
+  if (const auto* failure = std::get_if<system::Failure>(&opener)) {
     diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + failure->message);
   } else {
     openers_.watch(std::get<pid_t>(opener));

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "core/ChildReaper.h"
 #include "host/qt/QtHost.h"
 #include "kit/turn/Action.h"
+#include "system/ChildReaper.h"
 
 namespace tarnwell::host_qt {
 
@@ -35,7 +35,7 @@ class QtApplication {
   QtApplication(int argc, char** argv);
 
   int argc_;  // The toolkit keeps a reference to it.
-  core::ChildReaper openers_;
+  system::ChildReaper openers_;
   QApplication application_;
   QtHost host_;
 };

@@ -17,7 +17,7 @@ constexpr int tries = 3;
 
 std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) {
   auto claimed = host_linux::InstanceSocket::claim(token);
-  if (const auto* failure = std::get_if<host_linux::Failure>(&claimed)) {
+  if (const auto* failure = std::get_if<system::Failure>(&claimed)) {
     diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " + failure->message);
     return std::unique_ptr<SingleInstance>(new SingleInstance(token, nullptr));
   }

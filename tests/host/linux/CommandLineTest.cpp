@@ -50,8 +50,9 @@ TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
                                                       {"--"}};
   for (const auto& arguments : rows) {
     const auto parsed = parse(arguments);
-    ASSERT_TRUE(std::holds_alternative<Failure>(parsed)) << arguments.front();
-    EXPECT_NE(std::get<Failure>(parsed).message.find("\nusage: tarnwell [--help | --version]"), std::string::npos);
+    ASSERT_TRUE(std::holds_alternative<system::Failure>(parsed)) << arguments.front();
+    EXPECT_NE(std::get<system::Failure>(parsed).message.find("\nusage: tarnwell [--help | --version]"),
+              std::string::npos);
   }
 }
 

@@ -14,12 +14,12 @@
 namespace tarnwell::host_linux {
 namespace {
 
-using Claimed = Result<std::unique_ptr<InstanceSocket>>;
+using Claimed = system::Result<std::unique_ptr<InstanceSocket>>;
 
 /// Null where another one holds the lock, or where there is an error, which is a failure of the test.
 std::unique_ptr<InstanceSocket> claim(const std::filesystem::path& folder, const std::string& message = {}) {
   Claimed claimed = InstanceSocket::claim(folder, message);
-  if (const auto* failure = std::get_if<Failure>(&claimed)) {
+  if (const auto* failure = std::get_if<system::Failure>(&claimed)) {
     ADD_FAILURE() << failure->message;
     return nullptr;
   }
@@ -84,8 +84,8 @@ TEST(InstanceSocketTest, oneThatHoldsTheLockButNeverListensIsReported) {
   const auto first = claim(folder.path());
   std::filesystem::remove(folder / "tarnwell.socket");
   const Claimed second = InstanceSocket::claim(folder.path(), {});
-  ASSERT_TRUE(std::holds_alternative<Failure>(second));
-  EXPECT_NE(std::get<Failure>(second).message.find("does not answer"), std::string::npos);
+  ASSERT_TRUE(std::holds_alternative<system::Failure>(second));
+  EXPECT_NE(std::get<system::Failure>(second).message.find("does not answer"), std::string::npos);
 }
 
 TEST(InstanceSocketTest, queueThatIsFullIsMessageEnough) {
@@ -102,8 +102,8 @@ TEST(InstanceSocketTest, folderThatDoesNotExistIsReported) {
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", "/dev/null/nowhere");
   const fixtures::EnvironmentScope temporary("TMPDIR", "/dev/null/nowhere");
   const Claimed claimed = InstanceSocket::claim("message");
-  ASSERT_TRUE(std::holds_alternative<Failure>(claimed));
-  EXPECT_NE(std::get<Failure>(claimed).message.find("temporary"), std::string::npos);
+  ASSERT_TRUE(std::holds_alternative<system::Failure>(claimed));
+  EXPECT_NE(std::get<system::Failure>(claimed).message.find("temporary"), std::string::npos);
 }
 
 TEST(InstanceSocketTest, childrenDoNotInheritLockOrSocket) {
@@ -118,7 +118,7 @@ TEST(InstanceSocketTest, folderThatIsTooDeepIsReported) {
   const fixtures::Sandbox folder;
   const std::string deep(120, 'd');
   const Claimed claimed = InstanceSocket::claim(folder / deep, {});
-  ASSERT_TRUE(std::holds_alternative<Failure>(claimed));
+  ASSERT_TRUE(std::holds_alternative<system::Failure>(claimed));
 }
 
 TEST(InstanceSocketTest, usesTheUsersRuntimeFolder) {

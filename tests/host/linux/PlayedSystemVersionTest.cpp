@@ -12,8 +12,8 @@ namespace {
 using fixtures::EnvironmentScope;
 using kit::SystemVersion;
 
-std::string failure(const Result<SystemVersion>& result) {
-  const auto* found = std::get_if<Failure>(&result);
+std::string failure(const system::Result<SystemVersion>& result) {
+  const auto* found = std::get_if<system::Failure>(&result);
   return found == nullptr ? "" : found->message;
 }
 

@@ -64,11 +64,11 @@ TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
   const Sandbox sandbox;
   const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
                                (sandbox / "libexec/tarnwell").string();
-  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
   fs::create_directories(sandbox / "bin/libexec/defaults");
-  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
   placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
-  EXPECT_EQ(std::get<Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
 }
 
 TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {

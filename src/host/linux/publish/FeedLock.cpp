@@ -6,15 +6,15 @@
 #include <cerrno>
 #include <system_error>
 
-#include "host/linux/MakeFolders.h"
+#include "system/MakeFolders.h"
 
 namespace tarnwell::host_linux::publish {
 
-Result<FeedLock> FeedLock::take(const std::filesystem::path& feed) {
+system::Result<FeedLock> FeedLock::take(const std::filesystem::path& feed) {
   const std::filesystem::path folder = feed.has_parent_path() ? feed.parent_path() : ".";
-  core::Descriptor opened;
-  if (makeFolders(folder)) {
-    opened = core::Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  system::Descriptor opened;
+  if (system::makeFolders(folder)) {
+    opened = system::Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   }
   while (!opened.isEmpty() && ::flock(opened.number(), LOCK_EX) != 0) {
     if (errno != EINTR) {
@@ -22,7 +22,7 @@ Result<FeedLock> FeedLock::take(const std::filesystem::path& feed) {
     }
   }
   if (opened.isEmpty()) {
-    return Failure{"cannot lock " + folder.string() + ": " + std::system_category().message(errno)};
+    return system::Failure{"cannot lock " + folder.string() + ": " + std::system_category().message(errno)};
   }
   return FeedLock(std::move(opened));
 }

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "core/Descriptor.h"
-#include "host/linux/Result.h"
+#include "system/Descriptor.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::publish {
 
@@ -12,12 +12,12 @@ class FeedLock {
  public:
   /// Waits for its turn. What is locked is the feed's folder, which is made where it is missing: no file is left there,
   /// and a feed can be replaced by another file meanwhile.
-  static Result<FeedLock> take(const std::filesystem::path& feed);
+  static system::Result<FeedLock> take(const std::filesystem::path& feed);
 
  private:
-  explicit FeedLock(core::Descriptor folder) : folder_(std::move(folder)) {}
+  explicit FeedLock(system::Descriptor folder) : folder_(std::move(folder)) {}
 
-  core::Descriptor folder_;
+  system::Descriptor folder_;
 };
 
 }  // namespace tarnwell::host_linux::publish

@@ -20,7 +20,7 @@ namespace {
 using updates::FeedItem;
 using Items = std::vector<FeedItem>;
 
-Result<Items> itemsIn(const std::string& feed) {
+system::Result<Items> itemsIn(const std::string& feed) {
   updates::FeedReader reader;
   // A refusal comes again at the end.
   reader.feed(feed);
@@ -98,27 +98,27 @@ std::string emptyFeed() {
          "</rss>\n";
 }
 
-Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
+system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
   const auto before = itemsIn(feed);
-  if (const auto* failure = std::get_if<Failure>(&before)) {
+  if (const auto* failure = std::get_if<system::Failure>(&before)) {
     return *failure;
   }
   if (hasVersion(std::get<Items>(before), item.version)) {
-    return Failure{"the feed has version " + item.version + " already"};
+    return system::Failure{"the feed has version " + item.version + " already"};
   }
   const auto place = PlaceFinder(feed).place();
   std::string text = feed;
   text.insert(place.value_or(text.size()), item.xml() + "\n    ");
   auto after = itemsIn(text);
-  if (const auto* failure = std::get_if<Failure>(&after)) {
-    return Failure{"the item does not fit into the feed. " + failure->message};
+  if (const auto* failure = std::get_if<system::Failure>(&after)) {
+    return system::Failure{"the item does not fit into the feed. " + failure->message};
   }
   auto& items = std::get<Items>(after);
   if (items.size() != std::get<Items>(before).size() + 1) {
-    return Failure{"the feed has no place for an item"};
+    return system::Failure{"the feed has no place for an item"};
   }
   if (!saysTheSame(items.front(), item)) {
-    return Failure{"the item would not say there what it is to say; is the feed written in UTF-8?"};
+    return system::Failure{"the item would not say there what it is to say; is the feed written in UTF-8?"};
   }
   return FeedWithItem{.text = std::move(text), .item = std::move(items.front())};
 }

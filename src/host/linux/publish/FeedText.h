@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "host/linux/Result.h"
 #include "host/linux/publish/NewItem.h"
 #include "host/linux/updates/FeedItem.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::publish {
 
@@ -20,6 +20,6 @@ std::string emptyFeed();
 /// `feed` with one more item before its first one; everything else in it stays as it is, to the byte. Refuses a feed
 /// that the updater could not read, before or after, one that has this version for Linux already, and one in which the
 /// item would not say what it is to say.
-Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item);
+system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item);
 
 }  // namespace tarnwell::host_linux::publish

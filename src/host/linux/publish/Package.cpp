@@ -11,26 +11,26 @@
 
 namespace tarnwell::host_linux::publish {
 
-Result<Package> Package::open(const std::filesystem::path& file) {
+system::Result<Package> Package::open(const std::filesystem::path& file) {
   // What is no file, a pipe for one, must not hold us up.
-  core::Descriptor opened =
-      core::aboveStandardStreams(core::Descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)));
+  system::Descriptor opened =
+      system::aboveStandardStreams(system::Descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)));
   struct stat status = {};
   if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
-    return Failure{"cannot read " + file.string() + ": " + std::system_category().message(errno)};
+    return system::Failure{"cannot read " + file.string() + ": " + std::system_category().message(errno)};
   }
   if (!S_ISREG(status.st_mode)) {
-    return Failure{file.string() + " is not a file"};
+    return system::Failure{file.string() + " is not a file"};
   }
   const auto length = static_cast<std::uint64_t>(status.st_size);
   if (length > updates::PackageClaim::maximumLength) {
-    return Failure{file.string() + " is larger than " +
-                   std::to_string(updates::PackageClaim::maximumLength / 1024 / 1024) +
-                   " MiB, and the updater takes no more"};
+    return system::Failure{file.string() + " is larger than " +
+                           std::to_string(updates::PackageClaim::maximumLength / 1024 / 1024) +
+                           " MiB, and the updater takes no more"};
   }
   if (updates::packageKind(opened.number()) == updates::PackageKind::other) {
-    return Failure{file.string() +
-                   " is neither a Debian package nor an AppImage, and the updater installs nothing else"};
+    return system::Failure{file.string() +
+                           " is neither a Debian package nor an AppImage, and the updater installs nothing else"};
   }
   return Package(std::move(opened), length);
 }

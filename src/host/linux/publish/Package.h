@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "core/Descriptor.h"
-#include "host/linux/Result.h"
+#include "system/Descriptor.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::publish {
 
@@ -12,7 +12,7 @@ namespace tarnwell::host_linux::publish {
 class Package {
  public:
   /// Refuses what is no Debian package and no AppImage, and what is larger than the updater takes.
-  static Result<Package> open(const std::filesystem::path& file);
+  static system::Result<Package> open(const std::filesystem::path& file);
 
   /// Borrowed.
   int descriptor() const { return file_.number(); }
@@ -20,9 +20,9 @@ class Package {
   std::uint64_t length() const { return length_; }
 
  private:
-  Package(core::Descriptor file, std::uint64_t length) : file_(std::move(file)), length_(length) {}
+  Package(system::Descriptor file, std::uint64_t length) : file_(std::move(file)), length_(length) {}
 
-  core::Descriptor file_;
+  system::Descriptor file_;
   std::uint64_t length_ = 0;
 };
 

@@ -9,34 +9,34 @@
 #include <system_error>
 #include <variant>
 
-#include "host/linux/ReplaceFile.h"
 #include "host/linux/publish/FeedLock.h"
 #include "host/linux/publish/FeedText.h"
 #include "host/linux/publish/NewItem.h"
 #include "host/linux/publish/Package.h"
 #include "host/linux/publish/ReleaseCheck.h"
 #include "host/linux/publish/SecretKey.h"
+#include "system/ReplaceFile.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
 
 namespace fs = std::filesystem;
 
-Failure cannotRead(const fs::path& path) {
+system::Failure cannotRead(const fs::path& path) {
   return {"cannot read " + path.string() + ": " + std::system_category().message(errno)};
 }
 
-Result<std::string> textIn(const fs::path& path) {
+system::Result<std::string> textIn(const fs::path& path) {
   std::error_code error;
   if (fs::is_directory(path, error)) {
-    return Failure{"cannot read " + path.string() + ": it is a folder"};
+    return system::Failure{"cannot read " + path.string() + ": it is a folder"};
   }
   std::ifstream file(path, std::ios::binary);
   std::string text(std::istreambuf_iterator<char>(file), {});
-  return file.is_open() && !file.bad() ? Result<std::string>(text) : cannotRead(path);
+  return file.is_open() && !file.bad() ? system::Result<std::string>(text) : cannotRead(path);
 }
 
-Result<std::string> feedIn(const fs::path& path) {
+system::Result<std::string> feedIn(const fs::path& path) {
   std::error_code error;
   return fs::exists(path, error) || error ? textIn(path) : emptyFeed();
 }
@@ -57,18 +57,18 @@ std::string titleOf(const Release& release) {
   return release.title.empty() ? "Tarnwell " + version : release.title;
 }
 
-Result<std::string> notesOf(const Release& release) {
-  return release.notes.empty() ? Result<std::string>(std::string()) : textIn(release.notes);
+system::Result<std::string> notesOf(const Release& release) {
+  return release.notes.empty() ? system::Result<std::string>(std::string()) : textIn(release.notes);
 }
 
-Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
+system::Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
   auto notes = notesOf(release);
-  if (auto* failure = std::get_if<Failure>(&notes)) {
+  if (auto* failure = std::get_if<system::Failure>(&notes)) {
     return std::move(*failure);
   }
   auto signature = key.sign(package.descriptor());
-  if (const auto* failure = std::get_if<Failure>(&signature)) {
-    return Failure{release.package.string() + ": " + failure->message};
+  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
+    return system::Failure{release.package.string() + ": " + failure->message};
   }
   return NewItem{.title = titleOf(release),
                  .version = release.version,
@@ -84,14 +84,15 @@ Result<NewItem> itemOf(const Release& release, const Package& package, const Sec
 }
 
 /// The feed with the item, when the updater would take it from there.
-Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package, const SecretKey& key) {
+system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package,
+                                     const SecretKey& key) {
   const auto before = feedIn(feed);
-  if (const auto* failure = std::get_if<Failure>(&before)) {
+  if (const auto* failure = std::get_if<system::Failure>(&before)) {
     return *failure;
   }
   auto after = withItem(std::get<std::string>(before), item);
-  if (const auto* failure = std::get_if<Failure>(&after)) {
-    return Failure{feed.string() + ": " + failure->message};
+  if (const auto* failure = std::get_if<system::Failure>(&after)) {
+    return system::Failure{feed.string() + ": " + failure->message};
   }
   auto& [text, itemAsRead] = std::get<FeedWithItem>(after);
   if (auto objection = objectionTo(itemAsRead, package, key)) {
@@ -109,30 +110,30 @@ fs::path realPathOf(const fs::path& feed) {
 
 }  // namespace
 
-std::optional<Failure> publishRelease(const Release& release, const fs::path& feed) {
+std::optional<system::Failure> publishRelease(const Release& release, const fs::path& feed) {
   if (auto objection = objectionTo(release)) {
     return objection;
   }
   const auto key = SecretKey::read(release.privateKey);
-  if (const auto* failure = std::get_if<Failure>(&key)) {
+  if (const auto* failure = std::get_if<system::Failure>(&key)) {
     return *failure;
   }
   const auto package = Package::open(release.package);
-  if (const auto* failure = std::get_if<Failure>(&package)) {
+  if (const auto* failure = std::get_if<system::Failure>(&package)) {
     return *failure;
   }
   const auto item = itemOf(release, std::get<Package>(package), std::get<SecretKey>(key));
-  if (const auto* failure = std::get_if<Failure>(&item)) {
+  if (const auto* failure = std::get_if<system::Failure>(&item)) {
     return *failure;
   }
   const fs::path real = realPathOf(feed);
   const auto lock = FeedLock::take(real);
-  if (const auto* failure = std::get_if<Failure>(&lock)) {
+  if (const auto* failure = std::get_if<system::Failure>(&lock)) {
     return *failure;
   }
   const auto text = feedWith(std::get<NewItem>(item), real, std::get<Package>(package), std::get<SecretKey>(key));
-  const auto* failure = std::get_if<Failure>(&text);
-  return failure != nullptr ? std::optional(*failure) : replaceFile(real, std::get<std::string>(text));
+  const auto* failure = std::get_if<system::Failure>(&text);
+  return failure != nullptr ? std::optional(*failure) : system::replaceFile(real, std::get<std::string>(text));
 }
 
 }  // namespace tarnwell::host_linux::publish

@@ -22,94 +22,98 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 bool isOneLine(const std::string& text, std::size_t most) { return updates::plainLine(text, most) == text; }
 
-std::optional<Failure> objectionToVersions(const Release& release) {
+std::optional<system::Failure> objectionToVersions(const Release& release) {
   constexpr std::size_t longestShownVersion = 100;
   if (!updates::isVersion(release.version)) {
-    return Failure{"version " + quoted(release.version) +
-                   " would never be offered: it is a digit and up to 99 letters, digits and characters of .-+~_"};
+    return system::Failure{
+        "version " + quoted(release.version) +
+        " would never be offered: it is a digit and up to 99 letters, digits and characters of .-+~_"};
   }
   if (updates::compareVersions(release.version, "0") != std::weak_ordering::greater) {
-    return Failure{"version " + quoted(release.version) + " would never be offered: it is not greater than 0"};
+    return system::Failure{"version " + quoted(release.version) + " would never be offered: it is not greater than 0"};
   }
   if (!isOneLine(release.shownVersion, longestShownVersion)) {
-    return Failure{"the shown version is not one plain line of at most 100 characters"};
+    return system::Failure{"the shown version is not one plain line of at most 100 characters"};
   }
   if (!release.minimumSystemVersion.empty() && !updates::isNumericVersion(release.minimumSystemVersion)) {
-    return Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
+    return system::Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
   }
   return std::nullopt;
 }
 
-std::optional<Failure> objectionToAddress(const std::string& url) {
+std::optional<system::Failure> objectionToAddress(const std::string& url) {
   const std::string scheme = "https://";
   if (!updates::isWebAddress(url) || !url.starts_with(scheme)) {
-    return Failure{quoted(url) + " is not an address that starts with https://"};
+    return system::Failure{quoted(url) + " is not an address that starts with https://"};
   }
   const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
   if (server.find('@') != std::string::npos) {
-    return Failure{quoted(url) + " names a user, and the updater asks as nobody"};
+    return system::Failure{quoted(url) + " names a user, and the updater asks as nobody"};
   }
   if (url.size() > FeedReader::maximumAttributeLength) {
-    return Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) + " characters"};
+    return system::Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) +
+                           " characters"};
   }
   return std::nullopt;
 }
 
-std::optional<Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
+std::optional<system::Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
   if (updates::packageKind(package.descriptor()) != updates::PackageKind::debian) {
     return std::nullopt;
   }
   const auto own = updates::debianVersion(package.descriptor());
-  if (const auto* failure = std::get_if<Failure>(&own)) {
-    return Failure{"the updater would refuse the package: " + failure->message};
+  if (const auto* failure = std::get_if<system::Failure>(&own)) {
+    return system::Failure{"the updater would refuse the package: " + failure->message};
   }
   const auto& version = std::get<std::string>(own);
   if (!updates::isDebianVersionOf(version, offered)) {
     const std::string advice = version == offered ? ": offer it without the Debian revision" : "";
-    return Failure{"the package is version " + version + ", and the updater would not take it for " + offered + advice};
+    return system::Failure{"the package is version " + version + ", and the updater would not take it for " + offered +
+                           advice};
   }
   return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<Failure> objectionTo(const Release& release) {
+std::optional<system::Failure> objectionTo(const Release& release) {
   if (auto objection = objectionToVersions(release)) {
     return objection;
   }
   if (!isOneLine(release.title, FeedReader::maximumTitleLength)) {
-    return Failure{"the title is not one plain line of at most " + std::to_string(FeedReader::maximumTitleLength) +
-                   " characters"};
+    return system::Failure{"the title is not one plain line of at most " +
+                           std::to_string(FeedReader::maximumTitleLength) + " characters"};
   }
   if (!release.channel.empty() && !updates::isChannelName(release.channel)) {
-    return Failure{"channel " + quoted(release.channel) +
-                   " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
+    return system::Failure{"channel " + quoted(release.channel) +
+                           " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
   }
   return objectionToAddress(release.url);
 }
 
-std::optional<Failure> objectionTo(const updates::FeedItem& item, const Package& package, const SecretKey& key) {
+std::optional<system::Failure> objectionTo(const updates::FeedItem& item, const Package& package,
+                                           const SecretKey& key) {
   // The oldest program there can be, on the newest system, of whoever takes everything.
   const updates::ItemChooser everybody({.runningVersion = "0",
                                         .systemVersion = item.minimumSystemVersion,
                                         .channels = {item.channel},
                                         .origin = updates::UserDriver::Origin::user});
   if (!everybody.best({item})) {
-    return Failure{"the updater would not offer the item"};
+    return system::Failure{"the updater would not offer the item"};
   }
   if (item.notes.size() > updates::FeedItem::shownNotes) {
-    return Failure{"the updater shows no more than " + std::to_string(updates::FeedItem::shownNotes) +
-                   " bytes of the notes"};
+    return system::Failure{"the updater shows no more than " + std::to_string(updates::FeedItem::shownNotes) +
+                           " bytes of the notes"};
   }
   if (auto objection = objectionToVersionOf(package, item.version)) {
     return objection;
   }
   const auto publicKey = updates::PublicKey::parse(key.publicText());
-  if (const auto* failure = std::get_if<Failure>(&publicKey)) {
+  if (const auto* failure = std::get_if<system::Failure>(&publicKey)) {
     return *failure;
   }
   const auto claim = updates::PackageClaim::create(item);
-  if (const auto* failure = std::get_if<Failure>(&claim)) {
+  if (const auto* failure = std::get_if<system::Failure>(&claim)) {
     return *failure;
   }
   const auto& claimed = std::get<updates::PackageClaim>(claim);

@@ -9,21 +9,21 @@
 #include <string_view>
 #include <system_error>
 
-#include "core/Descriptor.h"
 #include "diagnostics/Fault.h"
-#include "host/linux/WriteAll.h"
 #include "host/linux/updates/Base64.h"
 #include "host/linux/updates/CryptoLibrary.h"
-#include "host/linux/updates/MappedFile.h"
+#include "system/Descriptor.h"
+#include "system/MappedFile.h"
+#include "system/WriteAll.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
 
+using system::MappedFile;
 using updates::decodeBase64;
 using updates::encodeBase64;
-using updates::MappedFile;
 
-Failure systemFailure(const std::string& what, const std::filesystem::path& file) {
+system::Failure systemFailure(const std::string& what, const std::filesystem::path& file) {
   return {what + " " + file.string() + ": " + std::system_category().message(errno)};
 }
 
@@ -51,42 +51,42 @@ SecretKey SecretKey::generate() {
 
 SecretKey::~SecretKey() { sodium_memzero(seed_.data(), seed_.size()); }
 
-Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
-  const core::Descriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
+  const system::Descriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status = {};
   if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
     return systemFailure("cannot read", file);
   }
   if (!S_ISREG(status.st_mode)) {
-    return Failure{file.string() + " is not a private key"};
+    return system::Failure{file.string() + " is not a private key"};
   }
   if ((status.st_mode & 077U) != 0) {
-    return Failure{"others can read " + file.string() + "; make it yours alone: chmod 600"};
+    return system::Failure{"others can read " + file.string() + "; make it yours alone: chmod 600"};
   }
-  const auto mapped = MappedFile::create(opened.number());
-  if (const auto* failure = std::get_if<Failure>(&mapped)) {
-    return Failure{file.string() + ": " + failure->message};
+  const auto mapped = system::MappedFile::create(opened.number());
+  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
+    return system::Failure{file.string() + ": " + failure->message};
   }
-  const auto& bytes = std::get<MappedFile>(mapped);
+  const auto& bytes = std::get<system::MappedFile>(mapped);
   std::string_view text(reinterpret_cast<const char*>(bytes.bytes()), bytes.length());
   text.remove_suffix(text.ends_with('\n') ? 1 : 0);
   if (!updates::isCryptoLibraryReady()) {
-    return Failure{"the library that signs cannot be started"};
+    return system::Failure{"the library that signs cannot be started"};
   }
   SecretKey key;
   if (!decodeBase64(text, key.seed_)) {
-    return Failure{file.string() + " is not a private key"};
+    return system::Failure{file.string() + " is not a private key"};
   }
   return key;
 }
 
-std::optional<Failure> SecretKey::store(const std::filesystem::path& file) const {
-  const core::Descriptor created(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+std::optional<system::Failure> SecretKey::store(const std::filesystem::path& file) const {
+  const system::Descriptor created(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (created.isEmpty()) {
     return systemFailure("cannot make", file);
   }
   std::string text = encodeBase64(seed_) + "\n";
-  const bool isWritten = writeAll(created.number(), text) && ::fsync(created.number()) == 0;
+  const bool isWritten = system::writeAll(created.number(), text) && ::fsync(created.number()) == 0;
   auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
   sodium_memzero(text.data(), text.size());
   if (failure) {
@@ -97,12 +97,12 @@ std::optional<Failure> SecretKey::store(const std::filesystem::path& file) const
 
 std::string SecretKey::publicText() const { return encodeBase64(KeyPair(seed_.data()).open); }
 
-Result<std::string> SecretKey::sign(int descriptor) const {
-  const auto mapped = MappedFile::create(descriptor);
-  if (const auto* failure = std::get_if<Failure>(&mapped)) {
+system::Result<std::string> SecretKey::sign(int descriptor) const {
+  const auto mapped = system::MappedFile::create(descriptor);
+  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
     return *failure;
   }
-  const auto& file = std::get<MappedFile>(mapped);
+  const auto& file = std::get<system::MappedFile>(mapped);
   const KeyPair pair(seed_.data());
   std::array<unsigned char, crypto_sign_BYTES> signature = {};
   crypto_sign_detached(signature.data(), nullptr, file.bytes(), file.length(), pair.secret.data());

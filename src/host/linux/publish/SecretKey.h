@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::publish {
 
@@ -15,19 +15,19 @@ class SecretKey {
   /// A new one, by chance.
   static SecretKey generate();
   /// Refuses a file that others can read.
-  static Result<SecretKey> read(const std::filesystem::path& file);
+  static system::Result<SecretKey> read(const std::filesystem::path& file);
 
   SecretKey(SecretKey&&) = default;
   SecretKey& operator=(SecretKey&&) = delete;
   ~SecretKey();
 
   /// Into a new file that only its owner can read; never over one that is there.
-  std::optional<Failure> store(const std::filesystem::path& file) const;
+  std::optional<system::Failure> store(const std::filesystem::path& file) const;
 
   /// The public half, in base64.
   std::string publicText() const;
   /// Over the whole file behind `descriptor`, in base64.
-  Result<std::string> sign(int descriptor) const;
+  system::Result<std::string> sign(int descriptor) const;
 
  private:
   using Seed = std::array<unsigned char, 32>;

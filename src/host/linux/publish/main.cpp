@@ -9,18 +9,18 @@
 #include <system_error>
 #include <variant>
 
-#include "core/Descriptor.h"
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "host/linux/publish/Release.h"
 #include "host/linux/publish/SecretKey.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
 
 constexpr int wrongUsage = 2;
 
-std::optional<Failure> makeKey(const std::string& file) {
+std::optional<system::Failure> makeKey(const std::string& file) {
   const SecretKey key = SecretKey::generate();
   auto failure = key.store(file);
   if (!failure) {
@@ -29,27 +29,27 @@ std::optional<Failure> makeKey(const std::string& file) {
   return failure;
 }
 
-std::optional<Failure> showPublicKey(const std::string& file) {
+std::optional<system::Failure> showPublicKey(const std::string& file) {
   const auto key = SecretKey::read(file);
-  if (const auto* failure = std::get_if<Failure>(&key)) {
+  if (const auto* failure = std::get_if<system::Failure>(&key)) {
     return *failure;
   }
   diagnostics::printLine(std::get<SecretKey>(key).publicText());
   return std::nullopt;
 }
 
-std::optional<Failure> showSignature(const std::string& keyFile, const std::string& package) {
+std::optional<system::Failure> showSignature(const std::string& keyFile, const std::string& package) {
   const auto key = SecretKey::read(keyFile);
-  if (const auto* failure = std::get_if<Failure>(&key)) {
+  if (const auto* failure = std::get_if<system::Failure>(&key)) {
     return *failure;
   }
-  const core::Descriptor file(::open(package.c_str(), O_RDONLY | O_CLOEXEC));
+  const system::Descriptor file(::open(package.c_str(), O_RDONLY | O_CLOEXEC));
   if (file.isEmpty()) {
-    return Failure{"cannot read " + package + ": " + std::system_category().message(errno)};
+    return system::Failure{"cannot read " + package + ": " + std::system_category().message(errno)};
   }
   const auto signature = std::get<SecretKey>(key).sign(file.number());
-  if (const auto* failure = std::get_if<Failure>(&signature)) {
-    return Failure{package + ": " + failure->message};
+  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
+    return system::Failure{package + ": " + failure->message};
   }
   diagnostics::printLine(std::get<std::string>(signature));
   return std::nullopt;
@@ -61,7 +61,7 @@ struct Command {
   std::string package = {};
   std::string feed = {};
   Release release = {};
-  std::function<std::optional<Failure>()> run = {};
+  std::function<std::optional<system::Failure>()> run = {};
 };
 
 void addKeyCommands(CLI::App& app, Command& command) {

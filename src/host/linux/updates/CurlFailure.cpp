@@ -73,7 +73,7 @@ std::string sentence(CURLcode code, const std::string& address, std::string_view
 }  // namespace
 
 // A server or a feed made up addresses and details, and they end up on the screen.
-Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status) {
+system::Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status) {
   constexpr std::size_t longestAddress = 200;
   constexpr std::size_t longestSentence = 1000;
   return {plainLine(sentence(code, plainLine(address, longestAddress), detail, status), longestSentence)};

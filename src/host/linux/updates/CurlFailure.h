@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// What went wrong on the way from `address`, in words for people. `detail` is the library's own word on it, and
 /// `status` the server's answer, 0 where there was none.
-Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status);
+system::Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status);
 
 }  // namespace tarnwell::host_linux::updates

@@ -26,18 +26,19 @@ bool findAll(void* library, CurlLibrary& curl) {
 
 }  // namespace
 
-Result<CurlLibrary> CurlLibrary::open(const std::string& name) {
+system::Result<CurlLibrary> CurlLibrary::open(const std::string& name) {
   void* library = ::dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
   CurlLibrary curl;
   if (library == nullptr || !findAll(library, curl)) {
     const char* reason = ::dlerror();
-    return Failure{"Updates are fetched with the network library " + name +
-                   ", which this system does not have: " + (reason == nullptr ? "" : reason) + "."};
+    return system::Failure{"Updates are fetched with the network library " + name +
+                           ", which this system does not have: " + (reason == nullptr ? "" : reason) + "."};
   }
   const curl_version_info_data& own = *curl.versionInfo(CURLVERSION_NOW);
   if (own.version_num < oldestVersion) {
-    return Failure{"Updates are fetched with version 7.87 of the network library or a later one, and this system has " +
-                   std::string(own.version) + "."};
+    return system::Failure{
+        "Updates are fetched with version 7.87 of the network library or a later one, and this system has " +
+        std::string(own.version) + "."};
   }
   return curl;
 }

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -30,7 +30,7 @@ struct CurlLibrary {
   static constexpr unsigned int oldestVersion = 0x07'57'00;
 
   /// `name` is what the dynamic linker looks for. A failure is a sentence for people.
-  static Result<CurlLibrary> open(const std::string& name);
+  static system::Result<CurlLibrary> open(const std::string& name);
 };
 
 }  // namespace tarnwell::host_linux::updates

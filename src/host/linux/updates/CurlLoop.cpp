@@ -15,9 +15,9 @@
 #include <utility>
 #include <variant>
 
-#include "core/RequiredDescriptor.h"
-#include "core/SystemFault.h"
 #include "diagnostics/Fault.h"
+#include "system/RequiredDescriptor.h"
+#include "system/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -74,8 +74,8 @@ int conditionsOf(std::uint32_t events) {
 }  // namespace
 
 CurlLoop::CurlLoop(std::string libraryName)
-    : events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
-      timer_(core::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
+    : events_(system::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch connections")),
+      timer_(system::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")),
       libraryName_(std::move(libraryName)) {
   watch(timer_.number(), CURL_POLL_IN);
 }
@@ -86,12 +86,12 @@ CurlLoop::~CurlLoop() {
   }
 }
 
-std::optional<Failure> CurlLoop::start() {
+std::optional<system::Failure> CurlLoop::start() {
   if (multi_ != nullptr) {
     return std::nullopt;
   }
   auto opened = CurlLibrary::open(libraryName_);
-  if (const auto* failure = std::get_if<Failure>(&opened)) {
+  if (const auto* failure = std::get_if<system::Failure>(&opened)) {
     return *failure;
   }
   library_ = std::get<CurlLibrary>(opened);
@@ -161,7 +161,7 @@ void CurlLoop::watch(curl_socket_t socket, int wanted) const {
   epoll_event event = {.events = eventsFor(wanted), .data = {.fd = socket}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_MOD, socket, &event) != 0 &&
       ::epoll_ctl(events_.number(), EPOLL_CTL_ADD, socket, &event) != 0) {
-    core::systemFault("watch a connection", errno);
+    system::systemFault("watch a connection", errno);
   }
 }
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/Descriptor.h"
 #include "host/linux/updates/CurlLibrary.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -33,7 +33,7 @@ class CurlLoop {
   void dispatch();
 
   /// Opens the library and starts it, at the first call; to be called before anything else that has to do with it.
-  std::optional<Failure> start();
+  std::optional<system::Failure> start();
   /// What `start` has opened.
   const CurlLibrary& library() const { return library_; }
   /// Runs `action` once from `dispatch`.
@@ -54,8 +54,8 @@ class CurlLoop {
   void runLater();
   void end(CurlHandle handle);
 
-  core::Descriptor events_;
-  core::Descriptor timer_;
+  system::Descriptor events_;
+  system::Descriptor timer_;
   std::string libraryName_;
   CurlLibrary library_ = {};
   CURLM* multi_ = nullptr;

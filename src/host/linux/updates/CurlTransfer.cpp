@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "core/Descriptor.h"
 #include "diagnostics/Fault.h"
 #include "host/linux/updates/CurlFailure.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -162,14 +162,14 @@ void CurlTransfer::connect() {
 }
 
 void CurlTransfer::ended(CURLcode code) {
-  const std::optional<Failure> failure = outcome(code);
+  const std::optional<system::Failure> failure = outcome(code);
   loop_->remove(std::move(handle_));
   // It may end this transfer.
   const Transport::Finished finished = std::move(finished_);
   finished(failure);
 }
 
-std::optional<Failure> CurlTransfer::outcome(CURLcode code) const {
+std::optional<system::Failure> CurlTransfer::outcome(CURLcode code) const {
   if (state_->isStopped) {
     return std::nullopt;
   }

@@ -26,7 +26,7 @@ class CurlTransfer final : public Transport::Transfer {
   void limit(const CurlTransport::Settings& settings);
   void connect();
   void ended(CURLcode code);
-  std::optional<Failure> outcome(CURLcode code) const;
+  std::optional<system::Failure> outcome(CURLcode code) const;
 
   std::shared_ptr<CurlLoop> loop_;
   std::shared_ptr<State> state_;

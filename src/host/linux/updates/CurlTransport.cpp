@@ -11,7 +11,7 @@ namespace {
 /// One that cannot even begin.
 class FailedTransfer final : public Transport::Transfer {
  public:
-  FailedTransfer(CurlLoop& loop, Failure failure, Transport::Finished finished)
+  FailedTransfer(CurlLoop& loop, system::Failure failure, Transport::Finished finished)
       : finished_(std::make_shared<Transport::Finished>(std::move(finished))) {
     loop.later([failure = std::move(failure), waiting = std::weak_ptr(finished_)] {
       // Only a transfer that still lives; it may end in the call.

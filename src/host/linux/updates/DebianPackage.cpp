@@ -11,7 +11,7 @@
 #include <climits>
 #include <csignal>
 
-#include "core/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -21,7 +21,7 @@ constexpr int missingTool = 127;
 constexpr int packageNumber = STDERR_FILENO + 1;
 constexpr std::size_t longestVersion = 200;  // Bytes.
 
-Failure unreadable(const std::string& reason) {
+system::Failure unreadable(const std::string& reason) {
   return {"The downloaded update was thrown away, because it cannot be seen which version it is: " + reason + "."};
 }
 
@@ -74,13 +74,13 @@ int endOf(pid_t tool) {
 
 }  // namespace
 
-Result<std::string> debianVersion(int descriptor) {
+system::Result<std::string> debianVersion(int descriptor) {
   std::array<int, 2> ends = {};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
     return unreadable("the system has no room to look into it");
   }
-  core::Descriptor reading = core::aboveStandardStreams(core::Descriptor(ends[0]));
-  core::Descriptor writing = core::aboveStandardStreams(core::Descriptor(ends[1]));
+  system::Descriptor reading = system::aboveStandardStreams(system::Descriptor(ends[0]));
+  system::Descriptor writing = system::aboveStandardStreams(system::Descriptor(ends[1]));
   const pid_t original = ::getpid();
   const pid_t tool = ::fork();
   if (tool == 0) {

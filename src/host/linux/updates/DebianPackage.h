@@ -3,13 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// The version that the Debian package behind `descriptor` gives itself, as the system's own tool reads it. That tool
 /// is given half a minute, and blocks for as long as it takes. A failure is a sentence for people.
-Result<std::string> debianVersion(int descriptor);
+system::Result<std::string> debianVersion(int descriptor);
 
 /// Whether a package of this version is one of `version`, the same text but for a Debian revision. A feed that counts
 /// revisions is refused: the running program does not know its own, and would take an older one for an update.

@@ -17,7 +17,7 @@ class Opening final : public Installer::Installation {
   Opening(Worker& worker, PackageOpener& opener, const PackageFile& package, Installer::Handed handed)
       : opener_(opener), package_(package), handed_(std::move(handed)) {
     naming_ = worker.begin([&package] { return named(package); },
-                           [this](const std::optional<Failure>& failure) { open(failure); });
+                           [this](const std::optional<system::Failure>& failure) { open(failure); });
   }
   Opening(const Opening&) = delete;
   Opening& operator=(const Opening&) = delete;
@@ -30,21 +30,21 @@ class Opening final : public Installer::Installation {
   }
 
  private:
-  static std::optional<Failure> named(const PackageFile& package) {
+  static std::optional<system::Failure> named(const PackageFile& package) {
     const auto place = package.giveName(packageName);
-    const auto* failure = std::get_if<Failure>(&place);
+    const auto* failure = std::get_if<system::Failure>(&place);
     if (failure == nullptr) {
       return std::nullopt;
     }
-    return Failure{"The update could not be stored: " + failure->message + ". See to that, and try again."};
+    return system::Failure{"The update could not be stored: " + failure->message + ". See to that, and try again."};
   }
 
-  void open(const std::optional<Failure>& unnamed) {
+  void open(const std::optional<system::Failure>& unnamed) {
     naming_.reset();
     if (unnamed) {
       return refuse(*unnamed);
     }
-    auto refused = opener_.open(package_.placeOf(packageName), [this](const std::optional<Failure>& failure) {
+    auto refused = opener_.open(package_.placeOf(packageName), [this](const std::optional<system::Failure>& failure) {
       failure ? refuse(*failure) : hand(HandOver::opened);
     });
     if (refused) {
@@ -52,12 +52,12 @@ class Opening final : public Installer::Installation {
     }
   }
 
-  void refuse(Failure failure) {
+  void refuse(system::Failure failure) {
     package_.removeName(packageName);
     hand(std::move(failure));
   }
 
-  void hand(Result<HandOver> result) {
+  void hand(system::Result<HandOver> result) {
     const Installer::Handed handed = std::move(handed_);
     handed(std::move(result));
   }
@@ -73,11 +73,11 @@ class Replacing final : public Installer::Installation {
   Replacing(Worker& worker, FileReplacement replacement, const PackageFile& package, Installer::Handed handed)
       : replacement_(std::move(replacement)), handed_(std::move(handed)) {
     copying_ = worker.begin([this, &package] { return replacement_.run(package.descriptor()); },
-                            [this](std::optional<Failure> failure) { hand(std::move(failure)); });
+                            [this](std::optional<system::Failure> failure) { hand(std::move(failure)); });
   }
 
  private:
-  void hand(std::optional<Failure> failure) {
+  void hand(std::optional<system::Failure> failure) {
     const Installer::Handed handed = std::move(handed_);
     if (failure) {
       handed(*std::move(failure));
@@ -97,8 +97,9 @@ class Replacing final : public Installer::Installation {
 DesktopInstaller::DesktopInstaller(Settings settings, Worker& worker)
     : settings_(std::move(settings)), worker_(worker), opener_(settings_.patience) {}
 
-Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::install(const FeedItem& /*item*/,
-                                                                           const PackageFile& package, Handed handed) {
+system::Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::install(const FeedItem& /*item*/,
+                                                                                   const PackageFile& package,
+                                                                                   Handed handed) {
   switch (packageKind(package.descriptor())) {
     case PackageKind::debian:
       return std::make_unique<Opening>(worker_, opener_, package, std::move(handed));
@@ -107,17 +108,19 @@ Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::install(const
     case PackageKind::other:
       break;
   }
-  return Failure{"The update is neither a Debian package nor an AppImage, and cannot be installed on this system."};
+  return system::Failure{
+      "The update is neither a Debian package nor an AppImage, and cannot be installed on this system."};
 }
 
-Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::replace(const PackageFile& package, Handed handed) {
+system::Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::replace(const PackageFile& package,
+                                                                                   Handed handed) {
   if (!settings_.appImage) {
-    return Failure{
+    return system::Failure{
         "The update is an AppImage, but Tarnwell does not run from one. Get the package for your system from where "
         "you got Tarnwell."};
   }
   auto replacement = FileReplacement::create(*settings_.appImage);
-  if (const auto* failure = std::get_if<Failure>(&replacement)) {
+  if (const auto* failure = std::get_if<system::Failure>(&replacement)) {
     return *failure;
   }
   return std::make_unique<Replacing>(worker_, std::get<FileReplacement>(std::move(replacement)), package,

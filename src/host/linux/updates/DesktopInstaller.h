@@ -26,8 +26,8 @@ class DesktopInstaller final : public Installer {
   DesktopInstaller(Settings settings, Worker& worker);
 
   /// One at a time, which ends before the installer does.
-  Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
-                                                Handed handed) override;
+  system::Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
+                                                        Handed handed) override;
 
   /// Readable when `dispatch` has something to do. The same for the installer's whole life.
   int descriptor() const { return opener_.descriptor(); }
@@ -35,7 +35,7 @@ class DesktopInstaller final : public Installer {
   void dispatch() { opener_.dispatch(); }
 
  private:
-  Result<std::unique_ptr<Installation>> replace(const PackageFile& package, Handed handed);
+  system::Result<std::unique_ptr<Installation>> replace(const PackageFile& package, Handed handed);
 
   Settings settings_;
   Worker& worker_;

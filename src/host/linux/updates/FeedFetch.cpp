@@ -16,7 +16,7 @@ FeedFetch::FeedFetch(Transport& transport, const std::string& address, Finished 
   transfer_ = transport.get(
       {.address = address, .maximumLength = FeedReader::maximumLength, .limit = feedLimit},
       [this](std::string_view bytes) { return take(bytes); },
-      [this](const std::optional<Failure>& failure) { finish(failure); });
+      [this](const std::optional<system::Failure>& failure) { finish(failure); });
 }
 
 bool FeedFetch::take(std::string_view bytes) {
@@ -24,9 +24,9 @@ bool FeedFetch::take(std::string_view bytes) {
   return !refusal_;
 }
 
-void FeedFetch::finish(const std::optional<Failure>& transportFailure) {
+void FeedFetch::finish(const std::optional<system::Failure>& transportFailure) {
   const auto failure = refusal_ ? refusal_ : transportFailure;
-  const Result<std::vector<FeedItem>> result = failure ? *failure : reader_.finish();
+  const system::Result<std::vector<FeedItem>> result = failure ? *failure : reader_.finish();
   // The one who is told may end us.
   const Finished finished = std::move(finished_);
   finished(result);

@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/FeedItem.h"
 #include "host/linux/updates/FeedReader.h"
 #include "host/linux/updates/Transport.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// Gets the feed and reads it as it arrives. Under way as long as it lives and has not finished.
 class FeedFetch {
  public:
-  using Finished = std::function<void(const Result<std::vector<FeedItem>>&)>;
+  using Finished = std::function<void(const system::Result<std::vector<FeedItem>>&)>;
 
   /// `finished` is called once, from the event loop, and may end the fetch.
   FeedFetch(Transport& transport, const std::string& address, Finished finished);
@@ -25,11 +25,11 @@ class FeedFetch {
 
  private:
   bool take(std::string_view bytes);
-  void finish(const std::optional<Failure>& transportFailure);
+  void finish(const std::optional<system::Failure>& transportFailure);
 
   Finished finished_;
   FeedReader reader_;
-  std::optional<Failure> refusal_;
+  std::optional<system::Failure> refusal_;
   std::unique_ptr<Transport::Transfer> transfer_;
 };
 

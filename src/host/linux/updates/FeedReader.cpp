@@ -69,9 +69,9 @@ void startDocumentType(void* parser, const XML_Char* /*name*/, const XML_Char* /
   stopUnless(handlerOf(parser).refuse("it declares a document type"), parser);
 }
 
-Failure unusable(const std::string& reason) { return {"The update feed cannot be used: " + reason + "."}; }
+system::Failure unusable(const std::string& reason) { return {"The update feed cannot be used: " + reason + "."}; }
 
-Failure malformed(XML_Parser parser) {
+system::Failure malformed(XML_Parser parser) {
   const XML_LChar* reason = XML_ErrorString(XML_GetErrorCode(parser));
   return unusable("line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ": " +
                   (reason != nullptr ? reason : "not well-formed"));
@@ -90,7 +90,7 @@ FeedReader::FeedReader() : handler_(std::make_unique<FeedHandler>()), parser_(st
 
 FeedReader::~FeedReader() = default;
 
-std::optional<Failure> FeedReader::feed(std::string_view bytes) {
+std::optional<system::Failure> FeedReader::feed(std::string_view bytes) {
   while (!failure_ && !bytes.empty()) {
     const std::string_view piece = bytes.substr(0, block - pending_.size());
     bytes.remove_prefix(piece.size());
@@ -119,7 +119,7 @@ void FeedReader::parse(bool isLast) {
   }
 }
 
-Result<std::vector<FeedItem>> FeedReader::finish() {
+system::Result<std::vector<FeedItem>> FeedReader::finish() {
   if (!failure_) {
     parse(true);
   }

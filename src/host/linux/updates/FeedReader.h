@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/FeedItem.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -36,9 +36,9 @@ class FeedReader {
   ~FeedReader();
 
   /// Returns why the feed cannot be used, from the first time on that this is known.
-  std::optional<Failure> feed(std::string_view bytes);
+  std::optional<system::Failure> feed(std::string_view bytes);
   /// To be called once, behind the last byte: the items in the order of the feed.
-  Result<std::vector<FeedItem>> finish();
+  system::Result<std::vector<FeedItem>> finish();
 
  private:
   void parse(bool isLast);
@@ -47,7 +47,7 @@ class FeedReader {
   std::unique_ptr<XmlParser> parser_;
   std::string pending_;
   std::size_t length_ = 0;
-  std::optional<Failure> failure_;
+  std::optional<system::Failure> failure_;
 };
 
 }  // namespace tarnwell::host_linux::updates

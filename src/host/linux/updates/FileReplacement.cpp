@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "host/linux/updates/CopyFile.h"
+#include "system/CopyFile.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -19,11 +19,11 @@ namespace fs = std::filesystem;
 constexpr mode_t unfinishedMode = 0600;
 constexpr mode_t permissionBits = 0777;
 
-Failure notReplaced(const fs::path& target, const std::string& reason, const std::string& advice) {
+system::Failure notReplaced(const fs::path& target, const std::string& reason, const std::string& advice) {
   return {"The new version cannot take the place of " + target.string() + ": " + reason + ". " + advice};
 }
 
-Failure notReplaceable(const fs::path& target, const std::string& reason) {
+system::Failure notReplaceable(const fs::path& target, const std::string& reason) {
   return notReplaced(target, reason, "Get the new version from where you got Tarnwell.");
 }
 
@@ -37,7 +37,7 @@ std::string systemReason() { return std::generic_category().message(errno); }
 
 }  // namespace
 
-FileReplacement::FileReplacement(fs::path target, core::Descriptor folder)
+FileReplacement::FileReplacement(fs::path target, system::Descriptor folder)
     : target_(std::move(target)), folder_(std::move(folder)), draftName_(uniqueName()) {}
 
 FileReplacement::~FileReplacement() {
@@ -46,8 +46,8 @@ FileReplacement::~FileReplacement() {
   }
 }
 
-Result<FileReplacement> FileReplacement::create(const fs::path& target) {
-  core::Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+system::Result<FileReplacement> FileReplacement::create(const fs::path& target) {
+  system::Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   struct stat status = {};
   if (folder.isEmpty() || ::fstatat(folder.number(), target.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
     return notReplaceable(target, systemReason());
@@ -55,11 +55,11 @@ Result<FileReplacement> FileReplacement::create(const fs::path& target) {
   if (!S_ISREG(status.st_mode)) {
     return notReplaceable(target, "it is not a file");
   }
-  return FileReplacement(target, core::aboveStandardStreams(std::move(folder)));
+  return FileReplacement(target, system::aboveStandardStreams(std::move(folder)));
 }
 
-std::optional<Failure> FileReplacement::run(int source) const {
-  const core::Descriptor draft = newDraft();
+std::optional<system::Failure> FileReplacement::run(int source) const {
+  const system::Descriptor draft = newDraft();
   if (draft.isEmpty() || !fill(source, draft.number()) || !takePlace(draft.number())) {
     return notReplaced(target_, systemReason(),
                        "The version that you have was left as it is. See that there is room and that you may write "
@@ -73,18 +73,18 @@ std::optional<Failure> FileReplacement::run(int source) const {
 
 // Without a name as long as it can be, so that nothing is left behind where we are ended. Not every file system has
 // such files.
-core::Descriptor FileReplacement::newDraft() const {
-  core::Descriptor draft(::openat(folder_.number(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, unfinishedMode));
+system::Descriptor FileReplacement::newDraft() const {
+  system::Descriptor draft(::openat(folder_.number(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, unfinishedMode));
   if (draft.isEmpty()) {
-    draft = core::Descriptor(::openat(folder_.number(), draftName_.c_str(),
-                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, unfinishedMode));
+    draft = system::Descriptor(::openat(folder_.number(), draftName_.c_str(),
+                                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, unfinishedMode));
   }
   return draft;
 }
 
 bool FileReplacement::fill(int source, int draft) const {
   struct stat old = {};
-  return copyFile(source, draft) &&
+  return system::copyFile(source, draft) &&
          ::fstatat(folder_.number(), target_.filename().c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 &&
          ::fchmod(draft, old.st_mode & permissionBits) == 0 && ::fsync(draft) == 0;
 }

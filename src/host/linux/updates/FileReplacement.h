@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "core/Descriptor.h"
-#include "host/linux/Result.h"
+#include "system/Descriptor.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -14,24 +14,24 @@ namespace tarnwell::host_linux::updates {
 class FileReplacement {
  public:
   /// `target` is a file that exists, and no link to one.
-  static Result<FileReplacement> create(const std::filesystem::path& target);
+  static system::Result<FileReplacement> create(const std::filesystem::path& target);
   FileReplacement(FileReplacement&&) = default;
   FileReplacement& operator=(FileReplacement&&) = delete;
   ~FileReplacement();
 
   /// With what `source` holds from its start to its end. The new file has the old one's permissions, but never lends
   /// its owner's rights. Blocks for as long as copying takes.
-  std::optional<Failure> run(int source) const;
+  std::optional<system::Failure> run(int source) const;
 
  private:
-  FileReplacement(std::filesystem::path target, core::Descriptor folder);
+  FileReplacement(std::filesystem::path target, system::Descriptor folder);
 
-  core::Descriptor newDraft() const;
+  system::Descriptor newDraft() const;
   bool fill(int source, int draft) const;
   bool takePlace(int draft) const;
 
   std::filesystem::path target_;
-  core::Descriptor folder_;
+  system::Descriptor folder_;
   std::string draftName_;  // Nobody else's.
 };
 

@@ -16,9 +16,9 @@
 #include <string_view>
 #include <utility>
 
-#include "core/ProcessDescriptor.h"
-#include "core/RequiredDescriptor.h"
-#include "core/SystemFault.h"
+#include "system/ProcessDescriptor.h"
+#include "system/RequiredDescriptor.h"
+#include "system/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -35,8 +35,8 @@ constexpr int stopPatience = 50;
 constexpr int endPatience = 1000;
 
 struct WordPipe {
-  core::Descriptor reading;
-  core::Descriptor writing;
+  system::Descriptor reading;
+  system::Descriptor writing;
 };
 
 WordPipe makeWordPipe() {
@@ -44,8 +44,8 @@ WordPipe makeWordPipe() {
   if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
     return {};
   }
-  return {.reading = core::aboveStandardStreams(core::Descriptor(ends[0])),
-          .writing = core::aboveStandardStreams(core::Descriptor(ends[1]))};
+  return {.reading = system::aboveStandardStreams(system::Descriptor(ends[0])),
+          .writing = system::aboveStandardStreams(system::Descriptor(ends[1]))};
 }
 
 bool ends(int process, int milliseconds) {
@@ -97,23 +97,23 @@ void takeDefaultSignals() {
   ::_exit(isSaid ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-std::optional<Failure> outcomeOf(int reading) {
+std::optional<system::Failure> outcomeOf(int reading) {
   std::array<char, longestWord> bytes = {};
   const ssize_t count = ::read(reading, bytes.data(), bytes.size());
   const std::string_view word(bytes.data(), count < 0 ? 0 : static_cast<std::size_t>(count));
   if (word == std::string_view(&doneMark, 1)) {
     return std::nullopt;
   }
-  return Failure{word.starts_with(failedMark)
-                     ? std::string(word.substr(1))
-                     : "The work on the update was interrupted before it was done. Try again."};
+  return system::Failure{word.starts_with(failedMark)
+                             ? std::string(word.substr(1))
+                             : "The work on the update was interrupted before it was done. Try again."};
 }
 
 }  // namespace
 
 class ForkedWorker::Copy final : public Worker::Job {
  public:
-  Copy(ForkedWorker& worker, core::Descriptor reading, core::Descriptor process, Ended ended)
+  Copy(ForkedWorker& worker, system::Descriptor reading, system::Descriptor process, Ended ended)
       : worker_(worker), reading_(std::move(reading)), process_(std::move(process)), ended_(std::move(ended)) {}
   Copy(const Copy&) = delete;
   Copy& operator=(const Copy&) = delete;
@@ -127,12 +127,12 @@ class ForkedWorker::Copy final : public Worker::Job {
   friend class ForkedWorker;
 
   ForkedWorker& worker_;
-  core::Descriptor reading_;
-  core::Descriptor process_;
+  system::Descriptor reading_;
+  system::Descriptor process_;
   Ended ended_;
 };
 
-ForkedWorker::ForkedWorker() : events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch work")) {}
+ForkedWorker::ForkedWorker() : events_(system::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch work")) {}
 
 ForkedWorker::~ForkedWorker() {
   while (!buried_.empty()) {
@@ -147,7 +147,7 @@ ForkedWorker::~ForkedWorker() {
 std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
   WordPipe pipe = makeWordPipe();
   if (pipe.reading.isEmpty() || pipe.writing.isEmpty()) {
-    core::systemFault("begin work", errno);
+    system::systemFault("begin work", errno);
   }
   const pid_t original = ::getpid();
   pid_t process = -1;
@@ -159,7 +159,7 @@ std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
     }
   }
   // Where there is no copy, nobody is left who could write: it ends without a word.
-  core::Descriptor descriptor = process > 0 ? core::processDescriptor(process) : core::Descriptor();
+  system::Descriptor descriptor = process > 0 ? system::processDescriptor(process) : system::Descriptor();
   if (process > 0 && descriptor.isEmpty()) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
@@ -207,7 +207,7 @@ void ForkedWorker::stop(Copy& copy) {
 
 // Usually it is gone at once, and whoever stopped it can clear away what it was at. Only a disk that does not answer
 // holds it longer.
-void ForkedWorker::bury(core::Descriptor process) {
+void ForkedWorker::bury(system::Descriptor process) {
   const int number = process.number();
   watch(number);
   buried_.emplace(number, std::move(process));
@@ -226,7 +226,7 @@ void ForkedWorker::reap(int process) {
 void ForkedWorker::watch(int number) const {
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    core::systemFault("watch work", errno);
+    system::systemFault("watch work", errno);
   }
 }
 

@@ -2,8 +2,8 @@
 
 #include <map>
 
-#include "core/Descriptor.h"
 #include "host/linux/updates/Worker.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -31,12 +31,12 @@ class ForkedWorker final : public Worker {
   void forget(int number) const;
   void finish(Copy& copy);
   void stop(Copy& copy);
-  void bury(core::Descriptor process);
+  void bury(system::Descriptor process);
   void reap(int process);
 
-  core::Descriptor events_;
-  std::map<int, Copy*> copies_;             // By the descriptor on which they tell how it went.
-  std::map<int, core::Descriptor> buried_;  // Over, or killed, and not yet seen to have ended.
+  system::Descriptor events_;
+  std::map<int, Copy*> copies_;               // By the descriptor on which they tell how it went.
+  std::map<int, system::Descriptor> buried_;  // Over, or killed, and not yet seen to have ended.
 };
 
 }  // namespace tarnwell::host_linux::updates

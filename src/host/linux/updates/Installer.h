@@ -3,10 +3,10 @@
 #include <functional>
 #include <memory>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/FeedItem.h"
 #include "host/linux/updates/HandOver.h"
 #include "host/linux/updates/PackageFile.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -21,14 +21,14 @@ class Installer {
     virtual ~Installation() = default;
   };
 
-  using Handed = std::function<void(Result<HandOver>)>;
+  using Handed = std::function<void(system::Result<HandOver>)>;
 
   virtual ~Installer() = default;
 
   /// Returns why the package is nothing for this system, which trying again does not change. Otherwise `handed` is
   /// called once, later, from the event loop. The package must stay until then.
-  virtual Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
-                                                        Handed handed) = 0;
+  virtual system::Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
+                                                                Handed handed) = 0;
 };
 
 }  // namespace tarnwell::host_linux::updates

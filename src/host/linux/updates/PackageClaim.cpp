@@ -3,13 +3,13 @@
 namespace tarnwell::host_linux::updates {
 namespace {
 
-Failure untrusted(const std::string& reason) { return {"The update cannot be trusted: " + reason + "."}; }
+system::Failure untrusted(const std::string& reason) { return {"The update cannot be trusted: " + reason + "."}; }
 
 }  // namespace
 
-Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
+system::Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
   const auto signature = Signature::parse(item.enclosure.signature);
-  if (const auto* failure = std::get_if<Failure>(&signature)) {
+  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
     return untrusted(failure->message);
   }
   if (item.enclosure.length == 0) {

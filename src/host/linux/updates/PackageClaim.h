@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/FeedItem.h"
 #include "host/linux/updates/Signature.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -14,7 +14,7 @@ struct PackageClaim {
   static constexpr std::uint64_t maximumLength = 512ULL * 1024 * 1024;  // Bytes.
 
   /// Refuses an item that leaves anything out, as a sentence for people.
-  static Result<PackageClaim> create(const FeedItem& item);
+  static system::Result<PackageClaim> create(const FeedItem& item);
 
   std::string address = {};
   std::uint64_t length = 0;  // Bytes; at least 1.

@@ -8,13 +8,13 @@
 #include <string>
 #include <string_view>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/PackageClaim.h"
 #include "host/linux/updates/PackageFile.h"
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/Transport.h"
 #include "host/linux/updates/Worker.h"
 #include "kit/turn/Action.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -35,12 +35,12 @@ class PackageDownload {
     /// All of it has come, and is looked at.
     kit::Action verifying = {};
     /// Called once. A failure is a sentence for people.
-    std::function<void(Result<PackageFile>)> finished = {};
+    std::function<void(system::Result<PackageFile>)> finished = {};
   };
 
   /// Returns why it could not even begin. Transport and worker are borrowed.
-  static Result<std::unique_ptr<PackageDownload>> start(Transport& transport, Worker& worker, Order order,
-                                                        Listener listener);
+  static system::Result<std::unique_ptr<PackageDownload>> start(Transport& transport, Worker& worker, Order order,
+                                                                Listener listener);
   PackageDownload(const PackageDownload&) = delete;
   PackageDownload& operator=(const PackageDownload&) = delete;
 
@@ -48,16 +48,16 @@ class PackageDownload {
   PackageDownload(Worker& worker, Order order, PackageFile file, Listener listener);
 
   bool take(std::string_view bytes);
-  void arrive(const std::optional<Failure>& transportFailure);
-  std::optional<Failure> flaw() const;
-  std::optional<Failure> foreignVersion() const;
-  void finish(const std::optional<Failure>& failure);
+  void arrive(const std::optional<system::Failure>& transportFailure);
+  std::optional<system::Failure> flaw() const;
+  std::optional<system::Failure> foreignVersion() const;
+  void finish(const std::optional<system::Failure>& failure);
 
   Worker& worker_;
   Order order_;
   PackageFile file_;
   Listener listener_;
-  std::optional<Failure> refusal_;
+  std::optional<system::Failure> refusal_;
   std::unique_ptr<Transport::Transfer> transfer_;
   std::unique_ptr<Worker::Job> verification_;
 };

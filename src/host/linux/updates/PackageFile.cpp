@@ -8,8 +8,8 @@
 #include <system_error>
 #include <utility>
 
-#include "host/linux/WriteAll.h"
-#include "host/linux/updates/CopyFile.h"
+#include "system/CopyFile.h"
+#include "system/WriteAll.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -21,51 +21,51 @@ constexpr mode_t namedMode = 0400;
 /// Of a file for the moment in which it has one.
 constexpr const char* passingName = ".package";
 
-Failure failure(const std::string& what) { return {what + ": " + std::generic_category().message(errno)}; }
+system::Failure failure(const std::string& what) { return {what + ": " + std::generic_category().message(errno)}; }
 
 std::string draftOf(const std::string& name) { return "." + name + ".draft"; }
 
 // Not every file system has files without a name.
-core::Descriptor namelessFile(int folder) {
-  core::Descriptor file(::openat(folder, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
+system::Descriptor namelessFile(int folder) {
+  system::Descriptor file(::openat(folder, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
   if (file.isEmpty() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     ::unlinkat(folder, passingName, 0);
-    file =
-        core::Descriptor(::openat(folder, passingName, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
+    file = system::Descriptor(
+        ::openat(folder, passingName, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
     ::unlinkat(folder, passingName, 0);
   }
-  return core::aboveStandardStreams(std::move(file));
+  return system::aboveStandardStreams(std::move(file));
 }
 
 }  // namespace
 
-PackageFile::PackageFile(PrivateFolder folder, core::Descriptor file)
+PackageFile::PackageFile(system::PrivateFolder folder, system::Descriptor file)
     : folder_(std::move(folder)), file_(std::move(file)) {}
 
-Result<PackageFile> PackageFile::create(const fs::path& folder) {
-  auto made = PrivateFolder::make(folder);
-  if (auto* refused = std::get_if<Failure>(&made)) {
+system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
+  auto made = system::PrivateFolder::make(folder);
+  if (auto* refused = std::get_if<system::Failure>(&made)) {
     return std::move(*refused);
   }
-  auto& opened = std::get<PrivateFolder>(made);
-  core::Descriptor file = namelessFile(opened.descriptor());
+  auto& opened = std::get<system::PrivateFolder>(made);
+  system::Descriptor file = namelessFile(opened.descriptor());
   if (file.isEmpty()) {
     return failure("cannot keep a download in " + folder.string());
   }
   return PackageFile(std::move(opened), std::move(file));
 }
 
-std::optional<Failure> PackageFile::append(std::string_view bytes) {
-  if (!writeAll(file_.number(), bytes)) {
+std::optional<system::Failure> PackageFile::append(std::string_view bytes) {
+  if (!system::writeAll(file_.number(), bytes)) {
     return failure("cannot keep the download");
   }
   length_ += bytes.size();
   return std::nullopt;
 }
 
-Result<fs::path> PackageFile::giveName(const std::string& name) const {
+system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
   if (name.empty() || name.front() == '.' || name.find('/') != std::string::npos) {
-    return Failure{"\"" + name + "\" is no name for a package"};
+    return system::Failure{"\"" + name + "\" is no name for a package"};
   }
   if (::fchmod(file_.number(), namedMode) != 0) {
     return failure("cannot protect the package");
@@ -74,18 +74,18 @@ Result<fs::path> PackageFile::giveName(const std::string& name) const {
   ::futimens(file_.number(), nullptr);
   const std::string draft = draftOf(name);
   ::unlinkat(folder_.descriptor(), draft.c_str(), 0);
-  core::Descriptor copied;
+  system::Descriptor copied;
   if (!link(draft, name)) {
     auto made = copy(draft, name);
-    if (auto* refused = std::get_if<Failure>(&made)) {
+    if (auto* refused = std::get_if<system::Failure>(&made)) {
       return std::move(*refused);
     }
-    copied = std::get<core::Descriptor>(std::move(made));
+    copied = std::get<system::Descriptor>(std::move(made));
   }
   // Whoever opens the package goes by its path.
   if (!folder_.leadsTo(name, copied.isEmpty() ? file_.number() : copied.number())) {
     removeName(name);
-    return Failure{"another file was put in the place of the package in " + folder_.path().string()};
+    return system::Failure{"another file was put in the place of the package in " + folder_.path().string()};
   }
   return placeOf(name);
 }
@@ -104,15 +104,15 @@ bool PackageFile::link(const std::string& draft, const std::string& name) const 
 }
 
 /// Returns the copy.
-Result<core::Descriptor> PackageFile::copy(const std::string& draft, const std::string& name) const {
+system::Result<system::Descriptor> PackageFile::copy(const std::string& draft, const std::string& name) const {
   const int folder = folder_.descriptor();
-  core::Descriptor named(
+  system::Descriptor named(
       ::openat(folder, draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, namedMode));
-  if (!named.isEmpty() && copyFile(file_.number(), named.number()) &&
+  if (!named.isEmpty() && system::copyFile(file_.number(), named.number()) &&
       ::renameat(folder, draft.c_str(), folder, name.c_str()) == 0) {
     return named;
   }
-  Failure reason = failure("cannot copy the package");
+  system::Failure reason = failure("cannot copy the package");
   ::unlinkat(folder, draft.c_str(), 0);
   return reason;
 }

@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "host/linux/BaseFolders.h"
-#include "host/linux/updates/PrivateFolder.h"
+#include "system/PrivateFolder.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -24,18 +24,18 @@ std::chrono::system_clock::time_point timeOf(const struct stat& status) {
 
 }  // namespace
 
-Result<fs::path> packageFolder() {
+system::Result<fs::path> packageFolder() {
   const fs::path base = cacheFolder();
   if (base.empty()) {
-    return Failure{"neither XDG_CACHE_HOME nor HOME names a folder for downloads"};
+    return system::Failure{"neither XDG_CACHE_HOME nor HOME names a folder for downloads"};
   }
   return base / "tarnwell" / "updates";
 }
 
 void removePackages(const fs::path& folder, std::chrono::system_clock::time_point time) {
   // A link could lead to any folder of the user's.
-  const auto opened = PrivateFolder::open(folder);
-  const auto* found = std::get_if<PrivateFolder>(&opened);
+  const auto opened = system::PrivateFolder::open(folder);
+  const auto* found = std::get_if<system::PrivateFolder>(&opened);
   DIR* entries = found != nullptr ? ::fdopendir(::fcntl(found->descriptor(), F_DUPFD_CLOEXEC, 0)) : nullptr;
   if (entries == nullptr) {
     return;

@@ -3,13 +3,13 @@
 #include <chrono>
 #include <filesystem>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// Where downloads lie: "tarnwell/updates" in XDG_CACHE_HOME or, where that is unset or not absolute, in ~/.cache. It
 /// is the updater's alone.
-Result<std::filesystem::path> packageFolder();
+system::Result<std::filesystem::path> packageFolder();
 
 /// Removes the packages that got their names before `time`. A folder that is not there, or that is somebody else's, is
 /// left alone.

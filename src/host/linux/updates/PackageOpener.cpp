@@ -10,10 +10,10 @@
 #include <csignal>
 #include <utility>
 
-#include "core/ProcessDescriptor.h"
-#include "core/RequiredDescriptor.h"
-#include "core/SystemFault.h"
 #include "host/linux/StartProgram.h"
+#include "system/ProcessDescriptor.h"
+#include "system/RequiredDescriptor.h"
+#include "system/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -24,23 +24,23 @@ constexpr const char* watching = "watch an installation";
 
 PackageOpener::PackageOpener(std::chrono::milliseconds patience)
     : patience_(patience),
-      events_(core::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), watching)),
-      timer_(core::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), watching)) {
+      events_(system::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), watching)),
+      timer_(system::requiredDescriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), watching)) {
   watch(timer_.number());
 }
 
-std::optional<Failure> PackageOpener::open(const std::filesystem::path& file, Opened opened) {
+std::optional<system::Failure> PackageOpener::open(const std::filesystem::path& file, Opened opened) {
   const auto started = startProgram({"xdg-open", file.string()});
-  if (const auto* failure = std::get_if<Failure>(&started)) {
-    return Failure{"The package could not be opened: " + failure->message +
-                   ". Install the program, which is in the package xdg-utils, and try again."};
+  if (const auto* failure = std::get_if<system::Failure>(&started)) {
+    return system::Failure{"The package could not be opened: " + failure->message +
+                           ". Install the program, which is in the package xdg-utils, and try again."};
   }
   const pid_t process = std::get<pid_t>(started);
-  core::Descriptor child = core::processDescriptor(process);
+  system::Descriptor child = system::processDescriptor(process);
   if (child.isEmpty()) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
-    return Failure{"It cannot be told whether the package was opened. Try again."};
+    return system::Failure{"It cannot be told whether the package was opened. Try again."};
   }
   opened_ = std::move(opened);
   awaited_ = child.number();
@@ -60,7 +60,7 @@ void PackageOpener::dispatch() {
   std::array<epoll_event, 4> events{};
   const int count = ::epoll_wait(events_.number(), events.data(), static_cast<int>(events.size()), 0);
   bool isTold = false;
-  std::optional<Failure> outcome;
+  std::optional<system::Failure> outcome;
   for (int index = 0; index < count; ++index) {
     const int number = events.at(static_cast<std::size_t>(index)).data.fd;
     const bool isAwaited = number == awaited_;
@@ -86,7 +86,7 @@ void PackageOpener::setTimer(std::chrono::milliseconds time) const {
   ::timerfd_settime(timer_.number(), 0, &due, nullptr);
 }
 
-std::optional<Failure> PackageOpener::endOf(int child) {
+std::optional<system::Failure> PackageOpener::endOf(int child) {
   siginfo_t info = {};
   const bool isSeen = ::waitid(P_PIDFD, static_cast<id_t>(child), &info, WEXITED | WNOHANG) == 0;
   // Out of the set before it is closed: a set keeps what is still open elsewhere, and would report it for ever.
@@ -99,17 +99,17 @@ std::optional<Failure> PackageOpener::endOf(int child) {
   if (info.si_code == CLD_EXITED && info.si_status == 0) {
     return std::nullopt;
   }
-  return Failure{"No program on this system opens Debian packages. Install one that does, and try again."};
+  return system::Failure{"No program on this system opens Debian packages. Install one that does, and try again."};
 }
 
 void PackageOpener::watch(int number) const {
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    core::systemFault(watching, errno);
+    system::systemFault(watching, errno);
   }
 }
 
-void PackageOpener::tell(std::optional<Failure> failure) {
+void PackageOpener::tell(std::optional<system::Failure> failure) {
   const Opened opened = std::exchange(opened_, nullptr);
   stopWaiting();
   if (opened) {

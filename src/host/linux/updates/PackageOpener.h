@@ -6,21 +6,21 @@
 #include <map>
 #include <optional>
 
-#include "core/Descriptor.h"
-#include "host/linux/Result.h"
+#include "system/Descriptor.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// Gives files to the program that opens them on this desktop, one at a time.
 class PackageOpener {
  public:
-  using Opened = std::function<void(std::optional<Failure>)>;
+  using Opened = std::function<void(std::optional<system::Failure>)>;
 
   /// How long the desktop has to say that it cannot open a file. Some stay with it until the user is done.
   explicit PackageOpener(std::chrono::milliseconds patience);
 
   /// Returns why it could not even begin, as a sentence for people. Otherwise `opened` is called once, from `dispatch`.
-  std::optional<Failure> open(const std::filesystem::path& file, Opened opened);
+  std::optional<system::Failure> open(const std::filesystem::path& file, Opened opened);
   /// Nothing is called any more. What was given to the desktop stays with it.
   void stopWaiting();
 
@@ -31,14 +31,14 @@ class PackageOpener {
 
  private:
   void setTimer(std::chrono::milliseconds time) const;
-  std::optional<Failure> endOf(int child);
+  std::optional<system::Failure> endOf(int child);
   void watch(int number) const;
-  void tell(std::optional<Failure> failure);
+  void tell(std::optional<system::Failure> failure);
 
   std::chrono::milliseconds patience_;
-  core::Descriptor events_;
-  core::Descriptor timer_;
-  std::map<int, core::Descriptor> children_;
+  system::Descriptor events_;
+  system::Descriptor timer_;
+  std::map<int, system::Descriptor> children_;
   int awaited_ = -1;  // Among the children.
   Opened opened_;
 };

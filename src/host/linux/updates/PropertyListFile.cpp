@@ -13,12 +13,12 @@
 #include <string>
 #include <system_error>
 
-#include "core/CNumericLocale.h"
-#include "core/Descriptor.h"
-#include "host/linux/MakeFolders.h"
-#include "host/linux/ReplaceFile.h"
 #include "host/linux/updates/Report.h"
 #include "host/linux/updates/WholePropertyList.h"
+#include "system/CNumericLocale.h"
+#include "system/Descriptor.h"
+#include "system/MakeFolders.h"
+#include "system/ReplaceFile.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -28,12 +28,12 @@ namespace fs = std::filesystem;
 constexpr std::size_t largestFile = 1024UL * 1024;  // Bytes; a few hundred are usual.
 constexpr int mostFilesSetAside = 1000;
 
-Failure systemFailure(const std::string& what, const fs::path& path) {
+system::Failure systemFailure(const std::string& what, const fs::path& path) {
   return {what + " " + path.string() + ": " + std::system_category().message(errno)};
 }
 
-Failure unlocked(const std::string& what, const fs::path& path) {
-  return errno == EWOULDBLOCK ? Failure{what + " " + path.string() + ": another program does not let go of it"}
+system::Failure unlocked(const std::string& what, const fs::path& path) {
+  return errno == EWOULDBLOCK ? system::Failure{what + " " + path.string() + ": another program does not let go of it"}
                               : systemFailure(what, path);
 }
 
@@ -41,7 +41,7 @@ PropertyList parsed(const std::string& text) {
   if (text.size() > largestFile || !isWholePropertyList(text)) {
     return nullptr;
   }
-  const core::CNumericLocale locale;
+  const system::CNumericLocale locale;
   plist_t node = nullptr;
   plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &node);
   PropertyList list(node);
@@ -49,7 +49,7 @@ PropertyList parsed(const std::string& text) {
 }
 
 std::string textOf(plist_t dictionary) {
-  const core::CNumericLocale locale;
+  const system::CNumericLocale locale;
   char* bytes = nullptr;
   std::uint32_t length = 0;
   plist_to_xml(dictionary, &bytes, &length);
@@ -59,7 +59,7 @@ std::string textOf(plist_t dictionary) {
 }
 
 /// One byte more than the largest file shows that there is more.
-Result<std::string> contentOf(int descriptor, const fs::path& path) {
+system::Result<std::string> contentOf(int descriptor, const fs::path& path) {
   std::string content;
   std::array<char, 65536> buffer = {};
   while (content.size() <= largestFile) {
@@ -76,17 +76,18 @@ Result<std::string> contentOf(int descriptor, const fs::path& path) {
 }
 
 /// No list stands for a damaged file.
-Result<PropertyList> loaded(const fs::path& path) {
-  const core::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+system::Result<PropertyList> loaded(const fs::path& path) {
+  const system::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.isEmpty()) {
-    return errno == ENOENT ? Result<PropertyList>(PropertyList(plist_new_dict())) : systemFailure("cannot read", path);
+    return errno == ENOENT ? system::Result<PropertyList>(PropertyList(plist_new_dict()))
+                           : systemFailure("cannot read", path);
   }
   struct stat status = {};
   if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    return Failure{"cannot read " + path.string() + ": it is not a file"};
+    return system::Failure{"cannot read " + path.string() + ": it is not a file"};
   }
   const auto content = contentOf(file.number(), path);
-  if (const auto* failure = std::get_if<Failure>(&content)) {
+  if (const auto* failure = std::get_if<system::Failure>(&content)) {
     return *failure;
   }
   return parsed(std::get<std::string>(content));
@@ -106,12 +107,12 @@ bool takes(int lock) {
 
 /// Held as long as the descriptor is open. Others have it for a moment; who holds it longer, for a second, gets no more
 /// of the main thread's time. Empty, with errno set, when there is no lock to be had.
-core::Descriptor locked(const fs::path& path) {
+system::Descriptor locked(const fs::path& path) {
   const fs::path lock = path.parent_path() / ("." + path.filename().string() + ".lock");
-  if (!makeFolders(path.parent_path())) {
+  if (!system::makeFolders(path.parent_path())) {
     return {};
   }
-  core::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
+  system::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
   if (!file.isEmpty() && !takes(file.number())) {
     const int error = errno;
     file.close();
@@ -121,30 +122,30 @@ core::Descriptor locked(const fs::path& path) {
 }
 
 /// Gives the file a second name, so that there is no moment without it. Returns that name.
-Result<fs::path> namedAside(const fs::path& path) {
+system::Result<fs::path> namedAside(const fs::path& path) {
   for (int number = 1; number <= mostFilesSetAside; ++number) {
     fs::path aside = path.string() + ".damaged-" + std::to_string(number);
     if (::link(path.c_str(), aside.c_str()) == 0) {
-      report(Failure{path.string() + " is damaged; it is kept as " + aside.string()});
+      report(system::Failure{path.string() + " is damaged; it is kept as " + aside.string()});
       return aside;
     }
     if (errno != EEXIST) {
       return systemFailure("cannot set aside", path);
     }
   }
-  return Failure{"cannot set aside " + path.string() + ": there are too many damaged ones"};
+  return system::Failure{"cannot set aside " + path.string() + ": there are too many damaged ones"};
 }
 
-std::optional<Failure> setAside(const fs::path& path) {
+std::optional<system::Failure> setAside(const fs::path& path) {
   const auto aside = namedAside(path);
-  if (const auto* failure = std::get_if<Failure>(&aside)) {
+  if (const auto* failure = std::get_if<system::Failure>(&aside)) {
     return *failure;
   }
   return ::unlink(path.c_str()) == 0 ? std::nullopt : std::optional(systemFailure("cannot set aside", path));
 }
 
 /// What is stored; a damaged file is out of the way afterwards. Only for who holds the lock.
-Result<PropertyList> mended(const fs::path& path) {
+system::Result<PropertyList> mended(const fs::path& path) {
   auto list = loaded(path);
   const auto* dictionary = std::get_if<PropertyList>(&list);
   if (dictionary == nullptr || *dictionary != nullptr) {
@@ -156,8 +157,8 @@ Result<PropertyList> mended(const fs::path& path) {
   return PropertyList(plist_new_dict());
 }
 
-Result<PropertyList> mendedUnderLock(const fs::path& path) {
-  const core::Descriptor lock = locked(path);
+system::Result<PropertyList> mendedUnderLock(const fs::path& path) {
+  const system::Descriptor lock = locked(path);
   return lock.isEmpty() ? unlocked("cannot read", path) : mended(path);
 }
 
@@ -168,25 +169,25 @@ PropertyList PropertyListFile::dictionary() const {
   if (const auto* found = std::get_if<PropertyList>(&list); found != nullptr && *found == nullptr) {
     list = mendedUnderLock(path_);
   }
-  if (const auto* failure = std::get_if<Failure>(&list)) {
+  if (const auto* failure = std::get_if<system::Failure>(&list)) {
     report(*failure);
     return PropertyList(plist_new_dict());
   }
   return std::get<PropertyList>(std::move(list));
 }
 
-std::optional<Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
-  const core::Descriptor lock = locked(path_);
+std::optional<system::Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
+  const system::Descriptor lock = locked(path_);
   if (lock.isEmpty()) {
     return unlocked("cannot write", path_);
   }
   const auto list = mended(path_);
-  if (const auto* failure = std::get_if<Failure>(&list)) {
+  if (const auto* failure = std::get_if<system::Failure>(&list)) {
     return *failure;
   }
   plist_t dictionary = std::get<PropertyList>(list).get();
   change(dictionary);
-  return replaceFile(path_, textOf(dictionary));
+  return system::replaceFile(path_, textOf(dictionary));
 }
 
 }  // namespace tarnwell::host_linux::updates

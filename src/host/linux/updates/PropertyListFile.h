@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -30,7 +30,7 @@ class PropertyListFile {
 
   /// Stores what `change` makes of what is stored, while no other process does the same. Returns why not, and has
   /// changed nothing then.
-  std::optional<Failure> update(const std::function<void(plist_t dictionary)>& change) const;
+  std::optional<system::Failure> update(const std::function<void(plist_t dictionary)>& change) const;
 
  private:
   std::filesystem::path path_;

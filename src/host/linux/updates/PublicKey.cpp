@@ -27,22 +27,22 @@ bool isReduced(std::array<unsigned char, PublicKey::length> coordinate) {
 
 }  // namespace
 
-Result<PublicKey> PublicKey::parse(std::string_view base64) {
+system::Result<PublicKey> PublicKey::parse(std::string_view base64) {
   if (!isCryptoLibraryReady()) {
-    return Failure{"the library that verifies signatures cannot be started"};
+    return system::Failure{"the library that verifies signatures cannot be started"};
   }
   PublicKey key;
   if (base64.empty()) {
-    return Failure{"the key is missing"};
+    return system::Failure{"the key is missing"};
   }
   if (!decodeBase64(base64, key.bytes_)) {
-    return Failure{"the key is not 32 bytes in base64"};
+    return system::Failure{"the key is not 32 bytes in base64"};
   }
   if (!isReduced(key.bytes_)) {
-    return Failure{"the key is not in its canonical form"};
+    return system::Failure{"the key is not in its canonical form"};
   }
   if (crypto_core_ed25519_is_valid_point(key.bytes_.data()) == 0) {
-    return Failure{"the key is weak or no key at all"};
+    return system::Failure{"the key is weak or no key at all"};
   }
   return key;
 }

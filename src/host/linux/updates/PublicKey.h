@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -14,7 +14,7 @@ class PublicKey {
 
   /// From base64. Starts the library that verifies, so that whoever has a key can. Refuses all but the canonical
   /// spelling of a point in the group of prime order: with any other, a signature could hold for more than one message.
-  static Result<PublicKey> parse(std::string_view base64);
+  static system::Result<PublicKey> parse(std::string_view base64);
 
   const std::array<unsigned char, length>& bytes() const { return bytes_; }
 

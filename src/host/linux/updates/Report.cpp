@@ -12,11 +12,11 @@ constexpr std::size_t longestReport = 6000;
 
 }  // namespace
 
-void report(const Failure& failure) {
+void report(const system::Failure& failure) {
   diagnostics::printErrorLine("tarnwell: " + plainLine(failure.message, longestReport));
 }
 
-void report(const std::optional<Failure>& failure) {
+void report(const std::optional<system::Failure>& failure) {
   if (failure) {
     report(*failure);
   }

@@ -2,13 +2,13 @@
 
 #include <optional>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
 /// Says on standard error, in one line, what went wrong where nobody can be shown it.
-void report(const Failure& failure);
+void report(const system::Failure& failure);
 /// The same when something went wrong.
-void report(const std::optional<Failure>& failure);
+void report(const std::optional<system::Failure>& failure);
 
 }  // namespace tarnwell::host_linux::updates

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "host/linux/updates/Base64.h"
-#include "host/linux/updates/MappedFile.h"
+#include "system/MappedFile.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -25,33 +25,33 @@ bool isBelowGroupOrder(const unsigned char* half) {
 
 }  // namespace
 
-Result<Signature> Signature::parse(std::string_view base64) {
+system::Result<Signature> Signature::parse(std::string_view base64) {
   Signature signature;
   if (base64.empty()) {
-    return Failure{"the signature is missing"};
+    return system::Failure{"the signature is missing"};
   }
   if (!decodeBase64(base64, signature.bytes_)) {
-    return Failure{"the signature is not 64 bytes in base64"};
+    return system::Failure{"the signature is not 64 bytes in base64"};
   }
   if (!isBelowGroupOrder(signature.bytes_.data() + groupOrder.size())) {
-    return Failure{"the signature is not in its canonical form"};
+    return system::Failure{"the signature is not in its canonical form"};
   }
   return signature;
 }
 
 // The algorithm wants the whole message at once. The file is mapped rather than copied: its pages are in the cache, as
 // it was just written, and half a gigabyte of our own could be more than there is.
-std::optional<Failure> Signature::verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const {
-  const auto mapped = MappedFile::create(descriptor);
-  if (const auto* failure = std::get_if<Failure>(&mapped)) {
+std::optional<system::Failure> Signature::verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const {
+  const auto mapped = system::MappedFile::create(descriptor);
+  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
     return *failure;
   }
-  const auto& file = std::get<MappedFile>(mapped);
+  const auto& file = std::get<system::MappedFile>(mapped);
   if (file.length() != fileLength) {
-    return Failure{"the file does not have the length that it should have"};
+    return system::Failure{"the file does not have the length that it should have"};
   }
   if (crypto_sign_verify_detached(bytes_.data(), file.bytes(), file.length(), key.bytes().data()) != 0) {
-    return Failure{"the signature does not belong to this file and key"};
+    return system::Failure{"the signature does not belong to this file and key"};
   }
   return std::nullopt;
 }

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "host/linux/Result.h"
 #include "host/linux/updates/PublicKey.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -16,11 +16,11 @@ class Signature {
   static constexpr std::size_t length = 64;  // Bytes.
 
   /// From base64. Refuses a second half that is not reduced, with which one signature could be made from another.
-  static Result<Signature> parse(std::string_view base64);
+  static system::Result<Signature> parse(std::string_view base64);
 
   /// Returns nothing only when the file behind `descriptor` is `fileLength` bytes long and this is its signature by the
   /// owner of `key`. Blocks for as long as reading the file takes. The file must not change meanwhile.
-  std::optional<Failure> verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const;
+  std::optional<system::Failure> verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const;
 
  private:
   Signature() = default;

@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "core/RequiredDescriptor.h"
-#include "core/SystemFault.h"
+#include "system/RequiredDescriptor.h"
+#include "system/SystemFault.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -27,7 +27,8 @@ itimerspec at(Alarm::Clock::time_point time) {
 }  // namespace
 
 TimerAlarm::TimerAlarm()
-    : timer_(core::requiredDescriptor(::timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {}
+    : timer_(system::requiredDescriptor(::timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {
+}
 
 void TimerAlarm::set(Clock::time_point time, kit::Action action) {
   time_ = time;
@@ -63,7 +64,7 @@ void TimerAlarm::arm() {
   // The call reports, too, that the clock was set since the last one; the timer is armed all the same.
   if (::timerfd_settime(timer_.number(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &due, nullptr) != 0 &&
       errno != ECANCELED) {
-    core::systemFault("set a timer", errno);
+    system::systemFault("set a timer", errno);
   }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/Descriptor.h"
 #include "host/linux/updates/Alarm.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -22,7 +22,7 @@ class TimerAlarm final : public Alarm {
  private:
   void arm();
 
-  core::Descriptor timer_;
+  system::Descriptor timer_;
   Clock::time_point time_ = {};
   kit::Action action_;
 };

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -31,7 +31,7 @@ class Transport {
 
   /// Returns false to end the transfer, which then finishes with no failure of its own.
   using Received = std::function<bool(std::string_view bytes)>;
-  using Finished = std::function<void(std::optional<Failure>)>;
+  using Finished = std::function<void(std::optional<system::Failure>)>;
 
   virtual ~Transport() = default;
 

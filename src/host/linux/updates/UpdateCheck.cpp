@@ -76,9 +76,9 @@ void UpdateCheck::start() {
                                        [this](const auto& feed) { take(feed); });
 }
 
-void UpdateCheck::take(const Result<std::vector<FeedItem>>& feed) {
+void UpdateCheck::take(const system::Result<std::vector<FeedItem>>& feed) {
   const auto again = [this] { start(); };
-  if (const auto* failure = std::get_if<Failure>(&feed)) {
+  if (const auto* failure = std::get_if<system::Failure>(&feed)) {
     fail(*failure, again);
     return;
   }
@@ -112,7 +112,7 @@ void UpdateCheck::takeItem(FeedItem item) {
     return;
   }
   const auto claim = PackageClaim::create(item_);
-  if (const auto* failure = std::get_if<Failure>(&claim)) {
+  if (const auto* failure = std::get_if<system::Failure>(&claim)) {
     fail(*failure, [this] { start(); });
   } else if (origin_ == Origin::schedule && setting_.preferences.automaticDownloads()) {
     download();
@@ -144,8 +144,8 @@ void UpdateCheck::download() {
       {.claim = claim, .key = setting_.key, .version = item_.version, .folder = setting_.configuration.packageFolder},
       {.progress = [this](std::uint64_t received) { takeProgress(received); },
        .verifying = [this] { enter(Stage::verifying); },
-       .finished = [this](Result<PackageFile> package) { takePackage(std::move(package)); }});
-  if (const auto* failure = std::get_if<Failure>(&started)) {
+       .finished = [this](system::Result<PackageFile> package) { takePackage(std::move(package)); }});
+  if (const auto* failure = std::get_if<system::Failure>(&started)) {
     fail(*failure, [this] { download(); });
   } else {
     download_ = std::get<std::unique_ptr<PackageDownload>>(std::move(started));
@@ -159,8 +159,8 @@ void UpdateCheck::takeProgress(std::uint64_t received) {
   }
 }
 
-void UpdateCheck::takePackage(Result<PackageFile> package) {
-  if (const auto* failure = std::get_if<Failure>(&package)) {
+void UpdateCheck::takePackage(system::Result<PackageFile> package) {
+  if (const auto* failure = std::get_if<system::Failure>(&package)) {
     fail(*failure, [this] { download(); });
     return;
   }
@@ -182,17 +182,17 @@ void UpdateCheck::answerReady(Choice choice) {
 void UpdateCheck::install() {
   enter(Stage::installing);
   installation_.reset();
-  auto begun = setting_.ports.installer.install(item_, *package_,
-                                                [this](const Result<HandOver>& result) { takeHandOver(result); });
-  if (const auto* failure = std::get_if<Failure>(&begun)) {
+  auto begun = setting_.ports.installer.install(
+      item_, *package_, [this](const system::Result<HandOver>& result) { takeHandOver(result); });
+  if (const auto* failure = std::get_if<system::Failure>(&begun)) {
     fail(*failure, {});
   } else {
     installation_ = std::get<std::unique_ptr<Installer::Installation>>(std::move(begun));
   }
 }
 
-void UpdateCheck::takeHandOver(const Result<HandOver>& result) {
-  if (const auto* failure = std::get_if<Failure>(&result)) {
+void UpdateCheck::takeHandOver(const system::Result<HandOver>& result) {
+  if (const auto* failure = std::get_if<system::Failure>(&result)) {
     fail(*failure, [this] { install(); });
     return;
   }
@@ -202,7 +202,7 @@ void UpdateCheck::takeHandOver(const Result<HandOver>& result) {
   enter(Stage::handedOver);
 }
 
-void UpdateCheck::fail(const Failure& failure, kit::Action retry) {
+void UpdateCheck::fail(const system::Failure& failure, kit::Action retry) {
   if (origin_ == Origin::schedule) {
     report(failure);
     end();

@@ -54,17 +54,17 @@ class UpdateCheck {
   using Choice = UserDriver::Choice;
   using Origin = UserDriver::Origin;
 
-  void take(const Result<std::vector<FeedItem>>& feed);
+  void take(const system::Result<std::vector<FeedItem>>& feed);
   void takeItem(FeedItem item);
   void sayUpToDate();
   void answerFound(Choice choice);
   void download();
   void takeProgress(std::uint64_t received);
-  void takePackage(Result<PackageFile> package);
+  void takePackage(system::Result<PackageFile> package);
   void answerReady(Choice choice);
   void install();
-  void takeHandOver(const Result<HandOver>& result);
-  void fail(const Failure& failure, kit::Action retry);
+  void takeHandOver(const system::Result<HandOver>& result);
+  void fail(const system::Failure& failure, kit::Action retry);
   void skip();
   void enter(Stage stage);
   void show();

@@ -16,7 +16,7 @@ std::string obstacleIn(const UpdaterConfiguration& configuration) {
     return "This build of Tarnwell has no update feed, so it cannot look for a newer version.";
   }
   const auto key = PublicKey::parse(configuration.publicKey);
-  if (const auto* failure = std::get_if<Failure>(&key)) {
+  if (const auto* failure = std::get_if<system::Failure>(&key)) {
     return "This build of Tarnwell cannot verify a newer version: " + failure->message + ".";
   }
   return {};

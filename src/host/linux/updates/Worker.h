@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "host/linux/Result.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux::updates {
 
@@ -20,8 +20,8 @@ class Worker {
 
   /// Returns why it could not be done, as a sentence for people. What it does to files stays; what it does to memory is
   /// lost.
-  using Work = std::function<std::optional<Failure>()>;
-  using Ended = std::function<void(std::optional<Failure>)>;
+  using Work = std::function<std::optional<system::Failure>()>;
+  using Ended = std::function<void(std::optional<system::Failure>)>;
 
   virtual ~Worker() = default;
 

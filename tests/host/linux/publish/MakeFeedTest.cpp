@@ -6,7 +6,6 @@
 #include <future>
 #include <set>
 
-#include "core/Descriptor.h"
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/WaitFor.h"
@@ -17,6 +16,7 @@
 #include "host/linux/updates/PublicKey.h"
 #include "host/linux/updates/RealPackage.h"
 #include "host/linux/updates/Version.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::publish {
 namespace {
@@ -57,7 +57,7 @@ struct Publisher {
     updates::FeedReader reader;
     reader.feed(sandbox.read("feed.xml"));
     const auto items = reader.finish();
-    const auto* failure = std::get_if<Failure>(&items);
+    const auto* failure = std::get_if<system::Failure>(&items);
     EXPECT_EQ(failure, nullptr) << failure->message;
     return failure == nullptr ? std::get<Items>(items) : Items();
   }
@@ -66,7 +66,7 @@ struct Publisher {
   std::string refusalOf(const FeedItem& item, const std::string& name) const {
     const auto key = std::get<updates::PublicKey>(updates::PublicKey::parse(publicKey));
     const auto claim = std::get<updates::PackageClaim>(updates::PackageClaim::create(item));
-    const core::Descriptor file(::open((sandbox / name).c_str(), O_RDONLY | O_CLOEXEC));
+    const system::Descriptor file(::open((sandbox / name).c_str(), O_RDONLY | O_CLOEXEC));
     const auto failure = claim.signature.verify(key, file.number(), claim.length);
     return failure ? failure->message : "";
   }

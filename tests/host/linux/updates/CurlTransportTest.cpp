@@ -27,7 +27,7 @@ class CurlTransportTest : public testing::Test {
   struct Outcome {
     std::string bytes = {};
     bool isFinished = false;
-    std::optional<Failure> failure = {};
+    std::optional<system::Failure> failure = {};
   };
 
   CurlTransportTest() { transport_ = makeTransport({.userAgent = "Tarnwell/1.2", .authorities = server.authority()}); }
@@ -65,7 +65,7 @@ class CurlTransportTest : public testing::Test {
           outcome.bytes += bytes;
           return true;
         },
-        [this](const std::optional<Failure>& failure) {
+        [this](const std::optional<system::Failure>& failure) {
           EXPECT_FALSE(outcome.isFinished);
           outcome.isFinished = true;
           outcome.failure = failure;
@@ -207,7 +207,7 @@ TEST_F(CurlTransportTest, aTestAuthorityIsNothingToTheSystem) {
   std::string why;
   const auto transfer = other->get(
       {.address = server.address("/file/file"), .maximumLength = mebibyte}, [](std::string_view) { return true; },
-      [&](const std::optional<Failure>& failure) {
+      [&](const std::optional<system::Failure>& failure) {
         isFinished = true;
         why = failure ? failure->message : "";
       });
@@ -286,7 +286,7 @@ TEST_F(CurlTransportTest, whatGoesOnForTooLongEndsHoweverFastItIs) {
         outcome.bytes.assign(bytes);
         return true;
       },
-      [this](const std::optional<Failure>& failure) {
+      [this](const std::optional<system::Failure>& failure) {
         outcome.isFinished = true;
         outcome.failure = failure;
       });
@@ -305,7 +305,7 @@ TEST_F(CurlTransportTest, slowDripAndSilenceEndWithTheLimit) {
   for (const char* path : {"/drip/file", "/silent"}) {
     transfers.push_back(transport().get(
         {.address = server.address(path), .maximumLength = mebibyte}, [](std::string_view) { return true; },
-        [&](const std::optional<Failure>& failure) { reasons.push_back(failure ? failure->message : ""); }));
+        [&](const std::optional<system::Failure>& failure) { reasons.push_back(failure ? failure->message : ""); }));
   }
   EXPECT_TRUE(becomes([&] { return reasons.size() == 2; }));
   EXPECT_EQ(reasons, std::vector<std::string>(2, "The server localhost takes too long to answer."));
@@ -322,7 +322,7 @@ TEST_F(CurlTransportTest, aDestroyedTransferCallsNothing) {
   bool isFinished = false;
   const auto next = transport().get(
       {.address = server.address("/file/file"), .maximumLength = mebibyte}, [](std::string_view) { return true; },
-      [&](const std::optional<Failure>& /*failure*/) { isFinished = true; });
+      [&](const std::optional<system::Failure>& /*failure*/) { isFinished = true; });
   EXPECT_TRUE(becomes([&] { return isFinished; }));
   EXPECT_EQ(outcome.bytes, "");
   EXPECT_FALSE(outcome.isFinished);
@@ -331,10 +331,11 @@ TEST_F(CurlTransportTest, aDestroyedTransferCallsNothing) {
 TEST_F(CurlTransportTest, theReceiverMayStopOrDestroyTheTransfer) {
   server.serve("file", std::string(100'000, 'x'));
   int calls = 0;
-  std::optional<Failure> failure = Failure{"none yet"};
+  std::optional<system::Failure> failure = system::Failure{"none yet"};
   auto stopped = transport().get(
       {.address = server.address("/file/file"), .maximumLength = mebibyte},
-      [&](std::string_view) { return ++calls == 0; }, [&](const std::optional<Failure>& result) { failure = result; });
+      [&](std::string_view) { return ++calls == 0; },
+      [&](const std::optional<system::Failure>& result) { failure = result; });
   EXPECT_TRUE(becomes([&] { return !failure.has_value(); }));
   EXPECT_EQ(calls, 1);
 
@@ -346,7 +347,7 @@ TEST_F(CurlTransportTest, theReceiverMayStopOrDestroyTheTransfer) {
         destroyed.reset();
         return true;
       },
-      [](const std::optional<Failure>& /*failure*/) { ADD_FAILURE(); });
+      [](const std::optional<system::Failure>& /*failure*/) { ADD_FAILURE(); });
   EXPECT_TRUE(becomes([&] { return calls == 2; }));
   EXPECT_EQ(fetch(server.address("/file/file")).bytes.size(), 100'000U);
   EXPECT_EQ(calls, 2);
@@ -358,7 +359,7 @@ TEST_F(CurlTransportTest, whatIsCalledAtTheEndMayEndEverything) {
   bool isFinished = false;
   transfer = transport().get(
       {.address = server.address("/file/file"), .maximumLength = mebibyte}, [](std::string_view) { return true; },
-      [&](const std::optional<Failure>& /*failure*/) {
+      [&](const std::optional<system::Failure>& /*failure*/) {
         transfer.reset();
         drop();
         isFinished = true;
@@ -373,7 +374,7 @@ TEST_F(CurlTransportTest, transfersRunSideBySide) {
   for (int index = 0; index < 4; ++index) {
     transfers.push_back(transport().get(
         {.address = server.address("/slow/file"), .maximumLength = mebibyte}, [](std::string_view) { return true; },
-        [&](const std::optional<Failure>& failure) { finished += failure ? 0 : 1; }));
+        [&](const std::optional<system::Failure>& failure) { finished += failure ? 0 : 1; }));
   }
   EXPECT_TRUE(becomes([&] { return finished == 4; }));
 }

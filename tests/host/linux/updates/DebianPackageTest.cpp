@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "core/Descriptor.h"
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "host/linux/updates/RealPackage.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -22,10 +22,10 @@ namespace fs = std::filesystem;
 
 /// The version of a package with these bytes, or why there is none.
 std::string versionOf(const std::string& content) {
-  const core::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
   EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
   const auto version = debianVersion(file.number());
-  const auto* failure = std::get_if<Failure>(&version);
+  const auto* failure = std::get_if<system::Failure>(&version);
   return failure != nullptr ? failure->message : std::get<std::string>(version);
 }
 
@@ -84,7 +84,7 @@ TEST_F(DebianTool, hasToPrintOneVersionAndNothingElse) {
 }
 
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
-  const core::Descriptor secret(::memfd_create("secret", 0));
+  const system::Descriptor secret(::memfd_create("secret", 0));
   const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
   versionFrom("cat /proc/self/fd/3 >" + path("seen") + "; ls -l /proc/$$/fd >" + path("open") + "; echo \"$@\" >" +
               path("words"));

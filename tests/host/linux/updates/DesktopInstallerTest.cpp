@@ -63,8 +63,8 @@ class DesktopInstallerTest : public testing::Test {
     });
   }
 
-  static std::string textOf(const Result<HandOver>& result) {
-    if (const auto* failure = std::get_if<Failure>(&result)) {
+  static std::string textOf(const system::Result<HandOver>& result) {
+    if (const auto* failure = std::get_if<system::Failure>(&result)) {
       return failure->message;
     }
     return std::get<HandOver>(result) == HandOver::opened ? "opened" : "replaced";
@@ -74,9 +74,9 @@ class DesktopInstallerTest : public testing::Test {
   std::string outcomeOf(const PackageFile& file) {
     std::optional<std::string> outcome;
     const auto begun = installer->install({.title = "../evil", .enclosure = {.url = "https://x/evil.sh"}}, file,
-                                          [&](const Result<HandOver>& result) { outcome = textOf(result); });
+                                          [&](const system::Result<HandOver>& result) { outcome = textOf(result); });
     EXPECT_FALSE(outcome.has_value());
-    if (const auto* failure = std::get_if<Failure>(&begun)) {
+    if (const auto* failure = std::get_if<system::Failure>(&begun)) {
       return "for good: " + failure->message;
     }
     EXPECT_TRUE(becomes([&] { return outcome.has_value(); }));

@@ -15,8 +15,8 @@ namespace tarnwell::host_linux::updates {
 /// Takes what it is given; done when the test says so.
 class FakeInstaller final : public Installer {
  public:
-  Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
-                                                Handed handed) override {
+  system::Result<std::unique_ptr<Installation>> install(const FeedItem& item, const PackageFile& package,
+                                                        Handed handed) override {
     version = item.version;
     content = contentOf(package.descriptor());
     ++calls;
@@ -28,7 +28,7 @@ class FakeInstaller final : public Installer {
   }
 
   bool isBusy() const { return handed_ != nullptr && *handed_ != nullptr; }
-  void finish(Result<HandOver> result = HandOver::opened) {
+  void finish(system::Result<HandOver> result = HandOver::opened) {
     if (isBusy()) {
       const Handed handed = std::exchange(*handed_, nullptr);
       handed(std::move(result));
@@ -39,7 +39,7 @@ class FakeInstaller final : public Installer {
   std::string content = {};
   int calls = 0;
   /// Why it installs nothing.
-  std::optional<Failure> obstacle = {};
+  std::optional<system::Failure> obstacle = {};
 
  private:
   class FakeInstallation final : public Installation {

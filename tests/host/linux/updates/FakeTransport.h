@@ -32,12 +32,12 @@ class FakeTransport final : public Transport {
       return;
     }
     if (delivered_ > maximumLength_) {
-      finish(Failure{"The server sent more than it should."});
+      finish(system::Failure{"The server sent more than it should."});
     } else if (const Received received = line->received; !received(bytes)) {
       finish();
     }
   }
-  void finish(std::optional<Failure> failure = std::nullopt) {
+  void finish(std::optional<system::Failure> failure = std::nullopt) {
     delivered_ = 0;
     if (const auto line = line_; isBusy()) {
       const Finished finished = std::exchange(line->finished, nullptr);

@@ -32,12 +32,12 @@ int refuse(const Source& source, const std::string& reason) {
   const long before = peakMemory();
   const auto start = Clock::now();
   FeedReader reader;
-  std::optional<Failure> failure;
+  std::optional<system::Failure> failure;
   for (std::string_view piece = source(); !failure && !piece.empty(); piece = source()) {
     failure = reader.feed(piece);
   }
   const auto end = reader.finish();
-  const auto* refusal = std::get_if<Failure>(&end);
+  const auto* refusal = std::get_if<system::Failure>(&end);
   const std::string message = refusal != nullptr ? refusal->message : "accepted";
   const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
   const long growth = peakMemory() - before;

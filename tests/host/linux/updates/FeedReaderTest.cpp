@@ -9,7 +9,7 @@ namespace {
 
 using Items = std::vector<FeedItem>;
 
-Result<Items> read(const std::string& text) {
+system::Result<Items> read(const std::string& text) {
   FeedReader reader;
   if (const auto failure = reader.feed(text)) {
     return *failure;
@@ -19,7 +19,7 @@ Result<Items> read(const std::string& text) {
 
 Items itemsOf(const std::string& text) {
   const auto result = read(text);
-  if (const auto* failure = std::get_if<Failure>(&result)) {
+  if (const auto* failure = std::get_if<system::Failure>(&result)) {
     ADD_FAILURE() << failure->message;
     return {};
   }
@@ -34,7 +34,7 @@ FeedItem onlyItemOf(const std::string& content) {
 
 std::string refusalOf(const std::string& text) {
   const auto result = read(text);
-  const auto* failure = std::get_if<Failure>(&result);
+  const auto* failure = std::get_if<system::Failure>(&result);
   return failure != nullptr ? failure->message : "";
 }
 
@@ -193,7 +193,7 @@ TEST(FeedReader, staysWithItsFirstRefusal) {
   const auto again = reader.feed(feedOf("<item/>"));
   ASSERT_TRUE(again);
   EXPECT_EQ(again->message, "The update feed cannot be used: it is not a feed.");
-  EXPECT_EQ(std::get<Failure>(reader.finish()).message, again->message);
+  EXPECT_EQ(std::get<system::Failure>(reader.finish()).message, again->message);
 }
 
 TEST(FeedReader, takesAsMuchAsItsLimitsSay) {

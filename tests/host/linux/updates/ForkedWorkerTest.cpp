@@ -40,7 +40,7 @@ class ForkedWorkerTest : public testing::Test {
   /// What is told of `work`; "done" when it was done.
   std::string outcomeOf(const Worker::Work& work) {
     std::optional<std::string> outcome;
-    const auto job = worker->begin(work, [&outcome](const std::optional<Failure>& failure) {
+    const auto job = worker->begin(work, [&outcome](const std::optional<system::Failure>& failure) {
       EXPECT_FALSE(outcome);
       outcome = failure ? failure->message : "done";
     });
@@ -63,8 +63,8 @@ class ForkedWorkerTest : public testing::Test {
     };
   }
 
-  static std::optional<Failure> nothing() { return std::nullopt; }
-  static void unwanted(const std::optional<Failure>& /*failure*/) { ADD_FAILURE() << "nobody wants to know"; }
+  static std::optional<system::Failure> nothing() { return std::nullopt; }
+  static void unwanted(const std::optional<system::Failure>& /*failure*/) { ADD_FAILURE() << "nobody wants to know"; }
 
   static constexpr const char* interrupted = "The work on the update was interrupted before it was done. Try again.";
   fixtures::Sandbox sandbox;
@@ -73,10 +73,11 @@ class ForkedWorkerTest : public testing::Test {
 
 TEST_F(ForkedWorkerTest, tellsWhatWasDoneAndWhatWasNot) {
   EXPECT_EQ(outcomeOf(nothing), "done");
-  EXPECT_EQ(outcomeOf([] { return Failure{"it rained"}; }), "it rained");
-  EXPECT_EQ(outcomeOf([] { return Failure{""}; }), "");
-  EXPECT_EQ(outcomeOf([] { return Failure{"done"}; }), "done");
-  EXPECT_EQ(outcomeOf([] { return Failure{std::string(100'000, 'x')}; }).find_first_not_of('x'), std::string::npos);
+  EXPECT_EQ(outcomeOf([] { return system::Failure{"it rained"}; }), "it rained");
+  EXPECT_EQ(outcomeOf([] { return system::Failure{""}; }), "");
+  EXPECT_EQ(outcomeOf([] { return system::Failure{"done"}; }), "done");
+  EXPECT_EQ(outcomeOf([] { return system::Failure{std::string(100'000, 'x')}; }).find_first_not_of('x'),
+            std::string::npos);
   EXPECT_TRUE(becomes([] { return !hasChildren(); }));
 }
 
@@ -93,8 +94,8 @@ TEST_F(ForkedWorkerTest, worksInAnotherProcess) {
 }
 
 TEST_F(ForkedWorkerTest, nothingButItsWordCounts) {
-  EXPECT_EQ(outcomeOf([]() -> std::optional<Failure> { ::_exit(0); }), interrupted);
-  EXPECT_EQ(outcomeOf([]() -> std::optional<Failure> { ::_exit(1); }), interrupted);
+  EXPECT_EQ(outcomeOf([]() -> std::optional<system::Failure> { ::_exit(0); }), interrupted);
+  EXPECT_EQ(outcomeOf([]() -> std::optional<system::Failure> { ::_exit(1); }), interrupted);
   for (const int signal : {SIGKILL, SIGTERM, SIGSEGV}) {
     EXPECT_EQ(outcomeOf([signal] {
                 ::raise(signal);
@@ -108,12 +109,12 @@ TEST_F(ForkedWorkerTest, nothingButItsWordCounts) {
 TEST_F(ForkedWorkerTest, survivesAFileThatIsCutShortWhileItIsRead) {
   const int file = ::memfd_create("package", MFD_CLOEXEC);
   ASSERT_EQ(::ftruncate(file, 8192), 0);
-  EXPECT_EQ(outcomeOf([file]() -> std::optional<Failure> {
+  EXPECT_EQ(outcomeOf([file]() -> std::optional<system::Failure> {
               const auto* bytes = static_cast<const char*>(::mmap(nullptr, 8192, PROT_READ, MAP_SHARED, file, 0));
               if (::ftruncate(file, 0) != 0 || bytes[5000] == 0) {
                 return std::nullopt;
               }
-              return Failure{"read what is not there"};
+              return system::Failure{"read what is not there"};
             }),
             interrupted);
   ::close(file);
@@ -160,7 +161,7 @@ TEST_F(ForkedWorkerTest, doesSeveralThingsAtOnce) {
   constexpr int several = 20;
   jobs.reserve(several);
   for (int number = 0; number < several; ++number) {
-    jobs.push_back(worker->begin([number] { return Failure{std::to_string(number)}; },
+    jobs.push_back(worker->begin([number] { return system::Failure{std::to_string(number)}; },
                                  [&told](const auto& failure) { told.push_back(failure->message); }));
   }
   EXPECT_TRUE(becomes([&] { return told.size() == jobs.size(); }));
@@ -191,7 +192,8 @@ TEST_F(ForkedWorkerTest, isIdleWhenThereIsNothingToDo) {
 TEST_F(ForkedWorkerTest, worksWhereEndsOfChildrenAreIgnored) {
   EXPECT_EQ(fixtures::exitStatusOf([&] {
               ::signal(SIGCHLD, SIG_IGN);
-              const bool isRight = outcomeOf(nothing) == "done" && outcomeOf([] { return Failure{"no"}; }) == "no";
+              const bool isRight =
+                  outcomeOf(nothing) == "done" && outcomeOf([] { return system::Failure{"no"}; }) == "no";
               return isRight ? 0 : 1;
             }),
             0);

@@ -39,7 +39,7 @@ class PackageFileTest : public testing::Test {
 
   std::string refusal() {
     const auto created = PackageFile::create(folder);
-    const auto* failure = std::get_if<Failure>(&created);
+    const auto* failure = std::get_if<system::Failure>(&created);
     return failure == nullptr ? "" : failure->message;
   }
 
@@ -119,7 +119,7 @@ TEST_F(PackageFileTest, somebodyElsesFolderIsRefused) {
 TEST_F(PackageFileTest, namesStayInTheFolder) {
   PackageFile package = create();
   for (const char* name : {"", ".", "..", "../x", "a/b", "/etc/x", ".hidden"}) {
-    EXPECT_TRUE(std::holds_alternative<Failure>(package.giveName(name))) << name;
+    EXPECT_TRUE(std::holds_alternative<system::Failure>(package.giveName(name))) << name;
   }
   EXPECT_TRUE(fs::is_empty(folder));
 }
@@ -132,7 +132,7 @@ TEST_F(PackageFileTest, aFileThatCannotBeNamedIsCopied) {
   ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("one")));
   fs::remove(folder / "one");
   const auto named = package.giveName("two");
-  ASSERT_TRUE(std::holds_alternative<fs::path>(named)) << std::get<Failure>(named).message;
+  ASSERT_TRUE(std::holds_alternative<fs::path>(named)) << std::get<system::Failure>(named).message;
   EXPECT_EQ(sandbox.read("cache/tarnwell/updates/two"), content);
   EXPECT_EQ(modeOf(folder / "two"), 0400U);
   EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
@@ -190,7 +190,7 @@ TEST_F(PackageFileTest, theFolderIsInTheCacheOfTheUser) {
   const fixtures::EnvironmentScope cache("XDG_CACHE_HOME", "relative");
   EXPECT_EQ(std::get<fs::path>(packageFolder()), "/home/somebody/.cache/tarnwell/updates");
   const fixtures::EnvironmentScope nowhere("HOME", "");
-  EXPECT_TRUE(std::holds_alternative<Failure>(packageFolder()));
+  EXPECT_TRUE(std::holds_alternative<system::Failure>(packageFolder()));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ using Bytes = std::array<unsigned char, PublicKey::length>;
 
 std::string refusalOf(std::string_view base64) {
   const auto result = PublicKey::parse(base64);
-  const auto* failure = std::get_if<Failure>(&result);
+  const auto* failure = std::get_if<system::Failure>(&result);
   return failure != nullptr ? failure->message : "";
 }
 

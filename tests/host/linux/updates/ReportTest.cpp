@@ -9,7 +9,7 @@ namespace {
 
 std::string reported(const std::string& message) {
   testing::internal::CaptureStderr();
-  report(Failure{message});
+  report(system::Failure{message});
   return testing::internal::GetCapturedStderr();
 }
 
@@ -22,7 +22,7 @@ TEST(Report, hasABearableLength) { EXPECT_LT(reported(std::string(1'000'000, 'x'
 
 TEST(Report, saysNothingOfWhatWentWell) {
   testing::internal::CaptureStderr();
-  report(std::optional<Failure>());
+  report(std::optional<system::Failure>());
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 

@@ -7,9 +7,9 @@
 
 #include <vector>
 
-#include "core/Descriptor.h"
 #include "fixtures/Sandbox.h"
 #include "host/linux/updates/SigningKey.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -20,25 +20,25 @@ constexpr const char* notThisFileAndKey = "the signature does not belong to this
 
 std::string parseRefusalOf(std::string_view base64) {
   const auto result = Signature::parse(base64);
-  const auto* failure = std::get_if<Failure>(&result);
+  const auto* failure = std::get_if<system::Failure>(&result);
   return failure != nullptr ? failure->message : "";
 }
 
-core::Descriptor fileOf(const std::string& content) {
-  core::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+system::Descriptor fileOf(const std::string& content) {
+  system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
   EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
   return file;
 }
 
 /// Why `signature` is refused for a file of this content; empty when it is not.
 std::string refusalOf(std::string_view signature, const std::string& content, std::string_view key) {
-  const core::Descriptor file = fileOf(content);
+  const system::Descriptor file = fileOf(content);
   const auto parsedKey = PublicKey::parse(key);
   const auto parsed = Signature::parse(signature);
-  if (const auto* failure = std::get_if<Failure>(&parsedKey)) {
+  if (const auto* failure = std::get_if<system::Failure>(&parsedKey)) {
     return failure->message;
   }
-  if (const auto* failure = std::get_if<Failure>(&parsed)) {
+  if (const auto* failure = std::get_if<system::Failure>(&parsed)) {
     return failure->message;
   }
   const auto failure =
@@ -166,7 +166,7 @@ TEST(Signature, overTheHashOfAFileIsNoSignatureOverTheFile) {
 
 TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {
   const SigningKey key;
-  const core::Descriptor file = fileOf(package());
+  const system::Descriptor file = fileOf(package());
   const auto signature = std::get<Signature>(Signature::parse(key.signatureOf(package())));
   const auto publicKey = std::get<PublicKey>(PublicKey::parse(key.publicText()));
   EXPECT_FALSE(signature.verify(publicKey, file.number(), package().size()));
@@ -184,7 +184,7 @@ TEST(Signature, doesNotHoldForWhatCannotBeRead) {
   EXPECT_TRUE(signature.verify(publicKey, -1, 0));
   const fixtures::Sandbox sandbox;
   sandbox.write("package", "text");
-  const core::Descriptor writeOnly(::open((sandbox / "package").c_str(), O_WRONLY | O_CLOEXEC));
+  const system::Descriptor writeOnly(::open((sandbox / "package").c_str(), O_WRONLY | O_CLOEXEC));
   const auto failure = signature.verify(publicKey, writeOnly.number(), 4);
   ASSERT_TRUE(failure);
   EXPECT_EQ(failure->message, "cannot read the file: Permission denied");

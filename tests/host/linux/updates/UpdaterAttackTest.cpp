@@ -125,8 +125,8 @@ TEST(UpdaterAttack, aNetworkThatDeliversTooMuchIsNotBelieved) {
                               .folder = sandbox / "packages"},
                              {.progress = [](std::uint64_t) {},
                               .finished =
-                                  [&told](const Result<PackageFile>& result) {
-                                    const auto* failure = std::get_if<Failure>(&result);
+                                  [&told](const system::Result<PackageFile>& result) {
+                                    const auto* failure = std::get_if<system::Failure>(&result);
                                     told = failure != nullptr ? failure->message : "accepted";
                                   }});
   ASSERT_TRUE(std::holds_alternative<std::unique_ptr<PackageDownload>>(download));

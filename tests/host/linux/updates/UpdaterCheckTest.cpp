@@ -161,7 +161,7 @@ TEST(UpdaterCheck, canBeCancelledAtEachStage) {
 TEST(UpdaterCheck, showsAFailureAndTriesAgain) {
   UpdaterStage stage;
   stage.launch().checkForUpdates();
-  stage.transport.finish(Failure{"The server cannot be reached."});
+  stage.transport.finish(system::Failure{"The server cannot be reached."});
   EXPECT_EQ(stage.driver.screen, "failure: The server cannot be reached.");
   EXPECT_FALSE(stage.updater->canCheckForUpdates());
   stage.driver.retry();
@@ -185,7 +185,7 @@ TEST(UpdaterCheck, downloadsAgainAfterAFailure) {
   stage.ask(stage.feed("2.0"));
   stage.driver.choose(Choice::install);
   stage.transport.deliver("package of");
-  stage.transport.finish(Failure{"The connection was lost."});
+  stage.transport.finish(system::Failure{"The connection was lost."});
   EXPECT_EQ(stage.driver.screen, "failure: The connection was lost.");
   stage.driver.retry();
   EXPECT_EQ(stage.driver.screen, "downloading 2.0");
@@ -199,7 +199,7 @@ TEST(UpdaterCheck, handsOverAgainAfterAFailure) {
   stage.launch();
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);
-  stage.installer.finish(Failure{"No installer was found."});
+  stage.installer.finish(system::Failure{"No installer was found."});
   EXPECT_EQ(stage.driver.screen, "failure: No installer was found.");
   stage.driver.retry();
   EXPECT_EQ(stage.installer.calls, 2);
@@ -210,7 +210,7 @@ TEST(UpdaterCheck, handsOverAgainAfterAFailure) {
 
 TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
   UpdaterStage stage;
-  stage.installer.obstacle = Failure{"Nothing can be installed here."};
+  stage.installer.obstacle = system::Failure{"Nothing can be installed here."};
   stage.launch();
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);

@@ -12,12 +12,12 @@
 #include <functional>
 #include <vector>
 
-#include "core/Descriptor.h"
 #include "fixtures/CommaLocale.h"
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -273,7 +273,8 @@ TEST(UpdaterPreferences, loseNothingOnAFullDisk) {
 TEST(UpdaterPreferences, doNotWaitForWhoDoesNotLetGo) {
   const Setting setting;
   EXPECT_FALSE(setting.preferences.setSkippedVersion("1.0"));
-  const core::Descriptor lock(::open((setting.file.parent_path() / ".updates.plist.lock").c_str(), O_RDWR | O_CLOEXEC));
+  const system::Descriptor lock(
+      ::open((setting.file.parent_path() / ".updates.plist.lock").c_str(), O_RDWR | O_CLOEXEC));
   ASSERT_EQ(::flock(lock.number(), LOCK_EX), 0);
   const auto failure = setting.preferences.setSkippedVersion("2.0");
   ASSERT_TRUE(failure);

@@ -157,7 +157,7 @@ TEST(UpdaterSchedule, isSilentWhenItFails) {
   stage.launch();
   testing::internal::CaptureStderr();
   stage.alarm.pass(hours(24));
-  stage.transport.finish(Failure{"The server cannot be reached."});
+  stage.transport.finish(system::Failure{"The server cannot be reached."});
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "tarnwell: The server cannot be reached.\n");
   EXPECT_TRUE(stage.driver.journal.empty());
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
@@ -213,7 +213,7 @@ TEST(UpdaterSchedule, downloadsSilentlyWhereThatIsWanted) {
   EXPECT_EQ(stage.driver.journal, std::vector<std::string>{"ready 2.0 unasked"});
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.installer.content, "package of 2.0");
-  stage.installer.finish(Failure{"No installer was found."});
+  stage.installer.finish(system::Failure{"No installer was found."});
   EXPECT_EQ(stage.driver.screen, "failure: No installer was found.");
 }
 

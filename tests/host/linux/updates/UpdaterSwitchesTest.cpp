@@ -2,8 +2,8 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-#include "core/Descriptor.h"
 #include "host/linux/updates/UpdaterStage.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::host_linux::updates {
 namespace {
@@ -31,7 +31,7 @@ class Writes {
   }
 
  private:
-  core::Descriptor events_;
+  system::Descriptor events_;
 };
 
 TEST(UpdaterSwitches, areWrittenOnceEach) {
