@@ -18,6 +18,8 @@ FakePortal::FakePortal(const std::string& busAddress)
   connection_.registerService("org.freedesktop.portal.Desktop");
 }
 
+FakePortal::~FakePortal() { QDBusConnection::disconnectFromBus(connection_.name()); }
+
 QVariant FakePortal::color(double red, double green, double blue) {
   QDBusArgument argument;
   argument.beginStructure();

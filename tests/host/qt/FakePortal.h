@@ -13,6 +13,10 @@ namespace tarnwell::host_qt {
 class FakePortal final : public QDBusVirtualObject {
  public:
   explicit FakePortal(const std::string& busAddress);
+  FakePortal(const FakePortal&) = delete;
+  FakePortal& operator=(const FakePortal&) = delete;
+  /// The portal leaves the bus.
+  ~FakePortal() override;
 
   static QVariant color(double red, double green, double blue);
 

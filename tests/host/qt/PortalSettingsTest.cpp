@@ -6,7 +6,11 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -18,11 +22,10 @@
 #include "host/qt/QtApplication.h"
 #include "host/qt/Stranger.h"
 
-// Each test has a process of its own: the toolkit keeps its first connection to a bus.
 namespace tarnwell::host_qt {
 namespace {
 
-std::unique_ptr<QtApplication> started() {
+std::unique_ptr<QtApplication> makeApplication() {
   static std::string name = "test";
   static std::array<char*, 2> arguments = {name.data(), nullptr};
   return QtApplication::create(1, arguments.data());
@@ -30,6 +33,9 @@ std::unique_ptr<QtApplication> started() {
 
 /// Longer than any answer takes, however busy the machine is.
 constexpr std::chrono::seconds wait{60};
+constexpr QColor red(0xff, 0, 0);
+constexpr QColor green(0, 0xff, 0);
+constexpr QColor blue(0, 0, 0xff);
 
 /// What asks the portal, and how long the start waits for it.
 struct Start {
@@ -41,21 +47,6 @@ struct Start {
   bool isOver = false;
   kit::Subscription waiting = first.whenOver([this] { isOver = true; });
 };
-
-bool waitForTheme(const Theme& theme, const std::function<bool(const Theme&)>& condition) {
-  return fixtures::waitFor([&] {
-    QApplication::processEvents();
-    return condition(theme);
-  });
-}
-
-bool becomes(const Theme& theme, ColorScheme scheme) {
-  return waitForTheme(theme, [scheme](const Theme& now) { return now.colorScheme() == scheme; });
-}
-
-bool hasAccent(const Theme& theme, const QColor& color) {
-  return waitForTheme(theme, [&color](const Theme& now) { return now.palette().accent == color; });
-}
 
 QVariant variant(const QVariant& value) { return QVariant::fromValue(QDBusVariant(value)); }
 
@@ -83,194 +74,193 @@ QVariantList strangeValues() {
           wrapped(40, 1U)};
 }
 
-TEST(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              FakePortal portal(bus.address());
-              portal.set("color-scheme", 1U);
-              const Start start(*application);
-              Theme& theme = application->host().theme();
-              const bool dark = becomes(theme, ColorScheme::dark);
-              portal.change("color-scheme", 2U);
-              const bool light = becomes(theme, ColorScheme::light);
-              portal.change("color-scheme", 1U);
-              return dark && light && becomes(theme, ColorScheme::dark) ? 0 : 1;
-            }),
-            0);
+/// A desktop with a portal, and what asks it.
+struct Desktop {
+  void start(std::chrono::milliseconds longestWait = wait) { started_.emplace(*application, longestWait); }
+  bool isStarted() const { return started_->isOver; }
+
+  static bool becomes(const std::function<bool()>& condition) {
+    return fixtures::waitFor([&condition] {
+      QApplication::processEvents();
+      return condition();
+    });
+  }
+  bool hasScheme(ColorScheme scheme) const {
+    return becomes([&] { return theme.colorScheme() == scheme; });
+  }
+  bool hasAccent(const QColor& color) const {
+    return becomes([&] { return theme.palette().accent == color; });
+  }
+  bool hasGround(const QColor& color) const {
+    return becomes([&] { return theme.palette().window == color; });
+  }
+
+  const PrivateBus bus;
+  const std::unique_ptr<QtApplication> application = makeApplication();
+  const Theme& theme = application->host().theme();
+  std::optional<FakePortal> portal{std::in_place, bus.address()};
+
+ private:
+  std::optional<Start> started_;
+};
+
+/// Each scenario has a process of its own: the toolkit keeps its first connection to a bus.
+class PortalSettingsTest : public testing::Test {
+ protected:
+  static void inOwnProcess(const std::function<void()>& scenario) {
+    EXPECT_EQ(fixtures::exitStatusOf([&scenario] {
+                scenario();
+                return HasFailure() ? 1 : 0;
+              }),
+              0);
+  }
+
+  static void onDesktop(const std::function<void(Desktop&)>& scenario) {
+    inOwnProcess([&scenario] {
+      Desktop desktop;
+      scenario(desktop);
+    });
+  }
+};
+
+TEST_F(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("color-scheme", 1U);
+    desktop.start();
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
+    desktop.portal->change("color-scheme", 2U);
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::light));
+    desktop.portal->change("color-scheme", 1U);
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
+  });
 }
 
-TEST(PortalSettingsTest, takesTheAccentColour) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              FakePortal portal(bus.address());
-              portal.set("accent-color", FakePortal::color(1, 0, 0));
-              const Start start(*application);
-              Theme& theme = application->host().theme();
-              const bool red = waitForTheme(
-                  theme, [](const Theme& now) { return now.palette().accent == QColor::fromRgbF(1, 0, 0); });
-              portal.change("accent-color", FakePortal::color(-1, -1, -1));
-              const bool own =
-                  waitForTheme(theme, [](const Theme& now) { return now.palette().accent == Palette::light().accent; });
-              return red && own ? 0 : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, takesTheAccentColour) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
+    desktop.start();
+    EXPECT_TRUE(desktop.hasAccent(red));
+    desktop.portal->change("accent-color", FakePortal::color(-1, -1, -1));
+    EXPECT_TRUE(desktop.hasAccent(Palette::light().accent));
+  });
 }
 
-TEST(PortalSettingsTest, takesTheContrastAndFollowsIt) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              FakePortal portal(bus.address());
-              portal.set("contrast", 1U);
-              const Start start(*application);
-              const Theme& theme = application->host().theme();
-              const auto hasGround = [](const QColor& ground) {
-                return [ground](const Theme& now) { return now.palette().window == ground; };
-              };
-              const bool high = waitForTheme(theme, hasGround(Qt::white));
-              portal.change("contrast", 0U);
-              return high && waitForTheme(theme, hasGround(Palette::light().window)) ? 0 : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, takesTheContrastAndFollowsIt) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("contrast", 1U);
+    desktop.start();
+    EXPECT_TRUE(desktop.hasGround(Qt::white));
+    desktop.portal->change("contrast", 0U);
+    EXPECT_TRUE(desktop.hasGround(Palette::light().window));
+  });
 }
 
-TEST(PortalSettingsTest, answersAreInUseWhenTheWaitIsOver) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              FakePortal portal(bus.address());
-              portal.set("color-scheme", 1U);
-              portal.set("accent-color", FakePortal::color(1, 0, 0));
-              const Start start(*application);
-              const Theme& theme = application->host().theme();
-              return waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; }) &&
-                             theme.colorScheme() == ColorScheme::dark &&
-                             theme.palette().accent == QColor::fromRgbF(1, 0, 0)
-                         ? 0
-                         : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, answersAreInUseWhenTheWaitIsOver) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("color-scheme", 1U);
+    desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
+    desktop.start();
+    EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.isStarted(); }));
+    EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::dark);
+    EXPECT_EQ(desktop.theme.palette().accent, red);
+  });
 }
 
-TEST(PortalSettingsTest, onlyThePortalIsBelieved) {
-  EXPECT_EQ(
-      fixtures::exitStatusOf([] {
-        const PrivateBus bus;
-        const auto application = started();
-        FakePortal portal(bus.address());
-        portal.set("color-scheme", 2U);
-        portal.set("accent-color", FakePortal::color(1, 0, 0));
-        const Start start(*application);
-        const Theme& theme = application->host().theme();
-        const bool red = hasAccent(theme, QColor::fromRgbF(1, 0, 0));
-        const Stranger stranger;
-        stranger.emitSignal("/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged",
-                            {"org.freedesktop.appearance", "color-scheme", variant(1U)});
-        portal.change("accent-color", FakePortal::color(0, 0, 1));
-        return red && hasAccent(theme, QColor::fromRgbF(0, 0, 1)) && theme.colorScheme() == ColorScheme::light ? 0 : 1;
-      }),
-      0);
+TEST_F(PortalSettingsTest, onlyThePortalIsBelieved) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("color-scheme", 2U);
+    desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
+    desktop.start();
+    EXPECT_TRUE(desktop.hasAccent(red));
+    const Stranger stranger;
+    stranger.emitSignal("/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged",
+                        {"org.freedesktop.appearance", "color-scheme", variant(1U)});
+    desktop.portal->change("accent-color", FakePortal::color(0, 0, 1));
+    EXPECT_TRUE(desktop.hasAccent(blue));
+    EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::light);
+  });
 }
 
-TEST(PortalSettingsTest, anotherPortalMayTakeOver) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              auto first = std::make_unique<FakePortal>(bus.address());
-              first->set("color-scheme", 1U);
-              const Start start(*application);
-              const Theme& theme = application->host().theme();
-              const bool dark = becomes(theme, ColorScheme::dark);
-              first.reset();
-              FakePortal second(bus.address());
-              const bool light = waitForTheme(theme, [&second](const Theme& now) {
-                second.change("color-scheme", 2U);
-                return now.colorScheme() == ColorScheme::light;
-              });
-              return dark && light ? 0 : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, anotherPortalMayTakeOver) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("color-scheme", 1U);
+    desktop.start();
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
+    desktop.portal.reset();
+    desktop.portal.emplace(desktop.bus.address());
+    EXPECT_TRUE(Desktop::becomes([&desktop] {
+      desktop.portal->change("color-scheme", 2U);
+      return desktop.theme.colorScheme() == ColorScheme::light;
+    }));
+  });
 }
 
-TEST(PortalSettingsTest, signalsOfAnotherTypeAreLeftAlone) {
-  EXPECT_EQ(
-      fixtures::exitStatusOf([] {
-        const PrivateBus bus;
-        const auto application = started();
-        FakePortal portal(bus.address());
-        portal.set("color-scheme", 1U);
-        portal.set("accent-color", FakePortal::color(1, 0, 0));
-        const Start start(*application);
-        const Theme& theme = application->host().theme();
-        const bool known = becomes(theme, ColorScheme::dark) && hasAccent(theme, QColor::fromRgbF(1, 0, 0));
-        const QString space = "org.freedesktop.appearance";
-        for (const QVariant& value : strangeValues()) {
-          portal.change("color-scheme", value);
-          portal.change("accent-color", value);
-          portal.tell({space, "color-scheme", value});
-        }
-        portal.change("color-scheme", FakePortal::color(1, 0, 0));
-        portal.change("accent-color", 2U);
-        portal.tell({});
-        portal.tell({space});
-        portal.tell({space, 1, variant(2U)});
-        portal.tell({space, "color-scheme", variant(2U), "more"});
-        portal.tell({"example.other", "color-scheme", variant(2U)});
-        portal.change("accent-color", FakePortal::color(0, 1, 0));
-        return known && hasAccent(theme, QColor::fromRgbF(0, 1, 0)) && theme.colorScheme() == ColorScheme::dark ? 0 : 1;
-      }),
-      0);
+TEST_F(PortalSettingsTest, signalsOfAnotherTypeAreLeftAlone) {
+  onDesktop([](Desktop& desktop) {
+    FakePortal& portal = *desktop.portal;
+    portal.set("color-scheme", 1U);
+    portal.set("accent-color", FakePortal::color(1, 0, 0));
+    desktop.start();
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
+    EXPECT_TRUE(desktop.hasAccent(red));
+    const QString space = "org.freedesktop.appearance";
+    for (const QVariant& value : strangeValues()) {
+      portal.change("color-scheme", value);
+      portal.change("accent-color", value);
+      portal.tell({space, "color-scheme", value});
+    }
+    portal.change("color-scheme", FakePortal::color(1, 0, 0));
+    portal.change("accent-color", 2U);
+    portal.tell({});
+    portal.tell({space});
+    portal.tell({space, 1, variant(2U)});
+    portal.tell({space, "color-scheme", variant(2U), "more"});
+    portal.tell({"example.other", "color-scheme", variant(2U)});
+    portal.change("accent-color", FakePortal::color(0, 1, 0));
+    EXPECT_TRUE(desktop.hasAccent(green));
+    EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::dark);
+  });
 }
 
-TEST(PortalSettingsTest, answersOfAnotherTypeAreNone) {
+TEST_F(PortalSettingsTest, answersOfAnotherTypeAreNone) {
   QList<QVariantList> answers = {{}, {"dark"}, {1U}, {variant(1U), variant(1U)}, {FakePortal::color(1, 0, 0)}};
   for (const QVariant& value : strangeValues()) {
     answers += QVariantList{variant(value)};
   }
   for (const QVariantList& answer : answers) {
-    EXPECT_EQ(fixtures::exitStatusOf([&answer] {
-                const PrivateBus bus;
-                const auto application = started();
-                FakePortal portal(bus.address());
-                portal.answerWith(answer);
-                const Start start(*application);
-                const Theme& theme = application->host().theme();
-                waitForTheme(theme, [&portal](const Theme& /*now*/) { return portal.questions() >= 3; });
-                portal.change("accent-color", FakePortal::color(0, 0, 1));
-                return hasAccent(theme, QColor::fromRgbF(0, 0, 1)) && theme.colorScheme() == ColorScheme::light ? 0 : 1;
-              }),
-              0)
-        << "answer " << answers.indexOf(answer);
+    SCOPED_TRACE(answers.indexOf(answer));
+    onDesktop([&answer](Desktop& desktop) {
+      desktop.portal->answerWith(answer);
+      desktop.start();
+      EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.portal->questions() >= 3; }));
+      desktop.portal->change("accent-color", FakePortal::color(0, 0, 1));
+      EXPECT_TRUE(desktop.hasAccent(blue));
+      EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::light);
+    });
   }
 }
 
-TEST(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const PrivateBus bus;
-              const auto application = started();
-              FakePortal portal(bus.address());
-              portal.setSilent();
-              const Start start(*application, std::chrono::milliseconds(100));
-              const Theme& theme = application->host().theme();
-              const bool over = waitForTheme(theme, [&start](const Theme& /*now*/) { return start.isOver; });
-              return over && portal.questions() == 3 && theme.colorScheme() == ColorScheme::light ? 0 : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->setSilent();
+    desktop.start(std::chrono::milliseconds(100));
+    EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.isStarted(); }));
+    EXPECT_EQ(desktop.portal->questions(), 3);
+    EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::light);
+  });
 }
 
-TEST(PortalSettingsTest, withoutABusTheDesktopsOwnColoursStay) {
-  EXPECT_EQ(fixtures::exitStatusOf([] {
-              const fixtures::Sandbox empty;
-              ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
-              ::setenv("XDG_RUNTIME_DIR", empty.path().c_str(), 1);
-              const auto application = started();
-              const Start start(*application);
-              QApplication::processEvents();
-              return start.isOver && application->host().theme().colorScheme() == ColorScheme::light ? 0 : 1;
-            }),
-            0);
+TEST_F(PortalSettingsTest, withoutABusTheDesktopsOwnColoursStay) {
+  inOwnProcess([] {
+    const fixtures::Sandbox empty;
+    ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    ::setenv("XDG_RUNTIME_DIR", empty.path().c_str(), 1);
+    const auto application = makeApplication();
+    const Start start(*application);
+    QApplication::processEvents();
+    EXPECT_TRUE(start.isOver);
+    EXPECT_EQ(application->host().theme().colorScheme(), ColorScheme::light);
+  });
 }
 
 }  // namespace
