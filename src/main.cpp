@@ -29,7 +29,7 @@
 #include "kit/application/Application.h"
 #include "kit/application/ApplicationId.h"
 #include "system/RunningExecutable.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell {
 namespace {

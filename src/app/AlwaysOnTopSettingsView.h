@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "view/HostingView.h"
-#include "view/Representable.h"
+#include "view/scenes/HostingView.h"
+#include "view/tree/Representable.h"
 
 namespace tarnwell::app {
 

@@ -3,9 +3,9 @@
 #include <tuple>
 
 #include "settingsaccess/OpenSettingsKey.h"
-#include "view/Composite.h"
-#include "view/Environment.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
+#include "view/tree/Composite.h"
+#include "view/tree/Environment.h"
 
 namespace tarnwell::app {
 

@@ -4,8 +4,8 @@
 #include "kit/application/Application.h"
 #include "kit/controls/Window.h"
 #include "updates/GeneralView.h"
-#include "view/SceneRunner.h"
-#include "view/TabView.h"
+#include "view/controls/TabView.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::app {
 namespace {

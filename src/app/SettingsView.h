@@ -4,9 +4,9 @@
 
 #include "app/Tabs.h"
 #include "updates/UpdaterEnv.h"
-#include "view/Composite.h"
-#include "view/ObservableObject.h"
-#include "view/State.h"
+#include "view/tree/Composite.h"
+#include "view/tree/ObservableObject.h"
+#include "view/tree/State.h"
 
 namespace tarnwell::app {
 

@@ -10,11 +10,11 @@
 #include "core/ProductPages.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
-#include "view/Button.h"
-#include "view/Divider.h"
-#include "view/Group.h"
-#include "view/Link.h"
-#include "view/Text.h"
+#include "view/controls/Button.h"
+#include "view/controls/Divider.h"
+#include "view/controls/Link.h"
+#include "view/controls/Text.h"
+#include "view/layout/Group.h"
 
 namespace tarnwell::app {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "updates/UpdaterEnv.h"
-#include "view/Scene.h"
+#include "view/scenes/Scene.h"
 
 namespace tarnwell::app {
 

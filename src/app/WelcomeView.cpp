@@ -2,7 +2,7 @@
 
 #include "kit/application/Application.h"
 #include "kit/application/SettingsShortcut.h"
-#include "view/Text.h"
+#include "view/controls/Text.h"
 
 namespace tarnwell::app {
 

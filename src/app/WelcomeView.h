@@ -5,7 +5,7 @@
 #include <string>
 
 #include "settingsaccess/OpenSettingsAccessAction.h"
-#include "view/Composite.h"
+#include "view/tree/Composite.h"
 
 namespace tarnwell::app {
 

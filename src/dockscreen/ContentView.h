@@ -3,9 +3,9 @@
 #include <tuple>
 
 #include "core/DockSettings.h"
-#include "view/Composite.h"
-#include "view/Environment.h"
-#include "view/StateObject.h"
+#include "view/tree/Composite.h"
+#include "view/tree/Environment.h"
+#include "view/tree/StateObject.h"
 
 namespace tarnwell::dockscreen {
 

@@ -5,7 +5,7 @@
 
 #include "kit/controls/Button.h"
 #include "kit/turn/Action.h"
-#include "view/Representable.h"
+#include "view/tree/Representable.h"
 
 namespace tarnwell::dockscreen {
 

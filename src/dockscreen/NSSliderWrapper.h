@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "kit/controls/Slider.h"
-#include "view/Binding.h"
-#include "view/Representable.h"
+#include "view/tree/Representable.h"
+#include "view/values/Binding.h"
 
 namespace tarnwell::dockscreen {
 

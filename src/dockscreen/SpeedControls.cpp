@@ -5,13 +5,13 @@
 #include "core/DecimalText.h"
 #include "dockscreen/NSSliderWrapper.h"
 #include "dockscreen/TwoDecimals.h"
-#include "view/Composite.h"
-#include "view/Label.h"
-#include "view/Spacer.h"
-#include "view/Stack.h"
-#include "view/Stepper.h"
-#include "view/Text.h"
-#include "view/TextField.h"
+#include "view/controls/Label.h"
+#include "view/controls/Stepper.h"
+#include "view/controls/Text.h"
+#include "view/controls/TextField.h"
+#include "view/layout/Spacer.h"
+#include "view/layout/Stack.h"
+#include "view/tree/Composite.h"
 
 namespace tarnwell::dockscreen {
 namespace {

@@ -3,10 +3,10 @@
 #include <string>
 #include <tuple>
 
-#include "view/Binding.h"
-#include "view/Environment.h"
-#include "view/EnvironmentKeys.h"
-#include "view/View.h"
+#include "view/tree/Environment.h"
+#include "view/values/Binding.h"
+#include "view/values/EnvironmentKeys.h"
+#include "view/values/View.h"
 
 namespace tarnwell::dockscreen {
 

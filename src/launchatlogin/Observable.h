@@ -1,7 +1,7 @@
 #pragma once
 
 #include "launchatlogin/LaunchAtLogin.h"
-#include "view/ObservableObject.h"
+#include "view/tree/ObservableObject.h"
 
 namespace tarnwell::launchatlogin {
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "view/Label.h"
-#include "view/LabeledRow.h"
-#include "view/Text.h"
-#include "view/Toggle.h"
+#include "view/controls/Label.h"
+#include "view/controls/LabeledRow.h"
+#include "view/controls/Text.h"
+#include "view/controls/Toggle.h"
 
 namespace tarnwell::launchatlogin {
 namespace {

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "launchatlogin/Observable.h"
-#include "view/LocalizedStringKey.h"
-#include "view/ObservableObject.h"
-#include "view/View.h"
+#include "view/tree/ObservableObject.h"
+#include "view/values/LocalizedStringKey.h"
+#include "view/values/View.h"
 
 namespace tarnwell::launchatlogin {
 

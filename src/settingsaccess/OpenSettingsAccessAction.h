@@ -7,7 +7,7 @@
 
 #include "kit/application/Application.h"
 #include "kit/turn/Action.h"
-#include "view/Binding.h"
+#include "view/values/Binding.h"
 
 namespace tarnwell::settingsaccess {
 

@@ -2,9 +2,9 @@
 
 #include "kit/application/Platform.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
-#include "view/Group.h"
-#include "view/SettingsLink.h"
-#include "view/Spacer.h"
+#include "view/controls/SettingsLink.h"
+#include "view/layout/Group.h"
+#include "view/layout/Spacer.h"
 
 namespace tarnwell::settingsaccess {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "kit/application/Application.h"
 #include "kit/turn/Action.h"
-#include "view/Binding.h"
-#include "view/ButtonStyle.h"
-#include "view/View.h"
+#include "view/values/Binding.h"
+#include "view/values/ButtonStyle.h"
+#include "view/values/View.h"
 
 namespace tarnwell::settingsaccess {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kit/turn/Action.h"
-#include "view/Composite.h"
+#include "view/tree/Composite.h"
 
 namespace tarnwell::settingsaccess {
 

@@ -6,7 +6,7 @@
 #include "kit/application/MenuItem.h"
 #include "kit/application/StatusItem.h"
 #include "settingsaccess/OpenSettingsKey.h"
-#include "view/Environment.h"
+#include "view/tree/Environment.h"
 
 namespace tarnwell::statusmenu {
 

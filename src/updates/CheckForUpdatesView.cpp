@@ -1,6 +1,6 @@
 #include "updates/CheckForUpdatesView.h"
 
-#include "view/Button.h"
+#include "view/controls/Button.h"
 
 namespace tarnwell::updates {
 

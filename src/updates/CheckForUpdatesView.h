@@ -4,8 +4,8 @@
 #include <tuple>
 
 #include "updates/CheckForUpdatesViewModel.h"
-#include "view/Composite.h"
-#include "view/ObservableObject.h"
+#include "view/tree/Composite.h"
+#include "view/tree/ObservableObject.h"
 
 namespace tarnwell::updates {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kit/ports/Updater.h"
-#include "view/ObservableObject.h"
+#include "view/tree/ObservableObject.h"
 
 namespace tarnwell::updates {
 

@@ -2,11 +2,11 @@
 
 #include "launchatlogin/Toggle.h"
 #include "updates/CheckForUpdatesView.h"
-#include "view/Form.h"
-#include "view/LabeledRow.h"
-#include "view/Section.h"
-#include "view/Text.h"
-#include "view/Toggle.h"
+#include "view/controls/Form.h"
+#include "view/controls/LabeledRow.h"
+#include "view/controls/Section.h"
+#include "view/controls/Text.h"
+#include "view/controls/Toggle.h"
 
 namespace tarnwell::updates {
 namespace {

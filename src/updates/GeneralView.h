@@ -3,9 +3,9 @@
 #include <tuple>
 
 #include "updates/UpdaterEnv.h"
-#include "view/Composite.h"
-#include "view/ObservableObject.h"
-#include "view/State.h"
+#include "view/tree/Composite.h"
+#include "view/tree/ObservableObject.h"
+#include "view/tree/State.h"
 
 namespace tarnwell::updates {
 

@@ -5,14 +5,14 @@
 #include "kit/application/Application.h"
 #include "kit/application/SettingsShortcut.h"
 #include "kit/controls/Window.h"
-#include "view/Composite.h"
-#include "view/Dump.h"
-#include "view/HostedWindow.h"
-#include "view/MountedNode.h"
-#include "view/SceneRunner.h"
-#include "view/SettingsLink.h"
-#include "view/State.h"
-#include "view/Text.h"
+#include "view/controls/SettingsLink.h"
+#include "view/controls/Text.h"
+#include "view/scenes/HostedWindow.h"
+#include "view/scenes/SceneRunner.h"
+#include "view/tree/Composite.h"
+#include "view/tree/Dump.h"
+#include "view/tree/MountedNode.h"
+#include "view/tree/State.h"
 
 namespace tarnwell::app {
 namespace {

@@ -4,7 +4,7 @@
 #include "app/RunningApplication.h"
 #include "kit/controls/Window.h"
 #include "kit/turn/Turn.h"
-#include "view/MountedTree.h"
+#include "view/tree/MountedTree.h"
 
 namespace tarnwell::app {
 namespace {

@@ -6,8 +6,8 @@
 #include "dockscreen/CommandRunnerKey.h"
 #include "kit/controls/Control.h"
 #include "kit/controls/TabBar.h"
-#include "view/Dump.h"
-#include "view/MountedNode.h"
+#include "view/tree/Dump.h"
+#include "view/tree/MountedNode.h"
 
 namespace tarnwell::app {
 namespace {

@@ -8,7 +8,7 @@
 #include "fakes/RecordingCommandRunner.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::app {
 

@@ -7,7 +7,7 @@
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Toggle.h"
 #include "kit/controls/Window.h"
-#include "view/HostedWindow.h"
+#include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::app {
 namespace {

@@ -7,7 +7,7 @@
 #include "app/ApplicationActions.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "view/Spacer.h"
+#include "view/layout/Spacer.h"
 
 namespace tarnwell::app {
 namespace {

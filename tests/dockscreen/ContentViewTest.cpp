@@ -6,7 +6,7 @@
 #include "fakes/RecordingCommandRunner.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "view/Stage.h"
-#include "view/Text.h"
+#include "view/controls/Text.h"
 
 namespace tarnwell::dockscreen {
 namespace {

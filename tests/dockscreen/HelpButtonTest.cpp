@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "view/Stage.h"
-#include "view/Text.h"
+#include "view/controls/Text.h"
 
 namespace tarnwell::dockscreen {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "fixtures/StandardOutputCapture.h"
-#include "view/Spacer.h"
 #include "view/Stage.h"
+#include "view/layout/Spacer.h"
 
 namespace tarnwell::dockscreen {
 namespace {

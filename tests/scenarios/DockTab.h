@@ -9,7 +9,7 @@
 #include "kit/ports/SystemVersion.h"
 #include "kit/turn/Turn.h"
 #include "scenarios/Driver.h"
-#include "view/HostedWindow.h"
+#include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::scenarios {
 

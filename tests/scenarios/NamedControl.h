@@ -3,7 +3,7 @@
 #include <string>
 
 #include "kit/controls/Control.h"
-#include "view/MountedTree.h"
+#include "view/tree/MountedTree.h"
 
 namespace tarnwell::scenarios {
 

@@ -7,10 +7,10 @@
 #include "kit/controls/Box.h"
 #include "scenarios/NamedControl.h"
 #include "view/Counter.h"
-#include "view/Form.h"
-#include "view/HostedWindow.h"
-#include "view/Section.h"
-#include "view/Text.h"
+#include "view/controls/Form.h"
+#include "view/controls/Section.h"
+#include "view/controls/Text.h"
+#include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::scenarios {
 namespace {

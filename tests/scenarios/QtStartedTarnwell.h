@@ -16,7 +16,7 @@
 #include "host/headless/Journal.h"
 #include "host/qt/QtPlatform.h"
 #include "kit/application/Application.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::scenarios {
 

@@ -15,7 +15,7 @@
 #include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
 #include "scenarios/System.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::scenarios {
 namespace {

@@ -9,7 +9,7 @@
 #include "kit/application/Application.h"
 #include "scenarios/Driver.h"
 #include "scenarios/System.h"
-#include "view/SceneRunner.h"
+#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::scenarios {
 

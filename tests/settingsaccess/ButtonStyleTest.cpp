@@ -8,13 +8,13 @@
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "settingsaccess/SettingsDelegate.h"
-#include "view/Button.h"
-#include "view/Dump.h"
-#include "view/HostedWindow.h"
-#include "view/MountedNode.h"
-#include "view/MountedTree.h"
-#include "view/SettingsLink.h"
-#include "view/Text.h"
+#include "view/controls/Button.h"
+#include "view/controls/SettingsLink.h"
+#include "view/controls/Text.h"
+#include "view/scenes/HostedWindow.h"
+#include "view/tree/Dump.h"
+#include "view/tree/MountedNode.h"
+#include "view/tree/MountedTree.h"
 
 namespace tarnwell::settingsaccess {
 namespace {

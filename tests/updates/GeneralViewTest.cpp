@@ -5,8 +5,8 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/controls/Toggle.h"
-#include "view/HostedWindow.h"
-#include "view/MountedNode.h"
+#include "view/scenes/HostedWindow.h"
+#include "view/tree/MountedNode.h"
 
 namespace tarnwell::updates {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "view/PlainText.h"
+#include "view/values/PlainText.h"
 
 namespace tarnwell::view {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "kit/controls/Control.h"
-#include "view/Representable.h"
+#include "view/tree/Representable.h"
 
 namespace tarnwell::view {
 

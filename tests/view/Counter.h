@@ -4,9 +4,9 @@
 #include <string>
 #include <tuple>
 
-#include "view/Button.h"
-#include "view/Composite.h"
-#include "view/State.h"
+#include "view/controls/Button.h"
+#include "view/tree/Composite.h"
+#include "view/tree/State.h"
 
 namespace tarnwell::view {
 

@@ -2,16 +2,16 @@
 
 #include <string>
 
-#include "view/Button.h"
-#include "view/Composite.h"
-#include "view/Form.h"
-#include "view/Label.h"
-#include "view/LabeledRow.h"
-#include "view/Section.h"
-#include "view/Spacer.h"
-#include "view/Stack.h"
-#include "view/Text.h"
-#include "view/Toggle.h"
+#include "view/controls/Button.h"
+#include "view/controls/Form.h"
+#include "view/controls/Label.h"
+#include "view/controls/LabeledRow.h"
+#include "view/controls/Section.h"
+#include "view/controls/Text.h"
+#include "view/controls/Toggle.h"
+#include "view/layout/Spacer.h"
+#include "view/layout/Stack.h"
+#include "view/tree/Composite.h"
 
 namespace tarnwell::view {
 namespace {

@@ -3,7 +3,7 @@
 #include <random>
 #include <vector>
 
-#include "view/View.h"
+#include "view/values/View.h"
 
 namespace tarnwell::view {
 

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "host/headless/PointNumberFormat.h"
-#include "view/Composite.h"
-#include "view/Dump.h"
-#include "view/State.h"
+#include "view/tree/Composite.h"
+#include "view/tree/Dump.h"
+#include "view/tree/State.h"
 
 namespace tarnwell::view {
 namespace {

@@ -8,9 +8,9 @@
 #include "kit/Printing.h"
 #include "kit/controls/Control.h"
 #include "kit/turn/Turn.h"
-#include "view/Binding.h"
 #include "view/BoxHost.h"
-#include "view/HostedWindow.h"
+#include "view/scenes/HostedWindow.h"
+#include "view/values/Binding.h"
 
 namespace tarnwell::view {
 

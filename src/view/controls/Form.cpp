@@ -1,0 +1,82 @@
+#include "view/controls/Form.h"
+
+#include <algorithm>
+
+#include "kit/controls/ScrollArea.h"
+#include "kit/host/Host.h"
+#include "view/tree/MountedNode.h"
+#include "view/tree/MountedTree.h"
+#include "view/values/FormMetrics.h"
+
+namespace tarnwell::view {
+namespace {
+
+namespace metrics = form_metrics;
+
+class FormNode final : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  std::string summary() const override { return "Form"; }
+  kit::Control* control() const override { return area_.get(); }
+  kit::Peer& peerForChildren() const override { return *area_->peer(); }
+
+ protected:
+  void apply() override {
+    if (!area_) {
+      area_ = std::make_unique<kit::ScrollArea>();
+      area_->attach(area_->makePeer(tree().host(), MountedNode::peerForChildren()));
+    }
+    updateChildren(valueAs<Form>().sections, environment());
+  }
+
+  void willUnmount() override { area_->attach(nullptr); }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const double width = proposal.width.value_or(0);
+    const double height = contentHeight(width);
+    return {.size = {.width = width, .height = std::min(height, proposal.height.value_or(height))}};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    area_->setFrame(kit::onWholePoints(frame));
+    area_->setContentHeight(contentHeight(frame.width));
+    const double width = frame.width - 2 * metrics::padding;
+    double y = metrics::padding;
+    for (MountedNode* section : visibleSections()) {
+      const double height = section->measure({.width = width}).size.height;
+      section->place({.x = metrics::padding, .y = y, .width = width, .height = height});
+      y += height + metrics::sectionGap;
+    }
+  }
+
+ private:
+  std::vector<MountedNode*> visibleSections() const {
+    std::vector<MountedNode*> sections;
+    for (const auto& section : children()) {
+      if (!section->isEmpty()) {
+        sections.push_back(section.get());
+      }
+    }
+    return sections;
+  }
+
+  double contentHeight(double width) const {
+    const auto sections = visibleSections();
+    double height = 2 * metrics::padding;
+    for (MountedNode* section : sections) {
+      height += section->measure({.width = width - 2 * metrics::padding}).size.height;
+    }
+    return height + metrics::sectionGap * static_cast<double>(std::max<std::size_t>(sections.size(), 1) - 1);
+  }
+
+  std::unique_ptr<kit::ScrollArea> area_;
+};
+
+}  // namespace
+
+std::shared_ptr<MountedNode> makeNode(const Form& /*form*/, const Place& place) {
+  return std::make_shared<FormNode>(place);
+}
+
+}  // namespace tarnwell::view

@@ -1,0 +1,19 @@
+#include "view/controls/Label.h"
+
+#include "kit/controls/ControlMetrics.h"
+#include "view/controls/Symbol.h"
+#include "view/controls/Text.h"
+#include "view/layout/Stack.h"
+
+namespace tarnwell::view {
+
+View Label::body() const {
+  if (style.get() == LabelStyle::iconOnly) {
+    return Symbol{.name = symbol, .title = title};
+  }
+  return HStack{.alignment = VerticalAlignment::firstTextBaseline,
+                .spacing = titleInset - kit::metrics::symbolSide,
+                .children = {Symbol{.name = symbol}, Text{title}}};
+}
+
+}  // namespace tarnwell::view

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <tuple>
+
+#include "view/tree/Composite.h"
+#include "view/tree/Environment.h"
+
+namespace tarnwell::view {
+
+/// A symbol with a title to its right; in the style `iconOnly` the title is only told to screen readers.
+struct Label {
+  std::string title = {};
+  std::string symbol = {};
+  Environment<LabelStyleKey> style = {};
+
+  /// From the symbol's left edge to the title's, in points.
+  static constexpr double titleInset = 26;
+
+  auto stored() { return std::tie(style); }
+  View body() const;
+};
+
+}  // namespace tarnwell::view

@@ -1,0 +1,11 @@
+#include "view/controls/Link.h"
+
+#include "view/controls/Button.h"
+
+namespace tarnwell::view {
+
+View Link::body() const {
+  return Button{.title = title, .action = [open = openURL.get(), destination = destination] { open(destination); }};
+}
+
+}  // namespace tarnwell::view

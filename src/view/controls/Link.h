@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <tuple>
+
+#include "view/tree/Composite.h"
+#include "view/tree/Environment.h"
+
+namespace tarnwell::view {
+
+/// Opens an address in the user's browser.
+struct Link {
+  std::string title = {};
+  std::string destination = {};
+  Environment<OpenUrlKey> openURL = {};
+
+  auto stored() { return std::tie(openURL); }
+  View body() const;
+};
+
+}  // namespace tarnwell::view

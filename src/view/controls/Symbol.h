@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "view/values/View.h"
+
+namespace tarnwell::view {
+
+/// A symbol by its name; `title` is what a screen reader says of it.
+struct Symbol {
+  std::string name = {};
+  std::string title = {};
+};
+
+std::shared_ptr<MountedNode> makeNode(const Symbol& symbol, const Place& place);
+
+}  // namespace tarnwell::view

@@ -1,0 +1,153 @@
+#include "view/controls/TabView.h"
+
+#include <algorithm>
+
+#include "view/layout/Spacer.h"
+#include "view/tree/ControlNode.h"
+#include "view/tree/MountedTree.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct TabBarView {
+  std::vector<kit::TabBar::Tab> tabs;
+  Binding<int> selectedIndex;
+};
+
+class TabBarNode final : public ControlNode {
+ public:
+  using ControlNode::ControlNode;
+
+  std::string summary() const override {
+    const auto& bar = controlAs<kit::TabBar>();
+    std::string line = "Tabs";
+    for (std::size_t i = 0; i < bar.tabs().size(); ++i) {
+      const bool chosen = static_cast<int>(i) == bar.selectedIndex();
+      line += std::string(chosen ? " *" : " ") + "\"" + bar.tabs()[i].title + "\" " + bar.tabs()[i].symbol;
+    }
+    return line;
+  }
+
+ protected:
+  std::unique_ptr<kit::Control> makeControl() override {
+    auto bar = std::make_unique<kit::TabBar>();
+    bar->setAction(
+        reacting(this, [](TabBarNode& node, int index) { node.valueAs<TabBarView>().selectedIndex.set(index); }));
+    return bar;
+  }
+
+  void updateControl() override {
+    auto& bar = controlAs<kit::TabBar>();
+    bar.setTabs(valueAs<TabBarView>().tabs);
+    bar.setSelectedIndex(valueAs<TabBarView>().selectedIndex.get());
+  }
+
+  std::string ownName() const override { return "Tabs"; }
+};
+
+std::shared_ptr<MountedNode> makeNode(const TabBarView& /*bar*/, const Place& place) {
+  return std::make_shared<TabBarNode>(place);
+}
+
+/// Knows its tab and its showing, so that another tab's content, or what was there before the window closed, is never
+/// taken for an update of this one's.
+struct Page {
+  int index = -1;
+  int showing = 0;
+  View content = EmptyView{};
+};
+
+class PageNode final : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  bool isEmpty() const override { return children().empty() || children().front()->isEmpty(); }
+
+ protected:
+  void apply() override {
+    const auto& page = valueAs<Page>();
+    if (shownIndex_ != page.index || showing_ != page.showing) {
+      // Another page is a new place in the tree.
+      updateChildren({}, environment());
+      shownIndex_ = page.index;
+      showing_ = page.showing;
+    }
+    if (page.index < 0) {
+      return;
+    }
+    updateChildren({page.content}, environment());
+  }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    return children().empty() ? kit::Measurement{} : children().front()->measure(proposal);
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    if (!children().empty()) {
+      children().front()->place(frame);
+    }
+  }
+
+ private:
+  int shownIndex_ = -1;
+  int showing_ = 0;
+};
+
+std::shared_ptr<MountedNode> makeNode(const Page& /*page*/, const Place& place) {
+  return std::make_shared<PageNode>(place);
+}
+
+class TabViewNode final : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  void showingChanged(bool /*shown*/) override {
+    ++showing_;
+    markDirty();
+  }
+
+ protected:
+  void apply() override {
+    const auto& tabView = valueAs<TabView>();
+    TabBarView bar{.tabs = {}, .selectedIndex = tabView.selectedIndex};
+    for (const TabView::Tab& tab : tabView.tabs) {
+      bar.tabs.push_back(tab.label);
+    }
+    const int chosen = tree().isShown() ? tabView.selectedIndex.get() : -1;
+    Page page;
+    if (chosen >= 0) {
+      page = {chosen, showing_, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
+    }
+    updateChildren({bar, page}, environment());
+  }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const double width = proposal.width.value_or(bar().measure({}).size.width);
+    const double barHeight = bar().measure({.width = width}).size.height;
+    if (proposal.height) {
+      proposal.height = std::max(0.0, *proposal.height - barHeight);
+    }
+    const kit::Size content = page().measure({.width = width, .height = proposal.height}).size;
+    return {.size = {.width = width, .height = barHeight + content.height}};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    const double barHeight = bar().measure({.width = frame.width}).size.height;
+    bar().place({.x = frame.x, .y = frame.y, .width = frame.width, .height = barHeight});
+    page().place({.x = frame.x, .y = frame.y + barHeight, .width = frame.width, .height = frame.height - barHeight});
+  }
+
+ private:
+  MountedNode& bar() const { return *children()[0]; }
+  MountedNode& page() const { return *children()[1]; }
+
+  int showing_ = 0;  // Another number whenever the window came or went.
+};
+
+}  // namespace
+
+std::shared_ptr<MountedNode> makeNode(const TabView& /*tabView*/, const Place& place) {
+  return std::make_shared<TabViewNode>(place);
+}
+
+}  // namespace tarnwell::view

@@ -1,0 +1,35 @@
+#include "view/controls/Toggle.h"
+
+#include "kit/controls/Toggle.h"
+#include "view/tree/ControlNode.h"
+
+namespace tarnwell::view {
+namespace {
+
+class ToggleNode final : public ControlNode {
+ public:
+  using ControlNode::ControlNode;
+
+  std::string summary() const override {
+    return "Toggle (" + valueAs<Toggle>().title + ") " + (controlAs<kit::Toggle>().isOn() ? "on" : "off");
+  }
+
+ protected:
+  std::unique_ptr<kit::Control> makeControl() override {
+    auto toggle = std::make_unique<kit::Toggle>();
+    toggle->setAction(reacting(this, [](ToggleNode& node, bool on) { node.valueAs<Toggle>().isOn.set(on); }));
+    return toggle;
+  }
+
+  void updateControl() override { controlAs<kit::Toggle>().setOn(valueAs<Toggle>().isOn.get()); }
+
+  std::string ownName() const override { return valueAs<Toggle>().title; }
+};
+
+}  // namespace
+
+std::shared_ptr<MountedNode> makeNode(const Toggle& /*toggle*/, const Place& place) {
+  return std::make_shared<ToggleNode>(place);
+}
+
+}  // namespace tarnwell::view

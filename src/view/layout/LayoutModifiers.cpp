@@ -1,0 +1,114 @@
+#include <algorithm>
+
+#include "view/tree/MountedTree.h"
+#include "view/tree/PassThroughNode.h"
+#include "view/values/Alignment.h"
+#include "view/values/PlainText.h"
+#include "view/values/View.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct FrameModifier {
+  View content;
+  Frame frame;
+};
+
+class FrameNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+  std::string summary() const override {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    return "Frame" + (frame.width ? " width " + plainText(*frame.width) : "") +
+           (frame.height ? " height " + plainText(*frame.height) : "") +
+           (frame.maxHeight ? " at most " + plainText(*frame.maxHeight) + " high" : "") + " " +
+           alignmentName(frame.alignment);
+  }
+
+ protected:
+  void apply() override { updateChildren({valueAs<FrameModifier>().content}, environment()); }
+
+  bool laysOutLike(const Description& next) const override {
+    return valueOf<FrameModifier>(next).frame == valueAs<FrameModifier>().frame;
+  }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    const std::optional<double> most = maxHeight();
+    kit::Measurement inner = child().measure(within(proposal));
+    if (most && inner.size.height > *most) {
+      // Proposed again, so that the content knows that it is cut and can scroll.
+      inner = child().measure({.width = within(proposal).width, .height = most});
+    }
+    const double height = std::min(inner.size.height, most.value_or(inner.size.height));
+    return {.size = {.width = frame.width.value_or(inner.size.width), .height = frame.height.value_or(height)},
+            .firstBaseline = inner.firstBaseline};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    kit::Size size = child().measure(within({.width = frame.width, .height = frame.height})).size;
+    if (!valueAs<FrameModifier>().frame.height) {
+      // Content that insists on its size would lose its upper end on a low screen; so it learns of it and scrolls.
+      size.height = std::min(size.height, frame.height);
+    }
+    const double x = aligned(valueAs<FrameModifier>().frame.alignment, size.width, frame.width);
+    child().place({.x = frame.x + x,
+                   .y = frame.y + (frame.height - size.height) / 2,
+                   .width = size.width,
+                   .height = size.height});
+  }
+
+ private:
+  std::optional<double> maxHeight() const {
+    const std::optional<double> most = valueAs<FrameModifier>().frame.maxHeight;
+    // What frames the whole content of a window frames a menu bar in it too.
+    return most && isOutermost() ? std::max(0.0, *most - tree().chromeHeight()) : most;
+  }
+
+  kit::Proposal within(kit::Proposal proposal) const {
+    const Frame& frame = valueAs<FrameModifier>().frame;
+    if (frame.width) {
+      proposal.width = frame.width;
+    }
+    if (frame.height) {
+      proposal.height = frame.height;
+    }
+    if (const std::optional<double> most = maxHeight(); most && proposal.height) {
+      proposal.height = std::min(*proposal.height, *most);
+    }
+    return proposal;
+  }
+};
+
+std::shared_ptr<MountedNode> makeNode(const FrameModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<FrameNode>(place);
+}
+
+struct FixedSizeModifier {
+  View content;
+};
+
+class FixedSizeNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+  std::string summary() const override { return "Fixed size"; }
+
+ protected:
+  void apply() override { updateChildren({valueAs<FixedSizeModifier>().content}, environment()); }
+  // Placed where there is less room, on a low screen, the content still learns of it.
+  kit::Measurement layOut(kit::Proposal /*proposal*/) override { return child().measure({}); }
+};
+
+std::shared_ptr<MountedNode> makeNode(const FixedSizeModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<FixedSizeNode>(place);
+}
+
+}  // namespace
+
+View View::frame(Frame frame) const { return FrameModifier{.content = *this, .frame = frame}; }
+
+View View::fixedSize() const { return FixedSizeModifier{.content = *this}; }
+
+}  // namespace tarnwell::view

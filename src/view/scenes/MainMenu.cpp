@@ -1,0 +1,119 @@
+#include "view/scenes/MainMenu.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "kit/application/Platform.h"
+#include "view/controls/SettingsLink.h"
+
+namespace tarnwell::view {
+namespace {
+
+constexpr const char* applicationName = "Tarnwell";
+
+std::shared_ptr<kit::MenuItem> entry(std::string title, kit::Selector action, std::string key = {}) {
+  return kit::MenuItem::create(std::move(title), std::move(action), std::move(key));
+}
+
+std::shared_ptr<kit::MenuItem> entryWith(std::string title, kit::Selector action, kit::MenuItem::KeyEquivalent key) {
+  auto item = entry(std::move(title), std::move(action));
+  item->setKeyEquivalent(std::move(key));
+  return item;
+}
+
+std::shared_ptr<kit::MenuItem> settingsEntry(kit::Action open) {
+  auto item = entry("Settings…", {}, ",");
+  item->setHandler(std::move(open));
+  return item;
+}
+
+}  // namespace
+
+MainMenu::MainMenu(kit::Application& application, std::vector<CommandGroup> commands, EnvironmentValues environment)
+    : application_(application), commands_(std::move(commands)), environment_(std::move(environment)) {
+  addApplicationMenu();
+  addFileMenu();
+  addEditMenu();
+  addViewMenu();
+  addWindowMenu();
+  addHelpMenu();
+  application_.platform().showMainMenu(application_.mainMenu());
+}
+
+MainMenu::~MainMenu() = default;
+
+MainMenu::TopMenu& MainMenu::addMenu(const std::string& title) {
+  auto top = std::make_unique<TopMenu>();
+  top->menu = std::make_shared<kit::Menu>(title);
+  application_.mainMenu().addItem(kit::MenuItem::withSubmenu(title, top->menu));
+  menus_.push_back(std::move(top));
+  return *menus_.back();
+}
+
+void MainMenu::addItems(TopMenu& top, Items items) {
+  Group group;
+  group.menu->setItems(std::move(items));
+  top.groups.push_back(std::move(group));
+  join(top);
+}
+
+void MainMenu::addReplaceable(TopMenu& top, CommandGroupPlacement placement, Items standard) {
+  const auto command = std::ranges::find(commands_, placement, &CommandGroup::replacing);
+  if (command == commands_.end()) {
+    addItems(top, std::move(standard));
+    return;
+  }
+  Group group;
+  group.changes = group.menu->observe([&top] { join(top); });
+  group.tree = std::make_unique<MountedTree>(application_.turn(), *group.menu);
+  MountedTree& tree = *group.tree;
+  top.groups.push_back(std::move(group));
+  application_.turn().perform([&] { tree.mount(command->content, environment_); });
+}
+
+void MainMenu::join(TopMenu& top) {
+  Items joined;
+  for (const Group& group : top.groups) {
+    if (!joined.empty() && !group.menu->items().empty()) {
+      joined.push_back(group.separator);
+    }
+    joined.insert(joined.end(), group.menu->items().begin(), group.menu->items().end());
+  }
+  top.menu->setItems(std::move(joined));
+}
+
+void MainMenu::addApplicationMenu() {
+  TopMenu& top = addMenu(applicationName);
+  const std::string name = applicationName;
+  addReplaceable(top, CommandGroupPlacement::appInfo, {entry("About " + name, "orderFrontStandardAboutPanel:")});
+  addReplaceable(top, CommandGroupPlacement::appSettings, {settingsEntry(environment_.get<OpenSettingsSceneKey>())});
+  if (application_.platform().hidesApplications()) {
+    addItems(top, {entry("Hide " + name, "hide:", "h"),
+                   entryWith("Hide Others", "hideOtherApplications:",
+                             {.key = "h", .modifierFlags = kit::commandFlag | kit::optionFlag}),
+                   entry("Show All", "unhideAllApplications:")});
+  }
+  addItems(top, {entry("Quit " + name, "terminate:", "q")});
+}
+
+void MainMenu::addFileMenu() {
+  TopMenu& top = addMenu("File");
+  addReplaceable(top, CommandGroupPlacement::newItem, {entry("New Window", "newWindow:", "n")});
+  addItems(top, {entry("Close", "performClose:", "w")});
+}
+
+void MainMenu::addEditMenu() {
+  TopMenu& top = addMenu("Edit");
+  addItems(top, {entry("Undo", "undo:", "z"),
+                 entryWith("Redo", "redo:", {.key = "Z", .modifierFlags = kit::commandFlag | kit::shiftFlag})});
+  addItems(top, {entry("Cut", "cut:", "x"), entry("Copy", "copy:", "c"), entry("Paste", "paste:", "v"),
+                 entry("Delete", "delete:"), entry("Select All", "selectAll:", "a")});
+}
+
+void MainMenu::addViewMenu() { addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {}); }
+
+void MainMenu::addWindowMenu() { addItems(addMenu("Window"), {entry("Minimize", "performMiniaturize:", "m")}); }
+
+void MainMenu::addHelpMenu() { addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {}); }
+
+}  // namespace tarnwell::view

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "kit/application/Application.h"
+#include "kit/application/Menu.h"
+#include "view/scenes/Scene.h"
+#include "view/tree/MountedTree.h"
+#include "view/values/EnvironmentValues.h"
+
+namespace tarnwell::view {
+
+/// Fills the application's main menu: the standard menus with their standard groups, some of them replaced by views.
+class MainMenu {
+ public:
+  /// The application is borrowed and outlives the menu.
+  MainMenu(kit::Application& application, std::vector<CommandGroup> commands, EnvironmentValues environment);
+  MainMenu(const MainMenu&) = delete;
+  MainMenu& operator=(const MainMenu&) = delete;
+  ~MainMenu();
+
+ private:
+  struct Group {
+    std::unique_ptr<kit::Menu> menu = std::make_unique<kit::Menu>();
+    std::shared_ptr<kit::MenuItem> separator = kit::MenuItem::separatorItem();
+    std::unique_ptr<MountedTree> tree = {};
+    kit::Subscription changes = {};
+  };
+  struct TopMenu {
+    std::shared_ptr<kit::Menu> menu = {};
+    std::vector<Group> groups = {};
+  };
+  using Items = std::vector<std::shared_ptr<kit::MenuItem>>;
+
+  TopMenu& addMenu(const std::string& title);
+  void addItems(TopMenu& top, Items items);
+  /// The commands' view for `placement` if there is one, else the standard entries.
+  void addReplaceable(TopMenu& top, CommandGroupPlacement placement, Items standard);
+  static void join(TopMenu& top);
+
+  void addApplicationMenu();
+  void addFileMenu();
+  void addEditMenu();
+  void addViewMenu();
+  void addWindowMenu();
+  void addHelpMenu();
+
+  kit::Application& application_;
+  const std::vector<CommandGroup> commands_;
+  const EnvironmentValues environment_;
+  std::vector<std::unique_ptr<TopMenu>> menus_;
+};
+
+}  // namespace tarnwell::view

@@ -1,0 +1,43 @@
+#include "view/tree/AccessibleContext.h"
+
+#include <vector>
+
+#include "kit/controls/Control.h"
+#include "view/tree/MountedNode.h"
+
+namespace tarnwell::view {
+namespace {
+
+void collectTexts(const MountedNode& node, std::vector<const kit::Control*>& texts) {
+  const kit::Control* control = node.control();
+  if (control != nullptr && !control->takesFocus() && !control->accessibleName().empty()) {
+    texts.push_back(control);
+  }
+  for (const auto& child : node.children()) {
+    collectTexts(*child, texts);
+  }
+}
+
+std::vector<const kit::Control*> textsIn(const MountedNode& node) {
+  std::vector<const kit::Control*> texts;
+  collectTexts(node, texts);
+  return texts;
+}
+
+}  // namespace
+
+AccessibleContext AccessibleContext::describedBy(const MountedNode& text) const {
+  std::string words;
+  for (const kit::Control* part : textsIn(text)) {
+    words += (words.empty() ? "" : " ") + part->accessibleName();
+  }
+  const std::string gap = words.empty() || description.empty() ? "" : " ";
+  return {.label = label, .description = words + gap + description};
+}
+
+const kit::Control* firstTextIn(const MountedNode& node) {
+  const auto texts = textsIn(node);
+  return texts.empty() ? nullptr : texts.front();
+}
+
+}  // namespace tarnwell::view

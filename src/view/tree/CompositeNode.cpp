@@ -1,0 +1,21 @@
+#include "view/tree/CompositeNode.h"
+
+#include "kit/turn/Turn.h"
+#include "view/tree/MountedTree.h"
+
+namespace tarnwell::view {
+
+void CompositeNode::apply() {
+  std::shared_ptr<CompositeBox> next = makeBox_(description());
+  next->link(*this, box_.get());
+  if (box_) {
+    box_->unlink();
+    tree().turn().bury(box_);
+  }
+  box_ = std::move(next);
+  updateChildren({box_->body()}, environment());
+}
+
+void CompositeNode::willUnmount() { box_->unlink(); }
+
+}  // namespace tarnwell::view

@@ -1,0 +1,36 @@
+#include "view/tree/Dump.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "kit/controls/Control.h"
+#include "view/tree/MountedNode.h"
+
+namespace tarnwell::view {
+namespace {
+
+void append(const MountedNode& node, int indent, std::string& picture) {
+  const std::string summary = node.summary();
+  if (!summary.empty()) {
+    picture += std::string(static_cast<std::size_t>(indent) * 2, ' ') + summary;
+    if (const kit::Control* control = node.control()) {
+      const long degrees = std::lround(control->rotation() * 180 / std::numbers::pi);
+      picture += degrees != 0 ? " turned " + std::to_string(degrees) : "";
+      picture += control->isEnabled() ? "" : " disabled";
+    }
+    picture += '\n';
+  }
+  for (const auto& child : node.children()) {
+    append(*child, summary.empty() ? indent : indent + 1, picture);
+  }
+}
+
+}  // namespace
+
+std::string dump(const MountedNode& node) {
+  std::string picture;
+  append(node, 0, picture);
+  return picture;
+}
+
+}  // namespace tarnwell::view

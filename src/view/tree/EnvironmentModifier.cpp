@@ -1,0 +1,45 @@
+#include "view/tree/PassThroughNode.h"
+#include "view/values/View.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct EnvironmentModifier {
+  View content;
+  std::function<EnvironmentValues(const EnvironmentValues&)> change;
+};
+
+class EnvironmentNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override {
+    const auto& modifier = valueAs<EnvironmentModifier>();
+    updateChildren({modifier.content}, modifier.change(environment()));
+  }
+};
+
+std::shared_ptr<MountedNode> makeNode(const EnvironmentModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<EnvironmentNode>(place);
+}
+
+}  // namespace
+
+View View::environment(std::function<EnvironmentValues(const EnvironmentValues&)> change) const {
+  return EnvironmentModifier{.content = *this, .change = std::move(change)};
+}
+
+View View::disabled(bool disabled) const {
+  return environment([disabled](const EnvironmentValues& outer) {
+    return outer.with<EnabledKey>(outer.get<EnabledKey>() && !disabled);
+  });
+}
+
+View View::rotation(double radians) const {
+  return environment([radians](const EnvironmentValues& outer) {
+    return outer.with<RotationKey>(outer.get<RotationKey>() + radians);
+  });
+}
+
+}  // namespace tarnwell::view

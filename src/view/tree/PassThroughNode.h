@@ -1,0 +1,22 @@
+#pragma once
+
+#include "view/tree/MountedNode.h"
+
+namespace tarnwell::view {
+
+/// A node with one child, whose size and place are its own.
+class PassThroughNode : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  bool isEmpty() const override { return child().isEmpty(); }
+  bool isSpacer() const override { return child().isSpacer(); }
+  bool passesPlaceOn() const final { return true; }
+
+ protected:
+  MountedNode& child() const { return *children().front(); }
+  kit::Measurement layOut(kit::Proposal proposal) override { return child().measure(proposal); }
+  void placeContent(const kit::Rect& frame) override { child().place(frame); }
+};
+
+}  // namespace tarnwell::view

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "view/Block.h"
+#include "view/Stage.h"
+#include "view/controls/Text.h"
+#include "view/layout/Stack.h"
+
+namespace tarnwell::view {
+namespace {
+
+struct Opened : Stage {
+  explicit Opened(const View& content) : Stage(content) { open(); }
+};
+
+TEST(FrameTest, theContentStandsWhereTheAlignmentSays) {
+  struct Row {
+    kit::TextAlignment alignment = {};
+    double x = 0;
+  };
+  for (const Row& expected : {Row{kit::TextAlignment::leading, 0}, Row{kit::TextAlignment::center, 45},
+                              Row{kit::TextAlignment::trailing, 90}}) {
+    Opened stage{fixedBlock("a", 10, 20).frame({.width = 100, .alignment = expected.alignment})};
+    EXPECT_EQ(stage.frame("a"), (kit::Rect{expected.x, 0, 10, 20}));
+    EXPECT_EQ(stage.window().contentSize(), (kit::Size{100, 20}));
+  }
+}
+
+TEST(FrameTest, aWidthIsOfferedToTheContent) {
+  Opened stage{wideBlock("a", 5, 20).frame({.width = 100})};
+  EXPECT_EQ(stage.frame("a").width, 100);
+  EXPECT_EQ(stage.find<BlockControl>("a").proposals().front(), (kit::Proposal{.width = 100}));
+}
+
+TEST(FrameTest, aFixedHeightCentresWhatIsLower) {
+  Opened stage{fixedBlock("a", 10, 20).frame({.height = 50})};
+  EXPECT_EQ(stage.frame("a"), (kit::Rect{0, 15, 10, 20}));
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{10, 50}));
+}
+
+TEST(FrameTest, aTextBreaksInItsFrame) {
+  Opened stage{View(Text{"0123456789"}).frame({.width = 35})};
+  EXPECT_EQ(stage.frame("0123456789"), (kit::Rect{0, 0, 35, 32}));
+}
+
+TEST(FrameTest, contentThatIsTooTallIsOfferedTheGreatestHeight) {
+  Opened stage{tallBlock("a", 10, 300).frame({.maxHeight = 200})};
+  EXPECT_EQ(stage.frame("a"), (kit::Rect{0, 0, 10, 200}));
+  EXPECT_EQ(stage.window().contentSize().height, 200);
+}
+
+TEST(FrameTest, lowerContentIsNotStretchedToTheGreatestHeight) {
+  Opened stage{tallBlock("a", 10, 100).frame({.maxHeight = 200})};
+  EXPECT_EQ(stage.frame("a").height, 100);
+  EXPECT_EQ(stage.window().contentSize().height, 100);
+}
+
+TEST(FrameTest, rigidContentThatIsTooTallIsCut) {
+  Opened stage{fixedBlock("a", 10, 300).frame({.maxHeight = 200})};
+  EXPECT_EQ(stage.window().contentSize().height, 200);
+}
+
+TEST(FrameTest, aFixedSizeIgnoresWhatIsOffered) {
+  Opened stage{wideBlock("a", 30, 10).fixedSize().frame({.width = 200, .alignment = kit::TextAlignment::leading})};
+  EXPECT_EQ(stage.frame("a"), (kit::Rect{0, 0, 30, 10}));
+}
+
+TEST(FrameTest, anotherFrameMovesTheContent) {
+  Opened stage{fixedBlock("a", 10, 20).frame({.width = 100})};
+  stage.show(fixedBlock("a", 10, 20).frame({.width = 60, .height = 40, .alignment = kit::TextAlignment::trailing}));
+  EXPECT_EQ(stage.frame("a"), (kit::Rect{50, 10, 10, 20}));
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{60, 40}));
+}
+
+TEST(FrameTest, aBackgroundStandsInTheMiddleAndDoesNotCount) {
+  Opened stage{fixedBlock("a", 100, 60).background(fixedBlock("b", 20, 20))};
+  EXPECT_EQ(stage.frame("b"), (kit::Rect{40, 20, 20, 20}));
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{100, 60}));
+  EXPECT_EQ(stage.window().controls().front(), &stage.find<kit::Control>("b"));
+}
+
+}  // namespace
+}  // namespace tarnwell::view

@@ -1,0 +1,76 @@
+#include "view/tree/Dump.h"
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "kit/controls/Toggle.h"
+#include "view/Counter.h"
+#include "view/Stage.h"
+#include "view/controls/Form.h"
+#include "view/controls/Label.h"
+#include "view/controls/LabeledRow.h"
+#include "view/controls/Section.h"
+#include "view/controls/Symbol.h"
+#include "view/controls/Text.h"
+#include "view/controls/Toggle.h"
+#include "view/layout/Stack.h"
+#include "view/tree/Composite.h"
+
+namespace tarnwell::view {
+namespace {
+
+TEST(DumpTest, everyViewIsALineUnderItsContainer) {
+  const View row = LabeledRow{.label = Label{.title = "Dim", .symbol = "eye"},
+                              .title = "Dim",
+                              .description = Text{"Dims."},
+                              .control = Toggle{.title = "Dim", .isOn = {.get = [] { return true; }}}};
+  const View save = Button{.title = "Save", .keyboardShortcut = KeyboardShortcut::defaultAction};
+  const View reset = Button{.title = "Reset", .role = kit::Button::Role::destructive};
+  const Stage stage{
+      Form{.sections = {Section{.rows = {row}, .footer = Text{"Foot."}},
+                        Section{.footer = HStack{.spacing = 3, .children = {save, Spacer{}, reset.disabled(true)}}}}}};
+  EXPECT_EQ(stage.dump(),
+            "Form\n"
+            "  Section\n"
+            "    Row\n"
+            "      HStack on baseline, spacing 8\n"
+            "        Symbol eye\n"
+            "        Text \"Dim\"\n"
+            "      Text \"Dims.\" subheadline secondary\n"
+            "      Toggle (Dim) on\n"
+            "    Text \"Foot.\"\n"
+            "  Section without a box\n"
+            "    HStack centred, spacing 3\n"
+            "      Button \"Save\" default\n"
+            "      Spacer\n"
+            "      Button \"Reset\" destructive disabled\n");
+}
+
+TEST(DumpTest, framesAndTurnsAreTold) {
+  const Stage stage{View(Button{.title = "turned"})
+                        .rotation(std::numbers::pi)
+                        .frame({.width = 50, .alignment = kit::TextAlignment::leading})
+                        .frame({.maxHeight = 70.5})};
+  EXPECT_EQ(stage.dump(),
+            "Frame at most 70.5 high centred\n  Frame width 50 leading\n    Button \"turned\" turned 180\n");
+}
+
+TEST(DumpTest, itShowsTheControlAndNotTheDescription) {
+  const Stage stage{Toggle{.title = "switch", .isOn = {.get = [] { return false; }, .set = [](bool) {}}}};
+  stage.first<kit::Toggle>().setOn(true);
+  EXPECT_EQ(stage.dump(), "Toggle (switch) on\n");
+}
+
+TEST(DumpTest, itMakesNoBody) {
+  int bodies = 0;
+  const Stage stage{Numbered{.make = [&bodies](const State<int>&) -> View {
+    ++bodies;
+    return Text{"a"};
+  }}};
+  EXPECT_EQ(stage.dump(), stage.dump());
+  EXPECT_EQ(bodies, 1);
+}
+
+}  // namespace
+}  // namespace tarnwell::view
