@@ -1,6 +1,8 @@
 # reuse_precompiled_headers(TARGET KIND LINK...): those of the toolkit for what links it, the standard ones for the rest.
 function(reuse_precompiled_headers target kind)
   if("${ARGN}" MATCHES "Qt6|host_qt")
+    # The compiler takes them only with the definitions of all that they were read with.
+    target_link_libraries(${target} PRIVATE Qt6::Widgets Qt6::DBus)
     target_precompile_headers(${target} REUSE_FROM tarnwell_precompiled_qt${kind})
   else()
     target_precompile_headers(${target} REUSE_FROM tarnwell_precompiled${kind})

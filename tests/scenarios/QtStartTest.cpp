@@ -3,10 +3,10 @@
 #include <QtCore/QEvent>
 
 #include "host/qt/Desktop.h"
-#include "host/qt/FakePortal.h"
-#include "host/qt/PanelThread.h"
-#include "host/qt/TrayNotice.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/session/FakePortal.h"
+#include "host/qt/tray/PanelThread.h"
+#include "host/qt/tray/TrayNotice.h"
 #include "scenarios/QtStartedTarnwell.h"
 
 namespace tarnwell::scenarios {

@@ -9,7 +9,7 @@
 #include "host/headless/PointNumberFormat.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/WindowWidget.h"
+#include "host/qt/window/WindowWidget.h"
 
 namespace tarnwell::scenarios {
 

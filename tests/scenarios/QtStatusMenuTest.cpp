@@ -7,9 +7,9 @@
 
 #include "fixtures/StandardOutputCapture.h"
 #include "host/qt/Desktop.h"
-#include "host/qt/FakePanel.h"
-#include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/session/RunLater.h"
+#include "host/qt/tray/FakePanel.h"
 #include "kit/turn/ClassRegistry.h"
 #include "statusmenu/AppDelegate.h"
 

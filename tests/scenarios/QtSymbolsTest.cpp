@@ -5,7 +5,7 @@
 
 #include "app/RunningApplication.h"
 #include "fixtures/StandardOutputCapture.h"
-#include "host/qt/Symbols.h"
+#include "host/qt/look/Symbols.h"
 #include "kit/application/StatusItem.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/SymbolView.h"

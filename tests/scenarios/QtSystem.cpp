@@ -8,12 +8,12 @@
 
 #include "host/headless/HeadlessLog.h"
 #include "host/headless/Journal.h"
-#include "host/qt/AboutPanel.h"
 #include "host/qt/Desktop.h"
-#include "host/qt/FakePanel.h"
 #include "host/qt/QtPlatform.h"
-#include "host/qt/RunLater.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/panels/AboutPanel.h"
+#include "host/qt/session/RunLater.h"
+#include "host/qt/tray/FakePanel.h"
 #include "scenarios/System.h"
 #include "view/scenes/SceneRunner.h"
 

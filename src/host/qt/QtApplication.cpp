@@ -7,7 +7,7 @@
 
 #include "diagnostics/Console.h"
 #include "host/linux/StartProgram.h"
-#include "host/qt/SessionBus.h"
+#include "host/qt/bus/SessionBus.h"
 
 namespace tarnwell::host_qt {
 namespace {

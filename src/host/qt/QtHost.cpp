@@ -3,22 +3,22 @@
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QApplication>
 
-#include "host/qt/Accessibility.h"
-#include "host/qt/BoxPeer.h"
-#include "host/qt/ButtonPeer.h"
-#include "host/qt/ControlLink.h"
-#include "host/qt/PanePeer.h"
-#include "host/qt/PopUpButtonPeer.h"
-#include "host/qt/ScrollAreaPeer.h"
-#include "host/qt/SliderPeer.h"
-#include "host/qt/StepperPeer.h"
-#include "host/qt/SymbolViewPeer.h"
-#include "host/qt/TabBarPeer.h"
-#include "host/qt/TextFieldPeer.h"
-#include "host/qt/TextLabelPeer.h"
-#include "host/qt/TogglePeer.h"
-#include "host/qt/WindowPeer.h"
-#include "host/qt/WrappedText.h"
+#include "host/qt/accessibility/Accessibility.h"
+#include "host/qt/controls/BoxPeer.h"
+#include "host/qt/controls/ButtonPeer.h"
+#include "host/qt/controls/ControlLink.h"
+#include "host/qt/controls/PanePeer.h"
+#include "host/qt/controls/PopUpButtonPeer.h"
+#include "host/qt/controls/ScrollAreaPeer.h"
+#include "host/qt/controls/SliderPeer.h"
+#include "host/qt/controls/StepperPeer.h"
+#include "host/qt/controls/SymbolViewPeer.h"
+#include "host/qt/controls/TabBarPeer.h"
+#include "host/qt/controls/TextFieldPeer.h"
+#include "host/qt/controls/TextLabelPeer.h"
+#include "host/qt/controls/TogglePeer.h"
+#include "host/qt/look/WrappedText.h"
+#include "host/qt/window/WindowPeer.h"
 
 namespace tarnwell::host_qt {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/qt/InputWatch.h"
-#include "host/qt/KeyRoute.h"
-#include "host/qt/Theme.h"
-#include "host/qt/WindowPeer.h"
+#include "host/qt/look/Theme.h"
+#include "host/qt/window/InputWatch.h"
+#include "host/qt/window/KeyRoute.h"
+#include "host/qt/window/WindowPeer.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::host_qt {

@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/qt/ActivationToken.h"
-#include "host/qt/ApplicationIcon.h"
-#include "host/qt/MenuBar.h"
-#include "host/qt/Panel.h"
-#include "host/qt/RunLater.h"
-#include "host/qt/StatusIcon.h"
-#include "host/qt/TrayNotice.h"
-#include "host/qt/WindowWidget.h"
+#include "host/qt/look/ApplicationIcon.h"
+#include "host/qt/menus/MenuBar.h"
+#include "host/qt/panels/Panel.h"
+#include "host/qt/session/ActivationToken.h"
+#include "host/qt/session/RunLater.h"
+#include "host/qt/tray/StatusIcon.h"
+#include "host/qt/tray/TrayNotice.h"
+#include "host/qt/window/WindowWidget.h"
 #include "kit/application/Application.h"
 #include "kit/application/ApplicationId.h"
 #include "kit/controls/Window.h"

@@ -9,11 +9,11 @@
 #include <optional>
 #include <string>
 
-#include "host/qt/AboutPanel.h"
-#include "host/qt/FirstAnswers.h"
-#include "host/qt/PortalSettings.h"
 #include "host/qt/QtApplication.h"
-#include "host/qt/TrayWatch.h"
+#include "host/qt/panels/AboutPanel.h"
+#include "host/qt/session/FirstAnswers.h"
+#include "host/qt/session/PortalSettings.h"
+#include "host/qt/tray/TrayWatch.h"
 #include "kit/application/Platform.h"
 
 namespace tarnwell::host_qt {

@@ -5,7 +5,7 @@
 
 #include "diagnostics/Console.h"
 #include "host/qt/QtApplication.h"
-#include "host/qt/SessionBus.h"
+#include "host/qt/bus/SessionBus.h"
 
 namespace tarnwell::host_qt {
 namespace {

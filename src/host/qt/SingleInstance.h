@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/linux/InstanceSocket.h"
-#include "host/qt/ApplicationService.h"
+#include "host/qt/session/ApplicationService.h"
 
 namespace tarnwell::host_qt {
 

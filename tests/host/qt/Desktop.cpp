@@ -7,9 +7,9 @@
 #include <array>
 
 #include "fixtures/WaitFor.h"
-#include "host/qt/MenuWidget.h"
-#include "host/qt/PrivateBus.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/bus/PrivateBus.h"
+#include "host/qt/menus/MenuWidget.h"
 #include "kit/ports/Updater.h"
 
 namespace tarnwell::host_qt {

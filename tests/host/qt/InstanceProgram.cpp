@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "diagnostics/Console.h"
-#include "host/qt/ActivationToken.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/SingleInstance.h"
+#include "host/qt/session/ActivationToken.h"
 
 int main(int argc, char** argv) {
   using tarnwell::diagnostics::printLine;

@@ -14,9 +14,9 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
-#include "host/qt/PrivateBus.h"
 #include "host/qt/QtApplication.h"
-#include "host/qt/SessionBus.h"
+#include "host/qt/bus/PrivateBus.h"
+#include "host/qt/bus/SessionBus.h"
 #include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {

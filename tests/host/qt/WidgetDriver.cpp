@@ -9,9 +9,9 @@
 #include <QtWidgets/QMenu>
 
 #include "diagnostics/Fault.h"
-#include "host/qt/Conversions.h"
-#include "host/qt/WidgetPeer.h"
-#include "host/qt/WindowPeer.h"
+#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/look/Conversions.h"
+#include "host/qt/window/WindowPeer.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/TextField.h"
 #include "kit/controls/Window.h"

@@ -1,0 +1,45 @@
+#include "host/qt/controls/BoxPeer.h"
+
+#include <QtGui/QPainter>
+
+#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/look/Drawing.h"
+#include "host/qt/look/Theme.h"
+#include "kit/controls/Box.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr double groupRadius = 10;
+
+class BoxWidget final : public ControlWidget {
+ public:
+  BoxWidget(kit::Box& box, const Theme& theme, QWidget* parent) : ControlWidget(box, theme, parent), box_(box) {}
+
+ protected:
+  void draw(QPainter& painter) override {
+    if (box_.kind() == kit::Box::Kind::group) {
+      drawRounded(painter, bounds(), groupRadius, theme().palette().groupFill, theme().palette().hairline);
+    } else {
+      drawSeparator(painter);
+    }
+  }
+
+ private:
+  // One point thick on the device's own grid, so that all of them look alike at any scale.
+  void drawSeparator(QPainter& painter) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    QRectF line = bounds();
+    line.setHeight(hairlineWidth(painter));
+    painter.fillRect(onDevicePixels(painter, line), theme().palette().hairline);
+  }
+
+  kit::Box& box_;
+};
+
+}  // namespace
+
+BoxPeer::BoxPeer(kit::Box& box, const Theme& theme, QWidget* parent)
+    : WidgetPeer(box, new BoxWidget(box, theme, parent)) {}
+
+}  // namespace tarnwell::host_qt

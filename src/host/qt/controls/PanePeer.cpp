@@ -1,0 +1,23 @@
+#include "host/qt/controls/PanePeer.h"
+
+#include "host/qt/controls/ControlWidget.h"
+#include "kit/controls/Pane.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+class PaneWidget final : public ControlWidget {
+ public:
+  using ControlWidget::ControlWidget;
+
+ protected:
+  // What stands in it is all that is seen.
+  void draw(QPainter& /*painter*/) override {}
+};
+
+}  // namespace
+
+PanePeer::PanePeer(kit::Pane& pane, const Theme& theme, QWidget* parent)
+    : WidgetPeer(pane, new PaneWidget(pane, theme, parent)) {}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/qt/controls/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class ScrollArea;
+}
+
+namespace tarnwell::host_qt {
+
+class Theme;
+
+class ScrollAreaPeer final : public WidgetPeer {
+ public:
+  ScrollAreaPeer(kit::ScrollArea& area, const Theme& theme, QWidget* parent);
+  ~ScrollAreaPeer() override;
+
+  QWidget* content() const override;
+
+  /// Scrolls the area that `widget` stands in, if it stands in one, so that it can be seen.
+  static void reveal(const QWidget& widget);
+
+ protected:
+  void showState(kit::Aspect aspect) override;
+  void placed() override;
+};
+
+}  // namespace tarnwell::host_qt

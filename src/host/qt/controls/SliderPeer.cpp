@@ -1,0 +1,141 @@
+#include "host/qt/controls/SliderPeer.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <cmath>
+#include <optional>
+
+#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/look/Conversions.h"
+#include "host/qt/look/Drawing.h"
+#include "host/qt/look/Theme.h"
+#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/Slider.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr double trackThickness = 4;
+constexpr double knobHeight = 18;
+constexpr double wholeRange = 1;
+
+// How far each key moves the knob to the right, as a fraction of the range.
+std::optional<double> stepOf(int key) {
+  switch (key) {
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+      return kit::Slider::arrowStep;
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+      return -kit::Slider::arrowStep;
+    case Qt::Key_PageUp:
+      return kit::Slider::pageStep;
+    case Qt::Key_PageDown:
+      return -kit::Slider::pageStep;
+    case Qt::Key_End:
+      return wholeRange;
+    case Qt::Key_Home:
+      return -wholeRange;
+    default:
+      return std::nullopt;
+  }
+}
+
+class SliderWidget final : public ControlWidget {
+ public:
+  SliderWidget(kit::Slider& slider, const Theme& theme, QWidget* parent)
+      : ControlWidget(slider, theme, parent), slider_(slider) {}
+
+  QRectF focusShape() const override {
+    QRectF shape = knob();
+    shape.moveCenter(knobOnScreen());
+    return shape;
+  }
+
+  double cornerRadius() const override { return kit::metrics::sliderKnobWidth / 2; }
+
+ protected:
+  void draw(QPainter& painter) override {
+    drawTicks(painter);
+    drawTrack(painter);
+    drawKnob(painter, knob(), kit::metrics::sliderKnobWidth / 2, theme().palette());
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() != Qt::LeftButton) {
+      return;
+    }
+    // The knob stays under the pointer where it was taken hold of; a press beside it fetches it.
+    const bool onKnob = knob().contains(toQPointF(slider_.toLocal(toPoint(event->position()))));
+    grab_ = onKnob ? event->position() - knobOnScreen() : QPointF();
+    if (!onKnob) {
+      slider_.dragTo(toPoint(event->position()));
+    }
+  }
+
+  void mouseMoveEvent(QMouseEvent* event) override {
+    if (grab_ && event->buttons().testFlag(Qt::LeftButton)) {
+      slider_.dragTo(toPoint(event->position() - *grab_));
+    }
+  }
+
+  void mouseReleaseEvent(QMouseEvent* /*event*/) override { grab_.reset(); }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool belongsToPage = event->modifiers().testFlag(Qt::ControlModifier);
+    if (const std::optional<double> step = belongsToPage ? std::nullopt : stepOf(event->key())) {
+      slider_.nudge(*step);
+    } else {
+      event->ignore();
+    }
+  }
+
+ private:
+  // Above the middle where there are tick marks below.
+  double trackCentre() const {
+    const double room =
+        slider_.numberOfTickMarks() > 0 ? bounds().height() - kit::metrics::tickHeight : bounds().height();
+    return std::round(room / 2);
+  }
+
+  QRectF knob() const {
+    return {slider_.knobCentre() - kit::metrics::sliderKnobWidth / 2, trackCentre() - knobHeight / 2,
+            kit::metrics::sliderKnobWidth, knobHeight};
+  }
+
+  QPointF knobOnScreen() const {
+    const kit::Point centre = {.x = slider_.knobCentre(), .y = trackCentre()};
+    return toQPointF(kit::turnedAboutCentre(centre, slider_.bounds(), slider_.rotation()));
+  }
+
+  void drawTicks(QPainter& painter) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (int i = 0; i < slider_.numberOfTickMarks(); ++i) {
+      const QRectF tick = toQRectF(slider_.rectOfTickMarkAtIndex(i));
+      painter.fillRect(onDevicePixels(painter, tick), theme().palette().tick);
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+  }
+
+  void drawTrack(QPainter& painter) {
+    const double inset = kit::metrics::sliderKnobWidth / 2;
+    QRectF track(inset - 2, trackCentre() - trackThickness / 2, bounds().width() - 2 * (inset - 2), trackThickness);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme().palette().track);
+    painter.drawRoundedRect(track, trackThickness / 2, trackThickness / 2);
+    track.setRight(slider_.knobCentre());
+    painter.setBrush(theme().palette().accent);
+    painter.drawRoundedRect(track, trackThickness / 2, trackThickness / 2);
+  }
+
+  kit::Slider& slider_;
+  std::optional<QPointF> grab_;  // From the knob's centre to where it was taken hold of, on the screen.
+};
+
+}  // namespace
+
+SliderPeer::SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent)
+    : WidgetPeer(slider, new SliderWidget(slider, theme, parent)) {}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,35 @@
+#include "host/qt/controls/SymbolViewPeer.h"
+
+#include <QtGui/QPainter>
+#include <algorithm>
+
+#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/look/Theme.h"
+#include "kit/controls/SymbolView.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+class SymbolWidget final : public ControlWidget {
+ public:
+  SymbolWidget(kit::SymbolView& symbol, const Theme& theme, QWidget* parent)
+      : ControlWidget(symbol, theme, parent), symbol_(symbol) {}
+
+ protected:
+  void draw(QPainter& painter) override {
+    const double side = std::min(bounds().width(), bounds().height());
+    QRectF square(0, 0, side, side);
+    square.moveCenter(bounds().center());
+    theme().symbols().draw(painter, symbol_.symbol(), square, theme().textColor(symbol_.color()));
+  }
+
+ private:
+  kit::SymbolView& symbol_;
+};
+
+}  // namespace
+
+SymbolViewPeer::SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent)
+    : WidgetPeer(symbol, new SymbolWidget(symbol, theme, parent)) {}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/qt/controls/WidgetPeer.h"
+
+namespace tarnwell::kit {
+class SymbolView;
+}
+
+namespace tarnwell::host_qt {
+
+class Theme;
+
+class SymbolViewPeer final : public WidgetPeer {
+ public:
+  SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,69 @@
+#include "host/qt/look/Drawing.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "host/qt/look/Palette.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr double chevronStroke = 1.4;
+// How the knob's shadow fades: each ring is this much larger than the one before.
+constexpr double shadowStep = 0.75;
+
+}  // namespace
+
+QRectF onDevicePixels(const QPainter& painter, const QRectF& rect) {
+  const QTransform toDevice = painter.deviceTransform();
+  const QRectF device = toDevice.mapRect(rect);
+  const double left = std::round(device.left());
+  const double top = std::round(device.top());
+  const double width = std::max(1.0, std::round(device.width()));
+  const double height = std::max(1.0, std::round(device.height()));
+  return toDevice.inverted().mapRect(QRectF(left, top, width, height));
+}
+
+double hairlineWidth(const QPainter& painter) { return 1 / painter.device()->devicePixelRatioF(); }
+
+void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const QColor& border) {
+  const double line = hairlineWidth(painter);
+  const QRectF middle = rect.adjusted(line / 2, line / 2, -line / 2, -line / 2);
+  painter.setBrush(fill);
+  painter.setPen(QPen(border, line));
+  painter.drawRoundedRect(middle, radius - line / 2, radius - line / 2);
+}
+
+void drawFace(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const Palette& palette) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette.shadow);
+  painter.drawRoundedRect(rect.translated(0, 0.75), radius, radius);
+  drawRounded(painter, rect, radius, fill, palette.controlBorder);
+}
+
+void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palette& palette) {
+  painter.setPen(Qt::NoPen);
+  QColor faint = palette.shadow;
+  faint.setAlpha(palette.shadow.alpha() / 3);
+  painter.setBrush(faint);
+  for (int ring = 1; ring <= 2; ++ring) {
+    const double grown = ring * shadowStep;
+    painter.drawRoundedRect(rect.adjusted(-grown, -grown, grown, grown), radius + grown, radius + grown);
+  }
+  drawRounded(painter, rect, radius, palette.knob, palette.knobBorder);
+}
+
+void drawChevron(QPainter& painter, const QPointF& centre, double size, Direction direction, const QColor& color) {
+  const double half = size / 2;
+  const double rise = direction == Direction::up ? -half / 2 : half / 2;
+  QPainterPath path(centre + QPointF(-half, -rise));
+  path.lineTo(centre + QPointF(0, rise));
+  path.lineTo(centre + QPointF(half, -rise));
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(color, chevronStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPath(path);
+}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <optional>
+
+#include "host/qt/look/Palette.h"
+#include "host/qt/look/Symbols.h"
+#include "host/qt/look/Typography.h"
+#include "kit/host/TextStyle.h"
+
+namespace tarnwell::host_qt {
+
+/// What all widgets share: colours, fonts, symbols. Must outlive the widgets. Needs the application object.
+class Theme {
+ public:
+  /// Takes the desktop's own colours as a first answer to whether it is dark.
+  Theme();
+  Theme(const Theme&) = delete;
+  Theme& operator=(const Theme&) = delete;
+
+  const Palette& palette() const { return palette_; }
+  const QFont& font(kit::FontRole role) const { return typography_.font(role); }
+  QColor textColor(kit::ColorRole role) const;
+  Symbols& symbols() const { return symbols_; }
+
+  /// Absent: the desktop has no preference, its own colours decide. Every widget is painted anew.
+  void setColorScheme(std::optional<ColorScheme> scheme);
+  ColorScheme colorScheme() const { return scheme_.value_or(desktopScheme_); }
+
+  /// What the desktop's user asks for; normal until told.
+  void setContrastLevel(ContrastLevel level);
+
+  /// Absent: our own accent colour.
+  void setAccent(std::optional<QColor> accent);
+
+  /// The application's font has changed.
+  void takeApplicationFont();
+
+ private:
+  void apply();
+
+  ColorScheme desktopScheme_;
+  std::optional<ColorScheme> scheme_;
+  std::optional<QColor> accent_;
+  ContrastLevel contrastLevel_ = ContrastLevel::normal;
+  Palette palette_;
+  Typography typography_;
+  mutable Symbols symbols_;  // Only a cache of pictures.
+};
+
+}  // namespace tarnwell::host_qt

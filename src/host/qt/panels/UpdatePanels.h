@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "host/linux/updates/UserDriver.h"
+#include "host/qt/panels/UpdatePanel.h"
+#include "kit/ports/NumberFormat.h"
+
+namespace tarnwell::host_qt {
+
+class DownloadProgress;
+
+/// Shows the updater's steps in one window.
+class UpdatePanels final : public host_linux::updates::UserDriver {
+ public:
+  struct Settings {
+    /// What people read of the version that runs.
+    std::string shownVersion = {};
+    std::shared_ptr<const kit::NumberFormat> numberFormat = {};
+    std::function<void(const std::string& address)> openUrl = {};
+    /// Runs an answer as one event of the application.
+    std::function<void(kit::Action)> perform = {};
+    /// Where the key equivalents go that the window has no use for. May be empty.
+    std::function<void(const kit::KeyEvent&)> keyEquivalents = {};
+  };
+
+  /// The theme is borrowed and outlives the panels.
+  UpdatePanels(const Theme& theme, Settings settings);
+  ~UpdatePanels() override;
+
+  void showPermission(std::function<void(Permission)> answer) override;
+  void showChecking(kit::Action cancel) override;
+  void showFound(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
+  void showDownloading(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
+  void showProgress(std::uint64_t received, std::uint64_t expected) override;
+  void showVerifying(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
+  void showReady(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
+  void showInstalling(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
+  void showHandedOver(const host_linux::updates::FeedItem& item, host_linux::updates::HandOver handOver, Origin origin,
+                      kit::Action acknowledged) override;
+  void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) override;
+  void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override;
+  void dismiss() override;
+
+ private:
+  void show(UpdatePage page, Origin origin);
+  /// Something goes on, nobody knows for how long.
+  void showWork(const std::string& heading, const char* name, kit::Action cancel);
+  UpdatePage offer(const host_linux::updates::FeedItem& item, const std::function<void(Choice)>& answer) const;
+  kit::Action asEvent(kit::Action action) const;
+  QWidget* makeNotes(const host_linux::updates::FeedItem& item) const;
+
+  const Theme& theme_;
+  Settings settings_;
+  std::unique_ptr<UpdatePanel> panel_;
+  QPointer<DownloadProgress> progress_;
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,40 @@
+#include "host/qt/session/FirstAnswers.h"
+
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <utility>
+
+#include "host/qt/session/RunLater.h"
+
+namespace tarnwell::host_qt {
+
+FirstAnswers::FirstAnswers(std::chrono::milliseconds longestWait) {
+  QObject::connect(&deadline_, &QTimer::timeout, &deadline_, [this]() noexcept { end(); });
+  deadline_.setSingleShot(true);
+  deadline_.setTimerType(Qt::PreciseTimer);
+  deadline_.start(longestWait);
+}
+
+void FirstAnswers::await(const QDBusPendingCallWatcher& answer) {
+  ++open_;
+  QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &deadline_, [this]() noexcept {
+    --open_;
+    if (!isOpen()) {
+      end();
+    }
+  });
+}
+
+kit::Subscription FirstAnswers::whenOver(kit::Action action) {
+  if (!isOpen()) {
+    end();
+  }
+  return observers_.add(std::move(action));
+}
+
+void FirstAnswers::end() {
+  deadline_.stop();
+  // Behind what waits already: a status icon goes by the answers first.
+  runLater(deadline_, [this] { std::exchange(observers_, {}).tell(); });
+}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+#include <QtDBus/QDBusVariant>
+#include <memory>
+
+#include "host/qt/bus/BusNameOwner.h"
+
+namespace tarnwell::host_qt {
+
+class FirstAnswers;
+class Theme;
+
+/// What the desktop's settings portal says of light, dark, contrast and the accent colour, now and whenever it changes.
+/// Without a bus or a portal the theme stays as it is.
+class PortalSettings final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Asks at once. The theme is borrowed.
+  PortalSettings(Theme& theme, FirstAnswers& first);
+
+  /// From the bus.
+  Q_SLOT void settingChanged(const QDBusMessage& signal);
+
+ private:
+  void ask(const QString& key, FirstAnswers& first);
+  void take(const QString& key, const QDBusVariant& wrapped);
+
+  Theme& theme_;
+  std::unique_ptr<BusNameOwner> owner_;
+};
+
+}  // namespace tarnwell::host_qt

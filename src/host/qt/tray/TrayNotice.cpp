@@ -1,0 +1,65 @@
+#include "host/qt/tray/TrayNotice.h"
+
+#include <QtGui/QHideEvent>
+#include <QtGui/QPainter>
+#include <cmath>
+
+#include "host/qt/look/Drawing.h"
+#include "host/qt/look/Theme.h"
+#include "host/qt/tray/TrayWatch.h"
+#include "host/qt/window/WindowPeer.h"
+#include "kit/controls/Window.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr const char* notice = "There is no place for a status icon. To come back after closing, start Tarnwell again.";
+constexpr int padding = 8;
+
+}  // namespace
+
+TrayNotice::TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window)
+    : QWidget(&window), theme_(theme), watch_(watch) {
+  setAccessibleName(QString::fromUtf8(notice));
+  hide();
+  changes_ = watch_.observe([this] { follow(); });
+  follow();
+}
+
+int TrayNotice::heightForWidth(int width) const {
+  return static_cast<int>(std::ceil(textWithin(width).size().height())) + 2 * padding;
+}
+
+void TrayNotice::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(onDevicePixels(painter, QRectF(0, 0, width(), hairlineWidth(painter))), theme_.palette().hairline);
+  const WrappedText text = textWithin(width());
+  painter.setPen(theme_.palette().secondaryText);
+  text.draw(painter, {std::round((width() - text.size().width()) / 2), padding});
+}
+
+void TrayNotice::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  // With its window; one that is only put away comes back.
+  const kit::Window* window = WindowPeer::windowOf(*this);
+  if (window != nullptr && !window->isVisible()) {
+    said_ = true;
+    setShown(false);
+  }
+}
+
+void TrayNotice::follow() { setShown(!said_ && watch_.tray() == TrayWatch::Tray::none); }
+
+WrappedText TrayNotice::textWithin(int width) const {
+  return {notice, theme_.font(kit::FontRole::subheadline), width - 2.0 * padding};
+}
+
+void TrayNotice::setShown(bool shown) {
+  if (isHidden() != shown) {
+    return;
+  }
+  setVisible(shown);
+  WindowPeer::chromeChanged(*this);
+}
+
+}  // namespace tarnwell::host_qt

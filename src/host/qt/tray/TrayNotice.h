@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+#include "host/qt/look/WrappedText.h"
+#include "kit/turn/Subscription.h"
+
+namespace tarnwell::host_qt {
+
+class Theme;
+class TrayWatch;
+
+/// A strip across the bottom of a window which says, once, that there is nowhere to show the status icon. It goes when
+/// a tray comes, or with the first closing of its window.
+class TrayNotice final : public QWidget {
+ public:
+  /// Theme and watch are borrowed.
+  TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window);
+
+  int heightForWidth(int width) const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  WrappedText textWithin(int width) const;
+  void follow();
+  void setShown(bool shown);
+
+  const Theme& theme_;
+  TrayWatch& watch_;
+  kit::Subscription changes_;
+  bool said_ = false;
+};
+
+}  // namespace tarnwell::host_qt

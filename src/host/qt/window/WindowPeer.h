@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+#include "host/qt/look/Container.h"
+#include "kit/host/WindowPeer.h"
+
+namespace tarnwell::kit {
+class Window;
+}
+
+namespace tarnwell::host_qt {
+
+class KeyRoute;
+
+/// What stands in a window beside its content, across the whole width: children of the window's widget. Null for
+/// nothing.
+struct WindowChrome {
+  QWidget* above = nullptr;
+  QWidget* below = nullptr;
+};
+
+/// A window on the screen: of a fixed size, placed by the window manager.
+class WindowPeer final : public kit::WindowPeer, public Container {
+ public:
+  WindowPeer(kit::Window& window, KeyRoute& keys);
+  ~WindowPeer() override;
+
+  /// Null only when Qt has closed down before the window.
+  QWidget* widget() const { return widget_; }
+  QWidget* content() const override { return content_; }
+
+  /// Takes what stands beside the content, before anything stands in it.
+  void setChrome(const WindowChrome& chrome);
+
+  /// To be told when what stands beside the content is higher or lower than it was, is hidden or comes.
+  static void chromeChanged(const QWidget& inWindow);
+
+  /// The window that `widget` stands in; null for a widget that stands in none of ours.
+  static kit::Window* windowOf(const QWidget& widget);
+
+  void show(kit::Aspect aspect) noexcept override;
+  void place(const kit::Rect& frame) noexcept override;
+  double availableHeight() const override;
+  double chromeHeight() const override;
+  void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
+  void miniaturize() noexcept override;
+  void orderFront() noexcept override;
+
+ private:
+  void showLevel();
+
+  kit::Window& window_;
+  QPointer<QWidget> widget_;
+  QPointer<QWidget> content_;  // The same unless there is something beside the content.
+  QPointer<QWidget> above_;
+  QPointer<QWidget> below_;
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <memory>
+
+#include "host/qt/window/FixedSizeGuard.h"
+
+namespace tarnwell::kit {
+class Control;
+class Window;
+}  // namespace tarnwell::kit
+
+namespace tarnwell::host_qt {
+
+class KeyRoute;
+
+/// The toolkit's window of a kit window. Cut off when its peer goes; it is deleted when its events are over.
+class WindowWidget final : public QWidget {
+ public:
+  WindowWidget(kit::Window& window, KeyRoute& keys);
+
+  /// Null when cut off.
+  kit::Window* kitWindow() const { return window_; }
+  void cut() { window_ = nullptr; }
+
+  bool event(QEvent* event) noexcept override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  bool chooseTab(const QKeyEvent& event);
+  bool scroll(int key);
+  /// The first control of that kind; null for none.
+  template <class Kind>
+  Kind* first() const;
+  /// The handle of the switch whose label stands there; null for none.
+  std::shared_ptr<kit::Control* const> toggleLabelledAt(const QPointF& position) const;
+
+  kit::Window* window_;
+  KeyRoute& keys_;
+  std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
+  FixedSizeGuard guard_{*this};
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,327 @@
+#include <gtest/gtest.h>
+
+#include <QtCore/QPointer>
+#include <QtGui/QAccessible>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <functional>
+#include <numbers>
+
+#include "host/qt/Stage.h"
+#include "host/qt/WidgetDriver.h"
+#include "host/qt/accessibility/Accessibility.h"
+#include "host/qt/controls/Controls.h"
+#include "host/qt/panels/AboutPanel.h"
+#include "kit/controls/Box.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/SymbolView.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+using driver::seen;
+
+constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
+
+template <class C>
+C& named(C& control, const std::string& name) {
+  control.setAccessibleName(name);
+  return control;
+}
+
+TEST(AccessibilityTest, everyControlHasItsRoleAndName) {
+  Stage stage;
+  auto symbol = std::make_unique<kit::SymbolView>();
+  symbol->setSymbol("timer");
+  struct Expected {
+    const kit::Control& control;
+    QAccessible::Role role;
+    const char* name;
+  };
+  const std::vector<Expected> table = {
+      {named(stage.add(makeSlider(0.5), place), "Delay"), QAccessible::Slider, "Delay"},
+      {named(stage.add(makeStepper(), place), "Delay"), QAccessible::SpinBox, "Delay"},
+      {named(stage.add(makeField("1"), place), "Delay"), QAccessible::EditableText, "Delay"},
+      {named(stage.add(makeToggle(), place), "Dim"), QAccessible::CheckBox, "Dim"},
+      {named(stage.add(makePopUpButton(), place), "Effect"), QAccessible::ComboBox, "Effect"},
+      {named(stage.add(std::move(symbol), place), "Timer"), QAccessible::Graphic, "Timer"},
+      {stage.add(makeButton("Save"), place), QAccessible::Button, "Save"},
+      {named(stage.add(makeButton(""), place), "Help"), QAccessible::Button, "Help"},
+      {stage.add(makeLabel("Text"), place), QAccessible::StaticText, "Text"}};
+  for (const Expected& expected : table) {
+    EXPECT_EQ(seen(expected.control).role(), expected.role) << expected.name;
+    EXPECT_EQ(seen(expected.control).text(QAccessible::Name).toStdString(), expected.name);
+  }
+}
+
+TEST(AccessibilityTest, turnedSliderTellsAndTakesTheStoredValue) {
+  Stage stage;
+  auto& slider = stage.add(makeSlider(0.7), place);
+  slider.setRotation(std::numbers::pi);
+  QAccessibleValueInterface* value = seen(slider).valueInterface();
+  ASSERT_NE(value, nullptr);
+  EXPECT_EQ(value->currentValue().toDouble(), 0.7);
+  EXPECT_EQ(value->minimumValue().toDouble(), 0);
+  EXPECT_EQ(value->maximumValue().toDouble(), 1);
+  value->setCurrentValue(0.25);
+  EXPECT_EQ(slider.doubleValue(), 0.25);
+}
+
+TEST(AccessibilityTest, stepperTellsItsValueAndSteps) {
+  Stage stage;
+  auto& stepper = stage.add(makeStepper(), place);
+  stepper.setValue(5);
+  QAccessibleInterface& interface = seen(stepper);
+  EXPECT_EQ(interface.valueInterface()->currentValue().toDouble(), 5);
+  EXPECT_EQ(interface.valueInterface()->maximumValue().toDouble(), 100);
+  interface.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+  EXPECT_EQ(stepper.value(), 6);
+  interface.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  interface.actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  EXPECT_EQ(stepper.value(), 4);
+}
+
+TEST(AccessibilityTest, stepperTakesAValueWithinItsRange) {
+  Stage stage;
+  std::vector<double> sent;
+  auto& stepper = stage.add(makeStepper([&sent](double value) { sent.push_back(value); }), place);
+  for (const double value : {5.0, -3.0, 1000.0}) {
+    seen(stepper).valueInterface()->setCurrentValue(value);
+  }
+  EXPECT_EQ(sent, (std::vector<double>{5, 0, 100}));
+}
+
+TEST(AccessibilityTest, toggleTellsItsStateAndTurns) {
+  Stage stage;
+  auto& toggle = stage.add(makeToggle(), place);
+  EXPECT_TRUE(seen(toggle).state().checkable);
+  EXPECT_FALSE(seen(toggle).state().checked);
+  seen(toggle).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(toggle.isOn());
+  EXPECT_TRUE(seen(toggle).state().checked);
+}
+
+TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
+  Stage stage;
+  auto& field = stage.add(makeField("1"), place);
+  std::string committed;
+  field.setAction([&committed](const std::string& text) { committed = text; });
+  seen(field).setText(QAccessible::Value, QStringLiteral("0.3"));
+  EXPECT_EQ(field.shownText(), "0.3");
+  EXPECT_EQ(committed, "");
+  field.commit();
+  EXPECT_EQ(committed, "0.3");
+}
+
+/// A field, and one of each control that can be acted on; `done` is what came of it, in order.
+struct ActionStage : Stage {
+  void noteIt(const std::string& what) { done.push_back(what); }
+
+  std::vector<std::string> done;
+  kit::TextField& field = add(makeField("1", [this](const std::string& text) { noteIt("typed " + text); }), place);
+  kit::TextField& other = add(makeField("1"), place);
+  kit::Button& button = add(makeButton("Save", [this] { noteIt("button"); }), place);
+  kit::Toggle& toggle = add(makeToggle([this](bool) { noteIt("switch"); }), place);
+  kit::Slider& slider = add(makeSlider(0.5, [this](kit::Slider&) { noteIt("slider"); }), place);
+  kit::Stepper& stepper = add(makeStepper([this](double) { noteIt("stepper"); }), place);
+  kit::TabBar& tabs = add(makeTabBar([this](int) { noteIt("tab"); }), {.width = 400, .height = 60});
+  kit::PopUpButton& popUp = add(makePopUpButton(), place);
+};
+
+using Interface = QAccessibleActionInterface;
+
+void act(QAccessibleInterface& interface, const QString& name) { interface.actionInterface()->doAction(name); }
+
+TEST(AccessibilityTest, everyActionCommitsFirstWhatIsBeingTyped) {
+  struct Row {
+    const char* name;
+    std::function<void(ActionStage&)> action;
+    std::vector<std::string> done;
+  };
+  const std::vector<Row> table = {
+      {"press", [](auto& stage) { act(seen(stage.button), Interface::pressAction()); }, {"typed 7", "button"}},
+      {"toggle", [](auto& stage) { act(seen(stage.toggle), Interface::toggleAction()); }, {"typed 7", "switch"}},
+      {"up", [](auto& stage) { act(seen(stage.stepper), Interface::increaseAction()); }, {"typed 7", "stepper"}},
+      {"down", [](auto& stage) { act(seen(stage.slider), Interface::decreaseAction()); }, {"typed 7", "slider"}},
+      {"set", [](auto& stage) { seen(stage.slider).valueInterface()->setCurrentValue(0); }, {"typed 7", "slider"}},
+      {"step", [](auto& stage) { seen(stage.stepper).valueInterface()->setCurrentValue(5); }, {"typed 7", "stepper"}},
+      {"tab", [](auto& stage) { act(*seen(stage.tabs).child(1), Interface::pressAction()); }, {"typed 7", "tab"}},
+      {"menu", [](auto& stage) { act(seen(stage.popUp), Interface::showMenuAction()); }, {"typed 7"}},
+      {"go", [](auto& stage) { act(seen(stage.toggle), Interface::setFocusAction()); }, {"typed 7"}},
+      {"type", [](auto& stage) { seen(stage.other).setText(QAccessible::Value, "2"); }, {"typed 7"}}};
+  for (const Row& row : table) {
+    ActionStage stage;
+    seen(stage.field).setText(QAccessible::Value, "7");
+    EXPECT_TRUE(stage.done.empty());
+    row.action(stage);
+    EXPECT_EQ(stage.done, row.done) << row.name;
+  }
+}
+
+TEST(AccessibilityTest, keyAtAnotherControlCommitsFirstTheTextThatWasSet) {
+  ActionStage stage;
+  stage.show();
+  driver::widget(stage.button).setFocus(Qt::TabFocusReason);
+  seen(stage.field).setText(QAccessible::Value, "7");
+  driver::key(stage.window(), Qt::Key_Space);
+  EXPECT_EQ(stage.done, (std::vector<std::string>{"typed 7", "button"}));
+}
+
+TEST(AccessibilityTest, escapeAtAnotherControlTakesBackTheTextThatWasSet) {
+  ActionStage stage;
+  stage.show();
+  driver::widget(stage.button).setFocus(Qt::TabFocusReason);
+  seen(stage.field).setText(QAccessible::Value, "7");
+  driver::key(stage.window(), Qt::Key_Escape);
+  EXPECT_EQ(stage.field.shownText(), "1");
+  EXPECT_TRUE(stage.done.empty());
+}
+
+TEST(AccessibilityTest, actionOnAControlThatTheCommitEndsDoesNothing) {
+  Stage stage;
+  int runs = 0;
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  seen(field).setText(QAccessible::Value, "7");
+  act(seen(button), Interface::pressAction());
+  EXPECT_EQ(runs, 0);
+}
+
+TEST(AccessibilityTest, textForAFieldThatTheCommitEndsIsLost) {
+  Stage stage;
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  auto& other = stage.add(makeField("1"), place);
+  const QPointer<QWidget> widget = &driver::widget(other);
+  seen(field).setText(QAccessible::Value, "7");
+  seen(other).setText(QAccessible::Value, "2");
+  driver::settle();
+  EXPECT_TRUE(widget.isNull());
+}
+
+TEST(AccessibilityTest, buttonIsPressed) {
+  Stage stage;
+  int runs = 0;
+  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  button.setDefault(true);
+  EXPECT_TRUE(seen(button).state().defaultButton);
+  seen(button).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(AccessibilityTest, disabledControlSaysSo) {
+  Stage stage;
+  auto& button = stage.add(makeButton("Save"), place);
+  EXPECT_FALSE(seen(button).state().disabled);
+  button.setEnabled(false);
+  EXPECT_TRUE(seen(button).state().disabled);
+}
+
+TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
+  Stage stage;
+  auto& button = stage.add(makePopUpButton(), place);
+  stage.show();
+  EXPECT_EQ(seen(button).text(QAccessible::Value), "Genie");
+  EXPECT_EQ(seen(button).text(QAccessible::Description), "Genie");
+  EXPECT_EQ(seen(button).childCount(), 0);
+  seen(button).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+  QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(menu);
+  ASSERT_EQ(seen(button).childCount(), 1);
+  EXPECT_EQ(seen(button).child(0), rows);
+  EXPECT_EQ(seen(button).indexOfChild(rows), 0);
+  EXPECT_EQ(seen(button).child(1), nullptr);
+  ASSERT_EQ(rows->childCount(), 3);
+  EXPECT_EQ(rows->child(2)->text(QAccessible::Name), "Suck");
+  rows->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  driver::settle();
+  EXPECT_EQ(button.selectedIndex(), 2);
+}
+
+TEST(AccessibilityTest, panelIsADialogOfItsName) {
+  AboutPanel panel({.name = "Tarnwell", .version = "1", .copyright = "us"});
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel);
+  EXPECT_EQ(interface->role(), QAccessible::Dialog);
+  EXPECT_EQ(interface->text(QAccessible::Name), "About Tarnwell");
+}
+
+TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), {.x = 0, .y = 0, .width = 400, .height = 60});
+  stage.show();
+  QAccessibleInterface& list = seen(bar);
+  EXPECT_EQ(list.role(), QAccessible::PageTabList);
+  ASSERT_EQ(list.childCount(), 2);
+  QAccessibleInterface* general = list.child(1);
+  EXPECT_EQ(general->role(), QAccessible::PageTab);
+  EXPECT_EQ(general->text(QAccessible::Name), "General");
+  EXPECT_EQ(list.indexOfChild(general), 1);
+  EXPECT_EQ(list.childAt(general->rect().center().x(), general->rect().center().y()), general);
+  EXPECT_TRUE(list.child(0)->state().selected);
+  general->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(bar.selectedIndex(), 1);
+  EXPECT_TRUE(general->state().selected);
+}
+
+TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
+  Stage stage;
+  auto& label = stage.add(makeLabel("Delay"), place);
+  const std::vector<kit::Control*> controls = {&stage.add(makeSlider(0.5), place), &stage.add(makeStepper(), place),
+                                               &stage.add(makeToggle(), place), &stage.add(makeButton("Save"), place)};
+  for (kit::Control* control : controls) {
+    control->setAccessibleDescription("How long.");
+    control->setLabel(&label);
+    EXPECT_EQ(seen(*control).text(QAccessible::Description), "How long.");
+    const auto relations = seen(*control).relations(QAccessible::Label);
+    ASSERT_EQ(relations.size(), 1);
+    EXPECT_EQ(relations[0].first, &seen(label));
+    EXPECT_TRUE(seen(*control).relations(QAccessible::Controlled).isEmpty());
+  }
+  auto& field = stage.add(makeField("1"), place);
+  field.setAccessibleDescription("How long.");
+  EXPECT_EQ(seen(field).text(QAccessible::Description), "How long.");
+  auto& popUp = stage.add(makePopUpButton(), place);
+  popUp.setAccessibleDescription("Which one.");
+  EXPECT_EQ(seen(popUp).text(QAccessible::Description), "Genie. Which one.");
+}
+
+TEST(AccessibilityTest, labelThatIsGoneNamesNothing) {
+  Stage stage;
+  auto& toggle = stage.add(makeToggle(), place);
+  {
+    kit::TextLabel label;
+    toggle.setLabel(&label);
+    EXPECT_EQ(toggle.label(), &label);
+  }
+  EXPECT_EQ(toggle.label(), nullptr);
+  EXPECT_TRUE(seen(toggle).relations(QAccessible::Label).isEmpty());
+}
+
+TEST(AccessibilityTest, decorationIsNoObject) {
+  Stage stage;
+  stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), place);
+  stage.add(std::make_unique<kit::SymbolView>(), place);
+  auto& tortoise = named(stage.add(std::make_unique<kit::SymbolView>(), place), "Slow");
+  auto& label = stage.add(makeLabel("Text"), place);
+  QAccessibleInterface& ground = *seen(label).parent();
+  ASSERT_EQ(ground.childCount(), 2);
+  EXPECT_EQ(ground.child(0), &seen(tortoise));
+  EXPECT_EQ(ground.child(1), &seen(label));
+  EXPECT_EQ(ground.indexOfChild(&seen(label)), 1);
+  EXPECT_EQ(ground.child(2), nullptr);
+}
+
+TEST(AccessibilityTest, chosenTabHasTheFocusOfItsBar) {
+  Stage stage;
+  auto& bar = stage.add(makeTabBar(), {.x = 0, .y = 0, .width = 400, .height = 60});
+  stage.show();
+  EXPECT_EQ(seen(bar).focusChild(), nullptr);
+  driver::keyAt(bar, Qt::Key_Right);
+  EXPECT_EQ(seen(bar).focusChild(), seen(bar).child(1));
+  EXPECT_TRUE(seen(bar).child(1)->state().focused);
+  EXPECT_FALSE(seen(bar).child(0)->state().focused);
+}
+
+}  // namespace
+}  // namespace tarnwell::host_qt
