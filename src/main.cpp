@@ -19,8 +19,6 @@
 #include "host/linux/SearchPath.h"
 #include "host/linux/StartProgram.h"
 #include "host/linux/XdgLoginItem.h"
-#include "host/linux/updates/RunningAppImage.h"
-#include "host/linux/updates/UpdateSource.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/QtPlatform.h"
 #include "host/qt/SingleInstance.h"
@@ -29,6 +27,8 @@
 #include "kit/application/Application.h"
 #include "kit/application/ApplicationId.h"
 #include "system/RunningExecutable.h"
+#include "updater/UpdateSource.h"
+#include "updater/package/RunningAppImage.h"
 #include "view/scenes/SceneRunner.h"
 
 namespace tarnwell {
@@ -58,7 +58,7 @@ struct Start {
 
 /// An AppImage is mounted where nothing is any more once it has ended.
 std::filesystem::path executableToStart(const Start& start) {
-  return host_linux::updates::runningAppImage(start.executable).value_or(start.executable);
+  return updater::runningAppImage(start.executable).value_or(start.executable);
 }
 
 std::unique_ptr<kit::UpdaterController> makeUpdaterController(
@@ -67,7 +67,7 @@ std::unique_ptr<kit::UpdaterController> makeUpdaterController(
   return std::make_unique<host_qt::DesktopUpdater>(
       desktop.host().theme(), arguments,
       host_qt::DesktopUpdater::Settings{
-          .source = host_linux::updates::updateSource(),
+          .source = updater::updateSource(),
           .executable = start.executable,
           .numberFormat = numberFormat,
           .openUrl = [&desktop](const std::string& address) { desktop.openUrl(address); },

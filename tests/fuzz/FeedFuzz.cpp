@@ -5,18 +5,18 @@
 #include <vector>
 
 #include "fuzz/Require.h"
-#include "host/linux/updates/FeedReader.h"
-#include "host/linux/updates/ItemChooser.h"
-#include "host/linux/updates/PackageClaim.h"
+#include "updater/ItemChooser.h"
+#include "updater/feed/FeedReader.h"
+#include "updater/package/PackageClaim.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
-using host_linux::updates::FeedItem;
-using host_linux::updates::FeedReader;
-using host_linux::updates::ItemChooser;
-using host_linux::updates::PackageClaim;
 using system::Result;
+using updater::FeedItem;
+using updater::FeedReader;
+using updater::ItemChooser;
+using updater::PackageClaim;
 
 using Items = std::vector<FeedItem>;
 

@@ -8,17 +8,17 @@
 #include <variant>
 
 #include "fuzz/Require.h"
-#include "host/linux/updates/Base64.h"
-#include "host/linux/updates/PublicKey.h"
-#include "host/linux/updates/Signature.h"
 #include "system/Descriptor.h"
+#include "updater/signature/PublicKey.h"
+#include "updater/signature/Signature.h"
+#include "updater/text/Base64.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
-using host_linux::updates::encodeBase64;
-using host_linux::updates::PublicKey;
-using host_linux::updates::Signature;
+using updater::encodeBase64;
+using updater::PublicKey;
+using updater::Signature;
 
 // Of the pair whose seed is nothing but ones.
 constexpr std::string_view someKey = "iojj3XQJ8ZX9UtstPLpdcspnCb8dlBIb83SIAbQPb1w=";

@@ -4,12 +4,12 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
-#include "host/linux/updates/Version.h"
+#include "updater/text/Version.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
-using host_linux::updates::compareVersions;
+using updater::compareVersions;
 
 std::string_view taken(std::string_view& text) {
   const std::string_view line = text.substr(0, text.find('\n'));

@@ -1,9 +1,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "host/linux/updates/UpdateSource.h"
+#include "updater/UpdateSource.h"
 
-namespace tarnwell::host_linux::updates {
+namespace tarnwell::updater {
 namespace {
 
 std::string named(const char* variable) {
@@ -23,4 +23,4 @@ UpdateSource updateSource() {
   return source;
 }
 
-}  // namespace tarnwell::host_linux::updates
+}  // namespace tarnwell::updater

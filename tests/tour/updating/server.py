@@ -19,7 +19,7 @@ class Server:
     def __init__(self, build, folder):
         self.build, self.folder = build, os.path.join(folder, "server")
         os.makedirs(os.path.join(self.folder, "www"))
-        self.process = subprocess.Popen((os.path.join(PROJECT, "tests/host/linux/updates/loopback-server"),
+        self.process = subprocess.Popen((os.path.join(PROJECT, "tests/updater/transfer/loopback-server"),
                                          self.folder), stdin=subprocess.PIPE)
         addresses = os.path.join(self.folder, "addresses")
         wait_for("the server", lambda: os.path.exists(addresses))
@@ -41,7 +41,7 @@ class Server:
             file.write(content)
 
     def make_feed(self, *arguments):
-        program = os.path.join(self.build, "src/host/linux/publish/make-feed")
+        program = os.path.join(self.build, "src/publish/make-feed")
         return subprocess.run((program,) + arguments, check=True, capture_output=True, text=True).stdout.strip()
 
     def debian(self, version):

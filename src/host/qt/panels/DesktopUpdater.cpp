@@ -4,28 +4,27 @@
 #include <variant>
 
 #include "diagnostics/Console.h"
-#include "host/linux/updates/PackageFolder.h"
-#include "host/linux/updates/RunningAppImage.h"
+#include "updater/package/PackageFolder.h"
+#include "updater/package/RunningAppImage.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-namespace updates = host_linux::updates;
 
 /// Empty where there is none; a download then fails, and says so.
 std::filesystem::path emptiedPackageFolder() {
-  const auto folder = updates::packageFolder();
+  const auto folder = updater::packageFolder();
   if (const auto* failure = std::get_if<system::Failure>(&folder)) {
     diagnostics::printErrorLine("tarnwell: " + failure->message);
     return {};
   }
   const auto& path = std::get<std::filesystem::path>(folder);
-  updates::removePackages(path, std::chrono::system_clock::time_point::max());
+  updater::removePackages(path, std::chrono::system_clock::time_point::max());
   return path;
 }
 
-updates::UpdaterConfiguration configurationOf(const DesktopUpdater::Settings& settings) {
-  updates::UpdaterConfiguration configuration = settings.source.configuration;
+updater::UpdaterConfiguration configurationOf(const DesktopUpdater::Settings& settings) {
+  updater::UpdaterConfiguration configuration = settings.source.configuration;
   configuration.packageFolder = emptiedPackageFolder();
   return configuration;
 }
@@ -43,13 +42,13 @@ UpdatePanels::Settings panelSettings(const DesktopUpdater::Settings& settings) {
 DesktopUpdater::DesktopUpdater(const Theme& theme, const kit::UpdaterControllerArguments& arguments,
                                const Settings& settings)
     : transport_(settings.source.transport),
-      installer_({.appImage = updates::runningAppImage(settings.executable)}, worker_),
+      installer_({.appImage = updater::runningAppImage(settings.executable)}, worker_),
       panels_(theme, panelSettings(settings)),
       transportReady_(transport_.descriptor(), QSocketNotifier::Read),
       workerReady_(worker_.descriptor(), QSocketNotifier::Read),
       installerReady_(installer_.descriptor(), QSocketNotifier::Read),
       alarmReady_(alarm_.descriptor(), QSocketNotifier::Read),
-      controller_(arguments, configurationOf(settings), updates::UpdaterPreferences::ofUser(),
+      controller_(arguments, configurationOf(settings), updater::UpdaterPreferences::ofUser(),
                   {.transport = transport_,
                    .driver = panels_,
                    .installer = installer_,

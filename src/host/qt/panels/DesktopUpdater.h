@@ -6,13 +6,13 @@
 #include <memory>
 #include <string>
 
-#include "host/linux/updates/CurlTransport.h"
-#include "host/linux/updates/DesktopInstaller.h"
-#include "host/linux/updates/ForkedWorker.h"
-#include "host/linux/updates/TimerAlarm.h"
-#include "host/linux/updates/UpdateSource.h"
-#include "host/linux/updates/Updater.h"
 #include "host/qt/panels/UpdatePanels.h"
+#include "updater/UpdateSource.h"
+#include "updater/Updater.h"
+#include "updater/package/DesktopInstaller.h"
+#include "updater/package/ForkedWorker.h"
+#include "updater/schedule/TimerAlarm.h"
+#include "updater/transfer/CurlTransport.h"
 
 namespace tarnwell::host_qt {
 
@@ -20,7 +20,7 @@ namespace tarnwell::host_qt {
 class DesktopUpdater final : public kit::UpdaterController {
  public:
   struct Settings {
-    host_linux::updates::UpdateSource source = {};
+    updater::UpdateSource source = {};
     std::filesystem::path executable = {};
     std::shared_ptr<const kit::NumberFormat> numberFormat = {};
     std::function<void(const std::string& address)> openUrl = {};
@@ -38,17 +38,17 @@ class DesktopUpdater final : public kit::UpdaterController {
  private:
   static void watch(QSocketNotifier& notifier, const std::function<void(kit::Action)>& perform, kit::Action dispatch);
 
-  host_linux::updates::CurlTransport transport_;
-  host_linux::updates::ForkedWorker worker_;
-  host_linux::updates::DesktopInstaller installer_;
-  host_linux::updates::TimerAlarm alarm_;
+  updater::CurlTransport transport_;
+  updater::ForkedWorker worker_;
+  updater::DesktopInstaller installer_;
+  updater::TimerAlarm alarm_;
   UpdatePanels panels_;
   // They go before the descriptors that they watch.
   QSocketNotifier transportReady_;
   QSocketNotifier workerReady_;
   QSocketNotifier installerReady_;
   QSocketNotifier alarmReady_;
-  host_linux::updates::UpdaterController controller_;
+  updater::UpdaterController controller_;
 };
 
 }  // namespace tarnwell::host_qt

@@ -5,7 +5,7 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextList>
 
-#include "host/linux/updates/FeedItem.h"
+#include "updater/feed/FeedItem.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -101,7 +101,7 @@ class Markup {
 };
 
 void read(QTextDocument& document, const QString& notes) {
-  const QString start = notes.left(static_cast<qsizetype>(host_linux::updates::FeedItem::shownNotes));
+  const QString start = notes.left(static_cast<qsizetype>(updater::FeedItem::shownNotes));
   if (Qt::mightBeRichText(start)) {
     document.setHtml(start);
   } else {

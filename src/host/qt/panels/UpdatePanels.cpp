@@ -14,8 +14,8 @@
 namespace tarnwell::host_qt {
 namespace {
 
-using host_linux::updates::FeedItem;
-using host_linux::updates::HandOver;
+using updater::FeedItem;
+using updater::HandOver;
 
 constexpr int mostTitleLetters = 90;
 constexpr int mostVersionLetters = 40;

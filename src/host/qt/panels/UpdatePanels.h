@@ -5,16 +5,16 @@
 #include <memory>
 #include <string>
 
-#include "host/linux/updates/UserDriver.h"
 #include "host/qt/panels/UpdatePanel.h"
 #include "kit/ports/NumberFormat.h"
+#include "updater/UserDriver.h"
 
 namespace tarnwell::host_qt {
 
 class DownloadProgress;
 
 /// Shows the updater's steps in one window.
-class UpdatePanels final : public host_linux::updates::UserDriver {
+class UpdatePanels final : public updater::UserDriver {
  public:
   struct Settings {
     /// What people read of the version that runs.
@@ -33,13 +33,13 @@ class UpdatePanels final : public host_linux::updates::UserDriver {
 
   void showPermission(std::function<void(Permission)> answer) override;
   void showChecking(kit::Action cancel) override;
-  void showFound(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
-  void showDownloading(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
+  void showFound(const updater::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
+  void showDownloading(const updater::FeedItem& item, kit::Action cancel) override;
   void showProgress(std::uint64_t received, std::uint64_t expected) override;
-  void showVerifying(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
-  void showReady(const host_linux::updates::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
-  void showInstalling(const host_linux::updates::FeedItem& item, kit::Action cancel) override;
-  void showHandedOver(const host_linux::updates::FeedItem& item, host_linux::updates::HandOver handOver, Origin origin,
+  void showVerifying(const updater::FeedItem& item, kit::Action cancel) override;
+  void showReady(const updater::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override;
+  void showInstalling(const updater::FeedItem& item, kit::Action cancel) override;
+  void showHandedOver(const updater::FeedItem& item, updater::HandOver handOver, Origin origin,
                       kit::Action acknowledged) override;
   void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) override;
   void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override;
@@ -49,9 +49,9 @@ class UpdatePanels final : public host_linux::updates::UserDriver {
   void show(UpdatePage page, Origin origin);
   /// Something goes on, nobody knows for how long.
   void showWork(const std::string& heading, const char* name, kit::Action cancel);
-  UpdatePage offer(const host_linux::updates::FeedItem& item, const std::function<void(Choice)>& answer) const;
+  UpdatePage offer(const updater::FeedItem& item, const std::function<void(Choice)>& answer) const;
   kit::Action asEvent(kit::Action action) const;
-  QWidget* makeNotes(const host_linux::updates::FeedItem& item) const;
+  QWidget* makeNotes(const updater::FeedItem& item) const;
 
   const Theme& theme_;
   Settings settings_;

@@ -22,10 +22,10 @@
 namespace tarnwell::host_qt {
 namespace {
 
-using host_linux::updates::FeedItem;
-using host_linux::updates::UserDriver;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using updater::FeedItem;
+using updater::UserDriver;
 
 class UpdatePanelsTest : public testing::Test {
  protected:
@@ -255,7 +255,7 @@ TEST_F(UpdatePanelsTest, verifyingAndInstallingCanBeCancelled) {
 }
 
 TEST_F(UpdatePanelsTest, whatIsLeftToDoIsSaidWithoutCoveringTheInstaller) {
-  using host_linux::updates::HandOver;
+  using updater::HandOver;
   panels.showHandedOver(item, HandOver::opened, UserDriver::Origin::schedule, answer);
   EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
   EXPECT_THAT(texts(), ElementsAre("The installer has been opened",

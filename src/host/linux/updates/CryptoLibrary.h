@@ -1,8 +1,0 @@
-#pragma once
-
-namespace tarnwell::host_linux::updates {
-
-/// Starts the library that signs and verifies, the first time. Where this is false, nothing that it says counts.
-bool isCryptoLibraryReady();
-
-}  // namespace tarnwell::host_linux::updates

@@ -1,0 +1,126 @@
+#include "publish/FeedText.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "updater/feed/FeedReader.h"
+#include "updater/text/Version.h"
+
+namespace tarnwell::publish {
+namespace {
+
+using updater::FeedItem;
+using Items = std::vector<FeedItem>;
+
+system::Result<Items> itemsIn(const std::string& feed) {
+  updater::FeedReader reader;
+  // A refusal comes again at the end.
+  reader.feed(feed);
+  return reader.finish();
+}
+
+/// Where in a feed the first item starts or, without one, its channel ends.
+class PlaceFinder {
+ public:
+  explicit PlaceFinder(const std::string& feed) : parser_(XML_ParserCreateNS(nullptr, '\n')) {
+    XML_SetUserData(parser_.get(), this);
+    XML_SetElementHandler(parser_.get(), start, end);
+    XML_Parse(parser_.get(), feed.data(), static_cast<int>(feed.size()), 1);
+  }
+
+  std::optional<std::size_t> place() const { return place_; }
+
+ private:
+  struct Free {
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+  };
+
+  static void start(void* self, const XML_Char* name, const XML_Char** /*attributes*/) {
+    auto& finder = *static_cast<PlaceFinder*>(self);
+    ++finder.depth_;
+    finder.isInChannel_ = finder.isInChannel_ || (std::string_view(name) == "channel" && finder.depth_ == 2);
+    finder.takeHere(std::string_view(name) == "item" && finder.depth_ == 3 && finder.isInChannel_);
+  }
+  static void end(void* self, const XML_Char* name) {
+    auto& finder = *static_cast<PlaceFinder*>(self);
+    finder.takeHere(std::string_view(name) == "channel" && finder.depth_ == 2);
+    finder.isInChannel_ = finder.isInChannel_ && finder.depth_ != 2;
+    --finder.depth_;
+  }
+
+  void takeHere(bool isThePlace) {
+    if (isThePlace && !place_) {
+      place_ = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
+    }
+  }
+
+  std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> parser_;
+  int depth_ = 0;
+  bool isInChannel_ = false;
+  std::optional<std::size_t> place_;
+};
+
+bool hasVersion(const Items& items, const std::string& version) {
+  return std::any_of(items.begin(), items.end(), [&](const FeedItem& item) {
+    const std::string& system = item.enclosure.system;
+    return (system.empty() || system == "linux") &&
+           updater::compareVersions(item.version, version) == std::weak_ordering::equivalent;
+  });
+}
+
+// A feed in another encoding than ours would be read without complaint, as something else.
+bool saysTheSame(const FeedItem& read, const NewItem& meant) {
+  const std::string& shownVersion = meant.shownVersion.empty() ? meant.version : meant.shownVersion;
+  return std::tie(read.title, read.version, read.shownVersion, read.publicationDate, read.channel,
+                  read.minimumSystemVersion, read.isCritical, read.enclosure.url, read.enclosure.length,
+                  read.enclosure.signature) == std::tie(meant.title, meant.version, shownVersion, meant.publicationDate,
+                                                        meant.channel, meant.minimumSystemVersion, meant.isCritical,
+                                                        meant.url, meant.length, meant.signature) &&
+         meant.notes.find(read.notes) != std::string::npos;
+}
+
+}  // namespace
+
+std::string emptyFeed() {
+  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+         "<rss version=\"2.0\">\n"
+         "  <channel>\n"
+         "    <title>Tarnwell</title>\n"
+         "  </channel>\n"
+         "</rss>\n";
+}
+
+system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
+  const auto before = itemsIn(feed);
+  if (const auto* failure = std::get_if<system::Failure>(&before)) {
+    return *failure;
+  }
+  if (hasVersion(std::get<Items>(before), item.version)) {
+    return system::Failure{"the feed has version " + item.version + " already"};
+  }
+  const auto place = PlaceFinder(feed).place();
+  std::string text = feed;
+  text.insert(place.value_or(text.size()), item.xml() + "\n    ");
+  auto after = itemsIn(text);
+  if (const auto* failure = std::get_if<system::Failure>(&after)) {
+    return system::Failure{"the item does not fit into the feed. " + failure->message};
+  }
+  auto& items = std::get<Items>(after);
+  if (items.size() != std::get<Items>(before).size() + 1) {
+    return system::Failure{"the feed has no place for an item"};
+  }
+  if (!saysTheSame(items.front(), item)) {
+    return system::Failure{"the item would not say there what it is to say; is the feed written in UTF-8?"};
+  }
+  return FeedWithItem{.text = std::move(text), .item = std::move(items.front())};
+}
+
+}  // namespace tarnwell::publish

@@ -1,0 +1,139 @@
+#include "publish/Release.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <variant>
+
+#include "publish/FeedLock.h"
+#include "publish/FeedText.h"
+#include "publish/NewItem.h"
+#include "publish/Package.h"
+#include "publish/ReleaseCheck.h"
+#include "publish/SecretKey.h"
+#include "system/ReplaceFile.h"
+
+namespace tarnwell::publish {
+namespace {
+
+namespace fs = std::filesystem;
+
+system::Failure cannotRead(const fs::path& path) {
+  return {"cannot read " + path.string() + ": " + std::system_category().message(errno)};
+}
+
+system::Result<std::string> textIn(const fs::path& path) {
+  std::error_code error;
+  if (fs::is_directory(path, error)) {
+    return system::Failure{"cannot read " + path.string() + ": it is a folder"};
+  }
+  std::ifstream file(path, std::ios::binary);
+  std::string text(std::istreambuf_iterator<char>(file), {});
+  return file.is_open() && !file.bad() ? system::Result<std::string>(text) : cannotRead(path);
+}
+
+system::Result<std::string> feedIn(const fs::path& path) {
+  std::error_code error;
+  return fs::exists(path, error) || error ? textIn(path) : emptyFeed();
+}
+
+/// Now, unless the environment asks for a build that can be made again.
+std::string publicationDate() {
+  const char* epoch = ::getenv("SOURCE_DATE_EPOCH");
+  const std::time_t time = epoch != nullptr ? std::strtoll(epoch, nullptr, 10) : std::time(nullptr);
+  std::tm parts = {};
+  ::gmtime_r(&time, &parts);
+  std::array<char, 64> text = {};
+  return {text.data(), std::strftime(text.data(), text.size(), "%a, %d %b %Y %H:%M:%S +0000", &parts)};
+}
+
+/// The title that people read, unless the release has one of its own.
+std::string titleOf(const Release& release) {
+  const std::string& version = release.shownVersion.empty() ? release.version : release.shownVersion;
+  return release.title.empty() ? "Tarnwell " + version : release.title;
+}
+
+system::Result<std::string> notesOf(const Release& release) {
+  return release.notes.empty() ? system::Result<std::string>(std::string()) : textIn(release.notes);
+}
+
+system::Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
+  auto notes = notesOf(release);
+  if (auto* failure = std::get_if<system::Failure>(&notes)) {
+    return std::move(*failure);
+  }
+  auto signature = key.sign(package.descriptor());
+  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
+    return system::Failure{release.package.string() + ": " + failure->message};
+  }
+  return NewItem{.title = titleOf(release),
+                 .version = release.version,
+                 .shownVersion = release.shownVersion,
+                 .publicationDate = publicationDate(),
+                 .notes = std::get<std::string>(std::move(notes)),
+                 .channel = release.channel,
+                 .minimumSystemVersion = release.minimumSystemVersion,
+                 .isCritical = release.isCritical,
+                 .url = release.url,
+                 .length = package.length(),
+                 .signature = std::get<std::string>(std::move(signature))};
+}
+
+/// The feed with the item, when the updater would take it from there.
+system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package,
+                                     const SecretKey& key) {
+  const auto before = feedIn(feed);
+  if (const auto* failure = std::get_if<system::Failure>(&before)) {
+    return *failure;
+  }
+  auto after = withItem(std::get<std::string>(before), item);
+  if (const auto* failure = std::get_if<system::Failure>(&after)) {
+    return system::Failure{feed.string() + ": " + failure->message};
+  }
+  auto& [text, itemAsRead] = std::get<FeedWithItem>(after);
+  if (auto objection = objectionTo(itemAsRead, package, key)) {
+    return *std::move(objection);
+  }
+  return std::move(text);
+}
+
+/// What a symbolic link leads to is replaced, and not the link.
+fs::path realPathOf(const fs::path& feed) {
+  std::error_code error;
+  fs::path real = fs::canonical(feed, error);
+  return error ? feed : real;
+}
+
+}  // namespace
+
+std::optional<system::Failure> publishRelease(const Release& release, const fs::path& feed) {
+  if (auto objection = objectionTo(release)) {
+    return objection;
+  }
+  const auto key = SecretKey::read(release.privateKey);
+  if (const auto* failure = std::get_if<system::Failure>(&key)) {
+    return *failure;
+  }
+  const auto package = Package::open(release.package);
+  if (const auto* failure = std::get_if<system::Failure>(&package)) {
+    return *failure;
+  }
+  const auto item = itemOf(release, std::get<Package>(package), std::get<SecretKey>(key));
+  if (const auto* failure = std::get_if<system::Failure>(&item)) {
+    return *failure;
+  }
+  const fs::path real = realPathOf(feed);
+  const auto lock = FeedLock::take(real);
+  if (const auto* failure = std::get_if<system::Failure>(&lock)) {
+    return *failure;
+  }
+  const auto text = feedWith(std::get<NewItem>(item), real, std::get<Package>(package), std::get<SecretKey>(key));
+  const auto* failure = std::get_if<system::Failure>(&text);
+  return failure != nullptr ? std::optional(*failure) : system::replaceFile(real, std::get<std::string>(text));
+}
+
+}  // namespace tarnwell::publish

@@ -1,0 +1,123 @@
+#include "publish/ReleaseCheck.h"
+
+#include <string>
+
+#include "updater/ItemChooser.h"
+#include "updater/feed/Channels.h"
+#include "updater/feed/FeedReader.h"
+#include "updater/package/DebianPackage.h"
+#include "updater/package/PackageClaim.h"
+#include "updater/package/PackageKind.h"
+#include "updater/signature/PublicKey.h"
+#include "updater/text/PlainLine.h"
+#include "updater/text/Version.h"
+#include "updater/text/WebAddress.h"
+
+namespace tarnwell::publish {
+namespace {
+
+using updater::FeedReader;
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+bool isOneLine(const std::string& text, std::size_t most) { return updater::plainLine(text, most) == text; }
+
+std::optional<system::Failure> objectionToVersions(const Release& release) {
+  constexpr std::size_t longestShownVersion = 100;
+  if (!updater::isVersion(release.version)) {
+    return system::Failure{
+        "version " + quoted(release.version) +
+        " would never be offered: it is a digit and up to 99 letters, digits and characters of .-+~_"};
+  }
+  if (updater::compareVersions(release.version, "0") != std::weak_ordering::greater) {
+    return system::Failure{"version " + quoted(release.version) + " would never be offered: it is not greater than 0"};
+  }
+  if (!isOneLine(release.shownVersion, longestShownVersion)) {
+    return system::Failure{"the shown version is not one plain line of at most 100 characters"};
+  }
+  if (!release.minimumSystemVersion.empty() && !updater::isNumericVersion(release.minimumSystemVersion)) {
+    return system::Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
+  }
+  return std::nullopt;
+}
+
+std::optional<system::Failure> objectionToAddress(const std::string& url) {
+  const std::string scheme = "https://";
+  if (!updater::isWebAddress(url) || !url.starts_with(scheme)) {
+    return system::Failure{quoted(url) + " is not an address that starts with https://"};
+  }
+  const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
+  if (server.find('@') != std::string::npos) {
+    return system::Failure{quoted(url) + " names a user, and the updater asks as nobody"};
+  }
+  if (url.size() > FeedReader::maximumAttributeLength) {
+    return system::Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) +
+                           " characters"};
+  }
+  return std::nullopt;
+}
+
+std::optional<system::Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
+  if (updater::packageKind(package.descriptor()) != updater::PackageKind::debian) {
+    return std::nullopt;
+  }
+  const auto own = updater::debianVersion(package.descriptor());
+  if (const auto* failure = std::get_if<system::Failure>(&own)) {
+    return system::Failure{"the updater would refuse the package: " + failure->message};
+  }
+  const auto& version = std::get<std::string>(own);
+  if (!updater::isDebianVersionOf(version, offered)) {
+    const std::string advice = version == offered ? ": offer it without the Debian revision" : "";
+    return system::Failure{"the package is version " + version + ", and the updater would not take it for " + offered +
+                           advice};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<system::Failure> objectionTo(const Release& release) {
+  if (auto objection = objectionToVersions(release)) {
+    return objection;
+  }
+  if (!isOneLine(release.title, FeedReader::maximumTitleLength)) {
+    return system::Failure{"the title is not one plain line of at most " +
+                           std::to_string(FeedReader::maximumTitleLength) + " characters"};
+  }
+  if (!release.channel.empty() && !updater::isChannelName(release.channel)) {
+    return system::Failure{"channel " + quoted(release.channel) +
+                           " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
+  }
+  return objectionToAddress(release.url);
+}
+
+std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const Package& package,
+                                           const SecretKey& key) {
+  // The oldest program there can be, on the newest system, of whoever takes everything.
+  const updater::ItemChooser everybody({.runningVersion = "0",
+                                        .systemVersion = item.minimumSystemVersion,
+                                        .channels = {item.channel},
+                                        .origin = updater::UserDriver::Origin::user});
+  if (!everybody.best({item})) {
+    return system::Failure{"the updater would not offer the item"};
+  }
+  if (item.notes.size() > updater::FeedItem::shownNotes) {
+    return system::Failure{"the updater shows no more than " + std::to_string(updater::FeedItem::shownNotes) +
+                           " bytes of the notes"};
+  }
+  if (auto objection = objectionToVersionOf(package, item.version)) {
+    return objection;
+  }
+  const auto publicKey = updater::PublicKey::parse(key.publicText());
+  if (const auto* failure = std::get_if<system::Failure>(&publicKey)) {
+    return *failure;
+  }
+  const auto claim = updater::PackageClaim::create(item);
+  if (const auto* failure = std::get_if<system::Failure>(&claim)) {
+    return *failure;
+  }
+  const auto& claimed = std::get<updater::PackageClaim>(claim);
+  return claimed.signature.verify(std::get<updater::PublicKey>(publicKey), package.descriptor(), claimed.length);
+}
+
+}  // namespace tarnwell::publish

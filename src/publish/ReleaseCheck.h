@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+
+#include "publish/Package.h"
+#include "publish/Release.h"
+#include "publish/SecretKey.h"
+#include "system/Result.h"
+#include "updater/feed/FeedItem.h"
+
+namespace tarnwell::publish {
+
+/// Why the updater would pass over what is said in this release, in words for the publisher.
+std::optional<system::Failure> objectionTo(const Release& release);
+
+/// Holds the item that the updater reads against the package, with the updater's own means: would it offer the item,
+/// and believe the package?
+std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const Package& package, const SecretKey& key);
+
+}  // namespace tarnwell::publish

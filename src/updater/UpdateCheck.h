@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "kit/turn/Action.h"
+#include "updater/UpdaterPorts.h"
+#include "updater/package/PackageDownload.h"
+#include "updater/schedule/UpdaterConfiguration.h"
+#include "updater/schedule/UpdaterPreferences.h"
+#include "updater/transfer/FeedFetch.h"
+
+namespace tarnwell::updater {
+
+/// One look for a new version, from the feed to the installer. What the user asked for shows each of its steps; what
+/// the schedule started is silent until there is something to decide.
+class UpdateCheck {
+ public:
+  struct Setting {
+    UpdaterConfiguration configuration;
+    PublicKey key;
+    UpdaterPreferences preferences;
+    UpdaterPorts ports;
+    /// What was given to the installer before, while this program ran; empty for nothing.
+    std::string handedOverVersion = {};
+  };
+  struct Listener {
+    /// A check begins; by trying again, one object may make several.
+    kit::Action began = {};
+    /// `canComeForward` may have changed.
+    kit::Action changed = {};
+    std::function<void(const std::string& version)> handedOver = {};
+    /// Over, whatever came of it. May destroy the check.
+    kit::Action ended = {};
+  };
+
+  UpdateCheck(Setting setting, UserDriver::Origin origin, Listener listener);
+  UpdateCheck(const UpdateCheck&) = delete;
+  UpdateCheck& operator=(const UpdateCheck&) = delete;
+
+  void start();
+  /// Whether there is something that nobody asked for: a download without a window, or a window that may have been
+  /// overlooked.
+  bool canComeForward() const;
+  /// Shows that as though it had been asked for.
+  void comeForward();
+
+ private:
+  enum class Stage { checking, found, downloading, verifying, ready, installing, handedOver, over };
+  using Choice = UserDriver::Choice;
+  using Origin = UserDriver::Origin;
+
+  void take(const system::Result<std::vector<FeedItem>>& feed);
+  void takeItem(FeedItem item);
+  void sayUpToDate();
+  void answerFound(Choice choice);
+  void download();
+  void takeProgress(std::uint64_t received);
+  void takePackage(system::Result<PackageFile> package);
+  void answerReady(Choice choice);
+  void install();
+  void takeHandOver(const system::Result<HandOver>& result);
+  void fail(const system::Failure& failure, kit::Action retry);
+  void skip();
+  void enter(Stage stage);
+  void show();
+  void showChoice();
+  kit::Action cancel();
+  void end();
+
+  /// Of this check's life and of this stage: an answer that comes later is none.
+  template <class F>
+  auto whileCurrent(F function);
+
+  Setting setting_;
+  Origin origin_;
+  Listener listener_;
+  Stage stage_ = Stage::checking;
+  std::shared_ptr<int> stageLife_;
+  FeedItem item_;
+  std::uint64_t received_ = 0;  // Bytes of the package.
+  HandOver handOver_ = HandOver::opened;
+  std::unique_ptr<FeedFetch> fetch_;
+  std::unique_ptr<PackageDownload> download_;
+  std::optional<PackageFile> package_;
+  std::unique_ptr<Installer::Installation> installation_;  // Of the package.
+};
+
+}  // namespace tarnwell::updater

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "updater/UserDriver.h"
+#include "updater/package/Installer.h"
+#include "updater/package/Worker.h"
+#include "updater/schedule/Alarm.h"
+#include "updater/transfer/Transport.h"
+
+namespace tarnwell::updater {
+
+/// What an updater works through. Borrowed; all of it outlives the updater.
+struct UpdaterPorts {
+  Transport& transport;
+  UserDriver& driver;
+  Installer& installer;
+  Alarm& alarm;
+  Worker& worker;
+  /// Shows a web page in the browser.
+  std::function<void(const std::string& address)> openUrl = {};
+};
+
+}  // namespace tarnwell::updater

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Result.h"
+#include "updater/feed/FeedItem.h"
+
+namespace tarnwell::updater {
+
+class FeedHandler;
+struct XmlParser;
+
+/// Reads a feed (RSS 2.0 with the extensions of its namespace) piece by piece, as it arrives. All texts come out in
+/// UTF-8. Document types and the entities that they declare are refused, and so is whatever exceeds a limit: a feed is
+/// not trusted, and reading it takes bounded time and memory. An item stands for itself; nothing is taken over from
+/// the one before it.
+class FeedReader {
+ public:
+  static constexpr std::size_t maximumLength = 1024UL * 1024;  // Bytes.
+  static constexpr std::size_t maximumItems = 1000;
+  static constexpr std::size_t maximumDepth = 32;  // Of elements within each other.
+  static constexpr std::size_t maximumAttributes = 32;
+  static constexpr std::size_t maximumAttributeLength = 4096;
+  static constexpr std::size_t maximumFieldLength = 4096;
+  static constexpr std::size_t maximumTitleLength = 200;  // Characters; a longer one is cut.
+  static constexpr std::size_t maximumNotesLength = 256UL * 1024;
+
+  FeedReader();
+  FeedReader(const FeedReader&) = delete;
+  FeedReader& operator=(const FeedReader&) = delete;
+  ~FeedReader();
+
+  /// Returns why the feed cannot be used, from the first time on that this is known.
+  std::optional<system::Failure> feed(std::string_view bytes);
+  /// To be called once, behind the last byte: the items in the order of the feed.
+  system::Result<std::vector<FeedItem>> finish();
+
+ private:
+  void parse(bool isLast);
+
+  std::unique_ptr<FeedHandler> handler_;
+  std::unique_ptr<XmlParser> parser_;
+  std::string pending_;
+  std::size_t length_ = 0;
+  std::optional<system::Failure> failure_;
+};
+
+}  // namespace tarnwell::updater

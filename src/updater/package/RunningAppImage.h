@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace tarnwell::updater {
+
+/// The AppImage that `executable` runs from, as the environment names it; nothing where the names are those of another
+/// AppImage, from which this program was only started.
+std::optional<std::filesystem::path> runningAppImage(const std::filesystem::path& executable);
+
+}  // namespace tarnwell::updater

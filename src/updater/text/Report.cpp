@@ -1,0 +1,25 @@
+#include "updater/text/Report.h"
+
+#include "diagnostics/Console.h"
+#include "updater/text/PlainLine.h"
+
+namespace tarnwell::updater {
+
+namespace {
+
+// More than the longest path.
+constexpr std::size_t longestReport = 6000;
+
+}  // namespace
+
+void report(const system::Failure& failure) {
+  diagnostics::printErrorLine("tarnwell: " + plainLine(failure.message, longestReport));
+}
+
+void report(const std::optional<system::Failure>& failure) {
+  if (failure) {
+    report(*failure);
+  }
+}
+
+}  // namespace tarnwell::updater

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+
+#include "system/Result.h"
+
+namespace tarnwell::updater {
+
+/// Says on standard error, in one line, what went wrong where nobody can be shown it.
+void report(const system::Failure& failure);
+/// The same when something went wrong.
+void report(const std::optional<system::Failure>& failure);
+
+}  // namespace tarnwell::updater

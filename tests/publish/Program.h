@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace tarnwell::publish {
+
+/// What `make-feed` printed, errors included, and its exit status.
+struct ProgramEnd {
+  std::string output = {};
+  int status = -1;
+};
+
+/// Runs it with these arguments, as a shell splits them.
+ProgramEnd makeFeed(const std::string& arguments);
+
+}  // namespace tarnwell::publish

@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+#include <poll.h>
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
+#include "fixtures/WaitFor.h"
+#include "publish/Release.h"
+#include "publish/SecretKey.h"
+#include "updater/FakeUserDriver.h"
+#include "updater/Updater.h"
+#include "updater/package/DesktopInstaller.h"
+#include "updater/package/ForkedWorker.h"
+#include "updater/package/RealPackage.h"
+#include "updater/schedule/TimerAlarm.h"
+#include "updater/transfer/CurlTransport.h"
+#include "updater/transfer/LoopbackServer.h"
+
+namespace tarnwell::updater {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Choice = UserDriver::Choice;
+
+/// The updater with nothing of the tests' own but the user: a release is published, put on a server, and fetched.
+class PublishedUpdateTest : public testing::Test {
+ protected:
+  PublishedUpdateTest() {
+    EXPECT_FALSE(key.store(sandbox / "key"));
+    sandbox.write("xdg-open", "#!/bin/sh\ncp \"$1\" '" + (sandbox / "opened").string() + "'\n");
+    fs::permissions(sandbox / "xdg-open", fs::perms::owner_all);
+    publish("2.0");
+  }
+
+  /// A feed with one item; its package is fetched in a way that the server knows.
+  void publish(const std::string& version, const std::string& way = "file") {
+    package = realPackage(version, std::string(300'000, 'p'));
+    sandbox.write("package.deb", package);
+    server.serve("package.deb", package);
+    fs::remove(sandbox / "feed.xml");
+    const auto failure = publish::publishRelease({.package = sandbox / "package.deb",
+                                                  .privateKey = sandbox / "key",
+                                                  .version = version,
+                                                  .url = server.address("/" + way + "/package.deb")},
+                                                 sandbox / "feed.xml");
+    ASSERT_FALSE(failure) << failure->message;
+    server.serve("feed.xml", sandbox.read("feed.xml"));
+  }
+
+  void launch(const std::string& feedPath = "/file/feed.xml") {
+    updater = std::make_unique<Updater>(UpdaterConfiguration{.feedAddress = server.address(feedPath),
+                                                             .publicKey = publicKey,
+                                                             .runningVersion = "1.0",
+                                                             .shownVersion = "1.0",
+                                                             .packageFolder = sandbox / "packages"},
+                                        UpdaterPreferences(sandbox / "updates.plist"),
+                                        UpdaterPorts{transport, driver, installer, alarm, worker});
+    updater->start();
+  }
+
+  bool becomes(const std::function<bool()>& condition) {
+    return fixtures::waitFor([&] {
+      std::array<pollfd, 4> ready = {{{.fd = transport.descriptor(), .events = POLLIN, .revents = 0},
+                                      {.fd = worker.descriptor(), .events = POLLIN, .revents = 0},
+                                      {.fd = installer.descriptor(), .events = POLLIN, .revents = 0},
+                                      {.fd = alarm.descriptor(), .events = POLLIN, .revents = 0}}};
+      ::poll(ready.data(), ready.size(), 0);
+      transport.dispatch();
+      worker.dispatch();
+      installer.dispatch();
+      alarm.dispatch();
+      return condition();
+    });
+  }
+
+  bool shows(const std::string& screen) {
+    return becomes([&] { return driver.screen.starts_with(screen); });
+  }
+
+  /// From the check to what stands on the screen instead of "ready".
+  std::string refusal() {
+    updater->checkForUpdates();
+    EXPECT_TRUE(becomes([&] { return driver.screen != "checking"; }));
+    if (driver.screen == "found 2.0 as asked") {
+      driver.choose(Choice::install);
+      EXPECT_TRUE(becomes([&] { return !driver.screen.ends_with("ing 2.0"); }));
+    }
+    return driver.screen;
+  }
+
+  fixtures::Sandbox sandbox;
+  LoopbackServer server;
+  fixtures::EnvironmentScope path{"PATH", sandbox.path().string() + ":/usr/bin:/bin"};
+  publish::SecretKey key = publish::SecretKey::generate();
+  std::string publicKey = key.publicText();
+  std::string package = {};
+  CurlTransport transport{{.authorities = server.authority(), .stallLimit = std::chrono::seconds(1)}};
+  ForkedWorker worker;
+  DesktopInstaller installer{DesktopInstaller::Settings{}, worker};
+  TimerAlarm alarm;
+  FakeUserDriver driver;
+  std::unique_ptr<Updater> updater;
+};
+
+TEST_F(PublishedUpdateTest, arrivesAtTheDesktop) {
+  launch();
+  updater->checkForUpdates();
+  EXPECT_FALSE(updater->canCheckForUpdates());
+  ASSERT_TRUE(shows("found 2.0 as asked")) << driver.screen;
+  driver.choose(Choice::install);
+  ASSERT_TRUE(shows("ready 2.0")) << driver.screen;
+  EXPECT_EQ(driver.progress, std::to_string(package.size()) + " of " + std::to_string(package.size()));
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
+  driver.choose(Choice::install);
+  EXPECT_EQ(driver.screen, "installing 2.0");
+  EXPECT_TRUE(shows("opened 2.0")) << driver.screen;
+  EXPECT_EQ(sandbox.read("opened"), package);
+  driver.acknowledge();
+  EXPECT_TRUE(updater->canCheckForUpdates());
+}
+
+TEST_F(PublishedUpdateTest, whatRunsAlreadyIsUpToDate) {
+  publish("1.0");
+  launch();
+  updater->checkForUpdates();
+  EXPECT_TRUE(shows("up to date 1.0")) << driver.screen;
+}
+
+TEST_F(PublishedUpdateTest, isDownloadedByScheduleWithoutAWord) {
+  const UpdaterPreferences preferences(sandbox / "updates.plist");
+  preferences.setHasLaunchedBefore();
+  preferences.setAutomaticChecks(true);
+  preferences.setAutomaticDownloads(true);
+  launch();
+  EXPECT_TRUE(shows("ready 2.0 unasked")) << driver.screen;
+  EXPECT_EQ(driver.journal.size(), 1U);
+}
+
+TEST_F(PublishedUpdateTest, canBeCancelledAndLeavesNothing) {
+  publish("2.0", "half");
+  launch();
+  updater->checkForUpdates();
+  driver.cancel();
+  EXPECT_TRUE(updater->canCheckForUpdates());
+  updater->checkForUpdates();
+  ASSERT_TRUE(shows("found"));
+  driver.choose(Choice::install);
+  EXPECT_TRUE(becomes([&] { return driver.progress.starts_with(std::to_string(package.size() / 2)); }));
+  driver.cancel();
+  EXPECT_TRUE(updater->canCheckForUpdates());
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
+}
+
+TEST_F(PublishedUpdateTest, anotherFileThanTheSignedOneIsRefused) {
+  std::string changed = package;
+  changed[changed.size() / 2] = 'q';
+  server.serve("package.deb", changed);
+  launch();
+  EXPECT_NE(refusal().find("the signature does not belong to this file"), std::string::npos) << driver.screen;
+  server.serve("package.deb", package.substr(1));
+  driver.acknowledge();
+  EXPECT_NE(refusal().find("shorter than the feed says"), std::string::npos) << driver.screen;
+  server.serve("package.deb", package + "p");
+  driver.acknowledge();
+  EXPECT_NE(refusal().find("sends more than it should"), std::string::npos) << driver.screen;
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
+  EXPECT_FALSE(sandbox.holds("opened"));
+}
+
+TEST_F(PublishedUpdateTest, anOldPackageUnderANewVersionIsRefused) {
+  publish("1.0");
+  std::string feed = sandbox.read("feed.xml");
+  feed.replace(feed.find(":version>1.0<"), 13, ":version>2.0<");
+  server.serve("feed.xml", feed);
+  launch();
+  EXPECT_NE(refusal().find("it is version 1.0, although it was offered as 2.0"), std::string::npos) << driver.screen;
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
+}
+
+TEST_F(PublishedUpdateTest, whatAnotherKeySignedIsRefused) {
+  publicKey = publish::SecretKey::generate().publicText();
+  launch();
+  EXPECT_NE(refusal().find("the signature does not belong to this file and key"), std::string::npos) << driver.screen;
+}
+
+TEST_F(PublishedUpdateTest, aFeedThatNeverEndsIsRefused) {
+  launch("/endless");
+  EXPECT_EQ(refusal(), "failure: The server localhost sends more than it should.");
+  launch("/drip/feed.xml");
+  EXPECT_EQ(refusal(), "failure: The server localhost takes too long to answer.");
+}
+
+}  // namespace
+}  // namespace tarnwell::updater

@@ -1,0 +1,116 @@
+#include "updater/package/DebianPackage.h"
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
+#include "system/Descriptor.h"
+#include "updater/package/RealPackage.h"
+
+namespace tarnwell::updater {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The version of a package with these bytes, or why there is none.
+std::string versionOf(const std::string& content) {
+  const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
+  const auto version = debianVersion(file.number());
+  const auto* failure = std::get_if<system::Failure>(&version);
+  return failure != nullptr ? failure->message : std::get<std::string>(version);
+}
+
+bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
+
+constexpr const char* noVersion =
+    "The downloaded update was thrown away, because it cannot be seen which version it is: "
+    "dpkg-deb does not find a version in it.";
+
+TEST(DebianPackage, saysItsVersion) {
+  EXPECT_EQ(versionOf(realPackage("1.2")), "1.2");
+  EXPECT_EQ(versionOf(realPackage("1.2-1~deb12", std::string(1'000'000, 'x'))), "1.2-1~deb12");
+  EXPECT_FALSE(hasChildren());
+}
+
+TEST(DebianPackage, whatIsDamagedHasNoVersion) {
+  const std::string package = realPackage("1.2");
+  for (const std::string& content : {std::string(), package.substr(0, 100), package.substr(0, 300),
+                                     std::string("!<arch>\ndebian-binary   nonsense")}) {
+    EXPECT_EQ(versionOf(content), noVersion);
+  }
+}
+
+TEST(DebianPackage, aSystemWithoutTheToolIsToldSo) {
+  const std::string package = realPackage("1.2");
+  const fixtures::EnvironmentScope path("PATH", "/nowhere");
+  EXPECT_EQ(versionOf(package),
+            "The downloaded update was thrown away, because it cannot be seen which version it is: it is a Debian "
+            "package, and this system has no dpkg-deb to look into it.");
+}
+
+/// What a tool of our own prints decides.
+class DebianTool : public testing::Test {
+ protected:
+  std::string versionFrom(const std::string& script) const {
+    sandbox.write("dpkg-deb", "#!/bin/sh\n" + script + "\n");
+    fs::permissions(sandbox / "dpkg-deb", fs::perms::owner_all);
+    const fixtures::EnvironmentScope path("PATH", sandbox.path().string() + ":/usr/bin:/bin");
+    return versionOf("any");
+  }
+
+  fixtures::Sandbox sandbox;
+};
+
+TEST_F(DebianTool, hasToEndWell) {
+  EXPECT_EQ(versionFrom("echo 1.2"), "1.2");
+  EXPECT_EQ(versionFrom("echo 1.2; exit 1"), noVersion);
+  EXPECT_EQ(versionFrom("echo 1.2; kill -9 $$"), noVersion);
+}
+
+TEST_F(DebianTool, hasToPrintOneVersionAndNothingElse) {
+  for (const char* script : {"true", "echo", "printf 1.2", "echo 1.2; echo 1.3", "yes", "printf '%0999d\\n' 1"}) {
+    EXPECT_EQ(versionFrom(script), noVersion) << script;
+  }
+  EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
+  const system::Descriptor secret(::memfd_create("secret", 0));
+  const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
+  versionFrom("cat /proc/self/fd/3 >" + path("seen") + "; ls -l /proc/$$/fd >" + path("open") + "; echo \"$@\" >" +
+              path("words"));
+  EXPECT_EQ(sandbox.read("seen"), "any");
+  EXPECT_NE(sandbox.read("open").find("memfd:package"), std::string::npos);
+  EXPECT_EQ(sandbox.read("open").find("memfd:secret"), std::string::npos) << sandbox.read("open");
+  EXPECT_EQ(sandbox.read("words"), "--field /proc/self/fd/3 Version\n");
+}
+
+TEST(DebianVersion, isTheOneThatWasOfferedWithAnyRevision) {
+  for (const char* version : {"1.2", "1.2-1", "1.2-1~deb12u1"}) {
+    EXPECT_TRUE(isDebianVersionOf(version, "1.2")) << version;
+  }
+  EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
+  for (const char* version :
+       {"", "-", "-1", "1", "1.1", "1.20", "1.2.0", "1.2~", "1.2+1", "1.2-rc-1", "1:1.2", "2.0-1.2"}) {
+    EXPECT_FALSE(isDebianVersionOf(version, "1.2")) << version;
+  }
+}
+
+TEST(DebianVersion, aRevisionIsNothingToOffer) {
+  for (const char* version : {"1.2-1", "1.2-2", "1.2"}) {
+    EXPECT_FALSE(isDebianVersionOf(version, "1.2-1")) << version;
+  }
+  EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
+}
+
+}  // namespace
+}  // namespace tarnwell::updater

@@ -1,0 +1,31 @@
+#include "updater/package/RealPackage.h"
+
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "fixtures/Sandbox.h"
+#include "host/linux/StartProgram.h"
+
+namespace tarnwell::updater {
+
+std::string realPackage(const std::string& version, const std::string& content) {
+  const fixtures::Sandbox sandbox;
+  std::filesystem::create_directories(sandbox / "tree/DEBIAN");
+  sandbox.write("tree/DEBIAN/control", "Package: tarnwell\nVersion: " + version +
+                                           "\nArchitecture: all\nMaintainer: Tests <tests@tarnwell.example>\n"
+                                           "Description: a package of a test\n");
+  sandbox.write("tree/content", content);
+  std::filesystem::permissions(sandbox / "tree/DEBIAN", std::filesystem::perms(0755));
+  const std::string tree = (sandbox / "tree").string();
+  const auto tool = host_linux::startProgram(
+      {"/bin/sh", "-c", R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree});
+  int status = -1;
+  if (::waitpid(std::get<pid_t>(tool), &status, 0) < 0 || status != 0) {
+    throw std::runtime_error("dpkg-deb builds no package");
+  }
+  return sandbox.read("tree.deb");
+}
+
+}  // namespace tarnwell::updater
