@@ -7,6 +7,7 @@
 #include "host/qt/accessibility/AccessiblePressable.h"
 #include "host/qt/accessibility/AccessibleRange.h"
 #include "host/qt/accessibility/AccessibleTabBar.h"
+#include "host/qt/accessibility/AccessibleTextField.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/look/Conversions.h"
@@ -18,6 +19,7 @@
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
 #include "kit/controls/TextLabel.h"
 #include "kit/controls/Toggle.h"
 
@@ -52,6 +54,9 @@ QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   if (dynamic_cast<const kit::TabBar*>(control) != nullptr) {
     return new AccessibleTabBar(widget, link);
   }
+  if (dynamic_cast<const kit::TextField*>(control) != nullptr) {
+    return new AccessibleTextField(static_cast<QLineEdit*>(widget), link);
+  }
   if (dynamic_cast<const kit::TextLabel*>(control) != nullptr) {
     return new AccessibleLabel(widget, link);
   }
@@ -60,8 +65,10 @@ QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
 }
 
 QAccessibleInterface* accessible(const QString& className, QObject* object) {
-  // Asked for each class of an object, from its own up; a text field is the toolkit's own business.
-  if (className != QLatin1String("QWidget") || qobject_cast<QLineEdit*>(object) != nullptr) {
+  ControlLink* link = ControlLink::of(object);
+  // Asked for each class of an object, from its own up; the toolkit has an answer of its own for line edits.
+  const bool isField = link != nullptr && className == QLatin1String("QLineEdit");
+  if (!isField && className != QLatin1String("QWidget")) {
     return nullptr;
   }
   if (dynamic_cast<WindowWidget*>(object) != nullptr) {
@@ -74,7 +81,6 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   if (widget->windowType() == Qt::Dialog) {
     return new QAccessibleWidget(widget, QAccessible::Dialog);
   }
-  ControlLink* link = ControlLink::of(object);
   const bool shows = link != nullptr && link->control() != nullptr;
   return shows ? accessibleFor(widget, *link) : new AccessibleWidget(widget);
 }

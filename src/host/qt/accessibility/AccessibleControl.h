@@ -15,7 +15,7 @@ class AccessibleControl : public AccessibleWidget {
       : AccessibleWidget(widget, role), link_(link) {}
 
   QString text(QAccessible::Text kind) const override;
-  void doAction(const QString& name) final;
+  void doAction(const QString& name) override;
   /// With the text that names it.
   QVector<Relation> relations(QAccessible::Relation match) const override;
 

@@ -170,12 +170,6 @@ void TextFieldPeer::edit(const kit::Selector& command) {
   }
 }
 
-void TextFieldPeer::showDescription() {
-  const kit::Control& field = *ControlLink::of(widget())->control();
-  widget()->setAccessibleName(toQString(field.accessibleName()));
-  widget()->setAccessibleDescription(toQString(field.accessibleDescription()));
-}
-
 void TextFieldPeer::showState(kit::Aspect /*aspect*/) { static_cast<LineEdit*>(widget())->showText(); }
 
 }  // namespace tarnwell::host_qt

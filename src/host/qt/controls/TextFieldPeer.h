@@ -16,7 +16,6 @@ class TextFieldPeer final : public WidgetPeer, public kit::EditingPeer {
 
  protected:
   void showState(kit::Aspect aspect) override;
-  void showDescription() override;
 };
 
 }  // namespace tarnwell::host_qt

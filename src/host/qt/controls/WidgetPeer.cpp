@@ -39,7 +39,6 @@ void WidgetPeer::show(kit::Aspect aspect) noexcept {
       break;
     case kit::Aspect::accessibleName:
     case kit::Aspect::accessibleDescription:
-      showDescription();
       break;
     default:
       showState(aspect);

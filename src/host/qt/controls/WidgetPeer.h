@@ -34,8 +34,6 @@ class WidgetPeer : public kit::Peer, public Container {
 
   /// For what the widget does not simply paint from the control's state.
   virtual void showState(kit::Aspect aspect);
-  /// For a widget that tells its name and description to screen readers by itself.
-  virtual void showDescription() {}
   virtual void placed() {}
 
  private:

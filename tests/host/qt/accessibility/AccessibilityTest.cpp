@@ -3,10 +3,12 @@
 #include <QtCore/QPointer>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QWidget>
 
 #include <functional>
 #include <numbers>
+#include <utility>
 
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
@@ -112,6 +114,76 @@ TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
   EXPECT_EQ(committed, "");
   field.commit();
   EXPECT_EQ(committed, "0.3");
+}
+
+TEST(AccessibilityTest, fieldTellsItsTextWithCaretAndSelection) {
+  Stage stage;
+  auto& field = stage.add(makeField("0.25 or so"), place);
+  stage.show();
+  auto& edit = static_cast<QLineEdit&>(driver::widget(field));
+  QAccessibleTextInterface* text = seen(field).textInterface();
+  ASSERT_NE(text, nullptr);
+  EXPECT_TRUE(seen(field).state().editable);
+  EXPECT_EQ(seen(field).text(QAccessible::Value), "0.25 or so");
+  EXPECT_EQ(text->characterCount(), 10);
+  EXPECT_EQ(text->text(2, 4), "25");
+  int start = -1;
+  int end = -1;
+  EXPECT_EQ(text->textAtOffset(6, QAccessible::WordBoundary, &start, &end), "or");
+  text->setCursorPosition(3);
+  EXPECT_EQ(edit.cursorPosition(), 3);
+  EXPECT_EQ(text->cursorPosition(), 3);
+  EXPECT_EQ(text->selectionCount(), 0);
+  text->addSelection(2, 4);
+  EXPECT_EQ(edit.selectedText(), "25");
+  ASSERT_EQ(text->selectionCount(), 1);
+  text->selection(0, &start, &end);
+  EXPECT_EQ(std::pair(start, end), std::pair(2, 4));
+  text->removeSelection(0);
+  EXPECT_FALSE(edit.hasSelectedText());
+}
+
+TEST(AccessibilityTest, fieldTellsWhereItsCharactersAre) {
+  Stage stage;
+  auto& field = stage.add(makeField("0.25 or so"), place);
+  stage.show();
+  QAccessibleTextInterface& text = *seen(field).textInterface();
+  for (const int caret : {0, 4, 10}) {
+    text.setCursorPosition(caret);
+    for (int offset = 0; offset < text.characterCount(); ++offset) {
+      const QRect character = text.characterRect(offset);
+      EXPECT_TRUE(seen(field).rect().contains(character)) << offset;
+      // Each half of a character belongs to the caret's place at its side.
+      EXPECT_EQ(text.offsetAtPoint({character.left() + 1, character.center().y()}), offset);
+    }
+  }
+}
+
+TEST(AccessibilityTest, partsOfATextAreReplacedAsIfTyped) {
+  Stage stage;
+  std::string committed;
+  auto& field = stage.add(makeField("0.25", [&committed](const std::string& text) { committed = text; }), place);
+  QAccessibleEditableTextInterface* editable = seen(field).editableTextInterface();
+  ASSERT_NE(editable, nullptr);
+  editable->insertText(4, "6");
+  EXPECT_EQ(field.shownText(), "0.256");
+  editable->deleteText(0, 2);
+  EXPECT_EQ(field.shownText(), "256");
+  editable->replaceText(0, 2, "1");
+  EXPECT_EQ(field.shownText(), "16");
+  EXPECT_TRUE(field.isEditing());
+  EXPECT_EQ(committed, "");
+}
+
+TEST(AccessibilityTest, takingTheKeyboardCommitsNothingOfTheFieldItself) {
+  Stage stage;
+  std::string committed;
+  auto& field = stage.add(makeField("1", [&committed](const std::string& text) { committed = text; }), place);
+  stage.show();
+  seen(field).setText(QAccessible::Value, "7");
+  seen(field).actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_TRUE(driver::widget(field).hasFocus());
+  EXPECT_EQ(committed, "");
 }
 
 /// A field, and one of each control that can be acted on; `done` is what came of it, in order.
@@ -268,7 +340,8 @@ TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
   Stage stage;
   auto& label = stage.add(makeLabel("Delay"), place);
   const std::vector<kit::Control*> controls = {&stage.add(makeSlider(0.5), place), &stage.add(makeStepper(), place),
-                                               &stage.add(makeToggle(), place), &stage.add(makeButton("Save"), place)};
+                                               &stage.add(makeToggle(), place), &stage.add(makeButton("Save"), place),
+                                               &stage.add(makeField("1"), place)};
   for (kit::Control* control : controls) {
     control->setAccessibleDescription("How long.");
     control->setLabel(&label);
@@ -278,9 +351,6 @@ TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
     EXPECT_EQ(relations[0].first, &seen(label));
     EXPECT_TRUE(seen(*control).relations(QAccessible::Controlled).isEmpty());
   }
-  auto& field = stage.add(makeField("1"), place);
-  field.setAccessibleDescription("How long.");
-  EXPECT_EQ(seen(field).text(QAccessible::Description), "How long.");
   auto& popUp = stage.add(makePopUpButton(), place);
   popUp.setAccessibleDescription("Which one.");
   EXPECT_EQ(seen(popUp).text(QAccessible::Description), "Genie. Which one.");
