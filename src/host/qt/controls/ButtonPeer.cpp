@@ -14,7 +14,6 @@ namespace {
 
 constexpr double pushRadius = 6;
 constexpr double glyphSide = 14;
-constexpr int pressedShade = 112;
 
 class ButtonWidget final : public PressableWidget {
  public:
@@ -46,7 +45,7 @@ class ButtonWidget final : public PressableWidget {
   QColor faceColor() const {
     const Palette& palette = theme().palette();
     if (isProminent()) {
-      return isPressed() ? palette.accent.darker(pressedShade) : palette.accent;
+      return isPressed() ? pressedShade(palette.accent, palette.accentText) : palette.accent;
     }
     return isPressed() ? palette.controlFacePressed : palette.controlFace;
   }

@@ -120,13 +120,11 @@ class SliderWidget final : public ControlWidget {
 
   void drawTrack(QPainter& painter) {
     const double inset = kit::metrics::sliderKnobWidth / 2;
-    QRectF track(inset - 2, trackCentre() - trackThickness / 2, bounds().width() - 2 * (inset - 2), trackThickness);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme().palette().track);
-    painter.drawRoundedRect(track, trackThickness / 2, trackThickness / 2);
-    track.setRight(slider_.knobCentre());
-    painter.setBrush(theme().palette().accent);
-    painter.drawRoundedRect(track, trackThickness / 2, trackThickness / 2);
+    const QRectF track(inset - 2, trackCentre() - trackThickness / 2, bounds().width() - 2 * (inset - 2),
+                       trackThickness);
+    QRectF filled = track;
+    filled.setRight(slider_.knobCentre());
+    host_qt::drawTrack(painter, track, filled, theme().palette());
   }
 
   kit::Slider& slider_;

@@ -11,7 +11,6 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr double knobGap = 2;
-constexpr int togglePressedShade = 112;
 
 class ToggleWidget final : public PressableWidget {
  public:
@@ -24,7 +23,7 @@ class ToggleWidget final : public PressableWidget {
   void draw(QPainter& painter) override {
     const Palette& palette = theme().palette();
     const QColor ground = toggle_.isOn() ? palette.accent : palette.track;
-    drawRounded(painter, bounds(), cornerRadius(), isPressed() ? ground.darker(togglePressedShade) : ground,
+    drawRounded(painter, bounds(), cornerRadius(), isPressed() ? pressedShade(ground, palette.knob) : ground,
                 palette.controlBorder);
     const double side = bounds().height() - 2 * knobGap;
     const double left = toggle_.isOn() ? bounds().width() - side - knobGap : knobGap;

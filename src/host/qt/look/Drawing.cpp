@@ -43,6 +43,16 @@ void drawFace(QPainter& painter, const QRectF& rect, double radius, const QColor
   drawRounded(painter, rect, radius, fill, palette.controlBorder);
 }
 
+void drawTrack(QPainter& painter, const QRectF& track, const QRectF& filled, const Palette& palette) {
+  const double radius = track.height() / 2;
+  drawRounded(painter, track, radius, palette.fieldFace, palette.controlBorder);
+  QPainterPath shape;
+  shape.addRoundedRect(track, radius, radius);
+  QPainterPath part;
+  part.addRoundedRect(filled, radius, radius);
+  painter.fillPath(shape & part, palette.accent);
+}
+
 void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palette& palette) {
   painter.setPen(Qt::NoPen);
   QColor faint = palette.shadow;

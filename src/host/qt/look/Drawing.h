@@ -23,6 +23,9 @@ void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QCo
 /// The raised face of a button, a switch or a stepper, with the faint shadow below it.
 void drawFace(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const Palette& palette);
 
+/// A bar that is filled up to where `filled` ends, and an empty groove from there on.
+void drawTrack(QPainter& painter, const QRectF& track, const QRectF& filled, const Palette& palette);
+
 /// A knob with its soft shadow.
 void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palette& palette);
 

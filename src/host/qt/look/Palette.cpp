@@ -50,7 +50,7 @@ Palette highLight() {
           .accentOnWindow = blue,
           .destructive = QColor(0x9c0000),
           .controlFace = paper,
-          .controlFacePressed = QColor(0xdcdce0),
+          .controlFacePressed = QColor(0xe8e8ec),
           .controlBorder = ink,
           .fieldFace = paper,
           .track = QColor(0x4a4a4f),
@@ -79,7 +79,7 @@ Palette highDark() {
           .accentOnWindow = QColor(0x8cc0ff),
           .destructive = QColor(0xff9d96),
           .controlFace = QColor(0x1a1a1c),
-          .controlFacePressed = QColor(0x3a3a3e),
+          .controlFacePressed = QColor(0x2a2a2e),
           .controlBorder = ink,
           .fieldFace = paper,
           .track = QColor(0x8c8c92),
@@ -140,7 +140,7 @@ Palette Palette::dark() {
           .accentOnWindow = QColor(0x6aa6ff),
           .destructive = QColor(0xffa098),
           .controlFace = QColor(0x47474d),
-          .controlFacePressed = QColor(0x5a5a61),
+          .controlFacePressed = QColor(0x333337),
           .controlBorder = QColor(0x7c7c84),
           .fieldFace = QColor(0x1b1b1e),
           .track = QColor(0x7c7c84),
@@ -170,9 +170,8 @@ Palette Palette::withAccent(const QColor& color) const {
   const double leastForText = std::max(textContrast, accentContrast);
   // What stands so far from its grounds has that contrast to one of the two.
   changed.accentText = contrast(Qt::white, changed.accent) >= leastForText ? QColor(Qt::white) : QColor(Qt::black);
-  // The title of the chosen tab, for one.
-  const QColor ground = chosenTab.alpha() < 255 ? window : chosenTab;
-  changed.accentOnWindow = apartFrom(ground, color, leastForText);
+  // Of all that such texts stand on, the chosen tab is the nearest to them.
+  changed.accentOnWindow = apartFrom(over(window, chosenTab), color, leastForText);
   changed.focusRing = changed.accent;
   return changed;
 }
@@ -183,13 +182,23 @@ QPalette Palette::toolkitPalette() const {
   palette.setColor(QPalette::ToolTipBase, menuFace);
   palette.setColor(QPalette::ToolTipText, primaryText);
   palette.setColor(QPalette::PlaceholderText, secondaryText);
-  palette.setColor(QPalette::Link, accent);
-  palette.setColor(QPalette::LinkVisited, accent);
+  palette.setColor(QPalette::Link, accentOnWindow);
+  palette.setColor(QPalette::LinkVisited, accentOnWindow);
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
     setColors(palette, group, *this, primaryText);
   }
   setColors(palette, QPalette::Disabled, *this, secondaryText);
   return palette;
+}
+
+QColor pressedShade(const QColor& fill, const QColor& drawnOnIt) {
+  constexpr float share = 0.12F;
+  return mixed(fill, luminance(drawnOnIt) > luminance(fill) ? Qt::black : Qt::white, share);
+}
+
+QColor over(const QColor& ground, const QColor& color) {
+  const QColor opaque = QColor::fromRgb(color.rgb());
+  return mixed(ground, opaque, color.alphaF());
 }
 
 double contrast(const QColor& one, const QColor& other) {

@@ -18,13 +18,13 @@ struct Palette {
   QColor secondaryText = {};
   QColor accent = {};
   QColor accentText = {};      ///< On the accent colour.
-  QColor accentOnWindow = {};  ///< The accent as a text on the window.
+  QColor accentOnWindow = {};  ///< The accent as a text: links, the title of the chosen tab.
   QColor destructive = {};     ///< The text of a button that cannot be taken back.
   QColor controlFace = {};
   QColor controlFacePressed = {};
   QColor controlBorder = {};
   QColor fieldFace = {};
-  QColor track = {};  ///< The empty part of a slider, the ground of a switch that is off.
+  QColor track = {};  ///< The ground of a switch that is off.
   QColor tick = {};
   QColor knob = {};
   QColor knobBorder = {};
@@ -46,6 +46,12 @@ struct Palette {
   /// For what the toolkit paints itself: menus, tool tips, the selection in a text field.
   QPalette toolkitPalette() const;
 };
+
+/// A fill while it is pressed: further away from what is drawn on it.
+QColor pressedShade(const QColor& fill, const QColor& drawnOnIt);
+
+/// What is seen where `color`, which may let its ground through, covers it.
+QColor over(const QColor& ground, const QColor& color);
 
 /// How far two colours stand apart, from 1 to 21, as the accessibility rules for texts count it.
 double contrast(const QColor& one, const QColor& other);

@@ -16,7 +16,6 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr double cornerRadius = 6;
-constexpr int pressedPercent = 112;
 
 }  // namespace
 
@@ -40,7 +39,7 @@ void PanelButton::paintEvent(QPaintEvent* /*event*/) {
   const Palette& colors = theme_.palette();
   const bool isDefault = kind_ == Kind::defaultButton;
   const QColor plain = isDown() ? colors.controlFacePressed : colors.controlFace;
-  const QColor accent = isDown() ? colors.accent.darker(pressedPercent) : colors.accent;
+  const QColor accent = isDown() ? pressedShade(colors.accent, colors.accentText) : colors.accent;
   drawFace(painter, face(), cornerRadius, isDefault ? accent : plain, colors);
   painter.setPen(isDefault ? colors.accentText : colors.primaryText);
   const WrappedText title(text().toStdString(), theme_.font(kit::FontRole::body), std::nullopt);

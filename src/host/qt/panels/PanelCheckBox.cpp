@@ -16,7 +16,6 @@ constexpr double boxSide = 15;
 constexpr double boxRadius = 4;
 constexpr double beforeTitle = 7;
 constexpr double markStroke = 1.8;
-constexpr int heldPercent = 112;
 
 }  // namespace
 
@@ -38,7 +37,7 @@ void PanelCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const Palette& colors = theme_.palette();
-  const QColor on = isDown() ? colors.accent.darker(heldPercent) : colors.accent;
+  const QColor on = isDown() ? pressedShade(colors.accent, colors.accentText) : colors.accent;
   const QColor off = isDown() ? colors.controlFacePressed : colors.controlFace;
   drawFace(painter, box(), boxRadius, isChecked() ? on : off, colors);
   if (isChecked()) {

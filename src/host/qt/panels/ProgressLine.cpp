@@ -1,10 +1,10 @@
 #include "host/qt/panels/ProgressLine.h"
 
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 #include <algorithm>
 #include <cmath>
 
+#include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 
 namespace tarnwell::host_qt {
@@ -40,13 +40,7 @@ QSize ProgressLine::sizeHint() const { return {leastLineWidth, lineHeight}; }
 void ProgressLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  QPainterPath shape;
-  shape.addRoundedRect(track(), lineHeight / 2.0, lineHeight / 2.0);
-  painter.fillPath(shape, theme_.palette().track);
-  QPainterPath done;
-  done.addRoundedRect(filled(), lineHeight / 2.0, lineHeight / 2.0);
-  painter.fillPath(shape & done, theme_.palette().accent);
+  drawTrack(painter, track(), filled(), theme_.palette());
 }
 
 // Nothing moves that nobody sees.

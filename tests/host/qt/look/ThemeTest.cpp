@@ -59,10 +59,24 @@ TEST_P(PaletteTest, textsCanBeRead) {
   for (const QColor& ground : {colors.controlFace, colors.controlFacePressed, colors.fieldFace}) {
     EXPECT_GE(contrast(colors.primaryText, ground), least);
   }
-  EXPECT_GE(contrast(colors.accentOnWindow, colors.window), least);
   EXPECT_GE(contrast(colors.accentText, colors.accent), least);
-  EXPECT_GE(contrast(colors.accentOnWindow, isHigh() ? colors.chosenTab : colors.window), least);
+  EXPECT_GE(contrast(colors.accentText, pressedShade(colors.accent, colors.accentText)), least);
   EXPECT_GE(contrast(colors.destructive, colors.controlFace), least);
+  EXPECT_GE(contrast(colors.destructive, colors.controlFacePressed), least);
+}
+
+TEST_P(PaletteTest, linksAndTheChosenTabCanBeRead) {
+  const Palette colors = palette();
+  const double least = isHigh() ? 7 : 4.5;
+  const QColor tab = over(colors.window, colors.chosenTab);
+  for (const QColor& ground : {colors.window, colors.groupFill, colors.fieldFace, tab}) {
+    EXPECT_GE(contrast(colors.accentOnWindow, ground), least);
+  }
+  const QPalette toolkit = colors.toolkitPalette();
+  for (const auto link : {QPalette::Link, QPalette::LinkVisited}) {
+    EXPECT_GE(contrast(toolkit.color(link), toolkit.color(QPalette::Window)), least);
+    EXPECT_GE(contrast(toolkit.color(link), toolkit.color(QPalette::Base)), least);
+  }
 }
 
 TEST_P(PaletteTest, controlsStandOutFromWhatTheyStandOn) {
@@ -77,6 +91,7 @@ TEST_P(PaletteTest, controlsStandOutFromWhatTheyStandOn) {
   EXPECT_GE(contrast(colors.controlBorder, colors.fieldFace), 3);
   EXPECT_GE(contrast(colors.controlBorder, colors.menuFace), 3);
   EXPECT_GE(contrast(colors.knob, colors.track), 3);
+  EXPECT_GE(contrast(colors.knob, pressedShade(colors.track, colors.knob)), 3);
 }
 
 TEST_P(PaletteTest, fillsInTheAccentColourStandOutFromWhatTheyStandOn) {
@@ -84,7 +99,10 @@ TEST_P(PaletteTest, fillsInTheAccentColourStandOutFromWhatTheyStandOn) {
   for (const QColor& ground : {colors.window, colors.groupFill, colors.menuFace}) {
     EXPECT_GE(contrast(colors.accent, ground), 3);
   }
-  EXPECT_GE(std::max(contrast(colors.knob, colors.accent), contrast(colors.knobBorder, colors.accent)), 3);
+  EXPECT_GE(contrast(colors.accent, colors.fieldFace), 3);
+  for (const QColor& fill : {colors.accent, pressedShade(colors.accent, colors.knob)}) {
+    EXPECT_GE(std::max(contrast(colors.knob, fill), contrast(colors.knobBorder, fill)), 3);
+  }
 }
 
 TEST_P(PaletteTest, highContrastDrawsLinesInTheColourOfTexts) {
@@ -136,6 +154,33 @@ TEST_F(ThemeTest, accentColoursTheDefaultButton) {
   stage.show();
   theme.setAccent(QColor(0x2f8f3a));
   EXPECT_EQ(driver::widget(button).grab().toImage().pixelColor(8, 12), QColor(0x2f8f3a));
+}
+
+TEST_F(ThemeTest, filledPartOfASliderStandsOutFromTheEmptyOne) {
+  Stage stage;
+  auto& slider = stage.add(makeSlider(0.5), {.x = 20, .y = 20, .width = 110, .height = 24});
+  stage.show();
+  for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+    theme.setColorScheme(scheme);
+    for (const ContrastLevel level : {ContrastLevel::normal, ContrastLevel::high}) {
+      theme.setContrastLevel(level);
+      const QImage picture = driver::widget(slider).grab().toImage();
+      EXPECT_GE(contrast(picture.pixelColor(30, 12), picture.pixelColor(80, 12)), 3);
+    }
+  }
+}
+
+TEST_F(ThemeTest, pressedButtonsCanBeRead) {
+  Stage stage;
+  auto& button = stage.add(makeButton("Save"), {.x = 20, .y = 20, .width = 80, .height = 24});
+  button.setDefault(true);
+  stage.show();
+  theme.setAccent(QColor(0x808080));
+  driver::press(button, {.x = 10, .y = 12});
+  const QColor face = driver::widget(button).grab().toImage().pixelColor(8, 12);
+  driver::release(button, {.x = 10, .y = 12});
+  EXPECT_NE(face, theme.palette().accent);
+  EXPECT_GE(contrast(theme.palette().accentText, face), 4.5);
 }
 
 TEST_F(ThemeTest, highContrastIsPaintedInBothSchemes) {
