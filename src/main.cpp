@@ -116,8 +116,8 @@ int run(host_qt::QtApplication& desktop, host_qt::SingleInstance& instance, cons
 void startAnew(const Start& start, const std::string& token) {
   const auto started =
       host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, executableToStart(start).string()});
-  if (const auto* failure = std::get_if<system::Failure>(&started)) {
-    failed(failure->message, EXIT_FAILURE);
+  if (!started) {
+    failed(started.error().message, EXIT_FAILURE);
   }
 }
 
@@ -145,20 +145,17 @@ int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   std::signal(SIGCHLD, SIG_DFL);
   const auto version = host_linux::playedSystemVersion();
-  if (const auto* failure = std::get_if<system::Failure>(&version)) {
-    return failed(failure->message, EXIT_FAILURE);
+  if (!version) {
+    return failed(version.error().message, EXIT_FAILURE);
   }
   const auto executable = system::runningExecutable();
-  if (const auto* failure = std::get_if<system::Failure>(&executable)) {
-    return failed(failure->message, EXIT_FAILURE);
+  if (!executable) {
+    return failed(executable.error().message, EXIT_FAILURE);
   }
   if (const auto failure = host_linux::putStandInsFirst()) {
     return failed(failure->message, EXIT_FAILURE);
   }
-  return startOnDesktop(argc, argv,
-                        {.launch = launch,
-                         .version = std::get<kit::SystemVersion>(version),
-                         .executable = std::get<std::filesystem::path>(executable)});
+  return startOnDesktop(argc, argv, {.launch = launch, .version = *version, .executable = *executable});
 }
 
 }  // namespace

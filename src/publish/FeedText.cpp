@@ -100,21 +100,21 @@ std::string emptyFeed() {
 
 system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
   const auto before = itemsIn(feed);
-  if (const auto* failure = std::get_if<system::Failure>(&before)) {
-    return *failure;
+  if (!before) {
+    return before.error();
   }
-  if (hasVersion(std::get<Items>(before), item.version)) {
+  if (hasVersion(*before, item.version)) {
     return system::Failure{"the feed has version " + item.version + " already"};
   }
   const auto place = PlaceFinder(feed).place();
   std::string text = feed;
   text.insert(place.value_or(text.size()), item.xml() + "\n    ");
   auto after = itemsIn(text);
-  if (const auto* failure = std::get_if<system::Failure>(&after)) {
-    return system::Failure{"the item does not fit into the feed. " + failure->message};
+  if (!after) {
+    return system::Failure{"the item does not fit into the feed. " + after.error().message};
   }
-  auto& items = std::get<Items>(after);
-  if (items.size() != std::get<Items>(before).size() + 1) {
+  auto& items = *after;
+  if (items.size() != before->size() + 1) {
     return system::Failure{"the feed has no place for an item"};
   }
   if (!saysTheSame(items.front(), item)) {

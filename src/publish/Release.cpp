@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iterator>
 #include <system_error>
-#include <variant>
 
 #include "publish/FeedLock.h"
 #include "publish/FeedText.h"
@@ -63,38 +62,38 @@ system::Result<std::string> notesOf(const Release& release) {
 
 system::Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
   auto notes = notesOf(release);
-  if (auto* failure = std::get_if<system::Failure>(&notes)) {
-    return std::move(*failure);
+  if (!notes) {
+    return notes.error();
   }
   auto signature = key.sign(package.descriptor());
-  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
-    return system::Failure{release.package.string() + ": " + failure->message};
+  if (!signature) {
+    return system::Failure{release.package.string() + ": " + signature.error().message};
   }
   return NewItem{.title = titleOf(release),
                  .version = release.version,
                  .shownVersion = release.shownVersion,
                  .publicationDate = publicationDate(),
-                 .notes = std::get<std::string>(std::move(notes)),
+                 .notes = *std::move(notes),
                  .channel = release.channel,
                  .minimumSystemVersion = release.minimumSystemVersion,
                  .isCritical = release.isCritical,
                  .url = release.url,
                  .length = package.length(),
-                 .signature = std::get<std::string>(std::move(signature))};
+                 .signature = *std::move(signature)};
 }
 
 /// The feed with the item, when the updater would take it from there.
 system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package,
                                      const SecretKey& key) {
   const auto before = feedIn(feed);
-  if (const auto* failure = std::get_if<system::Failure>(&before)) {
-    return *failure;
+  if (!before) {
+    return before.error();
   }
-  auto after = withItem(std::get<std::string>(before), item);
-  if (const auto* failure = std::get_if<system::Failure>(&after)) {
-    return system::Failure{feed.string() + ": " + failure->message};
+  auto after = withItem(*before, item);
+  if (!after) {
+    return system::Failure{feed.string() + ": " + after.error().message};
   }
-  auto& [text, itemAsRead] = std::get<FeedWithItem>(after);
+  auto& [text, itemAsRead] = *after;
   if (auto objection = objectionTo(itemAsRead, package, key)) {
     return *std::move(objection);
   }
@@ -115,25 +114,24 @@ std::optional<system::Failure> publishRelease(const Release& release, const fs::
     return objection;
   }
   const auto key = SecretKey::read(release.privateKey);
-  if (const auto* failure = std::get_if<system::Failure>(&key)) {
-    return *failure;
+  if (!key) {
+    return key.error();
   }
   const auto package = Package::open(release.package);
-  if (const auto* failure = std::get_if<system::Failure>(&package)) {
-    return *failure;
+  if (!package) {
+    return package.error();
   }
-  const auto item = itemOf(release, std::get<Package>(package), std::get<SecretKey>(key));
-  if (const auto* failure = std::get_if<system::Failure>(&item)) {
-    return *failure;
+  const auto item = itemOf(release, *package, *key);
+  if (!item) {
+    return item.error();
   }
   const fs::path real = realPathOf(feed);
   const auto lock = FeedLock::take(real);
-  if (const auto* failure = std::get_if<system::Failure>(&lock)) {
-    return *failure;
+  if (!lock) {
+    return lock.error();
   }
-  const auto text = feedWith(std::get<NewItem>(item), real, std::get<Package>(package), std::get<SecretKey>(key));
-  const auto* failure = std::get_if<system::Failure>(&text);
-  return failure != nullptr ? std::optional(*failure) : system::replaceFile(real, std::get<std::string>(text));
+  const auto text = feedWith(*item, real, *package, *key);
+  return text ? system::replaceFile(real, *text) : text.error();
 }
 
 }  // namespace tarnwell::publish

@@ -62,10 +62,10 @@ std::optional<system::Failure> objectionToVersionOf(const Package& package, cons
     return std::nullopt;
   }
   const auto own = updater::debianVersion(package.descriptor());
-  if (const auto* failure = std::get_if<system::Failure>(&own)) {
-    return system::Failure{"the updater would refuse the package: " + failure->message};
+  if (!own) {
+    return system::Failure{"the updater would refuse the package: " + own.error().message};
   }
-  const auto& version = std::get<std::string>(own);
+  const auto& version = *own;
   if (!updater::isDebianVersionOf(version, offered)) {
     const std::string advice = version == offered ? ": offer it without the Debian revision" : "";
     return system::Failure{"the package is version " + version + ", and the updater would not take it for " + offered +
@@ -109,15 +109,15 @@ std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const 
     return objection;
   }
   const auto publicKey = updater::PublicKey::parse(key.publicText());
-  if (const auto* failure = std::get_if<system::Failure>(&publicKey)) {
-    return *failure;
+  if (!publicKey) {
+    return publicKey.error();
   }
   const auto claim = updater::PackageClaim::create(item);
-  if (const auto* failure = std::get_if<system::Failure>(&claim)) {
-    return *failure;
+  if (!claim) {
+    return claim.error();
   }
-  const auto& claimed = std::get<updater::PackageClaim>(claim);
-  return claimed.signature.verify(std::get<updater::PublicKey>(publicKey), package.descriptor(), claimed.length);
+  const auto& claimed = *claim;
+  return claimed.signature.verify(*publicKey, package.descriptor(), claimed.length);
 }
 
 }  // namespace tarnwell::publish

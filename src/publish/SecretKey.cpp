@@ -64,10 +64,10 @@ system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
     return system::Failure{"others can read " + file.string() + "; make it yours alone: chmod 600"};
   }
   const auto mapped = system::MappedFile::create(opened.number());
-  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
-    return system::Failure{file.string() + ": " + failure->message};
+  if (!mapped) {
+    return system::Failure{file.string() + ": " + mapped.error().message};
   }
-  const auto& bytes = std::get<system::MappedFile>(mapped);
+  const auto& bytes = *mapped;
   std::string_view text(reinterpret_cast<const char*>(bytes.bytes()), bytes.length());
   text.remove_suffix(text.ends_with('\n') ? 1 : 0);
   if (!updater::isCryptoLibraryReady()) {
@@ -99,10 +99,10 @@ std::string SecretKey::publicText() const { return encodeBase64(KeyPair(seed_.da
 
 system::Result<std::string> SecretKey::sign(int descriptor) const {
   const auto mapped = system::MappedFile::create(descriptor);
-  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
-    return *failure;
+  if (!mapped) {
+    return mapped.error();
   }
-  const auto& file = std::get<system::MappedFile>(mapped);
+  const auto& file = *mapped;
   const KeyPair pair(seed_.data());
   std::array<unsigned char, crypto_sign_BYTES> signature = {};
   crypto_sign_detached(signature.data(), nullptr, file.bytes(), file.length(), pair.secret.data());

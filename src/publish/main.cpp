@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <system_error>
-#include <variant>
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
@@ -31,27 +30,27 @@ std::optional<system::Failure> makeKey(const std::string& file) {
 
 std::optional<system::Failure> showPublicKey(const std::string& file) {
   const auto key = SecretKey::read(file);
-  if (const auto* failure = std::get_if<system::Failure>(&key)) {
-    return *failure;
+  if (!key) {
+    return key.error();
   }
-  diagnostics::printLine(std::get<SecretKey>(key).publicText());
+  diagnostics::printLine(key->publicText());
   return std::nullopt;
 }
 
 std::optional<system::Failure> showSignature(const std::string& keyFile, const std::string& package) {
   const auto key = SecretKey::read(keyFile);
-  if (const auto* failure = std::get_if<system::Failure>(&key)) {
-    return *failure;
+  if (!key) {
+    return key.error();
   }
   const system::Descriptor file(::open(package.c_str(), O_RDONLY | O_CLOEXEC));
   if (file.isEmpty()) {
     return system::Failure{"cannot read " + package + ": " + std::system_category().message(errno)};
   }
-  const auto signature = std::get<SecretKey>(key).sign(file.number());
-  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
-    return system::Failure{package + ": " + failure->message};
+  const auto signature = key->sign(file.number());
+  if (!signature) {
+    return system::Failure{package + ": " + signature.error().message};
   }
-  diagnostics::printLine(std::get<std::string>(signature));
+  diagnostics::printLine(*signature);
   return std::nullopt;
 }
 

@@ -43,10 +43,9 @@ Result<PrivateFolder> PrivateFolder::make(const fs::path& path) {
   if (!makeFolders(path)) {
     return folderFailure("cannot make", path);
   }
-  auto opened = open(path);
-  const auto* folder = std::get_if<PrivateFolder>(&opened);
-  if (folder == nullptr) {
-    return opened;
+  auto folder = open(path);
+  if (!folder) {
+    return folder;
   }
   struct stat status = {};
   if (::fchmod(folder->descriptor(), ownerAlone) != 0 || ::fstat(folder->descriptor(), &status) != 0) {
@@ -56,7 +55,7 @@ Result<PrivateFolder> PrivateFolder::make(const fs::path& path) {
   if ((status.st_mode & others) != 0) {
     return Failure{"others can enter the folder " + path.string()};
   }
-  return opened;
+  return folder;
 }
 
 bool PrivateFolder::leadsTo(const std::string& name, int file) const {

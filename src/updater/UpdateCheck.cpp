@@ -78,8 +78,8 @@ void UpdateCheck::start() {
 
 void UpdateCheck::take(const system::Result<std::vector<FeedItem>>& feed) {
   const auto again = [this] { start(); };
-  if (const auto* failure = std::get_if<system::Failure>(&feed)) {
-    fail(*failure, again);
+  if (!feed) {
+    fail(feed.error(), again);
     return;
   }
   const auto& configuration = setting_.configuration;
@@ -89,7 +89,7 @@ void UpdateCheck::take(const system::Result<std::vector<FeedItem>>& feed) {
                              .skippedVersion = setting_.preferences.skippedVersion(),
                              .handedOverVersion = setting_.handedOverVersion,
                              .origin = origin_});
-  if (auto item = chooser.best(std::get<std::vector<FeedItem>>(feed))) {
+  if (auto item = chooser.best(*feed)) {
     takeItem(std::move(*item));
   } else {
     sayUpToDate();
@@ -112,8 +112,8 @@ void UpdateCheck::takeItem(FeedItem item) {
     return;
   }
   const auto claim = PackageClaim::create(item_);
-  if (const auto* failure = std::get_if<system::Failure>(&claim)) {
-    fail(*failure, [this] { start(); });
+  if (!claim) {
+    fail(claim.error(), [this] { start(); });
   } else if (origin_ == Origin::schedule && setting_.preferences.automaticDownloads()) {
     download();
   } else {
@@ -137,7 +137,7 @@ void UpdateCheck::answerFound(Choice choice) {
 
 void UpdateCheck::download() {
   enter(Stage::downloading);
-  const auto claim = std::get<PackageClaim>(PackageClaim::create(item_));
+  const auto claim = *PackageClaim::create(item_);
   takeProgress(0);
   auto started = PackageDownload::start(
       setting_.ports.transport, setting_.ports.worker,
@@ -145,10 +145,10 @@ void UpdateCheck::download() {
       {.progress = [this](std::uint64_t received) { takeProgress(received); },
        .verifying = [this] { enter(Stage::verifying); },
        .finished = [this](system::Result<PackageFile> package) { takePackage(std::move(package)); }});
-  if (const auto* failure = std::get_if<system::Failure>(&started)) {
-    fail(*failure, [this] { download(); });
+  if (!started) {
+    fail(started.error(), [this] { download(); });
   } else {
-    download_ = std::get<std::unique_ptr<PackageDownload>>(std::move(started));
+    download_ = *std::move(started);
   }
 }
 
@@ -160,11 +160,11 @@ void UpdateCheck::takeProgress(std::uint64_t received) {
 }
 
 void UpdateCheck::takePackage(system::Result<PackageFile> package) {
-  if (const auto* failure = std::get_if<system::Failure>(&package)) {
-    fail(*failure, [this] { download(); });
+  if (!package) {
+    fail(package.error(), [this] { download(); });
     return;
   }
-  package_.emplace(std::get<PackageFile>(std::move(package)));
+  package_.emplace(*std::move(package));
   enter(Stage::ready);
 }
 
@@ -184,19 +184,19 @@ void UpdateCheck::install() {
   installation_.reset();
   auto begun = setting_.ports.installer.install(
       item_, *package_, [this](const system::Result<HandOver>& result) { takeHandOver(result); });
-  if (const auto* failure = std::get_if<system::Failure>(&begun)) {
-    fail(*failure, {});
+  if (!begun) {
+    fail(begun.error(), {});
   } else {
-    installation_ = std::get<std::unique_ptr<Installer::Installation>>(std::move(begun));
+    installation_ = *std::move(begun);
   }
 }
 
 void UpdateCheck::takeHandOver(const system::Result<HandOver>& result) {
-  if (const auto* failure = std::get_if<system::Failure>(&result)) {
-    fail(*failure, [this] { install(); });
+  if (!result) {
+    fail(result.error(), [this] { install(); });
     return;
   }
-  handOver_ = std::get<HandOver>(result);
+  handOver_ = *result;
   listener_.handedOver(item_.version);
   origin_ = Origin::schedule;
   enter(Stage::handedOver);

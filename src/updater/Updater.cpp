@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <utility>
-#include <variant>
 
 #include "updater/UpdateCheck.h"
 #include "updater/package/PackageFolder.h"
@@ -16,8 +15,8 @@ std::string obstacleIn(const UpdaterConfiguration& configuration) {
     return "This build of Tarnwell has no update feed, so it cannot look for a newer version.";
   }
   const auto key = PublicKey::parse(configuration.publicKey);
-  if (const auto* failure = std::get_if<system::Failure>(&key)) {
-    return "This build of Tarnwell cannot verify a newer version: " + failure->message + ".";
+  if (!key) {
+    return "This build of Tarnwell cannot verify a newer version: " + key.error().message + ".";
   }
   return {};
 }
@@ -115,7 +114,7 @@ void Updater::sayWhyNot() {
 void Updater::begin(UserDriver::Origin origin) {
   ports_.alarm.cancel();
   asksForPermission_ = false;  // The check takes the question's place on the screen.
-  const auto key = std::get<PublicKey>(PublicKey::parse(configuration_.publicKey));
+  const auto key = *PublicKey::parse(configuration_.publicKey);
   clearAway();
   check_ = std::make_unique<UpdateCheck>(
       UpdateCheck::Setting{configuration_, key, preferences_, ports_, handedOver_}, origin,

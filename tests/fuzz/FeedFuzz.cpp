@@ -34,24 +34,23 @@ void check(const FeedItem& item) {
   }
   require(item.notes.size() <= FeedReader::maximumNotesLength);
   const auto claim = PackageClaim::create(item);
-  if (const auto* good = std::get_if<PackageClaim>(&claim)) {
-    require(good->length > 0 && good->length <= PackageClaim::maximumLength);
+  if (claim) {
+    require(claim->length > 0 && claim->length <= PackageClaim::maximumLength);
   }
 }
 
 void run(std::string_view text) {
   const auto whole = read(text, text.size() + 1);
   const auto pieces = read(text, 13);
-  require(whole.index() == pieces.index());
-  const auto* items = std::get_if<Items>(&whole);
-  if (items == nullptr) {
+  require(static_cast<bool>(whole) == static_cast<bool>(pieces));
+  if (!whole) {
     return;
   }
-  require(items->size() <= FeedReader::maximumItems && items->size() == std::get<Items>(pieces).size());
-  for (const FeedItem& item : *items) {
+  require(whole->size() <= FeedReader::maximumItems && whole->size() == pieces->size());
+  for (const FeedItem& item : *whole) {
     check(item);
   }
-  const auto best = ItemChooser({.runningVersion = "1.0", .systemVersion = "6.1"}).best(*items);
+  const auto best = ItemChooser({.runningVersion = "1.0", .systemVersion = "6.1"}).best(*whole);
   require(!best || !best->version.empty());
 }
 

@@ -33,14 +33,14 @@ int package() {
 /// The whole text is a key, and it is a signature.
 void run(std::string_view text) {
   const auto key = PublicKey::parse(text);
-  if (const auto* good = std::get_if<PublicKey>(&key)) {
-    require(encodeBase64(good->bytes()) == text);
+  if (key) {
+    require(encodeBase64(key->bytes()) == text);
   }
   const auto signature = Signature::parse(text);
-  if (const auto* good = std::get_if<Signature>(&signature)) {
+  if (signature) {
     require(text.size() == 88);
-    const auto real = std::get<PublicKey>(PublicKey::parse(someKey));
-    require(good->verify(real, package(), 7).has_value());
+    const auto real = *PublicKey::parse(someKey);
+    require(signature->verify(real, package(), 7).has_value());
   }
 }
 

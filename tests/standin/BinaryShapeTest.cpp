@@ -67,8 +67,8 @@ TEST(BinaryShapeTest, whatTheLibraryWouldChangeIsRefused) {
       {"count that is none", {"_Qx"}, "malformed"},
   };
   for (const Shape& each : shapes) {
-    const std::optional<Failure> fault = binaryFault(binaryList(each.objects));
-    EXPECT_THAT(fault ? fault->reason : std::string(), HasSubstr(each.fault)) << each.what;
+    const std::optional<system::Failure> fault = binaryFault(binaryList(each.objects));
+    EXPECT_THAT(fault ? fault->message : std::string(), HasSubstr(each.fault)) << each.what;
     EXPECT_EQ(fault.has_value(), *each.fault != '\0') << each.what;
   }
 }

@@ -48,13 +48,13 @@ std::string fileContent(const std::string& path) {
 }
 
 std::string binaryOf(const PropertyList& list) {
-  const Result<std::string> bytes = binaryText(list.get());
-  return std::holds_alternative<std::string>(bytes) ? std::get<std::string>(bytes) : std::string();
+  const system::Result<std::string> bytes = binaryText(list.get());
+  return bytes ? *bytes : std::string();
 }
 
 PropertyList listIn(std::string_view bytes) {
-  Result<PropertyList> list = parsePropertyList(bytes);
-  return std::holds_alternative<PropertyList>(list) ? std::get<PropertyList>(std::move(list)) : nullptr;
+  system::Result<PropertyList> list = parsePropertyList(bytes);
+  return list ? *std::move(list) : nullptr;
 }
 
 PropertyList everyType() {

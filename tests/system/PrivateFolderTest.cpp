@@ -13,10 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string refusalOf(const Result<PrivateFolder>& result) {
-  const auto* failure = std::get_if<Failure>(&result);
-  return failure == nullptr ? "" : failure->message;
-}
+std::string refusalOf(const Result<PrivateFolder>& result) { return result ? "" : result.error().message; }
 
 mode_t modeOf(const fs::path& path) {
   struct stat status = {};
@@ -29,7 +26,7 @@ TEST(PrivateFolder, isMadeForItsOwnerAlone) {
   ASSERT_EQ(refusalOf(made), "");
   EXPECT_EQ(modeOf(sandbox / "a"), 0700U);
   EXPECT_EQ(modeOf(sandbox / "a/b"), 0700U);
-  const auto& folder = std::get<PrivateFolder>(made);
+  const auto& folder = *made;
   EXPECT_EQ(folder.path(), sandbox / "a/b");
   EXPECT_NE(::fcntl(folder.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
 }
@@ -75,7 +72,7 @@ TEST(PrivateFolder, knowsWhetherItsPathLeadsToAFile) {
   const fixtures::Sandbox sandbox;
   const auto made = PrivateFolder::make(sandbox / "a");
   ASSERT_EQ(refusalOf(made), "");
-  const auto& folder = std::get<PrivateFolder>(made);
+  const auto& folder = *made;
   sandbox.write("a/file", "meant");
   sandbox.write("a/other", "meant");
   const Descriptor file(::open((sandbox / "a/file").c_str(), O_RDONLY | O_CLOEXEC));

@@ -116,20 +116,19 @@ TEST(UpdaterAttack, aNetworkThatDeliversTooMuchIsNotBelieved) {
   const SigningKey key;
   LavishTransport transport;
   FakeWorker worker;
-  const auto signature = std::get<Signature>(Signature::parse(key.signatureOf("abc")));
+  const auto signature = *Signature::parse(key.signatureOf("abc"));
   std::string told;
   const auto download =
       PackageDownload::start(transport, worker,
                              {.claim = {.address = "https://updates.invalid/p", .length = 3, .signature = signature},
-                              .key = std::get<PublicKey>(PublicKey::parse(key.publicText())),
+                              .key = *PublicKey::parse(key.publicText()),
                               .folder = sandbox / "packages"},
                              {.progress = [](std::uint64_t) {},
                               .finished =
                                   [&told](const system::Result<PackageFile>& result) {
-                                    const auto* failure = std::get_if<system::Failure>(&result);
-                                    told = failure != nullptr ? failure->message : "accepted";
+                                    told = result ? "accepted" : result.error().message;
                                   }});
-  ASSERT_TRUE(std::holds_alternative<std::unique_ptr<PackageDownload>>(download));
+  ASSERT_TRUE(download);
   EXPECT_TRUE(transport.deliver("ab"));
   EXPECT_FALSE(transport.deliver("cd"));
   transport.finish();

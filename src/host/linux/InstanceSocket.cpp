@@ -108,10 +108,10 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
 
 system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
   const auto used = folder();
-  if (const auto* failed = std::get_if<system::Failure>(&used)) {
-    return *failed;
+  if (!used) {
+    return used.error();
   }
-  return claim(std::get<std::filesystem::path>(used), message);
+  return claim(*used, message);
 }
 
 InstanceSocket::~InstanceSocket() {

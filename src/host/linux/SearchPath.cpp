@@ -28,14 +28,14 @@ std::optional<system::Failure> putFirst(const std::string& folder) {
 
 std::optional<system::Failure> putStandInsFirst() {
   const auto own = system::runningExecutable();
-  if (const auto* failure = std::get_if<system::Failure>(&own)) {
-    return *failure;
+  if (!own) {
+    return own.error();
   }
-  const auto standIns = standInFolder(std::get<std::filesystem::path>(own).parent_path());
-  if (const auto* failure = std::get_if<system::Failure>(&standIns)) {
-    return *failure;
+  const auto standIns = standInFolder(own->parent_path());
+  if (!standIns) {
+    return standIns.error();
   }
-  return putFirst(std::get<std::filesystem::path>(standIns).string());
+  return putFirst(standIns->string());
 }
 
 system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder) {

@@ -82,12 +82,11 @@ std::optional<std::string> words(const std::optional<system::Failure>& failure) 
 
 kit::LoginItem::Status XdgLoginItem::status() const {
   const auto path = file();
-  if (!std::holds_alternative<fs::path>(path)) {
+  if (!path) {
     return Status::notFound;
   }
-  const auto content = contentOf(std::get<fs::path>(path));
-  const auto* text = std::get_if<std::string>(&content);
-  const DesktopEntry entry(text != nullptr ? *text : "");
+  const auto content = contentOf(*path);
+  const DesktopEntry entry(content ? *content : "");
   if (!isOn(entry)) {
     return Status::notRegistered;
   }
@@ -108,21 +107,21 @@ system::Result<fs::path> XdgLoginItem::folder() {
 
 std::optional<system::Failure> XdgLoginItem::tryRegister() const {
   const auto path = file();
-  if (const auto* failure = std::get_if<system::Failure>(&path)) {
-    return *failure;
+  if (!path) {
+    return path.error();
   }
   const auto exec = execLine();
-  if (const auto* failure = std::get_if<system::Failure>(&exec)) {
-    return *failure;
+  if (!exec) {
+    return exec.error();
   }
-  const fs::path target = behindLinks(std::get<fs::path>(path));
+  const fs::path target = behindLinks(*path);
   const auto content = contentOf(target);
-  if (const auto* failure = std::get_if<system::Failure>(&content)) {
-    return *failure;
+  if (!content) {
+    return content.error();
   }
-  const auto& text = std::get<std::string>(content);
+  const auto& text = *content;
   if (text.empty()) {
-    return system::replaceFile(target, ownText(std::get<std::string>(exec)));
+    return system::replaceFile(target, ownText(*exec));
   }
   DesktopEntry entry(text);
   switchOn(entry);
@@ -131,29 +130,28 @@ std::optional<system::Failure> XdgLoginItem::tryRegister() const {
   if (isPassedOver(entry)) {
     entry.erase("TryExec");
   }
-  if (!startsSomething(entry) || !starts(entry.value("Exec").value_or(""), std::get<std::string>(exec))) {
-    entry.set("Exec", std::get<std::string>(exec));
+  if (!startsSomething(entry) || !starts(entry.value("Exec").value_or(""), *exec)) {
+    entry.set("Exec", *exec);
   }
   return system::replaceFile(target, entry.text());
 }
 
 std::optional<system::Failure> XdgLoginItem::tryUnregister() const {
   const auto found = file();
-  if (const auto* failure = std::get_if<system::Failure>(&found)) {
-    return *failure;
+  if (!found) {
+    return found.error();
   }
-  const auto& path = std::get<fs::path>(found);
+  const auto& path = *found;
   const auto content = contentOf(path);
-  if (const auto* failure = std::get_if<system::Failure>(&content)) {
-    return *failure;
+  if (!content) {
+    return content.error();
   }
-  const auto& text = std::get<std::string>(content);
+  const auto& text = *content;
   const auto exec = execLine();
-  const auto* ownExec = std::get_if<std::string>(&exec);
   if (text.empty()) {
     return std::nullopt;
   }
-  if (ownExec != nullptr && text == ownText(*ownExec) && !isLink(path)) {
+  if (exec && text == ownText(*exec) && !isLink(path)) {
     std::error_code error;
     fs::remove(path, error);
     return error ? std::optional(system::Failure{"cannot remove " + path.string() + ": " + error.message()})
@@ -166,8 +164,8 @@ std::optional<system::Failure> XdgLoginItem::tryUnregister() const {
 
 system::Result<fs::path> XdgLoginItem::file() const {
   auto place = folder();
-  if (auto* path = std::get_if<fs::path>(&place)) {
-    *path /= program_.id + ".desktop";
+  if (place) {
+    *place /= program_.id + ".desktop";
   }
   return place;
 }

@@ -3,7 +3,6 @@
 #include <QtCore/QSocketNotifier>
 #include <QtWidgets/QStyleFactory>
 #include <cstdlib>
-#include <variant>
 
 #include "diagnostics/Console.h"
 #include "host/linux/StartProgram.h"
@@ -60,10 +59,10 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 
 void QtApplication::openUrl(const std::string& address) {
   const auto opener = host_linux::startProgram({"xdg-open", address});
-  if (const auto* failure = std::get_if<system::Failure>(&opener)) {
-    diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + failure->message);
+  if (!opener) {
+    diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + opener.error().message);
   } else {
-    openers_.watch(std::get<pid_t>(opener));
+    openers_.watch(*opener);
   }
 }
 

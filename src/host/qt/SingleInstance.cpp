@@ -1,7 +1,6 @@
 #include "host/qt/SingleInstance.h"
 
 #include <utility>
-#include <variant>
 
 #include "diagnostics/Console.h"
 #include "host/qt/QtApplication.h"
@@ -17,11 +16,12 @@ constexpr int tries = 3;
 
 std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) {
   auto claimed = host_linux::InstanceSocket::claim(token);
-  if (const auto* failure = std::get_if<system::Failure>(&claimed)) {
-    diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " + failure->message);
+  if (!claimed) {
+    diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " +
+                                claimed.error().message);
     return std::unique_ptr<SingleInstance>(new SingleInstance(token, nullptr));
   }
-  auto socket = std::get<std::unique_ptr<host_linux::InstanceSocket>>(std::move(claimed));
+  auto socket = *std::move(claimed);
   return socket ? std::unique_ptr<SingleInstance>(new SingleInstance(token, std::move(socket))) : nullptr;
 }
 

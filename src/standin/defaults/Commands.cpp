@@ -49,12 +49,13 @@ Status runForAll(Status (*run)(const std::string&)) {
   return root ? run(*root) : noRoot(problem);
 }
 
-Status couldNotWrite(const Domain& domain, const Failure& failure) {
+Status couldNotWrite(const Domain& domain, const system::Failure& failure) {
   logLine("Could not write domain " + domain.name + "; exiting");
   return failed(failure);
 }
 
-Status ended(const PreferenceTransaction& transaction, const Domain& domain, const std::optional<Failure>& failure) {
+Status ended(const PreferenceTransaction& transaction, const Domain& domain,
+             const std::optional<system::Failure>& failure) {
   if (!transaction.setAsidePath().empty()) {
     logLine("Domain " + domain.name + " " + transaction.reason() + "; it is kept as " + transaction.setAsidePath());
   }
@@ -101,21 +102,21 @@ Status couldNotRead(const Domain& domain, const StoredPreferences& stored) {
   return Status::failure;
 }
 
-Status failed(const Failure& failure) {
-  logLine(failure.reason);
+Status failed(const system::Failure& failure) {
+  logLine(failure.message);
   return Status::failure;
 }
 
 Status show(std::string_view text) {
-  return printOut(text) ? Status::success : failed(systemFailure("write to", "standard output"));
+  return printOut(text) ? Status::success : failed(system::systemFailure("cannot write to standard output"));
 }
 
 Status change(const Domain& domain, const std::function<Status(PreferenceTransaction&)>& make) {
-  Result<PreferenceTransaction> begun = PreferenceTransaction::begin(domain.path);
-  if (const auto* failure = std::get_if<Failure>(&begun)) {
-    return couldNotWrite(domain, *failure);
+  system::Result<PreferenceTransaction> begun = PreferenceTransaction::begin(domain.path);
+  if (!begun) {
+    return couldNotWrite(domain, begun.error());
   }
-  return make(std::get<PreferenceTransaction>(begun));
+  return make(*begun);
 }
 
 Status commit(PreferenceTransaction& transaction, const Domain& domain) {

@@ -40,7 +40,7 @@ Status noSuchPair(const Domain& domain, std::string_view key);
 Status couldNotRead(const Domain& domain, const StoredPreferences& stored);
 
 /// Says why nothing came of a command.
-Status failed(const Failure& failure);
+Status failed(const system::Failure& failure);
 
 /// Prints a text on standard output, and says so when that fails.
 Status show(std::string_view text);

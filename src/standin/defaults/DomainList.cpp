@@ -25,7 +25,7 @@ const dirent* nextEntry(DIR* folder) {
 
 }  // namespace
 
-Result<std::vector<std::string>> domainNames(const std::string& root) {
+system::Result<std::vector<std::string>> domainNames(const std::string& root) {
   constexpr std::string_view extension = ".plist";
   std::vector<std::string> names;
   const std::string path = preferencesFolder(root);
@@ -34,7 +34,7 @@ Result<std::vector<std::string>> domainNames(const std::string& root) {
     return names;
   }
   if (!folder) {
-    return systemFailure("read", path);
+    return system::systemFailure("cannot read " + path);
   }
   while (const dirent* entry = nextEntry(folder.get())) {
     const std::string_view name = entry->d_name;
@@ -43,19 +43,19 @@ Result<std::vector<std::string>> domainNames(const std::string& root) {
     }
   }
   if (errno != 0) {
-    return systemFailure("read", path);
+    return system::systemFailure("cannot read " + path);
   }
   std::sort(names.begin(), names.end());
   return names;
 }
 
 Status listDomains(const std::string& root) {
-  const Result<std::vector<std::string>> names = domainNames(root);
-  if (const auto* failure = std::get_if<Failure>(&names)) {
-    return failed(*failure);
+  const system::Result<std::vector<std::string>> names = domainNames(root);
+  if (!names) {
+    return failed(names.error());
   }
   std::string line;
-  for (const std::string& name : std::get<std::vector<std::string>>(names)) {
+  for (const std::string& name : *names) {
     line += (line.empty() ? "" : ", ") + name;
   }
   return show(line + "\n");

@@ -68,13 +68,13 @@ Status readType(const Invocation& invocation) {
 }
 
 Status readAllDomains(const std::string& root) {
-  const Result<std::vector<std::string>> names = domainNames(root);
-  if (const auto* failure = std::get_if<Failure>(&names)) {
-    return failed(*failure);
+  const system::Result<std::vector<std::string>> names = domainNames(root);
+  if (!names) {
+    return failed(names.error());
   }
   const PropertyList all(plist_new_dict());
   Status status = Status::success;
-  for (const std::string& name : std::get<std::vector<std::string>>(names)) {
+  for (const std::string& name : *names) {
     const Domain domain = *Domain::resolve(name, root);
     StoredPreferences stored = loadPreferences(domain.path);
     if (stored.state == StoreState::sound) {

@@ -21,9 +21,9 @@ bool mayBeReplaced(const std::string& path) {
 }
 
 // No lock guards a folder of the user's, so the temporary name belongs to this target.
-std::optional<Failure> writeFile(const std::string& path, const std::string& bytes) {
+std::optional<system::Failure> writeFile(const std::string& path, const std::string& bytes) {
   if (!mayBeReplaced(path)) {
-    return Failure{path + " is no file"};
+    return system::Failure{path + " is no file"};
   }
   AtomicFile file(path, ".defaults-" + std::to_string(std::hash<std::string>()(nameOf(path))) + ".tmp");
   auto failure = file.write(bytes);
@@ -38,22 +38,22 @@ bool readInput(const std::string& path, std::string& bytes) {
   return file && file.readAll(bytes);
 }
 
-Status fileFailure(std::string_view what, const std::string& path, const Failure& failure) {
+Status fileFailure(std::string_view what, const std::string& path, const system::Failure& failure) {
   logLine("Could not " + std::string(what) + " " + path + "; leaving defaults unchanged.");
   return failed(failure);
 }
 
 Status writeOut(const std::string& path, plist_t dictionary) {
   const bool isStream = path == standardStream;
-  const Result<std::string> bytes = isStream ? xmlText(dictionary) : binaryText(dictionary);
-  if (const auto* failure = std::get_if<Failure>(&bytes)) {
-    return fileFailure("write", path, *failure);
+  const system::Result<std::string> bytes = isStream ? xmlText(dictionary) : binaryText(dictionary);
+  if (!bytes) {
+    return fileFailure("write", path, bytes.error());
   }
-  const auto& text = std::get<std::string>(bytes);
+  const auto& text = *bytes;
   if (isStream) {
     return show(text);
   }
-  const std::optional<Failure> failure = writeFile(path, text);
+  const std::optional<system::Failure> failure = writeFile(path, text);
   return failure ? fileFailure("write", path, *failure) : Status::success;
 }
 
@@ -85,13 +85,13 @@ Status importDomain(const Invocation& invocation) {
   const std::string path(invocation.arguments.front());
   std::string bytes;
   if (!readInput(path, bytes)) {
-    return fileFailure("read", path, systemFailure("read", path));
+    return fileFailure("read", path, system::systemFailure("cannot read " + path));
   }
-  const Result<PropertyList> parsed = parsePropertyList(bytes);
-  if (const auto* failure = std::get_if<Failure>(&parsed)) {
-    return fileFailure("parse", path, *failure);
+  const system::Result<PropertyList> parsed = parsePropertyList(bytes);
+  if (!parsed) {
+    return fileFailure("parse", path, parsed.error());
   }
-  plist_t imported = std::get<PropertyList>(parsed).get();
+  plist_t imported = parsed->get();
   if (!PLIST_IS_DICT(imported)) {
     return fileFailure("parse", path, {"it has no dictionary at its top"});
   }

@@ -165,8 +165,9 @@ TypedValue parsed(const std::string& text, PropertyList value) {
 PropertyList parseListText(const std::string& text) {
   PropertyList value = parseOldStyleText(text);
   if (!value && text.starts_with('<')) {
-    Result<PropertyList> list = parseXmlList(text);
-    value = std::holds_alternative<PropertyList>(list) ? std::get<PropertyList>(std::move(list)) : nullptr;
+    if (auto list = parseXmlList(text)) {
+      return *std::move(list);
+    }
   }
   return value;
 }

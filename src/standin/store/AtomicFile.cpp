@@ -47,15 +47,16 @@ AtomicFile::~AtomicFile() {
   }
 }
 
-std::optional<Failure> AtomicFile::write(std::string_view bytes) {
+std::optional<system::Failure> AtomicFile::write(std::string_view bytes) {
   if (!create()) {
-    return systemFailure("make a file beside", target_);
+    return system::systemFailure("cannot make a file beside " + target_);
   }
   if (!file_.writeAll(bytes) || ::fsync(file_.number()) != 0) {
-    return systemFailure("write", target_);
+    return system::systemFailure("cannot write " + target_);
   }
   errno = EIO;  // for bytes that are other ones
-  return holds(bytes) ? std::nullopt : std::optional(systemFailure("read back what was written for", target_));
+  return holds(bytes) ? std::nullopt
+                      : std::optional(system::systemFailure("cannot read back what was written for " + target_));
 }
 
 bool AtomicFile::create() {
@@ -93,27 +94,27 @@ bool AtomicFile::takeName() {
   return isNamed_;
 }
 
-std::optional<Failure> AtomicFile::place() {
+std::optional<system::Failure> AtomicFile::place() {
   if (!isNamed_ && link(target_)) {
     return std::nullopt;
   }
   if (!takeName() || std::rename(temporary_.c_str(), target_.c_str()) != 0) {
-    return systemFailure("replace", target_);
+    return system::systemFailure("cannot replace " + target_);
   }
   isNamed_ = false;
   return std::nullopt;
 }
 
 // The old file waits under the temporary name until the new one is safe, so that it can come back.
-std::optional<Failure> AtomicFile::commit() {
+std::optional<system::Failure> AtomicFile::commit() {
   const Swap swap = takeName() ? swapIn() : Swap::failed;
   if (swap == Swap::failed) {
-    return systemFailure("replace", target_);
+    return system::systemFailure("cannot replace " + target_);
   }
   if (syncFolder(folderOf(target_))) {
     return std::nullopt;
   }
-  Failure failure = systemFailure("sync the folder of", target_);
+  system::Failure failure = system::systemFailure("cannot sync the folder of " + target_);
   swapBack(swap);
   return failure;
 }

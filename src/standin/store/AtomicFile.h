@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "standin/store/Descriptor.h"
-#include "standin/store/Failure.h"
+#include "system/Result.h"
 
 namespace tarnwell::standin {
 
@@ -24,14 +24,14 @@ class AtomicFile {
   ~AtomicFile();
 
   /// Writes the whole content (mode 0600), has it reach the disk, and reads it back. To be called once.
-  std::optional<Failure> write(std::string_view bytes);
+  std::optional<system::Failure> write(std::string_view bytes);
 
   /// Puts the file in the target's place. A crash of the system may still lose it, never the bytes alone.
-  std::optional<Failure> place();
+  std::optional<system::Failure> place();
 
   /// Puts the file in the target's place, for good. When the system cannot promise that it survives a crash, the target
   /// is put back as it was, and that is a failure.
-  std::optional<Failure> commit();
+  std::optional<system::Failure> commit();
 
  private:
   enum class Swap {

@@ -25,11 +25,11 @@ class Walk {
  public:
   explicit Walk(std::string_view bytes) : bytes_(bytes) {}
 
-  std::optional<Failure> run() {
+  std::optional<system::Failure> run() {
     if (readTrailer() && visit(top_, 0)) {
       return std::nullopt;
     }
-    return Failure{fault_};
+    return system::Failure{fault_};
   }
 
  private:
@@ -218,6 +218,6 @@ class Walk {
 
 }  // namespace
 
-std::optional<Failure> binaryFault(std::string_view bytes) { return Walk(bytes).run(); }
+std::optional<system::Failure> binaryFault(std::string_view bytes) { return Walk(bytes).run(); }
 
 }  // namespace tarnwell::standin

@@ -49,11 +49,11 @@ StoredPreferences loadPreferences(const std::string& path) {
   if (error != 0) {
     return {StoreState::unreadable, nullptr, "cannot be read: " + std::generic_category().message(error)};
   }
-  Result<PropertyList> parsed = parsePropertyList(bytes);
-  if (const auto* failure = std::get_if<Failure>(&parsed)) {
-    return {StoreState::damaged, nullptr, "is not a property list: " + failure->reason};
+  system::Result<PropertyList> parsed = parsePropertyList(bytes);
+  if (!parsed) {
+    return {StoreState::damaged, nullptr, "is not a property list: " + parsed.error().message};
   }
-  auto& list = std::get<PropertyList>(parsed);
+  auto& list = *parsed;
   if (!PLIST_IS_DICT(list.get())) {
     return {StoreState::damaged, nullptr, "is not a property list: it has no dictionary at its top"};
   }

@@ -17,18 +17,18 @@ constexpr const char* temporaryName = ".defaults.tmp";
 
 }  // namespace
 
-Result<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
+system::Result<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
   const std::string folder = folderOf(path);
   if (!makeFolders(folder)) {
-    return systemFailure("make the folder", folder);
+    return system::systemFailure("cannot make the folder " + folder);
   }
   std::optional<FileLock> lock = FileLock::acquire(folder + lockName, LockWait::untilFree);
   if (!lock) {
-    return systemFailure("lock", folder + lockName);
+    return system::systemFailure("cannot lock " + folder + lockName);
   }
   StoredPreferences stored = loadPreferences(path);
   if (stored.state == StoreState::unreadable) {
-    return Failure{path + " " + stored.reason};
+    return system::Failure{path + " " + stored.reason};
   }
   if (!stored.dictionary) {
     stored.dictionary.reset(plist_new_dict());
@@ -36,13 +36,13 @@ Result<PreferenceTransaction> PreferenceTransaction::begin(const std::string& pa
   return PreferenceTransaction(path, std::move(*lock), std::move(stored));
 }
 
-std::optional<Failure> PreferenceTransaction::commit() {
-  const Result<std::string> bytes = binaryText(dictionary());
-  if (const auto* failure = std::get_if<Failure>(&bytes)) {
-    return *failure;
+std::optional<system::Failure> PreferenceTransaction::commit() {
+  const system::Result<std::string> bytes = binaryText(dictionary());
+  if (!bytes) {
+    return bytes.error();
   }
   AtomicFile file(path_, temporaryName);
-  if (auto failure = file.write(std::get<std::string>(bytes))) {
+  if (auto failure = file.write(*bytes)) {
     return failure;
   }
   // The new store is complete before the damaged one moves: a full disk leaves everything in its place.
@@ -52,17 +52,17 @@ std::optional<Failure> PreferenceTransaction::commit() {
   return file.commit();
 }
 
-std::optional<Failure> PreferenceTransaction::remove() {
+std::optional<system::Failure> PreferenceTransaction::remove() {
   if (auto failure = setAside()) {
     return failure;
   }
   const std::string folder = folderOf(path_);
   const std::string removed = folder + "/" + temporaryName;
   if (std::rename(path_.c_str(), removed.c_str()) != 0) {
-    return systemFailure("remove", path_);
+    return system::systemFailure("cannot remove " + path_);
   }
   if (!syncFolder(folder)) {
-    Failure failure = systemFailure("sync the folder of", path_);
+    system::Failure failure = system::systemFailure("cannot sync the folder of " + path_);
     (void)std::rename(removed.c_str(), path_.c_str());
     return failure;
   }
@@ -72,7 +72,7 @@ std::optional<Failure> PreferenceTransaction::remove() {
 }
 
 // A second name for the same file: there is no moment in which the store has neither its old nor its new content.
-std::optional<Failure> PreferenceTransaction::setAside() {
+std::optional<system::Failure> PreferenceTransaction::setAside() {
   if (state() != StoreState::damaged) {
     return std::nullopt;
   }
@@ -87,7 +87,7 @@ std::optional<Failure> PreferenceTransaction::setAside() {
       break;
     }
   }
-  return systemFailure("set aside", path_);
+  return system::systemFailure("cannot set aside " + path_);
 }
 
 }  // namespace tarnwell::standin

@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
-#include "standin/store/Failure.h"
 #include "standin/store/FileLock.h"
 #include "standin/store/PreferenceFile.h"
+#include "system/Result.h"
 
 namespace tarnwell::standin {
 
@@ -15,7 +15,7 @@ namespace tarnwell::standin {
 class PreferenceTransaction {
  public:
   /// Makes the folder and the lock when missing.
-  static Result<PreferenceTransaction> begin(const std::string& path);
+  static system::Result<PreferenceTransaction> begin(const std::string& path);
 
   StoreState state() const { return stored_.state; }
 
@@ -23,10 +23,10 @@ class PreferenceTransaction {
   plist_t dictionary() const { return stored_.dictionary.get(); }
 
   /// Writes the dictionary for good. A damaged store is first moved out of the way, see setAsidePath().
-  std::optional<Failure> commit();
+  std::optional<system::Failure> commit();
 
   /// Takes the store away for good; a damaged one is moved out of the way instead.
-  std::optional<Failure> remove();
+  std::optional<system::Failure> remove();
 
   /// Where the damaged store is kept now; empty when none was moved.
   const std::string& setAsidePath() const { return setAsidePath_; }
@@ -38,7 +38,7 @@ class PreferenceTransaction {
   PreferenceTransaction(std::string path, FileLock lock, StoredPreferences stored)
       : path_(std::move(path)), lock_(std::move(lock)), stored_(std::move(stored)) {}
 
-  std::optional<Failure> setAside();
+  std::optional<system::Failure> setAside();
 
   std::string path_;
   FileLock lock_;

@@ -44,13 +44,13 @@ std::string xmlOf(plist_t node) {
   return xml;
 }
 
-Result<std::string> verified(std::string bytes, plist_t node) {
-  const Result<PropertyList> found = parsePropertyList(bytes);
-  if (const auto* failure = std::get_if<Failure>(&found)) {
-    return Failure{"what would be written cannot be read: " + failure->reason};
+system::Result<std::string> verified(std::string bytes, plist_t node) {
+  const system::Result<PropertyList> found = parsePropertyList(bytes);
+  if (!found) {
+    return system::Failure{"what would be written cannot be read: " + found.error().message};
   }
-  if (!isSame(std::get<PropertyList>(found).get(), node)) {
-    return Failure{"what would be written reads differently"};
+  if (!isSame(found->get(), node)) {
+    return system::Failure{"what would be written reads differently"};
   }
   return bytes;
 }
@@ -99,9 +99,9 @@ bool hasRepeatedKey(plist_t node) {
          std::any_of(entries.begin(), entries.end(), [](const auto& entry) { return hasRepeatedKey(entry.second); });
 }
 
-Result<PropertyList> parseBinaryList(std::string_view bytes) {
+system::Result<PropertyList> parseBinaryList(std::string_view bytes) {
   if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
-    return Failure{"it is too large"};
+    return system::Failure{"it is too large"};
   }
   if (const auto fault = binaryFault(bytes)) {
     return *fault;
@@ -110,10 +110,10 @@ Result<PropertyList> parseBinaryList(std::string_view bytes) {
   plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
   PropertyList list(node);
   if (!list) {
-    return Failure{"it is malformed"};
+    return system::Failure{"it is malformed"};
   }
   if (hasRepeatedKey(node)) {
-    return Failure{"a key is there twice"};
+    return system::Failure{"a key is there twice"};
   }
   return list;
 }
@@ -140,13 +140,13 @@ PropertyList fromBinary(const std::string& object) {
 
 }  // namespace
 
-Result<PropertyList> parsePropertyList(std::string_view bytes) {
+system::Result<PropertyList> parsePropertyList(std::string_view bytes) {
   return bytes.starts_with(binaryMagic) ? parseBinaryList(bytes) : parseXmlList(bytes);
 }
 
-Result<std::string> binaryText(plist_t node) { return verified(written(node, plist_to_bin), node); }
+system::Result<std::string> binaryText(plist_t node) { return verified(written(node, plist_to_bin), node); }
 
-Result<std::string> xmlText(plist_t node) { return verified(xmlOf(node), node); }
+system::Result<std::string> xmlText(plist_t node) { return verified(xmlOf(node), node); }
 
 bool isSame(plist_t one, plist_t other) {
   const plist_type type = plist_get_node_type(one);

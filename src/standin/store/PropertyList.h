@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "standin/store/Failure.h"
+#include "system/Result.h"
 
 namespace tarnwell::standin {
 
@@ -27,12 +27,12 @@ inline constexpr std::size_t deepestNesting = 512;
 inline constexpr const char* tooDeep = "it is nested more than 512 deep";
 
 /// Reads a binary or an XML property list: whole, with every value as it is there, or not at all.
-Result<PropertyList> parsePropertyList(std::string_view bytes);
+system::Result<PropertyList> parsePropertyList(std::string_view bytes);
 
 /// The two ways to write a list. What they give has been read back and found to be the same; dates in XML to the
 /// second. XML has no place for control characters.
-Result<std::string> binaryText(plist_t node);
-Result<std::string> xmlText(plist_t node);
+system::Result<std::string> binaryText(plist_t node);
+system::Result<std::string> xmlText(plist_t node);
 
 /// Whether two lists hold the same values of the same types. Dates are compared to the second.
 bool isSame(plist_t one, plist_t other);

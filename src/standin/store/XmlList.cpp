@@ -96,9 +96,9 @@ class Builder {
 
   void add(std::string_view text) { text_ += text; }
 
-  void refuse(std::string reason) { failure_ = {std::move(reason)}; }
+  void refuse(std::string reason) { failure_ = std::move(reason); }
 
-  const std::string& failure() const { return failure_.reason; }
+  const std::string& failure() const { return failure_; }
   PropertyList takeValue() { return std::move(value_); }
 
  private:
@@ -163,7 +163,7 @@ class Builder {
   std::vector<Level> levels_;
   std::string text_;  // since the last tag
   PropertyList value_;
-  Failure failure_;
+  std::string failure_;
 };
 
 /// What the parser calls, with itself as the user's data.
@@ -212,17 +212,17 @@ std::string withLine(XML_Parser parser, const std::string& reason) {
 
 }  // namespace
 
-Result<PropertyList> parseXmlList(std::string_view xml) {
+system::Result<PropertyList> parseXmlList(std::string_view xml) {
   // The declaration may stand nowhere but at the start, which real lists do not always keep to.
   xml.remove_prefix(std::min(xml.find_first_not_of(xmlBlanks), xml.size()));
   if (xml.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-    return Failure{"it is too large"};
+    return system::Failure{"it is too large"};
   }
   Builder builder;
   const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(XML_ParserCreate(nullptr),
                                                                                              &XML_ParserFree);
   if (!parser) {
-    return Failure{"there is no memory for it"};
+    return system::Failure{"there is no memory for it"};
   }
   XML_SetUserData(parser.get(), &builder);
   XML_UseParserAsHandlerArg(parser.get());
@@ -232,10 +232,10 @@ Result<PropertyList> parseXmlList(std::string_view xml) {
   XML_SetSkippedEntityHandler(parser.get(), entityIsSkipped);
   const auto status = XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()), XML_TRUE);
   if (!builder.failure().empty()) {
-    return Failure{withLine(parser.get(), builder.failure())};
+    return system::Failure{withLine(parser.get(), builder.failure())};
   }
   if (status != XML_STATUS_OK) {
-    return Failure{withLine(parser.get(), XML_ErrorString(XML_GetErrorCode(parser.get())))};
+    return system::Failure{withLine(parser.get(), XML_ErrorString(XML_GetErrorCode(parser.get())))};
   }
   return builder.takeValue();
 }

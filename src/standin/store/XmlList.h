@@ -9,6 +9,6 @@ namespace tarnwell::standin {
 /// Reads a property list in XML, whole or not at all, in UTF-8 or whatever encoding it names. At its top is <plist>
 /// with one value, or that value alone. The library makes the best of a damaged list, drops the rest, and goes down by
 /// calling itself for every comment; so it is not asked.
-Result<PropertyList> parseXmlList(std::string_view xml);
+system::Result<PropertyList> parseXmlList(std::string_view xml);
 
 }  // namespace tarnwell::standin

@@ -32,11 +32,11 @@ class Opening final : public Installer::Installation {
  private:
   static std::optional<system::Failure> named(const PackageFile& package) {
     const auto place = package.giveName(packageName);
-    const auto* failure = std::get_if<system::Failure>(&place);
-    if (failure == nullptr) {
+    if (place) {
       return std::nullopt;
     }
-    return system::Failure{"The update could not be stored: " + failure->message + ". See to that, and try again."};
+    return system::Failure{"The update could not be stored: " + place.error().message +
+                           ". See to that, and try again."};
   }
 
   void open(const std::optional<system::Failure>& unnamed) {
@@ -120,11 +120,10 @@ system::Result<std::unique_ptr<Installer::Installation>> DesktopInstaller::repla
         "you got Tarnwell."};
   }
   auto replacement = FileReplacement::create(*settings_.appImage);
-  if (const auto* failure = std::get_if<system::Failure>(&replacement)) {
-    return *failure;
+  if (!replacement) {
+    return replacement.error();
   }
-  return std::make_unique<Replacing>(worker_, std::get<FileReplacement>(std::move(replacement)), package,
-                                     std::move(handed));
+  return std::make_unique<Replacing>(worker_, *std::move(replacement), package, std::move(handed));
 }
 
 }  // namespace tarnwell::updater

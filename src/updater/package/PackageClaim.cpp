@@ -9,8 +9,8 @@ system::Failure untrusted(const std::string& reason) { return {"The update canno
 
 system::Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
   const auto signature = Signature::parse(item.enclosure.signature);
-  if (const auto* failure = std::get_if<system::Failure>(&signature)) {
-    return untrusted(failure->message);
+  if (!signature) {
+    return untrusted(signature.error().message);
   }
   if (item.enclosure.length == 0) {
     return untrusted("the feed does not say how long it is");
@@ -18,8 +18,7 @@ system::Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
   if (item.enclosure.length > maximumLength) {
     return untrusted("it is larger than " + std::to_string(maximumLength / 1024 / 1024) + " MiB");
   }
-  return PackageClaim{
-      .address = item.enclosure.url, .length = item.enclosure.length, .signature = std::get<Signature>(signature)};
+  return PackageClaim{.address = item.enclosure.url, .length = item.enclosure.length, .signature = *signature};
 }
 
 }  // namespace tarnwell::updater

@@ -28,11 +28,11 @@ PackageDownload::PackageDownload(Worker& worker, Order order, PackageFile file, 
 system::Result<std::unique_ptr<PackageDownload>> PackageDownload::start(Transport& transport, Worker& worker,
                                                                         Order order, Listener listener) {
   auto file = PackageFile::create(order.folder);
-  if (const auto* failure = std::get_if<system::Failure>(&file)) {
-    return unstored(*failure);
+  if (!file) {
+    return unstored(file.error());
   }
   std::unique_ptr<PackageDownload> download(
-      new PackageDownload(worker, std::move(order), std::get<PackageFile>(std::move(file)), std::move(listener)));
+      new PackageDownload(worker, std::move(order), *std::move(file), std::move(listener)));
   PackageDownload& self = *download;
   self.transfer_ = transport.get(
       {.address = self.order_.claim.address, .maximumLength = self.order_.claim.length, .limit = packageLimit},
@@ -80,10 +80,10 @@ std::optional<system::Failure> PackageDownload::flaw() const {
 // one under a new number. An AppImage does not say its version without being run.
 std::optional<system::Failure> PackageDownload::foreignVersion() const {
   const auto version = debianVersion(file_.descriptor());
-  if (const auto* failure = std::get_if<system::Failure>(&version)) {
-    return *failure;
+  if (!version) {
+    return version.error();
   }
-  const auto& own = std::get<std::string>(version);
+  const auto& own = *version;
   if (isDebianVersionOf(own, order_.version)) {
     return std::nullopt;
   }

@@ -44,10 +44,10 @@ PackageFile::PackageFile(system::PrivateFolder folder, system::Descriptor file)
 
 system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
   auto made = system::PrivateFolder::make(folder);
-  if (auto* refused = std::get_if<system::Failure>(&made)) {
-    return std::move(*refused);
+  if (!made) {
+    return made.error();
   }
-  auto& opened = std::get<system::PrivateFolder>(made);
+  auto& opened = *made;
   system::Descriptor file = namelessFile(opened.descriptor());
   if (file.isEmpty()) {
     return failure("cannot keep a download in " + folder.string());
@@ -77,10 +77,10 @@ system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
   system::Descriptor copied;
   if (!link(draft, name)) {
     auto made = copy(draft, name);
-    if (auto* refused = std::get_if<system::Failure>(&made)) {
-      return std::move(*refused);
+    if (!made) {
+      return made.error();
     }
-    copied = std::get<system::Descriptor>(std::move(made));
+    copied = *std::move(made);
   }
   // Whoever opens the package goes by its path.
   if (!folder_.leadsTo(name, copied.isEmpty() ? file_.number() : copied.number())) {

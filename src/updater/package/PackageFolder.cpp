@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <variant>
-
 #include "host/linux/BaseFolders.h"
 #include "system/PrivateFolder.h"
 
@@ -34,9 +32,8 @@ system::Result<fs::path> packageFolder() {
 
 void removePackages(const fs::path& folder, std::chrono::system_clock::time_point time) {
   // A link could lead to any folder of the user's.
-  const auto opened = system::PrivateFolder::open(folder);
-  const auto* found = std::get_if<system::PrivateFolder>(&opened);
-  DIR* entries = found != nullptr ? ::fdopendir(::fcntl(found->descriptor(), F_DUPFD_CLOEXEC, 0)) : nullptr;
+  const auto found = system::PrivateFolder::open(folder);
+  DIR* entries = found ? ::fdopendir(::fcntl(found->descriptor(), F_DUPFD_CLOEXEC, 0)) : nullptr;
   if (entries == nullptr) {
     return;
   }

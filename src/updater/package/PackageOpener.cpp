@@ -31,11 +31,11 @@ PackageOpener::PackageOpener(std::chrono::milliseconds patience)
 
 std::optional<system::Failure> PackageOpener::open(const std::filesystem::path& file, Opened opened) {
   const auto started = host_linux::startProgram({"xdg-open", file.string()});
-  if (const auto* failure = std::get_if<system::Failure>(&started)) {
-    return system::Failure{"The package could not be opened: " + failure->message +
+  if (!started) {
+    return system::Failure{"The package could not be opened: " + started.error().message +
                            ". Install the program, which is in the package xdg-utils, and try again."};
   }
-  const pid_t process = std::get<pid_t>(started);
+  const pid_t process = *started;
   system::Descriptor child = system::processDescriptor(process);
   if (child.isEmpty()) {
     ::kill(process, SIGKILL);

@@ -87,10 +87,10 @@ system::Result<PropertyList> loaded(const fs::path& path) {
     return system::Failure{"cannot read " + path.string() + ": it is not a file"};
   }
   const auto content = contentOf(file.number(), path);
-  if (const auto* failure = std::get_if<system::Failure>(&content)) {
-    return *failure;
+  if (!content) {
+    return content.error();
   }
-  return parsed(std::get<std::string>(content));
+  return parsed(*content);
 }
 
 bool takes(int lock) {
@@ -138,8 +138,8 @@ system::Result<fs::path> namedAside(const fs::path& path) {
 
 std::optional<system::Failure> setAside(const fs::path& path) {
   const auto aside = namedAside(path);
-  if (const auto* failure = std::get_if<system::Failure>(&aside)) {
-    return *failure;
+  if (!aside) {
+    return aside.error();
   }
   return ::unlink(path.c_str()) == 0 ? std::nullopt : std::optional(systemFailure("cannot set aside", path));
 }
@@ -147,8 +147,7 @@ std::optional<system::Failure> setAside(const fs::path& path) {
 /// What is stored; a damaged file is out of the way afterwards. Only for who holds the lock.
 system::Result<PropertyList> mended(const fs::path& path) {
   auto list = loaded(path);
-  const auto* dictionary = std::get_if<PropertyList>(&list);
-  if (dictionary == nullptr || *dictionary != nullptr) {
+  if (!list || *list) {
     return list;
   }
   if (const auto failure = setAside(path)) {
@@ -166,14 +165,14 @@ system::Result<PropertyList> mendedUnderLock(const fs::path& path) {
 
 PropertyList PropertyListFile::dictionary() const {
   auto list = loaded(path_);
-  if (const auto* found = std::get_if<PropertyList>(&list); found != nullptr && *found == nullptr) {
+  if (list && !*list) {
     list = mendedUnderLock(path_);
   }
-  if (const auto* failure = std::get_if<system::Failure>(&list)) {
-    report(*failure);
+  if (!list) {
+    report(list.error());
     return PropertyList(plist_new_dict());
   }
-  return std::get<PropertyList>(std::move(list));
+  return *std::move(list);
 }
 
 std::optional<system::Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
@@ -182,10 +181,10 @@ std::optional<system::Failure> PropertyListFile::update(const std::function<void
     return unlocked("cannot write", path_);
   }
   const auto list = mended(path_);
-  if (const auto* failure = std::get_if<system::Failure>(&list)) {
-    return *failure;
+  if (!list) {
+    return list.error();
   }
-  plist_t dictionary = std::get<PropertyList>(list).get();
+  plist_t dictionary = list->get();
   change(dictionary);
   return system::replaceFile(path_, textOf(dictionary));
 }

@@ -43,10 +43,10 @@ system::Result<Signature> Signature::parse(std::string_view base64) {
 // it was just written, and half a gigabyte of our own could be more than there is.
 std::optional<system::Failure> Signature::verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const {
   const auto mapped = system::MappedFile::create(descriptor);
-  if (const auto* failure = std::get_if<system::Failure>(&mapped)) {
-    return *failure;
+  if (!mapped) {
+    return mapped.error();
   }
-  const auto& file = std::get<system::MappedFile>(mapped);
+  const auto& file = *mapped;
   if (file.length() != fileLength) {
     return system::Failure{"the file does not have the length that it should have"};
   }

@@ -13,7 +13,6 @@
 #include <string>
 #include <system_error>
 #include <utility>
-#include <variant>
 
 #include "diagnostics/Fault.h"
 #include "system/RequiredDescriptor.h"
@@ -91,10 +90,10 @@ std::optional<system::Failure> CurlLoop::start() {
     return std::nullopt;
   }
   auto opened = CurlLibrary::open(libraryName_);
-  if (const auto* failure = std::get_if<system::Failure>(&opened)) {
-    return *failure;
+  if (!opened) {
+    return opened.error();
   }
-  library_ = std::get<CurlLibrary>(opened);
+  library_ = *opened;
   multi_ = newMulti(library_);
   library_.multiSetopt(multi_, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketChanged);
   library_.multiSetopt(multi_, CURLMOPT_SOCKETDATA, this);

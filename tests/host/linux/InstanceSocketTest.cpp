@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <variant>
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
@@ -19,11 +18,11 @@ using Claimed = system::Result<std::unique_ptr<InstanceSocket>>;
 /// Null where another one holds the lock, or where there is an error, which is a failure of the test.
 std::unique_ptr<InstanceSocket> claim(const std::filesystem::path& folder, const std::string& message = {}) {
   Claimed claimed = InstanceSocket::claim(folder, message);
-  if (const auto* failure = std::get_if<system::Failure>(&claimed)) {
-    ADD_FAILURE() << failure->message;
+  if (!claimed) {
+    ADD_FAILURE() << claimed.error().message;
     return nullptr;
   }
-  return std::get<std::unique_ptr<InstanceSocket>>(std::move(claimed));
+  return *std::move(claimed);
 }
 
 TEST(InstanceSocketTest, theFirstHearsOfEveryFurtherOne) {
@@ -84,8 +83,8 @@ TEST(InstanceSocketTest, oneThatHoldsTheLockButNeverListensIsReported) {
   const auto first = claim(folder.path());
   std::filesystem::remove(folder / "tarnwell.socket");
   const Claimed second = InstanceSocket::claim(folder.path(), {});
-  ASSERT_TRUE(std::holds_alternative<system::Failure>(second));
-  EXPECT_NE(std::get<system::Failure>(second).message.find("does not answer"), std::string::npos);
+  ASSERT_FALSE(second);
+  EXPECT_NE(second.error().message.find("does not answer"), std::string::npos);
 }
 
 TEST(InstanceSocketTest, queueThatIsFullIsMessageEnough) {
@@ -102,8 +101,8 @@ TEST(InstanceSocketTest, folderThatDoesNotExistIsReported) {
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", "/dev/null/nowhere");
   const fixtures::EnvironmentScope temporary("TMPDIR", "/dev/null/nowhere");
   const Claimed claimed = InstanceSocket::claim("message");
-  ASSERT_TRUE(std::holds_alternative<system::Failure>(claimed));
-  EXPECT_NE(std::get<system::Failure>(claimed).message.find("temporary"), std::string::npos);
+  ASSERT_FALSE(claimed);
+  EXPECT_NE(claimed.error().message.find("temporary"), std::string::npos);
 }
 
 TEST(InstanceSocketTest, childrenDoNotInheritLockOrSocket) {
@@ -118,13 +117,13 @@ TEST(InstanceSocketTest, folderThatIsTooDeepIsReported) {
   const fixtures::Sandbox folder;
   const std::string deep(120, 'd');
   const Claimed claimed = InstanceSocket::claim(folder / deep, {});
-  ASSERT_TRUE(std::holds_alternative<system::Failure>(claimed));
+  ASSERT_FALSE(claimed);
 }
 
 TEST(InstanceSocketTest, usesTheUsersRuntimeFolder) {
   const fixtures::Sandbox folder;
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
-  EXPECT_EQ(std::get<std::filesystem::path>(InstanceSocket::folder()), folder.path());
+  EXPECT_EQ(*InstanceSocket::folder(), folder.path());
 }
 
 TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
@@ -133,7 +132,7 @@ TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
   const fixtures::Sandbox other;
   const fixtures::EnvironmentScope temporary("TMPDIR", other.path());
-  const auto used = std::get<std::filesystem::path>(InstanceSocket::folder());
+  const auto used = *InstanceSocket::folder();
   EXPECT_EQ(used, other.path() / ("tarnwell-" + std::to_string(::geteuid())));
   EXPECT_EQ(std::filesystem::status(used).permissions(), std::filesystem::perms::owner_all);
 }

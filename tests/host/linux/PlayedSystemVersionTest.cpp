@@ -12,10 +12,7 @@ namespace {
 using fixtures::EnvironmentScope;
 using kit::SystemVersion;
 
-std::string failure(const system::Result<SystemVersion>& result) {
-  const auto* found = std::get_if<system::Failure>(&result);
-  return found == nullptr ? "" : found->message;
-}
+std::string failure(const system::Result<SystemVersion>& result) { return result ? "" : result.error().message; }
 
 TEST(PlayedSystemVersion, takesOneToThreeNumbers) {
   struct Row {
@@ -28,8 +25,8 @@ TEST(PlayedSystemVersion, takesOneToThreeNumbers) {
   };
   for (const Row& row : rows) {
     const auto result = parseSystemVersion(row.text);
-    ASSERT_TRUE(std::holds_alternative<SystemVersion>(result)) << row.text << ": " << failure(result);
-    EXPECT_EQ(std::get<SystemVersion>(result), row.version) << row.text;
+    ASSERT_TRUE(result) << row.text << ": " << failure(result);
+    EXPECT_EQ(*result, row.version) << row.text;
   }
 }
 
@@ -74,9 +71,9 @@ TEST(PlayedSystemVersion, messageIsOneLineOfBoundedLength) {
 
 TEST(PlayedSystemVersion, is14UnlessTheEnvironmentSaysOtherwise) {
   const EnvironmentScope unset("MACOS_VERSION", "");
-  EXPECT_EQ(std::get<SystemVersion>(playedSystemVersion()), (SystemVersion{14, 0, 0}));
+  EXPECT_EQ(*playedSystemVersion(), (SystemVersion{14, 0, 0}));
   const EnvironmentScope newer("MACOS_VERSION", "15.1");
-  EXPECT_EQ(std::get<SystemVersion>(playedSystemVersion()), (SystemVersion{15, 1, 0}));
+  EXPECT_EQ(*playedSystemVersion(), (SystemVersion{15, 1, 0}));
   const EnvironmentScope wrong("MACOS_VERSION", "Sonoma");
   EXPECT_NE(failure(playedSystemVersion()), "");
 }

@@ -55,20 +55,20 @@ TEST(SearchPath, systemFoldersStandInForNone) {
 TEST(SearchPath, folderBesideTheExecutableIsTakenBeforeTheInstalledOne) {
   const Sandbox sandbox;
   placeDefaults(sandbox / "libexec/tarnwell");
-  EXPECT_EQ(std::get<fs::path>(standInFolder(sandbox / "bin")), sandbox / "libexec/tarnwell");
+  EXPECT_EQ(*standInFolder(sandbox / "bin"), sandbox / "libexec/tarnwell");
   placeDefaults(sandbox / "bin/libexec");
-  EXPECT_EQ(std::get<fs::path>(standInFolder(sandbox / "bin")), sandbox / "bin/libexec");
+  EXPECT_EQ(*standInFolder(sandbox / "bin"), sandbox / "bin/libexec");
 }
 
 TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
   const Sandbox sandbox;
   const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
                                (sandbox / "libexec/tarnwell").string();
-  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
   fs::create_directories(sandbox / "bin/libexec/defaults");
-  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
   placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
-  EXPECT_EQ(std::get<system::Failure>(standInFolder(sandbox / "bin")).message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
 }
 
 TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {

@@ -21,9 +21,8 @@ using Lines = std::set<std::string>;
 /// Has a program note its environment. Its exit status.
 int noteEnvironment(const std::string& file) {
   const auto started = startProgram({"sh", "-c", "env >\"$0\"", file});
-  const auto* process = std::get_if<pid_t>(&started);
   int status = -1;
-  return process != nullptr && ::waitpid(*process, &status, 0) == *process ? status : 1;
+  return started && ::waitpid(*started, &status, 0) == *started ? status : 1;
 }
 
 Lines linesOf(const std::string& text) {

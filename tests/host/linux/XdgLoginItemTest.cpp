@@ -273,7 +273,7 @@ TEST_F(XdgLoginItemTest, theFolderIsTheConfigurationsOrTheHomes) {
         Row{"relative", "/home/me", "/home/me/.config/autostart"}}) {
     const fixtures::EnvironmentScope config("XDG_CONFIG_HOME", row.configuration);
     const fixtures::EnvironmentScope home("HOME", row.home);
-    EXPECT_EQ(std::get<fs::path>(XdgLoginItem::folder()), row.folder);
+    EXPECT_EQ(*XdgLoginItem::folder(), row.folder);
   }
 }
 

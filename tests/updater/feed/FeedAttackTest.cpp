@@ -37,8 +37,7 @@ int refuse(const Source& source, const std::string& reason) {
     failure = reader.feed(piece);
   }
   const auto end = reader.finish();
-  const auto* refusal = std::get_if<system::Failure>(&end);
-  const std::string message = refusal != nullptr ? refusal->message : "accepted";
+  const std::string message = end ? "accepted" : end.error().message;
   const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
   const long growth = peakMemory() - before;
   std::cerr << message << ' ' << took.count() << " ms, " << growth << " KiB more\n";

@@ -25,8 +25,7 @@ std::string versionOf(const std::string& content) {
   const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
   EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
   const auto version = debianVersion(file.number());
-  const auto* failure = std::get_if<system::Failure>(&version);
-  return failure != nullptr ? failure->message : std::get<std::string>(version);
+  return version ? *version : version.error().message;
 }
 
 bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }

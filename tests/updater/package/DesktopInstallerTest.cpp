@@ -50,7 +50,7 @@ class DesktopInstallerTest : public testing::Test {
 
   PackageFile package(const std::string& content) const {
     auto created = PackageFile::create(sandbox / "cache");
-    auto file = std::get<PackageFile>(std::move(created));
+    auto file = *std::move(created);
     EXPECT_FALSE(file.append(content));
     return file;
   }
@@ -64,10 +64,10 @@ class DesktopInstallerTest : public testing::Test {
   }
 
   static std::string textOf(const system::Result<HandOver>& result) {
-    if (const auto* failure = std::get_if<system::Failure>(&result)) {
-      return failure->message;
+    if (!result) {
+      return result.error().message;
     }
-    return std::get<HandOver>(result) == HandOver::opened ? "opened" : "replaced";
+    return *result == HandOver::opened ? "opened" : "replaced";
   }
 
   /// "opened" or "replaced" when the package was handed over.
@@ -76,8 +76,8 @@ class DesktopInstallerTest : public testing::Test {
     const auto begun = installer->install({.title = "../evil", .enclosure = {.url = "https://x/evil.sh"}}, file,
                                           [&](const system::Result<HandOver>& result) { outcome = textOf(result); });
     EXPECT_FALSE(outcome.has_value());
-    if (const auto* failure = std::get_if<system::Failure>(&begun)) {
-      return "for good: " + failure->message;
+    if (!begun) {
+      return "for good: " + begun.error().message;
     }
     EXPECT_TRUE(becomes([&] { return outcome.has_value(); }));
     return outcome.value_or("nothing came");
@@ -86,7 +86,7 @@ class DesktopInstallerTest : public testing::Test {
   /// As far as it gets until `condition` holds; then it is cancelled.
   void cancelWhen(const PackageFile& file, const std::function<bool()>& condition) {
     const auto begun = installer->install({}, file, [](const auto& /*result*/) { ADD_FAILURE(); });
-    EXPECT_TRUE(std::holds_alternative<std::unique_ptr<Installer::Installation>>(begun));
+    EXPECT_TRUE(begun);
     EXPECT_TRUE(becomes(condition));
   }
 
@@ -182,7 +182,7 @@ TEST_F(DesktopInstallerTest, whatIsCancelledBeforeItIsOpenedLeavesNothingBehind)
   const PackageFile file = package(debianPackage);
   const auto begin = [&] {
     auto begun = installer->install({}, file, [](const auto& /*result*/) { ADD_FAILURE(); });
-    return std::get<std::unique_ptr<Installer::Installation>>(std::move(begun));
+    return *std::move(begun);
   };
   for (int round = 0; round < 10; ++round) {
     begin().reset();

@@ -8,7 +8,6 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
@@ -32,15 +31,11 @@ std::string contentOf(int descriptor) {
 
 class PackageFileTest : public testing::Test {
  protected:
-  PackageFile create() {
-    auto created = PackageFile::create(folder);
-    return std::get<PackageFile>(std::move(created));
-  }
+  PackageFile create() { return *PackageFile::create(folder); }
 
   std::string refusal() {
     const auto created = PackageFile::create(folder);
-    const auto* failure = std::get_if<system::Failure>(&created);
-    return failure == nullptr ? "" : failure->message;
+    return created ? "" : created.error().message;
   }
 
   fixtures::Sandbox sandbox;
@@ -56,8 +51,8 @@ TEST_F(PackageFileTest, hasNoNameUntilItIsGivenOne) {
   EXPECT_TRUE(fs::is_empty(folder));
 
   const auto named = package.giveName("package.deb");
-  ASSERT_TRUE(std::holds_alternative<fs::path>(named));
-  EXPECT_EQ(std::get<fs::path>(named), folder / "package.deb");
+  ASSERT_TRUE(named);
+  EXPECT_EQ(*named, folder / "package.deb");
   EXPECT_EQ(sandbox.read("cache/tarnwell/updates/package.deb"), "one two");
   EXPECT_EQ(modeOf(folder / "package.deb"), 0400U);
 }
@@ -67,7 +62,7 @@ TEST_F(PackageFileTest, theFileWithTheNameIsTheOneThatWasVerified) {
   EXPECT_FALSE(package.append("verified"));
   sandbox.write("cache/tarnwell/updates/package.deb", "somebody else's");
   sandbox.write("cache/tarnwell/updates/.package.deb.draft", "in the way");
-  ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("package.deb")));
+  ASSERT_TRUE(package.giveName("package.deb"));
   struct stat open = {};
   struct stat named = {};
   ASSERT_EQ(::fstat(package.descriptor(), &open), 0);
@@ -119,7 +114,7 @@ TEST_F(PackageFileTest, somebodyElsesFolderIsRefused) {
 TEST_F(PackageFileTest, namesStayInTheFolder) {
   PackageFile package = create();
   for (const char* name : {"", ".", "..", "../x", "a/b", "/etc/x", ".hidden"}) {
-    EXPECT_TRUE(std::holds_alternative<system::Failure>(package.giveName(name))) << name;
+    EXPECT_FALSE(package.giveName(name)) << name;
   }
   EXPECT_TRUE(fs::is_empty(folder));
 }
@@ -129,10 +124,10 @@ TEST_F(PackageFileTest, aFileThatCannotBeNamedIsCopied) {
   const std::string content(600'000, 'x');
   EXPECT_FALSE(package.append(content));
   // What was unlinked once cannot be linked again, as on file systems that have no files without a name.
-  ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("one")));
+  ASSERT_TRUE(package.giveName("one"));
   fs::remove(folder / "one");
   const auto named = package.giveName("two");
-  ASSERT_TRUE(std::holds_alternative<fs::path>(named)) << std::get<system::Failure>(named).message;
+  ASSERT_TRUE(named) << named.error().message;
   EXPECT_EQ(sandbox.read("cache/tarnwell/updates/two"), content);
   EXPECT_EQ(modeOf(folder / "two"), 0400U);
   EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
@@ -152,14 +147,14 @@ TEST_F(PackageFileTest, itsAgeCountsFromItsName) {
   PackageFile package = create();
   constexpr std::array<timespec, 2> longAgo = {};
   ASSERT_EQ(::futimens(package.descriptor(), longAgo.data()), 0);
-  ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("package.deb")));
+  ASSERT_TRUE(package.giveName("package.deb"));
   removePackages(folder, std::chrono::system_clock::now() - std::chrono::hours(1));
   EXPECT_TRUE(fs::exists(folder / "package.deb"));
 }
 
 TEST_F(PackageFileTest, namedPackagesAreRemovedWhenTheyAreOldEnough) {
   PackageFile package = create();
-  ASSERT_TRUE(std::holds_alternative<fs::path>(package.giveName("package.deb")));
+  ASSERT_TRUE(package.giveName("package.deb"));
   sandbox.write("kept", "content");
   fs::create_symlink(sandbox / "kept", folder / "link");
   const auto now = std::chrono::system_clock::now();
@@ -185,12 +180,12 @@ TEST_F(PackageFileTest, theFolderIsInTheCacheOfTheUser) {
   const fixtures::EnvironmentScope home("HOME", "/home/somebody");
   {
     const fixtures::EnvironmentScope cache("XDG_CACHE_HOME", "/var/cache/somebody");
-    EXPECT_EQ(std::get<fs::path>(packageFolder()), "/var/cache/somebody/tarnwell/updates");
+    EXPECT_EQ(*packageFolder(), "/var/cache/somebody/tarnwell/updates");
   }
   const fixtures::EnvironmentScope cache("XDG_CACHE_HOME", "relative");
-  EXPECT_EQ(std::get<fs::path>(packageFolder()), "/home/somebody/.cache/tarnwell/updates");
+  EXPECT_EQ(*packageFolder(), "/home/somebody/.cache/tarnwell/updates");
   const fixtures::EnvironmentScope nowhere("HOME", "");
-  EXPECT_TRUE(std::holds_alternative<system::Failure>(packageFolder()));
+  EXPECT_FALSE(packageFolder());
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ std::string realPackage(const std::string& version, const std::string& content) 
   const auto tool = host_linux::startProgram(
       {"/bin/sh", "-c", R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree});
   int status = -1;
-  if (::waitpid(std::get<pid_t>(tool), &status, 0) < 0 || status != 0) {
+  if (::waitpid(*tool, &status, 0) < 0 || status != 0) {
     throw std::runtime_error("dpkg-deb builds no package");
   }
   return sandbox.read("tree.deb");

@@ -20,8 +20,7 @@ constexpr const char* notThisFileAndKey = "the signature does not belong to this
 
 std::string parseRefusalOf(std::string_view base64) {
   const auto result = Signature::parse(base64);
-  const auto* failure = std::get_if<system::Failure>(&result);
-  return failure != nullptr ? failure->message : "";
+  return result ? "" : result.error().message;
 }
 
 system::Descriptor fileOf(const std::string& content) {
@@ -35,14 +34,13 @@ std::string refusalOf(std::string_view signature, const std::string& content, st
   const system::Descriptor file = fileOf(content);
   const auto parsedKey = PublicKey::parse(key);
   const auto parsed = Signature::parse(signature);
-  if (const auto* failure = std::get_if<system::Failure>(&parsedKey)) {
-    return failure->message;
+  if (!parsedKey) {
+    return parsedKey.error().message;
   }
-  if (const auto* failure = std::get_if<system::Failure>(&parsed)) {
-    return failure->message;
+  if (!parsed) {
+    return parsed.error().message;
   }
-  const auto failure =
-      std::get<Signature>(parsed).verify(std::get<PublicKey>(parsedKey), file.number(), content.size());
+  const auto failure = parsed->verify(*parsedKey, file.number(), content.size());
   return failure ? failure->message : "";
 }
 
@@ -167,8 +165,8 @@ TEST(Signature, overTheHashOfAFileIsNoSignatureOverTheFile) {
 TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {
   const SigningKey key;
   const system::Descriptor file = fileOf(package());
-  const auto signature = std::get<Signature>(Signature::parse(key.signatureOf(package())));
-  const auto publicKey = std::get<PublicKey>(PublicKey::parse(key.publicText()));
+  const auto signature = *Signature::parse(key.signatureOf(package()));
+  const auto publicKey = *PublicKey::parse(key.publicText());
   EXPECT_FALSE(signature.verify(publicKey, file.number(), package().size()));
   for (const std::size_t length : {std::size_t{0}, package().size() - 1, package().size() + 1}) {
     const auto failure = signature.verify(publicKey, file.number(), length);
@@ -179,8 +177,8 @@ TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {
 
 TEST(Signature, doesNotHoldForWhatCannotBeRead) {
   const SigningKey key;
-  const auto signature = std::get<Signature>(Signature::parse(key.signatureOf("")));
-  const auto publicKey = std::get<PublicKey>(PublicKey::parse(key.publicText()));
+  const auto signature = *Signature::parse(key.signatureOf(""));
+  const auto publicKey = *PublicKey::parse(key.publicText());
   EXPECT_TRUE(signature.verify(publicKey, -1, 0));
   const fixtures::Sandbox sandbox;
   sandbox.write("package", "text");

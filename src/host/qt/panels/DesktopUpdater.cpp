@@ -1,7 +1,6 @@
 #include "host/qt/panels/DesktopUpdater.h"
 
 #include <utility>
-#include <variant>
 
 #include "diagnostics/Console.h"
 #include "updater/package/PackageFolder.h"
@@ -10,15 +9,14 @@
 namespace tarnwell::host_qt {
 namespace {
 
-
 /// Empty where there is none; a download then fails, and says so.
 std::filesystem::path emptiedPackageFolder() {
   const auto folder = updater::packageFolder();
-  if (const auto* failure = std::get_if<system::Failure>(&folder)) {
-    diagnostics::printErrorLine("tarnwell: " + failure->message);
+  if (!folder) {
+    diagnostics::printErrorLine("tarnwell: " + folder.error().message);
     return {};
   }
-  const auto& path = std::get<std::filesystem::path>(folder);
+  const auto& path = *folder;
   updater::removePackages(path, std::chrono::system_clock::time_point::max());
   return path;
 }
