@@ -7,7 +7,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(tarnwell_options INTERFACE)
-target_include_directories(tarnwell_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+# Headers of standin are found beside src.
+target_include_directories(tarnwell_options INTERFACE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
 # The same sources give the same binary, wherever they were checked out.
 target_compile_options(tarnwell_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
 
