@@ -4,10 +4,12 @@
 #include <QtDBus/QDBusServer>
 #include <QtWidgets/QApplication>
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,8 +17,11 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/session/ApplicationService.h"
+#include "host/qt/session/FirstAnswers.h"
+#include "host/qt/session/PortalSettings.h"
 #include "host/qt/tray/BusStatusItem.h"
 #include "host/qt/tray/StatusImage.h"
+#include "host/qt/tray/TrayWatch.h"
 #include "kit/application/Application.h"
 #include "kit/application/Menu.h"
 #include "kit/application/MenuItem.h"
@@ -47,21 +52,43 @@ class Input {
   std::string_view text_;
 };
 
-constexpr std::array<const char*, 8> texts = {
-    "", "clicked", "activation-token", "label", "Title", "org.kde.StatusNotifierItem", "com.canonical.dbusmenu", "x"};
+constexpr std::array<const char*, 14> texts = {"",
+                                               "clicked",
+                                               "activation-token",
+                                               "label",
+                                               "Title",
+                                               "org.kde.StatusNotifierItem",
+                                               "com.canonical.dbusmenu",
+                                               "x",
+                                               "org.freedesktop.appearance",
+                                               "color-scheme",
+                                               "accent-color",
+                                               "contrast",
+                                               "org.freedesktop.portal.Desktop",
+                                               ":1.7"};
 constexpr std::array<const char*, 10> types = {"s", "u", "i", "b", "v", "(ddd)", "as", "a{sv}", "av", "a(isvu)"};
 
-struct Method {
+enum class Kind { call, signal, answer };
+
+/// What comes to us; the path is that of the receiver, or of who tells.
+struct Message {
   const char* path;
   const char* interface;
   const char* name;
   const char* signature;
+  Kind kind = Kind::call;
 };
 constexpr const char* menu = "com.canonical.dbusmenu";
 constexpr const char* item = "org.kde.StatusNotifierItem";
 constexpr const char* properties = "org.freedesktop.DBus.Properties";
 constexpr const char* application = "org.freedesktop.Application";
-constexpr std::array<Method, 18> methods = {
+constexpr const char* bus = "org.freedesktop.DBus";
+constexpr const char* portal = "org.freedesktop.portal.Settings";
+constexpr const char* portalPath = "/org/freedesktop/portal/desktop";
+constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
+constexpr Message refused = {"/Item", item, "Explode", ""};
+constexpr Message settingChanged = {portalPath, portal, "SettingChanged", "ssv", Kind::signal};
+constexpr std::array<Message, 24> messages = {
     {{"/Item/Menu", menu, "GetLayout", "iias"},
      {"/Item/Menu", menu, "GetGroupProperties", "aias"},
      {"/Item/Menu", menu, "GetProperty", "is"},
@@ -72,14 +99,22 @@ constexpr std::array<Method, 18> methods = {
      {"/Item", item, "Activate", "ii"},
      {"/Item", item, "Scroll", "is"},
      {"/Item", item, "ProvideXdgActivationToken", "s"},
-     {"/Item", item, "Explode", ""},
+     refused,
      {"/Item", nullptr, "Get", "ss"},
      {"/Item", properties, "GetAll", "s"},
      {"/Item", properties, "Set", "ssv"},
      {"/Item", "example.Other", "Get", "ss"},
      {"/example/tarnwell/Tarnwell", application, "Activate", "a{sv}"},
      {"/example/tarnwell/Tarnwell", application, "Open", "asa{sv}"},
-     {"/example/tarnwell/Tarnwell", application, "ActivateAction", "sava{sv}"}}};
+     {"/example/tarnwell/Tarnwell", application, "ActivateAction", "sava{sv}"},
+     settingChanged,
+     {"/org/freedesktop/DBus", bus, "NameOwnerChanged", "sss", Kind::signal},
+     {"/StatusNotifierWatcher", watcher, "StatusNotifierHostRegistered", "", Kind::signal},
+     {portalPath, portal, "Read", "v", Kind::answer},
+     {"/StatusNotifierWatcher", properties, "Get", "v", Kind::answer},
+     {"/org/freedesktop/DBus", bus, "GetNameOwner", "s", Kind::answer}}};
+// Who has the names of portal and watcher.
+constexpr const char* stranger = ":1.7";
 
 /// How long the first type in a signature is; 0 where there is none.
 std::size_t lengthOfFirst(const std::string& signature) {
@@ -156,7 +191,17 @@ bool append(sd_bus_message& message, const std::string& signature, Input& input)
   return true;
 }
 
-/// What we offer on the bus, at one end of a connection, and a stranger at the other.
+/// What we ask a desktop.
+struct Questions {
+  Questions(const QDBusConnection& connection, host_qt::Theme& theme)
+      : answers(std::chrono::minutes(1)), portal(connection, theme, answers), tray(connection, answers) {}
+
+  host_qt::FirstAnswers answers;
+  host_qt::PortalSettings portal;
+  host_qt::TrayWatch tray;
+};
+
+/// What we offer and ask on the bus, at one end of a connection, and a stranger at the other.
 class World {
  public:
   World(const World&) = delete;
@@ -168,10 +213,36 @@ class World {
     require(::sd_bus_new(&stranger_) >= 0);
     ::sd_bus_set_address(stranger_, server_.address().toStdString().c_str());
     require(::sd_bus_start(stranger_) >= 0);
+    ::sd_bus_add_filter(stranger_, nullptr, &World::asked, this);
     require(pumpUntil([this] { return service_ != nullptr && ::sd_bus_is_ready(stranger_) > 0; }));
+    requireThatSignalsArrive();
   }
 
-  void call(const Method& method, const std::string& signature, Input& input) {
+  void send(const Message& message, const std::string& signature, Input& input) {
+    switch (message.kind) {
+      case Kind::call:
+        call(message, signature, input);
+        break;
+      case Kind::signal:
+        tell(message, signature, input);
+        break;
+      case Kind::answer:
+        answerWith(message, signature, input);
+        break;
+    }
+  }
+
+  /// The bus library itself sends strangers away whose messages are not well formed.
+  bool isConnected() const { return ::sd_bus_is_open(stranger_) > 0; }
+
+ private:
+  struct Answer {
+    std::string method;
+    std::string signature;
+    Input& input;
+  };
+
+  void call(const Message& method, const std::string& signature, Input& input) {
     sd_bus_message* message = nullptr;
     require(::sd_bus_message_new_method_call(stranger_, &message, nullptr, method.path, method.interface,
                                              method.name) >= 0);
@@ -183,16 +254,51 @@ class World {
     ::sd_bus_message_unref(message);
   }
 
-  /// The bus library itself sends strangers away whose messages are not well formed.
-  bool isConnected() const { return ::sd_bus_is_open(stranger_) > 0; }
+  void tell(const Message& signal, const std::string& signature, Input& input) {
+    // Believed by those who know who has the name.
+    if (!questions_) {
+      ask();
+    }
+    sd_bus_message* message = nullptr;
+    require(::sd_bus_message_new_signal(stranger_, &message, signal.path, signal.interface, signal.name) >= 0);
+    require(::sd_bus_message_set_sender(message, stranger) >= 0);
+    if (append(*message, signature, input)) {
+      ::sd_bus_send(stranger_, message, nullptr);
+      // Messages are taken in their order.
+      call(refused, refused.signature, input);
+    }
+    ::sd_bus_message_unref(message);
+  }
 
- private:
+  void answerWith(const Message& asked, const std::string& signature, Input& input) {
+    answer_.emplace(Answer{asked.name, signature, input});
+    ask();
+    answer_.reset();
+    questions_.reset();
+  }
+
+  void ask() {
+    isOver_ = false;
+    questions_.emplace(*connection_, theme_);
+    const kit::Subscription waiting = questions_->answers.whenOver([this] { isOver_ = true; });
+    require(pumpUntil([this] { return isOver_ || !isConnected(); }));
+  }
+
+  // Else the seeds would be thrown at a closed door.
+  void requireThatSignalsArrive() {
+    theme_.setColorScheme(std::nullopt);
+    Input dark(std::string_view("\x08\x09\x01\0\0\0\x01", 7));
+    tell(settingChanged, settingChanged.signature, dark);
+    require(theme_.colorScheme() == host_qt::ColorScheme::dark);
+  }
+
   void offer(const QDBusConnection& connection) {
     auto more = std::make_shared<kit::Menu>("More");
     more->setItems({kit::MenuItem::create("Below", {}, {})});
     menu_->setItems({kit::MenuItem::create("First", {}, {}), kit::MenuItem::withSubmenu("More", more)});
     item_.setMenu(menu_);
     onBus_ = std::make_unique<host_qt::BusStatusItem>(connection, "/Item", item_, image_);
+    connection_ = connection;
     service_ = std::make_unique<host_qt::ApplicationService>(connection);
   }
 
@@ -211,6 +317,29 @@ class World {
     return 1;
   }
 
+  static int asked(sd_bus_message* call, void* world, sd_bus_error* /*error*/) {
+    if (::sd_bus_message_is_method_call(call, nullptr, nullptr) <= 0) {
+      return 0;
+    }
+    sd_bus_message* reply = nullptr;
+    require(::sd_bus_message_new_method_return(call, &reply) >= 0);
+    if (static_cast<World*>(world)->appendAnswer(::sd_bus_message_get_member(call), *reply)) {
+      ::sd_bus_send(nullptr, reply, nullptr);
+    } else {
+      ::sd_bus_reply_method_errorf(call, SD_BUS_ERROR_FAILED, "none");
+    }
+    ::sd_bus_message_unref(reply);
+    return 1;
+  }
+
+  /// False for a question that is answered with an error.
+  bool appendAnswer(const std::string& method, sd_bus_message& reply) {
+    if (answer_ && answer_->method == method) {
+      return append(reply, answer_->signature, answer_->input);
+    }
+    return method == "GetNameOwner" && ::sd_bus_message_append_basic(&reply, 's', stranger) >= 0;
+  }
+
   host_headless::HeadlessPlatform platform_;
   std::shared_ptr<kit::Application> application_ = kit::Application::create(platform_);
   kit::StatusItem item_{*application_, kit::StatusItem::variableLength, "Utility App"};
@@ -220,8 +349,12 @@ class World {
   QDBusServer server_{"unix:tmpdir=/tmp"};
   std::unique_ptr<host_qt::BusStatusItem> onBus_;
   std::unique_ptr<host_qt::ApplicationService> service_;
+  std::optional<QDBusConnection> connection_;
+  std::optional<Questions> questions_;
+  std::optional<Answer> answer_;  // To the next question after that method; without it, what is usual.
   sd_bus* stranger_ = nullptr;
   bool answered_ = false;
+  bool isOver_ = false;
 };
 
 World& world() {
@@ -237,16 +370,16 @@ World& world() {
   return *world;
 }
 
-/// One byte chooses the method, the next whether it is called as it wants or with other types, and the rest is what the
-/// arguments are made of. Whatever is called gets an answer.
+/// One byte chooses the message, the next whether it has the types that are expected or others, and the rest is what
+/// the arguments are made of. Whatever is called gets an answer, and no answer holds up those who wait for it.
 void run(std::string_view text) {
   Input input(text);
-  const Method method = input.oneOf(methods);
-  std::string signature = method.signature;
+  const Message message = input.oneOf(messages);
+  std::string signature = message.signature;
   for (int others = input.byte() % 4; others > 0; --others) {
     signature = others % 2 == 0 ? signature + input.oneOf(types) : input.oneOf(types);
   }
-  world().call(method, signature, input);
+  world().send(message, signature, input);
 }
 
 }  // namespace

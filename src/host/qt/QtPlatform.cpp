@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/qt/bus/SessionBus.h"
 #include "host/qt/look/ApplicationIcon.h"
 #include "host/qt/menus/MenuBar.h"
 #include "host/qt/panels/Panel.h"
@@ -62,8 +63,8 @@ QtPlatform::QtPlatform(QtApplication& application, Services services)
     : application_(application),
       services_(std::move(services)),
       answers_(services_.longestWait),
-      portal_(host().theme(), answers_),
-      tray_(answers_) {
+      portal_(sessionBus(), host().theme(), answers_),
+      tray_(sessionBus(), answers_) {
   QApplication::setApplicationName(QString::fromStdString(services_.about.name));
   QApplication::setApplicationVersion(QString::fromStdString(services_.about.version));
   QApplication::setDesktopFileName(kit::applicationId);

@@ -1,11 +1,9 @@
 #include "host/qt/session/PortalSettings.h"
 
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusPendingCallWatcher>
 
 #include "host/qt/bus/BusTypes.h"
 #include "host/qt/bus/BusValue.h"
-#include "host/qt/bus/SessionBus.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/session/FirstAnswers.h"
 
@@ -46,8 +44,7 @@ std::optional<QColor> accentOf(const BusColor& color) {
 
 }  // namespace
 
-PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme) {
-  auto bus = sessionBus();
+PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, FirstAnswers& first) : theme_(theme) {
   if (!bus) {
     return;
   }
@@ -55,9 +52,9 @@ PortalSettings::PortalSettings(Theme& theme, FirstAnswers& first) : theme_(theme
   owner_ = std::make_unique<BusNameOwner>(*bus, service);
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
-  ask(colorSchemeKey, first);
-  ask(accentKey, first);
-  ask(contrastKey, first);
+  ask(*bus, colorSchemeKey, first);
+  ask(*bus, accentKey, first);
+  ask(*bus, contrastKey, first);
 }
 
 void PortalSettings::settingChanged(const QDBusMessage& signal) {
@@ -67,10 +64,10 @@ void PortalSettings::settingChanged(const QDBusMessage& signal) {
   }
 }
 
-void PortalSettings::ask(const QString& key, FirstAnswers& first) {
+void PortalSettings::ask(const QDBusConnection& bus, const QString& key, FirstAnswers& first) {
   QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
   message.setArguments({appearance, key});
-  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* finished) {
     if (const auto reply = busArguments<QDBusVariant>(finished->reply())) {
       take(key, std::get<QDBusVariant>(*reply));

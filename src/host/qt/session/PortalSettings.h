@@ -2,8 +2,10 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusVariant>
 #include <memory>
+#include <optional>
 
 #include "host/qt/bus/BusNameOwner.h"
 
@@ -19,13 +21,13 @@ class PortalSettings final : public QObject {
 
  public:
   /// Asks at once. The theme is borrowed.
-  PortalSettings(Theme& theme, FirstAnswers& first);
+  PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, FirstAnswers& first);
 
   /// From the bus.
   Q_SLOT void settingChanged(const QDBusMessage& signal);
 
  private:
-  void ask(const QString& key, FirstAnswers& first);
+  void ask(const QDBusConnection& bus, const QString& key, FirstAnswers& first);
   void take(const QString& key, const QDBusVariant& wrapped);
 
   Theme& theme_;

@@ -21,7 +21,8 @@ bool saysThereIsNone(const QDBusError& error) {
 
 }  // namespace
 
-TrayWatch::TrayWatch(FirstAnswers& first) : first_(first), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
+TrayWatch::TrayWatch(std::optional<QDBusConnection> bus, FirstAnswers& first)
+    : bus_(std::move(bus)), first_(first), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
   listen();
 }
 
@@ -52,16 +53,15 @@ void TrayWatch::announce(const QString& path) {
 }
 
 void TrayWatch::listen() {
-  auto bus = sessionBus();
-  if (!bus) {
+  if (!bus_) {
     tell(Answer::noWatcher);
     return;
   }
-  owner_ = std::make_unique<BusNameOwner>(*bus, watcherService, [this] { ask(); });
+  owner_ = std::make_unique<BusNameOwner>(*bus_, watcherService, [this] { ask(); });
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    bus->connect(QString(), watcherPath, watcherInterface, QString::fromLatin1(signal), this,
-                 SLOT(hostsChanged(QDBusMessage)));
+    bus_->connect(QString(), watcherPath, watcherInterface, QString::fromLatin1(signal), this,
+                  SLOT(hostsChanged(QDBusMessage)));
   }
   ask();
 }
@@ -73,8 +73,7 @@ void TrayWatch::hostsChanged(const QDBusMessage& signal) {
 }
 
 void TrayWatch::ask() {
-  const auto bus = sessionBus();
-  if (!bus) {
+  if (!bus_ || !bus_->isConnected()) {
     tell(Answer::noWatcher);
     return;
   }
@@ -82,7 +81,7 @@ void TrayWatch::ask() {
       watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
   message.setArguments({watcherInterface, QStringLiteral("IsStatusNotifierHostRegistered")});
   message.setAutoStartService(false);
-  auto* answer = new QDBusPendingCallWatcher(bus->asyncCall(message), this);
+  auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) noexcept {
     take(*finished);
     finished->deleteLater();

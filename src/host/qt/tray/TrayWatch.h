@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtDBus/QDBusConnection>
 #include <memory>
+#include <optional>
 
 #include "host/qt/bus/BusNameOwner.h"
 #include "host/qt/tray/XEmbedTray.h"
@@ -19,7 +21,7 @@ class TrayWatch final : public QObject {
 
  public:
   /// Asks at once; `first` is borrowed.
-  explicit TrayWatch(FirstAnswers& first);
+  TrayWatch(std::optional<QDBusConnection> bus, FirstAnswers& first);
   ~TrayWatch() override;
 
   /// What a desktop has that shows status icons.
@@ -50,6 +52,7 @@ class TrayWatch final : public QObject {
   void take(const QDBusPendingCallWatcher& finished);
   void tell(Answer answer);
 
+  std::optional<QDBusConnection> bus_;
   FirstAnswers& first_;
   std::unique_ptr<XEmbedTray> xEmbed_;
   std::unique_ptr<BusNameOwner> owner_;

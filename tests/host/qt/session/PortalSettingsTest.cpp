@@ -17,6 +17,7 @@
 #include "fixtures/WaitFor.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/bus/PrivateBus.h"
+#include "host/qt/bus/SessionBus.h"
 #include "host/qt/bus/Stranger.h"
 #include "host/qt/session/FakePortal.h"
 #include "host/qt/session/FirstAnswers.h"
@@ -40,7 +41,7 @@ constexpr QColor blue(0, 0, 0xff);
 /// What asks the portal, and how long the start waits for it.
 struct Start {
   explicit Start(QtApplication& application, std::chrono::milliseconds longestWait = wait)
-      : first(longestWait), settings(application.host().theme(), first) {}
+      : first(longestWait), settings(sessionBus(), application.host().theme(), first) {}
 
   FirstAnswers first;
   PortalSettings settings;
