@@ -25,7 +25,7 @@ commands_for() {
   case $1 in
     build) echo c++ cmake ninja pkg-config ;;
     run) echo zsh ;;
-    test) echo dpkg-deb clang-format-14 run-clang-tidy-14 shellcheck ;;
+    test) echo dpkg-deb python3 clang-format-14 run-clang-tidy-14 shellcheck ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     desktop) echo sway weston wtype ;;
   esac
