@@ -1,6 +1,6 @@
 #include "host/qt/controls/WidgetPeer.h"
 
-#include "host/qt/accessibility/Accessibility.h"
+#include "host/qt/controls/Announcement.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/controls/Control.h"

@@ -12,7 +12,6 @@
 
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/accessibility/Accessibility.h"
 #include "host/qt/controls/Controls.h"
 #include "host/qt/panels/AboutPanel.h"
 #include "kit/controls/Box.h"

@@ -5,7 +5,7 @@
 
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/accessibility/Accessibility.h"
+#include "host/qt/controls/Announcement.h"
 #include "host/qt/controls/Controls.h"
 #include "kit/controls/ScrollArea.h"
 
