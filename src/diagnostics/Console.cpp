@@ -8,25 +8,27 @@
 namespace tarnwell::diagnostics {
 namespace {
 
-void writeLine(int descriptor, std::string_view line) {
-  std::string bytes(line);
-  bytes += '\n';
-  std::string_view rest = bytes;
-  // One write does it, unless the line is longer than a pipe takes at once or a signal cuts it short.
-  while (!rest.empty()) {
-    const ssize_t written = ::write(descriptor, rest.data(), rest.size());
+// One write does it, unless the text is longer than a pipe takes at once or a signal cuts it short.
+bool writeAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor, text.data(), text.size());
     if (written > 0) {
-      rest.remove_prefix(static_cast<std::size_t>(written));
+      text.remove_prefix(static_cast<std::size_t>(written));
     } else if (written == 0 || errno != EINTR) {
-      return;
+      return false;
     }
   }
+  return true;
 }
 
 }  // namespace
 
-void printLine(std::string_view line) { writeLine(STDOUT_FILENO, line); }
+bool print(std::string_view text) { return writeAll(STDOUT_FILENO, text); }
 
-void printErrorLine(std::string_view line) { writeLine(STDERR_FILENO, line); }
+void printError(std::string_view text) { writeAll(STDERR_FILENO, text); }
+
+void printLine(std::string_view line) { print(std::string(line) + "\n"); }
+
+void printErrorLine(std::string_view line) { printError(std::string(line) + "\n"); }
 
 }  // namespace tarnwell::diagnostics

@@ -4,8 +4,14 @@
 
 namespace tarnwell::diagnostics {
 
+/// Writes to standard output as it is. False, with errno set, when not every byte was taken.
+bool print(std::string_view text);
+
+/// The same on standard error, where nothing can be said about a failure.
+void printError(std::string_view text);
+
 /// Prints `line` and a line feed on standard output at once, in a single write, so that lines of this process and of
-/// its children never mix. A standard output that is closed or broken swallows the line: nobody is listening.
+/// its children never mix. A standard output that is closed or broken swallows the line.
 void printLine(std::string_view line);
 
 /// The same on standard error.

@@ -16,12 +16,12 @@ system::Result<FeedLock> FeedLock::take(const std::filesystem::path& feed) {
   if (system::makeFolders(folder)) {
     opened = system::Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   }
-  while (!opened.isEmpty() && ::flock(opened.number(), LOCK_EX) != 0) {
+  while (opened && ::flock(opened.number(), LOCK_EX) != 0) {
     if (errno != EINTR) {
       opened.close();
     }
   }
-  if (opened.isEmpty()) {
+  if (!opened) {
     return system::Failure{"cannot lock " + folder.string() + ": " + std::system_category().message(errno)};
   }
   return FeedLock(std::move(opened));

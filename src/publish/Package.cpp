@@ -16,7 +16,7 @@ system::Result<Package> Package::open(const std::filesystem::path& file) {
   system::Descriptor opened =
       system::aboveStandardStreams(system::Descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)));
   struct stat status = {};
-  if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
+  if (!opened || ::fstat(opened.number(), &status) != 0) {
     return system::Failure{"cannot read " + file.string() + ": " + std::system_category().message(errno)};
   }
   if (!S_ISREG(status.st_mode)) {

@@ -1,11 +1,10 @@
 #include "publish/Release.h"
 
+#include <fcntl.h>
+
 #include <array>
-#include <cerrno>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "publish/FeedLock.h"
@@ -14,6 +13,7 @@
 #include "publish/Package.h"
 #include "publish/ReleaseCheck.h"
 #include "publish/SecretKey.h"
+#include "system/Descriptor.h"
 #include "system/ReplaceFile.h"
 
 namespace tarnwell::publish {
@@ -21,18 +21,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-system::Failure cannotRead(const fs::path& path) {
-  return {"cannot read " + path.string() + ": " + std::system_category().message(errno)};
-}
-
 system::Result<std::string> textIn(const fs::path& path) {
   std::error_code error;
   if (fs::is_directory(path, error)) {
     return system::Failure{"cannot read " + path.string() + ": it is a folder"};
   }
-  std::ifstream file(path, std::ios::binary);
-  std::string text(std::istreambuf_iterator<char>(file), {});
-  return file.is_open() && !file.bad() ? system::Result<std::string>(text) : cannotRead(path);
+  const system::Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  const auto text = file ? file.readAll() : std::nullopt;
+  return text ? system::Result<std::string>(*text) : system::systemFailure("cannot read " + path.string());
 }
 
 system::Result<std::string> feedIn(const fs::path& path) {

@@ -12,7 +12,6 @@
 #include "diagnostics/Fault.h"
 #include "system/Descriptor.h"
 #include "system/MappedFile.h"
-#include "system/WriteAll.h"
 #include "updater/signature/CryptoLibrary.h"
 #include "updater/text/Base64.h"
 
@@ -54,7 +53,7 @@ SecretKey::~SecretKey() { sodium_memzero(seed_.data(), seed_.size()); }
 system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
   const system::Descriptor opened(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status = {};
-  if (opened.isEmpty() || ::fstat(opened.number(), &status) != 0) {
+  if (!opened || ::fstat(opened.number(), &status) != 0) {
     return systemFailure("cannot read", file);
   }
   if (!S_ISREG(status.st_mode)) {
@@ -82,11 +81,11 @@ system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
 
 std::optional<system::Failure> SecretKey::store(const std::filesystem::path& file) const {
   const system::Descriptor created(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-  if (created.isEmpty()) {
+  if (!created) {
     return systemFailure("cannot make", file);
   }
   std::string text = encodeBase64(seed_) + "\n";
-  const bool isWritten = system::writeAll(created.number(), text) && ::fsync(created.number()) == 0;
+  const bool isWritten = created.writeAll(text) && ::fsync(created.number()) == 0;
   auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
   sodium_memzero(text.data(), text.size());
   if (failure) {

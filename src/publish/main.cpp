@@ -43,7 +43,7 @@ std::optional<system::Failure> showSignature(const std::string& keyFile, const s
     return key.error();
   }
   const system::Descriptor file(::open(package.c_str(), O_RDONLY | O_CLOEXEC));
-  if (file.isEmpty()) {
+  if (!file) {
     return system::Failure{"cannot read " + package + ": " + std::system_category().message(errno)};
   }
   const auto signature = key->sign(file.number());

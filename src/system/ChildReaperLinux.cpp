@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "system/ChildReaper.h"
+#include "system/Descriptor.h"
 #include "system/ProcessDescriptor.h"
-#include "system/RequiredDescriptor.h"
 
 namespace tarnwell::system {
 namespace {
@@ -52,7 +52,7 @@ void ChildReaper::reap() {
 
 bool ChildReaper::tryWatch(pid_t child) {
   Descriptor descriptor = processDescriptor(child);
-  if (descriptor.isEmpty()) {
+  if (!descriptor) {
     return errno == ESRCH;
   }
   const int number = descriptor.number();

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "system/ChildStreams.h"
-#include "system/SystemFault.h"
+#include "system/Fault.h"
 
 namespace tarnwell::system {
 namespace {
 
 void requireStreams(int error) {
   if (error != 0) {
-    systemFault("prepare a child's streams", error);
+    fault("prepare a child's streams", error);
   }
 }
 

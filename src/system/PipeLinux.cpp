@@ -5,9 +5,9 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "system/Descriptor.h"
+#include "system/Fault.h"
 #include "system/Pipe.h"
-#include "system/RequiredDescriptor.h"
-#include "system/SystemFault.h"
 
 namespace tarnwell::system {
 namespace {
@@ -25,7 +25,7 @@ Pipe Pipe::create() {
   std::array<int, 2> ends{};
   // Closed on exec from the start: a child that another thread starts at this moment must not hold the pipe open.
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-    systemFault("make a pipe", errno);
+    fault("make a pipe", errno);
   }
   return {.readEnd = requiredDescriptor(ends[0], "make a pipe"),
           .writeEnd = requiredDescriptor(ends[1], "make a pipe")};

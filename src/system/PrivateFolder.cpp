@@ -30,7 +30,7 @@ Result<PrivateFolder> PrivateFolder::open(const fs::path& path) {
   Descriptor folder =
       aboveStandardStreams(Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
   struct stat status = {};
-  if (folder.isEmpty() || ::fstat(folder.number(), &status) != 0) {
+  if (!folder || ::fstat(folder.number(), &status) != 0) {
     return folderFailure("cannot enter", path);
   }
   if (status.st_uid != ::geteuid()) {

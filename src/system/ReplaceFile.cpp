@@ -8,10 +8,9 @@
 #include <cstdlib>
 #include <string>
 #include <system_error>
-#include <utility>
 
+#include "system/Descriptor.h"
 #include "system/MakeFolders.h"
-#include "system/WriteAll.h"
 
 namespace tarnwell::system {
 namespace {
@@ -23,26 +22,25 @@ class Draft {
  public:
   explicit Draft(const std::filesystem::path& target)
       : target_(target), name_(target.parent_path() / ("." + target.filename().string() + ".XXXXXX")) {
-    number_ = ::mkostemp(name_.data(), O_CLOEXEC);
+    file_ = Descriptor(::mkostemp(name_.data(), O_CLOEXEC));
   }
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {
-    if (number_ >= 0) {
-      ::close(number_);
+    if (file_) {
       ::unlink(name_.c_str());
     }
   }
 
-  bool isOpen() const { return number_ >= 0; }
+  bool isOpen() const { return static_cast<bool>(file_); }
 
   bool write(std::string_view content) const {
-    return writeAll(number_, content) && ::fchmod(number_, modeOfTarget()) == 0 && ::fsync(number_) == 0;
+    return file_.writeAll(content) && ::fchmod(file_.number(), modeOfTarget()) == 0 && ::fsync(file_.number()) == 0;
   }
 
   bool takePlace() {
     // Some file systems report a failed write no sooner than here.
-    if (::close(std::exchange(number_, -1)) == 0 && ::rename(name_.c_str(), target_.c_str()) == 0) {
+    if (file_.close() && ::rename(name_.c_str(), target_.c_str()) == 0) {
       return true;
     }
     const int error = errno;
@@ -60,17 +58,14 @@ class Draft {
 
   std::filesystem::path target_;
   std::string name_;
-  int number_ = -1;
+  Descriptor file_;
 };
 
 // The new name survives a power failure only once the folder is on the disk. Not every file system can do that, and
 // the file is complete by now.
 void syncFolder(const std::filesystem::path& folder) {
-  const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (number >= 0) {
-    ::fsync(number);
-    ::close(number);
-  }
+  const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  ::fsync(opened.number());
 }
 
 Failure failure(const std::filesystem::path& path) {

@@ -6,14 +6,14 @@
 #include <csignal>
 #include <cstring>
 
-#include "system/SystemFault.h"
+#include "system/Fault.h"
 
 namespace tarnwell::system {
 namespace {
 
 void require(int error) {
   if (error != 0) {
-    systemFault("prepare a launch", error);
+    fault("prepare a launch", error);
   }
 }
 
@@ -41,7 +41,7 @@ pid_t ShellLauncher::launch(const std::string& commandLine, const ChildStreams& 
   pid_t child = 0;
   const int error = ::posix_spawn(&child, shell, &streams.actions(), &attributes_, arguments.data(), environ);
   if (error != 0) {
-    systemFault("launch /bin/zsh", error);
+    fault("launch /bin/zsh", error);
   }
   return child;
 }

@@ -1,74 +1,83 @@
 #include "system/Utf8.h"
 
-#include <array>
-#include <cstddef>
-
 namespace tarnwell::system {
 namespace {
 
-// The well-formed sequences, by their first byte. Only the second byte has bounds of its own; they shut out overlong
-// forms, surrogates and what is too large. All later bytes run from 0x80 to 0xBF.
-struct Sequence {
-  unsigned char firstLow = 0;
-  unsigned char firstHigh = 0;
-  unsigned char secondLow = 0;
-  unsigned char secondHigh = 0;
-  std::size_t length = 0;
+struct Lead {
+  std::size_t length = 0;  // of the whole sequence in bytes; 0 when the byte starts none
+  std::uint32_t bits = 0;
+  std::uint32_t least = 0;  // smaller values have a shorter form, and only that is valid
 };
 
-constexpr std::array<Sequence, 9> sequences = {{
-    {0x00, 0x7F, 0x00, 0x00, 1},
-    {0xC2, 0xDF, 0x80, 0xBF, 2},
-    {0xE0, 0xE0, 0xA0, 0xBF, 3},
-    {0xE1, 0xEC, 0x80, 0xBF, 3},
-    {0xED, 0xED, 0x80, 0x9F, 3},
-    {0xEE, 0xEF, 0x80, 0xBF, 3},
-    {0xF0, 0xF0, 0x90, 0xBF, 4},
-    {0xF1, 0xF3, 0x80, 0xBF, 4},
-    {0xF4, 0xF4, 0x80, 0x8F, 4},
-}};
-
-bool isWithin(char byte, unsigned char low, unsigned char high) {
-  const auto value = static_cast<unsigned char>(byte);
-  return value >= low && value <= high;
+Lead leadOf(unsigned char byte) {
+  if (byte < 0x80) {
+    return {1, byte, 0};
+  }
+  if ((byte & 0xE0U) == 0xC0) {
+    return {2, byte & 0x1FU, 0x80};
+  }
+  if ((byte & 0xF0U) == 0xE0) {
+    return {3, byte & 0x0FU, 0x800};
+  }
+  if ((byte & 0xF8U) == 0xF0) {
+    return {4, byte & 0x07U, 0x10000};
+  }
+  return {};
 }
 
-bool isComplete(const Sequence& sequence, std::string_view bytes) {
-  if (bytes.size() < sequence.length) {
-    return false;
-  }
-  if (sequence.length > 1 && !isWithin(bytes[1], sequence.secondLow, sequence.secondHigh)) {
-    return false;
-  }
-  for (std::size_t index = 2; index < sequence.length; ++index) {
-    if (!isWithin(bytes[index], 0x80, 0xBF)) {
-      return false;
-    }
-  }
-  return true;
-}
-
-/// The length of the sequence that `bytes` start with; 0 when it is none.
-std::size_t leadingSequence(std::string_view bytes) {
-  for (const Sequence& sequence : sequences) {
-    if (isWithin(bytes.front(), sequence.firstLow, sequence.firstHigh)) {
-      return isComplete(sequence, bytes) ? sequence.length : 0;
-    }
-  }
-  return 0;
-}
+bool isScalar(std::uint32_t value) { return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF); }
 
 }  // namespace
 
-bool isUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const std::size_t length = leadingSequence(bytes);
-    if (length == 0) {
+std::optional<std::uint32_t> takeCodePoint(std::string_view& text) {
+  if (text.empty()) {
+    return std::nullopt;
+  }
+  const Lead lead = leadOf(static_cast<unsigned char>(text.front()));
+  if (lead.length == 0 || lead.length > text.size()) {
+    return std::nullopt;
+  }
+  std::uint32_t value = lead.bits;
+  for (const char c : text.substr(1, lead.length - 1)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0U) != 0x80) {
+      return std::nullopt;
+    }
+    value = value << 6U | (byte & 0x3FU);
+  }
+  if (value < lead.least || !isScalar(value)) {
+    return std::nullopt;
+  }
+  text.remove_prefix(lead.length);
+  return value;
+}
+
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    if (!takeCodePoint(text)) {
       return false;
     }
-    bytes.remove_prefix(length);
   }
   return true;
+}
+
+void appendCodePoint(std::string& text, std::uint32_t codePoint) {
+  const auto append = [&](std::uint32_t byte) { text += static_cast<char>(byte); };
+  if (codePoint < 0x80) {
+    append(codePoint);
+    return;
+  }
+  if (codePoint < 0x800) {
+    append(0xC0U | codePoint >> 6U);
+  } else if (codePoint < 0x10000) {
+    append(0xE0U | codePoint >> 12U);
+    append(0x80U | (codePoint >> 6U & 0x3FU));
+  } else {
+    append(0xF0U | codePoint >> 18U);
+    append(0x80U | (codePoint >> 12U & 0x3FU));
+    append(0x80U | (codePoint >> 6U & 0x3FU));
+  }
+  append(0x80U | (codePoint & 0x3FU));
 }
 
 }  // namespace tarnwell::system

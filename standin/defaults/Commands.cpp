@@ -4,10 +4,10 @@
 #include <array>
 #include <optional>
 
+#include "diagnostics/Console.h"
 #include "standin/defaults/LogLine.h"
 #include "standin/defaults/LowerCase.h"
 #include "standin/store/OldStyleText.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -108,7 +108,7 @@ Status failed(const system::Failure& failure) {
 }
 
 Status show(std::string_view text) {
-  return printOut(text) ? Status::success : failed(system::systemFailure("cannot write to standard output"));
+  return diagnostics::print(text) ? Status::success : failed(system::systemFailure("cannot write to standard output"));
 }
 
 Status change(const Domain& domain, const std::function<Status(PreferenceTransaction&)>& make) {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "standin/store/StandardStreams.h"
+#include "diagnostics/Console.h"
 #include "standin/store/Timestamp.h"
 
 namespace tarnwell::standin {
@@ -12,8 +12,7 @@ namespace tarnwell::standin {
 void logLine(std::string_view message) {
   std::string line = timestamp() + " defaults[" + std::to_string(::getpid()) + ":" + std::to_string(::gettid()) + "] ";
   line.append(message);
-  line += '\n';
-  printError(line);
+  diagnostics::printErrorLine(line);
 }
 
 }  // namespace tarnwell::standin

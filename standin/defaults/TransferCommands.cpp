@@ -30,12 +30,10 @@ std::optional<system::Failure> writeFile(const std::string& path, const std::str
   return failure ? failure : file.place();
 }
 
-bool readInput(const std::string& path, std::string& bytes) {
-  if (path == standardStream) {
-    return Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3)).readAll(bytes);
-  }
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  return file && file.readAll(bytes);
+std::optional<std::string> readInput(const std::string& path) {
+  const system::Descriptor file(path == standardStream ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3)
+                                                       : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  return file ? file.readAll() : std::nullopt;
 }
 
 Status fileFailure(std::string_view what, const std::string& path, const system::Failure& failure) {
@@ -83,11 +81,11 @@ Status importDomain(const Invocation& invocation) {
     return unexpectedArgument(invocation, 1);
   }
   const std::string path(invocation.arguments.front());
-  std::string bytes;
-  if (!readInput(path, bytes)) {
+  const auto bytes = readInput(path);
+  if (!bytes) {
     return fileFailure("read", path, system::systemFailure("cannot read " + path));
   }
-  const system::Result<PropertyList> parsed = parsePropertyList(bytes);
+  const system::Result<PropertyList> parsed = parsePropertyList(*bytes);
   if (!parsed) {
     return fileFailure("parse", path, parsed.error());
   }

@@ -10,8 +10,8 @@
 
 #include "standin/defaults/LowerCase.h"
 #include "standin/store/OldStyleParser.h"
-#include "standin/store/Utf8.h"
 #include "standin/store/XmlList.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -19,7 +19,7 @@ namespace {
 using Maker = PropertyList (*)(const std::string&);
 
 PropertyList makeString(const std::string& text) {
-  return PropertyList(isUtf8(text) ? plist_new_string(text.c_str()) : nullptr);
+  return PropertyList(system::isUtf8(text) ? plist_new_string(text.c_str()) : nullptr);
 }
 
 PropertyList makeBoolean(const std::string& text) {
@@ -225,7 +225,7 @@ TypedValue parseDictionary(Arguments arguments, Placement placement) {
   result.placement = placement;
   for (Arguments rest = arguments; !rest.empty();) {
     const std::string key(rest.front());
-    if (!isUtf8(key)) {
+    if (!system::isUtf8(key)) {
       return failed(key + " is not text in UTF-8");
     }
     if (rest.size() == 1) {

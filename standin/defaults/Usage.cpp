@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "standin/store/StandardStreams.h"
+#include "diagnostics/Console.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -35,10 +35,10 @@ Domains are kept in $MACOS_ROOT/Library/Preferences; MACOS_ROOT is ~/.local/shar
 
 }  // namespace
 
-Status showHelp() { return printOut(usageText) ? Status::success : Status::failure; }
+Status showHelp() { return diagnostics::print(usageText) ? Status::success : Status::failure; }
 
 Status misused() {
-  printError(usageText);
+  diagnostics::printError(usageText);
   return Status::usage;
 }
 

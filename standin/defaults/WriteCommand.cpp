@@ -1,7 +1,7 @@
 #include "standin/defaults/Commands.h"
 #include "standin/defaults/LogLine.h"
 #include "standin/defaults/TypedValue.h"
-#include "standin/store/Utf8.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -48,7 +48,7 @@ Status writeValue(const Invocation& invocation) {
     return misused();
   }
   const std::string key(arguments.front());
-  if (!isUtf8(key)) {
+  if (!system::isUtf8(key)) {
     return refused(key + " is not text in UTF-8");
   }
   TypedValue typed = parseTypedValue(arguments.subspan(1));

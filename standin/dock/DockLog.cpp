@@ -5,17 +5,17 @@
 
 #include <cstdio>
 
-#include "standin/store/Descriptor.h"
 #include "standin/store/Folders.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 namespace {
 
-Descriptor openLog(const std::string& path) {
-  return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_CLOEXEC, 0600));
+system::Descriptor openLog(const std::string& path) {
+  return system::Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_CLOEXEC, 0600));
 }
 
-bool hasRoom(const Descriptor& log, std::size_t more) {
+bool hasRoom(const system::Descriptor& log, std::size_t more) {
   struct stat status {};
   return ::fstat(log.number(), &status) != 0 || status.st_size + static_cast<off_t>(more) <= dockLogLimit;
 }
@@ -28,7 +28,7 @@ bool appendToDockLog(const std::string& folder, std::string_view line) {
   }
   const std::string path = folder + "/Dock.log";
   const std::string bytes = std::string(line) + "\n";
-  Descriptor log = openLog(path);
+  system::Descriptor log = openLog(path);
   if (log && !hasRoom(log, bytes.size())) {
     if (std::rename(path.c_str(), (path + ".1").c_str()) != 0) {
       return false;

@@ -17,13 +17,13 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
 #include "standin/dock/DockSettings.h"
 #include "standin/dock/FaceProcess.h"
 #include "standin/store/Domain.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 #include "standin/store/Timestamp.h"
 
@@ -55,8 +55,9 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + dockSettingsText(stored);
   if (!appendToDockLog(logsFolder(root), line)) {
     // A Dock without a log is still a Dock.
-    printError(std::string("Dock: cannot write its log: ") + std::strerror(errno) +  // NOLINT(concurrency-mt-unsafe)
-               "\n");
+    diagnostics::printError(std::string("Dock: cannot write its log: ") +
+                            std::strerror(errno) +  // NOLINT(concurrency-mt-unsafe)
+                            "\n");
   }
 }
 
@@ -75,12 +76,12 @@ enum class Mode { face, noWindow, list };
 int run(Mode mode, std::optional<int> socket = std::nullopt) {
   const auto [root, problem] = systemRoot();
   if (!root) {
-    printError("Dock: " + problem + "\n");
+    diagnostics::printErrorLine("Dock: " + problem);
     return 1;
   }
   const StoredPreferences stored = loadPreferences(Domain::resolve("com.apple.dock", *root)->path);
   if (mode == Mode::list) {
-    return printOut(listText(dockBehavior(stored))) ? 0 : 1;
+    return diagnostics::print(listText(dockBehavior(stored))) ? 0 : 1;
   }
   setTermination(SIG_BLOCK);
   logSettings(*root, stored);
@@ -107,7 +108,7 @@ int runAs(const std::vector<std::string_view>& arguments) {
   // Each argument is a way of running by itself, so that there is none that a second one could be.
   const std::string_view argument = arguments.size() > 1 ? "" : arguments.front();
   if (argument == "--help") {
-    return printOut(usageText) ? 0 : 1;
+    return diagnostics::print(usageText) ? 0 : 1;
   }
   if (argument == "--list") {
     return run(Mode::list);
@@ -121,7 +122,7 @@ int runAs(const std::vector<std::string_view>& arguments) {
       return run(Mode::face, socket);
     }
   }
-  printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
+  diagnostics::printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
   return 2;
 }
 

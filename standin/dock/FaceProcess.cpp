@@ -13,8 +13,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "diagnostics/Console.h"
 #include "standin/dock/OwnFolder.h"
-#include "standin/store/StandardStreams.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -27,7 +27,7 @@ bool mayHaveDisplay() {
 }
 
 // The new process hears the records on its standard input, and no signal is ignored or blocked in it.
-int spawn(const std::string& path, const Descriptor& heard, pid_t& process) {
+int spawn(const std::string& path, const system::Descriptor& heard, pid_t& process) {
   std::string name = "dock-face";
   std::array<char*, 2> arguments = {name.data(), nullptr};
   posix_spawn_file_actions_t files;
@@ -54,12 +54,13 @@ std::unique_ptr<FaceProcess> FaceProcess::start() {
   if (!mayHaveDisplay() || ::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
     return nullptr;
   }
-  Descriptor told(ends[0]);
-  const Descriptor heard(ends[1]);
+  system::Descriptor told(ends[0]);
+  const system::Descriptor heard(ends[1]);
   const std::string path = ownFolder() + "/dock-face";
   pid_t process = -1;
   if (const int error = spawn(path, heard, process); error != 0) {
-    printError("Dock: cannot start " + path + ": " + std::strerror(error) + "\n");  // NOLINT(concurrency-mt-unsafe)
+    diagnostics::printErrorLine("Dock: cannot start " + path + ": " +
+                                std::strerror(error));  // NOLINT(concurrency-mt-unsafe)
     return nullptr;
   }
   return std::unique_ptr<FaceProcess>(new FaceProcess(process, std::move(told)));

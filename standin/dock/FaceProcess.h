@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 
@@ -35,10 +35,10 @@ class FaceProcess {
   void tellEnd() const;
 
  private:
-  FaceProcess(pid_t process, Descriptor socket) : process_(process), socket_(std::move(socket)) {}
+  FaceProcess(pid_t process, system::Descriptor socket) : process_(process), socket_(std::move(socket)) {}
 
   pid_t process_;  // -1 once it is reaped
-  Descriptor socket_;
+  system::Descriptor socket_;
 };
 
 /// What is told: what a Dock goes by, as text, or that there is none. The socket's other end hears both.

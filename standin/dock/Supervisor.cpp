@@ -11,7 +11,7 @@
 #include <cstring>
 #include <utility>
 
-#include "standin/store/StandardStreams.h"
+#include "diagnostics/Console.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -54,8 +54,8 @@ void restoreSignals() {
   restoreSignals();
   std::array<char*, 3> arguments = {path.data(), argument.data(), nullptr};
   ::execv(path.c_str(), arguments.data());
-  printError("dock-supervisor: cannot start " + path + ": " + std::strerror(errno) +
-             "\n");  // NOLINT(concurrency-mt-unsafe): one thread
+  diagnostics::printErrorLine("dock-supervisor: cannot start " + path + ": " +
+                              std::strerror(errno));  // NOLINT(concurrency-mt-unsafe): one thread
   ::_exit(127);
 }
 

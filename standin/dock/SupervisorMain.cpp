@@ -9,12 +9,12 @@
 #include <string>
 #include <string_view>
 
+#include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/OwnFolder.h"
 #include "standin/dock/Supervisor.h"
 #include "standin/store/FileLock.h"
 #include "standin/store/Folders.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -28,7 +28,7 @@ Keeps the Dock that lies beside this program running until it is ended itself.
 )";
 
 int fail(const std::string& message, int status) {
-  printError("dock-supervisor: " + message + "\n");
+  diagnostics::printErrorLine("dock-supervisor: " + message);
   return status;
 }
 
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
   }
   const std::string_view argument = argv[1];
   if (argument == "--help") {
-    return tarnwell::standin::printOut(usageText) ? 0 : 1;
+    return tarnwell::diagnostics::print(usageText) ? 0 : 1;
   }
   return tarnwell::standin::fail("unknown argument " + std::string(argument) + "\n" + std::string(usageText), 2);
 }

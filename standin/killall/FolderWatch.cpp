@@ -27,7 +27,7 @@ bool FolderWatch::wait(Time end) const {
   return true;
 }
 
-bool waitUntilReadable(const Descriptor& file, std::chrono::steady_clock::time_point end) {
+bool waitUntilReadable(const system::Descriptor& file, std::chrono::steady_clock::time_point end) {
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
     pollfd readable{.fd = file.number(), .events = POLLIN, .revents = 0};

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 
@@ -19,10 +19,10 @@ class FolderWatch {
   bool wait(Time end) const;
 
  private:
-  Descriptor events_;
+  system::Descriptor events_;
 };
 
 /// Sleeps until a descriptor can be read. False when `end` has come first.
-bool waitUntilReadable(const Descriptor& file, std::chrono::steady_clock::time_point end);
+bool waitUntilReadable(const system::Descriptor& file, std::chrono::steady_clock::time_point end);
 
 }  // namespace tarnwell::standin

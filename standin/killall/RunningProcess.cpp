@@ -22,9 +22,8 @@ namespace {
 constexpr std::size_t longestName = 15;
 
 std::string contentOf(const std::string& path) {
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  std::string content;
-  return file && file.readAll(content) ? content : std::string();
+  const system::Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  return file ? file.readAll().value_or("") : std::string();
 }
 
 // The environment it was started with: one "NAME=value" after the other, each closed by a zero byte.
@@ -108,7 +107,7 @@ std::optional<RunningProcess> RunningProcess::hold(pid_t number, std::string_vie
   if (contentOf(folder + "/comm") != line) {
     return std::nullopt;
   }
-  Descriptor process(static_cast<int>(::syscall(SYS_pidfd_open, number, 0)));
+  system::Descriptor process(static_cast<int>(::syscall(SYS_pidfd_open, number, 0)));
   if (!process || contentOf(folder + "/comm") != line || !playsIn(folder, root)) {
     return std::nullopt;
   }

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 
@@ -26,11 +26,11 @@ class RunningProcess {
   bool waitForEnding(std::chrono::steady_clock::time_point end) const;
 
  private:
-  explicit RunningProcess(Descriptor process) : process_(std::move(process)) {}
+  explicit RunningProcess(system::Descriptor process) : process_(std::move(process)) {}
 
   static std::optional<RunningProcess> hold(pid_t number, std::string_view name, const std::string& root);
 
-  Descriptor process_;
+  system::Descriptor process_;
 };
 
 }  // namespace tarnwell::standin

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/killall/KillAll.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -24,21 +24,21 @@ Asks every process of a name that has the same MACOS_ROOT to end. MACOS_ROOT is 
 
 int run(const std::vector<std::string_view>& arguments) {
   if (arguments.size() == 1 && arguments.front() == "--help") {
-    return printOut(usageText) ? 0 : 1;
+    return diagnostics::print(usageText) ? 0 : 1;
   }
   if (arguments.empty() || arguments.front().starts_with('-')) {
-    printError(usageText);
+    diagnostics::printError(usageText);
     return 1;
   }
   const auto [root, problem] = systemRoot();
   if (!root) {
-    printError("killall: " + problem + "\n");
+    diagnostics::printErrorLine("killall: " + problem);
     return 1;
   }
   int status = 0;
   for (const std::string_view name : arguments) {
     if (!killAll(name, *root)) {
-      printError("No matching processes belonging to you were found\n");
+      diagnostics::printErrorLine("No matching processes belonging to you were found");
       status = 1;
     }
   }

@@ -17,7 +17,7 @@ bool exchangeNames(const std::string& one, const std::string& other) {
   return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
 }
 
-bool isNamed(const Descriptor& file, const std::string& name) {
+bool isNamed(const system::Descriptor& file, const std::string& name) {
   struct stat opened {};
   struct stat named {};
   return ::fstat(file.number(), &opened) == 0 && ::lstat(name.c_str(), &named) == 0 && opened.st_ino == named.st_ino;
@@ -26,7 +26,7 @@ bool isNamed(const Descriptor& file, const std::string& name) {
 // Not before the process that gave the name has ended or moved its file on: it has the file locked until then. Where
 // the file system has no locks, that process finds its name gone, and says so.
 void removeLeftover(const std::string& name) {
-  const Descriptor left(::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  const system::Descriptor left(::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
   if (left) {
     ::flock(left.number(), LOCK_EX);
   }
@@ -60,10 +60,10 @@ std::optional<system::Failure> AtomicFile::write(std::string_view bytes) {
 }
 
 bool AtomicFile::create() {
-  file_ = Descriptor(::open(folderOf(target_).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
+  file_ = system::Descriptor(::open(folderOf(target_).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
   if (!file_) {
     removeLeftover(temporary_);
-    file_ = Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    file_ = system::Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
     isNamed_ = static_cast<bool>(file_);
   }
   if (file_) {
@@ -73,8 +73,7 @@ bool AtomicFile::create() {
 }
 
 bool AtomicFile::holds(std::string_view bytes) const {
-  std::string found;
-  return ::lseek(file_.number(), 0, SEEK_SET) == 0 && file_.readAll(found) && found == bytes;
+  return ::lseek(file_.number(), 0, SEEK_SET) == 0 && file_.readAll() == bytes;
 }
 
 bool AtomicFile::link(const std::string& name) const {

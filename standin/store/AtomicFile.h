@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 #include "system/Result.h"
 
 namespace tarnwell::standin {
@@ -48,7 +48,7 @@ class AtomicFile {
   Swap swapIn();
   void swapBack(Swap swap);
 
-  Descriptor file_;
+  system::Descriptor file_;
   std::string target_;
   std::string temporary_;
   bool isNamed_ = false;  // something of ours has the temporary name

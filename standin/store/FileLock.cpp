@@ -8,7 +8,7 @@
 namespace tarnwell::standin {
 
 std::optional<FileLock> FileLock::acquire(const std::string& path, LockWait wait) {
-  Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
+  system::Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
   if (!file) {
     return std::nullopt;
   }

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 
@@ -19,9 +19,9 @@ class FileLock {
   static std::optional<FileLock> acquire(const std::string& path, LockWait wait);
 
  private:
-  explicit FileLock(Descriptor file) : file_(std::move(file)) {}
+  explicit FileLock(system::Descriptor file) : file_(std::move(file)) {}
 
-  Descriptor file_;
+  system::Descriptor file_;
 };
 
 }  // namespace tarnwell::standin

@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-#include "standin/store/Descriptor.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 
@@ -28,7 +28,7 @@ bool makeFolders(const std::string& path) {
 }
 
 bool syncFolder(const std::string& path) {
-  const Descriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const system::Descriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!folder) {
     return false;
   }

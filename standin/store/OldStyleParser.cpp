@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "standin/store/Utf8.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -140,7 +140,7 @@ class Reader {
       if (c != '\\') {
         text += c;
       } else if (const auto codePoint = readEscaped()) {
-        appendCodePoint(text, *codePoint);
+        system::appendCodePoint(text, *codePoint);
       } else {
         return std::nullopt;
       }

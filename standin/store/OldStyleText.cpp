@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "standin/store/PropertyList.h"
-#include "standin/store/Utf8.h"
 #include "standin/store/ValueText.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -74,7 +74,7 @@ std::string quotedText(std::string_view text) {
   }
   std::string quoted = "\"";
   while (!text.empty()) {
-    if (const auto codePoint = takeCodePoint(text)) {
+    if (const auto codePoint = system::takeCodePoint(text)) {
       quoted += escaped(*codePoint);
     } else {
       quoted += formatted("\\%03o", static_cast<unsigned char>(text.front()));

@@ -2,14 +2,14 @@
 
 #include <cstdlib>
 
-#include "standin/store/Utf8.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
 
 // Messages name files below it, and what reads those takes them for UTF-8.
 SystemRoot rootBelow(const std::string& variable, const std::string& value, const std::string& below) {
-  if (!isUtf8(value)) {
+  if (!system::isUtf8(value)) {
     return {.problem = variable + " is not UTF-8, so that no file below it can be told by its name."};
   }
   return {.folder = value + below};

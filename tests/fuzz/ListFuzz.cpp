@@ -7,7 +7,7 @@
 #include "standin/store/OldStyleParser.h"
 #include "standin/store/OldStyleText.h"
 #include "standin/store/PropertyList.h"
-#include "standin/store/Utf8.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::fuzz {
 namespace {
@@ -24,7 +24,7 @@ void checkStore(std::string_view bytes) {
 
 /// What has been read can be printed, and comes back.
 void checkText(std::string_view text) {
-  const PropertyList list = standin::isUtf8(text) ? standin::parseOldStyleText(text) : nullptr;
+  const PropertyList list = system::isUtf8(text) ? standin::parseOldStyleText(text) : nullptr;
   if (list) {
     const PropertyList again = standin::parseOldStyleText(standin::oldStyleText(list.get()));
     require(again != nullptr && standin::isSame(list.get(), again.get()));

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "standin/Process.h"
-#include "standin/store/Utf8.h"
+#include "system/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -19,7 +19,7 @@ TEST_P(SystemRootTest, oneThatIsNotUtf8IsRefused) {
     const Outcome outcome = run(GetParam(), {std::string(variable) + "=/tmp/\xff", "PATH=/usr/bin:/bin"});
     EXPECT_EQ(outcome.status, 1) << variable;
     EXPECT_THAT(outcome.errors, HasSubstr(std::string(variable) + " is not UTF-8"));
-    EXPECT_TRUE(isUtf8(outcome.errors)) << outcome.errors;
+    EXPECT_TRUE(system::isUtf8(outcome.errors)) << outcome.errors;
   }
 }
 

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <string>
 #include <utility>
 
+#include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 
 namespace tarnwell::system {
@@ -41,9 +44,48 @@ TEST(DescriptorTest, closingEmptiesIt) {
   const int number = descriptor.number();
   descriptor.close();
   descriptor.close();
-  EXPECT_TRUE(descriptor.isEmpty());
+  EXPECT_FALSE(descriptor);
   EXPECT_FALSE(isOpen(number));
-  EXPECT_TRUE(Descriptor().isEmpty());
+  EXPECT_FALSE(Descriptor());
+}
+
+TEST(DescriptorTest, writesAndReadsWhatIsLongerThanOneBlock) {
+  const fixtures::Sandbox sandbox;
+  const std::string text(1'000'000, 'a');
+  const Descriptor file(::open((sandbox / "file").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+  EXPECT_TRUE(file.writeAll(text));
+  EXPECT_EQ(sandbox.read("file"), text);
+  EXPECT_EQ(file.readAll(), "");
+  ::lseek(file.number(), 0, SEEK_SET);
+  EXPECT_EQ(file.readAll(), text);
+}
+
+TEST(DescriptorTest, readsNoMoreThanShowsThatThereIsMore) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("file", "text");
+  for (const std::size_t most : {0U, 2U, 3U, 4U, 9U}) {
+    const Descriptor file(::open((sandbox / "file").c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_EQ(file.readAll(most), std::string("text").substr(0, most + 1));
+  }
+}
+
+TEST(DescriptorTest, tellsOfAFullDeviceAndOfWhatCannotBeRead) {
+  const Descriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
+  EXPECT_FALSE(full.writeAll("text"));
+  EXPECT_EQ(errno, ENOSPC);
+  EXPECT_FALSE(full.readAll());
+  EXPECT_EQ(errno, EBADF);
+}
+
+TEST(DescriptorTest, copiesAFileFromItsStart) {
+  const fixtures::Sandbox sandbox;
+  const std::string text(1'000'000, 'b');
+  sandbox.write("from", text);
+  const Descriptor from(::open((sandbox / "from").c_str(), O_RDONLY | O_CLOEXEC));
+  ::lseek(from.number(), 0, SEEK_END);
+  const Descriptor to(::open((sandbox / "to").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+  EXPECT_TRUE(to.copyFrom(from.number()));
+  EXPECT_EQ(sandbox.read("to"), text);
 }
 
 TEST(DescriptorTest, aNumberAboveTheStandardStreamsStays) {

@@ -1,12 +1,11 @@
 #include "host/linux/XdgLoginItem.h"
 
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
 #include "host/linux/FindProgram.h"
+#include "system/ReadFile.h"
 #include "system/ReplaceFile.h"
 
 namespace tarnwell::host_linux {
@@ -16,6 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* hiddenKey = "Hidden";
 constexpr const char* enabledKey = "X-GNOME-Autostart-enabled";
+constexpr std::size_t largestEntry = 1024UL * 1024;  // Bytes; a few hundred are usual.
 
 // Where writing goes: to the file that a link leads to, so that one who keeps the file elsewhere keeps doing so.
 fs::path behindLinks(const fs::path& path) {
@@ -35,12 +35,8 @@ system::Result<std::string> contentOf(const fs::path& path) {
   if (!fs::is_regular_file(path, error)) {
     return std::string();
   }
-  std::ifstream file(path, std::ios::binary);
-  std::string content(std::istreambuf_iterator<char>(file), {});
-  if (file.bad() || !file.is_open()) {
-    return system::Failure{"cannot read " + path.string()};
-  }
-  return content;
+  auto content = system::readFile(path, largestEntry);
+  return content ? content : system::Failure{"cannot read " + path.string()};
 }
 
 bool isOn(const DesktopEntry& entry) {

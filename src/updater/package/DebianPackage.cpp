@@ -44,23 +44,6 @@ system::Failure unreadable(const std::string& reason) {
   ::_exit(missingTool);
 }
 
-/// One byte more than the longest version shows that there is more.
-std::string versionFrom(int reading) {
-  std::string text;
-  std::array<char, longestVersion + 1> bytes = {};
-  while (text.size() <= longestVersion) {
-    const ssize_t count = ::read(reading, bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) {
-      continue;
-    }
-    if (count <= 0) {
-      break;
-    }
-    text.append(bytes.data(), static_cast<std::size_t>(count));
-  }
-  return text;
-}
-
 /// The exit status; -1 when it did not come to that.
 int endOf(pid_t tool) {
   int status = 0;
@@ -87,7 +70,7 @@ system::Result<std::string> debianVersion(int descriptor) {
     becomeTool(descriptor, writing.number(), original);
   }
   writing.close();
-  std::string version = versionFrom(reading.number());
+  std::string version = reading.readAll(longestVersion).value_or("");
   reading.close();
   const int status = tool > 0 ? endOf(tool) : -1;
   if (status == missingTool) {

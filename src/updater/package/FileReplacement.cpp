@@ -9,8 +9,6 @@
 #include <system_error>
 #include <utility>
 
-#include "system/CopyFile.h"
-
 namespace tarnwell::updater {
 namespace {
 
@@ -41,7 +39,7 @@ FileReplacement::FileReplacement(fs::path target, system::Descriptor folder)
     : target_(std::move(target)), folder_(std::move(folder)), draftName_(uniqueName()) {}
 
 FileReplacement::~FileReplacement() {
-  if (!folder_.isEmpty()) {
+  if (folder_) {
     ::unlinkat(folder_.number(), draftName_.c_str(), 0);
   }
 }
@@ -49,7 +47,7 @@ FileReplacement::~FileReplacement() {
 system::Result<FileReplacement> FileReplacement::create(const fs::path& target) {
   system::Descriptor folder(::open(target.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   struct stat status = {};
-  if (folder.isEmpty() || ::fstatat(folder.number(), target.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+  if (!folder || ::fstatat(folder.number(), target.filename().c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
     return notReplaceable(target, systemReason());
   }
   if (!S_ISREG(status.st_mode)) {
@@ -60,7 +58,7 @@ system::Result<FileReplacement> FileReplacement::create(const fs::path& target) 
 
 std::optional<system::Failure> FileReplacement::run(int source) const {
   const system::Descriptor draft = newDraft();
-  if (draft.isEmpty() || !fill(source, draft.number()) || !takePlace(draft.number())) {
+  if (!draft || !fill(source, draft) || !takePlace(draft.number())) {
     return notReplaced(target_, systemReason(),
                        "The version that you have was left as it is. See that there is room and that you may write "
                        "there, and try again.");
@@ -75,18 +73,18 @@ std::optional<system::Failure> FileReplacement::run(int source) const {
 // such files.
 system::Descriptor FileReplacement::newDraft() const {
   system::Descriptor draft(::openat(folder_.number(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, unfinishedMode));
-  if (draft.isEmpty()) {
+  if (!draft) {
     draft = system::Descriptor(::openat(folder_.number(), draftName_.c_str(),
                                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, unfinishedMode));
   }
   return draft;
 }
 
-bool FileReplacement::fill(int source, int draft) const {
+bool FileReplacement::fill(int source, const system::Descriptor& draft) const {
   struct stat old = {};
-  return system::copyFile(source, draft) &&
+  return draft.copyFrom(source) &&
          ::fstatat(folder_.number(), target_.filename().c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 &&
-         ::fchmod(draft, old.st_mode & permissionBits) == 0 && ::fsync(draft) == 0;
+         ::fchmod(draft.number(), old.st_mode & permissionBits) == 0 && ::fsync(draft.number()) == 0;
 }
 
 bool FileReplacement::takePlace(int draft) const {

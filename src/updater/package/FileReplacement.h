@@ -27,7 +27,7 @@ class FileReplacement {
   FileReplacement(std::filesystem::path target, system::Descriptor folder);
 
   system::Descriptor newDraft() const;
-  bool fill(int source, int draft) const;
+  bool fill(int source, const system::Descriptor& draft) const;
   bool takePlace(int draft) const;
 
   std::filesystem::path target_;

@@ -16,9 +16,9 @@
 #include <string_view>
 #include <utility>
 
+#include "system/Descriptor.h"
+#include "system/Fault.h"
 #include "system/ProcessDescriptor.h"
-#include "system/RequiredDescriptor.h"
-#include "system/SystemFault.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -118,7 +118,7 @@ class ForkedWorker::Copy final : public Worker::Job {
   Copy(const Copy&) = delete;
   Copy& operator=(const Copy&) = delete;
   ~Copy() override {
-    if (!reading_.isEmpty()) {
+    if (reading_) {
       worker_.stop(*this);
     }
   }
@@ -146,8 +146,8 @@ ForkedWorker::~ForkedWorker() {
 
 std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
   WordPipe pipe = makeWordPipe();
-  if (pipe.reading.isEmpty() || pipe.writing.isEmpty()) {
-    system::systemFault("begin work", errno);
+  if (!pipe.reading || !pipe.writing) {
+    system::fault("begin work", errno);
   }
   const pid_t original = ::getpid();
   pid_t process = -1;
@@ -160,7 +160,7 @@ std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
   }
   // Where there is no copy, nobody is left who could write: it ends without a word.
   system::Descriptor descriptor = process > 0 ? system::processDescriptor(process) : system::Descriptor();
-  if (process > 0 && descriptor.isEmpty()) {
+  if (process > 0 && !descriptor) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
   }
@@ -199,7 +199,7 @@ void ForkedWorker::stop(Copy& copy) {
   forget(copy.reading_.number());
   copies_.erase(copy.reading_.number());
   copy.reading_.close();
-  if (!copy.process_.isEmpty()) {
+  if (copy.process_) {
     kill(copy.process_.number());
     bury(std::move(copy.process_));
   }
@@ -226,7 +226,7 @@ void ForkedWorker::reap(int process) {
 void ForkedWorker::watch(int number) const {
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    system::systemFault("watch work", errno);
+    system::fault("watch work", errno);
   }
 }
 

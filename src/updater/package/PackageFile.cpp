@@ -8,9 +8,6 @@
 #include <system_error>
 #include <utility>
 
-#include "system/CopyFile.h"
-#include "system/WriteAll.h"
-
 namespace tarnwell::updater {
 namespace {
 
@@ -28,7 +25,7 @@ std::string draftOf(const std::string& name) { return "." + name + ".draft"; }
 // Not every file system has files without a name.
 system::Descriptor namelessFile(int folder) {
   system::Descriptor file(::openat(folder, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
-  if (file.isEmpty() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+  if (!file && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     ::unlinkat(folder, passingName, 0);
     file = system::Descriptor(
         ::openat(folder, passingName, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
@@ -49,14 +46,14 @@ system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
   }
   auto& opened = *made;
   system::Descriptor file = namelessFile(opened.descriptor());
-  if (file.isEmpty()) {
+  if (!file) {
     return failure("cannot keep a download in " + folder.string());
   }
   return PackageFile(std::move(opened), std::move(file));
 }
 
 std::optional<system::Failure> PackageFile::append(std::string_view bytes) {
-  if (!system::writeAll(file_.number(), bytes)) {
+  if (!file_.writeAll(bytes)) {
     return failure("cannot keep the download");
   }
   length_ += bytes.size();
@@ -83,7 +80,7 @@ system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
     copied = *std::move(made);
   }
   // Whoever opens the package goes by its path.
-  if (!folder_.leadsTo(name, copied.isEmpty() ? file_.number() : copied.number())) {
+  if (!folder_.leadsTo(name, !copied ? file_.number() : copied.number())) {
     removeName(name);
     return system::Failure{"another file was put in the place of the package in " + folder_.path().string()};
   }
@@ -108,8 +105,7 @@ system::Result<system::Descriptor> PackageFile::copy(const std::string& draft, c
   const int folder = folder_.descriptor();
   system::Descriptor named(
       ::openat(folder, draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, namedMode));
-  if (!named.isEmpty() && system::copyFile(file_.number(), named.number()) &&
-      ::renameat(folder, draft.c_str(), folder, name.c_str()) == 0) {
+  if (named && named.copyFrom(file_.number()) && ::renameat(folder, draft.c_str(), folder, name.c_str()) == 0) {
     return named;
   }
   system::Failure reason = failure("cannot copy the package");

@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "host/linux/StartProgram.h"
+#include "system/Descriptor.h"
+#include "system/Fault.h"
 #include "system/ProcessDescriptor.h"
-#include "system/RequiredDescriptor.h"
-#include "system/SystemFault.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -37,7 +37,7 @@ std::optional<system::Failure> PackageOpener::open(const std::filesystem::path& 
   }
   const pid_t process = *started;
   system::Descriptor child = system::processDescriptor(process);
-  if (child.isEmpty()) {
+  if (!child) {
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
     return system::Failure{"It cannot be told whether the package was opened. Try again."};
@@ -105,7 +105,7 @@ std::optional<system::Failure> PackageOpener::endOf(int child) {
 void PackageOpener::watch(int number) const {
   epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_ADD, number, &event) != 0) {
-    system::systemFault(watching, errno);
+    system::fault(watching, errno);
   }
 }
 

@@ -2,10 +2,8 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -16,6 +14,7 @@
 #include "system/CNumericLocale.h"
 #include "system/Descriptor.h"
 #include "system/MakeFolders.h"
+#include "system/ReadFile.h"
 #include "system/ReplaceFile.h"
 #include "updater/schedule/WholePropertyList.h"
 #include "updater/text/Report.h"
@@ -38,7 +37,7 @@ system::Failure unlocked(const std::string& what, const fs::path& path) {
 }
 
 PropertyList parsed(const std::string& text) {
-  if (text.size() > largestFile || !isWholePropertyList(text)) {
+  if (!isWholePropertyList(text)) {
     return nullptr;
   }
   const system::CNumericLocale locale;
@@ -58,39 +57,20 @@ std::string textOf(plist_t dictionary) {
   return text;
 }
 
-/// One byte more than the largest file shows that there is more.
-system::Result<std::string> contentOf(int descriptor, const fs::path& path) {
-  std::string content;
-  std::array<char, 65536> buffer = {};
-  while (content.size() <= largestFile) {
-    const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
-    if (count < 0 && errno != EINTR) {
-      return systemFailure("cannot read", path);
-    }
-    if (count == 0) {
-      break;
-    }
-    content.append(buffer.data(), static_cast<std::size_t>(count < 0 ? 0 : count));
-  }
-  return content;
-}
-
 /// No list stands for a damaged file.
 system::Result<PropertyList> loaded(const fs::path& path) {
-  const system::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (file.isEmpty()) {
-    return errno == ENOENT ? system::Result<PropertyList>(PropertyList(plist_new_dict()))
-                           : systemFailure("cannot read", path);
+  const auto content = system::readFile(path, largestFile);
+  if (content) {
+    return parsed(*content);
   }
-  struct stat status = {};
-  if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    return system::Failure{"cannot read " + path.string() + ": it is not a file"};
+  switch (content.error().error) {
+    case ENOENT:
+      return PropertyList(plist_new_dict());
+    case EFBIG:
+      return PropertyList();
+    default:
+      return content.error();
   }
-  const auto content = contentOf(file.number(), path);
-  if (!content) {
-    return content.error();
-  }
-  return parsed(*content);
 }
 
 bool takes(int lock) {
@@ -113,7 +93,7 @@ system::Descriptor locked(const fs::path& path) {
     return {};
   }
   system::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
-  if (!file.isEmpty() && !takes(file.number())) {
+  if (file && !takes(file.number())) {
     const int error = errno;
     file.close();
     errno = error;
@@ -158,7 +138,7 @@ system::Result<PropertyList> mended(const fs::path& path) {
 
 system::Result<PropertyList> mendedUnderLock(const fs::path& path) {
   const system::Descriptor lock = locked(path);
-  return lock.isEmpty() ? unlocked("cannot read", path) : mended(path);
+  return !lock ? unlocked("cannot read", path) : mended(path);
 }
 
 }  // namespace
@@ -177,7 +157,7 @@ PropertyList PropertyListFile::dictionary() const {
 
 std::optional<system::Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
   const system::Descriptor lock = locked(path_);
-  if (lock.isEmpty()) {
+  if (!lock) {
     return unlocked("cannot write", path_);
   }
   const auto list = mended(path_);

@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "system/RequiredDescriptor.h"
-#include "system/SystemFault.h"
+#include "system/Descriptor.h"
+#include "system/Fault.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -64,7 +64,7 @@ void TimerAlarm::arm() {
   // The call reports, too, that the clock was set since the last one; the timer is armed all the same.
   if (::timerfd_settime(timer_.number(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &due, nullptr) != 0 &&
       errno != ECANCELED) {
-    system::systemFault("set a timer", errno);
+    system::fault("set a timer", errno);
   }
 }
 

@@ -15,8 +15,8 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "system/RequiredDescriptor.h"
-#include "system/SystemFault.h"
+#include "system/Descriptor.h"
+#include "system/Fault.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -160,7 +160,7 @@ void CurlLoop::watch(curl_socket_t socket, int wanted) const {
   epoll_event event = {.events = eventsFor(wanted), .data = {.fd = socket}};
   if (::epoll_ctl(events_.number(), EPOLL_CTL_MOD, socket, &event) != 0 &&
       ::epoll_ctl(events_.number(), EPOLL_CTL_ADD, socket, &event) != 0) {
-    system::systemFault("watch a connection", errno);
+    system::fault("watch a connection", errno);
   }
 }
 

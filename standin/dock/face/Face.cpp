@@ -11,10 +11,10 @@
 #include <string>
 #include <utility>
 
+#include "diagnostics/Console.h"
 #include "standin/dock/FaceProcess.h"
 #include "standin/dock/face/WindowSurface.h"
 #include "standin/dock/face/X11Surface.h"
-#include "standin/store/StandardStreams.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -38,7 +38,7 @@ std::optional<std::string> nextRecord(int socket, int flags) {
 
 // Without a platform the toolkit would have the process abort, and it would be started again and again.
 void surviveFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-  printError("Dock: " + text.toStdString() + "\n");
+  diagnostics::printErrorLine("Dock: " + text.toStdString());
   if (type == QtFatalMsg) {
     while (nextRecord(STDIN_FILENO, 0) != "") {
     }

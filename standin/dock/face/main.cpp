@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/face/Face.h"
-#include "standin/store/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {
@@ -15,7 +15,7 @@ int run(int argc, char** argv) {
   diagnostics::prepareStandardStreams();
   const auto [root, problem] = systemRoot();
   if (!root) {
-    printError("dock-face: " + problem + "\n");
+    diagnostics::printErrorLine("dock-face: " + problem);
     return 1;
   }
   return showFace(argc, argv, *root + "/Library/Application Support/Dock/desk");

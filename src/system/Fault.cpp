@@ -1,4 +1,4 @@
-#include "system/SystemFault.h"
+#include "system/Fault.h"
 
 #include <string>
 #include <system_error>
@@ -7,7 +7,7 @@
 
 namespace tarnwell::system {
 
-void systemFault(std::string_view action, int error) {
+void fault(std::string_view action, int error) {
   diagnostics::fault("cannot " + std::string(action) + ": " + std::generic_category().message(error));
 }
 
