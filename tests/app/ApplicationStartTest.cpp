@@ -15,8 +15,8 @@ TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
   EXPECT_EQ(
       application.milestones(),
       (Lines{"updater controller made", "main menu shown", "status item \"Utility App\": added",
-             "status item \"Utility App\": image dock.rectangle", "window settingslauncher: title",
-             "window settingslauncher: 0 x 0", "window settingslauncher: hidden",
+             "status item \"Utility App\": menu attached", "status item \"Utility App\": image dock.rectangle",
+             "window settingslauncher: title", "window settingslauncher: 0 x 0", "window settingslauncher: hidden",
              "window settingslauncher: 0 controls in order", "activate", "window settingslauncher: 1 controls in order",
              "window settingslauncher: 0 controls in order", "window com_apple_SwiftUI_Settings_window: title",
              "window com_apple_SwiftUI_Settings_window: 0 x 0", "window com_apple_SwiftUI_Settings_window: hidden",

@@ -84,7 +84,8 @@ TEST_F(AppDelegateTest, aRightClickPrintsRAndShowsTheMenu) {
   Lines titles;
   EXPECT_EQ(rightClick([&](auto& menu) { titles = menu.titles(); }), "R\n");
   EXPECT_EQ(titles, (Lines{"Toggle Dock Autohide", "Toggle Scroll to Exposé", "-", "Settings...", "-", "Quit"}));
-  EXPECT_EQ(platform.journal().lines(), (Lines{"status item \"\": menu opens", "status item \"\": menu closes"}));
+  EXPECT_EQ(platform.journal().lines(), (Lines{"status item \"\": menu attached", "status item \"\": menu opens",
+                                               "status item \"\": menu closes", "status item \"\": menu detached"}));
 }
 
 TEST_F(AppDelegateTest, entriesHaveNoTargetAndOnlyQuitHasAKey) {

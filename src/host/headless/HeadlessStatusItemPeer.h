@@ -26,6 +26,7 @@ class HeadlessStatusItemPeer final : public kit::StatusItemPeer {
   ~HeadlessStatusItemPeer() override;
 
   void popUp(kit::Menu& menu) override;
+  void menuChanged() override { note(item_.menu() ? "menu attached" : "menu detached"); }
 
  private:
   void note(const std::string& what) { journal_.note("status item \"" + item_.title() + "\": " + what); }

@@ -95,7 +95,7 @@ void Application::runTurn() {
 
 std::shared_ptr<MenuItem> Application::itemMatching(const KeyEvent& event) const {
   const auto isOffered = [this](const MenuItem& found) { return canChoose(found); };
-  auto item = openMenu_ != nullptr ? openMenu_->itemMatching(event, isOffered) : nullptr;
+  auto item = openMenus_.empty() ? nullptr : openMenus_.back()->itemMatching(event, isOffered);
   return item ? item : mainMenu_.itemMatching(event, isOffered);
 }
 
@@ -119,11 +119,17 @@ bool Application::giveToKeyWindow(const KeyEvent& event) {
   return meant;
 }
 
+void Application::menuOpens(Menu& menu) {
+  if (std::ranges::find(openMenus_, &menu) == openMenus_.end()) {
+    turn_.perform([&menu] { menu.willOpen(); });
+  }
+  openMenus_.push_back(&menu);
+}
+
 void Application::trackMenu(Menu& menu, const Action& show) {
-  menu.willOpen();
-  Menu* outer = std::exchange(openMenu_, &menu);
+  menuOpens(menu);
   turn_.nestedLoop(show);
-  openMenu_ = outer;
+  menuCloses();
 }
 
 bool Application::sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender) {

@@ -86,13 +86,18 @@ class Application final : public Object {
   void runTurn();
   bool hasWork() const { return !events_.empty() || !mainQueue_.isEmpty(); }
 
-  /// The entry that a key chooses: of the menu that is open or of the main menu, each in order. Null without one.
+  /// The entry that a key chooses: of the menu that opened last or of the main menu, each in order. Null without one.
   std::shared_ptr<MenuItem> itemMatching(const KeyEvent& event) const;
   /// Where keys that no focused control wants are matched: the entries of menus, then the key window.
   bool performKeyEquivalent(const KeyEvent& event);
 
-  /// A menu that is not the main one opens: its entries are made, then `show` runs as a nested loop, which ends when
-  /// the menu has closed.
+  /// A menu that is not the main one opens: its entries are made, unless it is open already, and its keys come first.
+  /// It must live until it closes.
+  void menuOpens(Menu& menu);
+  /// The menu that opened last has closed.
+  void menuCloses() { openMenus_.pop_back(); }
+
+  /// For a host that shows menus itself: opens one and runs `show` as a nested loop, which ends when it has closed.
   void trackMenu(Menu& menu, const Action& show);
 
   // Actions.
@@ -133,7 +138,7 @@ class Application final : public Object {
   std::deque<Event> events_;
   const Event* currentEvent_ = nullptr;
   Window* keyWindow_ = nullptr;
-  Menu* openMenu_ = nullptr;
+  std::vector<Menu*> openMenus_;
   std::map<std::type_index, std::any> singles_;
 };
 

@@ -25,6 +25,15 @@ StatusItem::StatusItem(Application& application, double length, std::string titl
 
 StatusItem::~StatusItem() = default;
 
+void StatusItem::setMenu(std::shared_ptr<Menu> menu) {
+  if (menu != menu_) {
+    menu_ = std::move(menu);
+    if (peer_) {
+      peer_->menuChanged();
+    }
+  }
+}
+
 void StatusItem::performClick() { click(Event::Type::leftMouseUp); }
 
 void StatusItem::mouseUp(Event::Type type) {

@@ -55,6 +55,10 @@ class StatusItemPeer {
 
   /// Shows `menu` at the icon and returns when it has closed.
   virtual void popUp(Menu& menu) = 0;
+
+  /// The item has another menu, or none. A platform that opens menus by itself is given it now, and tells the
+  /// application when it opens and closes it.
+  virtual void menuChanged() {}
 };
 
 /// An icon in the system's status bar. With a menu attached, a click of either button opens it; without one, the
@@ -77,7 +81,7 @@ class StatusItem final {
 
   const std::shared_ptr<Menu>& menu() const { return menu_; }
   /// Null detaches.
-  void setMenu(std::shared_ptr<Menu> menu) { menu_ = std::move(menu); }
+  void setMenu(std::shared_ptr<Menu> menu);
 
   /// As if the button had been clicked with the left mouse button; returns when a menu that opened has closed.
   void performClick();

@@ -13,12 +13,12 @@ void Toggle::setOn(bool on) {
   }
 }
 
-void Toggle::press() {
-  if (!isEnabled()) {
+void Toggle::choose(bool on) {
+  if (!isEnabled() || on == on_) {
     return;
   }
-  setOn(!on_);
-  send([action = action_, on = on_] {
+  setOn(on);
+  send([action = action_, on] {
     if (action) {
       action(on);
     }

@@ -21,8 +21,11 @@ class Toggle final : public Control {
   const Rect& labelFrame() const { return labelFrame_; }
   void setLabelFrame(const Rect& frame) { labelFrame_ = frame; }
 
-  /// The user's doing: the other way round.
-  void press();
+  // The user's doing.
+
+  void press() { choose(!on_); }
+  /// Where it stands already is no action.
+  void choose(bool on);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;

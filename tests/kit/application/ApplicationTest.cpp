@@ -64,6 +64,51 @@ TEST_F(ApplicationTest, aMenuIsFilledBeforeItIsShown) {
   EXPECT_EQ(notes, Lines{"made now"});
 }
 
+TEST_F(ApplicationTest, menusThatThePlatformOpensComeFirstWhileTheyAreOpen) {
+  const auto chosenAfter = [this](const std::function<void()>& change) {
+    change();
+    application->performKeyEquivalent(key("q").key());
+    return std::exchange(notes, {});
+  };
+  addEntry("main", "q");
+  Menu outer;
+  outer.addItem(entry("outer", "q"));
+  Menu inner;
+  inner.setOpenAction([&] { inner.setItems({entry("inner", "q")}); });
+  EXPECT_EQ(chosenAfter([&] { application->menuOpens(outer); }), Lines{"outer"});
+  EXPECT_EQ(chosenAfter([&] { application->menuOpens(inner); }), Lines{"inner"});
+  EXPECT_EQ(chosenAfter([&] { application->menuCloses(); }), Lines{"outer"});
+  EXPECT_EQ(chosenAfter([&] { application->menuCloses(); }), Lines{"main"});
+}
+
+TEST_F(ApplicationTest, aMenuThatIsOpenAlreadyKeepsItsEntries) {
+  Menu menu;
+  menu.setOpenAction([&] { menu.addItem(entry("made now", "")); });
+  application->trackMenu(menu, [&] {
+    // The platform tells of the menu that it was asked to show.
+    application->menuOpens(menu);
+    EXPECT_EQ(menu.items().size(), 1U);
+    application->menuCloses();
+  });
+  EXPECT_EQ(menu.items().size(), 1U);
+}
+
+TEST_F(ApplicationTest, whatAMenuChangesWhenThePlatformOpensItSettles) {
+  class Counting final : public Settler {
+   public:
+    bool settleStep() override { return false; }
+    void settled() override { ++count; }
+    int count = 0;
+  };
+  Counting settler;
+  application->turn().join(settler);
+  Menu menu;
+  application->menuOpens(menu);
+  EXPECT_EQ(settler.count, 1);
+  application->menuCloses();
+  application->turn().leave(settler);
+}
+
 TEST_F(ApplicationTest, theKeyWindowGetsWhatNoEntryWants) {
   Window window("", "");
   TextField field;

@@ -39,6 +39,17 @@ TEST_F(StatusItemTest, theButtonTellsOfAnotherImageOnce) {
   EXPECT_EQ(platform.journal().lines(), Lines{"status item \"Utility App\": image star"});
 }
 
+TEST_F(StatusItemTest, thePeerHearsOfAnotherMenuOnce) {
+  StatusItem item = makeItem();
+  platform.journal().clear();
+  const auto menu = std::make_shared<Menu>();
+  for (const auto& next : {menu, menu, std::shared_ptr<Menu>()}) {
+    item.setMenu(next);
+  }
+  EXPECT_EQ(platform.journal().lines(),
+            (Lines{"status item \"Utility App\": menu attached", "status item \"Utility App\": menu detached"}));
+}
+
 TEST_F(StatusItemTest, onlyTheReleasesThatWereAskedForSendTheAction) {
   StatusItem item = makeItem();
   item.button()->setAction("click:");

@@ -27,12 +27,24 @@ TEST(ToggleTest, everyPressTurnsItAndSendsWhereItStands) {
   EXPECT_EQ(toggle.told(), (Lines{"switch: value", "switch: value"}));
 }
 
+TEST(ToggleTest, choosingWhereItStandsIsNoAction) {
+  ShownControl<Toggle> toggle;
+  std::vector<bool> sent;
+  toggle->setAction([&sent](bool on) { sent.push_back(on); });
+  for (const bool on : {false, true, true, false}) {
+    toggle->choose(on);
+  }
+  EXPECT_EQ(sent, (std::vector<bool>{true, false}));
+  EXPECT_EQ(toggle.told(), (Lines{"switch: value", "switch: value"}));
+}
+
 TEST(ToggleTest, aDisabledOneIgnoresPresses) {
   ShownControl<Toggle> toggle;
   toggle->setAction([](bool) { FAIL() << "a disabled switch sent its action"; });
   toggle->setEnabled(false);
   toggle.told();
   toggle->press();
+  toggle->choose(true);
   EXPECT_FALSE(toggle->isOn());
   EXPECT_EQ(toggle.told(), Lines{});
 }
