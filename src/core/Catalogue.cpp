@@ -26,22 +26,6 @@ void Catalogue::writeMinEffect(MinEffect value) const {
   write("defaults write com.apple.dock mineffect -string ", text(value), restartOnSuccess);
 }
 
-double Catalogue::readDelaySpeed() const { return parseFloat(read("autohide-delay")); }
-
-double Catalogue::readAnimationSpeed() const { return parseFloat(readAndPrint("autohide-time-modifier")); }
-
-bool Catalogue::readScrollToExpose() const { return parseBool(readAndPrint("scroll-to-open", "SCROLL ")); }
-
-MinEffect Catalogue::readMinEffect() const {
-  return parseMinEffect(readAndPrint("mineffect")).value_or(MinEffect::genie);
-}
-
-bool Catalogue::readShowHidden() const { return parseBool(read("showhidden")); }
-
-bool Catalogue::readActiveAppsOnly() const { return parseBool(read("static-only")); }
-
-bool Catalogue::readSingleAppMode() const { return parseBool(read("single-app")); }
-
 void Catalogue::write(std::string_view prefix, std::string_view value, std::string_view suffix) const {
   runner_.runDetached(std::string(prefix).append(value).append(suffix));
 }

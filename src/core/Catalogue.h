@@ -5,6 +5,7 @@
 
 #include "core/CommandRunner.h"
 #include "core/MinEffect.h"
+#include "core/ValueText.h"
 
 namespace tarnwell::core {
 
@@ -24,13 +25,13 @@ class Catalogue {
   void writeMinEffect(MinEffect value) const;
 
   /// Each runs a read command to its end. Animation, scrolling and effect also print on the console what they read.
-  double readDelaySpeed() const;
-  double readAnimationSpeed() const;
-  bool readScrollToExpose() const;
-  MinEffect readMinEffect() const;
-  bool readShowHidden() const;
-  bool readActiveAppsOnly() const;
-  bool readSingleAppMode() const;
+  double readDelaySpeed() const { return parseFloat(read("autohide-delay")); }
+  double readAnimationSpeed() const { return parseFloat(readAndPrint("autohide-time-modifier")); }
+  bool readScrollToExpose() const { return parseBool(readAndPrint("scroll-to-open", "SCROLL ")); }
+  MinEffect readMinEffect() const { return parseMinEffect(readAndPrint("mineffect")).value_or(MinEffect::genie); }
+  bool readShowHidden() const { return parseBool(read("showhidden")); }
+  bool readActiveAppsOnly() const { return parseBool(read("static-only")); }
+  bool readSingleAppMode() const { return parseBool(read("single-app")); }
 
  private:
   void write(std::string_view prefix, std::string_view value, std::string_view suffix) const;

@@ -1,5 +1,6 @@
 #include "core/DockSettings.h"
 
+#include <tuple>
 #include <utility>
 
 #include "core/Preference.h"
@@ -18,16 +19,10 @@ DockSettings::DockSettings(Surroundings surroundings)
 
 template <class Settings, class Test>
 bool DockSettings::allOf(Settings& self, const Test& test) {
-  return test(preferences::delaySpeed, self.delaySpeed, self.delaySpeedCurrent, self.delaySpeedDefault) &&
-         test(preferences::animationSpeed, self.animationSpeed, self.animationSpeedCurrent,
-              self.animationSpeedDefault) &&
-         test(preferences::scrollToExpose, self.scrollToExpose, self.scrollToExposeCurrent,
-              self.scrollToExposeDefault) &&
-         test(preferences::minEffect, self.minEffect, self.minEffectCurrent, self.minEffectDefault) &&
-         test(preferences::showHidden, self.showHidden, self.showHiddenCurrent, self.showHiddenDefault) &&
-         test(preferences::activeAppsOnly, self.activeAppsOnly, self.activeAppsOnlyCurrent,
-              self.activeAppsOnlyDefault) &&
-         test(preferences::singleAppMode, self.singleAppMode, self.singleAppModeCurrent, self.singleAppModeDefault);
+  const auto testRow = [&](const auto& row) {
+    return test(row, self.*row.fields.edited, self.*row.fields.current, self.*row.fields.byDefault);
+  };
+  return std::apply([&](const auto&... row) { return (testRow(row) && ...); }, preferences);
 }
 
 template <class Action>

@@ -65,7 +65,8 @@ class DockSettings {
   bool singleAppMode = false;
 
  private:
-  /// Whether `test(preference, edited, current, byDefault)` holds for each row; stops at the first that fails it.
+  /// Whether `test(preference, edited, current, byDefault)` holds for each preference; stops at the first that fails
+  /// it.
   template <class Settings, class Test>
   static bool allOf(Settings& self, const Test& test);
   /// Calls `action` with the same for each row that this system knows.
