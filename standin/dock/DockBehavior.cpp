@@ -4,41 +4,13 @@
 #include <cstdint>
 
 #include "standin/dock/model/Reveal.h"
+#include "standin/store/OldStyleText.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {
 
-plist_t nodeOf(const StoredPreferences& stored, const char* key, plist_type type) {
-  if (stored.state != StoreState::sound) {
-    return nullptr;
-  }
-  plist_t node = plist_dict_get_item(stored.dictionary.get(), key);
-  return node != nullptr && plist_get_node_type(node) == type ? node : nullptr;
-}
-
-void read(const StoredPreferences& stored, const char* key, double& value) {
-  if (plist_t node = nodeOf(stored, key, PLIST_REAL)) {
-    plist_get_real_val(node, &value);
-    value = Reveal::usable(Reveal::Seconds(value)).count();
-  }
-}
-
-void read(const StoredPreferences& stored, const char* key, bool& value) {
-  if (plist_t node = nodeOf(stored, key, PLIST_BOOLEAN)) {
-    std::uint8_t stands = 0;
-    plist_get_bool_val(node, &stands);
-    value = stands != 0;
-  }
-}
-
-void read(const StoredPreferences& stored, const char* key, MinimizeEffect& value) {
-  if (plist_t node = nodeOf(stored, key, PLIST_STRING)) {
-    value = effectNamed(valueText(node));
-  }
-}
-
-/// Meets each key with its value, so that reading and listing have one table.
+/// Meets each key with its value, so that reading, listing and logging have one table.
 template <class Behavior, class Visitor>
 void visit(Behavior& behavior, const Visitor& visitor) {
   visitor("autohide-delay", behavior.autohideDelay);
@@ -48,6 +20,42 @@ void visit(Behavior& behavior, const Visitor& visitor) {
   visitor("showhidden", behavior.showHidden);
   visitor("static-only", behavior.staticOnly);
   visitor("single-app", behavior.singleApp);
+}
+
+// The type that a preference has in the store.
+plist_type storedTypeOf(double /*value*/) { return PLIST_REAL; }
+plist_type storedTypeOf(bool /*value*/) { return PLIST_BOOLEAN; }
+plist_type storedTypeOf(MinimizeEffect /*value*/) { return PLIST_STRING; }
+
+// From a node of that type.
+void read(plist_t node, double& value) {
+  plist_get_real_val(node, &value);
+  value = Reveal::usable(Reveal::Seconds(value)).count();
+}
+
+void read(plist_t node, bool& value) {
+  std::uint8_t stands = 0;
+  plist_get_bool_val(node, &stands);
+  value = stands != 0;
+}
+
+void read(plist_t node, MinimizeEffect& value) { value = effectNamed(valueText(node)); }
+
+std::string foundText(const StoredPreferences& stored, const char* key, plist_type type) {
+  if (stored.state == StoreState::absent) {
+    return "absent";
+  }
+  if (stored.state != StoreState::sound) {
+    return "unreadable";
+  }
+  plist_t node = plist_dict_get_item(stored.dictionary.get(), key);
+  if (node == nullptr) {
+    return "absent";
+  }
+  if (plist_get_node_type(node) != type) {
+    return std::string("wrong-type(") + typeName(node) + ")";
+  }
+  return quotedText(valueText(node));
 }
 
 std::string textOf(double value) { return realText(value); }
@@ -68,8 +76,24 @@ void take(std::string_view text, MinimizeEffect& value) { value = effectNamed(te
 
 DockBehavior dockBehavior(const StoredPreferences& stored) {
   DockBehavior behavior;
-  visit(behavior, [&](const char* key, auto& value) { read(stored, key, value); });
+  if (stored.state == StoreState::sound) {
+    visit(behavior, [&](const char* key, auto& value) {
+      plist_t node = plist_dict_get_item(stored.dictionary.get(), key);
+      if (node != nullptr && plist_get_node_type(node) == storedTypeOf(value)) {
+        read(node, value);
+      }
+    });
+  }
   return behavior;
+}
+
+std::string logText(const StoredPreferences& stored) {
+  constexpr DockBehavior unset;
+  std::string text;
+  visit(unset, [&](const std::string& key, const auto& value) {
+    text += (text.empty() ? "" : " ") + key + "=" + foundText(stored, key.c_str(), storedTypeOf(value));
+  });
+  return text;
 }
 
 std::string listText(const DockBehavior& behavior) {

@@ -23,6 +23,11 @@ struct DockBehavior {
 
 DockBehavior dockBehavior(const StoredPreferences& stored);
 
+/// What the store holds for each preference, as "key=value" with blanks between them. A key that is not there is
+/// "key=absent", one of a type that the Dock does not take "key=wrong-type(integer)"; without a readable store each is
+/// "key=unreadable". The text is always one line.
+std::string logText(const StoredPreferences& stored);
+
 /// One "key value" a line, with the names and in the order of the preferences.
 std::string listText(const DockBehavior& behavior);
 

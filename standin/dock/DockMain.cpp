@@ -21,7 +21,6 @@
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
-#include "standin/dock/DockSettings.h"
 #include "standin/dock/FaceProcess.h"
 #include "standin/store/Domain.h"
 #include "standin/store/SystemRoot.h"
@@ -52,7 +51,7 @@ void setTermination(int how) {
 }
 
 void logSettings(const std::string& root, const StoredPreferences& stored) {
-  const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + dockSettingsText(stored);
+  const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + logText(stored);
   if (!appendToDockLog(logsFolder(root), line)) {
     // A Dock without a log is still a Dock.
     diagnostics::printError(std::string("Dock: cannot write its log: ") +
