@@ -13,7 +13,8 @@ packages_for() {
       [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
       ;;
     # The sources of locales are there for a test that makes a locale with a decimal comma.
-    test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 clang-format-14 clang-tidy-14 shellcheck ;;
+    test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 ;;
+    lint) echo clang-format-14 clang-tidy-14 shellcheck python3 ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     desktop) echo at-spi2-core python3-pyatspi sway weston wtype qt6-wayland gir1.2-gtk-3.0 ;;
@@ -25,9 +26,10 @@ commands_for() {
   case $1 in
     build) echo c++ cmake ninja pkg-config ;;
     run) echo zsh ;;
-    test) echo dpkg-deb python3 clang-format-14 run-clang-tidy-14 shellcheck ;;
+    test) echo dpkg-deb localedef openssl python3 ;;
+    lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
-    desktop) echo sway weston wtype ;;
+    desktop) echo sway swaymsg weston wtype ;;
   esac
 }
 
