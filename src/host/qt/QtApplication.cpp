@@ -66,9 +66,13 @@ void QtApplication::openUrl(const std::string& address) {
   }
 }
 
-int QtApplication::run() { return QApplication::exec(); }
+int QtApplication::run() {
+  isQuitting_ = false;
+  return QApplication::exec();
+}
 
 void QtApplication::quit(int status) {
+  isQuitting_ = true;
   // Not quit(): that asks every window first.
   QCoreApplication::exit(status);
 }

@@ -30,6 +30,8 @@ class QtApplication {
   /// Until `quit`; returns its status.
   int run();
   void quit(int status = 0);
+  /// The loop may handle some events more.
+  bool isQuitting() const { return isQuitting_; }
 
  private:
   QtApplication(int argc, char** argv);
@@ -38,6 +40,7 @@ class QtApplication {
   system::ChildReaper openers_;
   QApplication application_;
   QtHost host_;
+  bool isQuitting_ = false;
 };
 
 }  // namespace tarnwell::host_qt

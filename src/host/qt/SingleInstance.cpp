@@ -1,5 +1,8 @@
 #include "host/qt/SingleInstance.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTimer>
+#include <chrono>
 #include <utility>
 
 #include "diagnostics/Console.h"
@@ -11,6 +14,9 @@ namespace {
 
 // The other one may end between being found and being asked.
 constexpr int tries = 3;
+
+// Keys wait at another descriptor, which a thread of the toolkit's reads.
+constexpr auto keysFirst = std::chrono::milliseconds(50);
 
 }  // namespace
 
@@ -26,6 +32,7 @@ std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) 
 }
 
 bool SingleInstance::listen(QtApplication& application) {
+  application_ = &application;
   if (socket_) {
     application.watch(socket_->descriptor(), [this] {
       if (const auto token = socket_->receive()) {
@@ -44,12 +51,20 @@ std::optional<std::string> SingleInstance::release() {
   }
   auto late = socket_ ? socket_->stopListening() : std::nullopt;
   socket_.reset();
-  return late;
+  return late || !waiting_ ? late : waiting_->token;
 }
 
-void SingleInstance::ask(const ApplicationService::Request& request) const {
-  if (asked_) {
-    asked_(request);
+// Of several at once the newest will do: its permission is the freshest.
+void SingleInstance::ask(const ApplicationService::Request& request) {
+  if (!std::exchange(waiting_, request)) {
+    QTimer::singleShot(keysFirst, qApp, [this]() noexcept { passOn(); });
+  }
+}
+
+void SingleInstance::passOn() {
+  // The event that has ended the loop need not be the last that it handles.
+  if (asked_ && !application_->isQuitting()) {
+    asked_(*std::exchange(waiting_, std::nullopt));
   }
 }
 

@@ -47,7 +47,10 @@ class Started {
   }
 
   /// Lets one that is busy go on.
-  void goOn() { process_.write("."); }
+  void goOn() {
+    process_.write(".");
+    process_.waitForBytesWritten();
+  }
 
   void signal(int number) const { ::kill(static_cast<pid_t>(process_.processId()), number); }
 
@@ -168,6 +171,17 @@ TEST_P(SingleInstanceTest, oneThatIsEndingKnowsOfAStartThatReliedOnIt) {
   EXPECT_EQ(first.line(), "too late for \"permission\"");
   // Before the process has ended.
   EXPECT_EQ(Started(environment_).line(), "first");
+}
+
+TEST_P(SingleInstanceTest, startIsNotLostWhereAQuitWaitsToo) {
+  Started first(environment_);
+  ASSERT_EQ(first.line(), "first");
+  first.signal(SIGSTOP);
+  EXPECT_EQ(Started(withToken(environment_, "permission")).line(), "handed over");
+  // Without "busy" it quits at the first byte.
+  first.goOn();
+  first.signal(SIGCONT);
+  EXPECT_EQ(first.line(), "too late for \"permission\"");
 }
 
 TEST_P(SingleInstanceTest, temporaryFolderDoesWhereThereIsNoneForTheSession) {

@@ -4,7 +4,6 @@
 #include <QtDBus/QDBusMessage>
 
 #include "host/qt/bus/BusValue.h"
-#include "host/qt/session/RunLater.h"
 #include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
@@ -99,13 +98,9 @@ BusReply<> ApplicationService::open(const QStringList& /*uris*/, const BusDictio
 
 BusReply<> ApplicationService::activateAction(const QString& action, const BusList<QDBusVariant>& /*parameter*/,
                                               const BusDictionary& platformData) {
-  const Request request = {.action = action.toStdString(), .token = tokenOf(platformData)};
-  // After the answer, for which another start waits.
-  runLater(*this, [this, request] {
-    if (asked_) {
-      asked_(request);
-    }
-  });
+  if (asked_) {
+    asked_({.action = action.toStdString(), .token = tokenOf(platformData)});
+  }
   return {};
 }
 

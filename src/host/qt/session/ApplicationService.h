@@ -21,7 +21,7 @@ class ApplicationService final : public BusObject {
   };
   using Asked = std::function<void(const Request&)>;
 
-  /// Hears of each request. Requests wait for the event loop.
+  /// Hears of each request before it is answered, for which another start waits.
   void setAsked(Asked asked) { asked_ = std::move(asked); }
 
   enum class Claim { ours, others, unavailable };
