@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/qt/window/FixedSizeGuard.h"
+#include "host/qt/window/FramePace.h"
 #include "kit/host/KeyEvent.h"
 
 namespace tarnwell::host_qt {
@@ -26,6 +27,7 @@ class Panel : public QWidget {
  private:
   std::function<void(const kit::KeyEvent&)> keys_;
   FixedSizeGuard guard_{*this};
+  FramePace pace_{*this};
 };
 
 }  // namespace tarnwell::host_qt

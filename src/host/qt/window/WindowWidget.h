@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/qt/window/FixedSizeGuard.h"
+#include "host/qt/window/FramePace.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -44,6 +45,7 @@ class WindowWidget final : public QWidget {
   KeyRoute& keys_;
   std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
   FixedSizeGuard guard_{*this};
+  FramePace pace_{*this};
 };
 
 }  // namespace tarnwell::host_qt
