@@ -1,6 +1,7 @@
 #include "host/qt/QtPlatform.h"
 
 #include <QtCore/QThread>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <algorithm>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "host/qt/menus/MenuBar.h"
 #include "host/qt/panels/Panel.h"
 #include "host/qt/session/ActivationToken.h"
+#include "host/qt/session/KeyboardFocus.h"
 #include "host/qt/session/RunLater.h"
 #include "host/qt/tray/StatusIcon.h"
 #include "host/qt/tray/TrayNotice.h"
@@ -35,8 +37,6 @@ void forEachWindow(const Visit& visit) {
     }
   }
 }
-
-bool isMenu(const QWindow* window) { return window != nullptr && window->type() == Qt::Popup; }
 
 bool isPanel(const QWindow* window) {
   const auto widgets = QApplication::topLevelWidgets();
@@ -123,9 +123,7 @@ void QtPlatform::orderFrontStandardAboutPanel() {
       }
     });
   }
-  // The toolkit takes its time to say that a window that was closed has lost the keyboard.
-  const bool isInFront = front_ && front_->isVisible();
-  aboutPanel_->orderFront(isInFront ? Panel::Manner::inFront : Panel::Manner::quiet);
+  aboutPanel_->orderFront(hasKeyboard() ? Panel::Manner::inFront : Panel::Manner::quiet);
 }
 
 void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
@@ -159,10 +157,7 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
 
 void QtPlatform::followKeyWindow(kit::Application& application) {
   QObject::connect(
-      qApp, &QGuiApplication::focusWindowChanged, &context_,
-      [this, known = weak(application)](QWindow* focused) noexcept {
-        // A menu of ours may stand over somebody else's window, and has the focus there as well.
-        front_ = isMenu(focused) ? front_.data() : focused;
+      qApp, &QGuiApplication::focusWindowChanged, &context_, [known = weak(application)](QWindow* focused) noexcept {
         const auto alive = known.lock();
         if (!alive) {
           return;

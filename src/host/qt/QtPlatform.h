@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
-#include <QtGui/QWindow>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -77,7 +75,6 @@ class QtPlatform final : public kit::Platform {
   std::unique_ptr<AboutPanel> aboutPanel_;
   std::optional<kit::AppleEvent> currentEvent_;
   bool turnIsDue_ = false;
-  QPointer<QWindow> front_;  // The window of ours that has the keyboard.
 };
 
 }  // namespace tarnwell::host_qt

@@ -28,6 +28,13 @@ xcb_window_t x11RootWindow() {
   return screens.data->root;
 }
 
+bool x11FocusIsOurs() {
+  const XcbReply<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(x11Display(), xcb_get_input_focus(x11Display()), nullptr));
+  const xcb_setup_t* setup = xcb_get_setup(x11Display());
+  return reply && (reply->focus & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
 xcb_intern_atom_cookie_t askForAtom(const std::string& name) {
   return xcb_intern_atom(x11Display(), 0, static_cast<std::uint16_t>(name.size()), name.data());
 }

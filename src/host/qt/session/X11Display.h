@@ -22,6 +22,9 @@ xcb_connection_t* x11Display();
 int x11ScreenNumber();
 xcb_window_t x11RootWindow();
 
+/// Whether keys go to a window of the toolkit's, as the server knows it.
+bool x11FocusIsOurs();
+
 // An answer can be awaited after more has been asked.
 
 xcb_intern_atom_cookie_t askForAtom(const std::string& name);

@@ -9,6 +9,7 @@
 #include "host/qt/bus/SessionBus.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/menus/MenuWidget.h"
+#include "host/qt/session/KeyboardFocus.h"
 #include "host/qt/session/RunLater.h"
 #include "host/qt/session/X11Display.h"
 #include "host/qt/tray/TrayWatch.h"
@@ -36,7 +37,10 @@ StatusIcon::StatusIcon(kit::StatusItem& item, TrayWatch& watch, const Theme& the
 
 StatusIcon::~StatusIcon() = default;
 
-void StatusIcon::popUp(kit::Menu& menu) { MenuWidget(item_.application(), menu, theme_).exec(menuPosition()); }
+void StatusIcon::popUp(kit::Menu& menu) {
+  admitLossOfKeyboard();
+  MenuWidget(item_.application(), menu, theme_).exec(menuPosition());
+}
 
 bool StatusIcon::eventFilter(QObject* object, QEvent* event) noexcept {
   if (event->type() == QEvent::ApplicationPaletteChange && object == qApp) {
