@@ -1,21 +1,11 @@
-# Every library that is not ours.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg DBus)
-find_package(ICU REQUIRED COMPONENTS i18n uc)
-find_package(CLI11 REQUIRED)
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(curl REQUIRED libcurl)
-pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
-pkg_check_modules(expat REQUIRED IMPORTED_TARGET expat)
-pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
-pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb)
-pkg_check_modules(systemd REQUIRED IMPORTED_TARGET libsystemd)
+# What more than one folder wants of other libraries. Each asks for the rest itself, and may be linked from anywhere.
+set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
+
+if("qt" IN_LIST TARNWELL_HOSTS OR (TARNWELL_BUILD_STANDINS AND TARNWELL_BUILD_DOCK_FACE) OR TARNWELL_BUILD_BENCHMARKS)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg DBus)
+endif()
 
 if(TARNWELL_BUILD_TESTS)
   find_package(GTest REQUIRED)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
   include(GoogleTest)
-endif()
-
-if(TARNWELL_BUILD_BENCHMARKS)
-  find_package(benchmark REQUIRED)
 endif()

@@ -41,9 +41,13 @@ function(precompiled_headers name kind)
 endfunction()
 
 precompiled_headers(tarnwell_precompiled LIBRARY HEADERS ${standard_headers})
-precompiled_headers(tarnwell_precompiled_qt LIBRARY HEADERS ${toolkit_headers} LINKS Qt6::Widgets Qt6::DBus)
+if(TARGET Qt6::Widgets)
+  precompiled_headers(tarnwell_precompiled_qt LIBRARY HEADERS ${toolkit_headers} LINKS Qt6::Widgets Qt6::DBus)
+endif()
 if(TARNWELL_BUILD_TESTS)
   precompiled_headers(tarnwell_precompiled_test EXECUTABLE HEADERS ${standard_headers} <gtest/gtest.h> LINKS GTest::gtest)
-  precompiled_headers(tarnwell_precompiled_qt_test EXECUTABLE HEADERS ${toolkit_headers} <gtest/gtest.h>
-                      LINKS Qt6::Widgets Qt6::DBus GTest::gtest)
+  if(TARGET Qt6::Widgets)
+    precompiled_headers(tarnwell_precompiled_qt_test EXECUTABLE HEADERS ${toolkit_headers} <gtest/gtest.h>
+                        LINKS Qt6::Widgets Qt6::DBus GTest::gtest)
+  endif()
 endif()

@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(tools, SystemRootTest,
                          testing::Values(Words{DEFAULTS_PATH, "read", "com.apple.dock", "k"},
                                          Words{DEFAULTS_PATH, "write", "com.apple.dock", "k", "v"},
                                          Words{DEFAULTS_PATH, "domains"}, Words{KILLALL_PATH, "Dock"},
-                                         Words{DOCK_PATH, "--no-window"}, Words{DOCK_PATH, "--list"}, Words{FACE_PATH},
+                                         Words{DOCK_PATH, "--no-window"}, Words{DOCK_PATH, "--list"},
                                          Words{SUPERVISOR_PATH}));
 
 TEST(SystemRootNameTest, mayHoldAnyLetter) {

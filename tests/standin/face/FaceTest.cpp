@@ -376,5 +376,11 @@ TEST(FaceTest, showsNothingWithoutAWindowOrADisplay) {
   EXPECT_FALSE(waitFor([&] { return !isRunning(lost.id()); }, std::chrono::milliseconds(500)));
 }
 
+TEST(FaceTest, refusesARootThatIsNotUtf8) {
+  const Outcome outcome = run({FACE_PATH}, {"MACOS_ROOT=/tmp/\xff", "PATH=/usr/bin:/bin"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.errors.find("MACOS_ROOT is not UTF-8"), std::string::npos) << outcome.errors;
+}
+
 }  // namespace
 }  // namespace tarnwell::standin
