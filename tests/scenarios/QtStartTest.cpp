@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QEvent>
+#include <algorithm>
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/session/FakePortal.h"
 #include "host/qt/tray/PanelThread.h"
 #include "host/qt/tray/TrayNotice.h"
@@ -46,6 +48,13 @@ const QWidget& noticeIn(const QWidget& window) {
   throw std::logic_error("the window has no notice");
 }
 
+bool scrolls(const QWidget& window) {
+  const auto children = window.findChildren<QWidget*>();
+  return std::any_of(children.begin(), children.end(), [](const QWidget* child) {
+    return dynamic_cast<const host_qt::ScrollBarOverlay*>(child) != nullptr && child->isVisible();
+  });
+}
+
 TEST(QtStart, theIconIsInTheTrayBeforeASettingIsRead) {
   const PanelThread panel(Answers::inTime);
   int icons = 0;
@@ -85,6 +94,14 @@ TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
   host_qt::driver::settle();
   EXPECT_TRUE(tarnwell.pictures().front().isDark);
   EXPECT_FALSE(tarnwell.hasChangedItsLook());
+}
+
+TEST(QtStart, theNoticeTakesNoMoreOfTheWindowThanItsLines) {
+  QtStartedTarnwell tarnwell(wait);
+  ASSERT_TRUE(tarnwell.showsSettings());
+  ASSERT_TRUE(noticeIn(tarnwell.settings()).isVisible());
+  constexpr int tallest = 700;
+  EXPECT_TRUE(tarnwell.settings().height() == tallest || !scrolls(tarnwell.settings())) << tarnwell.settings().height();
 }
 
 TEST(QtStart, theNoticeThatThereIsNoTrayIsInTheWindowFromTheStart) {

@@ -19,8 +19,8 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
 
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
-  double availableHeight() const override { return room_.availableHeight; }
-  double chromeHeight() const override { return room_.chromeHeight; }
+  double availableHeight(double /*width*/) const override { return room_.availableHeight; }
+  double chromeHeight(double /*width*/) const override { return room_.chromeHeight; }
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;

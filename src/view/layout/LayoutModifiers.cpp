@@ -35,8 +35,8 @@ class FrameNode final : public PassThroughNode {
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     const Frame& frame = valueAs<FrameModifier>().frame;
-    const std::optional<double> most = maxHeight();
     kit::Measurement inner = child().measure(within(proposal));
+    const std::optional<double> most = maxHeight(inner.size.width);
     if (most && inner.size.height > *most) {
       // Proposed again, so that the content knows that it is cut and can scroll.
       inner = child().measure({.width = within(proposal).width, .height = most});
@@ -60,10 +60,10 @@ class FrameNode final : public PassThroughNode {
   }
 
  private:
-  std::optional<double> maxHeight() const {
+  std::optional<double> maxHeight(double width) const {
     const std::optional<double> most = valueAs<FrameModifier>().frame.maxHeight;
     // What frames the whole content of a window frames a menu bar in it too.
-    return most && isOutermost() ? std::max(0.0, *most - tree().chromeHeight()) : most;
+    return most && isOutermost() ? std::max(0.0, *most - tree().chromeHeight(width)) : most;
   }
 
   kit::Proposal within(kit::Proposal proposal) const {
@@ -74,8 +74,8 @@ class FrameNode final : public PassThroughNode {
     if (frame.height) {
       proposal.height = frame.height;
     }
-    if (const std::optional<double> most = maxHeight(); most && proposal.height) {
-      proposal.height = std::min(*proposal.height, *most);
+    if (proposal.width && proposal.height) {
+      proposal.height = std::min(*proposal.height, maxHeight(*proposal.width).value_or(*proposal.height));
     }
     return proposal;
   }

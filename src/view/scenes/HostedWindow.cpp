@@ -54,7 +54,7 @@ void HostedWindow::settled() {
 
 void HostedWindow::layOut() {
   kit::Size size = tree_->root().measure({}).size;
-  size.height = std::min(size.height, window_.peer()->availableHeight());
+  size.height = std::min(size.height, window_.peer()->availableHeight(size.width));
   window_.setContentSize(size);
   tree_->root().place({.width = size.width, .height = size.height});
 }

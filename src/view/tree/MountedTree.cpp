@@ -60,9 +60,9 @@ void MountedTree::setShown(bool shown) {
   }
 }
 
-double MountedTree::chromeHeight() const {
+double MountedTree::chromeHeight(double width) const {
   const auto* window = dynamic_cast<const kit::WindowPeer*>(rootPeer_);
-  return window != nullptr ? window->chromeHeight() : 0;
+  return window != nullptr ? window->chromeHeight(width) : 0;
 }
 
 std::vector<kit::Control*> MountedTree::controls() const {

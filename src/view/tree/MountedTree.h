@@ -46,8 +46,8 @@ class MountedTree final : public kit::Settler {
   kit::Host& host() const { return *host_; }
   kit::Peer& rootPeer() const { return *rootPeer_; }
 
-  /// Of the window that it is mounted in, what is not the content's; 0 for any other place.
-  double chromeHeight() const;
+  /// Of the window that it is mounted in, at that width, what is not the content's; 0 for any other place.
+  double chromeHeight(double width) const;
 
   /// Every control in the order of the tree, with what stands in hosting views.
   std::vector<kit::Control*> controls() const;

@@ -160,14 +160,15 @@ void WindowPeer::place(const kit::Rect& frame) noexcept {
   }
 }
 
-double WindowPeer::availableHeight() const {
+double WindowPeer::availableHeight(double width) const {
   const QRect room = widget_->screen()->availableGeometry();
   const int frame = widget_->frameGeometry().height() - widget_->height();
-  return room.height() - (frame > 0 ? frame : usualFrame) - chromeHeight();
+  return room.height() - (frame > 0 ? frame : usualFrame) - chromeHeight(width);
 }
 
-double WindowPeer::chromeHeight() const {
-  return widget_ ? heightOf(above_, widget_->width()) + heightOf(below_, widget_->width()) : 0;
+double WindowPeer::chromeHeight(double width) const {
+  const int whole = static_cast<int>(std::ceil(width));
+  return widget_ ? heightOf(above_, whole) + heightOf(below_, whole) : 0;
 }
 
 void WindowPeer::miniaturize() noexcept {

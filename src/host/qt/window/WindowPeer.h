@@ -42,8 +42,8 @@ class WindowPeer final : public kit::WindowPeer, public Container {
 
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
-  double availableHeight() const override;
-  double chromeHeight() const override;
+  double availableHeight(double width) const override;
+  double chromeHeight(double width) const override;
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;

@@ -67,7 +67,7 @@ TEST(MenuBarTest, standsOnlyInTheWindowThatCarriesTheMenu) {
   kit::Window other("other", "Other");
   other.attach(desktop.platform().host().peer(other));
   EXPECT_EQ(driver::widget(other).findChild<QMenuBar*>(), nullptr);
-  EXPECT_EQ(other.peer()->chromeHeight(), 0);
+  EXPECT_EQ(other.peer()->chromeHeight(300), 0);
   other.attach(nullptr);
 }
 
@@ -75,7 +75,7 @@ TEST(MenuBarTest, standsAboveTheContentAndIsPartOfTheWindowsHeight) {
   Desktop desktop;
   desktop.addMenu("Menu", {});
   desktop.showWindow();
-  const double bar = desktop.window().peer()->chromeHeight();
+  const double bar = desktop.window().peer()->chromeHeight(300);
   EXPECT_GE(bar, desktop.menuBar().height());
   EXPECT_EQ(driver::widget(desktop.window()).height(), 300 + bar);
   auto& field = desktop.add(std::make_unique<kit::TextField>(), {.x = 0, .y = 0, .width = 50, .height = 22});

@@ -30,7 +30,8 @@ TEST(TrayNoticeTest, saysThatThereIsNoTray) {
   ASSERT_TRUE(becomes([&desktop] { return noticeIn(desktop).isVisible(); }));
   const QWidget& notice = noticeIn(desktop);
   EXPECT_EQ(notice.geometry().bottom(), driver::widget(desktop.window()).rect().bottom());
-  EXPECT_EQ(desktop.window().peer()->chromeHeight() + 300, driver::widget(desktop.window()).height());
+  EXPECT_EQ(desktop.window().peer()->chromeHeight(driver::widget(desktop.window()).width()) + 300,
+            driver::widget(desktop.window()).height());
   EXPECT_FALSE(notice.accessibleName().isEmpty());
 }
 
@@ -139,7 +140,8 @@ TEST(TrayNoticeTest, isSaidOnce) {
   desktop.window().setVisible(true);
   driver::settle();
   EXPECT_FALSE(noticeIn(desktop).isVisible());
-  EXPECT_EQ(driver::widget(desktop.window()).height(), 300 + desktop.window().peer()->chromeHeight());
+  EXPECT_EQ(driver::widget(desktop.window()).height(),
+            300 + desktop.window().peer()->chromeHeight(driver::widget(desktop.window()).width()));
 }
 
 }  // namespace
