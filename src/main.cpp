@@ -152,8 +152,8 @@ int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   if (!executable) {
     return failed(executable.error().message, EXIT_FAILURE);
   }
-  if (const auto failure = host_linux::putStandInsFirst()) {
-    return failed(failure->message, EXIT_FAILURE);
+  if (const auto placed = host_linux::putStandInsFirst(); !placed) {
+    return failed(placed.error().message, EXIT_FAILURE);
   }
   return startOnDesktop(argc, argv, {.launch = launch, .version = *version, .executable = *executable});
 }

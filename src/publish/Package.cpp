@@ -17,7 +17,7 @@ system::Result<Package> Package::open(const std::filesystem::path& file) {
       system::aboveStandardStreams(system::Descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)));
   struct stat status = {};
   if (!opened || ::fstat(opened.number(), &status) != 0) {
-    return system::Failure{"cannot read " + file.string() + ": " + std::system_category().message(errno)};
+    return system::systemFailure("cannot read " + file.string());
   }
   if (!S_ISREG(status.st_mode)) {
     return system::Failure{file.string() + " is not a file"};

@@ -7,14 +7,15 @@
 #include <ctime>
 #include <system_error>
 
-#include "publish/FeedLock.h"
 #include "publish/FeedText.h"
 #include "publish/NewItem.h"
 #include "publish/Package.h"
 #include "publish/ReleaseCheck.h"
 #include "publish/SecretKey.h"
+#include "system/AtomicFile.h"
 #include "system/Descriptor.h"
-#include "system/ReplaceFile.h"
+#include "system/FileLock.h"
+#include "system/Folders.h"
 
 namespace tarnwell::publish {
 namespace {
@@ -96,6 +97,12 @@ system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, 
   return std::move(text);
 }
 
+/// The folder is made where it is missing.
+system::Result<system::FileLock> lockOn(const fs::path& folder) {
+  return system::makeFolders(folder) ? system::FileLock::takeFolder(folder, system::FileLock::unlimited)
+                                     : system::systemFailure("cannot lock " + folder.string());
+}
+
 /// What a symbolic link leads to is replaced, and not the link.
 fs::path realPathOf(const fs::path& feed) {
   std::error_code error;
@@ -105,9 +112,9 @@ fs::path realPathOf(const fs::path& feed) {
 
 }  // namespace
 
-std::optional<system::Failure> publishRelease(const Release& release, const fs::path& feed) {
+system::Result<void> publishRelease(const Release& release, const fs::path& feed) {
   if (auto objection = objectionTo(release)) {
-    return objection;
+    return *std::move(objection);
   }
   const auto key = SecretKey::read(release.privateKey);
   if (!key) {
@@ -122,7 +129,8 @@ std::optional<system::Failure> publishRelease(const Release& release, const fs::
     return item.error();
   }
   const fs::path real = realPathOf(feed);
-  const auto lock = FeedLock::take(real);
+  // What is locked is the folder: no file is left there, and the feed can be replaced by another file meanwhile.
+  const auto lock = lockOn(system::folderOf(real));
   if (!lock) {
     return lock.error();
   }

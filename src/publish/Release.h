@@ -25,6 +25,6 @@ struct Release {
 /// Signs the package and puts an item for it into the feed in that file, which is made where there is none, once no
 /// other publisher is at it. Wholly or not at all: not where the updater would not offer the item or not believe the
 /// package. Returns why not.
-std::optional<system::Failure> publishRelease(const Release& release, const std::filesystem::path& feed);
+system::Result<void> publishRelease(const Release& release, const std::filesystem::path& feed);
 
 }  // namespace tarnwell::publish

@@ -23,7 +23,7 @@ using updater::decodeBase64;
 using updater::encodeBase64;
 
 system::Failure systemFailure(const std::string& what, const std::filesystem::path& file) {
-  return {what + " " + file.string() + ": " + std::system_category().message(errno)};
+  return system::systemFailure(what + " " + file.string());
 }
 
 /// Both halves of a key pair, as the library has them.
@@ -79,19 +79,19 @@ system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
   return key;
 }
 
-std::optional<system::Failure> SecretKey::store(const std::filesystem::path& file) const {
+system::Result<void> SecretKey::store(const std::filesystem::path& file) const {
   const system::Descriptor created(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (!created) {
     return systemFailure("cannot make", file);
   }
   std::string text = encodeBase64(seed_) + "\n";
   const bool isWritten = created.writeAll(text) && ::fsync(created.number()) == 0;
-  auto failure = isWritten ? std::nullopt : std::optional(systemFailure("cannot write", file));
+  auto result = isWritten ? system::Result<void>() : systemFailure("cannot write", file);
   sodium_memzero(text.data(), text.size());
-  if (failure) {
+  if (!result) {
     ::unlink(file.c_str());
   }
-  return failure;
+  return result;
 }
 
 std::string SecretKey::publicText() const { return encodeBase64(KeyPair(seed_.data()).open); }

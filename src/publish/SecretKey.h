@@ -22,7 +22,7 @@ class SecretKey {
   ~SecretKey();
 
   /// Into a new file that only its owner can read; never over one that is there.
-  std::optional<system::Failure> store(const std::filesystem::path& file) const;
+  system::Result<void> store(const std::filesystem::path& file) const;
 
   /// The public half, in base64.
   std::string publicText() const;

@@ -19,39 +19,39 @@ namespace {
 
 constexpr int wrongUsage = 2;
 
-std::optional<system::Failure> makeKey(const std::string& file) {
+system::Result<void> makeKey(const std::string& file) {
   const SecretKey key = SecretKey::generate();
-  auto failure = key.store(file);
-  if (!failure) {
+  auto stored = key.store(file);
+  if (stored) {
     diagnostics::printLine(key.publicText());
   }
-  return failure;
+  return stored;
 }
 
-std::optional<system::Failure> showPublicKey(const std::string& file) {
+system::Result<void> showPublicKey(const std::string& file) {
   const auto key = SecretKey::read(file);
   if (!key) {
     return key.error();
   }
   diagnostics::printLine(key->publicText());
-  return std::nullopt;
+  return {};
 }
 
-std::optional<system::Failure> showSignature(const std::string& keyFile, const std::string& package) {
+system::Result<void> showSignature(const std::string& keyFile, const std::string& package) {
   const auto key = SecretKey::read(keyFile);
   if (!key) {
     return key.error();
   }
   const system::Descriptor file(::open(package.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file) {
-    return system::Failure{"cannot read " + package + ": " + std::system_category().message(errno)};
+    return system::systemFailure("cannot read " + package);
   }
   const auto signature = key->sign(file.number());
   if (!signature) {
     return system::Failure{package + ": " + signature.error().message};
   }
   diagnostics::printLine(*signature);
-  return std::nullopt;
+  return {};
 }
 
 /// What was typed, and what is to be done with it.
@@ -60,7 +60,7 @@ struct Command {
   std::string package = {};
   std::string feed = {};
   Release release = {};
-  std::function<std::optional<system::Failure>()> run = {};
+  std::function<system::Result<void>()> run = {};
 };
 
 void addKeyCommands(CLI::App& app, Command& command) {
@@ -104,8 +104,8 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : wrongUsage;
   }
-  if (const auto failure = command.run()) {
-    diagnostics::printErrorLine("make-feed: " + failure->message);
+  if (const auto result = command.run(); !result) {
+    diagnostics::printErrorLine("make-feed: " + result.error().message);
     return EXIT_FAILURE;
   }
   return EXIT_SUCCESS;

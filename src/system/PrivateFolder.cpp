@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-#include "system/MakeFolders.h"
+#include "system/Folders.h"
 
 namespace tarnwell::system {
 namespace {

@@ -21,7 +21,7 @@ Failure systemFailure(const std::string& what);
 
 /// What was asked for, or why not. True where it was had; only then there is something to look at.
 template <class T>
-class [[nodiscard]] Result {
+class Result {
  public:
   template <class U>
   requires(std::convertible_to<U, T> && !std::same_as<std::remove_cvref_t<U>, Result>) Result(U&& value)
@@ -44,7 +44,7 @@ class [[nodiscard]] Result {
 
 /// That something was done, or why not.
 template <>
-class [[nodiscard]] Result<void> {
+class Result<void> {
  public:
   Result() = default;
   Result(Failure failure) : failure_(std::move(failure)) {}

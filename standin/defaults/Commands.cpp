@@ -54,12 +54,11 @@ Status couldNotWrite(const Domain& domain, const system::Failure& failure) {
   return failed(failure);
 }
 
-Status ended(const PreferenceTransaction& transaction, const Domain& domain,
-             const std::optional<system::Failure>& failure) {
+Status ended(const PreferenceTransaction& transaction, const Domain& domain, const system::Result<void>& result) {
   if (!transaction.setAsidePath().empty()) {
     logLine("Domain " + domain.name + " " + transaction.reason() + "; it is kept as " + transaction.setAsidePath());
   }
-  return failure ? couldNotWrite(domain, *failure) : Status::success;
+  return result ? Status::success : couldNotWrite(domain, result.error());
 }
 
 }  // namespace

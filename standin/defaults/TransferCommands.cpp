@@ -2,12 +2,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <functional>
+#include <optional>
+#include <string>
 
 #include "standin/defaults/Commands.h"
 #include "standin/defaults/LogLine.h"
-#include "standin/store/AtomicFile.h"
-#include "standin/store/Folders.h"
+#include "system/AtomicFile.h"
+#include "system/Descriptor.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -20,14 +21,13 @@ bool mayBeReplaced(const std::string& path) {
   return ::lstat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode);
 }
 
-// No lock guards a folder of the user's, so the temporary name belongs to this target.
-std::optional<system::Failure> writeFile(const std::string& path, const std::string& bytes) {
+system::Result<void> writeFile(const std::string& path, const std::string& bytes) {
   if (!mayBeReplaced(path)) {
     return system::Failure{path + " is no file"};
   }
-  AtomicFile file(path, ".defaults-" + std::to_string(std::hash<std::string>()(nameOf(path))) + ".tmp");
-  auto failure = file.write(bytes);
-  return failure ? failure : file.place();
+  system::AtomicFile file(path, 0600);
+  auto written = file.write(bytes);
+  return written ? file.place() : written;
 }
 
 std::optional<std::string> readInput(const std::string& path) {
@@ -51,8 +51,8 @@ Status writeOut(const std::string& path, plist_t dictionary) {
   if (isStream) {
     return show(text);
   }
-  const std::optional<system::Failure> failure = writeFile(path, text);
-  return failure ? fileFailure("write", path, *failure) : Status::success;
+  const auto written = writeFile(path, text);
+  return written ? Status::success : fileFailure("write", path, written.error());
 }
 
 }  // namespace

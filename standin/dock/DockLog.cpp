@@ -5,8 +5,8 @@
 
 #include <cstdio>
 
-#include "standin/store/Folders.h"
 #include "system/Descriptor.h"
+#include "system/Folders.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -23,7 +23,7 @@ bool hasRoom(const system::Descriptor& log, std::size_t more) {
 }  // namespace
 
 bool appendToDockLog(const std::string& folder, std::string_view line) {
-  if (!makeFolders(folder)) {
+  if (!system::makeFolders(folder)) {
     return false;
   }
   const std::string path = folder + "/Dock.log";

@@ -4,8 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,9 +11,9 @@
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/OwnFolder.h"
 #include "standin/dock/Supervisor.h"
-#include "standin/store/FileLock.h"
-#include "standin/store/Folders.h"
 #include "standin/store/SystemRoot.h"
+#include "system/FileLock.h"
+#include "system/Folders.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -38,15 +36,13 @@ int supervise() {
     return fail(problem, 1);
   }
   const std::string lockPath = *root + "/.dock-supervisor.lock";
-  std::optional<FileLock> lock;
-  if (makeFolders(*root)) {
-    lock = FileLock::acquire(lockPath, LockWait::never);
+  if (!system::makeFolders(*root)) {
+    return fail(system::systemFailure("cannot lock " + lockPath).message, 1);
   }
-  if (!lock && errno == EWOULDBLOCK) {
-    return fail("another one is already running for " + *root, 1);
-  }
+  const auto lock = system::FileLock::take(lockPath, {});
   if (!lock) {
-    return fail("cannot lock " + lockPath + ": " + std::strerror(errno), 1);  // NOLINT(concurrency-mt-unsafe)
+    const bool isTaken = lock.error().error == EWOULDBLOCK;
+    return fail(isTaken ? "another one is already running for " + *root : lock.error().message, 1);
   }
   Supervisor(ownFolder() + "/Dock").run();
   return 0;

@@ -1,13 +1,12 @@
 #include "standin/killall/KillAll.h"
 
 #include <chrono>
-#include <optional>
 #include <vector>
 
 #include "standin/killall/FolderWatch.h"
 #include "standin/killall/RunningProcess.h"
-#include "standin/store/FileLock.h"
 #include "standin/store/SystemRoot.h"
+#include "system/FileLock.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -46,7 +45,7 @@ std::vector<RunningProcess> askToEnd(std::string_view name, const std::string& r
 
 bool killAll(std::string_view name, const std::string& root) {
   // Where there is no lock to be had, they meet what they meet.
-  const std::optional<FileLock> turn = FileLock::acquire(root + "/.killall.lock", LockWait::untilFree);
+  const auto turn = system::FileLock::take(root + "/.killall.lock", system::FileLock::unlimited);
   const std::vector<RunningProcess> asked = askToEnd(name, root);
   const Clock::time_point end = Clock::now() + patience;
   for (const RunningProcess& each : asked) {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <utility>
 
-#include "standin/store/FileLock.h"
 #include "standin/store/PreferenceFile.h"
+#include "system/FileLock.h"
 #include "system/Result.h"
 
 namespace tarnwell::standin {
@@ -23,10 +22,10 @@ class PreferenceTransaction {
   plist_t dictionary() const { return stored_.dictionary.get(); }
 
   /// Writes the dictionary for good. A damaged store is first moved out of the way, see setAsidePath().
-  std::optional<system::Failure> commit();
+  system::Result<void> commit();
 
   /// Takes the store away for good; a damaged one is moved out of the way instead.
-  std::optional<system::Failure> remove();
+  system::Result<void> remove();
 
   /// Where the damaged store is kept now; empty when none was moved.
   const std::string& setAsidePath() const { return setAsidePath_; }
@@ -35,13 +34,13 @@ class PreferenceTransaction {
   const std::string& reason() const { return stored_.reason; }
 
  private:
-  PreferenceTransaction(std::string path, FileLock lock, StoredPreferences stored)
+  PreferenceTransaction(std::string path, system::FileLock lock, StoredPreferences stored)
       : path_(std::move(path)), lock_(std::move(lock)), stored_(std::move(stored)) {}
 
-  std::optional<system::Failure> setAside();
+  system::Result<void> setAside();
 
   std::string path_;
-  FileLock lock_;
+  system::FileLock lock_;
   StoredPreferences stored_;
   std::string setAsidePath_;
 };

@@ -9,9 +9,9 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/WaitFor.h"
-#include "publish/FeedLock.h"
 #include "publish/Program.h"
 #include "system/Descriptor.h"
+#include "system/FileLock.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/package/RealPackage.h"
@@ -246,7 +246,7 @@ TEST(MakeFeed, takesTurnsWithAnotherPublisher) {
   ASSERT_EQ(publisher.add("1.0").status, 0);
   std::future<ProgramEnd> second;
   {
-    const auto lock = FeedLock::take(publisher.sandbox / "feed.xml");
+    const auto lock = system::FileLock::takeFolder(publisher.sandbox.path(), {});
     ASSERT_TRUE(lock);
     struct stat folder = {};
     ASSERT_EQ(::stat(publisher.sandbox.path().c_str(), &folder), 0);

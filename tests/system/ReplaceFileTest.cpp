@@ -1,4 +1,4 @@
-#include "system/ReplaceFile.h"
+#include "system/AtomicFile.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -26,7 +26,7 @@ mode_t modeOf(const fs::path& path) {
 
 TEST(ReplaceFileTest, writesANewFileThatAllCanRead) {
   const fixtures::Sandbox sandbox;
-  EXPECT_FALSE(replaceFile(sandbox / "a", "text"));
+  EXPECT_TRUE(replaceFile(sandbox / "a", "text"));
   EXPECT_EQ(sandbox.read("a"), "text");
   EXPECT_EQ(modeOf(sandbox / "a"), 0644U);
   EXPECT_EQ(filesIn(sandbox.path()), 1U);
@@ -36,7 +36,7 @@ TEST(ReplaceFileTest, replacesAndKeepsTheMode) {
   const fixtures::Sandbox sandbox;
   sandbox.write("a", "a longer text");
   fs::permissions(sandbox / "a", fs::perms(0600));
-  EXPECT_FALSE(replaceFile(sandbox / "a", ""));
+  EXPECT_TRUE(replaceFile(sandbox / "a", ""));
   EXPECT_EQ(sandbox.read("a"), "");
   EXPECT_EQ(modeOf(sandbox / "a"), 0600U);
   EXPECT_EQ(filesIn(sandbox.path()), 1U);
@@ -44,7 +44,7 @@ TEST(ReplaceFileTest, replacesAndKeepsTheMode) {
 
 TEST(ReplaceFileTest, makesMissingFoldersForTheirOwnerAlone) {
   const fixtures::Sandbox sandbox;
-  EXPECT_FALSE(replaceFile(sandbox / "config" / "autostart" / "a", "text"));
+  EXPECT_TRUE(replaceFile(sandbox / "config" / "autostart" / "a", "text"));
   EXPECT_EQ(sandbox.read("config/autostart/a"), "text");
   EXPECT_EQ(modeOf(sandbox / "config"), 0700U);
   EXPECT_EQ(modeOf(sandbox / "config" / "autostart"), 0700U);
@@ -54,7 +54,7 @@ TEST(ReplaceFileTest, aLinkBecomesAFile) {
   const fixtures::Sandbox sandbox;
   sandbox.write("elsewhere", "theirs");
   fs::create_symlink(sandbox / "elsewhere", sandbox / "a");
-  EXPECT_FALSE(replaceFile(sandbox / "a", "ours"));
+  EXPECT_TRUE(replaceFile(sandbox / "a", "ours"));
   EXPECT_FALSE(fs::is_symlink(sandbox / "a"));
   EXPECT_EQ(sandbox.read("elsewhere"), "theirs");
 }
@@ -64,9 +64,9 @@ TEST(ReplaceFileTest, saysWhyNot) {
   sandbox.write("file", "");
   fs::create_directory(sandbox / "folder");
   for (const fs::path& path : {sandbox / "file" / "a", sandbox / "file" / "b" / "a", sandbox / "folder"}) {
-    const auto failure = replaceFile(path, "text");
-    ASSERT_TRUE(failure) << path;
-    EXPECT_TRUE(failure->message.starts_with("cannot write " + path.string() + ": ")) << failure->message;
+    const auto result = replaceFile(path, "text");
+    ASSERT_FALSE(result) << path;
+    EXPECT_TRUE(result.error().message.starts_with("cannot write " + path.string() + ": ")) << result.error().message;
   }
   EXPECT_EQ(filesIn(sandbox.path()), 2U);
 }
@@ -75,7 +75,7 @@ TEST(ReplaceFileTest, aProgramWithoutStandardInputWritesAsWell) {
   const fixtures::Sandbox sandbox;
   const int status = fixtures::exitStatusOf([&] {
     ::close(STDIN_FILENO);
-    return replaceFile(sandbox / "a", "text") ? 1 : 0;
+    return replaceFile(sandbox / "a", "text") ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
   EXPECT_EQ(sandbox.read("a"), "text");
@@ -89,7 +89,7 @@ TEST(ReplaceFileTest, aDiskWithoutRoomLeavesTheOldFile) {
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit room = {.rlim_cur = 16, .rlim_max = 16};
     ::setrlimit(RLIMIT_FSIZE, &room);
-    return replaceFile(sandbox / "a", std::string(100, 'x')) ? 0 : 1;
+    return replaceFile(sandbox / "a", std::string(100, 'x')) ? 1 : 0;
   });
   EXPECT_EQ(status, 0);
   EXPECT_EQ(sandbox.read("a"), "old");

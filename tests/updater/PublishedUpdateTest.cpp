@@ -31,7 +31,7 @@ using Choice = UserDriver::Choice;
 class PublishedUpdateTest : public testing::Test {
  protected:
   PublishedUpdateTest() {
-    EXPECT_FALSE(key.store(sandbox / "key"));
+    EXPECT_TRUE(key.store(sandbox / "key"));
     sandbox.write("xdg-open", "#!/bin/sh\ncp \"$1\" '" + (sandbox / "opened").string() + "'\n");
     fs::permissions(sandbox / "xdg-open", fs::perms::owner_all);
     publish("2.0");
@@ -43,12 +43,12 @@ class PublishedUpdateTest : public testing::Test {
     sandbox.write("package.deb", package);
     server.serve("package.deb", package);
     fs::remove(sandbox / "feed.xml");
-    const auto failure = publish::publishRelease({.package = sandbox / "package.deb",
-                                                  .privateKey = sandbox / "key",
-                                                  .version = version,
-                                                  .url = server.address("/" + way + "/package.deb")},
-                                                 sandbox / "feed.xml");
-    ASSERT_FALSE(failure) << failure->message;
+    const auto published = publish::publishRelease({.package = sandbox / "package.deb",
+                                                    .privateKey = sandbox / "key",
+                                                    .version = version,
+                                                    .url = server.address("/" + way + "/package.deb")},
+                                                   sandbox / "feed.xml");
+    ASSERT_TRUE(published) << published.error().message;
     server.serve("feed.xml", sandbox.read("feed.xml"));
   }
 

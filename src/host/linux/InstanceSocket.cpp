@@ -1,8 +1,5 @@
 #include "host/linux/InstanceSocket.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -23,13 +20,10 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto patience = std::chrono::seconds(2);
-constexpr int pauseMilliseconds = 20;
+constexpr auto pause = std::chrono::milliseconds(20);
 constexpr std::size_t longestMessage = 4096;
 constexpr mode_t socketFolderMode = 0700;
-constexpr mode_t fileMode = 0600;
 constexpr mode_t othersMay = 0077;
-
-system::Failure failure(const std::string& what) { return {what + ": " + std::system_category().message(errno)}; }
 
 std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
   sockaddr_un address = {};
@@ -44,30 +38,26 @@ std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
 
 const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
-int openSocket() { return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0); }
+system::Descriptor openSocket() {
+  return system::Descriptor(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+}
 
 // Whoever reads there takes whole messages, so none is ever cut.
 bool leaveMessage(const sockaddr_un& address, const std::string& message) {
-  const int socket = openSocket();
+  const system::Descriptor socket = openSocket();
   const std::string sent = message.substr(0, longestMessage);
-  const ssize_t count = ::sendto(socket, sent.data(), sent.size(), MSG_NOSIGNAL, plain(address), sizeof(address));
+  const ssize_t count =
+      ::sendto(socket.number(), sent.data(), sent.size(), MSG_NOSIGNAL, plain(address), sizeof(address));
   // A queue that is full has enough of them for the program to come to the front.
-  const bool isLeft = count >= 0 || errno == EAGAIN;
-  ::close(socket);
-  return isLeft;
+  return count >= 0 || errno == EAGAIN;
 }
 
-/// Bound to the address, in the place of what a process that is gone has left there; negative where that failed.
-int listenAt(const sockaddr_un& address) {
-  const int socket = openSocket();
+/// Bound to the address, in the place of what a process that is gone has left there; none where that failed.
+system::Descriptor listenAt(const sockaddr_un& address) {
+  system::Descriptor socket = openSocket();
   ::unlink(&address.sun_path[0]);
-  if (socket >= 0 && ::bind(socket, plain(address), sizeof(address)) != 0) {
-    const int error = errno;
-    ::close(socket);
-    errno = error;
-    return -1;
-  }
-  return socket;
+  const bool isBound = socket && ::bind(socket.number(), plain(address), sizeof(address)) == 0;
+  return isBound ? std::move(socket) : system::Descriptor();
 }
 
 bool isOursAlone(const std::filesystem::path& folder) {
@@ -85,25 +75,26 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
   if (!address) {
     return system::Failure{path.string() + " is too long for a socket"};
   }
-  const int lock = ::open((folder / "tarnwell.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, fileMode);
   const auto deadline = Clock::now() + patience;
-  while (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) != 0) {
-    const bool told = leaveMessage(*address, message);
-    if (told || Clock::now() > deadline) {
-      ::close(lock);
-      return told ? system::Result<std::unique_ptr<InstanceSocket>>(nullptr)
-                  : failure(path.string() + " does not answer");
+  auto lock = system::FileLock::take(folder / "tarnwell.lock", {});
+  while (!lock && lock.error().error == EWOULDBLOCK) {
+    if (leaveMessage(*address, message)) {
+      return nullptr;
+    }
+    if (Clock::now() > deadline) {
+      return system::systemFailure(path.string() + " does not answer");
     }
     // It may just be starting, or ending.
-    ::poll(nullptr, 0, pauseMilliseconds);
+    lock = system::FileLock::take(folder / "tarnwell.lock", pause);
   }
-  const int socket = lock >= 0 ? listenAt(*address) : -1;
-  if (socket < 0) {
-    const system::Failure why = failure(path.string());
-    ::close(lock);
-    return why;
+  if (!lock) {
+    return system::Failure{path.string() + ": " + std::generic_category().message(lock.error().error)};
   }
-  return std::unique_ptr<InstanceSocket>(new InstanceSocket(lock, socket, path));
+  system::Descriptor socket = listenAt(*address);
+  if (!socket) {
+    return system::systemFailure(path.string());
+  }
+  return std::unique_ptr<InstanceSocket>(new InstanceSocket(*std::move(lock), std::move(socket), path));
 }
 
 system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
@@ -114,16 +105,11 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
   return claim(*used, message);
 }
 
-InstanceSocket::~InstanceSocket() {
-  ::unlink(path_.c_str());
-  ::close(socket_);
-  // The last, since it lets the next one in.
-  ::close(lock_);
-}
+InstanceSocket::~InstanceSocket() { ::unlink(path_.c_str()); }
 
 std::optional<std::string> InstanceSocket::receive() const {
   std::array<char, longestMessage> buffer = {};
-  const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
+  const ssize_t count = ::recv(descriptor(), buffer.data(), buffer.size(), 0);
   return count >= 0 ? std::optional(std::string(buffer.data(), static_cast<std::size_t>(count))) : std::nullopt;
 }
 
@@ -148,7 +134,7 @@ system::Result<std::filesystem::path> InstanceSocket::folder() {
   }
   const std::filesystem::path own = temporary / ("tarnwell-" + std::to_string(::geteuid()));
   if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
-    return failure(own.string());
+    return system::systemFailure(own.string());
   }
   if (!isOursAlone(own)) {
     return system::Failure{own.string() + " is not the user's alone"};

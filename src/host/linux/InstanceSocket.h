@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "system/Descriptor.h"
+#include "system/FileLock.h"
 #include "system/Result.h"
 
 namespace tarnwell::host_linux {
@@ -27,7 +29,7 @@ class InstanceSocket {
   ~InstanceSocket();
 
   /// Can be read when another start has left a message.
-  int descriptor() const { return socket_; }
+  int descriptor() const { return socket_.number(); }
   /// The oldest message, if there is one.
   std::optional<std::string> receive() const;
 
@@ -38,11 +40,12 @@ class InstanceSocket {
   static system::Result<std::filesystem::path> folder();
 
  private:
-  InstanceSocket(int lock, int socket, std::filesystem::path path)
-      : lock_(lock), socket_(socket), path_(std::move(path)) {}
+  InstanceSocket(system::FileLock lock, system::Descriptor socket, std::filesystem::path path)
+      : lock_(std::move(lock)), socket_(std::move(socket)), path_(std::move(path)) {}
 
-  int lock_;
-  int socket_;
+  // The last to go, since it lets the next one in.
+  system::FileLock lock_;
+  system::Descriptor socket_;
   std::filesystem::path path_;
 };
 

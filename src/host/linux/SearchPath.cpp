@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
 
-std::optional<system::Failure> putFirst(const std::string& folder) {
+system::Result<void> putFirst(const std::string& folder) {
   if (folder.find(':') != std::string::npos) {
     return system::Failure{"the stand-ins cannot be found in " + folder +
                            ": PATH takes no folder with a colon in its name"};
@@ -19,14 +19,14 @@ std::optional<system::Failure> putFirst(const std::string& folder) {
   keepUserEnvironment();
   const char* before = ::getenv("PATH");
   if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) {
-    return std::nullopt;
+    return {};
   }
   return system::Failure{"PATH cannot be set"};
 }
 
 }  // namespace
 
-std::optional<system::Failure> putStandInsFirst() {
+system::Result<void> putStandInsFirst() {
   const auto own = system::runningExecutable();
   if (!own) {
     return own.error();

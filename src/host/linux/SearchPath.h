@@ -13,7 +13,7 @@ namespace tarnwell::host_linux {
 /// package is ever taken for ours. Programs that are started for the user get the environment as it was
 /// before (UserEnvironment.h). Call it before anything else runs, while the process has one thread. Returns why not, in
 /// which case PATH is as it was and no command may be run.
-std::optional<system::Failure> putStandInsFirst();
+system::Result<void> putStandInsFirst();
 
 /// The folder with the stand-in `defaults` of an executable that lies in `folder`: libexec beside the executable, as in
 /// a build tree, else ../libexec/tarnwell, as installed.

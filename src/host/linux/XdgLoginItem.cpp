@@ -5,8 +5,8 @@
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
 #include "host/linux/FindProgram.h"
+#include "system/AtomicFile.h"
 #include "system/ReadFile.h"
-#include "system/ReplaceFile.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -70,8 +70,8 @@ void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::str
   }
 }
 
-std::optional<std::string> words(const std::optional<system::Failure>& failure) {
-  return failure ? std::optional(failure->message) : std::nullopt;
+std::optional<std::string> words(const system::Result<void>& result) {
+  return result ? std::nullopt : std::optional(result.error().message);
 }
 
 }  // namespace
@@ -101,7 +101,7 @@ system::Result<fs::path> XdgLoginItem::folder() {
   return base / "autostart";
 }
 
-std::optional<system::Failure> XdgLoginItem::tryRegister() const {
+system::Result<void> XdgLoginItem::tryRegister() const {
   const auto path = file();
   if (!path) {
     return path.error();
@@ -132,7 +132,7 @@ std::optional<system::Failure> XdgLoginItem::tryRegister() const {
   return system::replaceFile(target, entry.text());
 }
 
-std::optional<system::Failure> XdgLoginItem::tryUnregister() const {
+system::Result<void> XdgLoginItem::tryUnregister() const {
   const auto found = file();
   if (!found) {
     return found.error();
@@ -145,13 +145,12 @@ std::optional<system::Failure> XdgLoginItem::tryUnregister() const {
   const auto& text = *content;
   const auto exec = execLine();
   if (text.empty()) {
-    return std::nullopt;
+    return {};
   }
   if (exec && text == ownText(*exec) && !isLink(path)) {
     std::error_code error;
     fs::remove(path, error);
-    return error ? std::optional(system::Failure{"cannot remove " + path.string() + ": " + error.message()})
-                 : std::nullopt;
+    return error ? system::Failure{"cannot remove " + path.string() + ": " + error.message()} : system::Result<void>();
   }
   DesktopEntry entry(text);
   entry.set(hiddenKey, "true");

@@ -35,8 +35,8 @@ class XdgLoginItem final : public kit::LoginItem {
   static system::Result<std::filesystem::path> folder();
 
  private:
-  std::optional<system::Failure> tryRegister() const;
-  std::optional<system::Failure> tryUnregister() const;
+  system::Result<void> tryRegister() const;
+  system::Result<void> tryUnregister() const;
   system::Result<std::filesystem::path> file() const;
   system::Result<std::string> execLine() const;
   std::string ownText(const std::string& exec) const;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
-#include <string>
 
-#include "system/Descriptor.h"
+#include "system/AtomicFile.h"
 #include "system/Result.h"
 
 namespace tarnwell::updater {
@@ -24,15 +24,10 @@ class FileReplacement {
   std::optional<system::Failure> run(int source) const;
 
  private:
-  FileReplacement(std::filesystem::path target, system::Descriptor folder);
-
-  system::Descriptor newDraft() const;
-  bool fill(int source, const system::Descriptor& draft) const;
-  bool takePlace(int draft) const;
+  explicit FileReplacement(const std::filesystem::path& target);
 
   std::filesystem::path target_;
-  system::Descriptor folder_;
-  std::string draftName_;  // Nobody else's.
+  std::unique_ptr<system::AtomicFile> file_;
 };
 
 }  // namespace tarnwell::updater

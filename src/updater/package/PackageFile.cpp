@@ -5,8 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
+
+#include "system/UnnamedFile.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -18,13 +19,11 @@ constexpr mode_t namedMode = 0400;
 /// Of a file for the moment in which it has one.
 constexpr const char* passingName = ".package";
 
-system::Failure failure(const std::string& what) { return {what + ": " + std::generic_category().message(errno)}; }
-
 std::string draftOf(const std::string& name) { return "." + name + ".draft"; }
 
 // Not every file system has files without a name.
 system::Descriptor namelessFile(int folder) {
-  system::Descriptor file(::openat(folder, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, draftMode));
+  system::Descriptor file = system::openUnnamedFile(folder, draftMode);
   if (!file && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     ::unlinkat(folder, passingName, 0);
     file = system::Descriptor(
@@ -47,14 +46,14 @@ system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
   auto& opened = *made;
   system::Descriptor file = namelessFile(opened.descriptor());
   if (!file) {
-    return failure("cannot keep a download in " + folder.string());
+    return system::systemFailure("cannot keep a download in " + folder.string());
   }
   return PackageFile(std::move(opened), std::move(file));
 }
 
 std::optional<system::Failure> PackageFile::append(std::string_view bytes) {
   if (!file_.writeAll(bytes)) {
-    return failure("cannot keep the download");
+    return system::systemFailure("cannot keep the download");
   }
   length_ += bytes.size();
   return std::nullopt;
@@ -65,7 +64,7 @@ system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
     return system::Failure{"\"" + name + "\" is no name for a package"};
   }
   if (::fchmod(file_.number(), namedMode) != 0) {
-    return failure("cannot protect the package");
+    return system::systemFailure("cannot protect the package");
   }
   // How long it has been somebody else's counts from here.
   ::futimens(file_.number(), nullptr);
@@ -95,8 +94,7 @@ void PackageFile::removeName(const std::string& name) const {
 // A name that is in use cannot be linked to, only be moved to.
 bool PackageFile::link(const std::string& draft, const std::string& name) const {
   const int folder = folder_.descriptor();
-  const std::string file = "/proc/self/fd/" + std::to_string(file_.number());
-  return ::linkat(AT_FDCWD, file.c_str(), folder, draft.c_str(), AT_SYMLINK_FOLLOW) == 0 &&
+  return system::nameFile(file_.number(), folder, draft) &&
          ::renameat(folder, draft.c_str(), folder, name.c_str()) == 0;
 }
 
@@ -108,7 +106,7 @@ system::Result<system::Descriptor> PackageFile::copy(const std::string& draft, c
   if (named && named.copyFrom(file_.number()) && ::renameat(folder, draft.c_str(), folder, name.c_str()) == 0) {
     return named;
   }
-  system::Failure reason = failure("cannot copy the package");
+  system::Failure reason = system::systemFailure("cannot copy the package");
   ::unlinkat(folder, draft.c_str(), 0);
   return reason;
 }

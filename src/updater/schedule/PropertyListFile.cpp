@@ -1,21 +1,19 @@
 #include "updater/schedule/PropertyListFile.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
-#include <ctime>
 #include <string>
 #include <system_error>
 
+#include "system/AtomicFile.h"
 #include "system/CNumericLocale.h"
-#include "system/Descriptor.h"
-#include "system/MakeFolders.h"
+#include "system/FileLock.h"
+#include "system/Folders.h"
 #include "system/ReadFile.h"
-#include "system/ReplaceFile.h"
 #include "updater/schedule/WholePropertyList.h"
 #include "updater/text/Report.h"
 
@@ -28,12 +26,7 @@ constexpr std::size_t largestFile = 1024UL * 1024;  // Bytes; a few hundred are 
 constexpr int mostFilesSetAside = 1000;
 
 system::Failure systemFailure(const std::string& what, const fs::path& path) {
-  return {what + " " + path.string() + ": " + std::system_category().message(errno)};
-}
-
-system::Failure unlocked(const std::string& what, const fs::path& path) {
-  return errno == EWOULDBLOCK ? system::Failure{what + " " + path.string() + ": another program does not let go of it"}
-                              : systemFailure(what, path);
+  return system::systemFailure(what + " " + path.string());
 }
 
 PropertyList parsed(const std::string& text) {
@@ -73,32 +66,20 @@ system::Result<PropertyList> loaded(const fs::path& path) {
   }
 }
 
-bool takes(int lock) {
-  constexpr timespec pause = {.tv_sec = 0, .tv_nsec = 5'000'000};
-  constexpr int mostTries = 200;
-  for (int tries = 0; ::flock(lock, LOCK_EX | LOCK_NB) != 0; ++tries) {
-    if ((errno != EWOULDBLOCK && errno != EINTR) || tries == mostTries) {
-      return false;
-    }
-    ::nanosleep(&pause, nullptr);
-  }
-  return true;
-}
-
-/// Held as long as the descriptor is open. Others have it for a moment; who holds it longer, for a second, gets no more
-/// of the main thread's time. Empty, with errno set, when there is no lock to be had.
-system::Descriptor locked(const fs::path& path) {
-  const fs::path lock = path.parent_path() / ("." + path.filename().string() + ".lock");
+/// Others have it for a moment; one that keeps it longer, for a second, gets no more of the main thread's time.
+system::Result<system::FileLock> locked(const std::string& what, const fs::path& path) {
+  const fs::path file = path.parent_path() / ("." + path.filename().string() + ".lock");
   if (!system::makeFolders(path.parent_path())) {
-    return {};
+    return systemFailure(what, path);
   }
-  system::Descriptor file(::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
-  if (file && !takes(file.number())) {
-    const int error = errno;
-    file.close();
-    errno = error;
+  auto lock = system::FileLock::take(file, std::chrono::seconds(1));
+  if (lock) {
+    return lock;
   }
-  return file;
+  const int error = lock.error().error;
+  return system::Failure{
+      what + " " + path.string() + ": " +
+      (error == EWOULDBLOCK ? "another program does not let go of it" : std::generic_category().message(error))};
 }
 
 /// Gives the file a second name, so that there is no moment without it. Returns that name.
@@ -116,12 +97,12 @@ system::Result<fs::path> namedAside(const fs::path& path) {
   return system::Failure{"cannot set aside " + path.string() + ": there are too many damaged ones"};
 }
 
-std::optional<system::Failure> setAside(const fs::path& path) {
+system::Result<void> setAside(const fs::path& path) {
   const auto aside = namedAside(path);
   if (!aside) {
     return aside.error();
   }
-  return ::unlink(path.c_str()) == 0 ? std::nullopt : std::optional(systemFailure("cannot set aside", path));
+  return ::unlink(path.c_str()) == 0 ? system::Result<void>() : systemFailure("cannot set aside", path);
 }
 
 /// What is stored; a damaged file is out of the way afterwards. Only for who holds the lock.
@@ -130,15 +111,15 @@ system::Result<PropertyList> mended(const fs::path& path) {
   if (!list || *list) {
     return list;
   }
-  if (const auto failure = setAside(path)) {
-    return *failure;
+  if (const auto moved = setAside(path); !moved) {
+    return moved.error();
   }
   return PropertyList(plist_new_dict());
 }
 
 system::Result<PropertyList> mendedUnderLock(const fs::path& path) {
-  const system::Descriptor lock = locked(path);
-  return !lock ? unlocked("cannot read", path) : mended(path);
+  const auto lock = locked("cannot read", path);
+  return lock ? mended(path) : lock.error();
 }
 
 }  // namespace
@@ -155,10 +136,10 @@ PropertyList PropertyListFile::dictionary() const {
   return *std::move(list);
 }
 
-std::optional<system::Failure> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
-  const system::Descriptor lock = locked(path_);
+system::Result<void> PropertyListFile::update(const std::function<void(plist_t)>& change) const {
+  const auto lock = locked("cannot write", path_);
   if (!lock) {
-    return unlocked("cannot write", path_);
+    return lock.error();
   }
   const auto list = mended(path_);
   if (!list) {

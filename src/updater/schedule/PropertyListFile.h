@@ -30,7 +30,7 @@ class PropertyListFile {
 
   /// Stores what `change` makes of what is stored, while no other process does the same. Returns why not, and has
   /// changed nothing then.
-  std::optional<system::Failure> update(const std::function<void(plist_t dictionary)>& change) const;
+  system::Result<void> update(const std::function<void(plist_t dictionary)>& change) const;
 
  private:
   std::filesystem::path path_;

@@ -39,13 +39,13 @@ std::optional<bool> flagIn(const fs::path& file, const char* key) {
   return node != nullptr ? std::optional(plist_bool_val_is_true(node) != 0) : std::nullopt;
 }
 
-std::optional<system::Failure> store(const fs::path& file, const char* key, plist_t value) {
+system::Result<void> store(const fs::path& file, const char* key, plist_t value) {
   PropertyList owned(value);
   return PropertyListFile(file).update(
       [&](plist_t dictionary) { plist_dict_set_item(dictionary, key, owned.release()); });
 }
 
-std::optional<system::Failure> storeFlag(const fs::path& file, const char* key, bool flag) {
+system::Result<void> storeFlag(const fs::path& file, const char* key, bool flag) {
   return store(file, key, plist_new_bool(flag ? 1 : 0));
 }
 
@@ -55,13 +55,13 @@ UpdaterPreferences UpdaterPreferences::ofUser() { return UpdaterPreferences(list
 
 std::optional<bool> UpdaterPreferences::automaticChecks() const { return flagIn(file_, checksKey); }
 
-std::optional<system::Failure> UpdaterPreferences::setAutomaticChecks(bool checks) const {
+system::Result<void> UpdaterPreferences::setAutomaticChecks(bool checks) const {
   return storeFlag(file_, checksKey, checks);
 }
 
 bool UpdaterPreferences::automaticDownloads() const { return flagIn(file_, downloadsKey).value_or(false); }
 
-std::optional<system::Failure> UpdaterPreferences::setAutomaticDownloads(bool downloads) const {
+system::Result<void> UpdaterPreferences::setAutomaticDownloads(bool downloads) const {
   return storeFlag(file_, downloadsKey, downloads);
 }
 
@@ -77,7 +77,7 @@ std::optional<UpdaterPreferences::Time> UpdaterPreferences::lastCheck() const {
   return firstDay + std::chrono::seconds(seconds);
 }
 
-std::optional<system::Failure> UpdaterPreferences::setLastCheck(Time time) const {
+system::Result<void> UpdaterPreferences::setLastCheck(Time time) const {
   const auto seconds = std::chrono::floor<std::chrono::seconds>(time - firstDay);
   return store(file_, lastCheckKey, plist_new_date(static_cast<std::int32_t>(seconds.count()), 0));
 }
@@ -105,14 +105,12 @@ std::string UpdaterPreferences::skippedVersion() const {
   return text != nullptr ? std::string(text, length) : std::string();
 }
 
-std::optional<system::Failure> UpdaterPreferences::setSkippedVersion(const std::string& version) const {
+system::Result<void> UpdaterPreferences::setSkippedVersion(const std::string& version) const {
   return store(file_, skippedKey, plist_new_string(version.c_str()));
 }
 
 bool UpdaterPreferences::hasLaunchedBefore() const { return flagIn(file_, launchedKey).value_or(false); }
 
-std::optional<system::Failure> UpdaterPreferences::setHasLaunchedBefore() const {
-  return storeFlag(file_, launchedKey, true);
-}
+system::Result<void> UpdaterPreferences::setHasLaunchedBefore() const { return storeFlag(file_, launchedKey, true); }
 
 }  // namespace tarnwell::updater

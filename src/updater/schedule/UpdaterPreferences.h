@@ -28,14 +28,14 @@ class UpdaterPreferences {
 
   /// Nothing while the user was not asked.
   std::optional<bool> automaticChecks() const;
-  std::optional<system::Failure> setAutomaticChecks(bool checks) const;
+  system::Result<void> setAutomaticChecks(bool checks) const;
 
   bool automaticDownloads() const;
-  std::optional<system::Failure> setAutomaticDownloads(bool downloads) const;
+  system::Result<void> setAutomaticDownloads(bool downloads) const;
 
   /// When the last check began, to the second.
   std::optional<Time> lastCheck() const;
-  std::optional<system::Failure> setLastCheck(Time time) const;
+  system::Result<void> setLastCheck(Time time) const;
 
   /// Between scheduled checks: at least the shortest, and the usual one instead of what is beyond the longest. Changed
   /// in the file only.
@@ -43,10 +43,10 @@ class UpdaterPreferences {
 
   /// Empty when none is skipped.
   std::string skippedVersion() const;
-  std::optional<system::Failure> setSkippedVersion(const std::string& version) const;
+  system::Result<void> setSkippedVersion(const std::string& version) const;
 
   bool hasLaunchedBefore() const;
-  std::optional<system::Failure> setHasLaunchedBefore() const;
+  system::Result<void> setHasLaunchedBefore() const;
 
  private:
   std::filesystem::path file_;

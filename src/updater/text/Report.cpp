@@ -16,9 +16,9 @@ void report(const system::Failure& failure) {
   diagnostics::printErrorLine("tarnwell: " + plainLine(failure.message, longestReport));
 }
 
-void report(const std::optional<system::Failure>& failure) {
-  if (failure) {
-    report(*failure);
+void report(const system::Result<void>& result) {
+  if (!result) {
+    report(result.error());
   }
 }
 

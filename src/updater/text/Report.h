@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "system/Result.h"
 
 namespace tarnwell::updater {
@@ -9,6 +7,6 @@ namespace tarnwell::updater {
 /// Says on standard error, in one line, what went wrong where nobody can be shown it.
 void report(const system::Failure& failure);
 /// The same when something went wrong.
-void report(const std::optional<system::Failure>& failure);
+void report(const system::Result<void>& result);
 
 }  // namespace tarnwell::updater

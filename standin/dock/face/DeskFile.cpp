@@ -5,7 +5,7 @@
 #include <iterator>
 #include <utility>
 
-#include "standin/store/Folders.h"
+#include "system/Folders.h"
 
 namespace tarnwell::standin {
 
@@ -18,7 +18,7 @@ void DeskFile::restore(Desk& desk) const {
 
 // The dock may be killed at any time, so that a file is either whole or not there.
 void DeskFile::save(const Desk& desk) const {
-  if (!makeFolders(folderOf(path_))) {
+  if (!system::makeFolders(system::folderOf(path_))) {
     return;
   }
   const std::string fresh = path_ + ".new";

@@ -54,11 +54,11 @@ TEST(UpdaterPreferences, startWithNothingDecided) {
 TEST(UpdaterPreferences, keepWhatTheyWereTold) {
   const Setting setting;
   const auto time = std::chrono::sys_days(std::chrono::year(2026) / 11 / 21) + hours(10) + seconds(3);
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(false));
-  EXPECT_FALSE(setting.preferences.setAutomaticDownloads(true));
-  EXPECT_FALSE(setting.preferences.setLastCheck(time + milliseconds(999)));
-  EXPECT_FALSE(setting.preferences.setSkippedVersion("1.2 <beta> & \xc3\xa4"));
-  EXPECT_FALSE(setting.preferences.setHasLaunchedBefore());
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(false));
+  EXPECT_TRUE(setting.preferences.setAutomaticDownloads(true));
+  EXPECT_TRUE(setting.preferences.setLastCheck(time + milliseconds(999)));
+  EXPECT_TRUE(setting.preferences.setSkippedVersion("1.2 <beta> & \xc3\xa4"));
+  EXPECT_TRUE(setting.preferences.setHasLaunchedBefore());
   const UpdaterPreferences next(setting.file);
   EXPECT_EQ(next.automaticChecks(), false);
   EXPECT_TRUE(next.automaticDownloads());
@@ -71,14 +71,14 @@ TEST(UpdaterPreferences, keepWhatTheyWereTold) {
 TEST(UpdaterPreferences, keepTimesBeforeTheirFirstDay) {
   const Setting setting;
   const UpdaterPreferences::Time start{};
-  EXPECT_FALSE(setting.preferences.setLastCheck(start));
+  EXPECT_TRUE(setting.preferences.setLastCheck(start));
   EXPECT_EQ(setting.preferences.lastCheck(), start);
 }
 
 TEST(UpdaterPreferences, haveOneListInTheUsersConfiguration) {
   const fixtures::Sandbox sandbox;
   const fixtures::EnvironmentScope home("XDG_CONFIG_HOME", sandbox / "config");
-  EXPECT_FALSE(UpdaterPreferences::ofUser().setAutomaticChecks(true));
+  EXPECT_TRUE(UpdaterPreferences::ofUser().setAutomaticChecks(true));
   EXPECT_TRUE(contains(sandbox.read("config/tarnwell/updates.plist"), "<key>SUEnableAutomaticChecks</key>\n\t<true/>"));
 }
 
@@ -86,14 +86,14 @@ TEST(UpdaterPreferences, fallBackOnTheHomeFolder) {
   const fixtures::Sandbox sandbox;
   const fixtures::EnvironmentScope home("HOME", sandbox.path());
   const fixtures::EnvironmentScope relative("XDG_CONFIG_HOME", "config");
-  EXPECT_FALSE(UpdaterPreferences::ofUser().setAutomaticChecks(true));
+  EXPECT_TRUE(UpdaterPreferences::ofUser().setAutomaticChecks(true));
   EXPECT_TRUE(sandbox.holds(".config/tarnwell/updates.plist"));
 }
 
 TEST(UpdaterPreferences, seeWhatSomebodyElseWrote) {
   const Setting setting;
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
-  EXPECT_FALSE(UpdaterPreferences(setting.file).setAutomaticChecks(false));
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
+  EXPECT_TRUE(UpdaterPreferences(setting.file).setAutomaticChecks(false));
   EXPECT_EQ(setting.preferences.automaticChecks(), false);
 }
 
@@ -127,7 +127,7 @@ TEST(UpdaterPreferences, passOverValuesOfAnotherType) {
   EXPECT_EQ(setting.preferences.lastCheck(), std::nullopt);
   EXPECT_EQ(setting.preferences.skippedVersion(), "");
   EXPECT_FALSE(setting.preferences.hasLaunchedBefore());
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   EXPECT_EQ(setting.preferences.automaticChecks(), true);
 }
 
@@ -142,7 +142,7 @@ TEST(UpdaterPreferences, leaveWhatIsNotTheirs) {
   }
   setting.writeDictionary(content + "<key>list</key><array><dict><key>b</key><string>c</string></dict></array>");
   const fixtures::CommaLocale locale;
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   for (const std::string& value : values) {
     EXPECT_TRUE(contains(setting.text(), value)) << value << " in\n" << setting.text();
   }
@@ -163,7 +163,7 @@ TEST(UpdaterPreferences, takeAListHoweverManyItHoldsSideBySide) {
                             "</array><key>SUEnableAutomaticChecks</key> <true/>\n<key>date</key>"
                             "<date>2026-01-02T03:04:05Z</date></dict>\n</plist>\n");
   EXPECT_EQ(setting.preferences.automaticChecks(), true);
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(false));
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(false));
   EXPECT_TRUE(contains(setting.text(), "<key>theirs</key>"));
   EXPECT_EQ(setting.preferences.automaticChecks(), false);
 }
@@ -208,7 +208,7 @@ TEST(UpdaterPreferences, setADamagedListAside) {
     setting.sandbox.write("updates.plist", damaged);
     testing::internal::CaptureStderr();
     EXPECT_EQ(setting.preferences.automaticChecks(), std::nullopt);
-    EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
+    EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
     EXPECT_EQ(
         testing::internal::GetCapturedStderr(),
         "tarnwell: " + setting.file.string() + " is damaged; it is kept as " + setting.file.string() + ".damaged-1\n");
@@ -222,7 +222,7 @@ TEST(UpdaterPreferences, setEachDamagedListAsideUnderANameOfItsOwn) {
   testing::internal::CaptureStderr();
   for (const std::string damaged : {"one", "two"}) {
     setting.sandbox.write("updates.plist", damaged);
-    EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
+    EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   }
   EXPECT_TRUE(contains(testing::internal::GetCapturedStderr(), ".damaged-2"));
   EXPECT_EQ(setting.sandbox.read("updates.plist.damaged-1"), "one");
@@ -236,34 +236,35 @@ TEST(UpdaterPreferences, leaveAloneWhatCannotBeRead) {
   EXPECT_EQ(setting.preferences.automaticChecks(), std::nullopt);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "tarnwell: cannot read " + setting.file.string() + ": it is not a file\n");
-  const auto failure = setting.preferences.setAutomaticChecks(true);
-  ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->message, "cannot read " + setting.file.string() + ": it is not a file");
+  const auto result = setting.preferences.setAutomaticChecks(true);
+  ASSERT_FALSE(result);
+  EXPECT_EQ(result.error().message, "cannot read " + setting.file.string() + ": it is not a file");
   EXPECT_TRUE(std::filesystem::is_directory(setting.file));
 }
 
 TEST(UpdaterPreferences, doNotWaitForAPipe) {
   const Setting setting;
   ASSERT_EQ(::mkfifo(setting.file.c_str(), 0600), 0);
-  EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
+  EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
 }
 
 TEST(UpdaterPreferences, sayWhyTheyCannotBeKept) {
   const fixtures::Sandbox sandbox;
   sandbox.write("file", "");
-  const auto failure = UpdaterPreferences(sandbox / "file" / "updates.plist").setAutomaticChecks(true);
-  ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->message, "cannot write " + (sandbox / "file" / "updates.plist").string() + ": Not a directory");
+  const auto result = UpdaterPreferences(sandbox / "file" / "updates.plist").setAutomaticChecks(true);
+  ASSERT_FALSE(result);
+  EXPECT_EQ(result.error().message,
+            "cannot write " + (sandbox / "file" / "updates.plist").string() + ": Not a directory");
 }
 
 TEST(UpdaterPreferences, loseNothingOnAFullDisk) {
   const Setting setting;
-  EXPECT_FALSE(setting.preferences.setAutomaticChecks(true));
+  EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   const int status = fixtures::exitStatusOf([&] {
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit room = {.rlim_cur = 16, .rlim_max = 16};
     ::setrlimit(RLIMIT_FSIZE, &room);
-    return setting.preferences.setAutomaticDownloads(true) ? 0 : 1;
+    return setting.preferences.setAutomaticDownloads(true) ? 1 : 0;
   });
   EXPECT_EQ(status, 0);
   EXPECT_EQ(setting.preferences.automaticChecks(), true);
@@ -272,13 +273,14 @@ TEST(UpdaterPreferences, loseNothingOnAFullDisk) {
 
 TEST(UpdaterPreferences, doNotWaitForWhoDoesNotLetGo) {
   const Setting setting;
-  EXPECT_FALSE(setting.preferences.setSkippedVersion("1.0"));
+  EXPECT_TRUE(setting.preferences.setSkippedVersion("1.0"));
   const system::Descriptor lock(
       ::open((setting.file.parent_path() / ".updates.plist.lock").c_str(), O_RDWR | O_CLOEXEC));
   ASSERT_EQ(::flock(lock.number(), LOCK_EX), 0);
-  const auto failure = setting.preferences.setSkippedVersion("2.0");
-  ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->message, "cannot write " + setting.file.string() + ": another program does not let go of it");
+  const auto result = setting.preferences.setSkippedVersion("2.0");
+  ASSERT_FALSE(result);
+  EXPECT_EQ(result.error().message,
+            "cannot write " + setting.file.string() + ": another program does not let go of it");
   EXPECT_EQ(setting.preferences.skippedVersion(), "1.0");
 }
 
@@ -288,12 +290,12 @@ TEST(UpdaterPreferences, ofTwoProcessesDoNotLoseEachOthersWrites) {
   const Setting setting;
   const auto writesVersions = [&](int round) {
     const std::string version = std::to_string(round);
-    return fixtures::waitFor([&] { return !setting.preferences.setSkippedVersion(version); }) &&
+    return fixtures::waitFor([&] { return static_cast<bool>(setting.preferences.setSkippedVersion(version)); }) &&
            setting.preferences.skippedVersion() == version;
   };
   const auto writesTimes = [&](int round) {
     const UpdaterPreferences::Time time{seconds(round)};
-    return fixtures::waitFor([&] { return !setting.preferences.setLastCheck(time); }) &&
+    return fixtures::waitFor([&] { return static_cast<bool>(setting.preferences.setLastCheck(time)); }) &&
            setting.preferences.lastCheck() == time;
   };
   const auto start = [](const std::function<bool(int)>& writes) {

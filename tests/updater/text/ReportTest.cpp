@@ -22,7 +22,7 @@ TEST(Report, hasABearableLength) { EXPECT_LT(reported(std::string(1'000'000, 'x'
 
 TEST(Report, saysNothingOfWhatWentWell) {
   testing::internal::CaptureStderr();
-  report(std::optional<system::Failure>());
+  report(system::Result<void>());
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 

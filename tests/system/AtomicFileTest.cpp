@@ -1,4 +1,4 @@
-#include "standin/store/AtomicFile.h"
+#include "system/AtomicFile.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -16,10 +16,11 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 
-namespace tarnwell::standin {
+namespace tarnwell::system {
 namespace {
 
-constexpr const char* temporaryName = ".list.tmp";
+/// The name in the sandbox that a file has on its way to "list".
+const std::string passingName = AtomicFile::passingPath("list").filename().string();
 
 /// From now on this process is on a file system that knows no files without a name.
 bool refuseUnnamedFiles() {
@@ -39,38 +40,60 @@ bool refuseUnnamedFiles() {
 
 TEST(AtomicFileTest, isPlacedWhereFilesHaveToHaveANameToo) {
   const fixtures::Sandbox sandbox;
-  sandbox.write(temporaryName, "what a killed process left");
+  sandbox.write(passingName, "what a killed process left");
   EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
-              AtomicFile file(sandbox / "list", temporaryName);
-              const bool isWritten = refuseUnnamedFiles() && !file.write("bytes") && sandbox.holds(temporaryName);
-              return isWritten && !file.place() ? 0 : 1;
+              AtomicFile file(sandbox / "list", 0600);
+              const bool isWritten = refuseUnnamedFiles() && file.write("bytes") && sandbox.holds(passingName);
+              return isWritten && file.place() ? 0 : 1;
             }),
             0);
   EXPECT_EQ(sandbox.read("list"), "bytes");
-  EXPECT_FALSE(sandbox.holds(temporaryName));
+  EXPECT_FALSE(sandbox.holds(passingName));
+}
+
+TEST(AtomicFileTest, keepsPermissionsButLendsNoRights) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("list", "before");
+  std::filesystem::permissions(sandbox / "list", std::filesystem::perms(04751));
+  AtomicFile file(sandbox / "list", 0600);
+  ASSERT_TRUE(file.write("bytes"));
+  ASSERT_TRUE(file.place());
+  EXPECT_EQ(std::filesystem::status(sandbox / "list").permissions(), std::filesystem::perms(0751));
+}
+
+TEST(AtomicFileTest, staysInTheFolderThatItWasBegunIn) {
+  const fixtures::Sandbox sandbox;
+  std::filesystem::create_directory(sandbox / "folder");
+  AtomicFile file(sandbox / "folder/list", 0600);
+  ASSERT_TRUE(file.write("bytes"));
+  std::filesystem::rename(sandbox / "folder", sandbox / "moved");
+  std::filesystem::create_directory(sandbox / "folder");
+  ASSERT_TRUE(file.place());
+  EXPECT_EQ(sandbox.read("moved/list"), "bytes");
+  EXPECT_TRUE(std::filesystem::is_empty(sandbox / "folder"));
 }
 
 TEST(AtomicFileTest, takesANameThatALinkHas) {
   const fixtures::Sandbox sandbox;
   sandbox.write("list", "before");
-  std::filesystem::create_symlink("elsewhere", sandbox / temporaryName);
-  AtomicFile file(sandbox / "list", temporaryName);
-  EXPECT_FALSE(file.write("bytes"));
-  EXPECT_FALSE(file.commit());
+  std::filesystem::create_symlink("elsewhere", sandbox / passingName);
+  AtomicFile file(sandbox / "list", 0600);
+  EXPECT_TRUE(file.write("bytes"));
+  EXPECT_TRUE(file.commit());
   EXPECT_EQ(sandbox.read("list"), "bytes");
 }
 
 TEST(AtomicFileTest, isNotPlacedWhenItsNameWasTakenAway) {
   const fixtures::Sandbox sandbox;
   EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
-              AtomicFile file(sandbox / "list", temporaryName);
-              const bool isWritten = refuseUnnamedFiles() && !file.write("bytes");
-              std::filesystem::remove(sandbox / temporaryName);
-              return isWritten && file.place() ? 0 : 1;
+              AtomicFile file(sandbox / "list", 0600);
+              const bool isWritten = refuseUnnamedFiles() && file.write("bytes");
+              std::filesystem::remove(sandbox / passingName);
+              return isWritten && !file.place() ? 0 : 1;
             }),
             0);
   EXPECT_FALSE(sandbox.holds("list"));
 }
 
 }  // namespace
-}  // namespace tarnwell::standin
+}  // namespace tarnwell::system
