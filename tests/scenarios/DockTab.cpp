@@ -58,6 +58,8 @@ void DockTab::enter(const std::string& name, const std::string& text) {
 
 void DockTab::choose(const std::string& name, int index) { driver_->choose(find<kit::PopUpButton>(name), index); }
 
+void DockTab::nudge(const std::string& name, int steps) { driver_->nudge(find<kit::Slider>(name), steps); }
+
 void DockTab::stepUp(const std::string& name) { driver_->stepUp(find<kit::Stepper>(name)); }
 
 void DockTab::stepDown(const std::string& name) { driver_->stepDown(find<kit::Stepper>(name)); }

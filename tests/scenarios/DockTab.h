@@ -41,9 +41,9 @@ class DockTab {
     return dynamic_cast<C&>(control(name));
   }
   bool has(const std::string& name) const;
-  Seen look(const std::string& name) { return driver_->look(control(name)); }
-  std::string value(const std::string& name) { return look(name).value; }
-  bool isEnabled(const std::string& name) { return look(name).enabled; }
+  kit::Accessible look(const std::string& name) { return driver_->look(control(name)); }
+  std::string value(const std::string& name) { return inWords(look(name).value); }
+  bool isEnabled(const std::string& name) { return look(name).isEnabled; }
 
   void press(const std::string& name) { driver_->click(control(name)); }
   void type(const std::string& name, const std::string& text);
@@ -51,6 +51,7 @@ class DockTab {
   /// Types and leaves the field.
   void enter(const std::string& name, const std::string& text);
   void choose(const std::string& name, int index);
+  void nudge(const std::string& name, int steps);
   void stepUp(const std::string& name);
   void stepDown(const std::string& name);
   /// To a place on the track as seen: 0 is its left end, 1 its right.

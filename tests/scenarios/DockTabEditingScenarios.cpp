@@ -92,7 +92,8 @@ TEST(DockTabEditingScenarios, aValueSetByAnAssistiveClientIsPrintedAsItCameAndKe
   DockTab tab;
   tab.holdingDefaults().open();
   const fixtures::StandardOutputCapture output;
-  tab.driver().setValue(tab.find<kit::Slider>("Delay slider"), 0.456);
+  tab.driver().perform(tab.find<kit::Control>("Delay slider"),
+                       {.action = kit::AccessibleAction::setValue, .value = 0.456});
   EXPECT_EQ(output.text(), "VALUE: 0.456\n");
   EXPECT_EQ(tab.value("Delay slider"), "0.46");
   EXPECT_EQ(tab.value("Delay seconds"), "0.46");

@@ -122,9 +122,9 @@ TEST(DockTabScenarios, aDragLandsOnHundredths) {
 TEST(DockTabScenarios, arrowKeysMoveTheTurnedKnobAsSeen) {
   DockTab tab;
   tab.holdingDefaults().open();
-  tab.pressKey("Delay slider", Key::right);
+  tab.nudge("Delay slider", 1);
   EXPECT_EQ(tab.value("Delay seconds"), "0.19");
-  tab.pressKey("Delay slider", Key::left);
+  tab.nudge("Delay slider", -1);
   EXPECT_EQ(tab.value("Delay seconds"), "0.2");
 }
 

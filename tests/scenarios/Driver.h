@@ -3,6 +3,9 @@
 #include <memory>
 #include <string>
 
+#include <vector>
+
+#include "kit/controls/Accessible.h"
 #include "kit/host/Geometry.h"
 
 namespace tarnwell::kit {
@@ -18,14 +21,10 @@ class Window;
 
 namespace tarnwell::scenarios {
 
-enum class Key { enter, escape, tab, space, left, right };
+enum class Key { enter, escape, tab, space };
 
-/// What a person, or a screen reader for them, finds at a control.
-struct Seen {
-  std::string name = {};
-  std::string value = {};  ///< "on" and "off" for a switch, the chosen item's title for a pop-up button.
-  bool enabled = false;
-};
+/// "on" and "off", a number as short as it goes, a text; empty for none.
+std::string inWords(const kit::AccessibleValue& value);
 
 /// Acts on a host's controls the way its user does, and looks at them the way its user does.
 class Driver {
@@ -37,8 +36,8 @@ class Driver {
   virtual void click(kit::Control& control) = 0;
   /// Presses the knob, moves to `to` (the slider's own frame, as seen on the screen), and lets go.
   virtual void drag(kit::Slider& slider, kit::Point to) = 0;
-  /// As an assistive client does, which knows of no pointer.
-  virtual void setValue(kit::Slider& slider, double value) = 0;
+  /// With the arrow keys, to the left where negative.
+  virtual void nudge(kit::Slider& slider, int steps) = 0;
   /// Puts the text into the field and leaves it there, not committed.
   virtual void type(kit::TextField& field, const std::string& text) = 0;
   virtual void stepUp(kit::Stepper& stepper) = 0;
@@ -48,7 +47,11 @@ class Driver {
   /// Gives the keyboard to `control` and presses the key.
   virtual void pressKey(kit::Window& window, kit::Control& control, Key key) = 0;
 
-  virtual Seen look(kit::Control& control) = 0;
+  // As an assistive client, which knows of no pointer.
+
+  virtual kit::Accessible look(kit::Control& control) = 0;
+  virtual std::vector<kit::AccessiblePart> parts(kit::Control& control) = 0;
+  virtual void perform(kit::Control& control, const kit::AccessibleRequest& request) = 0;
 };
 
 /// The driver of the host that this test program is for.

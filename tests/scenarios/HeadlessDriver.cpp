@@ -1,49 +1,22 @@
 #include "host/headless/HeadlessHost.h"
-#include "kit/controls/Button.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Toggle.h"
 #include "kit/controls/Window.h"
 #include "scenarios/Driver.h"
 
-#include "core/DecimalText.h"
-
 namespace tarnwell::scenarios {
 namespace {
-
-std::string valueOf(kit::Control& control) {
-  if (const auto* slider = dynamic_cast<kit::Slider*>(&control)) {
-    return core::decimalText(slider->doubleValue());
-  }
-  if (const auto* stepper = dynamic_cast<kit::Stepper*>(&control)) {
-    return core::decimalText(stepper->value());
-  }
-  if (const auto* field = dynamic_cast<kit::TextField*>(&control)) {
-    return field->shownText();
-  }
-  if (const auto* toggle = dynamic_cast<kit::Toggle*>(&control)) {
-    return toggle->isOn() ? "on" : "off";
-  }
-  if (const auto* popUp = dynamic_cast<kit::PopUpButton*>(&control)) {
-    return popUp->selectedIndex() < 0 ? "" : popUp->items()[static_cast<std::size_t>(popUp->selectedIndex())].title;
-  }
-  return {};
-}
 
 class HeadlessDriver final : public Driver {
  public:
   kit::Host& host() override { return host_; }
 
   void click(kit::Control& control) override {
-    leaveField(control);
-    if (auto* button = dynamic_cast<kit::Button*>(&control)) {
-      button->click();
-    } else if (auto* toggle = dynamic_cast<kit::Toggle*>(&control)) {
-      toggle->press();
-    }
+    const bool turns = control.accessible().role == kit::AccessibleRole::toggle;
+    control.perform({.action = turns ? kit::AccessibleAction::toggle : kit::AccessibleAction::press});
   }
 
   void drag(kit::Slider& slider, kit::Point to) override {
@@ -51,7 +24,10 @@ class HeadlessDriver final : public Driver {
     slider.dragTo(to);
   }
 
-  void setValue(kit::Slider& slider, double value) override { slider.choose(value); }
+  void nudge(kit::Slider& slider, int steps) override {
+    leaveField(slider);
+    slider.nudge(steps * kit::Slider::arrowStep);
+  }
 
   void type(kit::TextField& field, const std::string& text) override {
     leaveField(field);
@@ -80,7 +56,6 @@ class HeadlessDriver final : public Driver {
 
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {
     leaveField(control);
-    auto* slider = dynamic_cast<kit::Slider*>(&control);
     if (key == Key::enter) {
       window.keyDown({.charactersIgnoringModifiers = kit::returnKey});
     } else if (key == Key::escape) {
@@ -89,23 +64,18 @@ class HeadlessDriver final : public Driver {
       click(control);
     } else if (key == Key::tab) {
       window.endEditing();
-    } else if (slider != nullptr) {
-      slider->nudge(key == Key::right ? kit::Slider::arrowStep : -kit::Slider::arrowStep);
     }
   }
 
-  Seen look(kit::Control& control) override {
-    return {.name = control.accessibleName(), .value = valueOf(control), .enabled = control.isEnabled()};
-  }
+  kit::Accessible look(kit::Control& control) override { return control.accessible(); }
+
+  std::vector<kit::AccessiblePart> parts(kit::Control& control) override { return control.accessibleParts(); }
+
+  void perform(kit::Control& control, const kit::AccessibleRequest& request) override { control.perform(request); }
 
  private:
   // What goes to another control than the field that is being typed into ends the editing first.
-  static void leaveField(const kit::Control& next) {
-    const auto* field = dynamic_cast<const kit::TextField*>(&next);
-    if (field == nullptr || !field->isEditing()) {
-      next.window()->endEditing();
-    }
-  }
+  static void leaveField(const kit::Control& next) { next.window()->endEditing(&next); }
 
   host_headless::HeadlessHost host_;
 };

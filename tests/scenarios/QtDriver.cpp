@@ -1,15 +1,17 @@
+#include <QtCore/QPointer>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QWidget>
+#include <cstdlib>
+#include <map>
 #include <stdexcept>
 
-#include "core/DecimalText.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/look/Conversions.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Toggle.h"
 #include "scenarios/Driver.h"
 
 namespace tarnwell::scenarios {
@@ -27,23 +29,106 @@ Qt::Key keyCode(Key key) {
       return Qt::Key_Tab;
     case Key::space:
       return Qt::Key_Space;
-    case Key::left:
-      return Qt::Key_Left;
-    case Key::right:
-      return Qt::Key_Right;
   }
   throw std::logic_error("no such key");
 }
 
-std::string valueOf(const kit::Control& control, QAccessibleInterface& seen) {
-  if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
-    return seen.state().checked ? "on" : "off";
+// What the toolkit's words mean.
+
+kit::AccessibleRole roleOf(QAccessibleInterface& seen) {
+  static const std::map<QAccessible::Role, kit::AccessibleRole> roles = {
+      {QAccessible::Pane, kit::AccessibleRole::group},
+      {QAccessible::StaticText, kit::AccessibleRole::text},
+      {QAccessible::Graphic, kit::AccessibleRole::image},
+      {QAccessible::Button, kit::AccessibleRole::button},
+      {QAccessible::CheckBox, kit::AccessibleRole::toggle},
+      {QAccessible::Slider, kit::AccessibleRole::slider},
+      {QAccessible::SpinBox, kit::AccessibleRole::stepper},
+      {QAccessible::EditableText, kit::AccessibleRole::textField},
+      {QAccessible::ComboBox, kit::AccessibleRole::popUpButton},
+      {QAccessible::PageTabList, kit::AccessibleRole::tabBar}};
+  const bool isLeftOut = seen.parent()->indexOfChild(&seen) < 0;
+  return isLeftOut ? kit::AccessibleRole::decoration : roles.at(seen.role());
+}
+
+kit::AccessibleValue valueOf(QAccessibleInterface& seen) {
+  if (seen.state().checkable) {
+    return static_cast<bool>(seen.state().checked);
   }
   if (QAccessibleValueInterface* value = seen.valueInterface()) {
-    return core::decimalText(value->currentValue().toDouble());
+    return value->currentValue().toDouble();
   }
-  return seen.text(QAccessible::Value).toStdString();
+  const bool hasText = seen.state().editable || seen.state().hasPopup;
+  return hasText ? kit::AccessibleValue(seen.text(QAccessible::Value).toStdString()) : kit::AccessibleValue();
 }
+
+std::optional<kit::AccessibleRange> rangeOf(QAccessibleInterface& seen) {
+  QAccessibleValueInterface* value = seen.valueInterface();
+  return value == nullptr ? std::nullopt
+                          : std::optional(kit::AccessibleRange{.least = value->minimumValue().toDouble(),
+                                                               .most = value->maximumValue().toDouble(),
+                                                               .step = value->minimumStepSize().toDouble()});
+}
+
+const std::map<kit::AccessibleAction, QString>& namedActions() {
+  using Names = QAccessibleActionInterface;
+  static const std::map<kit::AccessibleAction, QString> names = {
+      {kit::AccessibleAction::press, Names::pressAction()},
+      {kit::AccessibleAction::toggle, Names::toggleAction()},
+      {kit::AccessibleAction::showMenu, Names::showMenuAction()},
+      {kit::AccessibleAction::increment, Names::increaseAction()},
+      {kit::AccessibleAction::decrement, Names::decreaseAction()}};
+  return names;
+}
+
+std::vector<kit::AccessibleAction> actionsOf(QAccessibleInterface& seen) {
+  std::vector<kit::AccessibleAction> actions;
+  for (const auto& [action, name] : namedActions()) {
+    if (seen.actionInterface()->actionNames().contains(name)) {
+      actions.push_back(action);
+    }
+  }
+  if (seen.valueInterface() != nullptr || seen.editableTextInterface() != nullptr) {
+    actions.push_back(kit::AccessibleAction::setValue);
+  }
+  if (seen.state().hasPopup || seen.role() == QAccessible::PageTabList) {
+    actions.push_back(kit::AccessibleAction::choosePart);
+  }
+  return actions;
+}
+
+void doAction(QAccessibleInterface& seen, kit::AccessibleAction action) {
+  seen.actionInterface()->doAction(namedActions().at(action));
+}
+
+/// The rows of a pop-up button's menu can be looked at while it is open.
+class Parts {
+ public:
+  explicit Parts(QAccessibleInterface& seen) {
+    if (seen.state().hasPopup) {
+      doAction(seen, kit::AccessibleAction::showMenu);
+      list_ = seen.child(0);
+      menu_ = list_ != nullptr ? qobject_cast<QWidget*>(list_->object()) : nullptr;
+    } else if (seen.role() == QAccessible::PageTabList) {
+      list_ = &seen;
+    }
+  }
+  Parts(const Parts&) = delete;
+  Parts& operator=(const Parts&) = delete;
+  ~Parts() {
+    if (menu_) {
+      menu_->close();
+    }
+    driver::settle();
+  }
+
+  int count() const { return list_ != nullptr ? list_->childCount() : 0; }
+  QAccessibleInterface& at(int index) const { return *list_->child(index); }
+
+ private:
+  QAccessibleInterface* list_ = nullptr;  // None for a menu that does not open.
+  QPointer<QWidget> menu_;
+};
 
 class QtDriver final : public Driver {
  public:
@@ -60,8 +145,10 @@ class QtDriver final : public Driver {
     driver::release(slider, to);
   }
 
-  void setValue(kit::Slider& slider, double value) override {
-    driver::seen(slider).valueInterface()->setCurrentValue(value);
+  void nudge(kit::Slider& slider, int steps) override {
+    for (int i = 0; i < std::abs(steps); ++i) {
+      driver::keyAt(slider, steps < 0 ? Qt::Key_Left : Qt::Key_Right);
+    }
   }
 
   void type(kit::TextField& field, const std::string& text) override { driver::type(field, text); }
@@ -78,11 +165,44 @@ class QtDriver final : public Driver {
     driver::keyAt(control, keyCode(key));
   }
 
-  Seen look(kit::Control& control) override {
+  kit::Accessible look(kit::Control& control) override {
     QAccessibleInterface& seen = driver::seen(control);
-    return {.name = seen.text(QAccessible::Name).toStdString(),
-            .value = valueOf(control, seen),
-            .enabled = !seen.state().disabled};
+    return {.role = roleOf(seen),
+            .name = seen.text(QAccessible::Name).toStdString(),
+            .value = valueOf(seen),
+            .range = rangeOf(seen),
+            .actions = actionsOf(seen),
+            .isDefault = static_cast<bool>(seen.state().defaultButton),
+            .isEnabled = !seen.state().disabled};
+  }
+
+  std::vector<kit::AccessiblePart> parts(kit::Control& control) override {
+    std::vector<kit::AccessiblePart> found;
+    const Parts shown(driver::seen(control));
+    for (int i = 0; i < shown.count(); ++i) {
+      QAccessibleInterface& part = shown.at(i);
+      const bool isTab = part.role() == QAccessible::PageTab;
+      const QRect frame = part.rect().translated(-driver::widget(control).mapToGlobal(QPoint()));
+      found.push_back({.name = part.text(QAccessible::Name).toStdString(),
+                       .selected = static_cast<bool>(isTab ? part.state().selected : part.state().checked),
+                       .frame = isTab ? host_qt::toRect(frame) : kit::Rect()});
+    }
+    return found;
+  }
+
+  void perform(kit::Control& control, const kit::AccessibleRequest& request) override {
+    QAccessibleInterface& seen = driver::seen(control);
+    if (request.action == kit::AccessibleAction::choosePart) {
+      if (const Parts parts(seen); request.part < parts.count()) {
+        doAction(parts.at(request.part), kit::AccessibleAction::press);
+      }
+    } else if (request.action != kit::AccessibleAction::setValue) {
+      doAction(seen, request.action);
+    } else if (const auto* number = std::get_if<double>(&request.value)) {
+      seen.valueInterface()->setCurrentValue(*number);
+    } else {
+      seen.setText(QAccessible::Value, QString::fromStdString(std::get<std::string>(request.value)));
+    }
   }
 };
 

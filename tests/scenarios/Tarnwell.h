@@ -30,8 +30,8 @@ class Tarnwell {
   bool settingsAreOpen() const;
   kit::Control& control(const std::string& name) const;
   bool has(const std::string& name) const;
-  std::string value(const std::string& name) { return driver_->look(control(name)).value; }
-  bool isEnabled(const std::string& name) { return driver_->look(control(name)).enabled; }
+  std::string value(const std::string& name) { return inWords(driver_->look(control(name)).value); }
+  bool isEnabled(const std::string& name) { return driver_->look(control(name)).isEnabled; }
   void press(const std::string& name) { driver_->click(control(name)); }
   std::vector<std::string> tabs() const;
   std::string chosenTab() const;

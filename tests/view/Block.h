@@ -31,6 +31,7 @@ class BlockControl final : public kit::Control {
   kit::Measurement measure(const kit::TextMeasurer& text, kit::Proposal proposal) const override;
 
  protected:
+  kit::Accessible ownAccessible() const override { return {.role = kit::AccessibleRole::group}; }
   std::vector<kit::Aspect> aspects() const override { return {}; }
 
  private:

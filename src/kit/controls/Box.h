@@ -12,12 +12,12 @@ class Box final : public Control {
   explicit Box(Kind kind) : kind_(kind) {}
 
   Kind kind() const { return kind_; }
-  bool isDecoration() const override { return true; }
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
+  Accessible ownAccessible() const override { return {.role = AccessibleRole::decoration}; }
   std::vector<Aspect> aspects() const override { return {}; }
 
  private:

@@ -56,4 +56,8 @@ Measurement Button::measure(const TextMeasurer& text, Proposal /*proposal*/) con
   return {.size = size, .firstBaseline = (size.height + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible Button::ownAccessible() const {
+  return {.role = AccessibleRole::button, .name = title_, .actions = {AccessibleAction::press}, .isDefault = default_};
+}
+
 }  // namespace tarnwell::kit

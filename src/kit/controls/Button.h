@@ -33,6 +33,8 @@ class Button final : public Control {
   bool takesFocus() const override { return true; }
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& /*request*/) override { click(); }
   std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::title}; }
 
  private:

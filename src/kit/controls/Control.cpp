@@ -1,7 +1,9 @@
 #include "kit/controls/Control.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "kit/controls/Window.h"
 #include "kit/turn/Turn.h"
 
 namespace tarnwell::kit {
@@ -49,6 +51,38 @@ void Control::setAccessibleDescription(std::string description) {
 }
 
 void Control::setLabel(const Control* label) { label_ = label != nullptr ? label->handle() : nullptr; }
+
+Accessible Control::accessible() const {
+  Accessible told = ownAccessible();
+  if (!accessibleName_.empty()) {
+    told.name = accessibleName_;
+  }
+  told.isEnabled = enabled_;
+  return told;
+}
+
+void Control::perform(const AccessibleRequest& request) {
+  const auto self = handle();
+  if (window_ != nullptr) {
+    window_->endEditing(this);
+  }
+  if (*self != nullptr && enabled_ && takes(request)) {
+    act(request);
+  }
+}
+
+bool Control::takes(const AccessibleRequest& request) const {
+  const Accessible told = ownAccessible();
+  const bool offered = std::ranges::count(told.actions, request.action) > 0;
+  switch (request.action) {
+    case AccessibleAction::setValue:
+      return offered && told.value.index() == request.value.index();
+    case AccessibleAction::choosePart:
+      return offered && request.part >= 0 && request.part < static_cast<int>(accessibleParts().size());
+    default:
+      return offered;
+  }
+}
 
 void Control::attach(std::unique_ptr<Peer> peer) {
   peer_ = std::move(peer);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "kit/controls/Accessible.h"
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
 #include "kit/host/Peer.h"
@@ -52,8 +53,13 @@ class Control {
   Control* label() const { return label_ ? *label_ : nullptr; }
   void setLabel(const Control* label);
 
-  /// Means nothing to those who cannot see it.
-  virtual bool isDecoration() const { return false; }
+  /// What it is to those who cannot see it. Without a name that was given it goes by its own, a title for example.
+  Accessible accessible() const;
+  virtual std::vector<AccessiblePart> accessibleParts() const { return {}; }
+
+  /// The user's doing without a pointer. Like a press it first commits what is being typed elsewhere in the window,
+  /// which may end the control. Nothing while the control is disabled or has no such action, value or part.
+  void perform(const AccessibleRequest& request);
 
   /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
   void joinTurn(Turn& turn) { turn_ = &turn; }
@@ -95,6 +101,11 @@ class Control {
   virtual bool takesFocus() const { return false; }
 
  protected:
+  /// With the control's own name.
+  virtual Accessible ownAccessible() const = 0;
+  /// One of the actions that `ownAccessible` names, with a value of its kind or an existing part.
+  virtual void act(const AccessibleRequest& /*request*/) {}
+
   void changed(Aspect aspect);
   void sizeChangedByItself();
   void send(Action action);
@@ -108,6 +119,7 @@ class Control {
   virtual std::vector<Aspect> aspects() const = 0;
 
  private:
+  bool takes(const AccessibleRequest& request) const;
   void replay();
 
   std::shared_ptr<Control*> handle_ = std::make_shared<Control*>(this);

@@ -11,6 +11,7 @@ class Pane : public Control {
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
+  Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }
   std::vector<Aspect> aspects() const override { return {}; }
 };
 

@@ -53,4 +53,26 @@ Measurement PopUpButton::measure(const TextMeasurer& text, Proposal /*proposal*/
           .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible PopUpButton::ownAccessible() const {
+  return {.role = AccessibleRole::popUpButton,
+          .value = selected_ >= 0 ? items_.at(static_cast<std::size_t>(selected_)).title : std::string(),
+          .actions = {AccessibleAction::showMenu, AccessibleAction::choosePart}};
+}
+
+std::vector<AccessiblePart> PopUpButton::accessibleParts() const {
+  std::vector<AccessiblePart> parts;
+  for (const Item& item : items_) {
+    parts.push_back({.name = item.title, .selected = static_cast<int>(parts.size()) == selected_});
+  }
+  return parts;
+}
+
+void PopUpButton::act(const AccessibleRequest& request) {
+  if (request.action == AccessibleAction::choosePart) {
+    choose(request.part);
+  } else if (auto* menu = dynamic_cast<MenuPeer*>(peer())) {
+    menu->openMenu();
+  }
+}
+
 }  // namespace tarnwell::kit

@@ -7,6 +7,14 @@
 
 namespace tarnwell::kit {
 
+/// What a pop-up button's peer does beside.
+class MenuPeer {
+ public:
+  virtual ~MenuPeer() = default;
+
+  virtual void openMenu() = 0;
+};
+
 /// A button that shows the chosen one of several items and offers the others in a menu.
 class PopUpButton final : public Control {
  public:
@@ -33,8 +41,11 @@ class PopUpButton final : public Control {
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
+  std::vector<AccessiblePart> accessibleParts() const override;
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override;
   std::vector<Aspect> aspects() const override { return {Aspect::title, Aspect::value}; }
 
  private:

@@ -22,6 +22,7 @@ class ScrollArea final : public Control {
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
+  Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:

@@ -104,6 +104,13 @@ Measurement Slider::measure(const TextMeasurer& text, Proposal proposal) const {
           .firstBaseline = (metrics::sliderHeight + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible Slider::ownAccessible() const {
+  return {.role = AccessibleRole::slider,
+          .value = value_,
+          .range = AccessibleRange{.least = minValue_, .most = maxValue_, .step = step()},
+          .actions = {AccessibleAction::increment, AccessibleAction::decrement, AccessibleAction::setValue}};
+}
+
 double Slider::clamped(double value) const {
   return std::isnan(value) ? minValue_ : std::clamp(value, minValue_, maxValue_);
 }

@@ -53,6 +53,9 @@ class Slider : public Control {
   bool takesFocus() const override { return true; }
 
  protected:
+  /// The stored value, whichever way the picture is turned.
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override { choose(valueAfter(request, value_, step())); }
   std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::value}; }
 
  private:
@@ -65,6 +68,7 @@ class Slider : public Control {
   static Range rangeIn(const Coder& coder);
   double clamped(double value) const;
   double trackLength() const;
+  double step() const { return arrowStep * (maxValue_ - minValue_); }
 
   SliderAction action_;
   double value_;

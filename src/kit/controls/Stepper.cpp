@@ -43,4 +43,11 @@ Measurement Stepper::measure(const TextMeasurer& text, Proposal /*proposal*/) co
   return {.size = metrics::stepper, .firstBaseline = (metrics::stepper.height + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible Stepper::ownAccessible() const {
+  return {.role = AccessibleRole::stepper,
+          .value = value_,
+          .range = AccessibleRange{.least = range_.least, .most = range_.most, .step = range_.step},
+          .actions = {AccessibleAction::increment, AccessibleAction::decrement, AccessibleAction::setValue}};
+}
+
 }  // namespace tarnwell::kit

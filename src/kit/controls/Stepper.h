@@ -43,6 +43,8 @@ class Stepper final : public Control {
   bool takesFocus() const override { return true; }
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override { choose(valueAfter(request, value_, range_.step)); }
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:

@@ -27,4 +27,8 @@ Measurement SymbolView::measure(const TextMeasurer& text, Proposal /*proposal*/)
           .firstBaseline = (metrics::symbolSide + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible SymbolView::ownAccessible() const {
+  return {.role = accessibleName().empty() ? AccessibleRole::decoration : AccessibleRole::image};
+}
+
 }  // namespace tarnwell::kit

@@ -14,13 +14,12 @@ class SymbolView final : public Control {
   ColorRole color() const { return color_; }
   void setColor(ColorRole color);
 
-  /// Unless it has a name: beside a title that says the same it needs none.
-  bool isDecoration() const override { return accessibleName().empty(); }
-
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
+  /// Decoration unless it has a name: beside a title that says the same it needs none.
+  Accessible ownAccessible() const override;
   std::vector<Aspect> aspects() const override { return {Aspect::value, Aspect::style}; }
 
  private:

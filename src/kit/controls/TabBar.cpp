@@ -67,4 +67,17 @@ Measurement TabBar::measure(const TextMeasurer& text, Proposal proposal) const {
   return {.size = {.width = proposal.width.value_or(all), .height = height + 2 * metrics::tabBarInset}};
 }
 
+Accessible TabBar::ownAccessible() const {
+  return {.role = AccessibleRole::tabBar, .actions = {AccessibleAction::choosePart}};
+}
+
+std::vector<AccessiblePart> TabBar::accessibleParts() const {
+  std::vector<AccessiblePart> parts;
+  for (const Tab& tab : tabs_) {
+    const int index = static_cast<int>(parts.size());
+    parts.push_back({.name = tab.title, .selected = index == selected_, .frame = rectOfTab(index)});
+  }
+  return parts;
+}
+
 }  // namespace tarnwell::kit

@@ -38,8 +38,11 @@ class TabBar final : public Control {
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
+  std::vector<AccessiblePart> accessibleParts() const override;
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override { choose(request.part); }
   std::vector<Aspect> aspects() const override { return {Aspect::title, Aspect::value}; }
 
  private:

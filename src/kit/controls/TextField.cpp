@@ -20,8 +20,8 @@ void TextField::setText(std::string text) {
 
 void TextField::type(std::string text) {
   const auto self = handle();
-  if (!editing_ && window() != nullptr) {
-    window()->endEditing();
+  if (window() != nullptr) {
+    window()->endEditing(this);
   }
   // The other field's commit may end this one.
   if (*self != nullptr && isEnabled()) {
@@ -67,6 +67,10 @@ void TextField::edit(const Selector& command) {
   if (auto* editing = dynamic_cast<EditingPeer*>(peer())) {
     editing->edit(command);
   }
+}
+
+Accessible TextField::ownAccessible() const {
+  return {.role = AccessibleRole::textField, .value = shownText(), .actions = {AccessibleAction::setValue}};
 }
 
 }  // namespace tarnwell::kit

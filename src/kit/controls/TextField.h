@@ -46,6 +46,8 @@ class TextField final : public Control {
   void edit(const Selector& command) override;
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override { type(std::get<std::string>(request.value)); }
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:

@@ -24,6 +24,7 @@ class TextLabel final : public Control {
   Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
+  Accessible ownAccessible() const override { return {.role = AccessibleRole::text, .name = text_}; }
   std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::title}; }
 
  private:

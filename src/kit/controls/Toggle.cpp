@@ -31,4 +31,8 @@ Measurement Toggle::measure(const TextMeasurer& text, Proposal /*proposal*/) con
   return {.size = metrics::toggle, .firstBaseline = (metrics::toggle.height + text.capHeight(FontRole::body)) / 2};
 }
 
+Accessible Toggle::ownAccessible() const {
+  return {.role = AccessibleRole::toggle, .value = on_, .actions = {AccessibleAction::toggle}};
+}
+
 }  // namespace tarnwell::kit

@@ -32,6 +32,8 @@ class Toggle final : public Control {
   bool takesFocus() const override { return true; }
 
  protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& /*request*/) override { press(); }
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:

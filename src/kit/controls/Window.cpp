@@ -78,11 +78,11 @@ void Window::performClose() {
   }
 }
 
-void Window::endEditing() {
+void Window::endEditing(const Control* kept) {
   // A copy: a commit may change what stands here.
   for (Control* control : std::vector(controls_)) {
     auto* field = dynamic_cast<TextField*>(control);
-    if (field != nullptr && field->isEditing()) {
+    if (field != nullptr && field != kept && field->isEditing()) {
       field->commit();
       return;
     }

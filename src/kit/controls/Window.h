@@ -68,8 +68,9 @@ class Window final : public Object {
 
   void performClose();
 
-  /// Commits the field that is being typed into. A press elsewhere does this before it is delivered.
-  void endEditing();
+  /// Commits the field that is being typed into, unless it is `kept`. A press elsewhere does this before it is
+  /// delivered.
+  void endEditing(const Control* kept = nullptr);
 
   /// One place for the keys that belong to no control: Return commits and presses the default button if that is
   /// enabled then, Escape gives up what was typed. False for a key that means nothing here. An event of its own: what

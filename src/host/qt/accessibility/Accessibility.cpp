@@ -4,64 +4,18 @@
 #include <QtWidgets/QLineEdit>
 
 #include "host/qt/accessibility/AccessibleControl.h"
-#include "host/qt/accessibility/AccessiblePressable.h"
-#include "host/qt/accessibility/AccessibleRange.h"
-#include "host/qt/accessibility/AccessibleTabBar.h"
 #include "host/qt/accessibility/AccessibleTextField.h"
 #include "host/qt/controls/Announcement.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
-#include "host/qt/look/Conversions.h"
 #include "host/qt/window/WindowWidget.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-class AccessibleLabel final : public AccessibleControl {
- public:
-  AccessibleLabel(QWidget* widget, ControlLink& link) : AccessibleControl(widget, link, QAccessible::StaticText) {}
-
- protected:
-  QString ownName() const override { return toQString(control<kit::TextLabel>()->text()); }
-};
-
 QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
-  const kit::Control* control = link.control();
-  if (dynamic_cast<const kit::Slider*>(control) != nullptr) {
-    return new AccessibleSlider(widget, link);
-  }
-  if (dynamic_cast<const kit::Stepper*>(control) != nullptr) {
-    return new AccessibleStepper(widget, link);
-  }
-  if (dynamic_cast<const kit::Toggle*>(control) != nullptr) {
-    return new AccessibleToggle(widget, link);
-  }
-  if (dynamic_cast<const kit::Button*>(control) != nullptr) {
-    return new AccessibleButton(widget, link);
-  }
-  if (dynamic_cast<const kit::PopUpButton*>(control) != nullptr) {
-    return new AccessiblePopUpButton(widget, link);
-  }
-  if (dynamic_cast<const kit::TabBar*>(control) != nullptr) {
-    return new AccessibleTabBar(widget, link);
-  }
-  if (dynamic_cast<const kit::TextField*>(control) != nullptr) {
-    return new AccessibleTextField(static_cast<QLineEdit*>(widget), link);
-  }
-  if (dynamic_cast<const kit::TextLabel*>(control) != nullptr) {
-    return new AccessibleLabel(widget, link);
-  }
-  const bool isSymbol = dynamic_cast<const kit::SymbolView*>(control) != nullptr;
-  return new AccessibleControl(widget, link, isSymbol ? QAccessible::Graphic : QAccessible::Pane);
+  auto* edit = qobject_cast<QLineEdit*>(widget);
+  return edit != nullptr ? new AccessibleTextField(edit, link) : new AccessibleControl(widget, link);
 }
 
 QAccessibleInterface* accessible(const QString& className, QObject* object) {

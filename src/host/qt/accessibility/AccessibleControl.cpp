@@ -1,29 +1,136 @@
 #include "host/qt/accessibility/AccessibleControl.h"
 
+#include <QtWidgets/QMenu>
+#include <algorithm>
+
+#include "host/qt/accessibility/AccessibleTab.h"
 #include "host/qt/controls/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
-#include "host/qt/window/WindowPeer.h"
 #include "kit/controls/Control.h"
 #include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
+namespace {
+
+QAccessible::Role roleFor(kit::AccessibleRole role) {
+  switch (role) {
+    case kit::AccessibleRole::group:
+      return QAccessible::Pane;
+    case kit::AccessibleRole::text:
+      return QAccessible::StaticText;
+    // A symbol without a name is decoration until it gets one.
+    case kit::AccessibleRole::decoration:
+    case kit::AccessibleRole::image:
+      return QAccessible::Graphic;
+    case kit::AccessibleRole::button:
+      return QAccessible::Button;
+    case kit::AccessibleRole::toggle:
+      return QAccessible::CheckBox;
+    case kit::AccessibleRole::slider:
+      return QAccessible::Slider;
+    case kit::AccessibleRole::stepper:
+      return QAccessible::SpinBox;
+    case kit::AccessibleRole::textField:
+      return QAccessible::EditableText;
+    case kit::AccessibleRole::popUpButton:
+      return QAccessible::ComboBox;
+    case kit::AccessibleRole::tabBar:
+      return QAccessible::PageTabList;
+  }
+  return QAccessible::NoRole;
+}
+
+// Empty for what other interfaces do.
+QString nameOf(kit::AccessibleAction action) {
+  switch (action) {
+    case kit::AccessibleAction::press:
+      return QAccessibleActionInterface::pressAction();
+    case kit::AccessibleAction::toggle:
+      return QAccessibleActionInterface::toggleAction();
+    case kit::AccessibleAction::showMenu:
+      return QAccessibleActionInterface::showMenuAction();
+    case kit::AccessibleAction::increment:
+      return QAccessibleActionInterface::increaseAction();
+    case kit::AccessibleAction::decrement:
+      return QAccessibleActionInterface::decreaseAction();
+    case kit::AccessibleAction::setValue:
+    case kit::AccessibleAction::choosePart:
+      return {};
+  }
+  return {};
+}
+
+bool opensMenu(const kit::Accessible& told) {
+  return std::ranges::count(told.actions, kit::AccessibleAction::showMenu) > 0;
+}
+
+QString inWords(const kit::AccessibleValue& value) {
+  if (const auto* number = std::get_if<double>(&value)) {
+    return QString::number(*number);
+  }
+  const auto* text = std::get_if<std::string>(&value);
+  return text != nullptr ? toQString(*text) : QString();
+}
+
+QString sentences(const QString& first, const QString& second) {
+  return first + (first.isEmpty() || second.isEmpty() ? "" : ". ") + second;
+}
+
+}  // namespace
+
+AccessibleControl::AccessibleControl(QWidget* widget, ControlLink& link)
+    : AccessibleWidget(widget, roleFor(link.control()->accessible().role)), link_(link) {}
+
+AccessibleControl::~AccessibleControl() {
+  for (const QAccessible::Id tab : tabs_) {
+    QAccessible::deleteAccessibleInterface(tab);
+  }
+}
+
+void* AccessibleControl::interface_cast(QAccessible::InterfaceType type) {
+  return type == QAccessible::ValueInterface && told().range ? static_cast<QAccessibleValueInterface*>(this)
+                                                             : AccessibleWidget::interface_cast(type);
+}
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
-  const auto* shown = control<kit::Control>();
-  if (shown != nullptr && kind == QAccessible::Name) {
-    const QString given = toQString(shown->accessibleName());
-    return given.isEmpty() ? ownName() : given;
+  const kit::Control* control = link_.control();
+  if (control == nullptr) {
+    return {};
   }
-  if (shown != nullptr && kind == QAccessible::Description) {
-    return toQString(shown->accessibleDescription());
+  const kit::Accessible shown = told();
+  const QString value = inWords(shown.value);
+  switch (kind) {
+    case QAccessible::Name:
+      return toQString(shown.name);
+    case QAccessible::Value:
+      return value;
+    case QAccessible::Description:
+      return sentences(opensMenu(shown) ? value : QString(), toQString(control->accessibleDescription()));
+    default:
+      return AccessibleWidget::text(kind);
   }
-  return QAccessibleWidget::text(kind);
+}
+
+void AccessibleControl::setText(QAccessible::Text kind, const QString& text) {
+  if (kind == QAccessible::Value) {
+    perform({.action = kit::AccessibleAction::setValue, .value = text.toStdString()});
+  }
+}
+
+QAccessible::State AccessibleControl::state() const {
+  QAccessible::State state = AccessibleWidget::state();
+  const kit::Accessible shown = told();
+  const bool* on = std::get_if<bool>(&shown.value);
+  state.checkable = on != nullptr;
+  state.checked = on != nullptr && *on;
+  state.hasPopup = opensMenu(shown);
+  state.defaultButton = shown.isDefault;
+  return state;
 }
 
 QVector<AccessibleControl::Relation> AccessibleControl::relations(QAccessible::Relation match) const {
-  QVector<Relation> found = QAccessibleWidget::relations(match);
-  const auto* shown = control<kit::Control>();
-  const kit::Control* label = shown != nullptr ? shown->label() : nullptr;
+  QVector<Relation> found = AccessibleWidget::relations(match);
+  const kit::Control* label = link_.control() != nullptr ? link_.control()->label() : nullptr;
   QWidget* widget = label != nullptr ? WidgetPeer::widgetOf(*label) : nullptr;
   if (widget != nullptr && match.testFlag(QAccessible::Label)) {
     found.append({QAccessible::queryAccessibleInterface(widget), QAccessible::Label});
@@ -31,17 +138,83 @@ QVector<AccessibleControl::Relation> AccessibleControl::relations(QAccessible::R
   return found;
 }
 
-void AccessibleControl::doAction(const QString& name) {
-  act([&] { perform(name); });
+QAccessibleInterface* AccessibleControl::focusChild() const {
+  const auto all = tabs();
+  const auto chosen = std::ranges::find_if(all, [](auto* tab) { return tab->state().focused; });
+  return chosen != all.end() ? *chosen : AccessibleWidget::focusChild();
 }
 
-void AccessibleControl::act(const kit::Action& action) const {
-  if (kit::Window* window = WindowPeer::windowOf(*widget())) {
-    window->endEditing();
+QStringList AccessibleControl::actionNames() const {
+  QStringList names;
+  for (const kit::AccessibleAction action : told().actions) {
+    if (const QString name = nameOf(action); !name.isEmpty()) {
+      names += name;
+    }
+  }
+  return names + AccessibleWidget::actionNames();
+}
+
+void AccessibleControl::doAction(const QString& name) {
+  const auto actions = told().actions;
+  const auto own = std::ranges::find(actions, name, &nameOf);
+  if (own != actions.end()) {
+    perform({.action = *own});
+    return;
+  }
+  // The toolkit's own: taking the keyboard.
+  if (kit::Control* control = link_.control(); control != nullptr && control->window() != nullptr) {
+    control->window()->endEditing(control);
   }
   if (link_.control() != nullptr) {
-    action();
+    AccessibleWidget::doAction(name);
   }
+}
+
+QVariant AccessibleControl::currentValue() const {
+  const kit::Accessible shown = told();
+  const auto* number = std::get_if<double>(&shown.value);
+  return number != nullptr ? *number : 0.0;
+}
+
+void AccessibleControl::setCurrentValue(const QVariant& value) {
+  perform({.action = kit::AccessibleAction::setValue, .value = value.toDouble()});
+}
+
+QList<QAccessibleInterface*> AccessibleControl::children() const {
+  if (!opensMenu(told())) {
+    return tabs() + AccessibleWidget::children();
+  }
+  // The toolkit counts no menu among the children of a widget.
+  auto* menu = widget()->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+  const bool isOpen = menu != nullptr && menu->isVisible();
+  return isOpen ? QList{QAccessible::queryAccessibleInterface(menu)} : QList<QAccessibleInterface*>();
+}
+
+kit::Accessible AccessibleControl::told() const {
+  return link_.control() != nullptr ? link_.control()->accessible() : kit::Accessible();
+}
+
+void AccessibleControl::perform(const kit::AccessibleRequest& request) {
+  if (link_.control() != nullptr) {
+    link_.control()->perform(request);
+  }
+}
+
+QList<QAccessibleInterface*> AccessibleControl::tabs() const {
+  QList<QAccessibleInterface*> found;
+  if (role() != QAccessible::PageTabList || link_.control() == nullptr) {
+    return found;
+  }
+  const auto count = link_.control()->accessibleParts().size();
+  while (tabs_.size() < count) {
+    auto* tab = new AccessibleTab(widget(), static_cast<int>(tabs_.size()));
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): what is registered belongs to the registry.
+    tabs_.push_back(QAccessible::registerAccessibleInterface(tab));
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    found += QAccessible::accessibleInterface(tabs_.at(i));
+  }
+  return found;
 }
 
 }  // namespace tarnwell::host_qt

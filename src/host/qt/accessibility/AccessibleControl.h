@@ -1,43 +1,56 @@
 #pragma once
 
+#include <vector>
+
 #include "host/qt/accessibility/AccessibleWidget.h"
 #include "host/qt/controls/ControlLink.h"
+#include "kit/controls/Accessible.h"
 
 namespace tarnwell::host_qt {
 
-/// What a screen reader is told of a control: role, name and state. Qt keeps it as long as the widget, which is a
+/// What a control is and what can be done to it, in the toolkit's words. Qt keeps it as long as the widget, which is a
 /// moment longer than the control.
-class AccessibleControl : public AccessibleWidget {
+class AccessibleControl : public AccessibleWidget, public QAccessibleValueInterface {
  public:
   using Relation = QPair<QAccessibleInterface*, QAccessible::Relation>;
 
-  AccessibleControl(QWidget* widget, ControlLink& link, QAccessible::Role role)
-      : AccessibleWidget(widget, role), link_(link) {}
+  /// There is a control.
+  AccessibleControl(QWidget* widget, ControlLink& link);
+  ~AccessibleControl() override;
 
+  void* interface_cast(QAccessible::InterfaceType type) override;
+  /// What is chosen in a pop-up button begins its description as well: not every screen reader asks for values in
+  /// words.
   QString text(QAccessible::Text kind) const override;
-  void doAction(const QString& name) override;
+  void setText(QAccessible::Text kind, const QString& text) override;
+  QAccessible::State state() const override;
   /// With the text that names it.
   QVector<Relation> relations(QAccessible::Relation match) const override;
+  QAccessibleInterface* focusChild() const override;
+
+  QStringList actionNames() const override;
+  void doAction(const QString& name) override;
+
+  QVariant currentValue() const override;
+  void setCurrentValue(const QVariant& value) override;
+  QVariant maximumValue() const override { return range().most; }
+  QVariant minimumValue() const override { return range().least; }
+  QVariant minimumStepSize() const override { return range().step; }
 
  protected:
-  /// One of the actions, as the user's doing.
-  virtual void perform(const QString& name) { QAccessibleWidget::doAction(name); }
-
-  /// Everything that the user does by way of a screen reader goes through here: what is being typed is committed first,
-  /// as it is before a press with the mouse. Nothing is done to a control that is gone by then.
-  void act(const kit::Action& action) const;
-
-  /// Null once the control is gone.
-  template <class Kind>
-  Kind* control() const {
-    return static_cast<Kind*>(link_.control());
-  }
-
-  /// The name of a control that was given none.
-  virtual QString ownName() const { return {}; }
+  /// The tabs of a tab bar; the menu of a pop-up button while it is open.
+  QList<QAccessibleInterface*> children() const override;
 
  private:
+  /// Of nothing, once the control is gone.
+  kit::Accessible told() const;
+  kit::AccessibleRange range() const { return told().range.value_or(kit::AccessibleRange()); }
+  void perform(const kit::AccessibleRequest& request);
+  QList<QAccessibleInterface*> tabs() const;
+
   ControlLink& link_;
+  // The tabs are no widgets, so their interfaces belong to the bar's. Made when they are first asked for.
+  mutable std::vector<QAccessible::Id> tabs_;
 };
 
 }  // namespace tarnwell::host_qt

@@ -1,40 +1,33 @@
 #include "host/qt/accessibility/AccessibleTab.h"
 
-#include "host/qt/accessibility/AccessibleTabBar.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/look/Conversions.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 
-bool AccessibleTab::isValid() const { return bar() != nullptr; }
-
 QString AccessibleTab::text(QAccessible::Text kind) const {
-  const kit::TabBar* shown = bar();
-  if (kind != QAccessible::Name || shown == nullptr) {
-    return {};
-  }
-  return toQString(shown->tabs().at(static_cast<std::size_t>(index_)).title);
+  return kind == QAccessible::Name && isValid() ? toQString(part()->name) : QString();
 }
 
 QRect AccessibleTab::rect() const {
-  const kit::TabBar* shown = bar();
-  if (shown == nullptr) {
+  const auto shown = part();
+  if (!shown) {
     return {};
   }
-  const QRect inBar = toQRect(shown->rectOfTab(index_));
+  const QRect inBar = toQRect(shown->frame);
   return {bar_->mapToGlobal(inBar.topLeft()), inBar.size()};
 }
 
 QAccessible::State AccessibleTab::state() const {
   QAccessible::State state;
-  const kit::TabBar* shown = bar();
+  const auto shown = part();
   state.selectable = true;
-  state.invalid = shown == nullptr;
-  state.selected = shown != nullptr && shown->selectedIndex() == index_;
+  state.invalid = !shown;
+  state.selected = shown && shown->selected;
   state.focusable = true;
   state.focused = state.selected && bar_->hasFocus();
-  state.disabled = shown != nullptr && !shown->isEnabled();
+  state.disabled = shown && !bar()->isEnabled();
   return state;
 }
 
@@ -43,16 +36,20 @@ void* AccessibleTab::interface_cast(QAccessible::InterfaceType type) {
 }
 
 void AccessibleTab::doAction(const QString& name) {
-  if (bar() != nullptr && name == pressAction()) {
-    static_cast<AccessibleTabBar*>(parent())->choose(index_);
+  if (isValid() && name == pressAction()) {
+    bar()->perform({.action = kit::AccessibleAction::choosePart, .part = index_});
   }
 }
 
-kit::TabBar* AccessibleTab::bar() const {
+kit::Control* AccessibleTab::bar() const {
   const ControlLink* link = ControlLink::of(bar_);
-  auto* shown = link != nullptr ? static_cast<kit::TabBar*>(link->control()) : nullptr;
-  const bool exists = shown != nullptr && index_ < static_cast<int>(shown->tabs().size());
-  return exists ? shown : nullptr;
+  return link != nullptr ? link->control() : nullptr;
+}
+
+std::optional<kit::AccessiblePart> AccessibleTab::part() const {
+  const auto parts = bar() != nullptr ? bar()->accessibleParts() : std::vector<kit::AccessiblePart>();
+  const auto index = static_cast<std::size_t>(index_);
+  return index < parts.size() ? std::optional(parts[index]) : std::nullopt;
 }
 
 }  // namespace tarnwell::host_qt

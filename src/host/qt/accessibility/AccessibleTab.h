@@ -3,9 +3,12 @@
 #include <QtCore/QPointer>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QWidget>
+#include <optional>
+
+#include "kit/controls/Accessible.h"
 
 namespace tarnwell::kit {
-class TabBar;
+class Control;
 }
 
 namespace tarnwell::host_qt {
@@ -15,7 +18,7 @@ class AccessibleTab final : public QAccessibleInterface, public QAccessibleActio
  public:
   AccessibleTab(QWidget* bar, int index) : bar_(bar), index_(index) {}
 
-  bool isValid() const override;
+  bool isValid() const override { return part().has_value(); }
   QObject* object() const override { return nullptr; }
   QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(bar_); }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
@@ -34,11 +37,11 @@ class AccessibleTab final : public QAccessibleInterface, public QAccessibleActio
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
-  int index() const { return index_; }
-
  private:
-  /// Null once the bar, or the tab in it, is gone.
-  kit::TabBar* bar() const;
+  /// Null once the bar is gone.
+  kit::Control* bar() const;
+  /// None once the bar, or the tab in it, is gone.
+  std::optional<kit::AccessiblePart> part() const;
 
   QPointer<QWidget> bar_;
   int index_;

@@ -5,8 +5,7 @@
 
 namespace tarnwell::host_qt {
 
-AccessibleTextField::AccessibleTextField(QLineEdit* edit, ControlLink& link)
-    : AccessibleControl(edit, link, QAccessible::EditableText) {}
+AccessibleTextField::AccessibleTextField(QLineEdit* edit, ControlLink& link) : AccessibleControl(edit, link) {}
 
 QLineEdit* AccessibleTextField::edit() const { return static_cast<QLineEdit*>(widget()); }
 
@@ -18,16 +17,6 @@ void* AccessibleTextField::interface_cast(QAccessible::InterfaceType type) {
       return static_cast<QAccessibleEditableTextInterface*>(this);
     default:
       return AccessibleControl::interface_cast(type);
-  }
-}
-
-QString AccessibleTextField::text(QAccessible::Text kind) const {
-  return kind == QAccessible::Value ? edit()->text() : AccessibleControl::text(kind);
-}
-
-void AccessibleTextField::setText(QAccessible::Text kind, const QString& text) {
-  if (kind == QAccessible::Value) {
-    edit()->setText(text);
   }
 }
 
@@ -94,7 +83,7 @@ QString AccessibleTextField::attributes(int /*offset*/, int* start, int* end) co
 }
 
 void AccessibleTextField::replaceText(int start, int end, const QString& text) {
-  edit()->setText(edit()->text().replace(start, end - start, text));
+  setText(QAccessible::Value, edit()->text().replace(start, end - start, text));
 }
 
 }  // namespace tarnwell::host_qt

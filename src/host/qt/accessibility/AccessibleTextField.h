@@ -14,11 +14,8 @@ class AccessibleTextField final : public AccessibleControl,
   AccessibleTextField(QLineEdit* edit, ControlLink& link);
 
   void* interface_cast(QAccessible::InterfaceType type) override;
-  QString text(QAccessible::Text kind) const override;
-  void setText(QAccessible::Text kind, const QString& text) override;
   QAccessible::State state() const override;
-  /// What is being typed here stays as it is: taking the keyboard commits what another field has.
-  void doAction(const QString& name) override { perform(name); }
+  using AccessibleControl::text;
 
   void selection(int index, int* start, int* end) const override;
   int selectionCount() const override;

@@ -10,22 +10,23 @@ namespace {
 
 bool isDecoration(QObject* object) {
   const ControlLink* link = ControlLink::of(object);
-  return link != nullptr && link->control() != nullptr && link->control()->isDecoration();
+  const kit::Control* control = link != nullptr ? link->control() : nullptr;
+  return control != nullptr && control->accessible().role == kit::AccessibleRole::decoration;
 }
 
 }  // namespace
 
-int AccessibleWidget::childCount() const { return static_cast<int>(meaningful().size()); }
+int AccessibleWidget::childCount() const { return static_cast<int>(children().size()); }
 
-QAccessibleInterface* AccessibleWidget::child(int index) const { return meaningful().value(index); }
+QAccessibleInterface* AccessibleWidget::child(int index) const { return children().value(index); }
 
 int AccessibleWidget::indexOfChild(const QAccessibleInterface* child) const {
-  const auto children = meaningful();
-  const auto found = std::find(children.begin(), children.end(), child);
-  return found != children.end() ? static_cast<int>(found - children.begin()) : -1;
+  const auto all = children();
+  const auto found = std::find(all.begin(), all.end(), child);
+  return found != all.end() ? static_cast<int>(found - all.begin()) : -1;
 }
 
-QList<QAccessibleInterface*> AccessibleWidget::meaningful() const {
+QList<QAccessibleInterface*> AccessibleWidget::children() const {
   QList<QAccessibleInterface*> found;
   for (int i = 0; i < QAccessibleWidget::childCount(); ++i) {
     QAccessibleInterface* child = QAccessibleWidget::child(i);

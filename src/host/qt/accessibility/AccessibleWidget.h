@@ -15,8 +15,8 @@ class AccessibleWidget : public QAccessibleWidget {
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
 
- private:
-  QList<QAccessibleInterface*> meaningful() const;
+ protected:
+  virtual QList<QAccessibleInterface*> children() const;
 };
 
 }  // namespace tarnwell::host_qt

@@ -2,48 +2,46 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QWidget>
+#include <algorithm>
 
 #include "host/qt/controls/ControlLink.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/Toggle.h"
+#include "host/qt/look/Conversions.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
 void add(Announcements& told, std::unique_ptr<QAccessibleEvent> event) { told.push_back(std::move(event)); }
 
-void addTabs(Announcements& told, QWidget& widget, const kit::TabBar& bar) {
-  const auto addOf = [&](QAccessible::Event type, int tab) {
+// Each tab says whether it is the chosen one now.
+void addTabs(Announcements& told, QWidget& widget, const std::vector<kit::AccessiblePart>& tabs) {
+  const auto addOf = [&](QAccessible::Event type, std::size_t tab) {
     add(told, std::make_unique<QAccessibleEvent>(&widget, type));
-    told.back()->setChild(tab);
+    told.back()->setChild(static_cast<int>(tab));
   };
-  for (int i = 0; i < static_cast<int>(bar.tabs().size()); ++i) {
-    // Each says whether it is the chosen one now.
+  for (std::size_t i = 0; i < tabs.size(); ++i) {
     addOf(QAccessible::Selection, i);
   }
-  if (widget.hasFocus() && bar.selectedIndex() >= 0) {
-    addOf(QAccessible::Focus, bar.selectedIndex());
+  const auto chosen = std::ranges::find(tabs, true, &kit::AccessiblePart::selected);
+  if (widget.hasFocus() && chosen != tabs.end()) {
+    addOf(QAccessible::Focus, static_cast<std::size_t>(chosen - tabs.begin()));
   }
 }
 
 void addValue(Announcements& told, QWidget& widget, const kit::Control& control) {
-  if (const auto* slider = dynamic_cast<const kit::Slider*>(&control)) {
-    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, slider->doubleValue()));
-  } else if (const auto* stepper = dynamic_cast<const kit::Stepper*>(&control)) {
-    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, stepper->value()));
-  } else if (dynamic_cast<const kit::PopUpButton*>(&control) != nullptr) {
-    const QString chosen = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Value);
-    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, chosen));
-  } else if (const auto* bar = dynamic_cast<const kit::TabBar*>(&control)) {
-    addTabs(told, widget, *bar);
-  } else if (dynamic_cast<const kit::Toggle*>(&control) != nullptr) {
+  const kit::Accessible shown = control.accessible();
+  if (shown.role == kit::AccessibleRole::tabBar) {
+    addTabs(told, widget, control.accessibleParts());
+  } else if (std::holds_alternative<bool>(shown.value)) {
     QAccessible::State changed;
     changed.checked = true;
     add(told, std::make_unique<QAccessibleStateChangeEvent>(&widget, changed));
+  } else if (const auto* number = std::get_if<double>(&shown.value)) {
+    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, *number));
+  } else if (const auto* text = std::get_if<std::string>(&shown.value);
+             text != nullptr && shown.role != kit::AccessibleRole::textField) {
+    // What stands in a field the toolkit tells by itself.
+    add(told, std::make_unique<QAccessibleValueChangeEvent>(&widget, toQString(*text)));
   }
 }
 
@@ -52,8 +50,11 @@ void addValue(Announcements& told, QWidget& widget, const kit::Control& control)
 bool isWorthTelling(const QAccessibleEvent& event) {
   const bool comesOrGoes = event.type() == QAccessible::ObjectShow || event.type() == QAccessible::ObjectHide;
   const ControlLink* link = ControlLink::of(event.object());
+  if (!comesOrGoes || link == nullptr) {
+    return true;
+  }
   // A page comes and goes with all that stands in it, and that has been told.
-  return !comesOrGoes || link == nullptr || dynamic_cast<const kit::ScrollArea*>(link->control()) != nullptr;
+  return link->control() != nullptr && link->control()->accessible().role == kit::AccessibleRole::group;
 }
 
 Announcements announcementsOf(QWidget& widget, const kit::Control& control, kit::Aspect aspect) {

@@ -13,7 +13,6 @@
 #include "host/qt/menus/ItemLine.h"
 #include "host/qt/menus/TypeAhead.h"
 #include "kit/controls/ControlMetrics.h"
-#include "kit/controls/PopUpButton.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -31,6 +30,17 @@ class PopUpButtonWidget final : public ControlWidget {
       : ControlWidget(button, theme, parent), button_(button) {}
 
   double cornerRadius() const override { return radius; }
+
+  void openMenu() {
+    if (menu_ || button_.items().empty()) {
+      return;
+    }
+    // Our child: when this widget goes, its menu goes too, and chooses nothing any more.
+    menu_ = new PopUpMenu(button_, theme(), this, [this](int index) { choose(index); });
+    connect(menu_, &QMenu::aboutToHide, this, [this] { update(); });
+    menu_->openOver(mapToGlobal(QPoint(static_cast<int>(kit::metrics::popUpInset), height() / 2)));
+    update();
+  }
 
  protected:
   void draw(QPainter& painter) override {
@@ -81,17 +91,6 @@ class PopUpButtonWidget final : public ControlWidget {
                 palette.accentText);
   }
 
-  void openMenu() {
-    if (menu_ || button_.items().empty()) {
-      return;
-    }
-    // Our child: when this widget goes, its menu goes too, and chooses nothing any more.
-    menu_ = new PopUpMenu(button_, theme(), this, [this](int index) { choose(index); });
-    connect(menu_, &QMenu::aboutToHide, this, [this] { update(); });
-    menu_->openOver(mapToGlobal(QPoint(static_cast<int>(kit::metrics::popUpInset), height() / 2)));
-    update();
-  }
-
   void choose(int index) {
     if (control() != nullptr) {
       button_.choose(index);
@@ -121,5 +120,11 @@ class PopUpButtonWidget final : public ControlWidget {
 
 PopUpButtonPeer::PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent)
     : WidgetPeer(button, new PopUpButtonWidget(button, theme, parent)) {}
+
+void PopUpButtonPeer::openMenu() {
+  if (widget() != nullptr) {
+    static_cast<PopUpButtonWidget*>(widget())->openMenu();
+  }
+}
 
 }  // namespace tarnwell::host_qt

@@ -1,18 +1,17 @@
 #pragma once
 
 #include "host/qt/controls/WidgetPeer.h"
-
-namespace tarnwell::kit {
-class PopUpButton;
-}
+#include "kit/controls/PopUpButton.h"
 
 namespace tarnwell::host_qt {
 
 class Theme;
 
-class PopUpButtonPeer final : public WidgetPeer {
+class PopUpButtonPeer final : public WidgetPeer, public kit::MenuPeer {
  public:
   PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent);
+
+  void openMenu() override;
 };
 
 }  // namespace tarnwell::host_qt
