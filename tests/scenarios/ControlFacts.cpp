@@ -1,0 +1,190 @@
+#include "scenarios/ControlFacts.h"
+
+#include <numbers>
+
+#include "core/DecimalText.h"
+#include "kit/controls/Box.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/Pane.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/ScrollArea.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/SymbolView.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
+
+namespace tarnwell::scenarios {
+namespace {
+
+using Action = kit::AccessibleAction;
+using Hear = ControlFacts::Hear;
+using Role = kit::AccessibleRole;
+
+std::unique_ptr<kit::Control> makeSlider(const Hear& hear, double rotation) {
+  auto slider = std::make_unique<kit::Slider>(
+      50, 0, 100, [hear](const kit::Slider& moved) { hear(core::decimalText(moved.doubleValue())); });
+  slider->setRotation(rotation);
+  return slider;
+}
+
+std::unique_ptr<kit::Control> makeSymbol(const std::string& name) {
+  auto symbol = std::make_unique<kit::SymbolView>();
+  symbol->setSymbol("timer");
+  symbol->setAccessibleName(name);
+  return symbol;
+}
+
+template <class C>
+std::unique_ptr<kit::Control> makeChoice(const Hear& hear, std::unique_ptr<C> control) {
+  control->setSelectedIndex(0);
+  control->setAction([hear](int index) { hear(std::to_string(index)); });
+  return control;
+}
+
+ControlFacts button() {
+  return {.name = "button",
+          .make =
+              [](const Hear& hear) {
+                auto button = std::make_unique<kit::Button>();
+                button->setTitle("Save");
+                button->setDefault(true);
+                button->setAction([hear] { hear("pressed"); });
+                return button;
+              },
+          .seen = {.role = Role::button, .name = "Save", .actions = {Action::press}, .isDefault = true},
+          .deeds = {{.request = {.action = Action::press}, .heard = {"pressed"}}}};
+}
+
+ControlFacts toggle() {
+  return {.name = "toggle",
+          .make =
+              [](const Hear& hear) {
+                auto toggle = std::make_unique<kit::Toggle>();
+                toggle->setAction([hear](bool on) { hear(on ? "on" : "off"); });
+                return toggle;
+              },
+          .seen = {.role = Role::toggle, .value = false, .actions = {Action::toggle}},
+          .deeds = {{.request = {.action = Action::toggle}, .heard = {"on"}, .value = true}}};
+}
+
+ControlFacts slider(const std::string& name, double rotation) {
+  return {.name = name,
+          .make = [rotation](const Hear& hear) { return makeSlider(hear, rotation); },
+          .seen = {.role = Role::slider,
+                   .value = 50.0,
+                   .range = kit::AccessibleRange{.least = 0, .most = 100, .step = 1},
+                   .actions = {Action::increment, Action::decrement, Action::setValue}},
+          .deeds = {{.request = {.action = Action::increment}, .heard = {"51.0"}, .value = 51.0},
+                    {.request = {.action = Action::decrement}, .heard = {"49.0"}, .value = 49.0},
+                    {.request = {.action = Action::setValue, .value = 12.5}, .heard = {"12.5"}, .value = 12.5},
+                    {.request = {.action = Action::setValue, .value = -3.0}, .heard = {"0.0"}, .value = 0.0}}};
+}
+
+ControlFacts stepper() {
+  return {.name = "stepper",
+          .make =
+              [](const Hear& hear) {
+                auto stepper = std::make_unique<kit::Stepper>();
+                stepper->setRange({.least = 0, .most = 10, .step = 2});
+                stepper->setValue(5);
+                stepper->setAction([hear](double value) { hear(core::decimalText(value)); });
+                return stepper;
+              },
+          .seen = {.role = Role::stepper,
+                   .value = 5.0,
+                   .range = kit::AccessibleRange{.least = 0, .most = 10, .step = 2},
+                   .actions = {Action::increment, Action::decrement, Action::setValue}},
+          .deeds = {{.request = {.action = Action::increment}, .heard = {"7.0"}, .value = 7.0},
+                    {.request = {.action = Action::decrement}, .heard = {"3.0"}, .value = 3.0},
+                    {.request = {.action = Action::setValue, .value = 6.5}, .heard = {"6.5"}, .value = 6.5},
+                    {.request = {.action = Action::setValue, .value = 1000.0}, .heard = {"10.0"}, .value = 10.0}}};
+}
+
+ControlFacts textField() {
+  return {.name = "textField",
+          .make =
+              [](const Hear& hear) {
+                auto field = std::make_unique<kit::TextField>();
+                field->setText("0.25");
+                field->setAction([hear](const std::string& text) { hear(text); });
+                return field;
+              },
+          .seen = {.role = Role::textField, .value = "0.25", .actions = {Action::setValue}},
+          // Typed, not committed.
+          .deeds = {{.request = {.action = Action::setValue, .value = "0.3"}, .value = "0.3"}}};
+}
+
+ControlFacts popUpButton() {
+  return {.name = "popUpButton",
+          .make =
+              [](const Hear& hear) {
+                auto button = std::make_unique<kit::PopUpButton>();
+                button->setItems({{.title = "Genie"}, {.title = "Scale & shrink"}, {.title = "Suck"}});
+                return makeChoice(hear, std::move(button));
+              },
+          .seen = {.role = Role::popUpButton, .value = "Genie", .actions = {Action::showMenu, Action::choosePart}},
+          .parts = {{.name = "Genie", .selected = true}, {.name = "Scale & shrink"}, {.name = "Suck"}},
+          .deeds = {
+              {.request = {.action = Action::showMenu}, .value = "Genie", .selected = 0},
+              {.request = {.action = Action::choosePart, .part = 2}, .heard = {"2"}, .value = "Suck", .selected = 2}}};
+}
+
+ControlFacts tabBar() {
+  return {.name = "tabBar",
+          .make =
+              [](const Hear& hear) {
+                auto bar = std::make_unique<kit::TabBar>();
+                bar->setTabs({{.title = "Dock"}, {.title = "General"}});
+                return makeChoice(hear, std::move(bar));
+              },
+          .seen = {.role = Role::tabBar, .actions = {Action::choosePart}},
+          .parts = {{.name = "Dock", .selected = true}, {.name = "General"}},
+          .deeds = {{.request = {.action = Action::choosePart, .part = 1}, .heard = {"1"}, .selected = 1}}};
+}
+
+ControlFacts label() {
+  return {.name = "label",
+          .make =
+              [](const Hear& /*hear*/) {
+                auto label = std::make_unique<kit::TextLabel>();
+                label->setText("Delay");
+                return label;
+              },
+          .seen = {.role = Role::text, .name = "Delay"}};
+}
+
+}  // namespace
+
+const std::vector<ControlFacts>& controlFacts() {
+  static const std::vector<ControlFacts> facts = {
+      button(),
+      toggle(),
+      slider("slider", 0),
+      slider("turnedSlider", std::numbers::pi),
+      stepper(),
+      textField(),
+      popUpButton(),
+      tabBar(),
+      label(),
+      {.name = "namedSymbol",
+       .make = [](const Hear& /*hear*/) { return makeSymbol("Timer"); },
+       .seen = {.role = Role::image, .name = "Timer"}},
+      {.name = "symbolBesideItsTitle",
+       .make = [](const Hear& /*hear*/) { return makeSymbol(""); },
+       .seen = {.role = Role::decoration}},
+      {.name = "box",
+       .make = [](const Hear& /*hear*/) { return std::make_unique<kit::Box>(kit::Box::Kind::group); },
+       .seen = {.role = Role::decoration}},
+      {.name = "pane",
+       .make = [](const Hear& /*hear*/) { return std::make_unique<kit::Pane>(); },
+       .seen = {.role = Role::group}},
+      {.name = "scrollArea",
+       .make = [](const Hear& /*hear*/) { return std::make_unique<kit::ScrollArea>(); },
+       .seen = {.role = Role::group}}};
+  return facts;
+}
+
+}  // namespace tarnwell::scenarios
