@@ -4,27 +4,46 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "system/ChildStreams.h"
 #include "system/Fault.h"
 #include "system/Pipe.h"
+#include "system/Process.h"
 #include "system/Utf8.h"
 
 namespace tarnwell::core {
 
+namespace {
+
+/// Both outputs are one open file, so that they keep the order in which the child writes.
+system::Process launch(const std::string& commandLine, const system::Descriptor& output) {
+  auto shell = system::Process::start(
+      {.words = {"/bin/zsh", "-c", commandLine}, .output = output.number(), .errors = output.number()});
+  if (!shell) {
+    system::fault("launch /bin/zsh", shell.error().error);
+  }
+  return *std::move(shell);
+}
+
+}  // namespace
+
 void ShellCommandRunner::runDetached(const std::string& commandLine) {
   system::Pipe pipe = system::Pipe::create();
   pipe.grow();
-  const pid_t child = launcher_.launch(commandLine, system::ChildStreams(pipe, system::Reader::nobody));
-  // Before the child is watched, so that there are descriptors left to watch it with.
+  system::Descriptor output = pipe.bothEnds();
+  if (!output) {
+    system::fault("make a pipe", errno);
+  }
   pipe = {};
-  reaper_.watch(child);
+  system::Process child = launch(commandLine, output);
+  // Before the child is watched, so that there are descriptors left to watch it with.
+  output.close();
+  reaper_.watch(std::move(child));
 }
 
 std::string ShellCommandRunner::runCaptured(const std::string& commandLine) {
   system::Pipe pipe = system::Pipe::create();
-  const pid_t child = launcher_.launch(commandLine, system::ChildStreams(pipe, system::Reader::thisProcess));
+  system::Process child = launch(commandLine, pipe.writeEnd);
   pipe.writeEnd.close();
-  reaper_.watch(child);
+  reaper_.watch(std::move(child));
   auto output = pipe.readEnd.readAll();
   if (!output) {
     system::fault("read a command's output", errno);

@@ -2,7 +2,6 @@
 
 #include "core/CommandRunner.h"
 #include "system/ChildReaper.h"
-#include "system/ShellLauncher.h"
 
 namespace tarnwell::core {
 
@@ -27,7 +26,6 @@ class ShellCommandRunner final : public CommandRunner {
   void reap() { reaper_.reap(); }
 
  private:
-  system::ShellLauncher launcher_;
   system::ChildReaper reaper_;
 };
 

@@ -1,11 +1,13 @@
 #include "system/Descriptor.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 
 #include "system/Fault.h"
 
@@ -54,6 +56,17 @@ std::optional<std::string> Descriptor::readAll(std::size_t most) const {
   }
   bytes.resize(std::min(bytes.size(), most == std::string::npos ? most : most + 1));
   return bytes;
+}
+
+bool Descriptor::waitUntilReadable(std::chrono::steady_clock::time_point end) const {
+  for (;;) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+    pollfd state = {.fd = number_, .events = POLLIN, .revents = 0};
+    const int ready = ::poll(&state, 1, static_cast<int>(std::max(left.count(), std::int64_t{0})));
+    if (ready >= 0 || errno != EINTR) {
+      return ready > 0;
+    }
+  }
 }
 
 bool Descriptor::writeAll(std::string_view bytes) const {

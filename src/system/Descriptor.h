@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -27,6 +28,9 @@ class Descriptor {
   /// Everything from the current place to the end, or the first byte more than `most`. Nothing on a read error. Blocks
   /// for as long as it takes.
   std::optional<std::string> readAll(std::size_t most = std::string::npos) const;
+
+  /// Blocks until it can be read, or its other end is gone. False when `end` has come first.
+  bool waitUntilReadable(std::chrono::steady_clock::time_point end) const;
 
   /// Writes every byte, however often a signal interrupts. False when the system took fewer: a full disk, a limit.
   bool writeAll(std::string_view bytes) const;

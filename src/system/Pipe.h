@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "system/Descriptor.h"
 
 namespace tarnwell::system {
@@ -9,8 +11,12 @@ struct Pipe {
   Descriptor readEnd = {};
   Descriptor writeEnd = {};
 
-  /// Failing is a fault: without a pipe there is no launch.
-  static Pipe create();
+  /// Failing is a fault that names `action`: without a pipe there is none.
+  static Pipe create(std::string_view action = "make a pipe");
+
+  /// One descriptor for both ends: its owner neither meets a broken pipe nor an end of what is written, whatever
+  /// becomes of these. None, with errno set, when that fails.
+  Descriptor bothEnds() const;
 
   /// Lets it hold as much as the system allows: a mebibyte as a rule, less for a user with many large pipes.
   void grow() const;

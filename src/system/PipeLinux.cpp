@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <string>
 
 #include "system/Descriptor.h"
 #include "system/Fault.h"
@@ -21,14 +22,18 @@ int largestSize() {
 
 }  // namespace
 
-Pipe Pipe::create() {
+Pipe Pipe::create(std::string_view action) {
   std::array<int, 2> ends{};
   // Closed on exec from the start: a child that another thread starts at this moment must not hold the pipe open.
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-    fault("make a pipe", errno);
+    fault(action, errno);
   }
-  return {.readEnd = requiredDescriptor(ends[0], "make a pipe"),
-          .writeEnd = requiredDescriptor(ends[1], "make a pipe")};
+  return {.readEnd = requiredDescriptor(ends[0], action), .writeEnd = requiredDescriptor(ends[1], action)};
+}
+
+Descriptor Pipe::bothEnds() const {
+  const std::string path = "/proc/self/fd/" + std::to_string(writeEnd.number());
+  return aboveStandardStreams(Descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC)));
 }
 
 void Pipe::grow() const {

@@ -1,17 +1,13 @@
 #include "standin/dock/FaceProcess.h"
 
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 
 #include "diagnostics/Console.h"
 #include "standin/dock/OwnFolder.h"
@@ -26,27 +22,6 @@ bool mayHaveDisplay() {
   });
 }
 
-// The new process hears the records on its standard input, and no signal is ignored or blocked in it.
-int spawn(const std::string& path, const system::Descriptor& heard, pid_t& process) {
-  std::string name = "dock-face";
-  std::array<char*, 2> arguments = {name.data(), nullptr};
-  posix_spawn_file_actions_t files;
-  ::posix_spawn_file_actions_init(&files);
-  ::posix_spawn_file_actions_adddup2(&files, heard.number(), STDIN_FILENO);
-  posix_spawnattr_t attributes;
-  ::posix_spawnattr_init(&attributes);
-  sigset_t signals;
-  ::sigfillset(&signals);
-  ::posix_spawnattr_setsigdefault(&attributes, &signals);
-  ::sigemptyset(&signals);
-  ::posix_spawnattr_setsigmask(&attributes, &signals);
-  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  const int error = ::posix_spawn(&process, path.c_str(), &files, &attributes, arguments.data(), environ);
-  ::posix_spawnattr_destroy(&attributes);
-  ::posix_spawn_file_actions_destroy(&files);
-  return error;
-}
-
 }  // namespace
 
 std::unique_ptr<FaceProcess> FaceProcess::start() {
@@ -56,29 +31,22 @@ std::unique_ptr<FaceProcess> FaceProcess::start() {
   }
   system::Descriptor told(ends[0]);
   const system::Descriptor heard(ends[1]);
-  const std::string path = ownFolder() + "/dock-face";
-  pid_t process = -1;
-  if (const int error = spawn(path, heard, process); error != 0) {
-    diagnostics::printErrorLine("Dock: cannot start " + path + ": " +
-                                std::strerror(error));  // NOLINT(concurrency-mt-unsafe)
+  auto process = system::Process::start({.words = {ownFolder() + "/dock-face"}, .input = heard.number()});
+  if (!process) {
+    diagnostics::printErrorLine("Dock: " + process.error().message);
     return nullptr;
   }
-  return std::unique_ptr<FaceProcess>(new FaceProcess(process, std::move(told)));
+  return std::unique_ptr<FaceProcess>(new FaceProcess(*std::move(process), std::move(told)));
 }
 
 FaceProcess::~FaceProcess() {
   if (isRunning()) {
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
+    process_.send(SIGKILL);
+    process_.wait();
   }
 }
 
-bool FaceProcess::isRunning() {
-  if (process_ > 0 && ::waitpid(process_, nullptr, WNOHANG) != 0) {
-    process_ = -1;
-  }
-  return process_ > 0;
-}
+bool FaceProcess::isRunning() { return process_.number() > 0 && !process_.end(); }
 
 void FaceProcess::tellEnd() const { ::send(socket(), noDock.data(), noDock.size(), MSG_NOSIGNAL | MSG_DONTWAIT); }
 

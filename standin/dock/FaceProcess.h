@@ -1,13 +1,12 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "system/Descriptor.h"
+#include "system/Process.h"
 
 namespace tarnwell::standin {
 
@@ -35,9 +34,10 @@ class FaceProcess {
   void tellEnd() const;
 
  private:
-  FaceProcess(pid_t process, system::Descriptor socket) : process_(process), socket_(std::move(socket)) {}
+  FaceProcess(system::Process process, system::Descriptor socket)
+      : process_(std::move(process)), socket_(std::move(socket)) {}
 
-  pid_t process_;  // -1 once it is reaped
+  system::Process process_;
   system::Descriptor socket_;
 };
 

@@ -1,7 +1,5 @@
 #include "standin/dock/RestartPolicy.h"
 
-#include <sys/wait.h>
-
 #include <algorithm>
 #include <array>
 #include <csignal>
@@ -17,13 +15,13 @@ std::chrono::milliseconds RestartPolicy::delayAfter(Ending ending, std::chrono::
   return std::exchange(next_, std::min(2 * next_, longestDelay));
 }
 
-Ending endingOf(int waitStatus) {
+Ending endingOf(const system::ProcessEnd& end) {
   // A program that crashes at its start must not be started in a tight loop.
   constexpr std::array<int, 7> faults = {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS, SIGTRAP};
-  if (!WIFSIGNALED(waitStatus)) {
+  if (end.how != system::ProcessEnd::How::killed) {
     return Ending::failed;
   }
-  const bool isFault = std::find(faults.begin(), faults.end(), WTERMSIG(waitStatus)) != faults.end();
+  const bool isFault = std::find(faults.begin(), faults.end(), end.number) != faults.end();
   return isFault ? Ending::failed : Ending::killed;
 }
 

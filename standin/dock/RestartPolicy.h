@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "system/Process.h"
+
 namespace tarnwell::standin {
 
 enum class Ending {
@@ -22,7 +24,7 @@ class RestartPolicy {
   std::chrono::milliseconds next_ = shortestDelay;
 };
 
-/// Tells the two endings apart in a status from waitpid().
-Ending endingOf(int waitStatus);
+/// Tells the two endings apart. One of which nothing is known has failed.
+Ending endingOf(const system::ProcessEnd& end);
 
 }  // namespace tarnwell::standin

@@ -1,14 +1,8 @@
 #include "standin/dock/Supervisor.h"
 
-#include <fcntl.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "diagnostics/Console.h"
@@ -31,34 +25,6 @@ milliseconds since(std::chrono::steady_clock::time_point start) {
   return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - start);
 }
 
-// The new process gets a clean slate, whatever was ignored or blocked here or in whoever started us.
-void restoreSignals() {
-  for (const int signal : watched) {
-    (void)std::signal(signal, SIG_DFL);
-  }
-  (void)std::signal(SIGPIPE, SIG_DFL);
-  (void)std::signal(SIGXFSZ, SIG_DFL);
-  // The Dock lets it through once it has spoken, so that no kill comes before the line in its log.
-  sigset_t held;
-  ::sigemptyset(&held);
-  ::sigaddset(&held, SIGTERM);
-  ::sigprocmask(SIG_SETMASK, &held, nullptr);
-}
-
-[[noreturn]] void becomeDock(std::string path, std::string argument, pid_t supervisor) {
-  // The order closes the gap in which the supervisor could die unnoticed.
-  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (::getppid() != supervisor) {
-    ::_exit(1);
-  }
-  restoreSignals();
-  std::array<char*, 3> arguments = {path.data(), argument.data(), nullptr};
-  ::execv(path.c_str(), arguments.data());
-  diagnostics::printErrorLine("dock-supervisor: cannot start " + path + ": " +
-                              std::strerror(errno));  // NOLINT(concurrency-mt-unsafe): one thread
-  ::_exit(127);
-}
-
 }  // namespace
 
 Supervisor::Supervisor(std::string dock) : dock_(std::move(dock)) {
@@ -75,14 +41,14 @@ void Supervisor::run() {
   for (;;) {
     const Clock::time_point begin = Clock::now();
     start();
-    const std::optional<int> status = waitForEnding();
-    if (!status) {
+    const auto end = waitForEnding();
+    if (!end) {
       return stop();
     }
     if (face_) {
       face_->tellEnd();
     }
-    if (!rest(policy_.delayAfter(endingOf(*status), since(begin)))) {
+    if (!rest(policy_.delayAfter(endingOf(*end), since(begin)))) {
       return;
     }
   }
@@ -92,45 +58,39 @@ void Supervisor::start() {
   if (!face_ || !face_->isRunning()) {
     face_ = FaceProcess::start();
   }
-  const pid_t self = ::getpid();
-  process_ = ::fork();
-  if (process_ == 0) {
-    if (face_) {
-      ::fcntl(face_->socket(), F_SETFD, 0);
-    }
-    becomeDock(dock_, face_ ? "--face=" + std::to_string(face_->socket()) : "--no-window", self);
+  // It lets SIGTERM through once it has spoken, so that no kill comes before the line in its log.
+  auto started = system::Process::start({.words = {dock_, face_ ? "--face=3" : "--no-window"},
+                                         .extra = face_ ? face_->socket() : -1,
+                                         .blockedSignals = {SIGTERM},
+                                         .endsWithStarter = true});
+  if (!started) {
+    diagnostics::printErrorLine("dock-supervisor: " + started.error().message);
   }
+  process_ = started ? *std::move(started) : system::Process(-1);
 }
 
-std::optional<int> Supervisor::waitForEnding() {
-  // A process that could not even be made has failed.
-  int status = W_EXITCODE(1, 0);
-  while (!hasEnded(status)) {
+std::optional<system::ProcessEnd> Supervisor::waitForEnding() {
+  for (;;) {
+    if (const auto end = ended()) {
+      return end;
+    }
     if (waitForSignal(unlimited) != SIGCHLD) {
       return std::nullopt;
     }
   }
-  return status;
 }
 
-bool Supervisor::hasEnded(int& status) {
-  if (process_ > 0 && ::waitpid(process_, &status, WNOHANG) == 0) {
-    return false;
-  }
-  process_ = -1;
-  return true;
+// A process that could not even be made has failed.
+std::optional<system::ProcessEnd> Supervisor::ended() {
+  return process_.number() > 0 ? process_.end() : system::ProcessEnd{};
 }
 
 void Supervisor::stop() {
-  // Without a process, its number would stand for every process there is.
-  if (process_ > 0) {
-    ::kill(process_, SIGTERM);
-  }
+  process_.send(SIGTERM);
   const Clock::time_point deadline = Clock::now() + grace;
-  int status = 0;
-  while (!hasEnded(status)) {
+  while (!ended()) {
     if (Clock::now() >= deadline) {
-      ::kill(process_, SIGKILL);
+      process_.send(SIGKILL);
     }
     waitForSignal(std::max(std::chrono::duration_cast<milliseconds>(deadline - Clock::now()), milliseconds(10)));
   }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <csignal>
 #include <memory>
@@ -10,6 +8,7 @@
 
 #include "standin/dock/FaceProcess.h"
 #include "standin/dock/RestartPolicy.h"
+#include "system/Process.h"
 
 namespace tarnwell::standin {
 
@@ -28,9 +27,9 @@ class Supervisor {
   using Clock = std::chrono::steady_clock;
 
   void start();
-  // The status of the process once it has ended; nothing when asked to end before that.
-  std::optional<int> waitForEnding();
-  bool hasEnded(int& status);
+  // Nothing when asked to end before the process has ended.
+  std::optional<system::ProcessEnd> waitForEnding();
+  std::optional<system::ProcessEnd> ended();
   void stop();
   // The next signal, or nothing when the time is over.
   std::optional<int> waitForSignal(std::chrono::milliseconds limit) const;
@@ -40,7 +39,7 @@ class Supervisor {
   std::string dock_;
   sigset_t signals_{};
   RestartPolicy policy_;
-  pid_t process_ = -1;
+  system::Process process_{-1};
   std::unique_ptr<FaceProcess> face_;
 };
 

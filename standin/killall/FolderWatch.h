@@ -22,7 +22,4 @@ class FolderWatch {
   system::Descriptor events_;
 };
 
-/// Sleeps until a descriptor can be read. False when `end` has come first.
-bool waitUntilReadable(const system::Descriptor& file, std::chrono::steady_clock::time_point end);
-
 }  // namespace tarnwell::standin

@@ -13,8 +13,8 @@
 #include <sstream>
 #include <utility>
 
-#include "standin/killall/FolderWatch.h"
 #include "standin/store/SystemRoot.h"
+#include "system/Process.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -107,7 +107,7 @@ std::optional<RunningProcess> RunningProcess::hold(pid_t number, std::string_vie
   if (contentOf(folder + "/comm") != line) {
     return std::nullopt;
   }
-  system::Descriptor process(static_cast<int>(::syscall(SYS_pidfd_open, number, 0)));
+  system::Descriptor process = system::Process::processDescriptor(number);
   if (!process || contentOf(folder + "/comm") != line || !playsIn(folder, root)) {
     return std::nullopt;
   }
@@ -119,7 +119,7 @@ bool RunningProcess::terminate() const {
 }
 
 bool RunningProcess::waitForEnding(std::chrono::steady_clock::time_point end) const {
-  return waitUntilReadable(process_, end);
+  return process_.waitUntilReadable(end);
 }
 
 }  // namespace tarnwell::standin

@@ -32,7 +32,7 @@ void watchWithoutDescriptors(system::ChildReaper& reaper, pid_t child) {
   ::getrlimit(RLIMIT_NOFILE, &limit);
   const rlimit none = {.rlim_cur = 0, .rlim_max = limit.rlim_max};
   ::setrlimit(RLIMIT_NOFILE, &none);
-  reaper.watch(child);
+  reaper.watch(system::Process(child));
   ::setrlimit(RLIMIT_NOFILE, &limit);
 }
 
@@ -132,7 +132,7 @@ TEST_F(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {
   const pid_t gone = forkToExit();
   EXPECT_EQ(::waitpid(gone, nullptr, 0), gone);
   system::ChildReaper reaper;
-  reaper.watch(gone);
+  reaper.watch(system::Process(gone));
   reaper.reap();
   pollfd descriptor = {.fd = reaper.descriptor(), .events = POLLIN, .revents = 0};
   EXPECT_EQ(::poll(&descriptor, 1, 0), 0);
@@ -159,7 +159,7 @@ TEST_F(ChildReaperTest, theNextChildsWatchReapsWhatCouldNotBeWatched) {
     if (!waitFor([] { return zombieCount() == 1; })) {
       return 1;
     }
-    reaper.watch(forkToExit());
+    reaper.watch(system::Process(forkToExit()));
     return ::waitpid(first, nullptr, WNOHANG) == -1 ? 0 : 2;
   };
   EXPECT_EQ(exitStatusOf(body), 0);

@@ -1,7 +1,6 @@
 #include "standin/dock/RestartPolicy.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <csignal>
 
@@ -34,12 +33,17 @@ TEST(RestartPolicyTest, aKillOrALongLifeForgetsTheFailures) {
 }
 
 TEST(RestartPolicyTest, aFaultCountsAsAFailureAndAKillDoesNot) {
-  for (const int status : {W_EXITCODE(0, 0), W_EXITCODE(1, 0), W_EXITCODE(0, SIGSEGV), W_EXITCODE(0, SIGABRT)}) {
-    EXPECT_EQ(endingOf(status), Ending::failed);
+  using How = system::ProcessEnd::How;
+  for (const int status : {0, 1}) {
+    EXPECT_EQ(endingOf({How::exited, status}), Ending::failed);
   }
-  for (const int status : {W_EXITCODE(0, SIGTERM), W_EXITCODE(0, SIGKILL), W_EXITCODE(0, SIGHUP)}) {
-    EXPECT_EQ(endingOf(status), Ending::killed);
+  for (const int fault : {SIGSEGV, SIGABRT}) {
+    EXPECT_EQ(endingOf({How::killed, fault}), Ending::failed);
   }
+  for (const int signal : {SIGTERM, SIGKILL, SIGHUP}) {
+    EXPECT_EQ(endingOf({How::killed, signal}), Ending::killed);
+  }
+  EXPECT_EQ(endingOf({}), Ending::failed);
 }
 
 }  // namespace

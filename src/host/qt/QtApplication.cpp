@@ -58,11 +58,11 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 }
 
 void QtApplication::openUrl(const std::string& address) {
-  const auto opener = host_linux::startProgram({"xdg-open", address});
+  auto opener = host_linux::startProgram({"xdg-open", address});
   if (!opener) {
     diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + opener.error().message);
   } else {
-    openers_.watch(*opener);
+    openers_.watch(*std::move(opener));
   }
 }
 

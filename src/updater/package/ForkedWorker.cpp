@@ -1,15 +1,13 @@
 #include "updater/package/ForkedWorker.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/epoll.h>
 #include <sys/prctl.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <csignal>
 #include <string>
@@ -18,10 +16,12 @@
 
 #include "system/Descriptor.h"
 #include "system/Fault.h"
-#include "system/ProcessDescriptor.h"
+#include "system/Pipe.h"
 
 namespace tarnwell::updater {
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 // How a copy begins what it says. Nothing at all means that it did not get that far.
 constexpr char doneMark = '+';
@@ -30,31 +30,9 @@ constexpr char failedMark = '-';
 /// So short that it is written at once or not at all.
 constexpr std::size_t longestWord = PIPE_BUF;
 
-// Milliseconds; a process that was killed is usually gone within one.
-constexpr int stopPatience = 50;
-constexpr int endPatience = 1000;
-
-struct WordPipe {
-  system::Descriptor reading;
-  system::Descriptor writing;
-};
-
-WordPipe makeWordPipe() {
-  std::array<int, 2> ends = {};
-  if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-    return {};
-  }
-  return {.reading = system::aboveStandardStreams(system::Descriptor(ends[0])),
-          .writing = system::aboveStandardStreams(system::Descriptor(ends[1]))};
-}
-
-bool ends(int process, int milliseconds) {
-  pollfd state = {.fd = process, .events = POLLIN, .revents = 0};
-  return ::poll(&state, 1, milliseconds) > 0;
-}
-
-// The C library's own declaration is missing in older versions and unusable from C++ in others.
-void kill(int process) { ::syscall(SYS_pidfd_send_signal, process, SIGKILL, nullptr, 0); }
+// A process that was killed is usually gone within one.
+constexpr std::chrono::milliseconds stopPatience(50);
+constexpr std::chrono::milliseconds endPatience(1000);
 
 /// Keeps signals from reaching the handlers of this process in its copy.
 class SignalPause {
@@ -113,7 +91,7 @@ std::optional<system::Failure> outcomeOf(int reading) {
 
 class ForkedWorker::Copy final : public Worker::Job {
  public:
-  Copy(ForkedWorker& worker, system::Descriptor reading, system::Descriptor process, Ended ended)
+  Copy(ForkedWorker& worker, system::Descriptor reading, system::Process process, Ended ended)
       : worker_(worker), reading_(std::move(reading)), process_(std::move(process)), ended_(std::move(ended)) {}
   Copy(const Copy&) = delete;
   Copy& operator=(const Copy&) = delete;
@@ -128,43 +106,34 @@ class ForkedWorker::Copy final : public Worker::Job {
 
   ForkedWorker& worker_;
   system::Descriptor reading_;
-  system::Descriptor process_;
+  system::Process process_;
   Ended ended_;
 };
 
-ForkedWorker::ForkedWorker() : events_(system::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch work")) {}
+ForkedWorker::ForkedWorker() : events_(system::requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), "watch work")) {
+  watch(stopped_.descriptor());
+}
 
 ForkedWorker::~ForkedWorker() {
-  while (!buried_.empty()) {
-    const int process = buried_.begin()->first;
-    if (!ends(process, endPatience)) {
-      break;
-    }
-    reap(process);
+  const auto end = Clock::now() + endPatience;
+  while (!stopped_.isIdle() && stopped_.waitForEnd(end)) {
+    stopped_.reap();
   }
 }
 
 std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
-  WordPipe pipe = makeWordPipe();
-  if (!pipe.reading || !pipe.writing) {
-    system::fault("begin work", errno);
-  }
+  system::Pipe pipe = system::Pipe::create("begin work");
   const pid_t original = ::getpid();
   pid_t process = -1;
   {
     const SignalPause pause;
     process = ::fork();
     if (process == 0) {
-      workAsCopy(work, pipe.writing.number(), original);
+      workAsCopy(work, pipe.writeEnd.number(), original);
     }
   }
   // Where there is no copy, nobody is left who could write: it ends without a word.
-  system::Descriptor descriptor = process > 0 ? system::processDescriptor(process) : system::Descriptor();
-  if (process > 0 && !descriptor) {
-    ::kill(process, SIGKILL);
-    ::waitpid(process, nullptr, 0);
-  }
-  auto copy = std::make_unique<Copy>(*this, std::move(pipe.reading), std::move(descriptor), std::move(ended));
+  auto copy = std::make_unique<Copy>(*this, std::move(pipe.readEnd), system::Process(process), std::move(ended));
   watch(copy->reading_.number());
   copies_.emplace(copy->reading_.number(), copy.get());
   return copy;
@@ -179,7 +148,7 @@ void ForkedWorker::dispatch() {
     if (const auto found = copies_.find(number); found != copies_.end()) {
       told = found->second;
     } else {
-      reap(number);
+      stopped_.reap();
     }
   }
   // Last, and one at a time, since it may end this object. The others keep the descriptor readable.
@@ -199,28 +168,16 @@ void ForkedWorker::stop(Copy& copy) {
   forget(copy.reading_.number());
   copies_.erase(copy.reading_.number());
   copy.reading_.close();
-  if (copy.process_) {
-    kill(copy.process_.number());
-    bury(std::move(copy.process_));
-  }
+  copy.process_.send(SIGKILL);
+  bury(std::move(copy.process_));
 }
 
-// Usually it is gone at once, and whoever stopped it can clear away what it was at. Only a disk that does not answer
-// holds it longer.
-void ForkedWorker::bury(system::Descriptor process) {
-  const int number = process.number();
-  watch(number);
-  buried_.emplace(number, std::move(process));
-  if (ends(number, stopPatience)) {
-    reap(number);
+// Usually it is gone at once, and what it was at can be cleared away. Only a disk that does not answer holds it longer.
+void ForkedWorker::bury(system::Process process) {
+  const system::Descriptor end = process.endDescriptor();
+  if (process.number() > 0 && !(end.waitUntilReadable(Clock::now() + stopPatience) && process.end())) {
+    stopped_.watch(std::move(process));
   }
-}
-
-void ForkedWorker::reap(int process) {
-  siginfo_t info = {};
-  ::waitid(P_PIDFD, static_cast<id_t>(process), &info, WEXITED | WNOHANG);
-  forget(process);
-  buried_.erase(process);
 }
 
 void ForkedWorker::watch(int number) const {

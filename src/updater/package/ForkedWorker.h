@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "system/ChildReaper.h"
 #include "system/Descriptor.h"
 #include "updater/package/Worker.h"
 
@@ -31,12 +32,11 @@ class ForkedWorker final : public Worker {
   void forget(int number) const;
   void finish(Copy& copy);
   void stop(Copy& copy);
-  void bury(system::Descriptor process);
-  void reap(int process);
+  void bury(system::Process process);
 
   system::Descriptor events_;
-  std::map<int, Copy*> copies_;               // By the descriptor on which they tell how it went.
-  std::map<int, system::Descriptor> buried_;  // Over, or killed, and not yet seen to have ended.
+  std::map<int, Copy*> copies_;  // By the descriptor on which they tell how it went.
+  system::ChildReaper stopped_;
 };
 
 }  // namespace tarnwell::updater

@@ -3,9 +3,9 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <optional>
 
+#include "system/ChildReaper.h"
 #include "system/Descriptor.h"
 #include "system/Result.h"
 
@@ -31,15 +31,14 @@ class PackageOpener {
 
  private:
   void setTimer(std::chrono::milliseconds time) const;
-  std::optional<system::Failure> endOf(int child);
   void watch(int number) const;
   void tell(std::optional<system::Failure> failure);
 
   std::chrono::milliseconds patience_;
   system::Descriptor events_;
   system::Descriptor timer_;
-  std::map<int, system::Descriptor> children_;
-  int awaited_ = -1;  // Among the children.
+  system::ChildReaper openers_;
+  pid_t awaited_ = -1;  // Among the openers.
   Opened opened_;
 };
 

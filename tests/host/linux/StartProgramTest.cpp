@@ -1,7 +1,6 @@
 #include "host/linux/StartProgram.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdlib>
 #include <set>
@@ -18,11 +17,10 @@ namespace {
 using fixtures::EnvironmentScope;
 using Lines = std::set<std::string>;
 
-/// Has a program note its environment. Its exit status.
-int noteEnvironment(const std::string& file) {
-  const auto started = startProgram({"sh", "-c", "env >\"$0\"", file});
-  int status = -1;
-  return started && ::waitpid(*started, &status, 0) == *started ? status : 1;
+/// Has a program note its environment. Whether it could.
+bool notesEnvironment(const std::string& file) {
+  auto started = startProgram({"sh", "-c", "env >\"$0\"", file});
+  return started && started->wait().isSuccess();
 }
 
 Lines linesOf(const std::string& text) {
@@ -42,7 +40,7 @@ TEST(StartProgramTest, aProgramGetsTheEnvironmentAsItWasBeforeWeChangedIt) {
     keepUserEnvironment();
     ::setenv("PATH", "/stand-ins:/usr/bin:/bin", 1);
     ::setenv("OURS", "1", 1);
-    return noteEnvironment((sandbox / "environment").string());
+    return notesEnvironment((sandbox / "environment").string()) ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
   const Lines lines = linesOf(sandbox.read("environment"));
@@ -56,7 +54,7 @@ TEST(StartProgramTest, aProgramDoesNotGetOurPermissionToComeToTheFront) {
   for (const char* name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
     const fixtures::Sandbox sandbox;
     const EnvironmentScope token(name, "ours");
-    EXPECT_EQ(noteEnvironment((sandbox / "environment").string()), 0);
+    EXPECT_TRUE(notesEnvironment((sandbox / "environment").string()));
     EXPECT_FALSE(linesOf(sandbox.read("environment")).contains(std::string(name) + "=ours")) << name;
   }
 }

@@ -1,7 +1,5 @@
 #include "updater/package/RealPackage.h"
 
-#include <sys/wait.h>
-
 #include <filesystem>
 #include <stdexcept>
 
@@ -19,10 +17,9 @@ std::string realPackage(const std::string& version, const std::string& content) 
   sandbox.write("tree/content", content);
   std::filesystem::permissions(sandbox / "tree/DEBIAN", std::filesystem::perms(0755));
   const std::string tree = (sandbox / "tree").string();
-  const auto tool = host_linux::startProgram(
+  auto tool = host_linux::startProgram(
       {"/bin/sh", "-c", R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree});
-  int status = -1;
-  if (::waitpid(*tool, &status, 0) < 0 || status != 0) {
+  if (!tool || !tool->wait().isSuccess()) {
     throw std::runtime_error("dpkg-deb builds no package");
   }
   return sandbox.read("tree.deb");

@@ -1,5 +1,3 @@
-#include "system/ShellLauncher.h"
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -20,7 +18,7 @@ using fixtures::exitStatusOf;
 using fixtures::waitFor;
 
 /// What a child of either mode finds when it starts.
-class ShellLauncherTest : public ShellTest {
+class ShellChildTest : public ShellTest {
  protected:
   /// Runs a command detached and waits for what it leaves in a file.
   std::string resultOfDetached(const std::string& command) {
@@ -31,12 +29,12 @@ class ShellLauncherTest : public ShellTest {
   }
 };
 
-TEST_F(ShellLauncherTest, theShellIsTheSystemsUnderItsWholeName) {
+TEST_F(ShellChildTest, theShellIsTheSystemsUnderItsWholeName) {
   EXPECT_EQ(runner.runCaptured("print -r -- $0"), "/bin/zsh\n");
   EXPECT_EQ(resultOfDetached("print -r -- $0;"), "/bin/zsh\n");
 }
 
-TEST_F(ShellLauncherTest, aShellOnTheSearchPathIsNotTaken) {
+TEST_F(ShellChildTest, aShellOnTheSearchPathIsNotTaken) {
   sandbox.write("zsh", "#!/bin/sh\necho another shell\n");
   std::filesystem::permissions(sandbox / "zsh", std::filesystem::perms::owner_all);
   const fixtures::EnvironmentScope searchPath("PATH", sandbox.path().string());
@@ -45,7 +43,7 @@ TEST_F(ShellLauncherTest, aShellOnTheSearchPathIsNotTaken) {
   EXPECT_TRUE(waitFor([this] { return sandbox.holds("written"); }));
 }
 
-TEST_F(ShellLauncherTest, standardInputIsTheNullDeviceWhateverOursIs) {
+TEST_F(ShellChildTest, standardInputIsTheNullDeviceWhateverOursIs) {
   const auto body = [this] {
     ::dup2(gate(), STDIN_FILENO);
     const std::string command = "readlink /proc/self/fd/0; cat;";
@@ -54,13 +52,13 @@ TEST_F(ShellLauncherTest, standardInputIsTheNullDeviceWhateverOursIs) {
   EXPECT_EQ(exitStatusOf(body), 0);
 }
 
-TEST_F(ShellLauncherTest, bothOutputsAreOnePipe) {
+TEST_F(ShellChildTest, bothOutputsAreOnePipe) {
   EXPECT_EQ(runner.runCaptured("[[ /dev/stdout -ef /dev/stderr && -p /dev/stdout ]] && print yes"), "yes\n");
   runner.runDetached("[[ /dev/stdout -ef /dev/stderr && -p /dev/stdout ]] && : > " + path("yes"));
   EXPECT_TRUE(waitFor([this] { return sandbox.holds("yes"); }));
 }
 
-TEST_F(ShellLauncherTest, theChildHoldsNoDescriptorOfOurs) {
+TEST_F(ShellChildTest, theChildHoldsNoDescriptorOfOurs) {
   const int inheritable = ::open("/dev/zero", O_RDONLY);
   // The fourth is the folder that is being listed.
   EXPECT_EQ(runner.runCaptured("exec ls /proc/self/fd"), "0\n1\n2\n3\n");
@@ -68,7 +66,7 @@ TEST_F(ShellLauncherTest, theChildHoldsNoDescriptorOfOurs) {
   ::close(inheritable);
 }
 
-TEST_F(ShellLauncherTest, theChildStartsWithCleanSignals) {
+TEST_F(ShellChildTest, theChildStartsWithCleanSignals) {
   const auto body = [this] {
     for (const int number : {SIGPIPE, SIGINT, SIGCHLD, SIGUSR2}) {
       std::signal(number, SIG_IGN);
@@ -85,7 +83,7 @@ TEST_F(ShellLauncherTest, theChildStartsWithCleanSignals) {
   EXPECT_EQ(exitStatusOf(body), 0);
 }
 
-TEST_F(ShellLauncherTest, environmentAndFolderAreInherited) {
+TEST_F(ShellChildTest, environmentAndFolderAreInherited) {
   const fixtures::EnvironmentScope scope("TARNWELL_TEST_WORD", "handed down");
   EXPECT_EQ(runner.runCaptured("print $TARNWELL_TEST_WORD"), "handed down\n");
   EXPECT_EQ(runner.runCaptured("pwd -P"), std::filesystem::canonical(".").string() + "\n");
