@@ -123,7 +123,8 @@ class Parts {
   }
 
   int count() const { return list_ != nullptr ? list_->childCount() : 0; }
-  QAccessibleInterface& at(int index) const { return *list_->child(index); }
+  /// Null where there is none.
+  QAccessibleInterface* at(int index) const { return list_ != nullptr ? list_->child(index) : nullptr; }
 
  private:
   QAccessibleInterface* list_ = nullptr;  // None for a menu that does not open.
@@ -180,7 +181,7 @@ class QtDriver final : public Driver {
     std::vector<kit::AccessiblePart> found;
     const Parts shown(driver::seen(control));
     for (int i = 0; i < shown.count(); ++i) {
-      QAccessibleInterface& part = shown.at(i);
+      QAccessibleInterface& part = *shown.at(i);
       const bool isTab = part.role() == QAccessible::PageTab;
       const QRect frame = part.rect().translated(-driver::widget(control).mapToGlobal(QPoint()));
       found.push_back({.name = part.text(QAccessible::Name).toStdString(),
@@ -193,8 +194,9 @@ class QtDriver final : public Driver {
   void perform(kit::Control& control, const kit::AccessibleRequest& request) override {
     QAccessibleInterface& seen = driver::seen(control);
     if (request.action == kit::AccessibleAction::choosePart) {
-      if (const Parts parts(seen); request.part < parts.count()) {
-        doAction(parts.at(request.part), kit::AccessibleAction::press);
+      const Parts parts(seen);
+      if (QAccessibleInterface* part = parts.at(request.part)) {
+        doAction(*part, kit::AccessibleAction::press);
       }
     } else if (request.action != kit::AccessibleAction::setValue) {
       doAction(seen, request.action);

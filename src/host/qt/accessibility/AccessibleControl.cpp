@@ -98,7 +98,7 @@ QString AccessibleControl::text(QAccessible::Text kind) const {
     return {};
   }
   const kit::Accessible shown = told();
-  const QString value = inWords(shown.value);
+  QString value = inWords(shown.value);
   switch (kind) {
     case QAccessible::Name:
       return toQString(shown.name);
