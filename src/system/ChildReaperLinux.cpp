@@ -12,7 +12,8 @@ ChildReaper::ChildReaper() : events_(requiredDescriptor(::epoll_create1(EPOLL_CL
 
 void ChildReaper::watch(Process child, Ended ended) {
   tell(unwatchedEnds());
-  Child taken = {.descriptor = child.endDescriptor(), .process = std::move(child), .ended = std::move(ended)};
+  Descriptor descriptor = child.endDescriptor();
+  Child taken = {.descriptor = std::move(descriptor), .process = std::move(child), .ended = std::move(ended)};
   if (!tryWatch(taken)) {
     unwatched_.push_back(std::move(taken));
   }

@@ -122,7 +122,7 @@ bool isPrepared(const Prepared& prepared) {
 pid_t startChild(const Prepared& prepared, volatile int& error) {
   const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
   if (child == 0) {
-    becomeProgram(prepared, error);
+    becomeProgram(prepared, error);  // NOLINT(clang-analyzer-unix.Vfork): calls the system alone
   }
   return child;
 }

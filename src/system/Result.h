@@ -24,6 +24,7 @@ template <class T>
 class Result {
  public:
   template <class U>
+  // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): none that is a Result comes here
   requires(std::convertible_to<U, T> && !std::same_as<std::remove_cvref_t<U>, Result>) Result(U&& value)
       : value_(std::in_place_index<0>, std::forward<U>(value)) {}
   Result(Failure failure) : value_(std::in_place_index<1>, std::move(failure)) {}

@@ -66,7 +66,7 @@ TEST(ProcessTest, findsItsDescriptorsAndNoOthers) {
 
 TEST(ProcessTest, findsADescriptorThatHasTheRightNumberAlready) {
   const int status = fixtures::exitStatusOf([] {
-    const int file = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    const int file = ::fcntl(::open("/dev/null", O_RDONLY | O_CLOEXEC), F_DUPFD_CLOEXEC, 10);
     const Descriptor extra(::dup3(file, STDERR_FILENO + 1, O_CLOEXEC));
     return outputOf("readlink /proc/self/fd/3", {.extra = extra.number()}) == "/dev/null\n" ? 0 : 1;
   });
