@@ -5,32 +5,22 @@
 #include <limits>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <vector>
 
+#include "core/DockFields.h"
 #include "fakes/RecordingCommandRunner.h"
+#include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
 
 namespace tarnwell::core {
 namespace {
 
-using Commands = std::vector<std::string>;
-
-const Commands sixReads = {
-    "defaults read com.apple.dock autohide-delay", "defaults read com.apple.dock autohide-time-modifier",
-    "defaults read com.apple.dock scroll-to-open", "defaults read com.apple.dock mineffect",
-    "defaults read com.apple.dock showhidden",     "defaults read com.apple.dock static-only"};
-
-const Commands sixDefaultWrites = {"defaults write com.apple.dock autohide-delay -float 0.2; killall Dock",
-                                   "defaults write com.apple.dock autohide-time-modifier -float 0.5; killall Dock",
-                                   "defaults write com.apple.dock scroll-to-open -bool false; killall Dock",
-                                   "defaults write com.apple.dock mineffect -string genie && killall Dock",
-                                   "defaults write com.apple.dock showhidden -bool false; killall Dock",
-                                   "defaults write com.apple.dock static-only -bool false; killall Dock"};
-
-Commands with(Commands commands, const std::string& last) {
-  commands.push_back(last);
-  return commands;
-}
+using fixtures::Commands;
+using fixtures::readCommands;
+using fixtures::resetCommands;
+using fixtures::savedCommands;
+using fixtures::withoutSingleApp;
 
 enum class System { macOS14, macOS15 };
 
@@ -40,22 +30,11 @@ class DockSettingsTest : public testing::Test {
     runner.answers["defaults read com.apple.dock " + key] = output;
   }
 
-  /// A Dock in which every key differs from its default.
-  void answerUnusualValues() {
-    answer("autohide-delay", "0.75\n");
-    answer("autohide-time-modifier", "1\n");
-    answer("scroll-to-open", "1\n");
-    answer("mineffect", "suck\n");
-    answer("showhidden", "1\n");
-    answer("static-only", "1\n");
-    answer("single-app", "1\n");
-  }
-
-  /// A Dock in which every key holds its default.
-  void answerDefaults() {
-    answer("autohide-delay", "0.2\n");
-    answer("autohide-time-modifier", "0.5\n");
-    answer("mineffect", "genie\n");
+  /// The Dock that such a Save or Reset leaves.
+  void answerAfter(const Commands& writes) {
+    for (const auto& [key, value] : fixtures::outcomeOf(writes)) {
+      answer(key, value + "\n");
+    }
   }
 
   fakes::RecordingCommandRunner runner;
@@ -75,20 +54,16 @@ TEST_F(DockSettingsTest, displayNamesAreKept) {
 }
 
 TEST_F(DockSettingsTest, newStateHoldsPlaceholdersAndDefaults) {
-  EXPECT_EQ(settings.delaySpeedDefault, 0.2);
-  EXPECT_EQ(settings.animationSpeedDefault, 0.5);
-  EXPECT_EQ(settings.minEffectDefault, MinEffect::genie);
-  EXPECT_FALSE(settings.scrollToExposeDefault || settings.showHiddenDefault || settings.activeAppsOnlyDefault ||
-               settings.singleAppModeDefault);
-  EXPECT_EQ(settings.delaySpeedCurrent, 9.0);
-  EXPECT_EQ(settings.animationSpeedCurrent, 9.0);
-  EXPECT_EQ(settings.minEffectCurrent, MinEffect::genie);
-  EXPECT_FALSE(settings.scrollToExposeCurrent || settings.showHiddenCurrent || settings.activeAppsOnlyCurrent ||
-               settings.singleAppModeCurrent);
-  EXPECT_EQ(settings.delaySpeed, 8.0);
-  EXPECT_EQ(settings.animationSpeed, 8.0);
-  EXPECT_EQ(settings.minEffect, MinEffect::genie);
-  EXPECT_FALSE(settings.scrollToExpose || settings.showHidden || settings.activeAppsOnly || settings.singleAppMode);
+  forEachField([this](auto edited, auto current, auto byDefault, auto defaultValue, auto) {
+    EXPECT_EQ(settings.*byDefault, defaultValue);
+    if constexpr (std::is_same_v<decltype(defaultValue), double>) {
+      EXPECT_EQ(settings.*current, 9.0);
+      EXPECT_EQ(settings.*edited, 8.0);
+    } else {
+      EXPECT_EQ(settings.*current, defaultValue);
+      EXPECT_EQ(settings.*edited, defaultValue);
+    }
+  });
 }
 
 TEST_F(DockSettingsTest, newStateMatchesNothingAndRunsNothing) {
@@ -98,37 +73,32 @@ TEST_F(DockSettingsTest, newStateMatchesNothingAndRunsNothing) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(DockSettingsTest, loadReadsSevenKeysInOrder) {
+TEST_F(DockSettingsTest, loadReadsEveryKeyInOrder) {
   settings.loadFromDock();
-  EXPECT_EQ(runner.commands, with(sixReads, "defaults read com.apple.dock single-app"));
+  EXPECT_EQ(runner.commands, readCommands());
   EXPECT_EQ(runner.captured, runner.commands);
 }
 
-TEST_F(DockSettingsTest, loadReadsSixKeysOnNewerSystems) {
+TEST_F(DockSettingsTest, loadDoesNotReadSingleAppOnNewerSystems) {
   system = System::macOS15;
   settings.loadFromDock();
-  EXPECT_EQ(runner.commands, sixReads);
+  EXPECT_EQ(runner.commands, withoutSingleApp(readCommands()));
 }
 
 TEST_F(DockSettingsTest, loadedValuesAreCurrentAndEdited) {
-  answerUnusualValues();
+  answerAfter(savedCommands());
   settings.loadFromDock();
-  EXPECT_EQ(settings.delaySpeedCurrent, 0.75);
-  EXPECT_EQ(settings.animationSpeedCurrent, 1.0);
-  EXPECT_EQ(settings.minEffectCurrent, MinEffect::suck);
-  EXPECT_TRUE(settings.scrollToExposeCurrent && settings.showHiddenCurrent && settings.activeAppsOnlyCurrent &&
-              settings.singleAppModeCurrent);
-  EXPECT_EQ(settings.delaySpeed, 0.75);
-  EXPECT_EQ(settings.animationSpeed, 1.0);
-  EXPECT_EQ(settings.minEffect, MinEffect::suck);
-  EXPECT_TRUE(settings.scrollToExpose && settings.showHidden && settings.activeAppsOnly && settings.singleAppMode);
+  forEachField([this](auto edited, auto current, auto, auto, auto saved) {
+    EXPECT_EQ(settings.*current, saved);
+    EXPECT_EQ(settings.*edited, saved);
+  });
   EXPECT_TRUE(settings.matchesCurrent());
   EXPECT_FALSE(settings.matchesDefaults());
 }
 
 TEST_F(DockSettingsTest, loadLeavesSingleAppAloneOnNewerSystems) {
   system = System::macOS15;
-  answerUnusualValues();
+  answerAfter(savedCommands());
   settings.singleAppMode = true;
   settings.loadFromDock();
   EXPECT_TRUE(settings.singleAppMode);
@@ -136,7 +106,7 @@ TEST_F(DockSettingsTest, loadLeavesSingleAppAloneOnNewerSystems) {
 }
 
 TEST_F(DockSettingsTest, anUnsetDelayLoadsAsZero) {
-  answerDefaults();
+  answerAfter(resetCommands());
   runner.answers.erase("defaults read com.apple.dock autohide-delay");
   settings.loadFromDock();
   EXPECT_EQ(settings.delaySpeedCurrent, 0.0);
@@ -146,36 +116,40 @@ TEST_F(DockSettingsTest, anUnsetDelayLoadsAsZero) {
 }
 
 TEST_F(DockSettingsTest, aDockThatHoldsTheDefaultsMatchesThem) {
-  answerDefaults();
+  answerAfter(resetCommands());
   settings.loadFromDock();
   EXPECT_TRUE(settings.matchesCurrent());
   EXPECT_TRUE(settings.matchesDefaults());
 }
 
 TEST_F(DockSettingsTest, loadPrintsThreeLines) {
-  answerUnusualValues();
+  answerAfter(savedCommands());
   const fixtures::StandardOutputCapture output;
   settings.loadFromDock();
-  EXPECT_EQ(output.text(), "1\nSCROLL 1\nsuck\n");
+  EXPECT_EQ(output.text(), "0.3\nSCROLL 1\nsuck\n");
 }
 
 TEST_F(DockSettingsTest, saveWritesEveryEditedValueInOrder) {
-  settings.delaySpeed = 0.0;
-  settings.animationSpeed = 1.25;
-  settings.scrollToExpose = true;
-  settings.minEffect = MinEffect::scale;
-  settings.activeAppsOnly = true;
-  settings.singleAppMode = true;
+  forEachField([this](auto edited, auto, auto, auto, auto saved) { settings.*edited = saved; });
   settings.save();
-  const Commands expected = {"defaults write com.apple.dock autohide-delay -float 0.0; killall Dock",
-                             "defaults write com.apple.dock autohide-time-modifier -float 1.25; killall Dock",
-                             "defaults write com.apple.dock scroll-to-open -bool true; killall Dock",
-                             "defaults write com.apple.dock mineffect -string scale && killall Dock",
-                             "defaults write com.apple.dock showhidden -bool false; killall Dock",
-                             "defaults write com.apple.dock static-only -bool true; killall Dock",
-                             "defaults write com.apple.dock single-app -bool true; killall Dock"};
-  EXPECT_EQ(runner.commands, expected);
-  EXPECT_EQ(runner.detached, expected);
+  EXPECT_EQ(runner.commands, savedCommands());
+  EXPECT_EQ(runner.detached, runner.commands);
+}
+
+TEST_F(DockSettingsTest, anEditedFieldIsWrittenByItsOwnCommandAlone) {
+  std::size_t index = 0;
+  forEachField([&](auto edited, auto, auto, auto defaultValue, auto saved) {
+    settings.resetToDefaults();
+    settings.*edited = saved;
+    runner.commands.clear();
+    settings.save();
+    Commands expected = resetCommands();
+    expected.at(index) = savedCommands().at(index);
+    EXPECT_EQ(runner.commands, expected);
+    settings.*edited = defaultValue;
+    ++index;
+  });
+  EXPECT_EQ(index, savedCommands().size());
 }
 
 TEST_F(DockSettingsTest, savedValuesAreCurrent) {
@@ -191,53 +165,50 @@ TEST_F(DockSettingsTest, savedValuesAreCurrent) {
 }
 
 TEST_F(DockSettingsTest, saveWritesAllKeysWithNothingChanged) {
-  answerDefaults();
+  answerAfter(resetCommands());
   settings.loadFromDock();
   runner.commands.clear();
   settings.save();
-  EXPECT_EQ(runner.commands,
-            with(sixDefaultWrites, "defaults write com.apple.dock single-app -bool false; killall Dock"));
+  EXPECT_EQ(runner.commands, resetCommands());
 }
 
 TEST_F(DockSettingsTest, saveOnNewerSystemsLeavesSingleAppEdited) {
   system = System::macOS15;
-  answerDefaults();
+  answerAfter(resetCommands());
   settings.loadFromDock();
   settings.singleAppMode = true;
   EXPECT_FALSE(settings.matchesCurrent());
   runner.commands.clear();
   settings.save();
-  EXPECT_EQ(runner.commands, sixDefaultWrites);
+  EXPECT_EQ(runner.commands, withoutSingleApp(resetCommands()));
   EXPECT_FALSE(settings.singleAppModeCurrent);
   EXPECT_FALSE(settings.matchesCurrent());
 }
 
 TEST_F(DockSettingsTest, resetWritesTheDefaultsInOrder) {
-  answerUnusualValues();
+  answerAfter(savedCommands());
   settings.loadFromDock();
   runner.commands.clear();
   settings.resetToDefaults();
-  EXPECT_EQ(runner.commands,
-            with(sixDefaultWrites, "defaults write com.apple.dock single-app -bool false; killall Dock"));
+  EXPECT_EQ(runner.commands, resetCommands());
   EXPECT_EQ(runner.commands.at(3), "defaults write com.apple.dock mineffect -string genie && killall Dock");
 }
 
 TEST_F(DockSettingsTest, resetValuesAreEditedAndCurrent) {
-  answerUnusualValues();
+  answerAfter(savedCommands());
   settings.loadFromDock();
   settings.resetToDefaults();
   EXPECT_TRUE(settings.matchesDefaults());
   EXPECT_TRUE(settings.matchesCurrent());
-  EXPECT_EQ(settings.delaySpeedCurrent, 0.2);
-  EXPECT_EQ(settings.animationSpeedCurrent, 0.5);
-  EXPECT_EQ(settings.minEffectCurrent, MinEffect::genie);
+  forEachField(
+      [this](auto, auto current, auto, auto defaultValue, auto) { EXPECT_EQ(settings.*current, defaultValue); });
 }
 
 TEST_F(DockSettingsTest, resetOnNewerSystemsLeavesSingleAppAlone) {
   system = System::macOS15;
   settings.singleAppMode = true;
   settings.resetToDefaults();
-  EXPECT_EQ(runner.commands, sixDefaultWrites);
+  EXPECT_EQ(runner.commands, withoutSingleApp(resetCommands()));
   EXPECT_TRUE(settings.singleAppMode);
   EXPECT_FALSE(settings.singleAppModeCurrent);
   EXPECT_FALSE(settings.matchesDefaults());
@@ -252,25 +223,17 @@ TEST_F(DockSettingsTest, newerSystemsNeverHearOfSingleApp) {
   for (const std::string& command : runner.commands) {
     EXPECT_EQ(command.find("single-app"), std::string::npos);
   }
-  EXPECT_EQ(runner.commands.size(), 18U);
+  EXPECT_EQ(runner.commands.size(), 3 * withoutSingleApp(resetCommands()).size());
 }
 
 TEST_F(DockSettingsTest, eachEditedFieldCountsInBothComparisons) {
   settings.resetToDefaults();
-  const auto differs = [this](auto field, auto value) {
-    const auto before = settings.*field;
-    settings.*field = value;
-    const bool result = !settings.matchesCurrent() && !settings.matchesDefaults();
-    settings.*field = before;
-    return result && settings.matchesCurrent() && settings.matchesDefaults();
-  };
-  EXPECT_TRUE(differs(&DockSettings::delaySpeed, 0.21));
-  EXPECT_TRUE(differs(&DockSettings::animationSpeed, 0.51));
-  EXPECT_TRUE(differs(&DockSettings::scrollToExpose, true));
-  EXPECT_TRUE(differs(&DockSettings::minEffect, MinEffect::scale));
-  EXPECT_TRUE(differs(&DockSettings::showHidden, true));
-  EXPECT_TRUE(differs(&DockSettings::activeAppsOnly, true));
-  EXPECT_TRUE(differs(&DockSettings::singleAppMode, true));
+  forEachField([this](auto edited, auto, auto, auto defaultValue, auto saved) {
+    settings.*edited = saved;
+    EXPECT_FALSE(settings.matchesCurrent() || settings.matchesDefaults());
+    settings.*edited = defaultValue;
+    EXPECT_TRUE(settings.matchesCurrent() && settings.matchesDefaults());
+  });
 }
 
 TEST_F(DockSettingsTest, speedsAreComparedExactly) {
@@ -290,7 +253,7 @@ TEST_F(DockSettingsTest, zeroMatchesWhateverItsSign) {
 }
 
 TEST_F(DockSettingsTest, aNanInTheDockNeverMatches) {
-  answerDefaults();
+  answerAfter(resetCommands());
   answer("autohide-delay", "nan\n");
   settings.loadFromDock();
   EXPECT_FALSE(settings.matchesCurrent());

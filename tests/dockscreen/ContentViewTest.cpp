@@ -4,6 +4,7 @@
 
 #include "dockscreen/CommandRunnerKey.h"
 #include "fakes/RecordingCommandRunner.h"
+#include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"
@@ -18,7 +19,7 @@ TEST(ContentViewTest, mountingReadsNothing) {
                     view::Stage::makeEnvironment().with<CommandRunnerKey>(&runner)};
   EXPECT_EQ(runner.commands, view::Lines{});
   stage.open();
-  EXPECT_EQ(runner.captured.size(), 7U);
+  EXPECT_EQ(runner.captured, fixtures::readCommands());
 }
 
 TEST(ContentViewTest, theSettingsGoWithTheTab) {
@@ -27,10 +28,11 @@ TEST(ContentViewTest, theSettingsGoWithTheTab) {
   const auto environment = view::Stage::makeEnvironment().with<CommandRunnerKey>(&runner);
   view::Stage stage{view::View(ContentView{}).frame({.width = 600}), environment};
   stage.open();
+  runner.captured.clear();
   stage.show(view::Text{"another tab"});
-  EXPECT_EQ(runner.captured.size(), 7U);
+  EXPECT_EQ(runner.captured, view::Lines{});
   stage.show(view::View(ContentView{}).frame({.width = 600}));
-  EXPECT_EQ(runner.captured.size(), 14U);
+  EXPECT_EQ(runner.captured, fixtures::readCommands());
 }
 
 TEST(ContentViewDeathTest, withoutACommandRunnerItIsAFault) {

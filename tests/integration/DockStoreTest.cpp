@@ -2,13 +2,16 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "core/DockFields.h"
 #include "core/DockSettings.h"
 #include "core/ShellCommandRunner.h"
+#include "fixtures/DockCommands.h"
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "fixtures/Subprocess.h"
@@ -22,10 +25,7 @@ namespace fs = std::filesystem;
 using core::DockSettings;
 using core::MinEffect;
 using fixtures::waitFor;
-
-constexpr std::array keys = {
-    "autohide-delay", "autohide-time-modifier", "scroll-to-open", "mineffect", "showhidden", "static-only",
-    "single-app"};
+using Values = std::vector<std::pair<std::string, std::string>>;
 
 /// The settings over the real shell, the stand-in for `defaults` with a store of its own, and a `killall` that only
 /// counts.
@@ -52,44 +52,36 @@ class DockStoreTest : public testing::Test {
   }
 
   /// A store in which no key holds its default or its fallback.
-  void storeUnusualValues() const {
-    system.shell(
-        R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.75; w autohide-time-modifier -float 1.5;)"
-        "w scroll-to-open -bool true; w mineffect -string suck; w showhidden -bool true; w static-only -bool true;"
-        "w single-app -bool true");
-  }
+  void storeUnusualValues() const { system.runWrites(fixtures::savedCommands()); }
 
   void editUnusualValues() {
-    settings.set(&DockSettings::delaySpeed, 0.75);
-    settings.set(&DockSettings::animationSpeed, 1.5);
-    settings.set(&DockSettings::scrollToExpose, true);
-    settings.set(&DockSettings::minEffect, MinEffect::suck);
-    settings.set(&DockSettings::showHidden, true);
-    settings.set(&DockSettings::activeAppsOnly, true);
-    settings.set(&DockSettings::singleAppMode, true);
+    core::forEachField([this](auto edited, auto, auto, auto, auto saved) { settings.set(edited, saved); });
   }
 
   bool holdsUnusualValues() const {
-    return settings.delaySpeed == 0.75 && settings.animationSpeed == 1.5 && settings.scrollToExpose &&
-           settings.minEffect == MinEffect::suck && settings.showHidden && settings.activeAppsOnly &&
-           settings.singleAppMode;
+    bool holds = true;
+    core::forEachField([&](auto edited, auto, auto, auto, auto saved) { holds = holds && settings.*edited == saved; });
+    return holds;
   }
 
   bool holdsFallbacks() const {
-    return settings.delaySpeed == 0 && settings.animationSpeed == 0 && !settings.scrollToExpose &&
-           settings.minEffect == MinEffect::genie && !settings.showHidden && !settings.activeAppsOnly &&
-           !settings.singleAppMode;
+    bool holds = true;
+    core::forEachField(
+        [&](auto edited, auto, auto, auto, auto saved) { holds = holds && settings.*edited == decltype(saved){}; });
+    return holds;
   }
 
-  /// What the store holds for the seven keys, in their order.
-  standin::Words storedValues() const {
-    standin::Words values;
-    std::transform(keys.begin(), keys.end(), std::back_inserter(values),
-                   [this](const char* key) { return system.value(key); });
+  /// What the store holds, with the names and in the order of the commands.
+  Values storedValues() const {
+    Values values;
+    for (const auto& [key, value] : fixtures::outcomeOf(fixtures::resetCommands())) {
+      values.emplace_back(key, system.value(key));
+    }
     return values;
   }
 
-  const standin::Words unusualValues = {"0.75", "1.5", "1", "suck", "1", "1", "1"};
+  const Values unusualValues = fixtures::outcomeOf(fixtures::savedCommands());
+  const std::ptrdiff_t restarts = std::ssize(fixtures::savedCommands());
 
   standin::MacSystem system;
   fixtures::EnvironmentScope path{"PATH", (folder() / "bin").string() + ":/usr/bin:/bin"};
@@ -105,7 +97,7 @@ TEST_F(DockStoreTest, loadReadsWhatTheStoreHolds) {
   settings.loadFromDock();
   EXPECT_TRUE(holdsUnusualValues());
   EXPECT_TRUE(settings.matchesCurrent());
-  EXPECT_EQ(printed.text(), "1.5\nSCROLL 1\nsuck\n");
+  EXPECT_EQ(printed.text(), "0.3\nSCROLL 1\nsuck\n");
 }
 
 TEST_F(DockStoreTest, loadFallsBackWithoutASoundStoreAndLeavesItAlone) {
@@ -147,20 +139,22 @@ TEST_F(DockStoreTest, aStartUpFileThatPrintsSpoilsTheReadingButNotTheWriting) {
   system.folder().write(".zshenv", "print hello; print -u2 there\n");
   settings.loadFromDock();
   EXPECT_TRUE(holdsFallbacks());
-  settings.set(&DockSettings::delaySpeed, 0.3);
+  settings.set(&DockSettings::delaySpeed, 0.4);
   settings.save();
-  EXPECT_TRUE(waitForKills(7));
-  EXPECT_EQ(storedValues(), (standin::Words{"0.3", "0", "0", "genie", "0", "0", "0"}));
+  EXPECT_TRUE(waitForKills(restarts));
+  EXPECT_EQ(system.value("autohide-delay"), "0.4");
+  EXPECT_EQ(system.value("mineffect"), "genie");
+  EXPECT_EQ(system.value("showhidden"), "0");
 }
 
 TEST_F(DockStoreTest, saveArrivesAndIsReadBack) {
   editUnusualValues();
   settings.save();
-  EXPECT_TRUE(waitForKills(7));
+  EXPECT_TRUE(waitForKills(restarts));
   EXPECT_EQ(storedValues(), unusualValues);
   settings.resetToDefaults();
-  EXPECT_TRUE(waitForKills(14));
-  EXPECT_EQ(storedValues(), (standin::Words{"0.2", "0.5", "0", "genie", "0", "0", "0"}));
+  EXPECT_TRUE(waitForKills(2 * restarts));
+  EXPECT_EQ(storedValues(), fixtures::outcomeOf(fixtures::resetCommands()));
   settings.loadFromDock();
   EXPECT_TRUE(settings.matchesDefaults());
 }
@@ -170,7 +164,7 @@ TEST_F(DockStoreTest, saveReplacesValuesOfOtherTypes) {
       R"(for k in autohide-delay mineffect showhidden; do "$D" write com.apple.dock "$k" -array a b || exit; done)");
   editUnusualValues();
   settings.save();
-  EXPECT_TRUE(waitForKills(7));
+  EXPECT_TRUE(waitForKills(restarts));
   EXPECT_EQ(storedValues(), unusualValues);
 }
 
@@ -179,11 +173,11 @@ TEST_F(DockStoreTest, saveLeavesTheOtherKeysAsTheyWere) {
   system.store(standin::binaryOf(before));
   editUnusualValues();
   settings.save();
-  EXPECT_TRUE(waitForKills(7));
+  EXPECT_TRUE(waitForKills(restarts));
   EXPECT_EQ(storedValues(), unusualValues);
   const standin::PropertyList after = standin::listIn(standin::fileContent(system.dockStore()));
-  for (const char* key : keys) {
-    plist_dict_remove_item(after.get(), key);
+  for (const auto& [key, value] : unusualValues) {
+    plist_dict_remove_item(after.get(), key.c_str());
   }
   EXPECT_TRUE(standin::isSame(after.get(), before.get()));
 }
@@ -194,7 +188,7 @@ TEST_F(DockStoreTest, saveKeepsADamagedStoreAside) {
     editUnusualValues();
     const std::ptrdiff_t before = killedDocks();
     settings.save();
-    EXPECT_TRUE(waitForKills(before + 7)) << bytes;
+    EXPECT_TRUE(waitForKills(before + restarts)) << bytes;
     EXPECT_EQ(storedValues(), unusualValues) << bytes;
   }
   EXPECT_EQ(system.preferenceNames().size(), 3U);
@@ -209,7 +203,7 @@ TEST_F(DockStoreTest, aStoreThatCannotBeWrittenStaysAsItWas) {
   fs::create_directory(lock);
   settings.resetToDefaults();
   // The effect alone starts the Dock again only after its own success.
-  EXPECT_TRUE(waitForKills(6));
+  EXPECT_TRUE(waitForKills(restarts - 1));
   settings.loadFromDock();
   EXPECT_TRUE(holdsUnusualValues());
   EXPECT_EQ(standin::fileContent(system.dockStore()), before);
@@ -229,7 +223,7 @@ TEST_F(DockStoreTest, quittingRightAfterSaveStillWrites) {
   EXPECT_EQ(fixtures::exitStatusOf(body), 0);
   EXPECT_EQ(killedDocks(), 0);
   fs::remove(gate);
-  EXPECT_TRUE(waitForKills(7));
+  EXPECT_TRUE(waitForKills(restarts));
   EXPECT_EQ(storedValues(), unusualValues);
 }
 

@@ -35,14 +35,11 @@ DockTab& DockTab::holding(const std::string& key, const std::string& printed) {
   return *this;
 }
 
-DockTab& DockTab::holdingDefaults() {
-  return holding("autohide-delay", "0.2")
-      .holding("autohide-time-modifier", "0.5")
-      .holding("scroll-to-open", "0")
-      .holding("mineffect", "genie")
-      .holding("showhidden", "0")
-      .holding("static-only", "0")
-      .holding("single-app", "0");
+DockTab& DockTab::holdingAfter(const fixtures::Commands& writes) {
+  for (const auto& [key, printed] : fixtures::outcomeOf(writes)) {
+    holding(key, printed);
+  }
+  return *this;
 }
 
 bool DockTab::has(const std::string& name) const { return hasControlNamed(name, window_->tree()); }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "fakes/RecordingCommandRunner.h"
+#include "fixtures/DockCommands.h"
 #include "host/headless/PointNumberFormat.h"
 #include "kit/ports/SystemVersion.h"
 #include "kit/turn/Turn.h"
@@ -28,8 +29,9 @@ class DockTab {
 
   /// What `defaults read` prints for a key, without the line feed.
   DockTab& holding(const std::string& key, const std::string& printed);
-  /// All seven keys at their defaults.
-  DockTab& holdingDefaults();
+  /// Every key as these write commands leave it.
+  DockTab& holdingAfter(const fixtures::Commands& writes);
+  DockTab& holdingDefaults() { return holdingAfter(fixtures::resetCommands()); }
 
   void open() { window_->open(); }
   void close() { window_->close(); }

@@ -73,7 +73,7 @@ TEST(DockTabEditingScenarios, returnSavesWhatWasTypedCutToTwoDecimals) {
   tab.type("Delay seconds", "0.456");
   tab.pressKey("Delay seconds", Key::enter);
   const auto writes = tab.writes();
-  ASSERT_EQ(writes.size(), 7U);
+  ASSERT_EQ(writes.size(), fixtures::resetCommands().size());
   EXPECT_EQ(writes[0], delayWrite + "0.46" + thenRestart);
   EXPECT_EQ(tab.value("Delay seconds"), "0.46");
   EXPECT_FALSE(tab.isEnabled("Save"));
@@ -119,7 +119,7 @@ TEST(DockTabEditingScenarios, inACommaLocaleResetWritesTheFractionsButEditsNone)
   tab.holdingDefaults().holding("autohide-delay", "3").holding("showhidden", "1").open();
   tab.press("Reset to Defaults");
   const auto writes = tab.writes();
-  ASSERT_EQ(writes.size(), 7U);
+  ASSERT_EQ(writes.size(), fixtures::resetCommands().size());
   EXPECT_EQ(writes[0], delayWrite + "0.2" + thenRestart);
   EXPECT_EQ(writes[1], "defaults write com.apple.dock autohide-time-modifier -float 0.5" + thenRestart);
   EXPECT_EQ(tab.value("Delay seconds"), "0");
@@ -130,7 +130,7 @@ TEST(DockTabEditingScenarios, inACommaLocaleResetWritesTheFractionsButEditsNone)
   EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
   tab.press("Save");
   const auto saved = tab.writes();
-  ASSERT_EQ(saved.size(), 7U);
+  ASSERT_EQ(saved.size(), fixtures::resetCommands().size());
   EXPECT_EQ(saved[0], delayWrite + "0.0" + thenRestart);
   EXPECT_FALSE(tab.isEnabled("Save"));
 }

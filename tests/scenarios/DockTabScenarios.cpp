@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 #include "kit/controls/Control.h"
 #include "scenarios/DockTab.h"
 
@@ -8,48 +12,59 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const Lines sevenReads = {
-    "defaults read com.apple.dock autohide-delay", "defaults read com.apple.dock autohide-time-modifier",
-    "defaults read com.apple.dock scroll-to-open", "defaults read com.apple.dock mineffect",
-    "defaults read com.apple.dock showhidden",     "defaults read com.apple.dock static-only",
-    "defaults read com.apple.dock single-app"};
+using fixtures::readCommands;
+using fixtures::resetCommands;
+using fixtures::savedCommands;
+using fixtures::withoutSingleApp;
 
-const Lines writesOfDefaults = {"defaults write com.apple.dock autohide-delay -float 0.2; killall Dock",
-                                "defaults write com.apple.dock autohide-time-modifier -float 0.5; killall Dock",
-                                "defaults write com.apple.dock scroll-to-open -bool false; killall Dock",
-                                "defaults write com.apple.dock mineffect -string genie && killall Dock",
-                                "defaults write com.apple.dock showhidden -bool false; killall Dock",
-                                "defaults write com.apple.dock static-only -bool false; killall Dock",
-                                "defaults write com.apple.dock single-app -bool false; killall Dock"};
+struct Switch {
+  std::string name;
+  std::string key;
+};
 
-TEST(DockTabScenarios, openingReadsTheSevenKeysOnceInOrder) {
+/// From the top down.
+const std::array switches = {Switch{"Scroll to Exposé", "scroll-to-open"}, Switch{"Dim hidden apps", "showhidden"},
+                             Switch{"Single app mode", "single-app"}, Switch{"Show active apps only", "static-only"}};
+
+TEST(DockTabScenarios, openingReadsEveryKeyOnceInOrder) {
   DockTab tab;
   tab.holdingDefaults().open();
-  EXPECT_EQ(tab.reads(), sevenReads);
+  EXPECT_EQ(tab.reads(), readCommands());
   EXPECT_EQ(tab.writes(), Lines{});
 }
 
 TEST(DockTabScenarios, openingShowsWhatTheDockHolds) {
   DockTab tab;
-  tab.holding("autohide-delay", "0.75")
-      .holding("autohide-time-modifier", "0.1")
-      .holding("scroll-to-open", "1")
-      .holding("mineffect", "suck")
-      .holding("showhidden", "1")
-      .holding("static-only", "0")
-      .holding("single-app", "1");
-  tab.open();
-  EXPECT_EQ(tab.value("Delay seconds"), "0.75");
-  EXPECT_EQ(tab.value("Delay slider"), "0.75");
-  EXPECT_EQ(tab.value("Delay stepper"), "0.75");
-  EXPECT_EQ(tab.value("Animation seconds"), "0.1");
-  EXPECT_EQ(tab.value("Scroll to Exposé"), "on");
+  tab.holdingAfter(savedCommands()).open();
+  EXPECT_EQ(tab.value("Delay seconds"), "0.7");
+  EXPECT_EQ(tab.value("Delay slider"), "0.7");
+  EXPECT_EQ(tab.value("Delay stepper"), "0.7");
+  EXPECT_EQ(tab.value("Animation seconds"), "0.3");
   EXPECT_EQ(tab.value("Minimize windows using"), "Suck Effect");
-  EXPECT_EQ(tab.value("Dim hidden apps"), "on");
-  EXPECT_EQ(tab.value("Show active apps only"), "off");
-  EXPECT_EQ(tab.value("Single app mode"), "on");
+  for (const auto& [name, key] : switches) {
+    EXPECT_EQ(tab.value(name), "on") << name;
+  }
   EXPECT_FALSE(tab.isEnabled("Save"));
   EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
+}
+
+TEST(DockTabScenarios, eachSwitchShowsAndWritesItsOwnKeyAlone) {
+  for (const auto& [name, key] : switches) {
+    DockTab tab;
+    tab.holdingDefaults().holding(key, "1").open();
+    for (const auto& [other, otherKey] : switches) {
+      EXPECT_EQ(tab.value(other), other == name ? "on" : "off") << name;
+    }
+    tab.press("Reset to Defaults");
+    tab.writes();
+    tab.press(name);
+    tab.press("Save");
+    Lines expected = resetCommands();
+    std::replace(expected.begin(), expected.end(),
+                 "defaults write com.apple.dock " + key + " -bool false; killall Dock",
+                 "defaults write com.apple.dock " + key + " -bool true; killall Dock");
+    EXPECT_EQ(tab.writes(), expected);
+  }
 }
 
 TEST(DockTabScenarios, aDockThatHoldsNothingShowsFallbacksAndCanBeReset) {
@@ -72,7 +87,7 @@ TEST(DockTabScenarios, aDockAtItsDefaultsOffersNeitherButton) {
 TEST(DockTabScenarios, changingAnyValueEnablesSaveAndChangingItBackDisablesIt) {
   DockTab tab;
   tab.holdingDefaults().open();
-  for (const std::string name : {"Scroll to Exposé", "Dim hidden apps", "Single app mode", "Show active apps only"}) {
+  for (const auto& [name, key] : switches) {
     tab.press(name);
     EXPECT_TRUE(tab.isEnabled("Save")) << name;
     EXPECT_TRUE(tab.isEnabled("Reset to Defaults")) << name;
@@ -207,20 +222,17 @@ TEST(DockTabScenarios, oddNumbersInTheStoreNeitherCrashNorHang) {
   }
 }
 
-TEST(DockTabScenarios, saveWritesAllSevenInOrderAndIsThenDisabled) {
+TEST(DockTabScenarios, saveWritesEveryKeyInOrderAndIsThenDisabled) {
   DockTab tab;
   tab.holdingDefaults().open();
-  tab.dragTo("Delay slider", 0);
+  tab.enter("Delay seconds", "0.7");
+  tab.enter("Animation seconds", "0.3");
   tab.choose("Minimize windows using", 2);
-  tab.press("Dim hidden apps");
+  for (const auto& [name, key] : switches) {
+    tab.press(name);
+  }
   tab.press("Save");
-  EXPECT_EQ(tab.writes(), (Lines{"defaults write com.apple.dock autohide-delay -float 1.0; killall Dock",
-                                 "defaults write com.apple.dock autohide-time-modifier -float 0.5; killall Dock",
-                                 "defaults write com.apple.dock scroll-to-open -bool false; killall Dock",
-                                 "defaults write com.apple.dock mineffect -string suck && killall Dock",
-                                 "defaults write com.apple.dock showhidden -bool true; killall Dock",
-                                 "defaults write com.apple.dock static-only -bool false; killall Dock",
-                                 "defaults write com.apple.dock single-app -bool false; killall Dock"}));
+  EXPECT_EQ(tab.writes(), savedCommands());
   EXPECT_FALSE(tab.isEnabled("Save"));
   EXPECT_TRUE(tab.isEnabled("Reset to Defaults"));
 }
@@ -238,7 +250,7 @@ TEST(DockTabScenarios, returnPressesSaveFromAnywhere) {
   tab.holdingDefaults().open();
   tab.press("Dim hidden apps");
   tab.pressKey("Dim hidden apps", Key::enter);
-  EXPECT_EQ(tab.writes().size(), 7U);
+  EXPECT_EQ(tab.writes().size(), savedCommands().size());
   EXPECT_FALSE(tab.isEnabled("Save"));
 }
 
@@ -249,7 +261,7 @@ TEST(DockTabScenarios, returnInAFieldTakesTheTextAndThenSaves) {
   EXPECT_FALSE(tab.isEnabled("Save"));
   tab.pressKey("Animation seconds", Key::enter);
   const Lines writes = tab.writes();
-  ASSERT_EQ(writes.size(), 7U);
+  ASSERT_EQ(writes.size(), savedCommands().size());
   EXPECT_EQ(writes[1], "defaults write com.apple.dock autohide-time-modifier -float 0.3; killall Dock");
 }
 
@@ -259,7 +271,7 @@ TEST(DockTabScenarios, aPressOnSaveTakesWhatIsBeingTypedFirst) {
   tab.type("Delay seconds", "0.9");
   tab.press("Save");
   const Lines writes = tab.writes();
-  ASSERT_EQ(writes.size(), 7U);
+  ASSERT_EQ(writes.size(), savedCommands().size());
   EXPECT_EQ(writes[0], "defaults write com.apple.dock autohide-delay -float 0.9; killall Dock");
 }
 
@@ -275,7 +287,7 @@ TEST(DockTabScenarios, resetWritesTheDefaultsShowsThemAndDisablesBothButtons) {
   tab.holding("autohide-delay", "3").holding("mineffect", "suck").holding("showhidden", "1");
   tab.open();
   tab.press("Reset to Defaults");
-  EXPECT_EQ(tab.writes(), writesOfDefaults);
+  EXPECT_EQ(tab.writes(), resetCommands());
   EXPECT_EQ(tab.value("Delay seconds"), "0.2");
   EXPECT_EQ(tab.value("Animation slider"), "0.5");
   EXPECT_EQ(tab.value("Minimize windows using"), "Genie Effect");
@@ -303,9 +315,9 @@ TEST(DockTabScenarios, systemsFrom15OnHaveNoSingleAppRowAndNeverTouchItsKey) {
     tab.press("Dim hidden apps");
     tab.press("Save");
     tab.press("Reset to Defaults");
-    EXPECT_EQ(tab.reads(), Lines(sevenReads.begin(), sevenReads.end() - 1));
+    EXPECT_EQ(tab.reads(), withoutSingleApp(readCommands()));
     const Lines writes = tab.writes();
-    EXPECT_EQ(writes.size(), 12U);
+    EXPECT_EQ(writes.size(), 2 * withoutSingleApp(resetCommands()).size());
     for (const std::string& line : writes) {
       EXPECT_EQ(line.find("single-app"), std::string::npos) << line;
     }
@@ -316,7 +328,7 @@ TEST(DockTabScenarios, systemsBefore15HaveTheSingleAppRowAndReadAndWriteItsKey) 
   for (const int minor : {0, 9, 99}) {
     DockTab tab({.version = {.major = 14, .minor = minor, .patch = minor}});
     tab.holdingDefaults().open();
-    EXPECT_EQ(tab.reads(), sevenReads);
+    EXPECT_EQ(tab.reads(), readCommands());
     ASSERT_TRUE(tab.has("Single app mode"));
     tab.press("Single app mode");
     tab.press("Save");
@@ -335,7 +347,7 @@ TEST(DockTabScenarios, everyShowingReadsAgain) {
   tab.close();
   tab.reads();
   tab.holding("autohide-delay", "0.7").open();
-  EXPECT_EQ(tab.reads(), sevenReads);
+  EXPECT_EQ(tab.reads(), readCommands());
   EXPECT_EQ(tab.value("Delay seconds"), "0.7");
   EXPECT_EQ(tab.value("Dim hidden apps"), "off");
   EXPECT_FALSE(tab.isEnabled("Save"));

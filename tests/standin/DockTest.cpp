@@ -4,6 +4,7 @@
 #include <csignal>
 #include <fstream>
 
+#include "fixtures/DockCommands.h"
 #include "fixtures/WaitFor.h"
 #include "standin/MacSystem.h"
 #include "standin/dock/DockBehavior.h"
@@ -12,7 +13,10 @@
 namespace tarnwell::standin {
 namespace {
 
+using fixtures::resetCommands;
+using fixtures::savedCommands;
 using fixtures::waitFor;
+using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
@@ -25,28 +29,43 @@ std::string settingsLine(const MacSystem& system) {
   return fileContent(system.dockLog());
 }
 
-TEST(DockTest, logsTheSevenSettingsInOneLine) {
+// Each key with what `print` makes of its value, `between` two.
+template <class Print>
+std::string joined(const fixtures::Commands& writes, const std::string& between, const Print& print) {
+  std::string text;
+  for (const auto& [key, value] : fixtures::outcomeOf(writes)) {
+    text += (text.empty() ? "" : between) + print(key, value);
+  }
+  return text;
+}
+
+std::string logged(const fixtures::Commands& writes) {
+  return joined(writes, " ", [](const auto& key, const auto& value) { return key + "=" + value; });
+}
+
+// As `Dock --list` prints them.
+std::string listed(const fixtures::Commands& writes) {
+  return joined(writes, "\n", [](const auto& key, const auto& value) { return key + " " + value; }) + "\n";
+}
+
+TEST(DockTest, logsEverySettingInOneLine) {
   const MacSystem system;
-  EXPECT_THAT(settingsLine(system),
-              MatchesRegex("20[0-9-]+ [0-9:.]+ Dock\\[[0-9]+\\] autohide-delay=absent autohide-time-modifier=absent "
-                           "scroll-to-open=absent mineffect=absent showhidden=absent static-only=absent "
-                           "single-app=absent\n"));
-  system.shell(
-      R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.2; w autohide-time-modifier -float 1;)"
-      "w scroll-to-open -bool true; w mineffect suck; w showhidden -bool no; w static-only -bool true;"
-      "w single-app -bool false");
-  EXPECT_THAT(settingsLine(system), EndsWith("] autohide-delay=0.2 autohide-time-modifier=1 scroll-to-open=1 "
-                                             "mineffect=suck showhidden=0 static-only=1 single-app=0\n"));
+  const std::string absent = joined(resetCommands(), " ", [](const auto& key, const auto&) { return key + "=absent"; });
+  EXPECT_THAT(settingsLine(system), MatchesRegex("20[0-9-]+ [0-9:.]+ Dock\\[[0-9]+\\] " + absent + "\n"));
+  system.runWrites(savedCommands());
+  EXPECT_THAT(settingsLine(system), EndsWith("] " + logged(savedCommands()) + "\n"));
+  system.runWrites(resetCommands());
+  EXPECT_THAT(settingsLine(system), EndsWith("] " + logged(resetCommands()) + "\n"));
 }
 
 TEST(DockTest, saysSoWhenATypeIsWrong) {
   const MacSystem system;
   system.shell(R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -string 0.2; w mineffect -int 2;)"
                "w showhidden -int 1; w static-only -array a");
-  EXPECT_THAT(settingsLine(system),
-              EndsWith("] autohide-delay=wrong-type(string) autohide-time-modifier=absent scroll-to-open=absent "
-                       "mineffect=wrong-type(integer) showhidden=wrong-type(integer) static-only=wrong-type(array) "
-                       "single-app=absent\n"));
+  const std::string line = settingsLine(system);
+  EXPECT_THAT(line, HasSubstr("] autohide-delay=wrong-type(string) autohide-time-modifier=absent "));
+  EXPECT_THAT(
+      line, HasSubstr(" mineffect=wrong-type(integer) showhidden=wrong-type(integer) static-only=wrong-type(array) "));
 }
 
 TEST(DockTest, staysOneLineWhateverTheStoreHolds) {
@@ -92,21 +111,21 @@ std::string list(const MacSystem& system) { return run({DOCK_PATH, "--list"}, sy
 
 TEST(DockTest, listsTheDefaultsOfWhatIsNotSet) {
   const MacSystem system;
-  EXPECT_EQ(list(system),
-            "autohide-delay 0.2\nautohide-time-modifier 0.5\nscroll-to-open 0\nmineffect genie\nshowhidden 0\n"
-            "static-only 0\nsingle-app 0\n");
+  EXPECT_EQ(list(system), listed(resetCommands()));
   EXPECT_FALSE(std::filesystem::exists(system.dockLog()));
 }
 
 TEST(DockTest, listsWhatIsSet) {
   const MacSystem system;
+  system.runWrites(savedCommands());
+  EXPECT_EQ(list(system), listed(savedCommands()));
+}
+
+TEST(DockTest, takesOtherWritingsOfANumberAndAnEffect) {
+  const MacSystem system;
   system.shell(
-      R"(w() { "$D" write com.apple.dock "$@"; }; w autohide-delay -float 0.7; w autohide-time-modifier -float 0;)"
-      "w scroll-to-open -bool true; w mineffect Suck; w showhidden -bool yes; w static-only -bool true;"
-      "w single-app -bool true");
-  EXPECT_EQ(list(system),
-            "autohide-delay 0.7\nautohide-time-modifier 0\nscroll-to-open 1\nmineffect suck\nshowhidden 1\n"
-            "static-only 1\nsingle-app 1\n");
+      R"("$D" write com.apple.dock autohide-time-modifier -float 0; "$D" write com.apple.dock mineffect Suck)");
+  EXPECT_THAT(list(system), AllOf(HasSubstr("autohide-time-modifier 0\n"), HasSubstr("mineffect suck\n")));
 }
 
 TEST(DockTest, goesByTheDefaultWhereATypeIsWrongOrTheStoreIsDamaged) {
@@ -130,14 +149,7 @@ TEST(DockTest, listsHowLongItReallyTakes) {
 }
 
 TEST(DockTest, goesByWhatItHasListed) {
-  const DockBehavior unusual{.autohideDelay = 0.7,
-                             .autohideTimeModifier = 0,
-                             .scrollToOpen = true,
-                             .minimizeEffect = MinimizeEffect::suck,
-                             .showHidden = true,
-                             .staticOnly = true,
-                             .singleApp = true};
-  EXPECT_EQ(listedBehavior(listText(unusual)), unusual);
+  EXPECT_EQ(listText(listedBehavior(listed(savedCommands()))), listed(savedCommands()));
   EXPECT_EQ(listedBehavior(listText({})), DockBehavior());
   for (const char* text : {"", "autohide-delay", "autohide-delay \n", "autohide-delay x\nmineffect \n"}) {
     EXPECT_EQ(listedBehavior(text), DockBehavior()) << text;

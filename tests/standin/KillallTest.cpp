@@ -8,6 +8,7 @@
 #include <list>
 #include <string>
 
+#include "fixtures/DockCommands.h"
 #include "fixtures/WaitFor.h"
 #include "standin/MacSystem.h"
 
@@ -55,20 +56,20 @@ TEST(KillallTest, theLastDockHasReadWhatEveryoneHasWritten) {
   const MacSystem system;
   const Process supervisor({SUPERVISOR_PATH}, system.environment());
   ASSERT_TRUE(waitForStarts(system, 1));
-  const std::string killDock = std::string("; ") + KILLALL_PATH + " Dock & ";
-  const std::string write = "\"$D\" write com.apple.dock ";
-  std::string line;
-  for (const char* setting :
-       {"autohide-delay -float 0.7", "autohide-time-modifier -float 0.25", "mineffect suck",
-        "scroll-to-open -bool true", "showhidden -bool true", "static-only -bool true", "single-app -bool true"}) {
-    line += write + setting + killDock;
+  std::string line = std::string(R"(defaults() { "$D" "$@"; }; killall() { )") + KILLALL_PATH + R"( "$@"; }; )";
+  std::string settings;
+  const fixtures::Commands saved = fixtures::savedCommands();
+  for (const std::string& command : saved) {
+    line += "{ " + command + "; } & ";
+  }
+  for (const auto& [key, value] : fixtures::outcomeOf(saved)) {
+    settings += " " + key + "=" + value;
   }
   EXPECT_EQ(system.shell(line + "wait").status, 0);
-  EXPECT_TRUE(waitForStarts(system, 8));
-  EXPECT_THAT(fileContent(system.dockLog()),
-              EndsWith("autohide-delay=0.7 autohide-time-modifier=0.25 scroll-to-open=1 mineffect=suck showhidden=1 "
-                       "static-only=1 single-app=1\n"));
-  EXPECT_EQ(starts(system), 8);
+  const int expected = 1 + static_cast<int>(saved.size());
+  EXPECT_TRUE(waitForStarts(system, expected));
+  EXPECT_THAT(fileContent(system.dockLog()), EndsWith(settings + "\n"));
+  EXPECT_EQ(starts(system), expected);
 }
 
 TEST(KillallTest, waitsForADockThatIsAboutToComeBack) {

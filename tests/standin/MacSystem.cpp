@@ -14,6 +14,12 @@ Outcome MacSystem::defaults(const Words& arguments) const {
 
 Outcome MacSystem::shell(const std::string& text) const { return run({"/bin/sh", "-c", text}, environment()); }
 
+void MacSystem::runWrites(const fixtures::Commands& commands) const {
+  for (const std::string& command : commands) {
+    shell(R"(defaults() { "$D" "$@"; }; killall() { :; }; )" + command);
+  }
+}
+
 std::string MacSystem::value(const std::string& key) const {
   std::string text = defaults({"read", "com.apple.dock", key}).output;
   if (text.ends_with('\n')) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "fixtures/DockCommands.h"
 #include "fixtures/Sandbox.h"
 #include "standin/Process.h"
 #include "standin/store/PropertyList.h"
@@ -17,6 +18,9 @@ class MacSystem {
 
   /// Runs a shell text in which "$D" is the tool.
   Outcome shell(const std::string& text) const;
+
+  /// Runs command lines of the application's, with a `killall` that ends nothing.
+  void runWrites(const fixtures::Commands& commands) const;
 
   /// Runs the tool and gives what it printed on standard output without the last line feed.
   std::string value(const std::string& key) const;
