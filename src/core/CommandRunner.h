@@ -12,7 +12,7 @@ class CommandRunner {
   CommandRunner& operator=(const CommandRunner&) = delete;
   virtual ~CommandRunner() = default;
 
-  /// Starts `commandLine` and returns at once. Its output and its outcome are nobody's business.
+  /// Starts `commandLine` and returns at once. Its output is not read and its outcome not examined.
   virtual void runDetached(const std::string& commandLine) = 0;
 
   /// Runs `commandLine` and returns all that it printed, standard error included, in the order printed, unchanged.

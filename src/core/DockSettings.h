@@ -30,7 +30,7 @@ class DockSettings {
   bool matchesCurrent() const;
   bool matchesDefaults() const;
 
-  /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: whoever listens is told.
+  /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: the listener is told.
   template <class T>
   void set(T DockSettings::*field, std::type_identity_t<T> value) {
     this->*field = value;

@@ -23,7 +23,7 @@ class LaunchAtLogin final {
   /// A system that refuses is only logged: read back what came of it.
   static void setEnabled(bool enabled);
 
-  /// Whether the launch that is being handled came from login. Afterwards nobody remembers: false.
+  /// Whether the launch that is being handled came from login. False afterwards.
   static bool wasLaunchedAtLogin();
 
   /// What the application's views follow; the same one each time.

@@ -48,7 +48,7 @@ std::optional<system::Failure> objectionToAddress(const std::string& url) {
   }
   const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
   if (server.find('@') != std::string::npos) {
-    return system::Failure{quoted(url) + " names a user, and the updater asks as nobody"};
+    return system::Failure{quoted(url) + " names a user, and the updater asks without one"};
   }
   if (url.size() > FeedReader::maximumAttributeLength) {
     return system::Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) +
@@ -93,12 +93,12 @@ std::optional<system::Failure> objectionTo(const Release& release) {
 
 std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const Package& package,
                                            const SecretKey& key) {
-  // The oldest program there can be, on the newest system, of whoever takes everything.
-  const updater::ItemChooser everybody({.runningVersion = "0",
-                                        .systemVersion = item.minimumSystemVersion,
-                                        .channels = {item.channel},
-                                        .origin = updater::UserDriver::Origin::user});
-  if (!everybody.best({item})) {
+  // The oldest program there can be, on the newest system, that takes every channel.
+  const updater::ItemChooser anyProgram({.runningVersion = "0",
+                                         .systemVersion = item.minimumSystemVersion,
+                                         .channels = {item.channel},
+                                         .origin = updater::UserDriver::Origin::user});
+  if (!anyProgram.best({item})) {
     return system::Failure{"the updater would not offer the item"};
   }
   if (item.notes.size() > updater::FeedItem::shownNotes) {

@@ -17,7 +17,7 @@ view::View PrePostSettingsLink::body() const {
   return view::Button{.action =
                           [&application, before = preAction, after = postAction] {
                             before();
-                            // Nobody is told when that fails.
+                            // A failure is not reported.
                             openSettingsThroughDelegate(application);
                             after();
                           },

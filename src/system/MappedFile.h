@@ -7,7 +7,7 @@
 namespace tarnwell::system {
 
 /// A file's bytes in memory for as long as this lives, read from the disk as they are looked at. Only for files that
-/// nobody else cuts short meanwhile: looking behind their new end would end the process.
+/// no other process truncates meanwhile: looking behind their new end would end the process.
 class MappedFile {
  public:
   /// Of the whole file as long as it is now, which may be empty. The descriptor may be closed afterwards.

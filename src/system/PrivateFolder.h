@@ -8,7 +8,7 @@
 
 namespace tarnwell::system {
 
-/// A folder of the user's that nobody else can enter, held open: wherever its path leads later, what is named through
+/// A folder of the user's that no other user can enter, held open: wherever its path leads later, what is named through
 /// the descriptor is in this folder.
 class PrivateFolder {
  public:

@@ -20,7 +20,7 @@ auto UpdateCheck::whileCurrent(F function) {
   };
 }
 
-// What nobody asked for is not shown while it works, only when there is something to decide or to know.
+// A background check is not shown while it works, only when there is something to decide or to know.
 void UpdateCheck::enter(Stage stage) {
   stage_ = stage;
   stageLife_ = std::make_shared<int>();
@@ -104,7 +104,7 @@ void UpdateCheck::sayUpToDate() {
   setting_.ports.driver.showUpToDate(setting_.configuration.shownVersion, cancel());
 }
 
-// What lacks a signature is refused before anybody is asked to install it.
+// What lacks a signature is refused before the user is asked to install it.
 void UpdateCheck::takeItem(FeedItem item) {
   item_ = std::move(item);
   if (item_.isInformational) {

@@ -43,7 +43,7 @@ class UpdateCheck {
   UpdateCheck& operator=(const UpdateCheck&) = delete;
 
   void start();
-  /// Whether there is something that nobody asked for: a download without a window, or a window that may have been
+  /// Whether there is something of a background check: a download without a window, or a window that may have been
   /// overlooked.
   bool canComeForward() const;
   /// Shows that as though it had been asked for.

@@ -125,7 +125,7 @@ void Updater::begin(UserDriver::Origin origin) {
   check_->start();
 }
 
-// An installer reads its package when the user gets round to it, and nobody tells us when that was.
+// An installer reads its package when the user gets round to it, and does not tell us when that was.
 void Updater::clearAway() {
   constexpr std::chrono::hours longEnough(24);
   removePackages(configuration_.packageFolder, ports_.alarm.now() - longEnough);

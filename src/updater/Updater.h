@@ -30,7 +30,7 @@ class Updater final : public kit::Updater {
   /// and sets the alarm for the next check.
   void start();
 
-  /// Where an update that nobody asked for is being downloaded, or on the screen, it comes to the front instead.
+  /// Where an update is being downloaded in the background, or on the screen, it comes to the front instead.
   void checkForUpdates() override;
 
   bool automaticallyChecksForUpdates() const override;

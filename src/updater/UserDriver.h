@@ -15,7 +15,7 @@ namespace tarnwell::updater {
 /// the call that asked; closing a panel answers as its most harmless button does.
 class UserDriver {
  public:
-  /// Whose wish a check was: what nobody asked for must not take the keyboard.
+  /// Whose wish a check was: a background check must not take the keyboard.
   enum class Origin { user, schedule };
 
   enum class Choice { install, remindLater, skip };

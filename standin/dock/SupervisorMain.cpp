@@ -54,7 +54,7 @@ int supervise() {
 int main(int argc, char** argv) {
   using tarnwell::standin::usageText;
   tarnwell::diagnostics::prepareStandardStreams();
-  // We outlive whoever started us, and must not keep the other end of a pipe of theirs open.
+  // We outlive the parent process, and must not keep the other end of a pipe of theirs open.
   ::close_range(STDERR_FILENO + 1, ~0U, 0);
   if (argc < 2) {
     return tarnwell::standin::supervise();

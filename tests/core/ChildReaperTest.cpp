@@ -72,7 +72,7 @@ TEST_F(ChildReaperTest, aBurstIsReapedInSeveralCalls) {
   EXPECT_FALSE(isReadable());
 }
 
-TEST_F(ChildReaperTest, aChildOfSomebodyElseIsNotReaped) {
+TEST_F(ChildReaperTest, aChildThatIsNotItsOwnIsNotReaped) {
   const pid_t foreign = forkToExit(3);
   runner.runCaptured(":");
   EXPECT_TRUE(waitFor([this] {
@@ -108,7 +108,7 @@ TEST_F(ChildReaperTest, anIgnoredChildSignalIsNoTrouble) {
       runner.runDetached(":");
     }
     const bool isQuiet = waitFor([this] { return allReaped() && !isReadable(); });
-    // Nobody changed what belongs to the whole process.
+    // What belongs to the whole process is unchanged.
     return isQuiet && std::signal(SIGCHLD, SIG_DFL) == SIG_IGN ? 0 : 2;
   };
   EXPECT_EQ(exitStatusOf(body), 0);

@@ -168,7 +168,7 @@ TEST_F(ShellCommandRunnerTest, closedStandardStreamsAreNoTrouble) {
     }
     ShellCommandRunner own;
     const std::string text = own.runCaptured("print out; print -u2 err; cat");
-    own.runDetached("print to nobody; : > " + path("written"));
+    own.runDetached("print unread; : > " + path("written"));
     return text == "out\nerr\n" && waitFor([this] { return sandbox.holds("written"); }) ? 0 : 1;
   };
   EXPECT_EQ(exitStatusOf(body), 0);

@@ -41,7 +41,7 @@ class PacketPipe {
     }
   }
 
-  // The next packet; empty once nobody can write any more.
+  // The next packet; empty once there is no writer.
   std::string read() const {
     std::string packet(8192, '\0');
     const ssize_t size = ::read(readEnd_, packet.data(), packet.size());
@@ -93,7 +93,7 @@ TEST(ConsoleTest, aLineThatIsLongerThanAPipeArrivesWhole) {
 TEST(ConsoleTest, aClosedStandardOutputSwallowsTheLine) {
   const auto body = [] {
     ::close(STDOUT_FILENO);
-    printLine("to nobody");
+    printLine("unread");
     return 0;
   };
   EXPECT_EQ(exitStatusOf(body), 0);
@@ -108,7 +108,7 @@ TEST(ConsoleTest, aBrokenPipeSwallowsTheLineWhereItsSignalIsIgnored) {
     }
     ::close(ends[0]);
     ::dup2(ends[1], STDOUT_FILENO);
-    printLine("to nobody");
+    printLine("unread");
     printLine(std::string(1000000, 'x'));
     return 0;
   };

@@ -12,7 +12,7 @@ TEST(FaultDeathTest, printsOneLineAndAborts) {
   EXPECT_EXIT(fault("the sky fell"), testing::KilledBySignal(SIGABRT), "^tarnwell: the sky fell\n$");
 }
 
-TEST(FaultDeathTest, abortsWithoutAnybodyToTellToo) {
+TEST(FaultDeathTest, abortsWithoutAStandardErrorToo) {
   const auto closeAndFault = [] {
     ::close(STDERR_FILENO);
     fault("the sky fell");

@@ -81,8 +81,8 @@ mode_t modeOf(const std::filesystem::path& path) {
 
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-/// Whether the system has somebody in line for a lock on that file.
-bool somebodyWaitsFor(ino_t file) {
+/// Whether a process waits for a lock on that file.
+bool isWaitedFor(ino_t file) {
   std::ifstream locks("/proc/locks");
   for (std::string line; std::getline(locks, line);) {
     if (contains(line, "-> FLOCK") && contains(line, ":" + std::to_string(file) + " ")) {
@@ -251,7 +251,7 @@ TEST(MakeFeed, takesTurnsWithAnotherPublisher) {
     struct stat folder = {};
     ASSERT_EQ(::stat(publisher.sandbox.path().c_str(), &folder), 0);
     second = std::async(std::launch::async, [&] { return publisher.add("3.0"); });
-    ASSERT_TRUE(fixtures::waitFor([&] { return somebodyWaitsFor(folder.st_ino); }));
+    ASSERT_TRUE(fixtures::waitFor([&] { return isWaitedFor(folder.st_ino); }));
     // Between the other's reading and its writing, were there no turns.
     std::string text = publisher.sandbox.read("feed.xml");
     text.insert(text.find("<item "), "<item><title>of the first</title></item>");

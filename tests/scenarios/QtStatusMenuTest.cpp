@@ -18,7 +18,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// The delegate that nobody installs, installed by its name on a desktop with a tray.
+/// The delegate that the program does not install, installed by its name on a desktop with a tray.
 class QtStatusMenu : public testing::Test {
  protected:
   QtStatusMenu() {

@@ -153,7 +153,7 @@ TEST(PrePostSettingsLink, asksTheDelegateOnSystem13) {
   EXPECT_EQ(delegate->received, (std::vector<std::string>{"showSettingsWindow:"}));
 }
 
-TEST(PrePostSettingsLink, ignoresThatNobodyAnswersOnSystem13) {
+TEST(PrePostSettingsLink, ignoresAMissingResponderOnSystem13) {
   Screen screen(13);
   screen.show(PrePostSettingsLink{.label = view::Text{"Settings..."},
                                   .preAction = [&screen] { screen.steps.emplace_back("before"); },

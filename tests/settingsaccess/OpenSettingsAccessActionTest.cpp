@@ -73,7 +73,7 @@ TEST(OpenSettingsAccessAction, isNotKeptAliveByItsBinding) {
   action.reset();
   EXPECT_TRUE(weak.expired());
   EXPECT_FALSE(binding.get().has_value());
-  binding.set([] { FAIL() << "nobody is there to call this"; });
+  binding.set([] { FAIL() << "this is not called"; });
 }
 
 TEST(OpenSettingsAccessAction, passesOnAnyOtherErrorAsItIs) {

@@ -74,7 +74,7 @@ TEST(DefaultsDurabilityTest, anExportThatIsKilledLeavesNothing) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
 }
 
-TEST(DefaultsDurabilityTest, aDamagedStoreIsReadByNobody) {
+TEST(DefaultsDurabilityTest, aDamagedStoreIsNotRead) {
   const MacSystem system;
   for (const char* bytes : {"", "garbage", "bplist00", "{ a = b; }", R"(<plist version="1.0"><array/></plist>)",
                             R"(<plist version="1.0"><dict><key>a</key><string>b)"}) {

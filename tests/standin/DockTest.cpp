@@ -90,7 +90,7 @@ TEST(DockTest, theLogIsSetAsideOnceItIsFull) {
 
 TEST(DockTest, isFoundByItsNameAndEndsOnTermination) {
   const MacSystem system;
-  // Whoever starts it may ignore the signal that killall sends.
+  // The parent process may ignore the signal that killall sends.
   Process dock({"/bin/sh", "-c", std::string("trap '' TERM; exec ") + DOCK_PATH}, system.environment());
   EXPECT_TRUE(waitFor([&] { return !fileContent(system.dockLog()).empty(); }));
   EXPECT_EQ(fileContent("/proc/" + std::to_string(dock.id()) + "/comm"), "Dock\n");

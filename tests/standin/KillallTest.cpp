@@ -76,7 +76,7 @@ TEST(KillallTest, waitsForADockThatIsAboutToComeBack) {
   const MacSystem system;
   const Process supervisor({SUPERVISOR_PATH}, system.environment());
   ASSERT_TRUE(waitForStarts(system, 1));
-  // Somebody else has just ended it.
+  // Another process has just ended it.
   const std::string log = fileContent(system.dockLog());
   ::kill(std::stoi(log.substr(log.find("Dock[") + 5)), SIGKILL);
   EXPECT_EQ(killDock(system).status, 0);
@@ -89,7 +89,7 @@ TEST(KillallTest, saysSoWhereThereIsNone) {
   const Outcome outcome = killDock(system);
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.errors, noProcess);
-  // Nobody would start one, so that there is nothing to wait for.
+  // No supervisor would start one, so that there is nothing to wait for.
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
 }
 

@@ -21,7 +21,7 @@ class FakeTransport final : public Transport {
     return std::make_unique<FakeTransfer>(line_);
   }
 
-  /// Of the newest request, as long as somebody holds it.
+  /// Of the newest request, as long as it is held.
   bool isBusy() const { return line_ != nullptr && line_->finished != nullptr; }
 
   /// Hands over bytes of the answer; more than was asked for ends it.

@@ -15,7 +15,7 @@ class FakeWorker final : public Worker {
     return std::make_unique<FakeJob>(task_);
   }
 
-  /// Of the newest job, as long as somebody holds it.
+  /// Of the newest job, as long as it is held.
   bool isBusy() const { return task_ != nullptr && task_->ended != nullptr; }
   void work() {
     if (isBusy()) {

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The updater with its real installer, and somebody who can write where downloads lie: everything that has a name
+/// The updater with its real installer, and an attacker who can write where downloads lie: everything that has a name
 /// there is theirs, from the moment that the package was verified.
 class SwappedPackageTest : public testing::Test {
  protected:

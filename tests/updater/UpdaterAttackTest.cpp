@@ -173,7 +173,7 @@ TEST(UpdaterAttack, aPackageOfTheVersionThatWasOfferedIsTaken) {
   }
 }
 
-TEST(UpdaterAttack, aPackageThatNobodyCanLookIntoIsThrownAway) {
+TEST(UpdaterAttack, aPackageThatCannotBeInspectedIsThrownAway) {
   const std::string package = realPackage("2.0");
   const fixtures::EnvironmentScope path("PATH", "/nowhere");
   UpdaterStage stage;

@@ -43,7 +43,7 @@ TEST(UpdaterCheck, saysWhatBecameOfThePackage) {
     stage.driver.choose(Choice::install);
     stage.installer.finish(handOver);
     EXPECT_EQ(stage.driver.screen, screen + std::string(" unasked"));
-    // It may be behind what was opened: whoever looks for updates sees it in front.
+    // It may be behind what was opened: a user who looks for updates sees it in front.
     EXPECT_TRUE(stage.updater->canCheckForUpdates());
     stage.updater->checkForUpdates();
     EXPECT_EQ(stage.driver.screen, screen + std::string(" as asked"));
@@ -53,7 +53,7 @@ TEST(UpdaterCheck, saysWhatBecameOfThePackage) {
   }
 }
 
-TEST(UpdaterCheck, offersWhatWasHandedOverToWhoeverAsks) {
+TEST(UpdaterCheck, offersWhatWasHandedOverToAUserWhoAsks) {
   UpdaterStage stage;
   stage.launch();
   stage.askAndDownload("2.0");
@@ -312,7 +312,7 @@ TEST(UpdaterCheck, withoutAFeedSaysSoPlainly) {
   }
 }
 
-TEST(UpdaterCheck, withAKeyThatIsNoneAsksNobody) {
+TEST(UpdaterCheck, withAKeyThatIsNoneSendsNoRequest) {
   UpdaterStage stage;
   auto configuration = stage.configuration();
   configuration.publicKey = "AAAA";

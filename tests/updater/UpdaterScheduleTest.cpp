@@ -217,7 +217,7 @@ TEST(UpdaterSchedule, downloadsSilentlyWhereThatIsWanted) {
   EXPECT_EQ(stage.driver.screen, "failure: No installer was found.");
 }
 
-TEST(UpdaterSchedule, bringsForwardADownloadThatNobodySees) {
+TEST(UpdaterSchedule, bringsForwardABackgroundDownload) {
   UpdaterStage stage;
   stage.beginUnasked("2.0");
   stage.transport.deliver("package ");
@@ -243,7 +243,7 @@ TEST(UpdaterSchedule, cancelsADownloadThatWasBroughtForward) {
   EXPECT_TRUE(stage.holdsNoPackage());
 }
 
-TEST(UpdaterSchedule, bringsForwardAVerificationThatNobodySees) {
+TEST(UpdaterSchedule, bringsForwardABackgroundVerification) {
   UpdaterStage stage;
   stage.checkedJustNow();
   stage.preferences.setAutomaticDownloads(true);
@@ -311,7 +311,7 @@ TEST(UpdaterSchedule, keepsForADayWhatTheUserDidNotWaitFor) {
   EXPECT_TRUE(stage.holdsNoPackage());
 }
 
-TEST(UpdaterSchedule, saysNothingOfADownloadThatNobodyAskedForAndThatFailed) {
+TEST(UpdaterSchedule, saysNothingOfABackgroundDownloadThatFailed) {
   UpdaterStage stage;
   stage.beginUnasked("2.0");
   testing::internal::CaptureStderr();

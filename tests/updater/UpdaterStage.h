@@ -98,7 +98,7 @@ struct UpdaterStage {
     askAndDownload(version);
     driver.choose(Choice::install);
   }
-  /// From the start to a download that nobody asked for.
+  /// From the start to a background download.
   void beginUnasked(const std::string& version) {
     checkedJustNow();
     preferences.setAutomaticDownloads(true);

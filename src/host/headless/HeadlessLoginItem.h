@@ -21,7 +21,7 @@ class HeadlessLoginItem final : public kit::LoginItem {
   explicit HeadlessLoginItem(Journal& journal) : journal_(journal) {}
 
   Answers& answers() { return answers_; }
-  /// Somebody else changes the registration.
+  /// Another program changes the registration.
   void setStatus(Status status) { status_ = status; }
 
   Status status() const override { return status_; }

@@ -24,7 +24,7 @@ class HeadlessUpdater final : public kit::Updater {
   bool automaticallyDownloadsUpdates() const override { return preferences_.downloads; }
   void setAutomaticallyDownloadsUpdates(bool downloads) override;
 
-  /// As kept; somebody else may change them.
+  /// As kept; another program may change them.
   Preferences& preferences() { return preferences_; }
 
  private:

@@ -82,7 +82,7 @@ struct IcuNumberFormat::Locale {
 
   icu::Locale name;
   icu::number::LocalizedNumberFormatter formatter;
-  /// Nobody needs them before something is typed, and they take as long as all else here.
+  /// Not needed before something is typed, and they take as long as all else here.
   std::optional<NumberSymbols> symbols = {};
 };
 

@@ -42,7 +42,7 @@ system::Descriptor openSocket() {
   return system::Descriptor(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
-// Whoever reads there takes whole messages, so none is ever cut.
+// The reader takes whole messages, so none is ever cut.
 bool leaveMessage(const sockaddr_un& address, const std::string& message) {
   const system::Descriptor socket = openSocket();
   const std::string sent = message.substr(0, longestMessage);

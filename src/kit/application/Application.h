@@ -103,7 +103,7 @@ class Application final : public Object {
   // Actions.
 
   /// To `target` or, where that is null, to the first of the responder chain that responds: the key window's focused
-  /// control, the key window, the application, its delegate. False when nobody did.
+  /// control, the key window, the application, its delegate. False when none did.
   bool sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender);
 
   /// Whether choosing the entry would do anything.

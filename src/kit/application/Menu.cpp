@@ -4,7 +4,7 @@
 
 namespace tarnwell::kit {
 
-// An entry may outlive its menu: whoever chose it still holds it.
+// An entry may outlive its menu: the caller that chose it still holds it.
 Menu::~Menu() { releaseItems(); }
 
 void Menu::addItem(std::shared_ptr<MenuItem> item) {

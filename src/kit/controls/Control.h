@@ -81,7 +81,7 @@ class Control {
   /// Another number whenever the natural size may have become another.
   unsigned sizeRevision() const { return sizeRevision_; }
 
-  /// Told, within the turn, when that happened without anybody having set anything: by what stands in the control.
+  /// Told, within the turn, when that happened without a setter having been called: by what stands in the control.
   void setSizeAction(Action changed) { sizeAction_ = std::move(changed); }
 
   // For controls with a tree of their own; the tree that they stand in tells them, and asks.

@@ -9,7 +9,7 @@
 
 namespace tarnwell::kit {
 
-/// Something that is made known to whoever listens.
+/// Something that is made known to the observers.
 struct Notification {
   std::string name = {};
   /// What it is about; may be null.

@@ -8,7 +8,7 @@ namespace tarnwell::kit {
 /// The name of an action, as the platform writes it: "terminate:".
 using Selector = std::string;
 
-/// What actions are sent to. Whoever keeps a target keeps it weakly.
+/// What actions are sent to. A target is held weakly.
 class Object : public std::enable_shared_from_this<Object> {
  public:
   Object() = default;

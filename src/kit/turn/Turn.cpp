@@ -59,7 +59,7 @@ void Turn::settle() {
   for (int round = 0; round < mostRounds; ++round) {
     comeToRest();
     stirred_ = false;
-    // NOLINTNEXTLINE(modernize-loop-convert): whoever is told may open or close a window, which joins or leaves
+    // NOLINTNEXTLINE(modernize-loop-convert): an observer may open or close a window, which joins or leaves
     for (std::size_t i = 0; i < settlers_.size(); ++i) {
       settlers_[i]->settled();
     }

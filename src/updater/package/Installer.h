@@ -10,7 +10,7 @@
 
 namespace tarnwell::updater {
 
-/// Hands a verified package to whoever installs packages on this system; never runs it. Failures are sentences for
+/// Hands a verified package to this system's installer; never runs it. Failures are sentences for
 /// people.
 class Installer {
  public:

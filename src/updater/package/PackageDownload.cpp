@@ -9,7 +9,7 @@
 namespace tarnwell::updater {
 namespace {
 
-/// Somebody may be far from any fast network and still want it; that nothing comes ends it much sooner.
+/// The user may be far from any fast network and still want it; that nothing comes ends it much sooner.
 constexpr std::chrono::hours packageLimit(24);
 
 system::Failure untrustedPackage(const std::string& reason) {
@@ -76,8 +76,8 @@ std::optional<system::Failure> PackageDownload::flaw() const {
   return packageKind(file_.descriptor()) == PackageKind::debian ? foreignVersion() : std::nullopt;
 }
 
-// A signature says who made a package, but not that it is the one that the feed is about: somebody could offer an old
-// one under a new number. An AppImage does not say its version without being run.
+// A signature says who made a package, but not that it is the one that the feed is about: an attacker could offer an
+// old one under a new number. An AppImage does not say its version without being run.
 std::optional<system::Failure> PackageDownload::foreignVersion() const {
   const auto version = debianVersion(file_.descriptor());
   if (!version) {

@@ -66,7 +66,7 @@ system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
   if (::fchmod(file_.number(), namedMode) != 0) {
     return system::systemFailure("cannot protect the package");
   }
-  // How long it has been somebody else's counts from here.
+  // How long the installer has had it counts from here.
   ::futimens(file_.number(), nullptr);
   const std::string draft = draftOf(name);
   ::unlinkat(folder_.descriptor(), draft.c_str(), 0);
@@ -78,7 +78,7 @@ system::Result<fs::path> PackageFile::giveName(const std::string& name) const {
     }
     copied = *std::move(made);
   }
-  // Whoever opens the package goes by its path.
+  // The installer opens the package by its path.
   if (!folder_.leadsTo(name, !copied ? file_.number() : copied.number())) {
     removeName(name);
     return system::Failure{"another file was put in the place of the package in " + folder_.path().string()};

@@ -12,8 +12,8 @@
 
 namespace tarnwell::updater {
 
-/// A downloaded package that has no name yet: only its descriptor leads to it, so that nobody can put another file in
-/// its place between verification and use. It vanishes with the object unless it was given a name.
+/// A downloaded package that has no name yet: only its descriptor leads to it, so that no process can put another file
+/// in its place between verification and use. It vanishes with the object unless it was given a name.
 class PackageFile {
  public:
   /// An empty file in a folder that only the user can enter; the folder is made when it is not there.

@@ -11,7 +11,7 @@ namespace tarnwell::updater {
 /// is the updater's alone.
 system::Result<std::filesystem::path> packageFolder();
 
-/// Removes the packages that got their names before `time`. A folder that is not there, or that is somebody else's, is
+/// Removes the packages that got their names before `time`. A folder that is not there, or that is another user's, is
 /// left alone.
 void removePackages(const std::filesystem::path& folder, std::chrono::system_clock::time_point time);
 

@@ -8,8 +8,8 @@
 
 namespace tarnwell::updater {
 
-/// When to look for new versions without being asked: an interval after the last check, whoever wanted that one and
-/// whichever run of the program made it.
+/// When to look for new versions without being asked: an interval after the last check, whether that one was asked for
+/// or not, and whichever run of the program made it.
 class CheckSchedule {
  public:
   /// The alarm is borrowed.

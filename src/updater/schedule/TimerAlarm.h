@@ -5,7 +5,7 @@
 
 namespace tarnwell::updater {
 
-/// An alarm on the system's clock. Nothing wakes up before the time has come, unless somebody sets the clock.
+/// An alarm on the system's clock. Nothing wakes up before the time has come, unless the clock is set.
 class TimerAlarm final : public Alarm {
  public:
   TimerAlarm();

@@ -21,7 +21,7 @@ constexpr const char* launchedKey = "SUHasLaunchedBefore";
 // Dates in property lists count from the first day of 2001.
 constexpr std::chrono::sys_days firstDay = std::chrono::year(2001) / std::chrono::January / 1;
 
-// A user without any folder is told so when something is to be kept: nobody else's folder takes it.
+// A user without any folder is told so when something is to be kept: no other user's folder takes it.
 fs::path listOfUser() {
   const fs::path base = host_linux::configurationFolder();
   return (base.empty() ? "/.config" : base) / "tarnwell" / "updates.plist";

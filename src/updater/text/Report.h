@@ -4,7 +4,7 @@
 
 namespace tarnwell::updater {
 
-/// Says on standard error, in one line, what went wrong where nobody can be shown it.
+/// Says on standard error, in one line, what went wrong where there is no window to show it.
 void report(const system::Failure& failure);
 /// The same when something went wrong.
 void report(const system::Result<void>& result);

@@ -9,7 +9,7 @@ namespace tarnwell::updater {
 /// a program or shows a file.
 bool isWebAddress(std::string_view address);
 
-/// Whether it is one that nobody on the way can read or change.
+/// Whether its traffic can neither be read nor changed on the way.
 bool isSecureAddress(std::string_view address);
 
 /// The host in a web address, without its port, a number in its brackets; empty where there is none.

@@ -108,7 +108,7 @@ CurlTransfer::~CurlTransfer() {
   }
 }
 
-// An option that the library does not know would be a limit that nobody keeps.
+// An option that the library does not know would be a limit that is not kept.
 template <class Value>
 void CurlTransfer::set(CURLoption option, Value value) {
   if (state_->curl->easySetopt(handle_.get(), option, value) != CURLE_OK) {

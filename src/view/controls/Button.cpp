@@ -30,7 +30,7 @@ class ButtonNode final : public PassThroughNode {
       updateChildren({style({.label = label, .role = role, .trigger = button.action})},
                      environment().with<ButtonStyleKey>(nullptr));
     } else if (button.label && button.label->valueIf<EmptyView>() != nullptr) {
-      // Nothing to be seen is nothing to be pressed; whoever styled it may have kept its trigger.
+      // Nothing to be seen is nothing to be pressed; its style may have kept the trigger.
       updateChildren({EmptyView{}}, environment());
     } else {
       updateChildren({PlainButton{.title = titleOf(button),

@@ -11,7 +11,7 @@ namespace tarnwell::view {
 enum class Axis { horizontal, vertical };
 
 /// Shares a length out among children: first to the least flexible, each taking what it wants of an even share of what
-/// is left, so that the flexible ones end up alike; spacers get what nobody took.
+/// is left, so that the flexible ones end up alike; spacers get what remains.
 class StackLayout {
  public:
   struct Item {

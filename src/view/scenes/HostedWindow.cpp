@@ -42,7 +42,7 @@ void HostedWindow::close() {
 }
 
 void HostedWindow::settled() {
-  // What nobody sees is laid out when it is shown.
+  // A hidden window is laid out when it is shown.
   if (tree_->isShown()) {
     layOut();
   }

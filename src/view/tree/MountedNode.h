@@ -19,7 +19,7 @@ class Peer;
 namespace tarnwell::view {
 
 /// A view that stands in a tree. It outlives the descriptions that come and go: an update of the same type is taken
-/// over, any other replaces the node. Held by its parent alone; whoever else points to it does so weakly.
+/// over, any other replaces the node. Held by its parent alone; every other pointer to it is weak.
 class MountedNode : public std::enable_shared_from_this<MountedNode> {
  public:
   explicit MountedNode(const Place& place);

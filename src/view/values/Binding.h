@@ -4,7 +4,7 @@
 
 namespace tarnwell::view {
 
-/// A value that belongs to somebody else, to read and to write. Both functions capture handles, never `this`: they
+/// A value that another object owns, to read and to write. Both functions capture handles, never `this`: they
 /// outlive the view that made them.
 template <class T>
 struct Binding {

@@ -7,7 +7,7 @@
 
 namespace tarnwell::view {
 
-/// A key names its value's type and what a view reads where nobody above set one:
+/// A key names its value's type and what a view reads where no view above set one:
 ///
 ///     struct FontKey { using Value = kit::FontRole; static Value initial() { return kit::FontRole::body; } };
 template <class K>

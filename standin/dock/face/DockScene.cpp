@@ -42,7 +42,7 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme sche
 
 DockScene::~DockScene() { surface_.reset(); }
 
-// Whoever uses another program when the dock starts goes on using it.
+// The program that is in use when the dock starts stays in front.
 void DockScene::lowerWindows() {
   // The first one ends up below all the others.
   std::for_each(windows_.rbegin(), windows_.rend(), [](const auto& each) { each.second->lower(); });

@@ -47,7 +47,7 @@ class DockWidget final : public QWidget {
   /// Comes for the first time.
   void greet();
 
-  /// Where the icon of an item is once the dock is shown and nobody points at it, on the surface.
+  /// Where the icon of an item is once the dock is shown and not pointed at, on the surface.
   QRect iconPlace(std::size_t item) const;
 
  private:

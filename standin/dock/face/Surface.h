@@ -51,7 +51,7 @@ class Surface {
 
   virtual void setScheme(Scheme scheme) = 0;
 
-  /// Whether onEscape() hears of the key, whoever has the focus: nothing here may take it from another program's
+  /// Whether onEscape() hears of the key, wherever the focus is: nothing here may take it from another program's
   /// window. Another program may have asked for the key before; then nothing is heard.
   virtual void watchEscape(bool isWatched) = 0;
 

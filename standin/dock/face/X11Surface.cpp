@@ -29,7 +29,7 @@ xcb_window_t rootOf(xcb_connection_t* display, int number) {
   return screens.data->root;
 }
 
-// A compositing manager is whoever owns the selection of that name.
+// A compositing manager owns the selection of that name.
 bool hasCompositor(xcb_connection_t* display, int screen) {
   const std::string name = "_NET_WM_CM_S" + std::to_string(screen);
   const auto asked = xcb_intern_atom(display, 1, static_cast<std::uint16_t>(name.size()), name.data());
@@ -177,8 +177,8 @@ void X11Surface::stackEdge(std::uint32_t place) {
   xcb_configure_window(display_.get(), edge_, XCB_CONFIG_WINDOW_STACK_MODE, &place);
 }
 
-// Asked for only when it is needed: nobody else gets the key meanwhile. With and without the locks of capitals and of
-// numbers, but not with any other modifier: window managers have uses for those, and would have all of it refused.
+// Asked for only when it is needed: no other client gets the key meanwhile. With and without the locks of capitals and
+// of numbers, but not with any other modifier: window managers have uses for those, and would have all of it refused.
 void X11Surface::watchEscape(bool isWatched) {
   if (isWatched) {
     escapes_ = escapeKeys(display_.get());

@@ -15,7 +15,7 @@ class Reveal {
   using Time = Clock::time_point;
   using Seconds = std::chrono::duration<double>;
 
-  /// How long a dock that was just started stays although nobody points at it.
+  /// How long a dock that was just started stays although the pointer is elsewhere.
   static constexpr Seconds greeting{2.0};
   /// How long the pointer may be away before the dock hides: a slip of the hand is not meant.
   static constexpr Seconds patience{0.1};

@@ -215,7 +215,7 @@ TEST_P(SingleInstanceTest, theNextStartAfterTheEndIsAFirstOne) {
   EXPECT_EQ(Started(environment_).line(), "first");
 }
 
-TEST_P(SingleInstanceTest, oneThatWasKilledIsInNobodysWay) {
+TEST_P(SingleInstanceTest, oneThatWasKilledBlocksNoOther) {
   Started first(environment_);
   ASSERT_EQ(first.line(), "first");
   first.signal(SIGKILL);

@@ -29,7 +29,7 @@ TEST_F(ApplicationTest, anEntryThatCannotBeChosenLetsTheNextAct) {
   const auto disabled = entry("disabled", ",");
   disabled->setEnabled(false);
   application->mainMenu().addItem(disabled);
-  application->mainMenu().addItem(MenuItem::create("nobody responds", "nobodyResponds:", ","));
+  application->mainMenu().addItem(MenuItem::create("unhandled", "unhandled:", ","));
   addEntry("next", ",");
   application->performKeyEquivalent(key(",").key());
   EXPECT_EQ(notes, Lines{"next"});
@@ -220,7 +220,7 @@ TEST_F(ApplicationTest, onlyWhatWouldDoSomethingCanBeChosen) {
       {targeted, true},
       {wronglyTargeted, false},
       {MenuItem::create("", "terminate:", ""), true},
-      {MenuItem::create("", "nobodyResponds:", ""), false},
+      {MenuItem::create("", "unhandled:", ""), false},
       {MenuItem::create("", "", ""), false},
       {MenuItem::withSubmenu("", std::make_shared<Menu>()), true},
       {MenuItem::separatorItem(), false},

@@ -78,7 +78,7 @@ TEST(ControlTest, everyKindReplaysWhatItHas) {
   expectReplay(ShownControl<Toggle>(), {"value"});
 }
 
-TEST(ControlTest, aDetachedControlTellsNobody) {
+TEST(ControlTest, aDetachedControlSendsNothing) {
   ShownControl<Toggle> toggle;
   toggle->attach(nullptr);
   EXPECT_EQ(toggle.told(), Lines{"switch: removed"});

@@ -16,7 +16,7 @@ TEST(NotificationCenterTest, tellsThoseWhoListenToTheNameInOrder) {
   const auto second = center.addObserver("a", [&](const auto&) { heard.emplace_back("second"); });
   const auto other = center.addObserver("b", [&](const auto&) { heard.emplace_back("other"); });
   center.post({.name = "a"});
-  center.post({.name = "nobody listens"});
+  center.post({.name = "unobserved"});
   EXPECT_EQ(heard, (Lines{"first", "second"}));
 }
 

@@ -25,7 +25,7 @@ std::string iconPlace(int application) {
   return std::to_string(ShownDock::iconColumn(application)) + " " + std::to_string(ShownDock::iconLine);
 }
 
-// What the icon of the album looks like while the album is hidden and nobody points at it.
+// What the icon of the album looks like while the album is hidden and not pointed at.
 Colors hiddenIcon(const std::string& showHidden) {
   ShownDock dock;
   dock.write("showhidden", "-bool " + showHidden);

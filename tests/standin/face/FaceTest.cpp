@@ -106,7 +106,7 @@ TEST(FaceTest, theLastOfManyInARowHasTheLastValuesAndThereAreNeverTwo) {
   expectReveal(dock, 0.4, 0.5);
 }
 
-// It takes a tenth of that where nothing else is to be done and nobody looks for faults at every step.
+// It takes a tenth of that where nothing else is to be done and no sanitizer is at work.
 TEST(FaceTest, isSeenSoonAfterItsStart) {
   ShownDock dock;
   const auto begin = ShownDock::Clock::now();
@@ -172,7 +172,7 @@ TEST(FaceTest, staysAboveWindowsThatAreRaised) {
   EXPECT_TRUE(waitFor([&] { return display.windowCount("Dock") == 1 && !isShelfCovered(); }));
 }
 
-TEST(FaceTest, takesTheKeyboardFromNobody) {
+TEST(FaceTest, doesNotTakeTheKeyboard) {
   ShownDock dock;
   Display& display = dock.display();
   const xcb_window_t window = display.openWindow(0, 0, 200, 200, 0x00ff00);

@@ -93,7 +93,7 @@ class DesktopInstallerTest : public testing::Test {
   void use(DesktopInstaller::Settings settings) { installer.emplace(std::move(settings), worker); }
 
   /// Whether a child of ours has a file of this folder open, be it one without a name.
-  static bool somebodyWritesIn(const fs::path& folder) {
+  static bool isWrittenIn(const fs::path& folder) {
     std::ifstream children("/proc/self/task/" + std::to_string(::getpid()) + "/children");
     for (pid_t child = 0; children >> child;) {
       std::error_code gone;
@@ -205,7 +205,7 @@ TEST_F(DesktopInstallerTest, aPackageThatIsOpenAlreadyIsLeftToTheDesktop) {
   EXPECT_TRUE(becomes([] { return !hasChildren(); }));
 }
 
-TEST_F(DesktopInstallerTest, aNewAppImageLendsNobodysRights) {
+TEST_F(DesktopInstallerTest, aNewAppImageLosesSetUserAndSetGroup) {
   sandbox.write("Tarnwell.AppImage", "old");
   fs::permissions(sandbox / "Tarnwell.AppImage", fs::perms(07751));
   use({.appImage = sandbox / "Tarnwell.AppImage"});
@@ -247,7 +247,7 @@ TEST_F(DesktopInstallerTest, aCopyThatBreaksOffLeavesTheOldAppImageInItsPlace) {
 }
 
 TEST_F(DesktopInstallerTest, anAppImageThatCannotBeReplacedNowMayBeTriedAgain) {
-  // A file in a folder in which nobody can make any.
+  // A file in a folder in which none can be made.
   use({.appImage = "/proc/self/comm"});
   const PackageFile file = package(appImage);
   const std::string outcome = outcomeOf(file);
@@ -268,7 +268,7 @@ TEST_F(DesktopInstallerTest, aReplacementThatIsCancelledLeavesNothingBehind) {
   for (int part = 0; part < 64; ++part) {
     EXPECT_FALSE(file.append(more));
   }
-  cancelWhen(file, [this] { return somebodyWritesIn(sandbox / "programs"); });
+  cancelWhen(file, [this] { return isWrittenIn(sandbox / "programs"); });
   EXPECT_TRUE(becomes([] { return !hasChildren(); }));
   EXPECT_EQ(sandbox.read("programs/Tarnwell.AppImage"), "old");
   EXPECT_EQ(std::distance(fs::directory_iterator(sandbox / "programs"), fs::directory_iterator()), 1);

@@ -64,7 +64,7 @@ class ForkedWorkerTest : public testing::Test {
   }
 
   static std::optional<system::Failure> nothing() { return std::nullopt; }
-  static void unwanted(const std::optional<system::Failure>& /*failure*/) { ADD_FAILURE() << "nobody wants to know"; }
+  static void unwanted(const std::optional<system::Failure>& /*failure*/) { ADD_FAILURE() << "this is not called"; }
 
   static constexpr const char* interrupted = "The work on the update was interrupted before it was done. Try again.";
   fixtures::Sandbox sandbox;

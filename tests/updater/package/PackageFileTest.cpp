@@ -60,7 +60,7 @@ TEST_F(PackageFileTest, hasNoNameUntilItIsGivenOne) {
 TEST_F(PackageFileTest, theFileWithTheNameIsTheOneThatWasVerified) {
   PackageFile package = create();
   EXPECT_FALSE(package.append("verified"));
-  sandbox.write("cache/tarnwell/updates/package.deb", "somebody else's");
+  sandbox.write("cache/tarnwell/updates/package.deb", "another user's");
   sandbox.write("cache/tarnwell/updates/.package.deb.draft", "in the way");
   ASSERT_TRUE(package.giveName("package.deb"));
   struct stat open = {};
@@ -102,7 +102,7 @@ TEST_F(PackageFileTest, aLinkOrAFileIsNoFolderForDownloads) {
   EXPECT_NE(refusal(), "");
 }
 
-TEST_F(PackageFileTest, somebodyElsesFolderIsRefused) {
+TEST_F(PackageFileTest, anotherUsersFolderIsRefused) {
   if (::geteuid() != 0) {
     GTEST_SKIP() << "only root can give a folder away";
   }

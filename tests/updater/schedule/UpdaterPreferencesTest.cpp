@@ -90,7 +90,7 @@ TEST(UpdaterPreferences, fallBackOnTheHomeFolder) {
   EXPECT_TRUE(sandbox.holds(".config/tarnwell/updates.plist"));
 }
 
-TEST(UpdaterPreferences, seeWhatSomebodyElseWrote) {
+TEST(UpdaterPreferences, seeWhatAnotherProcessWrote) {
   const Setting setting;
   EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   EXPECT_TRUE(UpdaterPreferences(setting.file).setAutomaticChecks(false));

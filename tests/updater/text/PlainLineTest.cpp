@@ -28,7 +28,7 @@ TEST(PlainLine, makesOneSpaceOfBlanksAndLineEnds) {
   }
 }
 
-TEST(PlainLine, leavesOutWhatNobodySees) {
+TEST(PlainLine, leavesOutInvisibleCharacters) {
   const std::vector<std::pair<std::string, std::string>> rows = {
       {"a\0b\x01\x1b[31mc\x7f"s, "ab[31mc"},
       {"a\xc2\x9b"  // A control of one byte elsewhere.

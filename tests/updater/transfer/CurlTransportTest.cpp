@@ -146,7 +146,7 @@ TEST_F(CurlTransportTest, tellsItsNameAndNothingElse) {
   }
 }
 
-TEST_F(CurlTransportTest, asksNobodysPasswordFile) {
+TEST_F(CurlTransportTest, readsNoPasswordFile) {
   const fixtures::Sandbox home;
   home.write(".netrc", "machine localhost login me password secret\n");
   std::filesystem::permissions(home / ".netrc", std::filesystem::perms::owner_read);

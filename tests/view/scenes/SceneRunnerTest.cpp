@@ -48,7 +48,7 @@ TEST_F(SceneRunnerTest, opensAWindowOfTheFirstGroupAlone) {
   EXPECT_EQ(identifiers(), Lines{"first"});
 }
 
-TEST_F(SceneRunnerTest, groupsThatNobodyReplacesKeepTheirStandardEntries) {
+TEST_F(SceneRunnerTest, groupsThatAreNotReplacedKeepTheirStandardEntries) {
   scenes.install({WindowGroup{.id = "first", .content = Text{"a"}}});
   EXPECT_EQ(entriesOf("Tarnwell"), (Lines{"About Tarnwell", "-", "Settings…", "-", "Quit Tarnwell"}));
   EXPECT_EQ(entriesOf("File"), (Lines{"(New Window)", "-", "Close"}));

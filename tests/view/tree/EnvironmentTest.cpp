@@ -21,7 +21,7 @@ struct SizeKey {
   static Value initial() { return 3; }
 };
 
-TEST(EnvironmentValuesTest, aKeyThatNobodySetHasItsInitialValue) {
+TEST(EnvironmentValuesTest, aKeyThatWasNotSetHasItsInitialValue) {
   EXPECT_EQ(EnvironmentValues().get<TitleKey>(), "none");
   EXPECT_EQ(EnvironmentValues().with<TitleKey>("a").get<SizeKey>(), 3);
 }
@@ -64,7 +64,7 @@ TEST(EnvironmentTest, aMemberReadsTheNearestValueAbove) {
   EXPECT_EQ(stage.dump(), "VStack centred, spacing 2\n  Text \"far\"\n  Text \"near\"\n  Text \"far\"\n");
 }
 
-TEST(EnvironmentTest, whereNobodySetItTheInitialValueIsRead) {
+TEST(EnvironmentTest, whereItWasNotSetTheInitialValueIsRead) {
   EXPECT_EQ(Stage{Reader{}}.dump(), "Text \"none\"\n");
   EXPECT_EQ(Reader{}.title.get(), "none");
 }

@@ -87,7 +87,7 @@ struct Named {
 
 struct LabelKey {
   using Value = std::string;
-  static Value initial() { return "nobody"; }
+  static Value initial() { return "none"; }
 };
 
 struct Sign {

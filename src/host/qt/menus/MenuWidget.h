@@ -16,7 +16,7 @@ namespace tarnwell::host_qt {
 class Theme;
 
 /// A menu of ours as a menu of the toolkit. It follows every change, and asks the application what can be chosen each
-/// time it opens. The toolkit knows of no key equivalents, which are only shown: two entries may share one. Those that
+/// time it opens. The toolkit has no key equivalents, which are only shown: two entries may share one. Those that
 /// are pressed while it is open close it and go where all go.
 class MenuWidget final : public ThemedMenu {
  public:

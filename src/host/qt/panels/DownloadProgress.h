@@ -17,7 +17,7 @@ class DownloadProgress final : public QWidget {
  public:
   explicit DownloadProgress(const Theme& theme);
 
-  /// In bytes; `expected` is 0 where nobody knows.
+  /// In bytes; `expected` is 0 where the size is unknown.
   void set(std::uint64_t received, std::uint64_t expected, const kit::NumberFormat& format);
 
  private:

@@ -13,7 +13,7 @@ namespace tarnwell::host_qt {
 /// A small window beside those of the application's scenes. Escape and Control-W close it.
 class Panel : public QWidget {
  public:
-  /// In front of all with the keyboard, or without taking the keyboard from anybody.
+  /// In front of all with the keyboard, or without taking the keyboard.
   enum class Manner { inFront, quiet };
 
   /// Where the key equivalents go that the panel has no use for.

@@ -43,7 +43,7 @@ void ProgressLine::paintEvent(QPaintEvent* /*event*/) {
   drawTrack(painter, track(), filled(), theme_.palette());
 }
 
-// Nothing moves that nobody sees.
+// Nothing is animated that is not visible.
 void ProgressLine::showEvent(QShowEvent* event) {
   if (isUnknown()) {
     motion_.start();

@@ -7,10 +7,10 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-/// How far something has come: a line that fills, or one with something moving in it while nobody knows.
+/// How far something has come: a line that fills, or one with something moving in it while the share is unknown.
 class ProgressLine final : public QProgressBar {
  public:
-  /// Nobody knows, until it is told a share.
+  /// Indeterminate until it is told a share.
   ProgressLine(const Theme& theme, QWidget* parent);
 
   /// From 0 to 1.

@@ -57,7 +57,7 @@ UpdatePanel::UpdatePanel(const Theme& theme) : theme_(theme) {
           [this](const QWindow* focused) noexcept { uncover(focused); });
 }
 
-// When the program starts, the panel may be there before the settings, and nobody would see it behind them.
+// When the program starts, the panel may be there before the settings, and would be hidden behind them.
 void UpdatePanel::uncover(const QWindow* focused) {
   if (focused != nullptr && isVisible() && std::exchange(mayBeCovered_, false) && focused != windowHandle()) {
     raise();

@@ -47,7 +47,7 @@ class UpdatePanels final : public updater::UserDriver {
 
  private:
   void show(UpdatePage page, Origin origin);
-  /// Something goes on, nobody knows for how long.
+  /// Something goes on for an unknown time.
   void showWork(const std::string& heading, const char* name, kit::Action cancel);
   UpdatePage offer(const updater::FeedItem& item, const std::function<void(Choice)>& answer) const;
   kit::Action asEvent(kit::Action action) const;

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace tarnwell::host_qt {
 
-/// The desktop's permission to come to the front, which whoever started this process was given for it; empty for none.
+/// The desktop's permission to come to the front, which the launcher was given for this process; empty for none.
 /// Read before the toolkit starts, which uses it up.
 std::string givenActivationToken();
 

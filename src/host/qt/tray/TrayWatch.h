@@ -37,7 +37,7 @@ class TrayWatch final : public QObject {
   /// Whether icons are told on the bus.
   bool isOnBus() const { return tray() == Tray::watcher || tray() == Tray::notifier; }
 
-  /// Told after each change, and each time another watcher takes over: it knows of no icon then.
+  /// Told after each change, and each time another watcher takes over: it has no icon then.
   [[nodiscard]] kit::Subscription observe(kit::Action changed) { return observers_.add(std::move(changed)); }
 
   /// Makes the icon at `path` on the session bus known.

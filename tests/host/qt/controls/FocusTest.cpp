@@ -142,7 +142,7 @@ TEST(FocusTest, ringFollowsTheKnob) {
   EXPECT_EQ(ring->x() - before, 110);
 }
 
-TEST(FocusTest, clickedButtonThatDisablesItselfHandsTheFocusToNobody) {
+TEST(FocusTest, clickedButtonThatDisablesItselfLeavesNoFocus) {
   Stage stage;
   kit::Button* self = nullptr;
   auto& save = stage.add(makeButton("Save", [&self] { self->setEnabled(false); }), row(20));

@@ -52,7 +52,7 @@ TEST(NotesTextTest, scriptsStylesAndPicturesAreGone) {
 }
 
 TEST(NotesTextTest, nothingIsReadFromTheDisk) {
-  // Whoever opened it would wait for ever.
+  // A reader that opened it would wait for ever.
   const fixtures::Sandbox sandbox;
   const std::string pipe = (sandbox / "pipe").string();
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -187,7 +187,7 @@ TEST_F(UpdatePanelsTest, linksInNotesOpenInTheBrowser) {
   EXPECT_NE(window(), nullptr);
 }
 
-TEST_F(UpdatePanelsTest, whatNobodyAskedForDoesNotTakeTheKeyboard) {
+TEST_F(UpdatePanelsTest, aBackgroundCheckDoesNotTakeTheKeyboard) {
   showFound(UserDriver::Origin::schedule);
   EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
   showFound(UserDriver::Origin::user);

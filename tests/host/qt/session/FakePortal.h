@@ -21,7 +21,7 @@ class FakePortal final : public QDBusVirtualObject {
   static QVariant color(double red, double green, double blue);
 
   void set(const std::string& key, const QVariant& value) { settings_[key] = value; }
-  /// Sets, and tells everybody.
+  /// Sets, and sends the signal.
   void change(const std::string& key, const QVariant& value);
   /// A signal of any content.
   void tell(const QVariantList& arguments) const;
