@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RunningApplication.h"
+#include "fixtures/DockCommands.h"
 #include "kit/controls/Window.h"
 #include "settingsaccess/OpenSettingsKey.h"
 
@@ -36,7 +37,7 @@ TEST(ApplicationStart, leavesTheSettingsInFrontAndNothingElse) {
 TEST(ApplicationStart, readsTheDockOnce) {
   RunningApplication application;
   application.start();
-  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_EQ(application.reads(), fixtures::readCommands());
 }
 
 TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {

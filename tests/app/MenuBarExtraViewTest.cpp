@@ -2,6 +2,7 @@
 
 #include "app/MenuBarExtraView.h"
 #include "app/RunningApplication.h"
+#include "fixtures/DockCommands.h"
 #include "kit/controls/Window.h"
 #include "kit/turn/Turn.h"
 #include "view/tree/MountedTree.h"
@@ -35,7 +36,7 @@ TEST(MenuBarExtraView, settingsOpensTheWindowOnTheDockTabFreshlyLoaded) {
   application.chooseFromExtra("Settings...");
   EXPECT_TRUE(application.settingsAreOpen());
   EXPECT_NE(application.settingsPicture().find("*\"Dock\""), std::string::npos);
-  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_EQ(application.reads(), fixtures::readCommands());
 }
 
 TEST(MenuBarExtraView, settingsWithTheWindowOpenBringsItToTheFrontAndReadsNothing) {

@@ -4,6 +4,7 @@
 
 #include "app/RunningApplication.h"
 #include "app/SettingsView.h"
+#include "fixtures/DockCommands.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Toggle.h"
 #include "kit/controls/Window.h"
@@ -65,7 +66,7 @@ TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
   application.chooseTab(1);
   EXPECT_EQ(application.reads(), Lines{});
   application.chooseTab(0);
-  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_EQ(application.reads(), fixtures::readCommands());
 }
 
 TEST(SettingsView, leavingTheDockTabGivesUpItsEdits) {
@@ -87,7 +88,7 @@ TEST(SettingsView, closingReturnsToTheDockTabAndReadsNothing) {
   EXPECT_EQ(application.reads(), Lines{});
   EXPECT_NE(application.settingsPicture().find("*\"Dock\""), std::string::npos);
   application.chooseFromExtra("Settings...");
-  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_EQ(application.reads(), fixtures::readCommands());
 }
 
 TEST(SettingsView, closedAndOpenedInOneEventItStartsAfreshAndReadsTheDockOnce) {
@@ -101,7 +102,7 @@ TEST(SettingsView, closedAndOpenedInOneEventItStartsAfreshAndReadsTheDockOnce) {
     application.settings().performClose();
     application.scenes().openSettings();
   });
-  EXPECT_EQ(application.reads().size(), 7U);
+  EXPECT_EQ(application.reads(), fixtures::readCommands());
   EXPECT_TRUE(application.settingsAreOpen());
   EXPECT_FALSE(dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).isOn());
 }

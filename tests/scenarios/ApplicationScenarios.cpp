@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ProductPages.h"
+#include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "kit/controls/Window.h"
 #include "scenarios/Tarnwell.h"
@@ -26,7 +27,7 @@ TEST(ApplicationScenarios, theLauncherOpensTheSettingsAndIsGone) {
   EXPECT_EQ(tarnwell.windowLists(), (std::vector<Lines>{{"settingslauncher"}, {}, {settingsWindow}}));
   EXPECT_TRUE(tarnwell.settingsAreOpen());
   EXPECT_EQ(tarnwell.chosenTab(), "Dock");
-  EXPECT_EQ(tarnwell.reads().size(), 7U);
+  EXPECT_EQ(tarnwell.reads(), fixtures::readCommands());
   EXPECT_EQ(tarnwell.asked(), Lines{});
 }
 
@@ -62,7 +63,7 @@ TEST(ApplicationScenarios, generalAndBackReadsTheDockAgainAndGivesUpEdits) {
   EXPECT_FALSE(tarnwell.has("Save"));
   EXPECT_EQ(tarnwell.reads(), Lines{});
   tarnwell.chooseTab(dockTab);
-  EXPECT_EQ(tarnwell.reads().size(), 7U);
+  EXPECT_EQ(tarnwell.reads(), fixtures::readCommands());
   EXPECT_EQ(tarnwell.value("Dim hidden apps"), "off");
   EXPECT_FALSE(tarnwell.isEnabled("Save"));
 }
@@ -79,7 +80,7 @@ TEST(ApplicationScenarios, closedOnGeneralItOpensOnTheDockTabFreshlyRead) {
   tarnwell.system().choose(System::icon, "Settings...");
   EXPECT_TRUE(tarnwell.settingsAreOpen());
   EXPECT_EQ(tarnwell.chosenTab(), "Dock");
-  EXPECT_EQ(tarnwell.reads().size(), 7U);
+  EXPECT_EQ(tarnwell.reads(), fixtures::readCommands());
 }
 
 TEST(ApplicationScenarios, settingsThatAreOpenStayAsTheyAre) {
