@@ -64,7 +64,7 @@ class QtSystem final : public System {
              .log = &log_,
              .makeUpdaterController =
                  [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-             .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Somebody"},
+             .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Example"},
              .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {}
   QtSystem(const QtSystem&) = delete;
   QtSystem& operator=(const QtSystem&) = delete;

@@ -38,7 +38,7 @@ class ToolkitOfTheTests final : public testing::Environment {
 QtPlatform::Services services(kit::LoginItem& loginItem, kit::Log& log) {
   return {.loginItem = &loginItem,
           .log = &log,
-          .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Somebody"},
+          .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Example"},
           .menuWindow = Desktop::menuWindow};
 }
 

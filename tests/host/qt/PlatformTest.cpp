@@ -212,7 +212,7 @@ TEST(AboutPanelTest, saysWhatTheProgramIs) {
   desktop.application().orderFrontStandardAboutPanel(nullptr);
   const auto* panel = shown<AboutPanel>();
   ASSERT_NE(panel, nullptr);
-  EXPECT_THAT(textsOf(*panel), ElementsAre("Tarnwell", "Version 1.2.3", "© Somebody"));
+  EXPECT_THAT(textsOf(*panel), ElementsAre("Tarnwell", "Version 1.2.3", "© Example"));
   EXPECT_EQ(panel->windowTitle(), "About Tarnwell");
 }
 
