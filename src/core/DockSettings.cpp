@@ -8,14 +8,14 @@
 
 namespace tarnwell::core {
 
-DockSettings::DockSettings(Surroundings surroundings)
+DockSettings::DockSettings(Dependencies dependencies)
     : menuBarActions{{MinEffect::genie, "Genie Effect"},
                      {MinEffect::scale, "Scale Effect"},
                      {MinEffect::suck, "Suck Effect"}},
-      openURL(std::move(surroundings.openURL)),
-      catalogue_(surroundings.runner),
-      usesSingleApp_(std::move(surroundings.usesSingleApp)),
-      changed_(std::move(surroundings.changed)) {}
+      openURL(std::move(dependencies.openURL)),
+      catalogue_(dependencies.runner),
+      usesSingleApp_(std::move(dependencies.usesSingleApp)),
+      changed_(std::move(dependencies.changed)) {}
 
 template <class Settings, class Test>
 bool DockSettings::allOf(Settings& self, const Test& test) {

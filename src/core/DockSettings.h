@@ -6,8 +6,8 @@
 #include <type_traits>
 
 #include "core/Catalogue.h"
+#include "core/Dependencies.h"
 #include "core/MinEffect.h"
-#include "core/Surroundings.h"
 
 namespace tarnwell::core {
 
@@ -16,7 +16,7 @@ namespace tarnwell::core {
 /// likely to hold; a load replaces them.
 class DockSettings {
  public:
-  explicit DockSettings(Surroundings surroundings);
+  explicit DockSettings(Dependencies dependencies);
 
   /// Reads all preferences, one after another, and edits what was read. Blocks until the last command has answered.
   void loadFromDock();

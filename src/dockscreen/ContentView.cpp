@@ -62,7 +62,7 @@ std::shared_ptr<DockSettings> ContentView::makeSettings(const view::EnvironmentV
   }
   const auto version = environment.get<view::SystemVersionKey>();
   return std::make_shared<DockSettings>(
-      core::Surroundings{.runner = *runner,
+      core::Dependencies{.runner = *runner,
                          .usesSingleApp = [version] { return version < withoutSingleApp; },
                          .openURL = environment.get<view::OpenUrlKey>(),
                          .changed = std::move(changed)});

@@ -8,7 +8,7 @@
 namespace tarnwell::core {
 
 /// What the settings state needs from outside.
-struct Surroundings {
+struct Dependencies {
   /// Borrowed for the state's life.
   CommandRunner& runner;
   /// Whether the system is older than macOS 15 and so knows the single-application mode. Must be set.
