@@ -12,10 +12,10 @@
 #include "diagnostics/StandardStreams.h"
 #include "dockscreen/CommandRunnerKey.h"
 #include "host/linux/CommandLine.h"
+#include "host/linux/EmulatedSystemVersion.h"
 #include "host/linux/IcuNumberFormat.h"
 #include "host/linux/JournalLog.h"
 #include "host/linux/NumberLocale.h"
-#include "host/linux/PlayedSystemVersion.h"
 #include "host/linux/SearchPath.h"
 #include "host/linux/StartProgram.h"
 #include "host/linux/XdgLoginItem.h"
@@ -144,7 +144,7 @@ int startOnDesktop(int argc, char** argv, const Start& start) {
 int start(int argc, char** argv, const host_linux::LaunchArguments& launch) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   std::signal(SIGCHLD, SIG_DFL);
-  const auto version = host_linux::playedSystemVersion();
+  const auto version = host_linux::emulatedSystemVersion();
   if (!version) {
     return failed(version.error().message, EXIT_FAILURE);
   }

@@ -7,9 +7,9 @@
 
 namespace tarnwell::host_linux {
 
-/// The version of macOS whose part the stand-ins play: the environment's MACOS_VERSION, 14.0.0 where it is unset or
-/// empty. A failure for a text that is no version, and for one below 14.
-system::Result<kit::SystemVersion> playedSystemVersion();
+/// The version of macOS that the application takes the system for: the environment's MACOS_VERSION, 14.0.0 where it is
+/// unset or empty. A failure for a text that is no version, and for one below 14.
+system::Result<kit::SystemVersion> emulatedSystemVersion();
 
 /// `text` is "N", "N.N" or "N.N.N": ASCII digits alone, at most 9 for each number. Missing numbers are 0.
 system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text);

@@ -1,4 +1,4 @@
-#include "host/linux/PlayedSystemVersion.h"
+#include "host/linux/EmulatedSystemVersion.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +55,7 @@ std::string quoted(std::string_view text) {
 
 }  // namespace
 
-system::Result<kit::SystemVersion> playedSystemVersion() {
+system::Result<kit::SystemVersion> emulatedSystemVersion() {
   const char* text = std::getenv("MACOS_VERSION");
   return text == nullptr || *text == '\0' ? kit::SystemVersion{} : parseSystemVersion(text);
 }

@@ -1,4 +1,4 @@
-#include "host/linux/PlayedSystemVersion.h"
+#include "host/linux/EmulatedSystemVersion.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ using kit::SystemVersion;
 
 std::string failure(const system::Result<SystemVersion>& result) { return result ? "" : result.error().message; }
 
-TEST(PlayedSystemVersion, takesOneToThreeNumbers) {
+TEST(EmulatedSystemVersion, takesOneToThreeNumbers) {
   struct Row {
     const char* text = "";
     SystemVersion version = {};
@@ -30,7 +30,7 @@ TEST(PlayedSystemVersion, takesOneToThreeNumbers) {
   }
 }
 
-TEST(PlayedSystemVersion, refusesWhatIsNoVersion) {
+TEST(EmulatedSystemVersion, refusesWhatIsNoVersion) {
   for (const char* text : {"",
                            " ",
                            "14 ",
@@ -57,25 +57,25 @@ TEST(PlayedSystemVersion, refusesWhatIsNoVersion) {
   }
 }
 
-TEST(PlayedSystemVersion, refusesVersionsBefore14) {
+TEST(EmulatedSystemVersion, refusesVersionsBefore14) {
   EXPECT_EQ(failure(parseSystemVersion("13.2")), "MACOS_VERSION is \"13.2\": the oldest supported version is 14");
   EXPECT_EQ(failure(parseSystemVersion("0")), "MACOS_VERSION is \"0\": the oldest supported version is 14");
 }
 
-TEST(PlayedSystemVersion, messageIsOneLineOfBoundedLength) {
+TEST(EmulatedSystemVersion, messageIsOneLineOfBoundedLength) {
   const std::string message = failure(parseSystemVersion("1\n\x1B[2J" + std::string(1000, 'x')));
   EXPECT_EQ(message.find('\n'), std::string::npos);
   EXPECT_EQ(message.find('\x1B'), std::string::npos);
   EXPECT_LT(message.size(), 200U);
 }
 
-TEST(PlayedSystemVersion, is14UnlessTheEnvironmentSaysOtherwise) {
+TEST(EmulatedSystemVersion, is14UnlessTheEnvironmentSaysOtherwise) {
   const EnvironmentScope unset("MACOS_VERSION", "");
-  EXPECT_EQ(*playedSystemVersion(), (SystemVersion{14, 0, 0}));
+  EXPECT_EQ(*emulatedSystemVersion(), (SystemVersion{14, 0, 0}));
   const EnvironmentScope newer("MACOS_VERSION", "15.1");
-  EXPECT_EQ(*playedSystemVersion(), (SystemVersion{15, 1, 0}));
+  EXPECT_EQ(*emulatedSystemVersion(), (SystemVersion{15, 1, 0}));
   const EnvironmentScope wrong("MACOS_VERSION", "Sonoma");
-  EXPECT_NE(failure(playedSystemVersion()), "");
+  EXPECT_NE(failure(emulatedSystemVersion()), "");
 }
 
 }  // namespace
