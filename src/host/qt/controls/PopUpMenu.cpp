@@ -11,7 +11,7 @@
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/menus/ItemLine.h"
-#include "host/qt/menus/MenuStyle.h"
+#include "host/qt/menus/PopUpMenuStyle.h"
 #include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
@@ -53,7 +53,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
   setAttribute(Qt::WA_DeleteOnClose);
   const QSize row = rowSize(button, theme);
   rowHeight_ = row.height();
-  auto* style = new MenuStyle(row, popUpMargin);
+  auto* style = new PopUpMenuStyle(row, popUpMargin);
   style->setParent(this);
   setStyle(style);
   for (int i = 0; i < static_cast<int>(items_.size()); ++i) {

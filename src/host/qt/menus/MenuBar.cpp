@@ -4,8 +4,8 @@
 
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Theme.h"
-#include "host/qt/menus/MenuLook.h"
 #include "host/qt/menus/MenuWidget.h"
+#include "host/qt/menus/ThemedMenuStyle.h"
 #include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {
@@ -26,7 +26,7 @@ QString withMnemonic(QString title, QString& taken) {
 
 MenuBar::MenuBar(kit::Application& application, const Theme& theme, QWidget& window)
     : QMenuBar(&window), application_(application), theme_(theme) {
-  auto* look = new MenuLook(theme);
+  auto* look = new ThemedMenuStyle(theme);
   look->setParent(this);
   setStyle(look);
   setNativeMenuBar(false);

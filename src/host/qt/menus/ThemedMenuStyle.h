@@ -10,10 +10,10 @@ class Theme;
 
 /// How the menu bar and the menus below it look: the colours of the theme, round corners, the key equivalents at the
 /// right edge.
-class MenuLook final : public QProxyStyle {
+class ThemedMenuStyle final : public QProxyStyle {
  public:
   /// The theme is borrowed and outlives the look.
-  explicit MenuLook(const Theme& theme) : theme_(theme) {}
+  explicit ThemedMenuStyle(const Theme& theme) : theme_(theme) {}
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override;

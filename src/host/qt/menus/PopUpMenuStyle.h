@@ -5,9 +5,9 @@
 namespace tarnwell::host_qt {
 
 /// The measures of a menu that paints its own rows.
-class MenuStyle final : public QProxyStyle {
+class PopUpMenuStyle final : public QProxyStyle {
  public:
-  MenuStyle(QSize row, int margin) : row_(row), margin_(margin) {}
+  PopUpMenuStyle(QSize row, int margin) : row_(row), margin_(margin) {}
 
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;

@@ -1,4 +1,4 @@
-#include "host/qt/menus/MenuLook.h"
+#include "host/qt/menus/ThemedMenuStyle.h"
 
 #include <QtGui/QBitmap>
 #include <QtGui/QPainter>
@@ -61,8 +61,8 @@ void drawArrow(QPainter& painter, const QPointF& centre, const QColor& color) {
 
 }  // namespace
 
-void MenuLook::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                           const QWidget* widget) const {
+void ThemedMenuStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
   const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
@@ -79,8 +79,8 @@ void MenuLook::drawControl(ControlElement element, const QStyleOption* option, Q
   painter->restore();
 }
 
-void MenuLook::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                             const QWidget* widget) const {
+void ThemedMenuStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                    const QWidget* widget) const {
   if (element == PE_PanelMenu) {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->fillRect(option->rect, theme_.palette().menuFace);
@@ -90,8 +90,8 @@ void MenuLook::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
   }
 }
 
-QSize MenuLook::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                                 const QWidget* widget) const {
+QSize ThemedMenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                        const QWidget* widget) const {
   if (type == CT_MenuBarItem) {
     return {size.width() + 2 * titleInset, std::max(titleHeight, size.height())};
   }
@@ -106,7 +106,7 @@ QSize MenuLook::sizeFromContents(ContentsType type, const QStyleOption* option, 
   return {size.width() + 2 * rowInset + keyGap + behind, std::max(rowHeight, size.height())};
 }
 
-int MenuLook::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+int ThemedMenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   switch (metric) {
     case PM_MenuVMargin:
     case PM_MenuHMargin:
@@ -124,8 +124,8 @@ int MenuLook::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
   }
 }
 
-int MenuLook::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                        QStyleHintReturn* result) const {
+int ThemedMenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                               QStyleHintReturn* result) const {
   auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result);
   if (hint == SH_Menu_Mask && option != nullptr && mask != nullptr) {
     mask->region = roundedMask(option->rect);
@@ -134,7 +134,7 @@ int MenuLook::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
   return QProxyStyle::styleHint(hint, option, widget, result);
 }
 
-void MenuLook::drawTitle(QPainter& painter, const QStyleOptionMenuItem& option) const {
+void ThemedMenuStyle::drawTitle(QPainter& painter, const QStyleOptionMenuItem& option) const {
   const bool chosen = isChosen(option);
   if (chosen) {
     drawHighlight(painter, option.rect, theme_.palette().chosenTab);
@@ -144,7 +144,7 @@ void MenuLook::drawTitle(QPainter& painter, const QStyleOptionMenuItem& option) 
   painter.drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine | mnemonicFlag(*this, option), option.text);
 }
 
-void MenuLook::drawRow(QPainter& painter, const QStyleOptionMenuItem& option) const {
+void ThemedMenuStyle::drawRow(QPainter& painter, const QStyleOptionMenuItem& option) const {
   if (option.menuItemType == QStyleOptionMenuItem::Separator) {
     drawSeparator(painter, option.rect);
     return;
@@ -170,13 +170,13 @@ void MenuLook::drawRow(QPainter& painter, const QStyleOptionMenuItem& option) co
   }
 }
 
-void MenuLook::drawSeparator(QPainter& painter, const QRectF& row) const {
+void ThemedMenuStyle::drawSeparator(QPainter& painter, const QRectF& row) const {
   const QRectF line(row.left() + rowInset, row.center().y(), row.width() - 2.0 * rowInset, hairlineWidth(painter));
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.fillRect(onDevicePixels(painter, line), theme_.palette().hairline);
 }
 
-void MenuLook::drawHighlight(QPainter& painter, const QRectF& shape, const QColor& color) const {
+void ThemedMenuStyle::drawHighlight(QPainter& painter, const QRectF& shape, const QColor& color) const {
   painter.setPen(Qt::NoPen);
   painter.setBrush(color);
   painter.drawRoundedRect(shape, highlightRadius, highlightRadius);

@@ -1,13 +1,13 @@
-#include "host/qt/menus/MenuStyle.h"
+#include "host/qt/menus/PopUpMenuStyle.h"
 
 namespace tarnwell::host_qt {
 
-QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                                  const QWidget* widget) const {
+QSize PopUpMenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                       const QWidget* widget) const {
   return type == CT_MenuItem ? row_ : QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+int PopUpMenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   switch (metric) {
     case PM_MenuVMargin:
     case PM_MenuHMargin:
