@@ -63,7 +63,7 @@ make_folders() {
   done
   unset WAYLAND_DISPLAY LC_ALL LC_NUMERIC LANGUAGE MACOS_VERSION QT_QPA_PLATFORM QT_SCALE_FACTOR QT_STYLE_OVERRIDE
   export LANG=C.UTF-8 XDG_CURRENT_DESKTOP=tour
-  # The same letters on every system, since the places of controls depend on them.
+  # The same letters on every system, so that pictures are the same.
   cat >"$stage_folder/fonts.conf" <<TEXT
 <?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
@@ -110,4 +110,10 @@ TEXT
   start "$tour/appearance-portal"
   portal=$started
   wait_for 20 "the appearance portal" grep -q ready "$folder/appearance-portal.log"
+}
+
+# What the programs that start afterwards say of their controls can be asked for.
+open_accessibility() {
+  start /usr/libexec/at-spi-bus-launcher --launch-immediately
+  export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 }

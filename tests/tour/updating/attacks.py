@@ -1,4 +1,4 @@
-"""What the server, or whoever has its place, can do to the program; and what the user reads then."""
+"""What the server, or an attacker in its place, can do to the program; and what the user reads then."""
 
 import os
 
@@ -67,7 +67,7 @@ class Attacks:
         expect(not any("entity" in line for line in server.requests()), "an entity was fetched")
 
     def refuse_items(self):
-        """Before anybody is asked, and before a byte of the package is fetched."""
+        """Before the user is asked, and before a byte of the package is fetched."""
         package = self.server.publish(self.next)
         signature = 'update:edSignature="%s"' % self.server.signature(package)
         length = 'length="%d"' % os.path.getsize(self.server.path(package))

@@ -1,4 +1,4 @@
-"""The two switches of the General tab: pressed, and changed by somebody else."""
+"""The two switches of the General tab: pressed, and changed by another program."""
 
 from updating.stage import SETTINGS, expect, read_preferences, wait_for, write_preferences
 
@@ -13,7 +13,7 @@ def stored():
 
 def turn_switches(program):
     """One press writes one value, and neither switch minds the other."""
-    expect(stored() == (None, None), "a preference was written before anybody decided: %s" % (stored(),))
+    expect(stored() == (None, None), "a preference was written before the user decided: %s" % (stored(),))
     for name, then in ((CHECKS, (True, None)), (DOWNLOADS, (True, True)), (CHECKS, (False, True)),
                        (DOWNLOADS, (False, False)), (DOWNLOADS, (False, True)), (CHECKS, (True, True))):
         program.turn(name)

@@ -3,6 +3,7 @@
 import dbus
 
 CHECK_BOX = 7
+ON_SCREEN = dbus.UInt32(0)
 
 
 class Screen:
@@ -63,6 +64,13 @@ class Screen:
         except dbus.DBusException:
             return []
 
+    def role(self, node):
+        return str(self.call(node, "Accessible", "GetRoleName"))
+
+    def extents(self, node):
+        """Left, top, width and height, on the screen."""
+        return tuple(map(int, self.call(node, "Component", "GetExtents", ON_SCREEN)))
+
     def centre(self, node):
-        left, top, width, height = map(int, self.call(node, "Component", "GetExtents", dbus.UInt32(0)))
+        left, top, width, height = self.extents(node)
         return left + width // 2, top + height // 2
