@@ -74,7 +74,7 @@ class AtomicFile {
 };
 
 /// Puts `content` in the place of the file at `path`: wholly or not at all, even when the power fails. Missing folders
-/// are made, for their owner alone; a new file can be read by everybody. A failure is "cannot write PATH: reason".
+/// are made, for their owner alone; a new file can be read by all users. A failure is "cannot write PATH: reason".
 Result<void> replaceFile(const std::filesystem::path& path, std::string_view content);
 
 }  // namespace tarnwell::system

@@ -12,7 +12,7 @@ namespace {
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
-// The system tells of a lock that is free again to nobody but those who wait without a limit.
+// The system tells of a lock that is free again only to those who wait without a limit.
 constexpr int pauseMilliseconds = 5;
 
 bool lock(int file, milliseconds patience) {
