@@ -132,7 +132,7 @@ std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
       workAsCopy(work, pipe.writeEnd.number(), original);
     }
   }
-  // Where there is no copy, nobody is left who could write: it ends without a word.
+  // Where there is no copy, the pipe has no writer left: it ends without a word.
   auto copy = std::make_unique<Copy>(*this, std::move(pipe.readEnd), system::Process(process), std::move(ended));
   watch(copy->reading_.number());
   copies_.emplace(copy->reading_.number(), copy.get());
