@@ -29,7 +29,7 @@ void UpdaterEnv::setUpdaterController(std::unique_ptr<kit::UpdaterController> co
   kit::Turn& turn = application().turn();
   turn.perform([&] {
     objectWillChange();
-    turn.bury(std::exchange(updaterController_, std::move(controller)));
+    turn.releaseLater(std::exchange(updaterController_, std::move(controller)));
   });
 }
 

@@ -28,13 +28,13 @@ void Turn::perform(Action action) {
   if (depth_ == loopDepth_ + 1 && !settling_) {
     settle();
   } else {
-    stirred_ = true;
+    unsettled_ = true;
   }
   --depth_;
   if (depth_ == 0) {
-    // What is buried may bury more while it goes.
-    while (!graveyard_.empty()) {
-      std::exchange(graveyard_, {}).clear();
+    // What goes may remove more.
+    while (!removed_.empty()) {
+      std::exchange(removed_, {}).clear();
     }
   }
 }
@@ -49,21 +49,21 @@ void Turn::nestedLoop(const Action& loop) {
   loopDepth_ = outerLoopDepth;
 }
 
-void Turn::bury(std::shared_ptr<void> removed) {
+void Turn::releaseLater(std::shared_ptr<void> removed) {
   if (depth_ > 0) {
-    graveyard_.push_back(std::move(removed));
+    removed_.push_back(std::move(removed));
   }
 }
 
 void Turn::settle() {
   for (int round = 0; round < mostRounds; ++round) {
     comeToRest();
-    stirred_ = false;
+    unsettled_ = false;
     // NOLINTNEXTLINE(modernize-loop-convert): an observer may open or close a window, which joins or leaves
     for (std::size_t i = 0; i < settlers_.size(); ++i) {
       settlers_[i]->settled();
     }
-    if (!stirred_) {
+    if (!unsettled_) {
       return;
     }
   }

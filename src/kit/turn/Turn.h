@@ -43,7 +43,7 @@ class Turn {
 
   /// Keeps `removed` alive until the outermost event has ended: it may be what is running. Outside of an event nothing
   /// is running, and it goes at once.
-  void bury(std::shared_ptr<void> removed);
+  void releaseLater(std::shared_ptr<void> removed);
 
  private:
   void settle();
@@ -51,11 +51,11 @@ class Turn {
   bool takeStep();
 
   std::vector<Settler*> settlers_;
-  std::vector<std::shared_ptr<void>> graveyard_;
+  std::vector<std::shared_ptr<void>> removed_;
   int depth_ = 0;
   int loopDepth_ = 0;
   bool settling_ = false;
-  bool stirred_ = false;
+  bool unsettled_ = false;
 };
 
 }  // namespace tarnwell::kit

@@ -129,7 +129,7 @@ class SectionNode final : public MountedNode {
     if (group_) {
       group_->attach(nullptr);
       // The window knows it until this event has settled.
-      tree().turn().bury(std::move(group_));
+      tree().turn().releaseLater(std::move(group_));
     }
   }
 

@@ -134,7 +134,7 @@ void SceneRunner::closeWindow(HostedWindow& hosted) {
     const auto group = std::ranges::find_if(groupWindows_, [&](const auto& own) { return own.get() == &hosted; });
     if (group != groupWindows_.end()) {
       // Its own appear handler may be what closes it.
-      application_.turn().bury(*group);
+      application_.turn().releaseLater(*group);
       groupWindows_.erase(group);
     }
   });

@@ -10,7 +10,7 @@ void CompositeNode::apply() {
   next->link(*this, box_.get());
   if (box_) {
     box_->unlink();
-    tree().turn().bury(box_);
+    tree().turn().releaseLater(box_);
   }
   box_ = std::move(next);
   updateChildren({box_->body()}, environment());

@@ -140,7 +140,7 @@ std::shared_ptr<MountedNode> MountedNode::makeChild(const View& view, const Envi
 
 void MountedNode::retire(const std::shared_ptr<MountedNode>& child) {
   child->unmount();
-  tree_.turn().bury(child);
+  tree_.turn().releaseLater(child);
   forgetMeasurements();
 }
 

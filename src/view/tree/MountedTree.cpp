@@ -44,7 +44,7 @@ MountedTree::~MountedTree() {
   turn_.leave(*this);
   if (root_) {
     root_->unmount();
-    turn_.bury(root_);
+    turn_.releaseLater(root_);
   }
 }
 

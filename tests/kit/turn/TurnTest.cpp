@@ -45,7 +45,7 @@ class ScriptedSettler final : public Settler {
 };
 
 // What notes its end.
-std::shared_ptr<void> makeRemains(Notes& notes, const std::string& note) {
+std::shared_ptr<void> makeRemoved(Notes& notes, const std::string& note) {
   return {nullptr, [&notes, note](void*) { notes.push_back(note); }};
 }
 
@@ -87,9 +87,9 @@ TEST_F(TurnTest, aPerformWithinAStepSettlesWithIt) {
 }
 
 TEST_F(TurnTest, whatHappensWhileSettlersAreToldSettlesInTheSameTurn) {
-  settler.whenSettled([this] { turn.perform([this] { settler.add([this] { note("stirred"); }); }); });
+  settler.whenSettled([this] { turn.perform([this] { settler.add([this] { note("again"); }); }); });
   turn.perform([] {});
-  EXPECT_EQ(notes, (Notes{"settled", "step", "stirred", "settled"}));
+  EXPECT_EQ(notes, (Notes{"settled", "step", "again", "settled"}));
 }
 
 TEST_F(TurnTest, aLeftSettlerIsToldNothing) {
@@ -120,25 +120,25 @@ TEST_F(TurnTest, theActionMayReleaseItsOriginal) {
   EXPECT_EQ(notes.front(), "kept, though its original is gone");
 }
 
-TEST_F(TurnTest, theBuriedStayUntilTheOutermostPerformEnds) {
+TEST_F(TurnTest, whatWasRemovedStaysUntilTheOutermostPerformEnds) {
   turn.perform([this] {
-    turn.perform([this] { turn.bury(makeRemains(notes, "freed")); });
+    turn.perform([this] { turn.releaseLater(makeRemoved(notes, "freed")); });
     note("still running");
   });
   EXPECT_EQ(notes, (Notes{"still running", "settled", "freed"}));
 }
 
-TEST_F(TurnTest, whatIsBuriedOutsideOfAnEventGoesAtOnce) {
-  turn.bury(makeRemains(notes, "freed"));
+TEST_F(TurnTest, whatIsRemovedOutsideOfAnEventGoesAtOnce) {
+  turn.releaseLater(makeRemoved(notes, "freed"));
   EXPECT_EQ(notes, Notes{"freed"});
 }
 
-TEST_F(TurnTest, whatGoesMayBuryMore) {
+TEST_F(TurnTest, whatGoesMayRemoveMore) {
   turn.perform([this] {
-    turn.bury({nullptr, [this](void*) {
-                 note("first");
-                 turn.bury(makeRemains(notes, "second"));
-               }});
+    turn.releaseLater({nullptr, [this](void*) {
+                         note("first");
+                         turn.releaseLater(makeRemoved(notes, "second"));
+                       }});
   });
   EXPECT_EQ(notes, (Notes{"settled", "first", "second"}));
 }
@@ -161,10 +161,10 @@ TEST_F(TurnTest, aNestedLoopSettlesFirstAndThenAfterEachOfItsEvents) {
                           "after", "settled"}));
 }
 
-TEST_F(TurnTest, aNestedLoopFreesNothingThatIsBuried) {
+TEST_F(TurnTest, aNestedLoopFreesNothingThatWasRemoved) {
   turn.perform([this] {
     turn.nestedLoop([this] {
-      turn.perform([this] { turn.bury(makeRemains(notes, "freed")); });
+      turn.perform([this] { turn.releaseLater(makeRemoved(notes, "freed")); });
       turn.perform([this] { note("second event"); });
     });
     note("after");
