@@ -75,7 +75,7 @@ TEST(MenuBarTest, standsAboveTheContentAndIsPartOfTheWindowsHeight) {
   Desktop desktop;
   desktop.addMenu("Menu", {});
   desktop.showWindow();
-  const double bar = desktop.window().peer()->chromeHeight(300);
+  const double bar = desktop.window().peer()->chromeHeight(driver::widget(desktop.window()).width());
   EXPECT_GE(bar, desktop.menuBar().height());
   EXPECT_EQ(driver::widget(desktop.window()).height(), 300 + bar);
   auto& field = desktop.add(std::make_unique<kit::TextField>(), {.x = 0, .y = 0, .width = 50, .height = 22});
