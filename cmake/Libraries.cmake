@@ -18,13 +18,19 @@ function(tarnwell_library name)
   reuse_precompiled_headers(tarnwell_${name} "" ${arg_LINKS})
 endfunction()
 
-# tarnwell_test(NAME SOURCES ... LINKS ...): one test program; each of its tests is listed by name.
+# tarnwell_test(NAME [WHOLE] SOURCES ... LINKS ...): one test program. Each of its tests is a process of its own, unless
+# WHOLE: for tests that leave the process as they found it, since starting it takes longer than most tests.
 function(tarnwell_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE" "" "SOURCES;LINKS;ENVIRONMENT")
   add_executable(tarnwell_${name} ${arg_SOURCES})
   target_include_directories(tarnwell_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(tarnwell_${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS} GTest::gtest_main)
   reuse_precompiled_headers(tarnwell_${name} "_test" ${arg_LINKS})
-  gtest_discover_tests(tarnwell_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
-                       PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+  if(arg_WHOLE)
+    add_test(NAME ${name} COMMAND tarnwell_${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+  else()
+    gtest_discover_tests(tarnwell_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+                         PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+  endif()
 endfunction()

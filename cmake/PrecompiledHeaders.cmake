@@ -38,6 +38,7 @@ function(precompiled_headers name kind)
   endif()
   target_link_libraries(${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS})
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+  set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
 endfunction()
 
 precompiled_headers(tarnwell_precompiled LIBRARY HEADERS ${standard_headers})

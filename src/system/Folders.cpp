@@ -11,11 +11,11 @@
 namespace tarnwell::system {
 namespace {
 
-constexpr mode_t ownerAlone = 0700;
+constexpr mode_t newFolderMode = 0700;
 
 // Another process may have made it meanwhile.
 bool makeFolder(const std::filesystem::path& folder) {
-  return ::mkdir(folder.c_str(), ownerAlone) == 0 ? syncFolder(folderOf(folder)) : errno == EEXIST;
+  return ::mkdir(folder.c_str(), newFolderMode) == 0 ? syncFolder(folderOf(folder)) : errno == EEXIST;
 }
 
 }  // namespace

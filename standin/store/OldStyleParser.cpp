@@ -11,7 +11,7 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n\v\f";
+constexpr std::string_view whiteSpace = " \t\r\n\v\f";
 constexpr std::string_view hexadecimalDigits = "0123456789abcdefABCDEF";
 constexpr std::string_view octalDigits = "01234567";
 
@@ -40,7 +40,7 @@ class Reader {
   }
 
  private:
-  void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(blanks), rest_.size())); }
+  void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(whiteSpace), rest_.size())); }
 
   /// Takes one character off, behind blanks, if it is the next one.
   bool take(char c) {

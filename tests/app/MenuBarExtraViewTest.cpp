@@ -3,6 +3,7 @@
 #include "app/MenuBarExtraView.h"
 #include "app/RunningApplication.h"
 #include "fixtures/DockCommands.h"
+#include "fixtures/ExpectDump.h"
 #include "kit/controls/Window.h"
 #include "kit/turn/Turn.h"
 #include "view/tree/MountedTree.h"
@@ -15,15 +16,7 @@ using Lines = std::vector<std::string>;
 TEST(MenuBarExtraView, hasEightEntries) {
   RunningApplication application;
   application.start();
-  EXPECT_EQ(application.extraPicture(),
-            "Settings...  command-,\n"
-            "-\n"
-            "About Tarnwell\n"
-            "Check for Updates…\n"
-            "Send feedback...\n"
-            "Support this project \u2665\uFE0F\n"
-            "-\n"
-            "Quit Tarnwell  command-Q\n");
+  fixtures::expectDump("app/MenuBarExtra.dump", application.extraPicture());
 }
 
 TEST(MenuBarExtraView, settingsOpensTheWindowOnTheDockTabFreshlyLoaded) {

@@ -109,14 +109,7 @@ std::vector<std::string> RunningApplication::newMilestones() {
   return lines;
 }
 
-std::string RunningApplication::menuPicture(const std::string& menu) {
-  for (const auto& top : application_->mainMenu().items()) {
-    if (top->title() == menu) {
-      return pictureOf(*top->submenu());
-    }
-  }
-  throw std::invalid_argument("there is no menu " + menu);
-}
+std::string RunningApplication::mainMenuPicture() { return pictureOf(application_->mainMenu()); }
 
 std::string RunningApplication::extraPicture() { return pictureOf(*platform_.statusItems().at(0)->menu()); }
 
@@ -139,14 +132,16 @@ kit::Control& RunningApplication::control(const std::string& name) {
 
 std::vector<std::string> RunningApplication::reads() { return std::exchange(runner_.captured, {}); }
 
-std::string RunningApplication::pictureOf(const kit::Menu& menu) {
+std::string RunningApplication::pictureOf(const kit::Menu& menu, const std::string& indentation) {
   std::string picture;
   for (const auto& item : menu.items()) {
     const auto& equivalent = item->keyEquivalent();
     const bool withOption = (equivalent.modifierFlags & kit::optionFlag) != 0;
-    picture += item->isSeparator() ? "-" : item->title();
+    picture += indentation + (item->isSeparator() ? "-" : item->title());
     picture += equivalent.key.empty() ? "" : (withOption ? "  option-command-" : "  command-") + equivalent.key;
-    picture += item->isSeparator() || application_->canChoose(*item) ? "\n" : "  (disabled)\n";
+    const bool isEntry = !item->isSeparator() && item->submenu() == nullptr;
+    picture += isEntry && !application_->canChoose(*item) ? "  (disabled)\n" : "\n";
+    picture += item->submenu() == nullptr ? "" : pictureOf(*item->submenu(), indentation + "  ");
   }
   return picture;
 }

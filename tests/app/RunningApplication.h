@@ -40,8 +40,9 @@ class RunningApplication {
   /// The milestones since the last call.
   std::vector<std::string> newMilestones();
 
-  /// A line for each entry: its title, its key, and whether it is disabled; "-" for a separator.
-  std::string menuPicture(const std::string& menu);
+  /// A line for each entry, indented below its menu: its title, its key, and whether it is disabled; "-" for a
+  /// separator.
+  std::string mainMenuPicture();
   std::string extraPicture();
   std::string settingsPicture();
 
@@ -57,7 +58,7 @@ class RunningApplication {
   fakes::RecordingCommandRunner& runner() { return runner_; }
 
  private:
-  std::string pictureOf(const kit::Menu& menu);
+  std::string pictureOf(const kit::Menu& menu, const std::string& indentation = {});
 
   host_headless::HeadlessPlatform platform_;
   fakes::RecordingCommandRunner runner_;

@@ -5,6 +5,7 @@
 #include "app/RunningApplication.h"
 #include "app/SettingsView.h"
 #include "fixtures/DockCommands.h"
+#include "fixtures/ExpectDump.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Toggle.h"
 #include "kit/controls/Window.h"
@@ -125,27 +126,7 @@ TEST(SettingsView, theGeneralTabReadsAsDesigned) {
   RunningApplication application;
   application.start();
   application.chooseTab(1);
-  EXPECT_EQ(application.settingsPicture(),
-            "Fixed size\n"
-            "  Frame at most 700 high centred\n"
-            "    Frame width 600 centred\n"
-            "      Fixed size\n"
-            "        Frame at most 700 high centred\n"
-            "          Frame width 600 centred\n"
-            "            Tabs \"Dock\" dock.rectangle *\"General\" gear\n"
-            "            Form\n"
-            "              Section\n"
-            "                Row\n"
-            "                  Text \"Launch at login\"\n"
-            "                  Toggle (Launch at login) off\n"
-            "              Section\n"
-            "                Row\n"
-            "                  Text \"Check for updates automatically\"\n"
-            "                  Toggle (Check for updates automatically) off\n"
-            "                Row\n"
-            "                  Text \"Download updates automatically\"\n"
-            "                  Toggle (Download updates automatically) off\n"
-            "                Button \"Check for Updates…\"\n");
+  fixtures::expectDump("app/GeneralTab.dump", application.settingsPicture());
 }
 
 /// Notes what it hears of its window.

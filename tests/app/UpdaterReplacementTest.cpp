@@ -9,7 +9,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr const char* title = "Check for Updates…";
+constexpr const char* checkTitle = "Check for Updates…";
 
 /// Owns its updater, as a real one does, and tells of its end.
 class OwningController final : public kit::UpdaterController {
@@ -41,12 +41,12 @@ class UpdaterReplacementTest : public testing::Test {
     return updater;
   }
 
-  kit::Button& button() { return dynamic_cast<kit::Button&>(application.control(title)); }
+  kit::Button& button() { return dynamic_cast<kit::Button&>(application.control(checkTitle)); }
 
   /// Of the tab, the Help menu and the status icon's menu, in this order.
   std::vector<bool> canBePressed() {
-    const std::string disabledLine = std::string(title) + "  (disabled)";
-    return {button().isEnabled(), application.menuPicture("Help").find(disabledLine) == std::string::npos,
+    const std::string disabledLine = std::string(checkTitle) + "  (disabled)";
+    return {button().isEnabled(), application.mainMenuPicture().find(disabledLine) == std::string::npos,
             application.extraPicture().find(disabledLine) == std::string::npos};
   }
 
@@ -71,8 +71,8 @@ TEST_F(UpdaterReplacementTest, whateverUsesTheUpdaterAsksTheNewOne) {
   replaceBy(std::make_unique<OwningController>(journal, true));
   application.newMilestones();
   button().click();
-  application.choose("Help", title);
-  application.chooseFromExtra(title);
+  application.choose("Help", checkTitle);
+  application.chooseFromExtra(checkTitle);
   for (const char* name : {"Check for updates automatically", "Download updates automatically"}) {
     dynamic_cast<kit::Toggle&>(application.control(name)).press();
   }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <utility>
 
 #include "kit/Printing.h"
@@ -93,11 +92,10 @@ TEST(CustomSliderCoderTest, whatTheCoderLacksIsAsInAnyNewSlider) {
 
 TEST(CustomSliderCoderTest, whatMakesNoSenseIsAsInAnyNewSlider) {
   const CustomSlider plain(0, 0, 1, nullptr);
-  const double infinity = std::numeric_limits<double>::infinity();
-  for (const kit::Rect& frame : {kit::Rect{.width = -1}, kit::Rect{.height = -1}, kit::Rect{.x = infinity}}) {
+  for (const kit::Rect& frame : {kit::Rect{.width = -1}, kit::Rect{.height = -1}, kit::Rect{.x = HUGE_VAL}}) {
     EXPECT_EQ(CustomSlider(kit::Coder({{"NSFrame", frame}})).frame(), plain.frame());
   }
-  for (const auto& [least, most] : {std::pair(1.0, 0.0), std::pair(0.0, infinity), std::pair(std::nan(""), 1.0)}) {
+  for (const auto& [least, most] : {std::pair(1.0, 0.0), std::pair(0.0, HUGE_VAL), std::pair(std::nan(""), 1.0)}) {
     const CustomSlider slider(kit::Coder({{"NSMinValue", least}, {"NSMaxValue", most}, {"NSValue", 7.0}}));
     EXPECT_EQ(slider.minValue(), 0);
     EXPECT_EQ(slider.maxValue(), 1);

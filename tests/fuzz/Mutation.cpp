@@ -12,26 +12,26 @@ constexpr std::size_t longestInput = 20'000;
 constexpr std::size_t mostChanges = 6;
 
 // What parsers trip over.
-constexpr std::array<std::string_view, 20> pieces = {"<",
-                                                     ">",
-                                                     "/>",
-                                                     "<item>",
-                                                     "</item>",
-                                                     "<!DOCTYPE a [",
-                                                     "<![CDATA[",
-                                                     "]]>",
-                                                     "&#0;",
-                                                     "&#x202e;",
-                                                     "\"",
-                                                     "'",
-                                                     "=",
-                                                     ".",
-                                                     "99999999999999999999",
-                                                     "-1",
-                                                     std::string_view("\0", 1),
-                                                     "\xff",
-                                                     "\xe2\x80\xae",
-                                                     "\n"};
+constexpr std::array<std::string_view, 20> insertedPieces = {"<",
+                                                             ">",
+                                                             "/>",
+                                                             "<item>",
+                                                             "</item>",
+                                                             "<!DOCTYPE a [",
+                                                             "<![CDATA[",
+                                                             "]]>",
+                                                             "&#0;",
+                                                             "&#x202e;",
+                                                             "\"",
+                                                             "'",
+                                                             "=",
+                                                             ".",
+                                                             "99999999999999999999",
+                                                             "-1",
+                                                             std::string_view("\0", 1),
+                                                             "\xff",
+                                                             "\xe2\x80\xae",
+                                                             "\n"};
 
 }  // namespace
 
@@ -60,7 +60,7 @@ void Mutation::change(std::string& text) {
       text.insert(at, partOf(seeds_.at(below(seeds_.size()))));
       break;
     case 4:
-      text.insert(at, pieces.at(below(pieces.size())));
+      text.insert(at, insertedPieces.at(below(insertedPieces.size())));
       break;
     default:
       text.resize(at);

@@ -52,20 +52,20 @@ class Input {
   std::string_view text_;
 };
 
-constexpr std::array<const char*, 14> texts = {"",
-                                               "clicked",
-                                               "activation-token",
-                                               "label",
-                                               "Title",
-                                               "org.kde.StatusNotifierItem",
-                                               "com.canonical.dbusmenu",
-                                               "x",
-                                               "org.freedesktop.appearance",
-                                               "color-scheme",
-                                               "accent-color",
-                                               "contrast",
-                                               "org.freedesktop.portal.Desktop",
-                                               ":1.7"};
+constexpr std::array<const char*, 14> namedTexts = {"",
+                                                    "clicked",
+                                                    "activation-token",
+                                                    "label",
+                                                    "Title",
+                                                    "org.kde.StatusNotifierItem",
+                                                    "com.canonical.dbusmenu",
+                                                    "x",
+                                                    "org.freedesktop.appearance",
+                                                    "color-scheme",
+                                                    "accent-color",
+                                                    "contrast",
+                                                    "org.freedesktop.portal.Desktop",
+                                                    ":1.7"};
 constexpr std::array<const char*, 10> types = {"s", "u", "i", "b", "v", "(ddd)", "as", "a{sv}", "av", "a(isvu)"};
 
 enum class Kind { call, signal, answer };
@@ -155,7 +155,7 @@ int countOf(Input& input) {
 
 bool appendBasic(sd_bus_message& message, char type, Input& input) {
   if (type == 's' || type == 'o' || type == 'g') {
-    return ::sd_bus_message_append_basic(&message, type, type == 'o' ? "/a" : input.oneOf(texts)) >= 0;
+    return ::sd_bus_message_append_basic(&message, type, type == 'o' ? "/a" : input.oneOf(namedTexts)) >= 0;
   }
   std::uint64_t number = 0;
   for (int i = 0; i < 4; ++i) {

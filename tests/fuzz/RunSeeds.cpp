@@ -18,7 +18,7 @@ namespace {
 
 constexpr int mutationsOfEach = 1000;
 
-void run(const std::string& input) {
+void runTarget(const std::string& input) {
   // In a block of its own length, so that a look behind its end is seen.
   const std::vector<std::uint8_t> bytes(input.begin(), input.end());
   LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
@@ -52,9 +52,9 @@ int main(int argc, char** argv) {
   tarnwell::fuzz::Mutation mutation(texts);
   for (const auto& [name, text] : seeds) {
     std::cout << name << std::endl;
-    run(text);
+    runTarget(text);
     for (int count = 0; count < mutationsOfEach; ++count) {
-      run(mutation.of(text));
+      runTarget(mutation.of(text));
     }
   }
   return EXIT_SUCCESS;

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 std::string refusalOf(const Result<PrivateFolder>& result) { return result ? "" : result.error().message; }
 
-mode_t modeOf(const fs::path& path) {
+mode_t modeOfFolder(const fs::path& path) {
   struct stat status = {};
   return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
@@ -24,8 +24,8 @@ TEST(PrivateFolder, isMadeForItsOwnerAlone) {
   const fixtures::Sandbox sandbox;
   const auto made = PrivateFolder::make(sandbox / "a/b");
   ASSERT_EQ(refusalOf(made), "");
-  EXPECT_EQ(modeOf(sandbox / "a"), 0700U);
-  EXPECT_EQ(modeOf(sandbox / "a/b"), 0700U);
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0700U);
+  EXPECT_EQ(modeOfFolder(sandbox / "a/b"), 0700U);
   const auto& folder = *made;
   EXPECT_EQ(folder.path(), sandbox / "a/b");
   EXPECT_NE(::fcntl(folder.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
@@ -36,9 +36,9 @@ TEST(PrivateFolder, isClosedToOthersWhenItWasOpen) {
   fs::create_directory(sandbox / "a");
   fs::permissions(sandbox / "a", fs::perms::all);
   ASSERT_EQ(refusalOf(PrivateFolder::open(sandbox / "a")), "");
-  EXPECT_EQ(modeOf(sandbox / "a"), 0777U);
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0777U);
   ASSERT_EQ(refusalOf(PrivateFolder::make(sandbox / "a")), "");
-  EXPECT_EQ(modeOf(sandbox / "a"), 0700U);
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0700U);
 }
 
 TEST(PrivateFolder, isNoLinkAndNoFile) {
@@ -50,7 +50,7 @@ TEST(PrivateFolder, isNoLinkAndNoFile) {
     EXPECT_TRUE(refusalOf(PrivateFolder::make(sandbox / name)).starts_with("cannot enter the folder ")) << name;
     EXPECT_TRUE(refusalOf(PrivateFolder::open(sandbox / name)).starts_with("cannot enter the folder ")) << name;
   }
-  EXPECT_NE(modeOf(sandbox / "real"), 0700U);
+  EXPECT_NE(modeOfFolder(sandbox / "real"), 0700U);
   EXPECT_NE(refusalOf(PrivateFolder::open(sandbox / "absent")), "");
   EXPECT_FALSE(fs::exists(sandbox / "absent"));
   EXPECT_NE(refusalOf(PrivateFolder::make(sandbox / "file/below")), "");

@@ -19,7 +19,7 @@ std::size_t filesIn(const fs::path& folder) {
   return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-mode_t modeOf(const fs::path& path) {
+mode_t modeOfFile(const fs::path& path) {
   struct stat status = {};
   return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
@@ -28,7 +28,7 @@ TEST(ReplaceFileTest, writesANewFileThatAllCanRead) {
   const fixtures::Sandbox sandbox;
   EXPECT_TRUE(replaceFile(sandbox / "a", "text"));
   EXPECT_EQ(sandbox.read("a"), "text");
-  EXPECT_EQ(modeOf(sandbox / "a"), 0644U);
+  EXPECT_EQ(modeOfFile(sandbox / "a"), 0644U);
   EXPECT_EQ(filesIn(sandbox.path()), 1U);
 }
 
@@ -38,7 +38,7 @@ TEST(ReplaceFileTest, replacesAndKeepsTheMode) {
   fs::permissions(sandbox / "a", fs::perms(0600));
   EXPECT_TRUE(replaceFile(sandbox / "a", ""));
   EXPECT_EQ(sandbox.read("a"), "");
-  EXPECT_EQ(modeOf(sandbox / "a"), 0600U);
+  EXPECT_EQ(modeOfFile(sandbox / "a"), 0600U);
   EXPECT_EQ(filesIn(sandbox.path()), 1U);
 }
 
@@ -46,8 +46,8 @@ TEST(ReplaceFileTest, makesMissingFoldersForTheirOwnerAlone) {
   const fixtures::Sandbox sandbox;
   EXPECT_TRUE(replaceFile(sandbox / "config" / "autostart" / "a", "text"));
   EXPECT_EQ(sandbox.read("config/autostart/a"), "text");
-  EXPECT_EQ(modeOf(sandbox / "config"), 0700U);
-  EXPECT_EQ(modeOf(sandbox / "config" / "autostart"), 0700U);
+  EXPECT_EQ(modeOfFile(sandbox / "config"), 0700U);
+  EXPECT_EQ(modeOfFile(sandbox / "config" / "autostart"), 0700U);
 }
 
 TEST(ReplaceFileTest, aLinkBecomesAFile) {

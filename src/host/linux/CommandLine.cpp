@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* usage = "usage: tarnwell [--help | --version]";
 
-std::string trimmed(std::string text) {
+std::string withoutLastNewlines(std::string text) {
   text.erase(text.find_last_not_of('\n') + 1);
   return text;
 }
@@ -47,7 +47,7 @@ CommandLine::Parsed CommandLine::parse(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
-    return Print{trimmed(app.help())};
+    return Print{withoutLastNewlines(app.help())};
   } catch (const CLI::CallForVersion& version) {
     return Print{version.what()};
   } catch (const CLI::ParseError& error) {

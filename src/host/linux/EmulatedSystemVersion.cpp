@@ -10,7 +10,7 @@ namespace tarnwell::host_linux {
 namespace {
 
 constexpr kit::SystemVersion oldest = {.major = 14};
-constexpr std::size_t mostDigits = 9;
+constexpr std::size_t mostVersionDigits = 9;
 constexpr std::size_t mostEchoed = 40;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
@@ -21,7 +21,7 @@ bool isControl(char character) {
 }
 
 std::optional<int> number(std::string_view digits) {
-  if (digits.empty() || digits.size() > mostDigits || !std::all_of(digits.begin(), digits.end(), isDigit)) {
+  if (digits.empty() || digits.size() > mostVersionDigits || !std::all_of(digits.begin(), digits.end(), isDigit)) {
     return std::nullopt;
   }
   int value = 0;
@@ -47,7 +47,7 @@ std::optional<kit::SystemVersion> numbers(std::string_view text) {
 }
 
 // The text comes from outside, so that only its printable beginning is said back.
-std::string quoted(std::string_view text) {
+std::string echoed(std::string_view text) {
   std::string shown(text.substr(0, mostEchoed));
   std::replace_if(shown.begin(), shown.end(), isControl, '?');
   return '"' + shown + (text.size() > mostEchoed ? "…" : "") + '"';
@@ -61,7 +61,7 @@ system::Result<kit::SystemVersion> emulatedSystemVersion() {
 }
 
 system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
-  const std::string beginning = "MACOS_VERSION is " + quoted(text) + ": ";
+  const std::string beginning = "MACOS_VERSION is " + echoed(text) + ": ";
   const auto version = numbers(text);
   if (!version) {
     return system::Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};

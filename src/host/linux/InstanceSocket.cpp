@@ -19,7 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr auto patience = std::chrono::seconds(2);
+constexpr auto lockPatience = std::chrono::seconds(2);
 constexpr auto pause = std::chrono::milliseconds(20);
 constexpr std::size_t longestMessage = 4096;
 constexpr mode_t socketFolderMode = 0700;
@@ -75,7 +75,7 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
   if (!address) {
     return system::Failure{path.string() + " is too long for a socket"};
   }
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + lockPatience;
   auto lock = system::FileLock::take(folder / "tarnwell.lock", {});
   while (!lock && lock.error().error == EWOULDBLOCK) {
     if (leaveMessage(*address, message)) {

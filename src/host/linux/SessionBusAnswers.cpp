@@ -11,7 +11,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr auto patience = std::chrono::seconds(2);
+constexpr auto busPatience = std::chrono::seconds(2);
 
 /// Lets the connection go on by what has come, or waits for more; false once there is nothing left to wait for.
 bool goesOn(sd_bus* bus, Clock::time_point deadline) {
@@ -26,7 +26,7 @@ bool goesOn(sd_bus* bus, Clock::time_point deadline) {
 }  // namespace
 
 bool sessionBusAnswers() {
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + busPatience;
   sd_bus* opened = nullptr;
   if (::sd_bus_open_user(&opened) < 0) {
     return false;

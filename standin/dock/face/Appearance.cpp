@@ -12,7 +12,7 @@ namespace tarnwell::standin {
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
@@ -36,7 +36,7 @@ Appearance::Appearance(std::function<void(Scheme)> changed) : changed_(std::move
   isAsked_ = true;
   // The bus library knows the type only once it has been asked for it; until then no slot fits.
   QDBusMetaType::typeToSignature(QMetaType::fromType<QDBusVariant>());
-  bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+  bus.connect(QString(), portalPath, interface, QStringLiteral("SettingChanged"), this,
               SLOT(settingChanged(QString, QString, QDBusVariant)));
   ask();
 }
@@ -48,7 +48,7 @@ void Appearance::settingChanged(const QString& space, const QString& key, const 
 }
 
 void Appearance::ask() {
-  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+  QDBusMessage message = QDBusMessage::createMethodCall(service, portalPath, interface, QStringLiteral("Read"));
   message.setArguments({appearance, colorScheme});
   auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {

@@ -10,7 +10,7 @@ namespace tarnwell::standin {
 namespace {
 
 constexpr int shrink = 8;
-constexpr int radius = 3;  // in pixels of the smaller picture
+constexpr int blurRadius = 3;  // in pixels of the smaller picture
 
 // The mean of the neighbours on a line, whose pixels lie `stride` apart.
 void soften(QRgb* line, int count, qsizetype stride) {
@@ -23,13 +23,13 @@ void soften(QRgb* line, int count, qsizetype stride) {
   }();
   for (int i = 0; i < count; ++i) {
     std::array<int, 3> sums{};
-    for (int offset = -radius; offset <= radius; ++offset) {
+    for (int offset = -blurRadius; offset <= blurRadius; ++offset) {
       const QRgb color = before[static_cast<std::size_t>(std::clamp(i + offset, 0, count - 1))];
       sums[0] += qRed(color);
       sums[1] += qGreen(color);
       sums[2] += qBlue(color);
     }
-    constexpr int weight = 2 * radius + 1;
+    constexpr int weight = 2 * blurRadius + 1;
     line[i * stride] = qRgb(sums[0] / weight, sums[1] / weight, sums[2] / weight);
   }
 }

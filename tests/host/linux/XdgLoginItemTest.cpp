@@ -20,7 +20,7 @@ constexpr const char* ours =
     "Icon=example.tarnwell.Tarnwell\n"
     "Exec=/usr/bin/env --launched-at-login\n";
 
-constexpr const char* edited =
+constexpr const char* editedEntry =
     "# Kept by its user.\n"
     "[Desktop Entry]\n"
     "Type=Application\n"
@@ -147,13 +147,13 @@ TEST_F(XdgLoginItemTest, theStatusFollowsTheProgram) {
 }
 
 TEST_F(XdgLoginItemTest, anEditedEntryIsSwitchedOffAndOnAgain) {
-  write(edited);
+  write(editedEntry);
   EXPECT_EQ(item.unregisterItem(), std::nullopt);
   EXPECT_EQ(item.status(), Status::notRegistered);
-  EXPECT_EQ(sandbox.read(entry), replaced(edited, "[Desktop Entry]\n", "[Desktop Entry]\nHidden=true\n"));
+  EXPECT_EQ(sandbox.read(entry), replaced(editedEntry, "[Desktop Entry]\n", "[Desktop Entry]\nHidden=true\n"));
   EXPECT_EQ(item.registerItem(), std::nullopt);
   EXPECT_EQ(item.status(), Status::enabled);
-  EXPECT_EQ(sandbox.read(entry), replaced(edited, "/old/tarnwell\n", "/usr/bin/env --launched-at-login\n"));
+  EXPECT_EQ(sandbox.read(entry), replaced(editedEntry, "/old/tarnwell\n", "/usr/bin/env --launched-at-login\n"));
 }
 
 TEST_F(XdgLoginItemTest, registeringTakesBackEachWayOfSwitchingOff) {
@@ -257,7 +257,7 @@ TEST_F(XdgLoginItemTest, aProgramThatAnEntryCannotNameIsNotRegistered) {
   XdgLoginItem odd = itemAt("/a=b/tarnwell");
   EXPECT_EQ(odd.registerItem(), "an autostart entry cannot name /a=b/tarnwell: there is a \"=\" in it");
   EXPECT_FALSE(sandbox.holds("autostart"));
-  write(edited);
+  write(editedEntry);
   EXPECT_EQ(odd.unregisterItem(), std::nullopt);
   EXPECT_EQ(odd.status(), Status::notRegistered);
 }

@@ -12,6 +12,9 @@ namespace tarnwell::host_qt {
 /// The host of this test program; its application lives as long as the tests run.
 QtHost& testHost();
 
+/// Of a control alone in its window.
+inline constexpr kit::Rect usualPlace = {.x = 20, .y = 20, .width = 120, .height = 24};
+
 /// One window with the controls that a test puts there.
 class Stage {
  public:

@@ -139,9 +139,9 @@ TEST(ControlTest, aPositionOnATurnedControlIsTurnedBack) {
 }
 
 // Notes when it is brought to rest.
-class NotingSettler final : public Settler {
+class RestNotingSettler final : public Settler {
  public:
-  explicit NotingSettler(Lines& notes) : notes_(notes) {}
+  explicit RestNotingSettler(Lines& notes) : notes_(notes) {}
   bool settleStep() override { return false; }
   void settled() override { notes_.emplace_back("settled"); }
 
@@ -151,7 +151,7 @@ class NotingSettler final : public Settler {
 
 TEST(ControlTest, inputIsPartOfTheTurn) {
   Lines notes;
-  NotingSettler settler(notes);
+  RestNotingSettler settler(notes);
   Turn turn;
   turn.join(settler);
   Button button;

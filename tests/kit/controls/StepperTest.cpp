@@ -10,11 +10,11 @@ namespace tarnwell::kit {
 namespace {
 
 constexpr Stepper::Range hundredths{.least = 0, .most = 100, .step = 0.01};
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double undefined = std::numeric_limits<double>::quiet_NaN();
+constexpr double unbounded = std::numeric_limits<double>::infinity();
 
 TEST(StepperTest, settingItTellsThePeerOnceAndSendsNothing) {
-  for (const double value : {5.0, nan, infinity}) {
+  for (const double value : {5.0, undefined, unbounded}) {
     ShownControl<Stepper> stepper;
     stepper->setAction([](double) { FAIL() << "setting a value sent the action"; });
     stepper->setValue(value);
@@ -37,8 +37,8 @@ TEST(StepperTest, stepsEndAtTheRange) {
     double down = 0;
   };
   const std::vector<Row> table = {
-      {0, 0.01, 0},      {0.5, 0.51, 0.49},    {99.99, 100, 99.98}, {100, 100, 99.99}, {200, 100, 100},
-      {-5, 0, 0},        {infinity, 100, 100}, {-infinity, 0, 0},   {0.005, 0.015, 0}, {99.995, 100, 99.985},
+      {0, 0.01, 0},      {0.5, 0.51, 0.49},     {99.99, 100, 99.98}, {100, 100, 99.99}, {200, 100, 100},
+      {-5, 0, 0},        {unbounded, 100, 100}, {-unbounded, 0, 0},  {0.005, 0.015, 0}, {99.995, 100, 99.985},
       {1e300, 100, 100},
   };
   for (const Row& row : table) {
@@ -58,7 +58,7 @@ TEST(StepperTest, aChosenValueIsHeldToTheRangeAndSent) {
   stepper.setRange(hundredths);
   std::vector<double> sent;
   stepper.setAction([&sent](double value) { sent.push_back(value); });
-  for (const double value : {5.0, 5.0, -1.0, infinity, nan}) {
+  for (const double value : {5.0, 5.0, -1.0, unbounded, undefined}) {
     stepper.choose(value);
   }
   EXPECT_EQ(sent, (std::vector<double>{5, 5, 0, 100}));
@@ -90,7 +90,7 @@ TEST(StepperTest, theFirstRepeatWaitsAndTheNextComeFasterAndFaster) {
 TEST(StepperTest, fromWhatIsNoNumberThereIsNoStep) {
   Stepper stepper;
   stepper.setAction([](double) { FAIL() << "a step from a nan sent the action"; });
-  stepper.setValue(nan);
+  stepper.setValue(undefined);
   stepper.increment();
   stepper.decrement();
   EXPECT_TRUE(stepper.value() != stepper.value());

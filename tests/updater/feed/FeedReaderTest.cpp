@@ -32,7 +32,7 @@ FeedItem onlyItemOf(const std::string& content) {
   return items.empty() ? FeedItem() : items.front();
 }
 
-std::string refusalOf(const std::string& text) {
+std::string refusalOfFeed(const std::string& text) {
   const auto result = read(text);
   return result ? "" : result.error().message;
 }
@@ -162,8 +162,8 @@ TEST(FeedReader, givesUtf8WhateverTheFeedIsWrittenIn) {
       "<?xml version='1.0' encoding='iso-8859-1'?><rss><channel><item><title>\xe4</title></item></channel></rss>");
   ASSERT_EQ(items.size(), 1U);
   EXPECT_EQ(items[0].title, "\xc3\xa4");
-  EXPECT_NE(refusalOf(feedOf("<item><title>\xe4</title></item>")), "");
-  EXPECT_NE(refusalOf("<?xml version='1.0' encoding='ebcdic'?><rss><channel/></rss>"), "");
+  EXPECT_NE(refusalOfFeed(feedOf("<item><title>\xe4</title></item>")), "");
+  EXPECT_NE(refusalOfFeed("<?xml version='1.0' encoding='ebcdic'?><rss><channel/></rss>"), "");
 }
 
 TEST(FeedReader, saysWhatIsWrongWithAFeed) {
@@ -182,7 +182,7 @@ TEST(FeedReader, saysWhatIsWrongWithAFeed) {
       {"<!DOCTYPE rss SYSTEM 'file:///etc/passwd'><rss><channel/></rss>", "it declares a document type"},
   };
   for (const auto& [text, reason] : rows) {
-    EXPECT_EQ(refusalOf(text), "The update feed cannot be used: " + reason + ".") << text;
+    EXPECT_EQ(refusalOfFeed(text), "The update feed cannot be used: " + reason + ".") << text;
   }
 }
 
@@ -227,7 +227,7 @@ TEST(FeedReader, takesNotAByteMore) {
       {std::string(FeedReader::maximumLength, ' '), "it is larger than 1024 KiB"},
   };
   for (const auto& [content, reason] : rows) {
-    EXPECT_EQ(refusalOf(feedOf(content)), "The update feed cannot be used: " + reason + ".");
+    EXPECT_EQ(refusalOfFeed(feedOf(content)), "The update feed cannot be used: " + reason + ".");
   }
 }
 

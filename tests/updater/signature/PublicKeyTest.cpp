@@ -9,28 +9,28 @@
 namespace tarnwell::updater {
 namespace {
 
-using Bytes = std::array<unsigned char, PublicKey::length>;
+using KeyBytes = std::array<unsigned char, PublicKey::length>;
 
-std::string refusalOf(std::string_view base64) {
+std::string refusalOfKey(std::string_view base64) {
   const auto result = PublicKey::parse(base64);
   return result ? "" : result.error().message;
 }
 
-Bytes bytesOf(const std::string& hexadecimal) {
-  Bytes bytes = {};
+KeyBytes bytesOf(const std::string& hexadecimal) {
+  KeyBytes bytes = {};
   sodium_hex2bin(bytes.data(), bytes.size(), hexadecimal.data(), hexadecimal.size(), nullptr, nullptr, nullptr);
   return bytes;
 }
 
-Bytes ofPattern(unsigned char first, unsigned char middle, unsigned char last) {
-  Bytes bytes = {};
+KeyBytes ofPattern(unsigned char first, unsigned char middle, unsigned char last) {
+  KeyBytes bytes = {};
   bytes.fill(middle);
   bytes.front() = first;
   bytes.back() = last;
   return bytes;
 }
 
-Bytes pointOfOrderEight() { return bytesOf("26e8958fc2b227b045c3f489f2ef98f0d5dfac05d3c63339b13802886d53fc05"); }
+KeyBytes pointOfOrderEight() { return bytesOf("26e8958fc2b227b045c3f489f2ef98f0d5dfac05d3c63339b13802886d53fc05"); }
 
 TEST(PublicKey, isReadFromBase64) {
   const SigningKey pair;
@@ -63,13 +63,13 @@ TEST(PublicKey, hasOneSpelling) {
                                            std::string(text).replace(7, 1, "-"),
                                            std::string(text).replace(7, 1, "_")};
   for (const std::string& other : others) {
-    EXPECT_EQ(refusalOf(other), "the key is not 32 bytes in base64") << other.substr(0, 60);
+    EXPECT_EQ(refusalOfKey(other), "the key is not 32 bytes in base64") << other.substr(0, 60);
   }
-  EXPECT_EQ(refusalOf(""), "the key is missing");
+  EXPECT_EQ(refusalOfKey(""), "the key is missing");
 }
 
 TEST(PublicKey, isNoPointOfSmallOrder) {
-  const std::vector<Bytes> points = {
+  const std::vector<KeyBytes> points = {
       ofPattern(0x01, 0x00, 0x00),
       ofPattern(0xec, 0xff, 0x7f),
       ofPattern(0x00, 0x00, 0x00),
@@ -81,22 +81,22 @@ TEST(PublicKey, isNoPointOfSmallOrder) {
       ofPattern(0x01, 0x00, 0x80),
       ofPattern(0xec, 0xff, 0xff),
   };
-  for (const Bytes& point : points) {
-    EXPECT_EQ(refusalOf(encodeBase64(point)), "the key is weak or no key at all");
+  for (const KeyBytes& point : points) {
+    EXPECT_EQ(refusalOfKey(encodeBase64(point)), "the key is weak or no key at all");
   }
 }
 
 TEST(PublicKey, isNoPointBesideTheGroup) {
-  Bytes mixed = {};
+  KeyBytes mixed = {};
   ASSERT_EQ(crypto_core_ed25519_add(mixed.data(), SigningKey().publicKey.data(), pointOfOrderEight().data()), 0);
-  EXPECT_EQ(refusalOf(encodeBase64(mixed)), "the key is weak or no key at all");
-  EXPECT_EQ(refusalOf(encodeBase64(ofPattern(0x02, 0x00, 0x00))), "the key is weak or no key at all");
+  EXPECT_EQ(refusalOfKey(encodeBase64(mixed)), "the key is weak or no key at all");
+  EXPECT_EQ(refusalOfKey(encodeBase64(ofPattern(0x02, 0x00, 0x00))), "the key is weak or no key at all");
 }
 
 TEST(PublicKey, isInItsCanonicalForm) {
   for (unsigned char above = 0xed; above != 0; ++above) {
-    EXPECT_EQ(refusalOf(encodeBase64(ofPattern(above, 0xff, 0x7f))), "the key is not in its canonical form");
-    EXPECT_EQ(refusalOf(encodeBase64(ofPattern(above, 0xff, 0xff))), "the key is not in its canonical form");
+    EXPECT_EQ(refusalOfKey(encodeBase64(ofPattern(above, 0xff, 0x7f))), "the key is not in its canonical form");
+    EXPECT_EQ(refusalOfKey(encodeBase64(ofPattern(above, 0xff, 0xff))), "the key is not in its canonical form");
   }
 }
 

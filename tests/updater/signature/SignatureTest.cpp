@@ -14,7 +14,7 @@
 namespace tarnwell::updater {
 namespace {
 
-using Bytes = std::array<unsigned char, Signature::length>;
+using SignatureBytes = std::array<unsigned char, Signature::length>;
 
 constexpr const char* notThisFileAndKey = "the signature does not belong to this file and key";
 
@@ -30,7 +30,7 @@ system::Descriptor fileOf(const std::string& content) {
 }
 
 /// Why `signature` is refused for a file of this content; empty when it is not.
-std::string refusalOf(std::string_view signature, const std::string& content, std::string_view key) {
+std::string refusalOfSignature(std::string_view signature, const std::string& content, std::string_view key) {
   const system::Descriptor file = fileOf(content);
   const auto parsedKey = PublicKey::parse(key);
   const auto parsed = Signature::parse(signature);
@@ -61,8 +61,8 @@ Container withFlippedBit(Container bytes, std::size_t bit) {
 
 TEST(Signature, holdsForTheFileItWasMadeFor) {
   const SigningKey key;
-  EXPECT_EQ(refusalOf(key.signatureOf(package()), package(), key.publicText()), "");
-  EXPECT_EQ(refusalOf(key.signatureOf(""), "", key.publicText()), "");
+  EXPECT_EQ(refusalOfSignature(key.signatureOf(package()), package(), key.publicText()), "");
+  EXPECT_EQ(refusalOfSignature(key.signatureOf(""), "", key.publicText()), "");
 }
 
 TEST(Signature, hasOneSpelling) {
@@ -81,7 +81,7 @@ TEST(Signature, hasOneSpelling) {
 }
 
 TEST(Signature, isInItsCanonicalForm) {
-  Bytes bytes = SigningKey().sign(package());
+  SignatureBytes bytes = SigningKey().sign(package());
   const std::array<unsigned char, 32> order = {0xed, 0xd3, 0xf5, 0x5c, 0x1a, 0x63, 0x12, 0x58, 0xd6, 0x9c, 0xf7,
                                                0xa2, 0xde, 0xf9, 0xde, 0x14, 0,    0,    0,    0,    0,    0,
                                                0,    0,    0,    0,    0,    0,    0,    0,    0,    0x10};
@@ -97,27 +97,29 @@ TEST(Signature, doesNotHoldForAnotherFile) {
   const SigningKey key;
   const std::string signature = key.signatureOf(package());
   for (const std::string& other : {std::string(), package() + "0", package().substr(1), package().substr(0, 1234)}) {
-    EXPECT_EQ(refusalOf(signature, other, key.publicText()), notThisFileAndKey);
+    EXPECT_EQ(refusalOfSignature(signature, other, key.publicText()), notThisFileAndKey);
   }
 }
 
 TEST(Signature, doesNotHoldForAnotherKey) {
-  EXPECT_EQ(refusalOf(SigningKey(1).signatureOf(package()), package(), SigningKey(2).publicText()), notThisFileAndKey);
+  EXPECT_EQ(refusalOfSignature(SigningKey(1).signatureOf(package()), package(), SigningKey(2).publicText()),
+            notThisFileAndKey);
 }
 
 TEST(Signature, doesNotHoldForAnyFlippedBitOfTheFilesStart) {
   const SigningKey key;
   const std::string signature = key.signatureOf(package());
   for (std::size_t bit = 0; bit < 512; ++bit) {
-    ASSERT_EQ(refusalOf(signature, withFlippedBit(package(), bit), key.publicText()), notThisFileAndKey) << bit;
+    ASSERT_EQ(refusalOfSignature(signature, withFlippedBit(package(), bit), key.publicText()), notThisFileAndKey)
+        << bit;
   }
 }
 
 TEST(Signature, doesNotHoldForAnyFlippedBitOfItsOwn) {
   const SigningKey key;
-  const Bytes signature = key.sign(package());
+  const SignatureBytes signature = key.sign(package());
   for (std::size_t bit = 0; bit < signature.size() * 8; ++bit) {
-    ASSERT_NE(refusalOf(encodeBase64(withFlippedBit(signature, bit)), package(), key.publicText()), "") << bit;
+    ASSERT_NE(refusalOfSignature(encodeBase64(withFlippedBit(signature, bit)), package(), key.publicText()), "") << bit;
   }
 }
 
@@ -125,7 +127,7 @@ TEST(Signature, doesNotHoldForAnyFlippedBitOfTheKey) {
   const SigningKey key;
   const std::string signature = key.signatureOf(package());
   for (std::size_t bit = 0; bit < key.publicKey.size() * 8; ++bit) {
-    ASSERT_NE(refusalOf(signature, package(), encodeBase64(withFlippedBit(key.publicKey, bit))), "") << bit;
+    ASSERT_NE(refusalOfSignature(signature, package(), encodeBase64(withFlippedBit(key.publicKey, bit))), "") << bit;
   }
 }
 
@@ -136,16 +138,16 @@ TEST(Signature, doesNotHoldForAnyChangedCharacterOfItsText) {
     for (const char other : {'A', 'z', '+', '=', ' ', '\n', '\0', '\xff'}) {
       std::string changed = signature;
       changed[at] = other;
-      ASSERT_EQ(refusalOf(changed, package(), key.publicText()).empty(), changed == signature) << at << other;
+      ASSERT_EQ(refusalOfSignature(changed, package(), key.publicText()).empty(), changed == signature) << at << other;
     }
   }
 }
 
 TEST(Signature, ofAPointOfSmallOrderHoldsForNothing) {
-  Bytes bytes = {};
-  EXPECT_EQ(refusalOf(encodeBase64(bytes), package(), SigningKey().publicText()), notThisFileAndKey);
+  SignatureBytes bytes = {};
+  EXPECT_EQ(refusalOfSignature(encodeBase64(bytes), package(), SigningKey().publicText()), notThisFileAndKey);
   bytes[0] = 1;
-  EXPECT_EQ(refusalOf(encodeBase64(bytes), package(), SigningKey().publicText()), notThisFileAndKey);
+  EXPECT_EQ(refusalOfSignature(encodeBase64(bytes), package(), SigningKey().publicText()), notThisFileAndKey);
 }
 
 TEST(Signature, overTheHashOfAFileIsNoSignatureOverTheFile) {
@@ -157,9 +159,9 @@ TEST(Signature, overTheHashOfAFileIsNoSignatureOverTheFile) {
   crypto_sign_init(&state);
   const std::string content = package();
   crypto_sign_update(&state, reinterpret_cast<const unsigned char*>(content.data()), content.size());
-  Bytes bytes = {};
+  SignatureBytes bytes = {};
   crypto_sign_final_create(&state, bytes.data(), nullptr, secret.data());
-  EXPECT_EQ(refusalOf(encodeBase64(bytes), content, encodeBase64(key)), notThisFileAndKey);
+  EXPECT_EQ(refusalOfSignature(encodeBase64(bytes), content, encodeBase64(key)), notThisFileAndKey);
 }
 
 TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {

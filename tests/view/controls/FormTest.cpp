@@ -22,7 +22,7 @@
 namespace tarnwell::view {
 namespace {
 
-using Kind = kit::Box::Kind;
+using BoxKind = kit::Box::Kind;
 
 // A form 300 wide has boxes of 260 from x = 20 on; rows stand 12 inside of them, 40 high at least.
 struct FormStage : Stage {
@@ -35,8 +35,8 @@ struct FormStage : Stage {
 
 TEST(SectionTest, rowsStandInABoxWithALineBetweenEachTwo) {
   FormStage stage{{Section{.rows = {fixedBlock("a", 10, 10), fixedBlock("b", 10, 60), fixedBlock("c", 10, 22)}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), (std::vector<kit::Rect>{{20, 20, 260, 40 + 78 + 40}}));
-  EXPECT_EQ(stage.host().boxes(Kind::separator), (std::vector<kit::Rect>{{32, 60, 236, 1}, {32, 138, 236, 1}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), (std::vector<kit::Rect>{{20, 20, 260, 40 + 78 + 40}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator), (std::vector<kit::Rect>{{32, 60, 236, 1}, {32, 138, 236, 1}}));
   EXPECT_EQ(stage.frame("a"), (kit::Rect{32, 35, 236, 10}));
   EXPECT_EQ(stage.frame("b"), (kit::Rect{32, 69, 236, 60}));
   EXPECT_EQ(stage.frame("c"), (kit::Rect{32, 147, 236, 22}));
@@ -60,21 +60,21 @@ TEST(SectionTest, aFooterBreaksItsLinesWhereTheRowsEnd) {
 
 TEST(SectionTest, withoutRowsThereIsNoBoxAndTheFooterStandsInItsPlace) {
   FormStage stage{{Section{.footer = wideBlock("foot", 10, 24)}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), std::vector<kit::Rect>{});
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), std::vector<kit::Rect>{});
   EXPECT_EQ(stage.frame("foot"), (kit::Rect{20, 20, 260, 24}));
   EXPECT_EQ(stage.window().contentSize().height, 64);
 }
 
 TEST(SectionTest, anEmptyRowLeavesNeitherGapNorLine) {
   FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22), EmptyView{}, fixedBlock("b", 10, 22), EmptyView{}}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::separator).size(), 1U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator).size(), 1U);
   EXPECT_EQ(stage.frame("b").y, 20 + 40 + 9);
   EXPECT_EQ(stage.window().contentSize().height, 120);
 }
 
 TEST(SectionTest, oneWithNothingButAbsentRowsIsAsOneWithoutRows) {
   FormStage stage{{Section{.rows = {EmptyView{}, EmptyView{}}, .footer = wideBlock("foot", 10, 24)}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), (std::vector<kit::Rect>{{20, 20, 260, 0}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), (std::vector<kit::Rect>{{20, 20, 260, 0}}));
   EXPECT_EQ(stage.frame("foot"), (kit::Rect{20, 20, 260, 24}));
   EXPECT_EQ(stage.window().contentSize().height, 64);
 }
@@ -82,22 +82,22 @@ TEST(SectionTest, oneWithNothingButAbsentRowsIsAsOneWithoutRows) {
 TEST(SectionTest, boxesComeAndGoWithTheRows) {
   FormStage stage{{Section{.footer = Text{"foot"}}}};
   stage.show(FormStage::page({Section{.rows = {Text{"a"}, Text{"b"}}, .footer = Text{"foot"}}}));
-  EXPECT_EQ(stage.host().boxes(Kind::group).size(), 1U);
-  EXPECT_EQ(stage.host().boxes(Kind::separator).size(), 1U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::group).size(), 1U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator).size(), 1U);
   stage.show(FormStage::page({Section{.rows = {Text{"a"}}, .footer = Text{"foot"}}}));
-  EXPECT_EQ(stage.host().boxes(Kind::separator).size(), 0U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator).size(), 0U);
   stage.show(FormStage::page({Section{.footer = Text{"foot"}}}));
-  EXPECT_EQ(stage.host().boxes(Kind::group).size(), 0U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::group).size(), 0U);
   stage.show(Text{"away"});
-  EXPECT_EQ(stage.host().boxes(Kind::group).size(), 0U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::group).size(), 0U);
 }
 
 TEST(SectionTest, boxesAndLinesAreGoneWhileTheEventThatTookThemAwayStillRuns) {
   FormStage stage{{Section{.rows = {Text{"a"}, Text{"b"}}}}};
   stage.perform([&] {
     stage.turn().nestedLoop([&] { stage.show(Text{"away"}); });
-    EXPECT_EQ(stage.host().boxes(Kind::group), std::vector<kit::Rect>{});
-    EXPECT_EQ(stage.host().boxes(Kind::separator), std::vector<kit::Rect>{});
+    EXPECT_EQ(stage.host().boxes(BoxKind::group), std::vector<kit::Rect>{});
+    EXPECT_EQ(stage.host().boxes(BoxKind::separator), std::vector<kit::Rect>{});
   });
 }
 
@@ -126,31 +126,31 @@ TEST(SectionTest, aRowThatFillsByItselfGetsItsLine) {
     return number.get() == 0 ? View(EmptyView{}) : fixedBlock("late", 10, 22);
   }};
   FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22), late}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::separator).size(), 0U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator).size(), 0U);
   stage.perform([&] { remote.set(1); });
-  EXPECT_EQ(stage.host().boxes(Kind::separator), (std::vector<kit::Rect>{{32, 60, 236, 1}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator), (std::vector<kit::Rect>{{32, 60, 236, 1}}));
   EXPECT_EQ(stage.frame("late").y, 69);
   stage.perform([&] { remote.set(0); });
-  EXPECT_EQ(stage.host().boxes(Kind::separator).size(), 0U);
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator).size(), 0U);
   EXPECT_EQ(stage.window().contentSize().height, 80);
 }
 
 TEST(SectionTest, boxesAndLinesStandOnWholePoints) {
   FormStage stage{{Section{.rows = {fixedBlock("a", 10, 30.4), fixedBlock("b", 10, 30.4)}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), (std::vector<kit::Rect>{{20, 20, 260, 97}}));
-  EXPECT_EQ(stage.host().boxes(Kind::separator), (std::vector<kit::Rect>{{32, 68, 236, 1}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), (std::vector<kit::Rect>{{20, 20, 260, 97}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::separator), (std::vector<kit::Rect>{{32, 68, 236, 1}}));
 }
 
 TEST(FormTest, sectionsStandOneUnderAnother) {
   FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22)}}, Section{.rows = {fixedBlock("b", 10, 22)}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), (std::vector<kit::Rect>{{20, 20, 260, 40}, {20, 78, 260, 40}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), (std::vector<kit::Rect>{{20, 20, 260, 40}, {20, 78, 260, 40}}));
   EXPECT_EQ(stage.window().contentSize(), (kit::Size{300, 138}));
 }
 
 TEST(FormTest, anAbsentSectionLeavesNoGap) {
   FormStage stage{{EmptyView{}, Section{.rows = {fixedBlock("a", 10, 22)}}, EmptyView{},
                    Section{.rows = {fixedBlock("b", 10, 22)}}}};
-  EXPECT_EQ(stage.host().boxes(Kind::group), (std::vector<kit::Rect>{{20, 20, 260, 40}, {20, 78, 260, 40}}));
+  EXPECT_EQ(stage.host().boxes(BoxKind::group), (std::vector<kit::Rect>{{20, 20, 260, 40}, {20, 78, 260, 40}}));
   EXPECT_EQ(stage.window().contentSize(), (kit::Size{300, 138}));
 }
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cmath>
 #include <sstream>
 
 #include "view/Counter.h"
@@ -11,8 +11,6 @@
 
 namespace tarnwell::view {
 namespace {
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 class ChangeTest : public testing::Test {
  protected:
@@ -53,12 +51,12 @@ TEST_F(ChangeTest, itRunsInAClosedWindowToo) {
 }
 
 TEST_F(ChangeTest, twoNansAreNoChange) {
-  Stage stage{noting(nan)};
-  stage.show(noting(nan));
+  Stage stage{noting(std::nan(""))};
+  stage.show(noting(std::nan("")));
   EXPECT_EQ(notes, Lines{});
   stage.show(noting(0.5));
-  stage.show(noting(nan));
-  stage.show(noting(nan));
+  stage.show(noting(std::nan("")));
+  stage.show(noting(std::nan("")));
   EXPECT_EQ(notes, (Lines{"0.5", "nan"}));
 }
 

@@ -4,6 +4,7 @@
 
 #include <numbers>
 
+#include "fixtures/ExpectDump.h"
 #include "kit/controls/Toggle.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
@@ -30,21 +31,7 @@ TEST(DumpTest, everyViewIsALineUnderItsContainer) {
   const Stage stage{
       Form{.sections = {Section{.rows = {row}, .footer = Text{"Foot."}},
                         Section{.footer = HStack{.spacing = 3, .children = {save, Spacer{}, reset.disabled(true)}}}}}};
-  EXPECT_EQ(stage.dump(),
-            "Form\n"
-            "  Section\n"
-            "    Row\n"
-            "      HStack on baseline, spacing 8\n"
-            "        Symbol eye\n"
-            "        Text \"Dim\"\n"
-            "      Text \"Dims.\" subheadline secondary\n"
-            "      Toggle (Dim) on\n"
-            "    Text \"Foot.\"\n"
-            "  Section without a box\n"
-            "    HStack centred, spacing 3\n"
-            "      Button \"Save\" default\n"
-            "      Spacer\n"
-            "      Button \"Reset\" destructive disabled\n");
+  fixtures::expectDump("view/tree/Form.dump", stage.dump());
 }
 
 TEST(DumpTest, framesAndTurnsAreTold) {

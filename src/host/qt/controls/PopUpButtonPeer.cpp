@@ -17,7 +17,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr double radius = 6;
+constexpr double buttonRadius = 6;
 constexpr double badgeSide = 16;
 constexpr double badgeGap = 4;
 constexpr double badgeRadius = 4;
@@ -29,7 +29,7 @@ class PopUpButtonWidget final : public ControlWidget {
   PopUpButtonWidget(kit::PopUpButton& button, const Theme& theme, QWidget* parent)
       : ControlWidget(button, theme, parent), button_(button) {}
 
-  double cornerRadius() const override { return radius; }
+  double cornerRadius() const override { return buttonRadius; }
 
   void openMenu() {
     if (menu_ || button_.items().empty()) {
@@ -45,7 +45,7 @@ class PopUpButtonWidget final : public ControlWidget {
  protected:
   void draw(QPainter& painter) override {
     const Palette& palette = theme().palette();
-    drawFace(painter, face(), radius, menu_ ? palette.controlFacePressed : palette.controlFace, palette);
+    drawFace(painter, face(), buttonRadius, menu_ ? palette.controlFacePressed : palette.controlFace, palette);
     if (const int index = button_.selectedIndex(); index >= 0) {
       const QRectF line = bounds().adjusted(kit::metrics::popUpInset, 0, 0, 0);
       drawItemLine(painter, button_.items().at(static_cast<std::size_t>(index)), line, palette.primaryText, theme());

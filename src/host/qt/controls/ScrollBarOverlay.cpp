@@ -11,7 +11,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr int barWidth = 12;
-constexpr double edge = 3;  // Around the thumb.
+constexpr double thumbMargin = 3;  // Around the thumb.
 constexpr double leastThumb = 28;
 constexpr int restingAlpha = 110;
 constexpr int heldAlpha = 170;
@@ -67,19 +67,19 @@ void ScrollBarOverlay::mouseReleaseEvent(QMouseEvent* /*event*/) {
 }
 
 QRectF ScrollBarOverlay::thumb() const {
-  const double room = height() - 2 * edge;
+  const double room = height() - 2 * thumbMargin;
   const double length =
       std::clamp(room * height() / std::max(1.0, area_->contentHeight()), leastThumb, std::max(leastThumb, room));
   const double share = hiddenLength() > 0 ? area_->offset() / hiddenLength() : 0;
-  return {edge, edge + (room - length) * share, barWidth - 2 * edge, length};
+  return {thumbMargin, thumbMargin + (room - length) * share, barWidth - 2 * thumbMargin, length};
 }
 
 double ScrollBarOverlay::hiddenLength() const { return area_->contentHeight() - area_->bounds().height; }
 
 void ScrollBarOverlay::dragThumbTo(double top) {
-  const double way = height() - 2 * edge - thumb().height();
+  const double way = height() - 2 * thumbMargin - thumb().height();
   if (way > 0) {
-    area_->scrollTo((top - edge) / way * hiddenLength());
+    area_->scrollTo((top - thumbMargin) / way * hiddenLength());
   }
   update();
 }

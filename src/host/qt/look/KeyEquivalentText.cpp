@@ -15,17 +15,18 @@ struct Modifier {
 };
 
 // In the order in which desktops write them.
-constexpr std::array<Modifier, 4> modifiers = {Modifier{.flag = kit::commandFlag, .shown = "Ctrl", .name = "Control"},
-                                               Modifier{.flag = kit::controlFlag, .shown = "Meta", .name = "Super"},
-                                               Modifier{.flag = kit::optionFlag, .shown = "Alt", .name = "Alt"},
-                                               Modifier{.flag = kit::shiftFlag, .shown = "Shift", .name = "Shift"}};
+constexpr std::array<Modifier, 4> shownModifiers = {
+    Modifier{.flag = kit::commandFlag, .shown = "Ctrl", .name = "Control"},
+    Modifier{.flag = kit::controlFlag, .shown = "Meta", .name = "Super"},
+    Modifier{.flag = kit::optionFlag, .shown = "Alt", .name = "Alt"},
+    Modifier{.flag = kit::shiftFlag, .shown = "Shift", .name = "Shift"}};
 
 QStringList parts(const kit::MenuItem::KeyEquivalent& equivalent, const char* Modifier::*wording) {
   if (equivalent.key.empty()) {
     return {};
   }
   QStringList parts;
-  for (const Modifier& modifier : modifiers) {
+  for (const Modifier& modifier : shownModifiers) {
     if ((equivalent.modifierFlags & modifier.flag) != 0) {
       parts += QString::fromLatin1(modifier.*wording);
     }

@@ -25,7 +25,7 @@ constexpr int besideIcon = 16;
 constexpr int belowHeading = 5;
 constexpr int betweenParts = 14;
 constexpr int betweenButtons = 8 - 2 * panelRing;
-constexpr int textWidth = panelWidth - 2 * panelMargin - panelIconSide - besideIcon;
+constexpr int panelTextWidth = panelWidth - 2 * panelMargin - panelIconSide - besideIcon;
 constexpr int headingGrowth = 2;  // Pixels.
 
 QLabel* makeText(const std::string& text, const QFont& font, QWidget* parent) {
@@ -35,7 +35,7 @@ QLabel* makeText(const std::string& text, const QFont& font, QWidget* parent) {
   label->setText(toQString(text));
   label->setFont(font);
   label->setWordWrap(true);
-  label->setFixedWidth(textWidth);
+  label->setFixedWidth(panelTextWidth);
   return label;
 }
 

@@ -11,7 +11,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
@@ -51,7 +51,8 @@ PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme,
   registerBusTypes();
   owner_ = std::make_unique<BusNameOwner>(*bus, service);
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
-  bus->connect(QString(), path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
+  bus->connect(QString(), portalPath, interface, QStringLiteral("SettingChanged"), this,
+               SLOT(settingChanged(QDBusMessage)));
   ask(*bus, colorSchemeKey, first);
   ask(*bus, accentKey, first);
   ask(*bus, contrastKey, first);
@@ -65,7 +66,7 @@ void PortalSettings::settingChanged(const QDBusMessage& signal) {
 }
 
 void PortalSettings::ask(const QDBusConnection& bus, const QString& key, FirstAnswers& first) {
-  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+  QDBusMessage message = QDBusMessage::createMethodCall(service, portalPath, interface, QStringLiteral("Read"));
   message.setArguments({appearance, key});
   auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* finished) {

@@ -22,8 +22,6 @@ namespace {
 
 using driver::seen;
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
-
 template <class C>
 C& named(C& control, const std::string& name) {
   control.setAccessibleName(name);
@@ -32,7 +30,7 @@ C& named(C& control, const std::string& name) {
 
 TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
   Stage stage;
-  auto& field = stage.add(makeField("1"), place);
+  auto& field = stage.add(makeField("1"), usualPlace);
   std::string committed;
   field.setAction([&committed](const std::string& text) { committed = text; });
   seen(field).setText(QAccessible::Value, QStringLiteral("0.3"));
@@ -44,7 +42,7 @@ TEST(AccessibilityTest, textThatIsSetCountsAsTyped) {
 
 TEST(AccessibilityTest, fieldTellsItsTextWithCaretAndSelection) {
   Stage stage;
-  auto& field = stage.add(makeField("0.25 or so"), place);
+  auto& field = stage.add(makeField("0.25 or so"), usualPlace);
   stage.show();
   auto& edit = static_cast<QLineEdit&>(driver::widget(field));
   QAccessibleTextInterface* text = seen(field).textInterface();
@@ -71,7 +69,7 @@ TEST(AccessibilityTest, fieldTellsItsTextWithCaretAndSelection) {
 
 TEST(AccessibilityTest, fieldTellsWhereItsCharactersAre) {
   Stage stage;
-  auto& field = stage.add(makeField("0.25 or so"), place);
+  auto& field = stage.add(makeField("0.25 or so"), usualPlace);
   stage.show();
   QAccessibleTextInterface& text = *seen(field).textInterface();
   for (const int caret : {0, 4, 10}) {
@@ -88,7 +86,7 @@ TEST(AccessibilityTest, fieldTellsWhereItsCharactersAre) {
 TEST(AccessibilityTest, partsOfATextAreReplacedAsIfTyped) {
   Stage stage;
   std::string committed;
-  auto& field = stage.add(makeField("0.25", [&committed](const std::string& text) { committed = text; }), place);
+  auto& field = stage.add(makeField("0.25", [&committed](const std::string& text) { committed = text; }), usualPlace);
   QAccessibleEditableTextInterface* editable = seen(field).editableTextInterface();
   ASSERT_NE(editable, nullptr);
   editable->insertText(4, "6");
@@ -104,7 +102,7 @@ TEST(AccessibilityTest, partsOfATextAreReplacedAsIfTyped) {
 TEST(AccessibilityTest, takingTheKeyboardCommitsNothingOfTheFieldItself) {
   Stage stage;
   std::string committed;
-  auto& field = stage.add(makeField("1", [&committed](const std::string& text) { committed = text; }), place);
+  auto& field = stage.add(makeField("1", [&committed](const std::string& text) { committed = text; }), usualPlace);
   stage.show();
   seen(field).setText(QAccessible::Value, "7");
   seen(field).actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
@@ -117,8 +115,8 @@ struct ActionStage : Stage {
   void noteIt(const std::string& what) { done.push_back(what); }
 
   std::vector<std::string> done;
-  kit::TextField& field = add(makeField("1", [this](const std::string& text) { noteIt("typed " + text); }), place);
-  kit::Button& button = add(makeButton("Save", [this] { noteIt("button"); }), place);
+  kit::TextField& field = add(makeField("1", [this](const std::string& text) { noteIt("typed " + text); }), usualPlace);
+  kit::Button& button = add(makeButton("Save", [this] { noteIt("button"); }), usualPlace);
 };
 
 using Interface = QAccessibleActionInterface;
@@ -155,8 +153,8 @@ TEST(AccessibilityTest, escapeAtAnotherControlTakesBackTheTextThatWasSet) {
 TEST(AccessibilityTest, actionOnAControlThatTheCommitEndsDoesNothing) {
   Stage stage;
   int runs = 0;
-  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
-  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), usualPlace);
+  auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), usualPlace);
   seen(field).setText(QAccessible::Value, "7");
   act(seen(button), Interface::pressAction());
   EXPECT_EQ(runs, 0);
@@ -164,8 +162,8 @@ TEST(AccessibilityTest, actionOnAControlThatTheCommitEndsDoesNothing) {
 
 TEST(AccessibilityTest, textForAFieldThatTheCommitEndsIsLost) {
   Stage stage;
-  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
-  auto& other = stage.add(makeField("1"), place);
+  auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), usualPlace);
+  auto& other = stage.add(makeField("1"), usualPlace);
   const QPointer<QWidget> widget = &driver::widget(other);
   seen(field).setText(QAccessible::Value, "7");
   seen(other).setText(QAccessible::Value, "2");
@@ -175,7 +173,7 @@ TEST(AccessibilityTest, textForAFieldThatTheCommitEndsIsLost) {
 
 TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
   Stage stage;
-  auto& button = stage.add(makePopUpButton(), place);
+  auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   EXPECT_EQ(seen(button).text(QAccessible::Value), "Genie");
   EXPECT_EQ(seen(button).text(QAccessible::Description), "Genie");
@@ -222,10 +220,11 @@ TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {
 
 TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
   Stage stage;
-  auto& label = stage.add(makeLabel("Delay"), place);
-  const std::vector<kit::Control*> controls = {&stage.add(makeSlider(0.5), place), &stage.add(makeStepper(), place),
-                                               &stage.add(makeToggle(), place), &stage.add(makeButton("Save"), place),
-                                               &stage.add(makeField("1"), place)};
+  auto& label = stage.add(makeLabel("Delay"), usualPlace);
+  const std::vector<kit::Control*> controls = {
+      &stage.add(makeSlider(0.5), usualPlace), &stage.add(makeStepper(), usualPlace),
+      &stage.add(makeToggle(), usualPlace), &stage.add(makeButton("Save"), usualPlace),
+      &stage.add(makeField("1"), usualPlace)};
   for (kit::Control* control : controls) {
     control->setAccessibleDescription("How long.");
     control->setLabel(&label);
@@ -235,14 +234,14 @@ TEST(AccessibilityTest, descriptionsAndLabelsAreToldOfEveryKindOfControl) {
     EXPECT_EQ(relations[0].first, &seen(label));
     EXPECT_TRUE(seen(*control).relations(QAccessible::Controlled).isEmpty());
   }
-  auto& popUp = stage.add(makePopUpButton(), place);
+  auto& popUp = stage.add(makePopUpButton(), usualPlace);
   popUp.setAccessibleDescription("Which one.");
   EXPECT_EQ(seen(popUp).text(QAccessible::Description), "Genie. Which one.");
 }
 
 TEST(AccessibilityTest, labelThatIsGoneNamesNothing) {
   Stage stage;
-  auto& toggle = stage.add(makeToggle(), place);
+  auto& toggle = stage.add(makeToggle(), usualPlace);
   {
     kit::TextLabel label;
     toggle.setLabel(&label);
@@ -254,10 +253,10 @@ TEST(AccessibilityTest, labelThatIsGoneNamesNothing) {
 
 TEST(AccessibilityTest, decorationIsNoObject) {
   Stage stage;
-  stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), place);
-  stage.add(std::make_unique<kit::SymbolView>(), place);
-  auto& tortoise = named(stage.add(std::make_unique<kit::SymbolView>(), place), "Slow");
-  auto& label = stage.add(makeLabel("Text"), place);
+  stage.add(std::make_unique<kit::Box>(kit::Box::Kind::separator), usualPlace);
+  stage.add(std::make_unique<kit::SymbolView>(), usualPlace);
+  auto& tortoise = named(stage.add(std::make_unique<kit::SymbolView>(), usualPlace), "Slow");
+  auto& label = stage.add(makeLabel("Text"), usualPlace);
   QAccessibleInterface& ground = *seen(label).parent();
   ASSERT_EQ(ground.childCount(), 2);
   EXPECT_EQ(ground.child(0), &seen(tortoise));

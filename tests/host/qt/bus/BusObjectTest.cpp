@@ -21,11 +21,11 @@
 namespace tarnwell::host_qt {
 namespace {
 
-const QString properties = "org.freedesktop.DBus.Properties";
+const QString propertyInterface = "org.freedesktop.DBus.Properties";
 const QString itemPath = "/Item";
 const QString itemInterface = "org.kde.StatusNotifierItem";
 const QString menuPath = "/Item/Menu";
-const QString menuInterface = "com.canonical.dbusmenu";
+const QString busMenuInterface = "com.canonical.dbusmenu";
 const QString servicePath = "/example/tarnwell/Tarnwell";
 const QString serviceInterface = "org.freedesktop.Application";
 
@@ -125,11 +125,11 @@ class BusObjectTest : public testing::Test {
   }
 
   std::string menuError(const QString& method, const QVariantList& arguments) const {
-    return errorIn(stranger_.call(menuPath, menuInterface, method, arguments));
+    return errorIn(stranger_.call(menuPath, busMenuInterface, method, arguments));
   }
 
   std::string propertyError(const QString& method, const QVariantList& arguments) const {
-    return errorIn(stranger_.call(itemPath, properties, method, arguments));
+    return errorIn(stranger_.call(itemPath, propertyInterface, method, arguments));
   }
 
   void expectAnswersStill() const {
@@ -153,7 +153,7 @@ TEST_F(BusObjectTest, callsOfOtherTypesAreRefused) {
     const auto methods = methodsIn(introspection(path));
     ASSERT_GE(methods.size(), 3U);
     for (const Method& method : methods) {
-      if (method.interface.startsWith("org.freedesktop.DBus.") && method.interface != properties) {
+      if (method.interface.startsWith("org.freedesktop.DBus.") && method.interface != propertyInterface) {
         continue;
       }
       for (const QVariantList& arguments : strangeArguments()) {
@@ -175,7 +175,7 @@ TEST_F(BusObjectTest, callsWithoutArgumentsAreRefusedWhereSomeAreTaken) {
 }
 
 TEST_F(BusObjectTest, refusalSaysWhatWouldBeTaken) {
-  const auto answer = stranger_.call(menuPath, menuInterface, "GetProperty", {"one", "label"});
+  const auto answer = stranger_.call(menuPath, busMenuInterface, "GetProperty", {"one", "label"});
   EXPECT_EQ(answer.errorMessage(), "GetProperty takes (is), not (ss)");
 }
 
@@ -194,7 +194,7 @@ TEST_F(BusObjectTest, propertiesCanOnlyBeRead) {
   EXPECT_EQ(propertyError("Set", {itemInterface, "Title", value}), standardError("PropertyReadOnly"));
   EXPECT_EQ(propertyError("Set", {itemInterface, "Weight", value}), standardError("UnknownProperty"));
   EXPECT_EQ(propertyError("Set", {"example.Other", "Title", value}), standardError("UnknownInterface"));
-  const auto title = stranger_.call(itemPath, properties, "Get", {itemInterface, "Title"}).arguments().value(0);
+  const auto title = stranger_.call(itemPath, propertyInterface, "Get", {itemInterface, "Title"}).arguments().value(0);
   EXPECT_EQ(title.value<QDBusVariant>().variant().toString(), "Utility App");
 }
 
@@ -206,7 +206,7 @@ TEST_F(BusObjectTest, interfaceMayBeLeftOut) {
 
 TEST_F(BusObjectTest, introspectionTellsTheTypesThatAreAnswered) {
   const QString text = introspection(itemPath);
-  const auto answer = stranger_.call(itemPath, properties, "GetAll", {itemInterface});
+  const auto answer = stranger_.call(itemPath, propertyInterface, "GetAll", {itemInterface});
   const auto all = qdbus_cast<QVariantMap>(answer.arguments().value(0));
   ASSERT_EQ(all.size(), 10);
   for (auto property = all.begin(); property != all.end(); ++property) {
@@ -225,16 +225,17 @@ TEST_F(BusObjectTest, entriesThatDoNotExistAreTold) {
   EXPECT_EQ(menuError("AboutToShow", {77}), standardError("InvalidArgs"));
   const BusList<BusMenuEvent> events = {.items = {{.id = 77, .kind = "clicked", .data = QDBusVariant(0)},
                                                   {.id = 1, .kind = "clicked", .data = QDBusVariant(0)}}};
-  const auto group = stranger_.call(menuPath, menuInterface, "EventGroup", {QVariant::fromValue(events)});
+  const auto group = stranger_.call(menuPath, busMenuInterface, "EventGroup", {QVariant::fromValue(events)});
   EXPECT_TRUE(becomes([this] { return chosen_ == 1; }));
   EXPECT_EQ(qdbus_cast<QList<int>>(group.arguments().value(0)), QList<int>{77});
-  const auto shown = stranger_.call(menuPath, menuInterface, "AboutToShowGroup", {QVariant::fromValue(QList{1, 78})});
+  const auto shown =
+      stranger_.call(menuPath, busMenuInterface, "AboutToShowGroup", {QVariant::fromValue(QList{1, 78})});
   EXPECT_EQ(qdbus_cast<QList<int>>(shown.arguments().value(1)), QList<int>{78});
 }
 
 TEST_F(BusObjectTest, layoutGoesAsDeepAsItIsAsked) {
   const auto entriesBelowMore = [this](int depth) {
-    const auto answer = stranger_.call(menuPath, menuInterface, "GetLayout", {0, depth, QStringList()});
+    const auto answer = stranger_.call(menuPath, busMenuInterface, "GetLayout", {0, depth, QStringList()});
     const auto children = qdbus_cast<BusMenuLayout>(answer.arguments().value(1)).children;
     return children.size() < 2 ? -1 : static_cast<int>(qdbus_cast<BusMenuLayout>(children.at(1)).children.size());
   };
@@ -271,7 +272,7 @@ TEST_F(BusObjectTest, arraysWithoutMeasureAreRefused) {
 TEST_F(BusObjectTest, groupsOfAnHonestSizeAreTaken) {
   const QList<int> ids(mostBusItems, 1);
   const auto answer =
-      stranger_.call(menuPath, menuInterface, "GetGroupProperties", {QVariant::fromValue(ids), QStringList()});
+      stranger_.call(menuPath, busMenuInterface, "GetGroupProperties", {QVariant::fromValue(ids), QStringList()});
   EXPECT_EQ(qdbus_cast<QList<BusMenuItem>>(answer.arguments().value(0)).size(), ids.size());
 }
 

@@ -9,7 +9,7 @@
 namespace tarnwell::host_qt {
 namespace {
 
-QDBusConnection newConnection() {
+QDBusConnection connectionOfStranger() {
   static int count = 0;
   return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
                                        QStringLiteral("stranger %1").arg(++count));
@@ -17,7 +17,7 @@ QDBusConnection newConnection() {
 
 }  // namespace
 
-Stranger::Stranger() : connection_(newConnection()) {}
+Stranger::Stranger() : connection_(connectionOfStranger()) {}
 
 Stranger::~Stranger() { QDBusConnection::disconnectFromBus(connection_.name()); }
 

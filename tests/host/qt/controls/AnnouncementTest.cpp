@@ -14,8 +14,6 @@ namespace {
 
 using driver::seen;
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
-
 using Types = std::vector<QAccessible::Event>;
 
 Types typesOf(const kit::Control& control, kit::Aspect aspect) {
@@ -33,9 +31,9 @@ QVariant announcedValue(const kit::Control& control) {
 
 TEST(AnnouncementTest, newValuesAreTold) {
   Stage stage;
-  auto& slider = stage.add(makeSlider(0.5), place);
-  auto& stepper = stage.add(makeStepper(), place);
-  auto& popUp = stage.add(makePopUpButton(), place);
+  auto& slider = stage.add(makeSlider(0.5), usualPlace);
+  auto& stepper = stage.add(makeStepper(), usualPlace);
+  auto& popUp = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   EXPECT_EQ(typesOf(slider, kit::Aspect::value), Types{QAccessible::ValueChanged});
   EXPECT_EQ(announcedValue(slider), QVariant(0.5));
@@ -45,14 +43,14 @@ TEST(AnnouncementTest, newValuesAreTold) {
 
 TEST(AnnouncementTest, switchTellsThatItsStateIsNew) {
   Stage stage;
-  const auto& toggle = stage.add(makeToggle(), place);
+  const auto& toggle = stage.add(makeToggle(), usualPlace);
   stage.show();
   EXPECT_EQ(typesOf(toggle, kit::Aspect::value), Types{QAccessible::StateChanged});
 }
 
 TEST(AnnouncementTest, namesAndDescriptionsAreToldOnce) {
   Stage stage;
-  auto& label = stage.add(makeLabel("Text"), place);
+  auto& label = stage.add(makeLabel("Text"), usualPlace);
   stage.show();
   EXPECT_EQ(typesOf(label, kit::Aspect::title), Types{QAccessible::NameChanged});
   EXPECT_EQ(typesOf(label, kit::Aspect::style), Types{});
@@ -78,8 +76,8 @@ TEST(AnnouncementTest, everyTabTellsWhetherItIsChosenAndTheChosenOneThatItHasThe
 
 TEST(AnnouncementTest, aPageComesAndGoesAsAWhole) {
   Stage stage;
-  auto& area = stage.add(std::make_unique<kit::ScrollArea>(), place);
-  auto& toggle = stage.addTo(area, makeToggle(), place);
+  auto& area = stage.add(std::make_unique<kit::ScrollArea>(), usualPlace);
+  auto& toggle = stage.addTo(area, makeToggle(), usualPlace);
   for (const auto type : {QAccessible::ObjectShow, QAccessible::ObjectHide}) {
     EXPECT_TRUE(isWorthTelling(QAccessibleEvent(&driver::widget(area), type)));
     EXPECT_FALSE(isWorthTelling(QAccessibleEvent(&driver::widget(toggle), type)));
@@ -90,7 +88,7 @@ TEST(AnnouncementTest, aPageComesAndGoesAsAWhole) {
 
 TEST(AnnouncementTest, aControlThatIsNotSeenYetHasNoNews) {
   Stage stage;
-  const auto& toggle = stage.add(makeToggle(), place);
+  const auto& toggle = stage.add(makeToggle(), usualPlace);
   EXPECT_EQ(typesOf(toggle, kit::Aspect::value), Types{});
   EXPECT_EQ(typesOf(toggle, kit::Aspect::accessibleName), Types{});
 }

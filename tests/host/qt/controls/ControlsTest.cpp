@@ -16,7 +16,6 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
 constexpr kit::Rect stepperPlace = {.x = 20, .y = 20, .width = 16, .height = 22};
 constexpr kit::Point upperHalf = {.x = 8, .y = 5};
 constexpr kit::Point lowerHalf = {.x = 8, .y = 16};
@@ -24,7 +23,7 @@ constexpr kit::Point lowerHalf = {.x = 8, .y = 16};
 TEST(ButtonTest, clickRunsTheActionOnce) {
   Stage stage;
   int runs = 0;
-  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), usualPlace);
   stage.show();
   driver::click(button);
   EXPECT_EQ(runs, 1);
@@ -33,7 +32,7 @@ TEST(ButtonTest, clickRunsTheActionOnce) {
 TEST(ButtonTest, lettingGoElsewhereIsNoClick) {
   Stage stage;
   int runs = 0;
-  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), usualPlace);
   stage.show();
   driver::press(button, {.x = 10, .y = 10});
   driver::moveTo(button, {.x = 200, .y = 100});
@@ -44,7 +43,7 @@ TEST(ButtonTest, lettingGoElsewhereIsNoClick) {
 TEST(ButtonTest, spacePressesTheFocusedOne) {
   Stage stage;
   int runs = 0;
-  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), place);
+  const auto& button = stage.add(makeButton("Save", [&runs] { ++runs; }), usualPlace);
   stage.show();
   driver::keyAt(button, Qt::Key_Space);
   EXPECT_EQ(runs, 1);
@@ -52,7 +51,7 @@ TEST(ButtonTest, spacePressesTheFocusedOne) {
 
 TEST(ButtonTest, everyKindLooksDifferent) {
   Stage stage;
-  auto& button = stage.add(makeButton("Save"), place);
+  auto& button = stage.add(makeButton("Save"), usualPlace);
   stage.show();
   QWidget& widget = driver::widget(button);
   const QImage plain = widget.grab().toImage();
@@ -73,7 +72,7 @@ TEST(ButtonTest, everyKindLooksDifferent) {
 
 TEST(ToggleTest, clickAndSpaceTurnIt) {
   Stage stage;
-  const auto& toggle = stage.add(makeToggle(), place);
+  const auto& toggle = stage.add(makeToggle(), usualPlace);
   stage.show();
   driver::click(toggle);
   EXPECT_TRUE(toggle.isOn());

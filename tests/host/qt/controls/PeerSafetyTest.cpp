@@ -11,11 +11,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
-
 TEST(PeerSafetyTest, buttonMayEndItselfWhenClicked) {
   Stage stage;
-  const auto& button = stage.add(makeButton("End", [&stage] { stage.clear(); }), place);
+  const auto& button = stage.add(makeButton("End", [&stage] { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(button);
   driver::click(button);
@@ -25,7 +23,7 @@ TEST(PeerSafetyTest, buttonMayEndItselfWhenClicked) {
 
 TEST(PeerSafetyTest, buttonMayEndItselfWithTheSpaceBar) {
   Stage stage;
-  const auto& button = stage.add(makeButton("End", [&stage] { stage.clear(); }), place);
+  const auto& button = stage.add(makeButton("End", [&stage] { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(button);
   driver::keyAt(button, Qt::Key_Space);
@@ -35,7 +33,7 @@ TEST(PeerSafetyTest, buttonMayEndItselfWithTheSpaceBar) {
 
 TEST(PeerSafetyTest, toggleMayEndItself) {
   Stage stage;
-  const auto& toggle = stage.add(makeToggle([&stage](bool) { stage.clear(); }), place);
+  const auto& toggle = stage.add(makeToggle([&stage](bool) { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(toggle);
   driver::click(toggle);
@@ -51,7 +49,7 @@ TEST(PeerSafetyTest, sliderMayEndItselfInTheMiddleOfADrag) {
                                                 stage.clear();
                                               }
                                             }),
-                                 place);
+                                 usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(slider);
   driver::press(slider, {.x = 5, .y = 12});
@@ -63,7 +61,7 @@ TEST(PeerSafetyTest, sliderMayEndItselfInTheMiddleOfADrag) {
 
 TEST(PeerSafetyTest, stepperMayEndItselfWhileItIsHeld) {
   Stage stage;
-  const auto& stepper = stage.add(makeStepper([&stage](double) { stage.clear(); }), place);
+  const auto& stepper = stage.add(makeStepper([&stage](double) { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(stepper);
   driver::press(stepper, {.x = 8, .y = 4});
@@ -73,7 +71,7 @@ TEST(PeerSafetyTest, stepperMayEndItselfWhileItIsHeld) {
 
 TEST(PeerSafetyTest, popUpButtonMayEndItselfFromItsMenu) {
   Stage stage;
-  const auto& button = stage.add(makePopUpButton([&stage](int) { stage.clear(); }), place);
+  const auto& button = stage.add(makePopUpButton([&stage](int) { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(button);
   driver::choose(button, 1);
@@ -83,7 +81,7 @@ TEST(PeerSafetyTest, popUpButtonMayEndItselfFromItsMenu) {
 
 TEST(PeerSafetyTest, fieldMayEndItselfWhenItCommits) {
   Stage stage;
-  const auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  const auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(field);
   driver::type(field, "2");
@@ -94,7 +92,7 @@ TEST(PeerSafetyTest, fieldMayEndItselfWhenItCommits) {
 
 TEST(PeerSafetyTest, pressedControlMayGoBeforeThePressIsDelivered) {
   Stage stage;
-  const auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), place);
+  const auto& field = stage.add(makeField("1", [&stage](const std::string&) { stage.clear(); }), usualPlace);
   int pressed = 0;
   const auto& button =
       stage.add(makeButton("Save", [&pressed] { ++pressed; }), {.x = 20, .y = 80, .width = 80, .height = 24});
@@ -126,7 +124,7 @@ TEST(PeerSafetyTest, tabBarMayGoBeforeTheKeyThatChoosesATabIsDelivered) {
 
 TEST(PeerSafetyTest, windowMayEndItselfWhenItIsClosed) {
   Stage stage;
-  stage.add(makeButton("Save"), place);
+  stage.add(makeButton("Save"), usualPlace);
   stage.show();
   const QPointer<QWidget> widget = &driver::widget(stage.window());
   stage.window().setCloseAction([&stage] {
@@ -157,7 +155,7 @@ TEST(PeerSafetyTest, windowMayEndItselfByAKey) {
 
 TEST(PeerSafetyTest, controlsMayOutliveTheirWindow) {
   Stage stage;
-  auto& field = stage.add(makeField("1"), place);
+  auto& field = stage.add(makeField("1"), usualPlace);
   stage.show();
   stage.endWindow();
   driver::settle();

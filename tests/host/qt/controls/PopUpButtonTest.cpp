@@ -13,12 +13,10 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 120, .height = 24};
-
 TEST(PopUpButtonTest, choosesFromItsMenu) {
   Stage stage;
   std::vector<int> chosen;
-  const auto& button = stage.add(makePopUpButton([&chosen](int index) { chosen.push_back(index); }), place);
+  const auto& button = stage.add(makePopUpButton([&chosen](int index) { chosen.push_back(index); }), usualPlace);
   stage.show();
   driver::choose(button, 2);
   EXPECT_EQ(button.selectedIndex(), 2);
@@ -27,7 +25,7 @@ TEST(PopUpButtonTest, choosesFromItsMenu) {
 
 TEST(PopUpButtonTest, choosesWithTheKeyboard) {
   Stage stage;
-  const auto& button = stage.add(makePopUpButton(), place);
+  const auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   driver::keyAt(button, Qt::Key_Space);
   QWidget* menu = QApplication::activePopupWidget();
@@ -40,7 +38,7 @@ TEST(PopUpButtonTest, choosesWithTheKeyboard) {
 
 TEST(PopUpButtonTest, escapeClosesTheMenuAndChoosesNothing) {
   Stage stage;
-  const auto& button = stage.add(makePopUpButton(), place);
+  const auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   driver::keyAt(button, Qt::Key_Down);
   QWidget* menu = QApplication::activePopupWidget();
@@ -52,7 +50,7 @@ TEST(PopUpButtonTest, escapeClosesTheMenuAndChoosesNothing) {
 
 TEST(PopUpButtonTest, firstLettersChoose) {
   Stage stage;
-  const auto& button = stage.add(makePopUpButton(), place);
+  const auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   driver::keyAt(button, Qt::Key_S);
   EXPECT_EQ(button.selectedIndex(), 1);
@@ -64,7 +62,7 @@ TEST(PopUpButtonTest, firstLettersChoose) {
 
 TEST(PopUpButtonTest, spaceOpensTheMenuRightAfterALetter) {
   Stage stage;
-  const auto& button = stage.add(makePopUpButton(), place);
+  const auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   driver::keyAt(button, Qt::Key_S);
   driver::key(stage.window(), Qt::Key_Space);
@@ -74,7 +72,7 @@ TEST(PopUpButtonTest, spaceOpensTheMenuRightAfterALetter) {
 
 TEST(PopUpButtonTest, menuMarksWhatIsChosen) {
   Stage stage;
-  auto& button = stage.add(makePopUpButton(), place);
+  auto& button = stage.add(makePopUpButton(), usualPlace);
   button.setSelectedIndex(1);
   stage.show();
   driver::click(button);
@@ -113,7 +111,7 @@ void expectTheSymbolBehindTheTitle(const std::array<QImage, 3>& pictures) {
 }
 
 kit::PopUpButton& addButtonOfThreePictures(Stage& stage) {
-  auto& button = stage.add(makePopUpButton(), place);
+  auto& button = stage.add(makePopUpButton(), usualPlace);
   button.setItems({{.title = "Genie", .symbol = "tornado"}, {.title = "Genie"}, {}});
   button.setSelectedIndex(-1);
   stage.show();
@@ -146,7 +144,7 @@ TEST(PopUpButtonTest, symbolStandsBehindTheTitleInTheMenuToo) {
 
 TEST(PopUpMenuTest, lettersChooseRowsOfTheOpenMenu) {
   Stage stage;
-  auto& button = stage.add(makePopUpButton(), place);
+  auto& button = stage.add(makePopUpButton(), usualPlace);
   stage.show();
   driver::click(button);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());

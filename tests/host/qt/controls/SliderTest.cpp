@@ -11,12 +11,12 @@ namespace tarnwell::host_qt {
 namespace {
 
 // The knob's centre goes from 5 to 105.
-constexpr kit::Rect place = {.x = 20, .y = 20, .width = 110, .height = 24};
+constexpr kit::Rect sliderPlace = {.x = 20, .y = 20, .width = 110, .height = 24};
 
 kit::Slider& addSlider(Stage& stage, double value, double rotation) {
   auto& slider = stage.add(
       makeSlider(value, [](kit::Slider& moved) { moved.setDoubleValue(std::round(moved.doubleValue() * 100) / 100); }),
-      place);
+      sliderPlace);
   slider.setNumberOfTickMarks(11);
   slider.setRotation(rotation);
   stage.show();

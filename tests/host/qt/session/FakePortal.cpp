@@ -6,15 +6,15 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr const char* path = "/org/freedesktop/portal/desktop";
-constexpr const char* settings = "org.freedesktop.portal.Settings";
+constexpr const char* portalPath = "/org/freedesktop/portal/desktop";
+constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
 constexpr const char* appearance = "org.freedesktop.appearance";
 
 }  // namespace
 
 FakePortal::FakePortal(const std::string& busAddress)
     : connection_(QDBusConnection::connectToBus(QString::fromStdString(busAddress), "portal")) {
-  connection_.registerVirtualObject(path, this);
+  connection_.registerVirtualObject(portalPath, this);
   connection_.registerService("org.freedesktop.portal.Desktop");
 }
 
@@ -34,7 +34,7 @@ void FakePortal::change(const std::string& key, const QVariant& value) {
 }
 
 void FakePortal::tell(const QVariantList& arguments) const {
-  QDBusMessage signal = QDBusMessage::createSignal(path, settings, "SettingChanged");
+  QDBusMessage signal = QDBusMessage::createSignal(portalPath, settingsInterface, "SettingChanged");
   signal.setArguments(arguments);
   connection_.send(signal);
 }
@@ -42,7 +42,7 @@ void FakePortal::tell(const QVariantList& arguments) const {
 QString FakePortal::introspect(const QString& /*path*/) const { return {}; }
 
 bool FakePortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-  if (message.interface() != settings || message.member() != "Read") {
+  if (message.interface() != settingsInterface || message.member() != "Read") {
     return false;
   }
   ++questions_;

@@ -15,7 +15,7 @@ const QString iconInterface = QStringLiteral("org.kde.StatusNotifierItem");
 const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-QDBusConnection newConnection() {
+QDBusConnection connectionOfPanel() {
   static int count = 0;
   return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
                                        QStringLiteral("panel %1").arg(++count));
@@ -73,7 +73,7 @@ class FakePanel::Watcher final : public BusObject {
 };
 
 FakePanel::FakePanel(Shows shows)
-    : connection_(newConnection()), watcher_(std::make_unique<Watcher>(connection_, shows)) {
+    : connection_(connectionOfPanel()), watcher_(std::make_unique<Watcher>(connection_, shows)) {
   registerBusTypes();
   watcher_->program = QDBusConnection::sessionBus().baseService();
   connection_.connect(watcher_->program, QString(), menuInterface, "LayoutUpdated", watcher_.get(),

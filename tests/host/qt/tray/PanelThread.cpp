@@ -10,8 +10,8 @@
 namespace tarnwell::host_qt {
 namespace {
 
-const QString name = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString path = QStringLiteral("/StatusNotifierWatcher");
+const QString servedName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString servedPath = QStringLiteral("/StatusNotifierWatcher");
 const QString connectionName = QStringLiteral("panel of its own");
 
 }  // namespace
@@ -21,8 +21,8 @@ class PanelThread::Watcher final : public QDBusVirtualObject {
   explicit Watcher(Answers answers)
       : answers_(answers),
         connection_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName)) {
-    connection_.registerVirtualObject(path, this);
-    connection_.registerService(name);
+    connection_.registerVirtualObject(servedPath, this);
+    connection_.registerService(servedName);
   }
 
   void answer() {
@@ -71,8 +71,8 @@ PanelThread::~PanelThread() {
 
 int PanelThread::icons() const {
   // Behind what this program has sent: the bus keeps the order.
-  const QDBusMessage answer =
-      QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(name, path, name, "CountIcons"));
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(
+      QDBusMessage::createMethodCall(servedName, servedPath, servedName, "CountIcons"));
   return answer.arguments().value(0).toInt();
 }
 
