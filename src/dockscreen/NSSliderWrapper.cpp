@@ -42,6 +42,7 @@ std::unique_ptr<kit::Slider> NSSliderWrapper::makeNSView(Context& context) const
                                                 }
                                               });
   slider->setNumberOfTickMarks(tickMarks);
+  slider->joinHost(context.host);
   printTickMarks(*slider);
   return slider;
 }

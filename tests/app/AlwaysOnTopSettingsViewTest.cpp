@@ -66,7 +66,7 @@ TEST(AlwaysOnTopSettingsView, setsTheLevelOnce) {
 
 TEST(AlwaysOnTopSettingsView, doesNothingOutsideOfAWindow) {
   Screen screen;
-  AlwaysOnTopSettingsView::Context context;
+  AlwaysOnTopSettingsView::Context context{.coordinator = nullptr, .host = screen.platform.host()};
   const auto hostingView = AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}.makeNSView(context);
   screen.platform.runUntilIdle(*screen.application);
   EXPECT_EQ(hostingView->window(), nullptr);
@@ -74,7 +74,7 @@ TEST(AlwaysOnTopSettingsView, doesNothingOutsideOfAWindow) {
 
 TEST(AlwaysOnTopSettingsView, comesTooLateIntoAWindowToSetItsLevel) {
   Screen screen;
-  AlwaysOnTopSettingsView::Context context;
+  AlwaysOnTopSettingsView::Context context{.coordinator = nullptr, .host = screen.platform.host()};
   const auto hostingView = AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}.makeNSView(context);
   screen.platform.runUntilIdle(*screen.application);
   kit::Window window("late", {});
@@ -87,7 +87,7 @@ TEST(AlwaysOnTopSettingsView, comesTooLateIntoAWindowToSetItsLevel) {
 
 TEST(AlwaysOnTopSettingsView, outlivedByItsWorkDoesNothing) {
   Screen screen;
-  AlwaysOnTopSettingsView::Context context;
+  AlwaysOnTopSettingsView::Context context{.coordinator = nullptr, .host = screen.platform.host()};
   AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}.makeNSView(context).reset();
   screen.platform.runUntilIdle(*screen.application);
   EXPECT_FALSE(screen.application->hasWork());

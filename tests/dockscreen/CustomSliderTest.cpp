@@ -106,7 +106,7 @@ TEST(CustomSliderCoderTest, whatMakesNoSenseIsAsInAnyNewSlider) {
 }
 
 TEST_F(CustomSliderTest, itIsASliderInEverythingElse) {
-  withTicks(slider, 11).dragTo({.x = 100});
+  withTicks(slider, 11).choose(0.5);
   EXPECT_EQ(slider.doubleValue(), 0.5);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/headless/HeadlessHost.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"
 
@@ -41,7 +42,8 @@ TEST_F(HelpButtonTest, anotherTitleShowsAndAnotherActionDoesNot) {
 
 TEST_F(HelpButtonTest, itIsMadeWithItsTitle) {
   const HelpButton help = noting("More", "help");
-  HelpButton::Context context{.coordinator = help.makeCoordinator()};
+  const host_headless::HeadlessHost host;
+  HelpButton::Context context{.coordinator = help.makeCoordinator(), .host = host};
   EXPECT_EQ(help.makeNSView(context)->title(), "More");
 }
 

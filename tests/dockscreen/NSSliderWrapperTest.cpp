@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fixtures/StandardOutputCapture.h"
+#include "host/headless/HeadlessHost.h"
 #include "view/Stage.h"
 #include "view/layout/Spacer.h"
 
@@ -22,11 +23,12 @@ class NSSliderWrapperTest : public testing::Test {
   std::string printed() const { return output.text(); }
 
   double value = 0.5;
+  host_headless::HeadlessHost host;
   fixtures::StandardOutputCapture output;
 };
 
 TEST_F(NSSliderWrapperTest, makingItPrintsElevenTickMarks) {
-  NSSliderWrapper::Context context{.coordinator = wrapper().makeCoordinator()};
+  NSSliderWrapper::Context context{.coordinator = wrapper().makeCoordinator(), .host = host};
   const auto slider = wrapper().makeNSView(context);
   EXPECT_EQ(slider->numberOfTickMarks(), 11);
   EXPECT_EQ(printed(),
@@ -41,6 +43,19 @@ TEST_F(NSSliderWrapperTest, makingItPrintsElevenTickMarks) {
             "Tick mark 8 rect: 98.4, 19.0, 2.0, 5.0\n"
             "Tick mark 9 rect: 110.2, 19.0, 2.0, 5.0\n"
             "Tick mark 10 rect: 122.0, 19.0, 2.0, 5.0\n");
+}
+
+TEST_F(NSSliderWrapperTest, theNumbersAreWhatTheHostSays) {
+  class OtherHost final : public host_headless::HeadlessHost {
+   public:
+    kit::Rect rectOfTickMark(const kit::Slider& /*slider*/, int index) const override {
+      return {.x = 100.0 + index, .y = 1, .width = 2, .height = 3};
+    }
+  };
+  const OtherHost other;
+  NSSliderWrapper::Context context{.coordinator = wrapper().makeCoordinator(), .host = other};
+  wrapper().makeNSView(context);
+  EXPECT_TRUE(printed().starts_with("Tick mark 0 rect: 100.0, 1.0, 2.0, 3.0\nTick mark 1 rect: 101.0, 1.0,"));
 }
 
 TEST_F(NSSliderWrapperTest, aSliderWithoutTickMarksPrintsNothing) {
@@ -121,7 +136,7 @@ TEST_F(NSSliderWrapperTest, aDragMayTakeItsOwnWindowAway) {
 }
 
 TEST_F(NSSliderWrapperTest, aSliderThatOutlivesItsCoordinatorIsSilent) {
-  NSSliderWrapper::Context context{.coordinator = wrapper().makeCoordinator()};
+  NSSliderWrapper::Context context{.coordinator = wrapper().makeCoordinator(), .host = host};
   const auto slider = wrapper().makeNSView(context);
   context.coordinator.reset();
   const std::string before = printed();

@@ -22,7 +22,7 @@ class ShownControl {
     told();
   }
 
-  C* operator->() { return control_.get(); }
+  C* operator->() const { return control_.get(); }
   C& operator*() { return *control_; }
 
   void showAgain() { control_->attach(control_->makePeer(host_, parent_)); }

@@ -1,7 +1,5 @@
 #include "scenarios/ControlFacts.h"
 
-#include <numbers>
-
 #include "core/DecimalText.h"
 #include "kit/controls/Box.h"
 #include "kit/controls/Button.h"
@@ -23,10 +21,10 @@ using Action = kit::AccessibleAction;
 using Hear = ControlFacts::Hear;
 using Role = kit::AccessibleRole;
 
-std::unique_ptr<kit::Control> makeSlider(const Hear& hear, double rotation) {
+std::unique_ptr<kit::Control> makeSlider(const Hear& hear, bool upsideDown) {
   auto slider = std::make_unique<kit::Slider>(
       50, 0, 100, [hear](const kit::Slider& moved) { hear(core::decimalText(moved.doubleValue())); });
-  slider->setRotation(rotation);
+  slider->setUpsideDown(upsideDown);
   return slider;
 }
 
@@ -70,9 +68,9 @@ ControlFacts toggle() {
           .deeds = {{.request = {.action = Action::toggle}, .heard = {"on"}, .value = true}}};
 }
 
-ControlFacts slider(const std::string& name, double rotation) {
+ControlFacts slider(const std::string& name, bool upsideDown) {
   return {.name = name,
-          .make = [rotation](const Hear& hear) { return makeSlider(hear, rotation); },
+          .make = [upsideDown](const Hear& hear) { return makeSlider(hear, upsideDown); },
           .seen = {.role = Role::slider,
                    .value = 50.0,
                    .range = kit::AccessibleRange{.least = 0, .most = 100, .step = 1},
@@ -162,8 +160,8 @@ const std::vector<ControlFacts>& controlFacts() {
   static const std::vector<ControlFacts> facts = {
       button(),
       toggle(),
-      slider("slider", 0),
-      slider("turnedSlider", std::numbers::pi),
+      slider("slider", false),
+      slider("turnedSlider", true),
       stepper(),
       textField(),
       popUpButton(),

@@ -5,7 +5,6 @@
 #include "dockscreen/CommandRunnerKey.h"
 #include "dockscreen/ContentView.h"
 #include "kit/controls/Control.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -61,12 +60,7 @@ void DockTab::stepUp(const std::string& name) { driver_->stepUp(find<kit::Steppe
 
 void DockTab::stepDown(const std::string& name) { driver_->stepDown(find<kit::Stepper>(name)); }
 
-void DockTab::dragTo(const std::string& name, double place) {
-  auto& slider = find<kit::Slider>(name);
-  const double knob = kit::metrics::sliderKnobWidth;
-  const kit::Size size = slider.bounds();
-  driver_->drag(slider, {.x = knob / 2 + place * (size.width - knob), .y = size.height / 2});
-}
+void DockTab::dragTo(const std::string& name, double place) { driver_->drag(find<kit::Slider>(name), place); }
 
 std::vector<std::string> DockTab::writes() { return std::exchange(runner_.detached, {}); }
 

@@ -21,7 +21,7 @@ TEST(DockTabDump, anEditShowsInEveryControlOfItsRow) {
   tab.holdingDefaults().open();
   tab.enter("Delay seconds", "0.456");
   const std::string picture = view::dump(tab.hosted().tree().root());
-  EXPECT_NE(picture.find("Slider 0.46 of 0 to 1, 11 ticks turned 180"), std::string::npos);
+  EXPECT_NE(picture.find("Slider 0.46 of 0 to 1, 11 ticks, upside down"), std::string::npos);
   EXPECT_NE(picture.find("TextField (Speed (seconds)) \"0.46\""), std::string::npos);
   EXPECT_NE(picture.find("Stepper (0.46)"), std::string::npos);
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "kit/controls/Accessible.h"
-#include "kit/host/Geometry.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -34,8 +33,8 @@ class Driver {
   virtual kit::Host& host() = 0;
 
   virtual void click(kit::Control& control) = 0;
-  /// Presses the knob, moves to `to` (the slider's own frame, as seen on the screen), and lets go.
-  virtual void drag(kit::Slider& slider, kit::Point to) = 0;
+  /// Presses the knob, moves it to a place on the track as seen, 0 the left end and 1 the right one, and lets go.
+  virtual void drag(kit::Slider& slider, double place) = 0;
   /// With the arrow keys, to the left where negative.
   virtual void nudge(kit::Slider& slider, int steps) = 0;
   /// Puts the text into the field and leaves it there, not committed.

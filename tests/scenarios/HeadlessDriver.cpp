@@ -1,4 +1,5 @@
 #include "host/headless/HeadlessHost.h"
+#include "host/painted/SliderGeometry.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -19,9 +20,10 @@ class HeadlessDriver final : public Driver {
     control.perform({.action = turns ? kit::AccessibleAction::toggle : kit::AccessibleAction::press});
   }
 
-  void drag(kit::Slider& slider, kit::Point to) override {
+  void drag(kit::Slider& slider, double place) override {
     leaveField(slider);
-    slider.dragTo(to);
+    const host_painted::SliderGeometry geometry(slider);
+    slider.choose(geometry.valueAt({.x = geometry.centreAt(place)}));
   }
 
   void nudge(kit::Slider& slider, int steps) override {

@@ -5,9 +5,10 @@
 #include <map>
 #include <stdexcept>
 
+#include "host/painted/SliderGeometry.h"
+#include "host/painted/TabGeometry.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/look/Conversions.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/TabBar.h"
@@ -137,9 +138,11 @@ class QtDriver final : public Driver {
 
   void click(kit::Control& control) override { driver::click(control); }
 
-  void drag(kit::Slider& slider, kit::Point to) override {
-    const kit::Point knob = kit::turnedAboutCentre({.x = slider.knobCentre(), .y = slider.bounds().height / 2},
-                                                   slider.bounds(), slider.rotation());
+  void drag(kit::Slider& slider, double place) override {
+    const host_painted::SliderGeometry geometry(slider);
+    const double middle = slider.bounds().height / 2;
+    const kit::Point knob = geometry.turned({.x = geometry.knobCentre(), .y = middle});
+    const kit::Point to = {.x = geometry.centreAt(place), .y = middle};
     driver::press(slider, knob);
     driver::moveTo(slider, {.x = (knob.x + to.x) / 2, .y = (knob.y + to.y) / 2});
     driver::moveTo(slider, to);
@@ -158,7 +161,7 @@ class QtDriver final : public Driver {
   void choose(kit::PopUpButton& button, int index) override { driver::choose(button, index); }
 
   void chooseTab(kit::TabBar& bar, int index) override {
-    const kit::Rect tab = bar.rectOfTab(index);
+    const kit::Rect tab = host_painted::rectOfTab(bar, index);
     driver::clickAt(bar, {.x = tab.x + tab.width / 2, .y = tab.y + tab.height / 2});
   }
 
@@ -183,10 +186,8 @@ class QtDriver final : public Driver {
     for (int i = 0; i < shown.count(); ++i) {
       QAccessibleInterface& part = *shown.at(i);
       const bool isTab = part.role() == QAccessible::PageTab;
-      const QRect frame = part.rect().translated(-driver::widget(control).mapToGlobal(QPoint()));
       found.push_back({.name = part.text(QAccessible::Name).toStdString(),
-                       .selected = static_cast<bool>(isTab ? part.state().selected : part.state().checked),
-                       .frame = isTab ? host_qt::toRect(frame) : kit::Rect()});
+                       .selected = static_cast<bool>(isTab ? part.state().selected : part.state().checked)});
     }
     return found;
   }

@@ -28,7 +28,7 @@ std::unique_ptr<kit::Peer> BlockControl::makePeer(kit::Host& /*host*/, kit::Peer
   return std::make_unique<SilentPeer>();
 }
 
-kit::Measurement BlockControl::measure(const kit::TextMeasurer& /*text*/, kit::Proposal proposal) const {
+kit::Measurement BlockControl::sizeThatFits(kit::Proposal proposal) const {
   proposals_.push_back(proposal);
   const double width = proposal.width.value_or(sizes_.ideal.width);
   const double height = proposal.height.value_or(sizes_.ideal.height);

@@ -28,10 +28,10 @@ class BlockControl final : public kit::Control {
   const std::vector<kit::Proposal>& proposals() const { return proposals_; }
 
   std::unique_ptr<kit::Peer> makePeer(kit::Host& host, kit::Peer& parent) override;
-  kit::Measurement measure(const kit::TextMeasurer& text, kit::Proposal proposal) const override;
 
  protected:
   kit::Accessible ownAccessible() const override { return {.role = kit::AccessibleRole::group}; }
+  kit::Measurement sizeThatFits(kit::Proposal proposal) const override;
   std::vector<kit::Aspect> aspects() const override { return {}; }
 
  private:

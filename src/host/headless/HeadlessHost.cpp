@@ -5,6 +5,7 @@
 
 #include "host/headless/HeadlessWindowPeer.h"
 #include "host/headless/JournalPeer.h"
+#include "host/painted/PaintedPeer.h"
 #include "kit/controls/Box.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/Pane.h"
@@ -46,11 +47,13 @@ double characters(std::string_view utf8) {
       std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-std::unique_ptr<kit::Peer> journalPeer(Journal& journal, const kit::Control& control, std::string kind) {
-  return std::make_unique<JournalPeer>(journal, [&control, kind = std::move(kind)] {
-    return control.accessibleName().empty() ? kind : kind + " \"" + control.accessibleName() + "\"";
-  });
-}
+class ControlPeer : public JournalPeer {
+ public:
+  ControlPeer(const kit::Control& control, Journal& journal, const std::string& kind)
+      : JournalPeer(journal, [&control, kind] {
+          return control.accessibleName().empty() ? kind : kind + " \"" + control.accessibleName() + "\"";
+        }) {}
+};
 
 }  // namespace
 
@@ -59,51 +62,51 @@ std::unique_ptr<kit::WindowPeer> HeadlessHost::peer(kit::Window& window) {
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, box, "box");
+  return std::make_unique<ControlPeer>(box, journal_, "box");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Button& button, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, button, "button");
+  return host_painted::paintedPeer<ControlPeer>(button, *this, journal_, "button");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Pane& pane, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, pane, "pane");
+  return std::make_unique<ControlPeer>(pane, journal_, "pane");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, button, "pop-up button");
+  return host_painted::paintedPeer<ControlPeer>(button, *this, journal_, "pop-up button");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ScrollArea& area, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, area, "scroll area");
+  return std::make_unique<ControlPeer>(area, journal_, "scroll area");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Slider& slider, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, slider, "slider");
+  return host_painted::paintedPeer<ControlPeer>(slider, *this, journal_, "slider");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Stepper& stepper, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, stepper, "stepper");
+  return host_painted::paintedPeer<ControlPeer>(stepper, *this, journal_, "stepper");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::SymbolView& symbol, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, symbol, "symbol");
+  return host_painted::paintedPeer<ControlPeer>(symbol, *this, journal_, "symbol");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TabBar& bar, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, bar, "tabs");
+  return host_painted::paintedPeer<ControlPeer>(bar, *this, journal_, "tabs");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextField& field, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, field, "field");
+  return host_painted::paintedPeer<ControlPeer>(field, *this, journal_, "field");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextLabel& label, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, label, "text");
+  return host_painted::paintedPeer<ControlPeer>(label, *this, journal_, "text");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Toggle& toggle, kit::Peer& /*parent*/) {
-  return journalPeer(journal_, toggle, "switch");
+  return host_painted::paintedPeer<ControlPeer>(toggle, *this, journal_, "switch");
 }
 
 kit::Measurement HeadlessHost::measureText(std::string_view text, kit::FontRole font,

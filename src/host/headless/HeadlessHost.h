@@ -2,13 +2,13 @@
 
 #include "host/headless/HeadlessWindowPeer.h"
 #include "host/headless/Journal.h"
-#include "kit/host/Host.h"
+#include "host/painted/PaintingHost.h"
 
 namespace tarnwell::host_headless {
 
 /// A platform in memory: its peers show nothing and note in a journal what they were told. Every character of a font
 /// is equally wide, so that geometry can be asserted.
-class HeadlessHost : public kit::Host {
+class HeadlessHost : public host_painted::PaintingHost {
  public:
   Journal& journal() { return journal_; }
 

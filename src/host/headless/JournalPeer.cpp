@@ -23,8 +23,6 @@ std::string aspectName(kit::Aspect aspect) {
       return "title";
     case kit::Aspect::style:
       return "style";
-    case kit::Aspect::rotation:
-      return "rotation";
     case kit::Aspect::accessibleName:
       return "accessible name";
     case kit::Aspect::accessibleDescription:

@@ -9,7 +9,7 @@
 namespace tarnwell::host_headless {
 
 /// Notes what it is told, as "name: aspect", with the control's accessible name once it has one.
-class JournalPeer final : public kit::Peer {
+class JournalPeer : public kit::Peer {
  public:
   JournalPeer(Journal& journal, std::function<std::string()> name);
   ~JournalPeer() override;

@@ -3,6 +3,7 @@
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QApplication>
 
+#include "host/painted/PaintedPeer.h"
 #include "host/qt/accessibility/Accessibility.h"
 #include "host/qt/controls/BoxPeer.h"
 #include "host/qt/controls/ButtonPeer.h"
@@ -40,7 +41,7 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Button& button, kit::Peer& parent) {
-  return std::make_unique<ButtonPeer>(button, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<ButtonPeer>(button, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
@@ -48,7 +49,7 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {
-  return std::make_unique<PopUpButtonPeer>(button, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<PopUpButtonPeer>(button, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent) {
@@ -56,31 +57,31 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Slider& slider, kit::Peer& parent) {
-  return std::make_unique<SliderPeer>(slider, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<SliderPeer>(slider, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Stepper& stepper, kit::Peer& parent) {
-  return std::make_unique<StepperPeer>(stepper, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<StepperPeer>(stepper, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::SymbolView& symbol, kit::Peer& parent) {
-  return std::make_unique<SymbolViewPeer>(symbol, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<SymbolViewPeer>(symbol, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TabBar& bar, kit::Peer& parent) {
-  return std::make_unique<TabBarPeer>(bar, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<TabBarPeer>(bar, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TextField& field, kit::Peer& parent) {
-  return std::make_unique<TextFieldPeer>(field, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<TextFieldPeer>(field, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TextLabel& label, kit::Peer& parent) {
-  return std::make_unique<TextLabelPeer>(label, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<TextLabelPeer>(label, *this, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Toggle& toggle, kit::Peer& parent) {
-  return std::make_unique<TogglePeer>(toggle, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<TogglePeer>(toggle, *this, theme_, Container::contentOf(parent));
 }
 
 kit::Measurement QtHost::measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const {

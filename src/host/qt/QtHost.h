@@ -1,15 +1,15 @@
 #pragma once
 
+#include "host/painted/PaintingHost.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/window/InputWatch.h"
 #include "host/qt/window/KeyRoute.h"
 #include "host/qt/window/WindowPeer.h"
-#include "kit/host/Host.h"
 
 namespace tarnwell::host_qt {
 
 /// A Linux desktop. Needs the toolkit's application object, and must outlive the peers that it makes.
-class QtHost final : public kit::Host {
+class QtHost final : public host_painted::PaintingHost {
  public:
   QtHost();
 

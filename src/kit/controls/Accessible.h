@@ -5,8 +5,6 @@
 #include <variant>
 #include <vector>
 
-#include "kit/host/Geometry.h"
-
 namespace tarnwell::kit {
 
 /// What a control is to those who cannot see it.
@@ -52,7 +50,6 @@ double valueAfter(const AccessibleRequest& request, double value, double step);
 struct AccessiblePart {
   std::string name = {};
   bool selected = false;
-  Rect frame = {};  ///< In the control's coordinates; empty for a row of a menu, which stands elsewhere.
   friend bool operator==(const AccessiblePart&, const AccessiblePart&) = default;
 };
 

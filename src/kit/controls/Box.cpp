@@ -6,8 +6,4 @@ namespace tarnwell::kit {
 
 std::unique_ptr<Peer> Box::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
-Measurement Box::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
-  return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(0)}};
-}
-
 }  // namespace tarnwell::kit

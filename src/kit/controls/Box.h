@@ -14,7 +14,6 @@ class Box final : public Control {
   Kind kind() const { return kind_; }
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::decoration}; }

@@ -1,9 +1,7 @@
 #include "kit/controls/Button.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -45,16 +43,6 @@ void Button::click() {
 }
 
 std::unique_ptr<Peer> Button::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement Button::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
-  const bool help = bezelStyle_ == BezelStyle::help;
-  const double titleWidth = text.measureText(title_, FontRole::body, std::nullopt).size.width;
-  const double width = std::max(metrics::buttonLeastWidth, titleWidth + 2 * metrics::buttonInset);
-  const double height = std::max(metrics::buttonHeight, text.lineHeight(FontRole::body) + 2 * metrics::buttonPadding);
-  const Size size = help ? Size{.width = metrics::helpButtonSide, .height = metrics::helpButtonSide}
-                         : Size{.width = width, .height = height};
-  return {.size = size, .firstBaseline = (size.height + text.capHeight(FontRole::body)) / 2};
-}
 
 Accessible Button::ownAccessible() const {
   return {.role = AccessibleRole::button, .name = title_, .actions = {AccessibleAction::press}, .isDefault = default_};

@@ -29,7 +29,6 @@ class Button final : public Control {
   void click();
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
 
  protected:

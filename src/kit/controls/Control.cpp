@@ -26,16 +26,6 @@ void Control::setFrame(const Rect& frame) {
   placed();
 }
 
-void Control::setRotation(double radians) {
-  if (std::exchange(rotation_, radians) != radians) {
-    changed(Aspect::rotation);
-  }
-}
-
-Point Control::toLocal(Point onScreen) const {
-  return rotation_ == 0 ? onScreen : turnedAboutCentre(onScreen, bounds(), -rotation_);
-}
-
 void Control::setAccessibleName(std::string name) {
   if (name != accessibleName_) {
     accessibleName_ = std::move(name);
@@ -92,12 +82,20 @@ void Control::attach(std::unique_ptr<Peer> peer) {
   attached();
 }
 
+Measurement Control::measure(Proposal proposal) const {
+  const auto measured = peer_ ? peer_->measure(proposal) : std::nullopt;
+  return measured ? *measured : sizeThatFits(proposal);
+}
+
+Measurement Control::sizeThatFits(Proposal proposal) const {
+  return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(0)}};
+}
+
 void Control::replay() {
   for (const Aspect aspect : aspects()) {
     peer_->show(aspect);
   }
-  for (const Aspect aspect :
-       {Aspect::enabled, Aspect::rotation, Aspect::accessibleName, Aspect::accessibleDescription}) {
+  for (const Aspect aspect : {Aspect::enabled, Aspect::accessibleName, Aspect::accessibleDescription}) {
     peer_->show(aspect);
   }
   peer_->place(frame_);

@@ -9,7 +9,6 @@
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
 #include "kit/host/Peer.h"
-#include "kit/host/TextMeasurer.h"
 #include "kit/turn/Action.h"
 #include "kit/turn/Object.h"
 
@@ -31,15 +30,10 @@ class Control {
   bool isEnabled() const { return enabled_; }
   void setEnabled(bool enabled);
 
-  /// In the parent's coordinates. A control that was never placed has its own natural size at the origin.
+  /// In the parent's coordinates; empty until it was placed.
   const Rect& frame() const { return frame_; }
   Size bounds() const { return frame_.size(); }
   void setFrame(const Rect& frame);
-
-  /// Radians about the centre. Layout knows nothing of it: the peer draws it, `toLocal` undoes it.
-  double rotation() const { return rotation_; }
-  void setRotation(double radians);
-  Point toLocal(Point onScreen) const;
 
   /// What a screen reader calls it.
   const std::string& accessibleName() const { return accessibleName_; }
@@ -76,7 +70,9 @@ class Control {
   Peer* peer() const { return peer_.get(); }
 
   virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) = 0;
-  virtual Measurement measure(const TextMeasurer& text, Proposal proposal) const = 0;
+
+  /// What it takes of a proposal: the peer says, or `sizeThatFits`.
+  Measurement measure(Proposal proposal) const;
 
   /// Another number whenever the natural size may have become another.
   unsigned sizeRevision() const { return sizeRevision_; }
@@ -111,6 +107,9 @@ class Control {
   void send(Action action);
   Turn* turn() const { return turn_; }
 
+  /// What the content takes: all of what is proposed, unless it knows better. Asked where the peer says nothing.
+  virtual Measurement sizeThatFits(Proposal proposal) const;
+
   /// Told after a peer came or went, and after another frame was set.
   virtual void attached() {}
   virtual void placed() {}
@@ -130,7 +129,6 @@ class Control {
   std::string accessibleDescription_;
   std::shared_ptr<Control* const> label_;
   Action sizeAction_;
-  double rotation_ = 0;
   unsigned sizeRevision_ = 0;
   bool enabled_ = true;
   // The last, so that it goes first: it may read the state above while it goes.

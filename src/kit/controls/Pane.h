@@ -8,7 +8,6 @@ namespace tarnwell::kit {
 class Pane : public Control {
  public:
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -39,19 +38,6 @@ void PopUpButton::choose(int index) {
 }
 
 std::unique_ptr<Peer> PopUpButton::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement PopUpButton::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
-  // As wide as the widest item, so that choosing another moves nothing.
-  double widest = 0;
-  for (const Item& item : items_) {
-    const double symbol = item.symbol.empty() ? 0 : metrics::popUpGap + metrics::popUpSymbolSide;
-    const double title = text.measureText(item.title, FontRole::body, std::nullopt).size.width;
-    widest = std::max(widest, title + symbol);
-  }
-  const double height = std::max(metrics::buttonHeight, text.lineHeight(FontRole::body) + 2 * metrics::buttonPadding);
-  return {.size = {.width = 2 * metrics::popUpInset + widest + metrics::popUpArrowWidth, .height = height},
-          .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
-}
 
 Accessible PopUpButton::ownAccessible() const {
   return {.role = AccessibleRole::popUpButton,

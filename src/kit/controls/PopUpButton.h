@@ -39,7 +39,6 @@ class PopUpButton final : public Control {
   void choose(int index);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
   std::vector<AccessiblePart> accessibleParts() const override;
 

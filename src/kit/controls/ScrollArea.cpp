@@ -33,7 +33,7 @@ void ScrollArea::reveal(const Rect& rect) {
 
 std::unique_ptr<Peer> ScrollArea::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
-Measurement ScrollArea::measure(const TextMeasurer& /*text*/, Proposal proposal) const {
+Measurement ScrollArea::sizeThatFits(Proposal proposal) const {
   return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(contentHeight_)}};
 }
 

@@ -19,10 +19,10 @@ class ScrollArea final : public Control {
   void reveal(const Rect& rect);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }
+  Measurement sizeThatFits(Proposal proposal) const override;
   std::vector<Aspect> aspects() const override { return {Aspect::value}; }
 
  private:

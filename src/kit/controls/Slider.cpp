@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "kit/controls/Coder.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -20,7 +19,6 @@ bool isSound(const Rect& frame) {
 Slider::Slider(double value, double minValue, double maxValue, SliderAction action)
     : action_(std::move(action)), value_(minValue), minValue_(minValue), maxValue_(maxValue) {
   value_ = clamped(value);
-  setFrame({.width = metrics::sliderIdealWidth, .height = metrics::sliderHeight});
 }
 
 Slider::Slider(const Rect& frame) : Slider(0, Range{}) { setFrame(frame); }
@@ -51,36 +49,18 @@ void Slider::setNumberOfTickMarks(int count) {
   }
 }
 
-Rect Slider::rectOfTickMarkAtIndex(int index) const {
-  if (index < 0 || index >= tickMarks_) {
-    return {};
+void Slider::setUpsideDown(bool upsideDown) {
+  if (std::exchange(upsideDown_, upsideDown) != upsideDown) {
+    changed(Aspect::style);
   }
-  // The ticks stand under the track, from where the knob rests at the minimum to where it rests at the maximum.
-  const double share = tickMarks_ > 1 ? static_cast<double>(index) / (tickMarks_ - 1) : 0.5;
-  const double centre = metrics::sliderKnobWidth / 2 + trackLength() * share;
-  return {.x = centre - metrics::tickWidth / 2,
-          .y = bounds().height - metrics::tickHeight,
-          .width = metrics::tickWidth,
-          .height = metrics::tickHeight};
 }
 
-double Slider::knobCentre() const {
-  const double range = maxValue_ - minValue_;
-  const double share = range > 0 ? (value_ - minValue_) / range : 0;
-  return metrics::sliderKnobWidth / 2 + trackLength() * share;
+Rect Slider::rectOfTickMarkAtIndex(int index) const {
+  const bool exists = index >= 0 && index < tickMarks_;
+  return exists && host_ != nullptr ? host_->rectOfTickMark(*this, index) : Rect{};
 }
 
-void Slider::dragTo(Point onScreen) {
-  const double length = trackLength();
-  const double share = length > 0 ? (toLocal(onScreen).x - metrics::sliderKnobWidth / 2) / length : 0;
-  choose(minValue_ + share * (maxValue_ - minValue_));
-}
-
-void Slider::nudge(double fraction) {
-  // Turned by more than a quarter, the picture's right is the range's low end.
-  const double direction = std::cos(rotation()) < 0 ? -1 : 1;
-  choose(value_ + direction * fraction * (maxValue_ - minValue_));
-}
+void Slider::nudge(double fraction) { choose(value_ + (upsideDown_ ? -fraction : fraction) * (maxValue_ - minValue_)); }
 
 void Slider::choose(double value) {
   if (!isEnabled()) {
@@ -95,13 +75,9 @@ void Slider::choose(double value) {
   });
 }
 
-std::unique_ptr<Peer> Slider::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement Slider::measure(const TextMeasurer& text, Proposal proposal) const {
-  const double width =
-      proposal.width ? std::max(*proposal.width, metrics::sliderLeastWidth) : metrics::sliderIdealWidth;
-  return {.size = {.width = width, .height = metrics::sliderHeight},
-          .firstBaseline = (metrics::sliderHeight + text.capHeight(FontRole::body)) / 2};
+std::unique_ptr<Peer> Slider::makePeer(Host& host, Peer& parent) {
+  joinHost(host);
+  return host.peer(*this, parent);
 }
 
 Accessible Slider::ownAccessible() const {
@@ -114,7 +90,5 @@ Accessible Slider::ownAccessible() const {
 double Slider::clamped(double value) const {
   return std::isnan(value) ? minValue_ : std::clamp(value, minValue_, maxValue_);
 }
-
-double Slider::trackLength() const { return std::max(0.0, bounds().width - metrics::sliderKnobWidth); }
 
 }  // namespace tarnwell::kit

@@ -8,7 +8,7 @@ namespace tarnwell::kit {
 
 class Coder;
 
-/// A horizontal slider over a range of doubles.
+/// A horizontal slider over a range of doubles, which grow to the right, upside down to the left.
 class Slider : public Control {
  public:
   using SliderAction = std::function<void(Slider&)>;
@@ -22,7 +22,7 @@ class Slider : public Control {
   /// At 0 in a range from 0 to 1, without an action.
   explicit Slider(const Rect& frame);
   /// From the rectangle NSFrame, the doubles NSMinValue, NSMaxValue and NSValue, and the int NSNumberOfTickMarks. What
-  /// is missing or makes no sense is as in a slider of the natural size without ticks, at 0 in a range from 0 to 1.
+  /// is missing or makes no sense is as in a slider that was not placed, without ticks, at 0 in a range from 0 to 1.
   explicit Slider(const Coder& coder);
 
   /// Always within the range; a value that is no number counts as the minimum.
@@ -35,21 +35,24 @@ class Slider : public Control {
   int numberOfTickMarks() const { return tickMarks_; }
   void setNumberOfTickMarks(int count);
 
-  /// Where tick mark `index` is drawn, in the slider's own coordinates; empty for an index that does not exist.
+  /// Drawn, tick marks and all, turned about its centre by half a turn; its own coordinates turn with it.
+  bool isUpsideDown() const { return upsideDown_; }
+  void setUpsideDown(bool upsideDown);
+
+  /// `host`, borrowed, says where tick marks are. The one that makes its peer joins by itself.
+  void joinHost(const Host& host) { host_ = &host; }
+
+  /// Where tick mark `index` is drawn, in the slider's own coordinates; empty for an index that does not exist, and as
+  /// long as there is no host to say.
   virtual Rect rectOfTickMarkAtIndex(int index) const;
 
-  /// Where the centre of the knob stands, in the slider's own coordinates.
-  double knobCentre() const;
+  // The user's doing.
 
-  // The user's doing. Positions are as seen on the screen: a turned slider is followed as it looks.
-
-  void dragTo(Point onScreen);
   /// Moves the knob to the right on the screen by `fraction` of the range, to the left where negative.
   void nudge(double fraction);
   void choose(double value);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
 
  protected:
@@ -67,14 +70,15 @@ class Slider : public Control {
   Slider(double value, Range range) : Slider(value, range.least, range.most, nullptr) {}
   static Range rangeIn(const Coder& coder);
   double clamped(double value) const;
-  double trackLength() const;
   double step() const { return arrowStep * (maxValue_ - minValue_); }
 
   SliderAction action_;
+  const Host* host_ = nullptr;
   double value_;
   double minValue_;
   double maxValue_;
   int tickMarks_ = 0;
+  bool upsideDown_ = false;
 };
 
 }  // namespace tarnwell::kit

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -38,10 +37,6 @@ int Stepper::repeatDelay(int steps) {
 }
 
 std::unique_ptr<Peer> Stepper::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement Stepper::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
-  return {.size = metrics::stepper, .firstBaseline = (metrics::stepper.height + text.capHeight(FontRole::body)) / 2};
-}
 
 Accessible Stepper::ownAccessible() const {
   return {.role = AccessibleRole::stepper,

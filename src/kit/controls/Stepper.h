@@ -39,7 +39,6 @@ class Stepper final : public Control {
   static int repeatDelay(int steps);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
 
  protected:

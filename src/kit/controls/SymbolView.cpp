@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -21,11 +20,6 @@ void SymbolView::setColor(ColorRole color) {
 }
 
 std::unique_ptr<Peer> SymbolView::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement SymbolView::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
-  return {.size = {.width = metrics::symbolSide, .height = metrics::symbolSide},
-          .firstBaseline = (metrics::symbolSide + text.capHeight(FontRole::body)) / 2};
-}
 
 Accessible SymbolView::ownAccessible() const {
   return {.role = accessibleName().empty() ? AccessibleRole::decoration : AccessibleRole::image};

@@ -8,6 +8,9 @@ namespace tarnwell::kit {
 /// A symbol of the system's set, by its name, drawn in the colour of the text around it.
 class SymbolView final : public Control {
  public:
+  /// Every symbol has a square of that side, in points, whatever its own shape, so that texts beside symbols line up.
+  static constexpr double side = 18;
+
   const std::string& symbol() const { return symbol_; }
   void setSymbol(std::string name);
 
@@ -15,7 +18,6 @@ class SymbolView final : public Control {
   void setColor(ColorRole color);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
   /// Decoration unless it has a name: beside a title that says the same it needs none.

@@ -1,20 +1,11 @@
 #include "kit/controls/TabBar.h"
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
-namespace {
-
-// In proportion: what makes a tab higher is a larger text, which is wider as well.
-double tabWidth(double height) { return std::round(metrics::tab.width * height / metrics::tab.height); }
-
-}  // namespace
 
 void TabBar::setTabs(std::vector<Tab> tabs) {
   if (tabs != tabs_) {
@@ -51,21 +42,7 @@ void TabBar::chooseBeside(int distance) {
   }
 }
 
-Rect TabBar::rectOfTab(int index) const {
-  const double height = std::max(metrics::tab.height, bounds().height - 2 * metrics::tabBarInset);
-  const double width = tabWidth(height);
-  const double all = width * static_cast<double>(tabs_.size());
-  return {.x = (bounds().width - all) / 2 + width * index, .y = metrics::tabBarInset, .width = width, .height = height};
-}
-
 std::unique_ptr<Peer> TabBar::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement TabBar::measure(const TextMeasurer& text, Proposal proposal) const {
-  const double title = metrics::tabTitleTop + text.lineHeight(FontRole::subheadline) + metrics::tabTitleBelow;
-  const double height = std::max(metrics::tab.height, title);
-  const double all = tabWidth(height) * static_cast<double>(tabs_.size());
-  return {.size = {.width = proposal.width.value_or(all), .height = height + 2 * metrics::tabBarInset}};
-}
 
 Accessible TabBar::ownAccessible() const {
   return {.role = AccessibleRole::tabBar, .actions = {AccessibleAction::choosePart}};
@@ -74,8 +51,7 @@ Accessible TabBar::ownAccessible() const {
 std::vector<AccessiblePart> TabBar::accessibleParts() const {
   std::vector<AccessiblePart> parts;
   for (const Tab& tab : tabs_) {
-    const int index = static_cast<int>(parts.size());
-    parts.push_back({.name = tab.title, .selected = index == selected_, .frame = rectOfTab(index)});
+    parts.push_back({.name = tab.title, .selected = static_cast<int>(parts.size()) == selected_});
   }
   return parts;
 }

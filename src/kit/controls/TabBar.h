@@ -32,11 +32,7 @@ class TabBar final : public Control {
   /// The one that many tabs to the right, to the left where negative; the first follows the last.
   void chooseBeside(int distance);
 
-  /// Where a tab stands in the bar: all alike, side by side in the middle.
-  Rect rectOfTab(int index) const;
-
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
   std::vector<AccessiblePart> accessibleParts() const override;
 

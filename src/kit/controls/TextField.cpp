@@ -1,9 +1,7 @@
 #include "kit/controls/TextField.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "kit/controls/ControlMetrics.h"
 #include "kit/controls/Window.h"
 #include "kit/host/Host.h"
 
@@ -51,12 +49,6 @@ void TextField::cancel() {
 }
 
 std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement TextField::measure(const TextMeasurer& text, Proposal proposal) const {
-  const double height = std::max(metrics::fieldHeight, text.lineHeight(FontRole::body) + 2 * metrics::fieldPadding);
-  return {.size = {.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = height},
-          .firstBaseline = (height + text.capHeight(FontRole::body)) / 2};
-}
 
 bool TextField::canEdit(const Selector& command) const {
   const auto* editing = dynamic_cast<const EditingPeer*>(peer());

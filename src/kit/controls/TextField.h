@@ -40,7 +40,6 @@ class TextField final : public Control {
   void cancel();
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
   bool canEdit(const Selector& command) const override;
   void edit(const Selector& command) override;

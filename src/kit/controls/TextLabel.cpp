@@ -22,8 +22,4 @@ void TextLabel::setStyle(const Style& style) {
 
 std::unique_ptr<Peer> TextLabel::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
-Measurement TextLabel::measure(const TextMeasurer& text, Proposal proposal) const {
-  return text.measureText(text_, style_.font, proposal.width);
-}
-
 }  // namespace tarnwell::kit

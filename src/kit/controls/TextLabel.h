@@ -21,7 +21,6 @@ class TextLabel final : public Control {
   void setStyle(const Style& style);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::text, .name = text_}; }

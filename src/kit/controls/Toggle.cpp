@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "kit/controls/ControlMetrics.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {
@@ -26,10 +25,6 @@ void Toggle::choose(bool on) {
 }
 
 std::unique_ptr<Peer> Toggle::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-Measurement Toggle::measure(const TextMeasurer& text, Proposal /*proposal*/) const {
-  return {.size = metrics::toggle, .firstBaseline = (metrics::toggle.height + text.capHeight(FontRole::body)) / 2};
-}
 
 Accessible Toggle::ownAccessible() const {
   return {.role = AccessibleRole::toggle, .value = on_, .actions = {AccessibleAction::toggle}};

@@ -28,7 +28,6 @@ class Toggle final : public Control {
   void choose(bool on);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
-  Measurement measure(const TextMeasurer& text, Proposal proposal) const override;
   bool takesFocus() const override { return true; }
 
  protected:

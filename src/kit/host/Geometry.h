@@ -33,7 +33,4 @@ struct Rect {
 /// `rect` with its edges, not its size, on whole points: neighbours that touched still touch.
 Rect onWholePoints(const Rect& rect);
 
-/// `point` turned by `radians` about the centre of a box of `size` whose corner is the origin.
-Point turnedAboutCentre(Point point, Size size, double radians);
-
 }  // namespace tarnwell::kit

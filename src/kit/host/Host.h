@@ -3,14 +3,12 @@
 #include <memory>
 
 #include "kit/host/Peer.h"
-#include "kit/host/TextMeasurer.h"
 #include "kit/host/WindowPeer.h"
 
 namespace tarnwell::kit {
 
 class Box;
 class Button;
-class Control;
 class Pane;
 class PopUpButton;
 class ScrollArea;
@@ -24,9 +22,13 @@ class Toggle;
 class Window;
 
 /// All that a toolkit must do. A host that forgets a kind of control does not compile.
-class Host : public TextMeasurer {
+class Host {
  public:
+  virtual ~Host() = default;
+
   virtual std::unique_ptr<WindowPeer> peer(Window& window) = 0;
+
+  // `parent` is a window's peer or one of a control that stands in a window.
 
   virtual std::unique_ptr<Peer> peer(Box& box, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Button& button, Peer& parent) = 0;
@@ -36,13 +38,15 @@ class Host : public TextMeasurer {
   virtual std::unique_ptr<Peer> peer(Slider& slider, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Stepper& stepper, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(SymbolView& symbol, Peer& parent) = 0;
+  /// Tabs that are the window's own, in a toolbar for one, take no room in its content: their size is empty.
   virtual std::unique_ptr<Peer> peer(TabBar& bar, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(TextField& field, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(TextLabel& label, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Toggle& toggle, Peer& parent) = 0;
 
-  /// The size of one control. A host whose controls are a toolkit's own answers with theirs.
-  virtual Measurement measure(const Control& control, Proposal proposal) const;
+  /// Where it draws tick mark `index`, one of those that the slider has, in the slider's own coordinates. Asked before
+  /// the slider has a peer, too.
+  virtual Rect rectOfTickMark(const Slider& slider, int index) const = 0;
 };
 
 }  // namespace tarnwell::kit

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
+
 #include "kit/host/Aspect.h"
 #include "kit/host/Geometry.h"
+#include "kit/host/Measurement.h"
 
 namespace tarnwell::kit {
 
@@ -15,6 +18,9 @@ class Peer {
 
   /// Show the control's state of that aspect.
   virtual void show(Aspect aspect) noexcept = 0;
+
+  /// How large the control is; nothing where that is for what stands in it to say.
+  virtual std::optional<Measurement> measure(Proposal /*proposal*/) const { return std::nullopt; }
 
   /// Stand at `frame`: whole points, in the parent peer's coordinates.
   virtual void place(const Rect& frame) noexcept = 0;

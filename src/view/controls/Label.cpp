@@ -1,6 +1,6 @@
 #include "view/controls/Label.h"
 
-#include "kit/controls/ControlMetrics.h"
+#include "kit/controls/SymbolView.h"
 #include "view/controls/Symbol.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"
@@ -12,7 +12,7 @@ View Label::body() const {
     return Symbol{.name = symbol, .title = title};
   }
   return HStack{.alignment = VerticalAlignment::firstTextBaseline,
-                .spacing = titleInset - kit::metrics::symbolSide,
+                .spacing = titleInset - kit::SymbolView::side,
                 .children = {Symbol{.name = symbol}, Text{title}}};
 }
 

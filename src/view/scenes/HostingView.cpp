@@ -12,8 +12,8 @@ std::unique_ptr<kit::Peer> HostingView::makePeer(kit::Host& host, kit::Peer& par
   return Pane::makePeer(host, parent);
 }
 
-kit::Measurement HostingView::measure(const kit::TextMeasurer& text, kit::Proposal proposal) const {
-  return tree_ ? tree_->root().measure(proposal) : Pane::measure(text, proposal);
+kit::Measurement HostingView::sizeThatFits(kit::Proposal proposal) const {
+  return tree_ ? tree_->root().measure(proposal) : Pane::sizeThatFits(proposal);
 }
 
 void HostingView::attached() {

@@ -18,12 +18,12 @@ class HostingView final : public kit::Pane {
   MountedTree* tree() const { return tree_.get(); }
 
   std::unique_ptr<kit::Peer> makePeer(kit::Host& host, kit::Peer& parent) override;
-  kit::Measurement measure(const kit::TextMeasurer& text, kit::Proposal proposal) const override;
   void metricsChanged() override;
   void showingChanged(bool shown) override;
   std::vector<kit::Control*> hostedControls() const override;
 
  protected:
+  kit::Measurement sizeThatFits(kit::Proposal proposal) const override;
   void attached() override;
   void placed() override;
 

@@ -50,13 +50,12 @@ void ControlNode::sizeChanged() {
   }
 }
 
-kit::Measurement ControlNode::layOut(kit::Proposal proposal) { return tree().host().measure(*control_, proposal); }
+kit::Measurement ControlNode::layOut(kit::Proposal proposal) { return control_->measure(proposal); }
 
 void ControlNode::placeContent(const kit::Rect& frame) { control_->setFrame(kit::onWholePoints(frame)); }
 
 void ControlNode::applyEnvironment() {
   control_->setEnabled(environment().get<EnabledKey>());
-  control_->setRotation(environment().get<RotationKey>());
   std::string name = isNamedByRow() ? environment().get<AccessibleNameKey>() : std::string();
   control_->setAccessibleName(name.empty() ? ownName() : std::move(name));
 }

@@ -13,7 +13,8 @@ std::string describe(const kit::Button& button) {
 
 std::string describe(const kit::Slider& slider) {
   return "Slider " + plainText(slider.doubleValue()) + " of " + plainText(slider.minValue()) + " to " +
-         plainText(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks";
+         plainText(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks" +
+         (slider.isUpsideDown() ? ", upside down" : "");
 }
 
 std::string describe(const kit::Pane& /*pane*/) { return "Hosting view"; }

@@ -1,8 +1,5 @@
 #include "view/tree/Dump.h"
 
-#include <cmath>
-#include <numbers>
-
 #include "kit/controls/Control.h"
 #include "view/tree/MountedNode.h"
 
@@ -14,8 +11,6 @@ void append(const MountedNode& node, int indent, std::string& picture) {
   if (!summary.empty()) {
     picture += std::string(static_cast<std::size_t>(indent) * 2, ' ') + summary;
     if (const kit::Control* control = node.control()) {
-      const long degrees = std::lround(control->rotation() * 180 / std::numbers::pi);
-      picture += degrees != 0 ? " turned " + std::to_string(degrees) : "";
       picture += control->isEnabled() ? "" : " disabled";
     }
     picture += '\n';

@@ -1,18 +1,22 @@
 #pragma once
 
+#include <cmath>
 #include <concepts>
 #include <memory>
 #include <string>
 
 #include "view/tree/ControlNode.h"
 #include "view/tree/ControlSummary.h"
+#include "view/tree/MountedTree.h"
+#include "view/values/EnvironmentKeys.h"
 
 namespace tarnwell::view {
 
-/// What a representable is given: its coordinator, made once and alive as long as the control.
+/// What a representable is given: its coordinator, made once and alive as long as the control, and who will show that.
 template <class Coordinator>
 struct RepresentableContext {
   std::shared_ptr<Coordinator> coordinator;
+  const kit::Host& host;
 };
 
 /// A value that bridges to a control of `kit`:
@@ -32,7 +36,8 @@ concept Representable = requires(const R& value, typename R::NSView& view, typen
 template <Representable R>
 class RepresentableNode final : public ControlNode {
  public:
-  using ControlNode::ControlNode;
+  explicit RepresentableNode(const Place& place)
+      : ControlNode(place), context_{.coordinator = nullptr, .host = tree().host()} {}
 
   std::string summary() const override { return describe(controlAs<typename R::NSView>()); }
 
@@ -42,7 +47,12 @@ class RepresentableNode final : public ControlNode {
     return valueAs<R>().makeNSView(context_);
   }
 
-  void updateControl() override { valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_); }
+  void updateControl() override {
+    if constexpr (std::derived_from<typename R::NSView, kit::Slider>) {
+      controlAs<kit::Slider>().setUpsideDown(std::cos(environment().get<RotationKey>()) < 0);
+    }
+    valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_);
+  }
 
  private:
   typename R::Context context_;

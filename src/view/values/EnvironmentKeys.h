@@ -39,7 +39,7 @@ struct AccessibleNameKey {
   static Value initial() { return {}; }
 };
 
-/// Radians by which each control below is turned about its own centre.
+/// Radians by which each slider below is turned about its own centre.
 struct RotationKey {
   using Value = double;
   static Value initial() { return 0; }

@@ -48,7 +48,7 @@ class View {
   View frame(Frame frame) const;
   /// The ideal size, whatever the parent offers.
   View fixedSize() const;
-  /// Turns the picture of each control below about its centre; layout does not see it.
+  /// Turns each slider below about its centre, by the nearest half turn; layout does not see it. Other controls stay.
   View rotation(double radians) const;
 
   /// Stands behind, in the middle, and takes no part in the size.

@@ -10,8 +10,8 @@ namespace {
 TEST(BoxTest, itTakesWhatItIsOffered) {
   ShownControl<Box> box(Box::Kind::separator);
   EXPECT_EQ(box->kind(), Box::Kind::separator);
-  EXPECT_EQ(box->measure(box.host(), {.width = 70, .height = 1}).size, (Size{.width = 70, .height = 1}));
-  EXPECT_EQ(box->measure(box.host(), {}).size, Size{});
+  EXPECT_EQ(box->measure({.width = 70, .height = 1}).size, (Size{.width = 70, .height = 1}));
+  EXPECT_EQ(box->measure({}).size, Size{});
 }
 
 }  // namespace

@@ -50,21 +50,5 @@ TEST(ButtonTest, theActionMayReplaceItself) {
   EXPECT_EQ(second, 1);
 }
 
-TEST(ButtonTest, itIsAsWideAsItsTitleButNeverNarrow) {
-  ShownControl<Button> button;
-  button->setTitle("OK");
-  EXPECT_EQ(button->measure(button.host(), {}).size, (Size{.width = 64, .height = 24}));
-  button->setTitle("Reset to Defaults");
-  EXPECT_EQ(button->measure(button.host(), {.width = 10}).size, (Size{.width = 17 * 7 + 28, .height = 24}));
-  EXPECT_EQ(button->measure(button.host(), {}).firstBaseline, 16.5);
-}
-
-TEST(ButtonTest, theHelpButtonIsRoundWhateverItsTitle) {
-  ShownControl<Button> button;
-  button->setBezelStyle(Button::BezelStyle::help);
-  button->setTitle("Help me with this");
-  EXPECT_EQ(button->measure(button.host(), {}).size, (Size{.width = 22, .height = 22}));
-}
-
 }  // namespace
 }  // namespace tarnwell::kit

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <numbers>
 
 #include "kit/ShownControl.h"
 #include "kit/controls/Box.h"
@@ -28,7 +27,6 @@ TEST(ControlTest, aChangedPropertyIsToldOnceAndTheSameOneNot) {
   };
   const std::vector<Row> table = {
       {[](Control& control) { control.setEnabled(false); }, {"switch: enabled"}},
-      {[](Control& control) { control.setRotation(1); }, {"switch: rotation"}},
       {[](Control& control) { control.setFrame({.x = 1, .width = 38, .height = 22}); }, {"switch: place"}},
       {[](Control& control) { control.setAccessibleDescription("Dims icons."); }, {"switch: accessible description"}},
       {[](Control& control) { control.setAccessibleName("Dim"); }, {"switch \"Dim\": accessible name"}},
@@ -48,8 +46,8 @@ TEST(ControlTest, attachingReplaysTheState) {
   toggle->setEnabled(false);
   toggle.told();
   toggle.showAgain();
-  EXPECT_EQ(toggle.told(), (Lines{"switch: removed", "switch: value", "switch: enabled", "switch: rotation",
-                                  "switch: accessible name", "switch: accessible description", "switch: place"}));
+  EXPECT_EQ(toggle.told(), (Lines{"switch: removed", "switch: value", "switch: enabled", "switch: accessible name",
+                                  "switch: accessible description", "switch: place"}));
 }
 
 template <class C>
@@ -61,7 +59,7 @@ void expectReplay(ShownControl<C> control, const Lines& ownAspects) {
   }
   Lines expected = {"removed"};
   expected.insert(expected.end(), ownAspects.begin(), ownAspects.end());
-  expected.insert(expected.end(), {"enabled", "rotation", "accessible name", "accessible description", "place"});
+  expected.insert(expected.end(), {"enabled", "accessible name", "accessible description", "place"});
   EXPECT_EQ(told, expected);
 }
 
@@ -128,14 +126,20 @@ TEST(ControlTest, onlyTheKeyboardsControlsTakeTheFocus) {
   EXPECT_FALSE(TextLabel().takesFocus());
 }
 
-TEST(ControlTest, aPositionOnATurnedControlIsTurnedBack) {
+TEST(ControlTest, thePeerSaysHowLargeAControlIs) {
+  class NativePeer final : public Peer {
+   public:
+    void show(Aspect /*aspect*/) noexcept override {}
+    void place(const Rect& /*frame*/) noexcept override {}
+    std::optional<Measurement> measure(Proposal proposal) const override {
+      return Measurement{.size = {.width = proposal.width.value_or(51), .height = 31}, .firstBaseline = 20};
+    }
+  };
   Toggle toggle;
-  toggle.setFrame({.x = 300, .y = 300, .width = 40, .height = 20});
-  EXPECT_EQ(toggle.toLocal({.x = 3, .y = 4}), (Point{.x = 3, .y = 4}));
-  toggle.setRotation(std::numbers::pi);
-  const Point local = toggle.toLocal({.x = 3, .y = 4});
-  EXPECT_NEAR(local.x, 37, 1e-9);
-  EXPECT_NEAR(local.y, 16, 1e-9);
+  EXPECT_EQ(toggle.measure({.width = 7}).size, (Size{.width = 7}));
+  toggle.attach(std::make_unique<NativePeer>());
+  EXPECT_EQ(toggle.measure({}), (Measurement{.size = {.width = 51, .height = 31}, .firstBaseline = 20}));
+  EXPECT_EQ(toggle.measure({.width = 7}).size, (Size{.width = 7, .height = 31}));
 }
 
 // Notes when it is brought to rest.
@@ -167,7 +171,6 @@ TEST(ControlTest, onlyTitleAndStyleMayChangeTheNaturalSize) {
   Button button;
   const unsigned first = button.sizeRevision();
   button.setEnabled(false);
-  button.setRotation(1);
   button.setAccessibleName("Save");
   button.setFrame({.width = 5});
   EXPECT_EQ(button.sizeRevision(), first);

@@ -56,13 +56,6 @@ TEST_F(PopUpButtonTest, fewerItemsNeverLeaveAnIndexBehindTheLast) {
   EXPECT_EQ(button->selectedIndex(), -1);
 }
 
-TEST_F(PopUpButtonTest, itIsAsWideAsItsWidestItemWhicheverIsChosen) {
-  const Measurement measurement = button->measure(button.host(), {.width = 10});
-  EXPECT_EQ(measurement.size, (Size{.width = 10 + 5 * 7 + 6 + 16 + 18 + 10, .height = 24}));
-  button->setSelectedIndex(2);
-  EXPECT_EQ(button->measure(button.host(), {}), measurement);
-}
-
 using PopUpButtonDeathTest = PopUpButtonTest;
 
 TEST_F(PopUpButtonDeathTest, anIndexThatIsNoItemsIsAFault) {

@@ -70,8 +70,8 @@ TEST_F(ScrollAreaTest, revealingScrollsAsLittleAsItCan) {
 }
 
 TEST_F(ScrollAreaTest, itTakesWhatItIsOffered) {
-  EXPECT_EQ(area->measure(area.host(), {.width = 70, .height = 40}).size, (Size{.width = 70, .height = 40}));
-  EXPECT_EQ(area->measure(area.host(), {.width = 70}).size, (Size{.width = 70, .height = 300}));
+  EXPECT_EQ(area->measure({.width = 70, .height = 40}).size, (Size{.width = 70, .height = 40}));
+  EXPECT_EQ(area->measure({.width = 70}).size, (Size{.width = 70, .height = 300}));
 }
 
 }  // namespace

@@ -16,11 +16,5 @@ TEST(SymbolViewTest, aSetterTellsThePeerOnce) {
   EXPECT_EQ(symbol.told(), (Lines{"symbol: value", "symbol: style"}));
 }
 
-TEST(SymbolViewTest, itIsASquareCentredOnACapitalLetter) {
-  ShownControl<SymbolView> symbol;
-  EXPECT_EQ(symbol->measure(symbol.host(), {.width = 100}),
-            (Measurement{.size = {.width = 18, .height = 18}, .firstBaseline = 13.5}));
-}
-
 }  // namespace
 }  // namespace tarnwell::kit

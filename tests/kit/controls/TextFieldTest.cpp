@@ -110,10 +110,5 @@ TEST_F(TextFieldTest, aDisabledOneIgnoresTyping) {
   EXPECT_EQ(committed, Lines{});
 }
 
-TEST_F(TextFieldTest, itIsAsWideAsOffered) {
-  EXPECT_EQ(field->measure(field.host(), {}).size, (Size{.width = 80, .height = 22}));
-  EXPECT_EQ(field->measure(field.host(), {.width = 50}).size, (Size{.width = 50, .height = 22}));
-}
-
 }  // namespace
 }  // namespace tarnwell::kit

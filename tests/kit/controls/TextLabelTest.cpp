@@ -16,14 +16,5 @@ TEST(TextLabelTest, aSetterTellsThePeerOnce) {
   EXPECT_EQ(label.told(), (Lines{"text: title", "text: style"}));
 }
 
-TEST(TextLabelTest, itIsMeasuredInItsFontAndBrokenWhereItLacksRoom) {
-  ShownControl<TextLabel> label;
-  label->setText("0123456789");
-  EXPECT_EQ(label->measure(label.host(), {}).size, (Size{.width = 70, .height = 16}));
-  EXPECT_EQ(label->measure(label.host(), {.width = 35}).size, (Size{.width = 35, .height = 32}));
-  label->setStyle({.font = FontRole::caption});
-  EXPECT_EQ(label->measure(label.host(), {}), (Measurement{.size = {.width = 50, .height = 12}, .firstBaseline = 9}));
-}
-
 }  // namespace
 }  // namespace tarnwell::kit

@@ -49,10 +49,5 @@ TEST(ToggleTest, aDisabledOneIgnoresPresses) {
   EXPECT_EQ(toggle.told(), Lines{});
 }
 
-TEST(ToggleTest, itsSizeIsFixed) {
-  ShownControl<Toggle> toggle;
-  EXPECT_EQ(toggle->measure(toggle.host(), {.width = 500}).size, (Size{.width = 38, .height = 22}));
-}
-
 }  // namespace
 }  // namespace tarnwell::kit

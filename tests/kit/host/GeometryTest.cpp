@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numbers>
 #include <vector>
 
 namespace tarnwell::kit {
@@ -33,26 +32,6 @@ TEST(GeometryTest, neighboursThatTouchedStillTouch) {
   }
 }
 
-TEST(GeometryTest, aTurnLeavesTheCentreWhereItIs) {
-  const Size size{.width = 100, .height = 20};
-  for (const double angle : {0.0, 0.3, std::numbers::pi / 2, std::numbers::pi, -7.0}) {
-    const Point centre = turnedAboutCentre({.x = 50, .y = 10}, size, angle);
-    EXPECT_EQ(centre, (Point{.x = 50, .y = 10}));
-  }
-}
-
-TEST(GeometryTest, halfATurnExchangesTheCorners) {
-  const Point turned = turnedAboutCentre({.x = 0, .y = 0}, {.width = 100, .height = 20}, std::numbers::pi);
-  EXPECT_NEAR(turned.x, 100, 1e-9);
-  EXPECT_NEAR(turned.y, 20, 1e-9);
-}
-
-TEST(GeometryTest, aQuarterTurnsRightIntoDown) {
-  const Point turned = turnedAboutCentre({.x = 20, .y = 10}, {.width = 20, .height = 20}, std::numbers::pi / 2);
-  EXPECT_NEAR(turned.x, 10, 1e-9);
-  EXPECT_NEAR(turned.y, 20, 1e-9);
-}
-
 TEST(GeometryTest, aRectangleContainsItsFirstEdgesOnly) {
   constexpr Rect rect{.x = 10, .y = 20, .width = 5, .height = 5};
   EXPECT_TRUE(rect.contains({.x = 10, .y = 20}));
@@ -61,14 +40,6 @@ TEST(GeometryTest, aRectangleContainsItsFirstEdgesOnly) {
     EXPECT_FALSE(rect.contains(outside));
   }
   EXPECT_FALSE(Rect{}.contains({}));
-}
-
-TEST(GeometryTest, turningBackGivesThePointAgain) {
-  const Size size{.width = 64, .height = 24};
-  const Point there = turnedAboutCentre({.x = 3, .y = 17}, size, 1.1);
-  const Point back = turnedAboutCentre(there, size, -1.1);
-  EXPECT_NEAR(back.x, 3, 1e-9);
-  EXPECT_NEAR(back.y, 17, 1e-9);
 }
 
 }  // namespace

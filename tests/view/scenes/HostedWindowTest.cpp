@@ -20,9 +20,8 @@ TEST(HostedWindowTest, mountingPaintsNothing) {
   const HostedWindow window(turn, host, {.identifier = "w", .title = "W", .view = Text{"a"}});
   EXPECT_EQ(host.journal().lines(),
             (Lines{"window w: title", "window w: 0 x 0", "window w: hidden", "window w: 0 controls in order",
-                   "text \"a\": style", "text \"a\": title", "text \"a\": enabled", "text \"a\": rotation",
-                   "text \"a\": accessible name", "text \"a\": accessible description", "text \"a\": place",
-                   "window w: 1 controls in order"}));
+                   "text \"a\": style", "text \"a\": title", "text \"a\": enabled", "text \"a\": accessible name",
+                   "text \"a\": accessible description", "text \"a\": place", "window w: 1 controls in order"}));
 }
 
 TEST(HostedWindowTest, openingLaysOutOnceAndThenShows) {

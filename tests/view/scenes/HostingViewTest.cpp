@@ -147,7 +147,7 @@ TEST_F(HostingViewTest, withoutATurnNothingIsMounted) {
   HostingView hosting{Text{"Hosted"}};
   hosting.attach(hosting.makePeer(stage.host(), *stage.window().peer()));
   EXPECT_EQ(hosting.tree(), nullptr);
-  EXPECT_EQ(hosting.measure(stage.host(), {}).size, kit::Size{});
+  EXPECT_EQ(hosting.measure({}).size, kit::Size{});
 }
 
 TEST_F(HostingViewTest, onePutSomewhereElseBeginsAnew) {

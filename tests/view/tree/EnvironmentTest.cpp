@@ -110,10 +110,5 @@ TEST(EnvironmentTest, whatIsDisabledStaysDisabledBelow) {
             "\"a\" disabled\n");
 }
 
-TEST(EnvironmentTest, turnsAddUp) {
-  const Stage stage{View(Button{.title = "a"}).rotation(1).rotation(0.5)};
-  EXPECT_DOUBLE_EQ(stage.first<kit::Button>().rotation(), 1.5);
-}
-
 }  // namespace
 }  // namespace tarnwell::view

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <numbers>
+
 #include "view/Stage.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::view {
 namespace {
+
+using std::numbers::pi;
 
 /// Notes what is asked of it.
 struct Bridge {
@@ -39,6 +43,19 @@ struct Bridge {
     notes->push_back("update " + title + " with" + std::string(context.coordinator ? "" : "out") + " coordinator");
     button.setTitle(title);
   }
+};
+
+/// Bridges to a slider.
+struct SliderBridge {
+  struct Coordinator {};
+  using NSView = kit::Slider;
+  using Context = RepresentableContext<Coordinator>;
+
+  std::shared_ptr<Coordinator> makeCoordinator() const { return std::make_shared<Coordinator>(); }
+  std::unique_ptr<kit::Slider> makeNSView(Context& /*context*/) const {
+    return std::make_unique<kit::Slider>(kit::Rect{});
+  }
+  void updateNSView(kit::Slider& /*slider*/, Context& /*context*/) const {}
 };
 
 class RepresentableTest : public testing::Test {
@@ -84,10 +101,33 @@ TEST_F(RepresentableTest, oneValueUsedTwiceHasTwoControls) {
 }
 
 TEST_F(RepresentableTest, theEnvironmentReachesItsControl) {
-  const Stage stage{bridge("a").disabled(true).rotation(1).accessibilityLabel("named")};
+  const Stage stage{bridge("a").disabled(true).accessibilityLabel("named")};
   const auto& button = stage.find<kit::Button>("named");
   EXPECT_FALSE(button.isEnabled());
-  EXPECT_EQ(button.rotation(), 1);
+}
+
+TEST(SliderBridgeTest, turnsAddUpToUprightOrUpsideDown) {
+  struct Row {
+    View view;
+    bool upsideDown = false;
+  };
+  const View slider = SliderBridge{};
+  for (const Row& row :
+       {Row{slider, false}, Row{slider.rotation(pi), true}, Row{slider.rotation(pi).rotation(pi), false},
+        Row{slider.rotation(-pi), true}, Row{slider.rotation(1), false}}) {
+    const Stage stage{row.view};
+    EXPECT_EQ(stage.first<kit::Slider>().isUpsideDown(), row.upsideDown);
+  }
+}
+
+TEST(SliderBridgeTest, aTurnComesAndGoesWithAnUpdate) {
+  const View slider = SliderBridge{};
+  Stage stage{slider.rotation(0)};
+  const auto& shown = stage.first<kit::Slider>();
+  for (const bool upsideDown : {true, false}) {
+    stage.show(slider.rotation(upsideDown ? pi : 0));
+    EXPECT_EQ(shown.isUpsideDown(), upsideDown);
+  }
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #include "host/qt/accessibility/AccessibleTab.h"
 
+#include "host/painted/TabGeometry.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/look/Conversions.h"
-#include "kit/controls/Control.h"
+#include "kit/controls/TabBar.h"
 
 namespace tarnwell::host_qt {
 
@@ -11,11 +12,10 @@ QString AccessibleTab::text(QAccessible::Text kind) const {
 }
 
 QRect AccessibleTab::rect() const {
-  const auto shown = part();
-  if (!shown) {
+  if (!isValid()) {
     return {};
   }
-  const QRect inBar = toQRect(shown->frame);
+  const QRect inBar = toQRect(host_painted::rectOfTab(static_cast<const kit::TabBar&>(*bar()), index_));
   return {bar_->mapToGlobal(inBar.topLeft()), inBar.size()};
 }
 

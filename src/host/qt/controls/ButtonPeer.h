@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class ButtonPeer final : public WidgetPeer {
+class ButtonPeer : public WidgetPeer {
  public:
   ButtonPeer(kit::Button& button, const Theme& theme, QWidget* parent);
 };

@@ -2,7 +2,6 @@
 
 #include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
-#include <numbers>
 
 #include "kit/controls/Control.h"
 
@@ -10,8 +9,6 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr double dimmed = 0.42;
-
-double degrees(double radians) { return radians * 180 / std::numbers::pi; }
 
 }  // namespace
 
@@ -32,12 +29,6 @@ void ControlWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setOpacity(isEnabled() ? 1 : dimmed);
-  if (const double angle = degrees(control()->rotation()); angle != 0) {
-    const QPointF centre = bounds().center();
-    painter.translate(centre);
-    painter.rotate(angle);
-    painter.translate(-centre);
-  }
   draw(painter);
 }
 

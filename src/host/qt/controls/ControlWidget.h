@@ -10,8 +10,8 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-/// A widget that this program paints itself. Painting is turned by the control's rotation and dimmed while the control
-/// is disabled. Wheel events pass on to the page, so that scrolling over a control never changes it.
+/// A widget that this program paints itself. Painting is dimmed while the control is disabled. Wheel events pass on to
+/// the page, so that scrolling over a control never changes it.
 class ControlWidget : public QWidget, public ControlLink {
  public:
   ControlWidget(kit::Control& control, const Theme& theme, QWidget* parent);

@@ -5,6 +5,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 
+#include "host/painted/ControlMetrics.h"
 #include "host/qt/controls/ControlWidget.h"
 #include "host/qt/controls/PopUpMenu.h"
 #include "host/qt/look/Conversions.h"
@@ -12,7 +13,6 @@
 #include "host/qt/look/Theme.h"
 #include "host/qt/menus/ItemLine.h"
 #include "host/qt/menus/TypeAhead.h"
-#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -38,7 +38,7 @@ class PopUpButtonWidget final : public ControlWidget {
     // Our child: when this widget goes, its menu goes too, and chooses nothing any more.
     menu_ = new PopUpMenu(button_, theme(), this, [this](int index) { choose(index); });
     connect(menu_, &QMenu::aboutToHide, this, [this] { update(); });
-    menu_->openOver(mapToGlobal(QPoint(static_cast<int>(kit::metrics::popUpInset), height() / 2)));
+    menu_->openOver(mapToGlobal(QPoint(static_cast<int>(host_painted::metrics::popUpInset), height() / 2)));
     update();
   }
 
@@ -47,7 +47,7 @@ class PopUpButtonWidget final : public ControlWidget {
     const Palette& palette = theme().palette();
     drawFace(painter, face(), buttonRadius, menu_ ? palette.controlFacePressed : palette.controlFace, palette);
     if (const int index = button_.selectedIndex(); index >= 0) {
-      const QRectF line = bounds().adjusted(kit::metrics::popUpInset, 0, 0, 0);
+      const QRectF line = bounds().adjusted(host_painted::metrics::popUpInset, 0, 0, 0);
       drawItemLine(painter, button_.items().at(static_cast<std::size_t>(index)), line, palette.primaryText, theme());
     }
     drawBadge(painter);

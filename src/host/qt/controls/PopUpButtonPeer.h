@@ -7,7 +7,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class PopUpButtonPeer final : public WidgetPeer, public kit::MenuPeer {
+class PopUpButtonPeer : public WidgetPeer, public kit::MenuPeer {
  public:
   PopUpButtonPeer(kit::PopUpButton& button, const Theme& theme, QWidget* parent);
 

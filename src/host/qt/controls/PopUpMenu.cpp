@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/painted/ControlMetrics.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/menus/ItemLine.h"
 #include "host/qt/menus/PopUpMenuStyle.h"
-#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -27,7 +27,7 @@ constexpr double rowRadius = 5;
 
 // The menu ends where the button does, unless a row needs more.
 QSize rowSize(const kit::PopUpButton& button, const Theme& theme) {
-  double widest = button.bounds().width - kit::metrics::popUpInset - trailingSpace - popUpMargin;
+  double widest = button.bounds().width - host_painted::metrics::popUpInset - trailingSpace - popUpMargin;
   for (const auto& item : button.items()) {
     widest = std::max(widest, itemLineWidth(item, theme));
   }

@@ -6,11 +6,12 @@
 #include <cmath>
 #include <optional>
 
+#include "host/painted/ControlMetrics.h"
+#include "host/painted/SliderGeometry.h"
 #include "host/qt/controls/ControlWidget.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/controls/Slider.h"
 
 namespace tarnwell::host_qt {
@@ -19,6 +20,7 @@ namespace {
 constexpr double trackThickness = 4;
 constexpr double knobHeight = 18;
 constexpr double wholeRange = 1;
+constexpr double halfTurn = 180;  // Degrees.
 
 // How far each key moves the knob to the right, as a fraction of the range.
 std::optional<double> stepOf(int key) {
@@ -53,13 +55,17 @@ class SliderWidget final : public ControlWidget {
     return shape;
   }
 
-  double cornerRadius() const override { return kit::metrics::sliderKnobWidth / 2; }
+  double cornerRadius() const override { return host_painted::metrics::sliderKnobWidth / 2; }
 
  protected:
   void draw(QPainter& painter) override {
+    if (slider_.isUpsideDown()) {
+      painter.translate(bounds().width(), bounds().height());
+      painter.rotate(halfTurn);
+    }
     drawTicks(painter);
     drawTrack(painter);
-    drawKnob(painter, knob(), kit::metrics::sliderKnobWidth / 2, theme().palette());
+    drawKnob(painter, knob(), host_painted::metrics::sliderKnobWidth / 2, theme().palette());
   }
 
   void mousePressEvent(QMouseEvent* event) override {
@@ -67,16 +73,16 @@ class SliderWidget final : public ControlWidget {
       return;
     }
     // The knob stays under the pointer where it was taken hold of; a press beside it fetches it.
-    const bool onKnob = knob().contains(toQPointF(slider_.toLocal(toPoint(event->position()))));
+    const bool onKnob = knob().contains(toQPointF(geometry().turned(toPoint(event->position()))));
     grab_ = onKnob ? event->position() - knobOnScreen() : QPointF();
     if (!onKnob) {
-      slider_.dragTo(toPoint(event->position()));
+      dragTo(event->position());
     }
   }
 
   void mouseMoveEvent(QMouseEvent* event) override {
     if (grab_ && event->buttons().testFlag(Qt::LeftButton)) {
-      slider_.dragTo(toPoint(event->position() - *grab_));
+      dragTo(event->position() - *grab_);
     }
   }
 
@@ -92,21 +98,24 @@ class SliderWidget final : public ControlWidget {
   }
 
  private:
+  host_painted::SliderGeometry geometry() const { return host_painted::SliderGeometry(slider_); }
+
+  void dragTo(const QPointF& onScreen) { slider_.choose(geometry().valueAt(toPoint(onScreen))); }
+
   // Above the middle where there are tick marks below.
   double trackCentre() const {
     const double room =
-        slider_.numberOfTickMarks() > 0 ? bounds().height() - kit::metrics::tickHeight : bounds().height();
+        slider_.numberOfTickMarks() > 0 ? bounds().height() - host_painted::metrics::tickHeight : bounds().height();
     return std::round(room / 2);
   }
 
   QRectF knob() const {
-    return {slider_.knobCentre() - kit::metrics::sliderKnobWidth / 2, trackCentre() - knobHeight / 2,
-            kit::metrics::sliderKnobWidth, knobHeight};
+    return {geometry().knobCentre() - host_painted::metrics::sliderKnobWidth / 2, trackCentre() - knobHeight / 2,
+            host_painted::metrics::sliderKnobWidth, knobHeight};
   }
 
   QPointF knobOnScreen() const {
-    const kit::Point centre = {.x = slider_.knobCentre(), .y = trackCentre()};
-    return toQPointF(kit::turnedAboutCentre(centre, slider_.bounds(), slider_.rotation()));
+    return toQPointF(geometry().turned({.x = geometry().knobCentre(), .y = trackCentre()}));
   }
 
   void drawTicks(QPainter& painter) {
@@ -119,11 +128,11 @@ class SliderWidget final : public ControlWidget {
   }
 
   void drawTrack(QPainter& painter) {
-    const double inset = kit::metrics::sliderKnobWidth / 2;
+    const double inset = host_painted::metrics::sliderKnobWidth / 2;
     const QRectF track(inset - 2, trackCentre() - trackThickness / 2, bounds().width() - 2 * (inset - 2),
                        trackThickness);
     QRectF filled = track;
-    filled.setRight(slider_.knobCentre());
+    filled.setRight(geometry().knobCentre());
     host_qt::drawTrack(painter, track, filled, theme().palette());
   }
 

@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class SliderPeer final : public WidgetPeer {
+class SliderPeer : public WidgetPeer {
  public:
   SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent);
 };

@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class StepperPeer final : public WidgetPeer {
+class StepperPeer : public WidgetPeer {
  public:
   StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
 };

@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class SymbolViewPeer final : public WidgetPeer {
+class SymbolViewPeer : public WidgetPeer {
  public:
   SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
 };

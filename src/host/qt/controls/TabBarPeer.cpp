@@ -7,12 +7,13 @@
 #include <cmath>
 #include <utility>
 
+#include "host/painted/ControlMetrics.h"
+#include "host/painted/TabGeometry.h"
 #include "host/qt/controls/ControlWidget.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/controls/TabBar.h"
 
 namespace tarnwell::host_qt {
@@ -79,7 +80,9 @@ class TabBarWidget final : public ControlWidget {
  private:
   int count() const { return static_cast<int>(bar_.tabs().size()); }
 
-  QRectF shapeOf(int index) const { return toQRectF(bar_.rectOfTab(index)).adjusted(tabGap, 0, -tabGap, 0); }
+  QRectF shapeOf(int index) const {
+    return toQRectF(host_painted::rectOfTab(bar_, index)).adjusted(tabGap, 0, -tabGap, 0);
+  }
 
   int tabAt(QPointF position) const {
     for (int i = 0; i < count(); ++i) {
@@ -116,8 +119,8 @@ class TabBarWidget final : public ControlWidget {
     theme().symbols().draw(painter, tab.symbol, symbol, color);
     const WrappedText title(tab.title, theme().font(kit::FontRole::subheadline), std::nullopt);
     painter.setPen(color);
-    title.draw(painter,
-               {std::round(shape.center().x() - title.size().width() / 2), shape.top() + kit::metrics::tabTitleTop});
+    title.draw(painter, {std::round(shape.center().x() - title.size().width() / 2),
+                         shape.top() + host_painted::metrics::tabTitleTop});
   }
 
   void drawGround(QPainter& painter, const QRectF& shape, double share) const {

@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class TabBarPeer final : public WidgetPeer {
+class TabBarPeer : public WidgetPeer {
  public:
   TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent);
 };

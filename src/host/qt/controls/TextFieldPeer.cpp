@@ -8,12 +8,12 @@
 #include <array>
 #include <string_view>
 
+#include "host/painted/ControlMetrics.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/menus/ThemedMenu.h"
-#include "kit/controls/ControlMetrics.h"
 #include "kit/controls/TextField.h"
 
 namespace tarnwell::host_qt {
@@ -73,7 +73,7 @@ class LineEdit final : public QLineEdit, public ControlLink {
     seeThrough.setColor(QPalette::Base, Qt::transparent);
     setPalette(seeThrough);
     LineEdit::fontsChanged();
-    const int inset = static_cast<int>(kit::metrics::fieldInset) - ownMargin;
+    const int inset = static_cast<int>(host_painted::metrics::fieldInset) - ownMargin;
     setTextMargins(inset, 0, inset, 0);
     // Edited or set: assistive technologies do the latter.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { typed(text); });

@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class TextLabelPeer final : public WidgetPeer {
+class TextLabelPeer : public WidgetPeer {
  public:
   TextLabelPeer(kit::TextLabel& label, const Theme& theme, QWidget* parent);
 

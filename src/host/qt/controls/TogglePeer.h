@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class TogglePeer final : public WidgetPeer {
+class TogglePeer : public WidgetPeer {
  public:
   TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent);
 };

@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/painted/ControlMetrics.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/panels/PanelFocus.h"
-#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -28,8 +28,10 @@ PanelButton::PanelButton(const QString& title, Kind kind, const Theme& theme, QW
 
 QSize PanelButton::sizeHint() const {
   const WrappedText title(text().toStdString(), theme_.font(kit::FontRole::body), std::nullopt);
-  const double width = std::max(title.size().width() + 2 * kit::metrics::buttonInset, kit::metrics::buttonLeastWidth);
-  const double height = std::max(kit::metrics::buttonHeight, title.size().height() + 2 * kit::metrics::buttonPadding);
+  const double width =
+      std::max(title.size().width() + 2 * host_painted::metrics::buttonInset, host_painted::metrics::buttonLeastWidth);
+  const double height =
+      std::max(host_painted::metrics::buttonHeight, title.size().height() + 2 * host_painted::metrics::buttonPadding);
   return QSizeF(width + 2 * panelRing, height + 2 * panelRing).toSize();
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "fixtures/WaitFor.h"
+#include "host/painted/TabGeometry.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
@@ -147,7 +148,7 @@ TEST(TabBarTest, pressChoosesTheTabBelowIt) {
   std::vector<int> chosen;
   auto& bar = stage.add(makeTabBar([&chosen](int index) { chosen.push_back(index); }), barPlace);
   stage.show();
-  const kit::Rect general = bar.rectOfTab(1);
+  const kit::Rect general = host_painted::rectOfTab(bar, 1);
   driver::clickAt(bar, {.x = general.x + general.width / 2, .y = general.y + general.height / 2});
   driver::clickAt(bar, {.x = 5, .y = 30});
   EXPECT_EQ(chosen, std::vector{1});

@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <tuple>
 
+#include "host/painted/ControlMetrics.h"
+#include "host/painted/NaturalSize.h"
+#include "host/painted/TabGeometry.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
-#include "kit/controls/ControlMetrics.h"
 
 namespace tarnwell::host_qt {
 
@@ -195,6 +197,11 @@ TEST_F(ThemeTest, highContrastIsPaintedInBothSchemes) {
   EXPECT_EQ(window.grab().toImage().pixelColor(200, 200), QColor(Qt::black));
 }
 
+template <class C>
+kit::Size naturalSize(const C& control) {
+  return host_painted::naturalSize(control, testHost(), {}).size;
+}
+
 TEST_F(ThemeTest, largeFontsOfTheDesktopStayLargeAndControlsGrowWithThem) {
   const QFont before = QApplication::font();
   for (const int pixels : {11, 13, 18, 24}) {
@@ -204,14 +211,14 @@ TEST_F(ThemeTest, largeFontsOfTheDesktopStayLargeAndControlsGrowWithThem) {
     driver::settle();
     EXPECT_EQ(theme.font(kit::FontRole::body).pixelSize(), std::max(12, pixels));
     const double line = testHost().lineHeight(kit::FontRole::body);
-    EXPECT_GT(testHost().measure(*makeField("0.5"), {}).size.height, line);
-    EXPECT_GT(testHost().measure(*makeButton("Save"), {}).size.height, line);
-    EXPECT_GT(testHost().measure(*makePopUpButton(), {}).size.height, line);
+    EXPECT_GT(naturalSize(*makeField("0.5")).height, line);
+    EXPECT_GT(naturalSize(*makeButton("Save")).height, line);
+    EXPECT_GT(naturalSize(*makePopUpButton()).height, line);
     auto bar = makeTabBar();
-    bar->setFrame({.width = 600, .height = testHost().measure(*bar, {}).size.height});
+    bar->setFrame({.width = 600, .height = naturalSize(*bar).height});
     const kit::Size title = testHost().measureText("General", kit::FontRole::subheadline, {}).size;
-    EXPECT_GT(bar->rectOfTab(1).width, title.width);
-    EXPECT_GT(bar->rectOfTab(1).height, kit::metrics::tabTitleTop + title.height);
+    EXPECT_GT(host_painted::rectOfTab(*bar, 1).width, title.width);
+    EXPECT_GT(host_painted::rectOfTab(*bar, 1).height, host_painted::metrics::tabTitleTop + title.height);
   }
   QApplication::setFont(before);
   driver::settle();

@@ -6,7 +6,7 @@
 #include "kit/host/Measurement.h"
 #include "kit/host/TextStyle.h"
 
-namespace tarnwell::kit {
+namespace tarnwell::host_painted {
 
 /// How large a host draws a text.
 class TextMeasurer {
@@ -14,13 +14,14 @@ class TextMeasurer {
   virtual ~TextMeasurer() = default;
 
   /// The size of `text`, broken into lines where `width` (points) is given.
-  virtual Measurement measureText(std::string_view text, FontRole font, std::optional<double> width) const = 0;
+  virtual kit::Measurement measureText(std::string_view text, kit::FontRole font,
+                                       std::optional<double> width) const = 0;
 
   /// The height of one line.
-  double lineHeight(FontRole font) const { return measureText({}, font, std::nullopt).size.height; }
+  double lineHeight(kit::FontRole font) const { return measureText({}, font, std::nullopt).size.height; }
 
   /// The height of a capital letter: symbols and knobs are centred on it.
-  virtual double capHeight(FontRole font) const = 0;
+  virtual double capHeight(kit::FontRole font) const = 0;
 };
 
-}  // namespace tarnwell::kit
+}  // namespace tarnwell::host_painted

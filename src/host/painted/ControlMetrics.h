@@ -2,13 +2,11 @@
 
 #include "kit/host/Geometry.h"
 
-namespace tarnwell::kit::metrics {
+namespace tarnwell::host_painted::metrics {
 
-// The natural sizes of the controls that the hosts draw themselves, in points.
+// In points.
 
-inline constexpr double symbolSide = 18;
-inline constexpr double sliderHeight = 24;
-inline constexpr double sliderIdealWidth = 128;
+inline constexpr kit::Size slider = {.width = 128, .height = 24};
 inline constexpr double sliderLeastWidth = 60;
 inline constexpr double sliderKnobWidth = 10;
 inline constexpr double tickWidth = 2;
@@ -19,14 +17,14 @@ inline constexpr double fieldPadding = 2;
 inline constexpr double buttonPadding = 3;
 inline constexpr double fieldIdealWidth = 80;
 inline constexpr double fieldInset = 7;
-inline constexpr Size stepper = {.width = 16, .height = 22};
-inline constexpr Size toggle = {.width = 38, .height = 22};
+inline constexpr kit::Size stepper = {.width = 16, .height = 22};
+inline constexpr kit::Size toggle = {.width = 38, .height = 22};
 inline constexpr double buttonHeight = 24;
 inline constexpr double buttonInset = 14;
 inline constexpr double buttonLeastWidth = 64;
 inline constexpr double helpButtonSide = 22;
 // A tab with a text of the usual size; all of it grows with a larger one.
-inline constexpr Size tab = {.width = 72, .height = 48};
+inline constexpr kit::Size tab = {.width = 72, .height = 48};
 inline constexpr double tabTitleTop = 29;
 inline constexpr double tabTitleBelow = 4;
 inline constexpr double tabBarInset = 6;
@@ -35,4 +33,4 @@ inline constexpr double popUpSymbolSide = 16;
 inline constexpr double popUpGap = 6;
 inline constexpr double popUpArrowWidth = 18;
 
-}  // namespace tarnwell::kit::metrics
+}  // namespace tarnwell::host_painted::metrics

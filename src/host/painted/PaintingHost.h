@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/painted/TextMeasurer.h"
+#include "kit/host/Host.h"
+
+namespace tarnwell::host_painted {
+
+/// A host that paints its controls itself.
+class PaintingHost : public kit::Host, public TextMeasurer {
+ public:
+  kit::Rect rectOfTickMark(const kit::Slider& slider, int index) const override;
+};
+
+}  // namespace tarnwell::host_painted

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "kit/ShownControl.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/PopUpButton.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/SymbolView.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
+
+namespace tarnwell::host_painted {
+namespace {
+
+using kit::Measurement;
+using kit::ShownControl;
+using kit::Size;
+
+TEST(NaturalSizeTest, aButtonIsAsWideAsItsTitleButNeverNarrow) {
+  ShownControl<kit::Button> button;
+  button->setTitle("OK");
+  EXPECT_EQ(button->measure({}).size, (Size{.width = 64, .height = 24}));
+  button->setTitle("Reset to Defaults");
+  EXPECT_EQ(button->measure({.width = 10}).size, (Size{.width = 17 * 7 + 28, .height = 24}));
+  EXPECT_EQ(button->measure({}).firstBaseline, 16.5);
+}
+
+TEST(NaturalSizeTest, theHelpButtonIsRoundWhateverItsTitle) {
+  ShownControl<kit::Button> button;
+  button->setBezelStyle(kit::Button::BezelStyle::help);
+  button->setTitle("Help me with this");
+  EXPECT_EQ(button->measure({}).size, (Size{.width = 22, .height = 22}));
+}
+
+TEST(NaturalSizeTest, aPopUpButtonIsAsWideAsItsWidestItemWhicheverIsChosen) {
+  ShownControl<kit::PopUpButton> button;
+  button->setItems({{.title = "Genie", .symbol = "wand"}, {.title = "Scale", .symbol = "square"}, {.title = "Suck"}});
+  const Measurement measurement = button->measure({.width = 10});
+  EXPECT_EQ(measurement.size, (Size{.width = 10 + 5 * 7 + 6 + 16 + 18 + 10, .height = 24}));
+  button->setSelectedIndex(2);
+  EXPECT_EQ(button->measure({}), measurement);
+}
+
+TEST(NaturalSizeTest, aSliderTakesTheWidthThatItIsOfferedDownToItsLeast) {
+  const ShownControl<kit::Slider> slider(0, 0, 1, nullptr);
+  EXPECT_EQ(slider->measure({}).size, (Size{.width = 128, .height = 24}));
+  EXPECT_EQ(slider->measure({.width = 300}).size.width, 300);
+  EXPECT_EQ(slider->measure({.width = 10}).size.width, 60);
+}
+
+TEST(NaturalSizeTest, switchesAndSteppersHaveOneSize) {
+  EXPECT_EQ(ShownControl<kit::Toggle>()->measure({.width = 500}).size, (Size{.width = 38, .height = 22}));
+  EXPECT_EQ(ShownControl<kit::Stepper>()->measure({.width = 500}).size, (Size{.width = 16, .height = 22}));
+}
+
+TEST(NaturalSizeTest, aSymbolIsASquareCentredOnACapitalLetter) {
+  EXPECT_EQ(ShownControl<kit::SymbolView>()->measure({.width = 100}),
+            (Measurement{.size = {.width = 18, .height = 18}, .firstBaseline = 13.5}));
+}
+
+TEST(NaturalSizeTest, aTabBarTakesTheWidthThatItIsOffered) {
+  ShownControl<kit::TabBar> bar;
+  bar->setTabs({{.title = "Dock"}, {.title = "General"}});
+  EXPECT_EQ(bar->measure({}).size, (Size{.width = 2 * 72, .height = 60}));
+  EXPECT_EQ(bar->measure({.width = 600}).size, (Size{.width = 600, .height = 60}));
+}
+
+TEST(NaturalSizeTest, aFieldIsAsWideAsOffered) {
+  const ShownControl<kit::TextField> field;
+  EXPECT_EQ(field->measure({}).size, (Size{.width = 80, .height = 22}));
+  EXPECT_EQ(field->measure({.width = 50}).size, (Size{.width = 50, .height = 22}));
+}
+
+TEST(NaturalSizeTest, aTextIsMeasuredInItsFontAndBrokenWhereItLacksRoom) {
+  ShownControl<kit::TextLabel> label;
+  label->setText("0123456789");
+  EXPECT_EQ(label->measure({}).size, (Size{.width = 70, .height = 16}));
+  EXPECT_EQ(label->measure({.width = 35}).size, (Size{.width = 35, .height = 32}));
+  label->setStyle({.font = kit::FontRole::caption});
+  EXPECT_EQ(label->measure({}), (Measurement{.size = {.width = 50, .height = 12}, .firstBaseline = 9}));
+}
+
+}  // namespace
+}  // namespace tarnwell::host_painted
