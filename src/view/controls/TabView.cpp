@@ -122,7 +122,8 @@ class TabViewNode final : public MountedNode {
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
-    const double width = proposal.width.value_or(bar().measure({}).size.width);
+    // A bar that stands in the window's own frame takes no room, nor says how wide the tabs are.
+    const double width = proposal.width ? *proposal.width : idealWidth();
     const double barHeight = bar().measure({.width = width}).size.height;
     if (proposal.height) {
       proposal.height = std::max(0.0, *proposal.height - barHeight);
@@ -138,6 +139,8 @@ class TabViewNode final : public MountedNode {
   }
 
  private:
+  double idealWidth() const { return std::max(bar().measure({}).size.width, page().measure({}).size.width); }
+
   MountedNode& bar() const { return *children()[0]; }
   MountedNode& page() const { return *children()[1]; }
 

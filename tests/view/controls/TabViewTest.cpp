@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/headless/HeadlessHost.h"
 #include "view/Block.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
@@ -89,6 +90,38 @@ TEST_F(TabViewTest, thePageStandsUnderTheBarAndLearnsOfALowWindow) {
   EXPECT_EQ(stage.window().contentSize(), (kit::Size{300, 200}));
   EXPECT_EQ(stage.frame("page").y, barHeight);
   EXPECT_EQ(stage.frame("page").height, 200 - barHeight);
+}
+
+/// Shows tabs in the window's own frame.
+class ToolbarHost final : public host_headless::HeadlessHost {
+ public:
+  using HeadlessHost::peer;
+  std::unique_ptr<kit::Peer> peer(kit::TabBar& /*bar*/, kit::Peer& parent) override {
+    EXPECT_NE(dynamic_cast<kit::WindowPeer*>(&parent), nullptr);
+    return std::make_unique<ToolbarPeer>();
+  }
+
+ private:
+  class ToolbarPeer final : public kit::Peer {
+   public:
+    void show(kit::Aspect /*aspect*/) noexcept override {}
+    void place(const kit::Rect& /*frame*/) noexcept override {}
+    std::optional<kit::Measurement> measure(kit::Proposal /*proposal*/) const override { return kit::Measurement{}; }
+  };
+};
+
+TEST_F(TabViewTest, tabsOfTheWindowsOwnLeaveTheWholeContentToThePage) {
+  const View tabs = TabView{.tabs = {{.label = {.title = "One"}, .content = fixedBlock("one", 300, 50)},
+                                     {.label = {.title = "Two"}, .content = fixedBlock("two", 200, 80)}},
+                            .selectedIndex = {.get = [this] { return selection == "dock" ? 0 : 1; },
+                                              .set = [this](int index) { selection = index == 0 ? "dock" : "two"; }}};
+  ToolbarHost host;
+  kit::Turn turn;
+  HostedWindow window(turn, host, {.identifier = "tabs", .title = "Tabs", .view = tabs});
+  window.open();
+  const auto controls = [&window] { return window.tree().controls(); };
+  EXPECT_EQ(window.window().contentSize(), (kit::Size{300, 50}));
+  EXPECT_EQ(controls().at(1)->frame(), (kit::Rect{0, 0, 300, 50}));
 }
 
 TEST_F(TabViewTest, aWindowThatClosesAndOpensInOneEventMountsItsPageAfresh) {
