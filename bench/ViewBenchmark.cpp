@@ -45,9 +45,10 @@ class InstantRunner final : public core::CommandRunner {
 class Scene {
  public:
   explicit Scene(const View& content) {
-    const auto environment =
-        view::EnvironmentValues().with<dockscreen::CommandRunnerKey>(&runner_).with<view::NumberFormatKey>(
-            std::make_shared<host_headless::PointNumberFormat>());
+    const auto environment = view::EnvironmentValues()
+                                 .with<dockscreen::CommandRunnerKey>(&runner_)
+                                 .with<view::NumberFormatKey>(std::make_shared<host_headless::PointNumberFormat>())
+                                 .with<view::ProductKey>({.webHost = "tarnwell.example"});
     window_ = std::make_unique<view::HostedWindow>(
         turn_, host_, view::HostedWindow::Content{.identifier = "bench", .view = content, .environment = environment});
     window_->open();

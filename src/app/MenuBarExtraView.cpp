@@ -1,12 +1,11 @@
 #include "app/MenuBarExtraView.h"
 
 #include "app/ApplicationActions.h"
-#include "core/ProductPages.h"
+#include "app/ProductLink.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
 #include "view/controls/Button.h"
 #include "view/controls/Divider.h"
-#include "view/controls/Link.h"
 #include "view/controls/Text.h"
 #include "view/layout/Group.h"
 
@@ -23,9 +22,8 @@ View MenuBarExtraView::body() const {
   return view::Group{
       .children = {settings, view::Divider{}, view::Button{.title = "About Tarnwell", .action = showAboutPanel},
                    updates::CheckForUpdatesView(updaterEnv->updaterController().updater()),
-                   view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
-                   view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
-                   view::Divider{}, quit}};
+                   ProductLink{.title = "Send feedback...", .path = "/feedback"},
+                   ProductLink{.title = "Support this project ♥️", .path = "/donate"}, view::Divider{}, quit}};
 }
 
 }  // namespace tarnwell::app

@@ -5,14 +5,13 @@
 #include "app/ApplicationActions.h"
 #include "app/LauncherView.h"
 #include "app/MenuBarExtraView.h"
+#include "app/ProductLink.h"
 #include "app/SettingsView.h"
 #include "app/WelcomeView.h"
-#include "core/ProductPages.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
 #include "view/controls/Button.h"
 #include "view/controls/Divider.h"
-#include "view/controls/Link.h"
 #include "view/controls/Text.h"
 #include "view/layout/Group.h"
 
@@ -37,12 +36,11 @@ struct HelpEntries {
 
   auto stored() { return std::tie(updaterEnv); }
   View body() const {
-    return view::Group{
-        .children = {view::Link{.title = "Tarnwell Help", .destination = core::helpPage()}, view::Divider{},
-                     updates::CheckForUpdatesView(updaterEnv->updaterController().updater()),
-                     view::Link{.title = "Send feedback...", .destination = core::feedbackPage()},
-                     view::Link{.title = "Support this project ♥️", .destination = core::donationPage()},
-                     view::Divider{}, aboutButton()}};
+    return view::Group{.children = {ProductLink{.title = "Tarnwell Help", .path = "/help"}, view::Divider{},
+                                    updates::CheckForUpdatesView(updaterEnv->updaterController().updater()),
+                                    ProductLink{.title = "Send feedback...", .path = "/feedback"},
+                                    ProductLink{.title = "Support this project ♥️", .path = "/donate"},
+                                    view::Divider{}, aboutButton()}};
   }
 };
 

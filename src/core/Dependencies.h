@@ -15,6 +15,8 @@ struct Dependencies {
   std::function<bool()> usesSingleApp = {};
   /// Opens an address in the user's browser. Must be set.
   std::function<void(const std::string&)> openURL = {};
+  /// The address of the product's help page.
+  std::string helpPage = {};
   /// Hears that fields have changed. May be empty.
   std::function<void()> changed = {};
 };

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "core/Preference.h"
-#include "core/ProductPages.h"
 
 namespace tarnwell::core {
 
@@ -13,6 +12,7 @@ DockSettings::DockSettings(Dependencies dependencies)
                      {MinEffect::scale, "Scale Effect"},
                      {MinEffect::suck, "Suck Effect"}},
       openURL(std::move(dependencies.openURL)),
+      helpPage_(std::move(dependencies.helpPage)),
       catalogue_(dependencies.runner),
       usesSingleApp_(std::move(dependencies.usesSingleApp)),
       changed_(std::move(dependencies.changed)) {}
@@ -63,7 +63,7 @@ void DockSettings::resetToDefaults() {
 void DockSettings::openHelp() const {
   // Callbacks are called through copies, because what they do may drop this state.
   const auto open = openURL;
-  open(helpPage());
+  open(helpPage_);
 }
 
 bool DockSettings::matchesCurrent() const {

@@ -75,6 +75,7 @@ class DockSettings {
   void copyEditedToCurrent();
   void notify() const;
 
+  const std::string helpPage_;
   Catalogue catalogue_;
   std::function<bool()> usesSingleApp_;
   std::function<void()> changed_;

@@ -31,4 +31,6 @@ void printLine(std::string_view line) { print(std::string(line) + "\n"); }
 
 void printErrorLine(std::string_view line) { printError(std::string(line) + "\n"); }
 
+void reportError(std::string_view message) { printErrorLine("tarnwell: " + std::string(message)); }
+
 }  // namespace tarnwell::diagnostics

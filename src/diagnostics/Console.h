@@ -17,4 +17,7 @@ void printLine(std::string_view line);
 /// The same on standard error.
 void printErrorLine(std::string_view line);
 
+/// The same with the program's name before it: what went wrong, in a line that says who speaks.
+void reportError(std::string_view message);
+
 }  // namespace tarnwell::diagnostics

@@ -1,14 +1,13 @@
 #include "diagnostics/Fault.h"
 
 #include <cstdlib>
-#include <string>
 
 #include "diagnostics/Console.h"
 
 namespace tarnwell::diagnostics {
 
 void fault(std::string_view message) {
-  printErrorLine("tarnwell: " + std::string(message));
+  reportError(message);
   std::abort();
 }
 

@@ -65,6 +65,7 @@ std::shared_ptr<DockSettings> ContentView::makeSettings(const view::EnvironmentV
       core::Dependencies{.runner = *runner,
                          .usesSingleApp = [version] { return version < withoutSingleApp; },
                          .openURL = environment.get<view::OpenUrlKey>(),
+                         .helpPage = environment.get<view::ProductKey>().page("/help"),
                          .changed = std::move(changed)});
 }
 

@@ -127,7 +127,7 @@ void UpdateCheck::answerFound(Choice choice) {
   } else if (choice == Choice::remindLater) {
     end();
   } else if (item_.isInformational) {
-    setting_.ports.openUrl(item_.link);
+    setting_.ports.driver.openPage(item_.link);
     end();
   } else {
     origin_ = Origin::user;

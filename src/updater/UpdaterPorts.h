@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <string>
-
 #include "updater/UserDriver.h"
 #include "updater/package/Installer.h"
 #include "updater/package/Worker.h"
@@ -18,8 +15,6 @@ struct UpdaterPorts {
   Installer& installer;
   Alarm& alarm;
   Worker& worker;
-  /// Shows a web page in the browser.
-  std::function<void(const std::string& address)> openUrl = {};
 };
 
 }  // namespace tarnwell::updater

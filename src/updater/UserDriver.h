@@ -45,6 +45,8 @@ class UserDriver {
   virtual void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) = 0;
   /// `reason` is a sentence for people. `retry` is empty where trying again cannot help.
   virtual void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) = 0;
+  /// In the browser.
+  virtual void openPage(const std::string& address) = 0;
   /// Takes away whatever is shown, without running its answer.
   virtual void dismiss() = 0;
 };

@@ -21,7 +21,7 @@ kit::Application& application() {
 
 UpdaterEnv::UpdaterEnv()
     : updaterController_(application().platform().makeUpdaterController(
-          {.startingUpdater = true, .updaterDelegate = nullptr, .userDriverDelegate = nullptr})) {}
+          application(), {.startingUpdater = true, .updaterDelegate = nullptr, .userDriverDelegate = nullptr})) {}
 
 UpdaterEnv::~UpdaterEnv() = default;
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "fixtures/DockCommands.h"
 #include "kit/controls/Window.h"
 #include "settingsaccess/OpenSettingsKey.h"
@@ -11,7 +11,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_EQ(
       application.milestones(),
@@ -28,20 +28,20 @@ TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
 }
 
 TEST(ApplicationStart, leavesTheSettingsInFrontAndNothingElse) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_EQ(application.application().windows(), std::vector<kit::Window*>{&application.settings()});
   EXPECT_EQ(application.application().keyWindow(), &application.settings());
 }
 
 TEST(ApplicationStart, readsTheDockOnce) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_EQ(application.reads(), fixtures::readCommands());
 }
 
 TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.install();
   EXPECT_TRUE(application.application().windows().empty());
   ASSERT_EQ(application.application().postedEvents().size(), 1U);
@@ -51,7 +51,7 @@ TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {
 }
 
 TEST(ApplicationStart, theLauncherPostsCommandAndACommaAlone) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.install();
   ASSERT_EQ(application.application().postedEvents().size(), 1U);
   EXPECT_EQ(application.application().postedEvents().front(), (kit::Event{.type = kit::Event::Type::keyDown,
@@ -66,7 +66,7 @@ TEST(ApplicationStart, theLauncherPostsCommandAndACommaAlone) {
 }
 
 TEST(ApplicationStart, theKeyQueuesBehindWhatWaitsAlready) {
-  RunningApplication application;
+  HeadlessApplication application;
   const kit::Event earlier{.charactersIgnoringModifiers = "x"};
   application.application().postEvent(earlier, false);
   application.install();
@@ -75,7 +75,7 @@ TEST(ApplicationStart, theKeyQueuesBehindWhatWaitsAlready) {
 }
 
 TEST(ApplicationStart, withoutSyntheticEventsOnlyTheLauncherCloses) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.platform().traits().makesEvents = false;
   application.start();
   EXPECT_TRUE(application.application().windows().empty());
@@ -85,13 +85,13 @@ TEST(ApplicationStart, withoutSyntheticEventsOnlyTheLauncherCloses) {
 }
 
 TEST(ApplicationStart, installsNoDelegate) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_EQ(application.application().delegate(), nullptr);
 }
 
 TEST(ApplicationStart, theLaunchersClosingLeavesTheTabAlone) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   kit::Window other("settingslauncher", {});
@@ -105,7 +105,7 @@ TEST(ApplicationStart, theLaunchersClosingLeavesTheTabAlone) {
 }
 
 TEST(ApplicationStart, theHiddenLinkConnectsTheSettingsAction) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.install();
   const auto action = settingsaccess::OpenSettingsKey::initial();
   EXPECT_NE((*action)(), nullptr);

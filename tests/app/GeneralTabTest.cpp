@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/Toggle.h"
 #include "kit/controls/Window.h"
@@ -13,12 +13,12 @@ using Lines = std::vector<std::string>;
 constexpr const char* checks = "Check for updates automatically";
 constexpr const char* downloads = "Download updates automatically";
 
-kit::Toggle& toggle(RunningApplication& application, const std::string& name) {
+kit::Toggle& toggle(HeadlessApplication& application, const std::string& name) {
   return dynamic_cast<kit::Toggle&>(application.control(name));
 }
 
 TEST(GeneralTab, showsWhatTheUpdaterHoldsAtEachShowing) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.platform().updater().preferences() = {.checks = true, .downloads = false};
   application.chooseTab(1);
@@ -32,7 +32,7 @@ TEST(GeneralTab, showsWhatTheUpdaterHoldsAtEachShowing) {
 }
 
 TEST(GeneralTab, theRefreshWritesBackOnlyWhatDiffered) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.platform().updater().preferences() = {.checks = true, .downloads = false};
   application.newMilestones();
@@ -47,7 +47,7 @@ TEST(GeneralTab, theRefreshWritesBackOnlyWhatDiffered) {
 }
 
 TEST(GeneralTab, oneClickWritesOneValueAndTheSwitchesAreIndependent) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   application.newMilestones();
@@ -63,7 +63,7 @@ TEST(GeneralTab, oneClickWritesOneValueAndTheSwitchesAreIndependent) {
 }
 
 TEST(GeneralTab, launchAtLoginFollowsTheSystem) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   toggle(application, "Launch at login").press();
@@ -72,7 +72,7 @@ TEST(GeneralTab, launchAtLoginFollowsTheSystem) {
 }
 
 TEST(GeneralTab, theButtonChecksForUpdatesAndIsDisabledWhileItCannot) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   application.newMilestones();

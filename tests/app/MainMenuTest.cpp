@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "fixtures/ExpectDump.h"
 #include "kit/controls/TextField.h"
 #include "kit/controls/Window.h"
@@ -11,21 +11,21 @@ namespace {
 using Lines = std::vector<std::string>;
 
 TEST(MainMenu, readsAsDesigned) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   fixtures::expectDump("app/MainMenu.dump", application.mainMenuPicture());
 }
 
 // Who hides it is the system's own application object, which is not here.
 TEST(MainMenu, offersToHideTheApplicationWhereTheSystemCan) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.platform().traits().hidesApplications = true;
   application.start();
   fixtures::expectDump("app/MainMenuThatHides.dump", application.mainMenuPicture());
 }
 
 TEST(MainMenu, linksOpenThePages) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start().newMilestones();
   application.choose("Help", "Tarnwell Help");
   application.choose("Help", "Send feedback...");
@@ -36,7 +36,7 @@ TEST(MainMenu, linksOpenThePages) {
 }
 
 TEST(MainMenu, aboutStandsInTwoMenusAndActivatesNothing) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start().newMilestones();
   application.choose("Tarnwell", "About Tarnwell");
   application.choose("Help", "About Tarnwell");
@@ -44,7 +44,7 @@ TEST(MainMenu, aboutStandsInTwoMenusAndActivatesNothing) {
 }
 
 TEST(MainMenu, commandCommaIsAnsweredByTheFirstEntryInOrder) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.settings().performClose();
   application.settle();
@@ -55,7 +55,7 @@ TEST(MainMenu, commandCommaIsAnsweredByTheFirstEntryInOrder) {
 }
 
 TEST(MainMenu, showSettingsWindowOpensTheSettings) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.settings().performClose();
   application.choose("View", "Show settings window");
@@ -63,7 +63,7 @@ TEST(MainMenu, showSettingsWindowOpensTheSettings) {
 }
 
 TEST(MainMenu, commandWClosesTheWindowAndTheApplicationGoesOn) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_TRUE(application.pressCommand("w"));
   EXPECT_FALSE(application.settingsAreOpen());
@@ -74,21 +74,21 @@ TEST(MainMenu, commandWClosesTheWindowAndTheApplicationGoesOn) {
 }
 
 TEST(MainMenu, commandQQuits) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_TRUE(application.pressCommand("q"));
   EXPECT_TRUE(application.platform().hasTerminated());
 }
 
 TEST(MainMenu, anUpperCaseQIsNoEntryOfTheMainMenu) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_FALSE(application.pressCommand("Q"));
   EXPECT_FALSE(application.platform().hasTerminated());
 }
 
 TEST(MainMenu, checkForUpdatesIsDisabledWhileACheckRuns) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_TRUE(application.application().canChoose(*application.entry("Help", "Check for Updates…")));
   application.application().turn().perform([&] { application.platform().updater().setCanCheckForUpdates(false); });

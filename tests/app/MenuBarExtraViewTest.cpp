@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "app/HeadlessApplication.h"
 #include "app/MenuBarExtraView.h"
-#include "app/RunningApplication.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/ExpectDump.h"
 #include "kit/controls/Window.h"
@@ -14,13 +14,13 @@ namespace {
 using Lines = std::vector<std::string>;
 
 TEST(MenuBarExtraView, hasEightEntries) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   fixtures::expectDump("app/MenuBarExtra.dump", application.extraPicture());
 }
 
 TEST(MenuBarExtraView, settingsOpensTheWindowOnTheDockTabFreshlyLoaded) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   application.settings().performClose();
@@ -33,7 +33,7 @@ TEST(MenuBarExtraView, settingsOpensTheWindowOnTheDockTabFreshlyLoaded) {
 }
 
 TEST(MenuBarExtraView, settingsWithTheWindowOpenBringsItToTheFrontAndReadsNothing) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.reads();
   application.newMilestones();
@@ -45,7 +45,7 @@ TEST(MenuBarExtraView, settingsWithTheWindowOpenBringsItToTheFrontAndReadsNothin
 }
 
 TEST(MenuBarExtraView, aboutShowsThePanelWithoutActivating) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start().newMilestones();
   application.chooseFromExtra("About Tarnwell");
   EXPECT_EQ(application.newMilestones(), (Lines{"status item \"Utility App\": menu opens", "about panel",
@@ -53,14 +53,14 @@ TEST(MenuBarExtraView, aboutShowsThePanelWithoutActivating) {
 }
 
 TEST(MenuBarExtraView, quitQuitsAtOnce) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseFromExtra("Quit Tarnwell");
   EXPECT_TRUE(application.platform().hasTerminated());
 }
 
 TEST(MenuBarExtraView, anUpperCaseQAnswersOnlyInTheOpenMenu) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   bool answered = false;
   application.platform().setMenuScript([&answered](host_headless::OpenMenu& menu) {
@@ -72,7 +72,7 @@ TEST(MenuBarExtraView, anUpperCaseQAnswersOnlyInTheOpenMenu) {
 }
 
 TEST(MenuBarExtraView, checkForUpdatesStartsACheckAndFollowsTheUpdater) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.newMilestones();
   application.chooseFromExtra("Check for Updates…");

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "app/SettingsView.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/ExpectDump.h"
@@ -17,13 +17,13 @@ namespace {
 using Lines = std::vector<std::string>;
 
 TEST(SettingsView, hasTwoTabsAndStartsOnTheDock) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_NE(application.settingsPicture().find("Tabs *\"Dock\" dock.rectangle \"General\" gear\n"), std::string::npos);
 }
 
 TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
   application.chooseTab(1);
@@ -31,7 +31,7 @@ TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {
 }
 
 TEST(SettingsView, onALowScreenTheTabsStayAndThePageScrolls) {
-  RunningApplication application;
+  HeadlessApplication application;
   dynamic_cast<host_headless::HeadlessHost&>(application.platform().host()).setAvailableHeight(400);
   application.start();
   EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 400}));
@@ -46,7 +46,7 @@ TEST(SettingsView, onALowScreenTheTabsStayAndThePageScrolls) {
 }
 
 TEST(SettingsView, aMenuBarInTheWindowCountsAmongThe700) {
-  RunningApplication application;
+  HeadlessApplication application;
   auto& host = dynamic_cast<host_headless::HeadlessHost&>(application.platform().host());
   host.setChromeHeight(44);
   application.start();
@@ -61,7 +61,7 @@ TEST(SettingsView, aMenuBarInTheWindowCountsAmongThe700) {
 }
 
 TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.reads();
   application.chooseTab(1);
@@ -71,7 +71,7 @@ TEST(SettingsView, comingBackFromGeneralReadsTheDockAgain) {
 }
 
 TEST(SettingsView, leavingTheDockTabGivesUpItsEdits) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).press();
   application.chooseTab(1);
@@ -80,7 +80,7 @@ TEST(SettingsView, leavingTheDockTabGivesUpItsEdits) {
 }
 
 TEST(SettingsView, closingReturnsToTheDockTabAndReadsNothing) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   application.reads();
@@ -93,7 +93,7 @@ TEST(SettingsView, closingReturnsToTheDockTabAndReadsNothing) {
 }
 
 TEST(SettingsView, closedAndOpenedInOneEventItStartsAfreshAndReadsTheDockOnce) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   dynamic_cast<kit::Toggle&>(application.control("Dim hidden apps")).press();
   application.reads();
@@ -109,7 +109,7 @@ TEST(SettingsView, closedAndOpenedInOneEventItStartsAfreshAndReadsTheDockOnce) {
 }
 
 TEST(SettingsView, closingAnnouncesItWhileTheWindowStands) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   Lines seen;
   const auto subscription = application.application().notificationCenter().addObserver(
@@ -123,7 +123,7 @@ TEST(SettingsView, closingAnnouncesItWhileTheWindowStands) {
 }
 
 TEST(SettingsView, theGeneralTabReadsAsDesigned) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   fixtures::expectDump("app/GeneralTab.dump", application.settingsPicture());
@@ -142,7 +142,7 @@ class ClosingWitness final : public kit::Object {
 };
 
 TEST(SettingsView, theWindowsDelegateHearsOfTheClosingToo) {
-  RunningApplication application;
+  HeadlessApplication application;
   application.start();
   const auto witness = std::make_shared<ClosingWitness>();
   application.settings().setDelegate(witness);

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/Toggle.h"
 
@@ -51,7 +51,7 @@ class UpdaterReplacementTest : public testing::Test {
   }
 
   host_headless::Journal journal;
-  RunningApplication application;
+  HeadlessApplication application;
 };
 
 const std::vector<bool> all = {true, true, true};

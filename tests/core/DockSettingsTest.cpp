@@ -44,6 +44,7 @@ class DockSettingsTest : public testing::Test {
   DockSettings settings{{.runner = runner,
                          .usesSingleApp = [this] { return system == System::macOS14; },
                          .openURL = [this](const std::string& address) { opened.push_back(address); },
+                         .helpPage = "https://my.site/help",
                          .changed = [this] { ++changes; }}};
 };
 
@@ -311,7 +312,7 @@ TEST_F(DockSettingsTest, aStateWithoutAListenerWorks) {
 
 TEST_F(DockSettingsTest, helpOpensTheProductsHelpPage) {
   settings.openHelp();
-  EXPECT_EQ(opened, Commands{"https://" TARNWELL_WEB_HOST "/help"});
+  EXPECT_EQ(opened, Commands{"https://my.site/help"});
   EXPECT_EQ(runner.commands, Commands());
 }
 

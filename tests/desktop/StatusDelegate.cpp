@@ -19,13 +19,12 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   host_headless::Journal journal;
   host_headless::HeadlessLoginItem loginItem(journal);
   host_headless::HeadlessLog log;
-  host_qt::QtPlatform platform(*toolkit, {.loginItem = &loginItem, .log = &log});
+  host_qt::QtPlatform platform(*toolkit, {.product = {.name = "Tarnwell"}, .loginItem = &loginItem, .log = &log});
   const auto application = kit::Application::create(platform);
-  platform.showMainMenu(application->mainMenu());
+  platform.showMainMenu(*application);
   const auto delegate = kit::ClassRegistry::make("AppDelegate", *application);
   application->setDelegate(delegate);
-  platform.launch(*application, {.eventID = kit::openApplicationEvent});
-  const int status = toolkit->run();
+  const int status = platform.run(*application);
   application->setDelegate(nullptr);
   return status;
 }

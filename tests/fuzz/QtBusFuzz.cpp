@@ -299,7 +299,7 @@ class World {
     item_.setMenu(menu_);
     onBus_ = std::make_unique<host_qt::BusStatusItem>(connection, "/Item", item_, image_);
     connection_ = connection;
-    service_ = std::make_unique<host_qt::ApplicationService>(connection);
+    service_ = std::make_unique<host_qt::ApplicationService>(connection, "example.tarnwell.Tarnwell");
   }
 
   template <class Condition>

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/ProductPages.h"
+#include "app/Product.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "kit/application/Platform.h"
@@ -228,11 +228,12 @@ TEST(ApplicationScenarios, theMenusReadAsDesigned) {
 TEST(ApplicationScenarios, linksOpenTheirPages) {
   Tarnwell tarnwell;
   tarnwell.system().choose("Help", "Tarnwell Help");
-  EXPECT_EQ(tarnwell.openedAddresses(), Lines{core::helpPage()});
+  EXPECT_EQ(tarnwell.system().openedAddress(), app::product().page("/help"));
   for (const std::string menu : {"Help", System::icon}) {
     tarnwell.system().choose(menu, "Send feedback...");
+    EXPECT_EQ(tarnwell.system().openedAddress(), app::product().page("/feedback"));
     tarnwell.system().choose(menu, "Support this project \u2665\uFE0F");
-    EXPECT_EQ(tarnwell.openedAddresses(), (Lines{core::feedbackPage(), core::donationPage()}));
+    EXPECT_EQ(tarnwell.system().openedAddress(), app::product().page("/donate"));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/NamedControl.h"
 #include "dockscreen/CommandRunnerKey.h"
 #include "dockscreen/ContentView.h"
 #include "kit/controls/Control.h"
@@ -9,7 +10,6 @@
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/TextField.h"
-#include "scenarios/NamedControl.h"
 
 namespace tarnwell::scenarios {
 
@@ -19,7 +19,8 @@ DockTab::DockTab(const DockTabOptions& options) : driver_(makeDriver()) {
           .with<dockscreen::CommandRunnerKey>(&runner_)
           .with<view::NumberFormatKey>(std::make_shared<host_headless::PointNumberFormat>(options.format))
           .with<view::SystemVersionKey>(options.version)
-          .with<view::OpenUrlKey>([this](const std::string& address) { opened_.push_back(address); });
+          .with<view::OpenUrlKey>([this](const std::string& address) { opened_.push_back(address); })
+          .with<view::ProductKey>({.webHost = "tarnwell.example"});
   const view::View content =
       view::View(dockscreen::ContentView{}).frame({.width = 600}).frame({.maxHeight = 700}).fixedSize();
   window_ = std::make_unique<view::HostedWindow>(
@@ -41,7 +42,7 @@ DockTab& DockTab::holdingAfter(const fixtures::Commands& writes) {
   return *this;
 }
 
-bool DockTab::has(const std::string& name) const { return hasControlNamed(name, window_->tree()); }
+bool DockTab::has(const std::string& name) const { return app::hasControlNamed(name, window_->tree()); }
 
 void DockTab::type(const std::string& name, const std::string& text) {
   driver_->type(find<kit::TextField>(name), text);
@@ -66,6 +67,6 @@ std::vector<std::string> DockTab::writes() { return std::exchange(runner_.detach
 
 std::vector<std::string> DockTab::reads() { return std::exchange(runner_.captured, {}); }
 
-kit::Control& DockTab::control(const std::string& name) const { return controlNamed(name, window_->tree()); }
+kit::Control& DockTab::control(const std::string& name) const { return app::controlNamed(name, window_->tree()); }
 
 }  // namespace tarnwell::scenarios

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "app/Product.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/controls/Window.h"
@@ -58,6 +59,17 @@ class HeadlessSystem final : public System {
   bool aboutIsShown() override { return aboutPanels() > closedPanels_; }
   void closeAbout() override { closedPanels_ = aboutPanels(); }
 
+  std::string openedAddress() override {
+    const std::string start = "open ";
+    std::string opened;
+    for (; seen_ < journal().size(); ++seen_) {
+      if (journal()[seen_].starts_with(start)) {
+        opened += journal()[seen_].substr(start.size());
+      }
+    }
+    return opened;
+  }
+
   bool endsBy(const std::function<void()>& action) override {
     action();
     return platform_.hasTerminated();
@@ -85,7 +97,8 @@ class HeadlessSystem final : public System {
 
   long aboutPanels() { return std::ranges::count(journal(), "about panel"); }
 
-  host_headless::HeadlessPlatform platform_;
+  host_headless::HeadlessPlatform platform_{app::product()};
+  std::size_t seen_ = 0;
   long closedPanels_ = 0;
 };
 

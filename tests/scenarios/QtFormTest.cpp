@@ -2,10 +2,10 @@
 
 #include <QtWidgets/QWidget>
 
+#include "app/NamedControl.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
 #include "kit/controls/Box.h"
-#include "scenarios/NamedControl.h"
 #include "view/Counter.h"
 #include "view/controls/Form.h"
 #include "view/controls/Section.h"
@@ -39,7 +39,7 @@ TEST(QtForm, aBoxThatComesLaterLiesUnderItsRow) {
   window.open();
   turn.perform([&remote] { remote.set(1); });
   QWidget& box = driver::widget(onlyBox(window.tree()));
-  QWidget& row = driver::widget(controlNamed("row", window.tree()));
+  QWidget& row = driver::widget(app::controlNamed("row", window.tree()));
   ASSERT_EQ(box.parentWidget(), row.parentWidget());
   EXPECT_TRUE(box.geometry().contains(row.geometry()));
   const QObjectList& fromTheGroundUp = box.parentWidget()->children();

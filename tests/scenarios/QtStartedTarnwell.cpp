@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "dockscreen/CommandRunnerKey.h"
+#include "app/Product.h"
 #include "host/headless/PointNumberFormat.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
@@ -25,25 +25,25 @@ QtStartedTarnwell::QtStartedTarnwell(std::chrono::milliseconds longestWait, std:
         timeUntilReading_ = std::chrono::milliseconds(sinceStart_.elapsed());
         reading();
       }),
-      platform_(
-          (sinceStart_.start(), host_qt::testApplication()),
-          {.loginItem = &loginItem_,
-           .log = &log_,
-           .makeUpdaterController =
-               [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-           .menuWindow = view::SceneRunner::settingsWindowIdentifier,
-           .longestWait = longestWait}),
-      application_(kit::Application::create(platform_)) {
+      platform_((sinceStart_.start(), host_qt::testApplication()),
+                {.product = app::product(),
+                 .numberFormat = std::make_shared<host_headless::PointNumberFormat>(),
+                 .loginItem = &loginItem_,
+                 .log = &log_,
+                 .makeUpdaterController =
+                     [this](auto&, const auto&) {
+                       return std::make_unique<host_headless::HeadlessUpdaterController>(updater_);
+                     },
+                 .menuWindow = view::SceneRunner::settingsWindowIdentifier,
+                 .longestWait = longestWait}),
+      composition_(std::make_unique<app::Composition>(platform_, runner_)) {
   qApp->installEventFilter(this);
-  scenes_ = std::make_unique<view::SceneRunner>(
-      *application_, view::EnvironmentValues().with<dockscreen::CommandRunnerKey>(&runner_).with<view::NumberFormatKey>(
-                         std::make_shared<host_headless::PointNumberFormat>()));
-  scenes_->install(tarnwell_.body());
-  platform_.launch(*application_, {.eventID = kit::openApplicationEvent});
+  composition_->install();
+  platform_.launch(composition_->application());
 }
 
 QtStartedTarnwell::~QtStartedTarnwell() {
-  scenes_.reset();
+  composition_.reset();
   host_qt::driver::settle();
   platform_.host().theme().setColorScheme(std::nullopt);
 }
@@ -56,7 +56,9 @@ bool QtStartedTarnwell::showsSettings() {
   return host_qt::becomes([this] { return !pictures_.empty(); });
 }
 
-QWidget& QtStartedTarnwell::settings() { return host_qt::driver::widget(scenes_->settingsWindow()->window()); }
+QWidget& QtStartedTarnwell::settings() {
+  return host_qt::driver::widget(composition_->scenes().settingsWindow()->window());
+}
 
 bool QtStartedTarnwell::eventFilter(QObject* object, QEvent* event) noexcept {
   if (event->type() == QEvent::Paint) {

@@ -8,15 +8,13 @@
 #include <string>
 #include <vector>
 
-#include "app/TarnwellApp.h"
+#include "app/Composition.h"
 #include "core/CommandRunner.h"
 #include "host/headless/HeadlessLog.h"
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/HeadlessUpdater.h"
 #include "host/headless/Journal.h"
 #include "host/qt/QtPlatform.h"
-#include "kit/application/Application.h"
-#include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::scenarios {
 
@@ -69,9 +67,7 @@ class QtStartedTarnwell final : public QObject {
   host_headless::HeadlessLoginItem loginItem_{journal_};
   host_headless::HeadlessLog log_;
   host_qt::QtPlatform platform_;
-  std::shared_ptr<kit::Application> application_;
-  app::TarnwellApp tarnwell_;
-  std::unique_ptr<view::SceneRunner> scenes_;
+  std::unique_ptr<app::Composition> composition_;
 };
 
 }  // namespace tarnwell::scenarios

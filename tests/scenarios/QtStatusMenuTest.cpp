@@ -24,7 +24,7 @@ class QtStatusMenu : public testing::Test {
   QtStatusMenu() {
     delegate = kit::ClassRegistry::make("AppDelegate", desktop.application());
     desktop.application().setDelegate(delegate);
-    desktop.platform().launch(desktop.application(), {.eventID = kit::openApplicationEvent});
+    desktop.platform().launch(desktop.application());
   }
   ~QtStatusMenu() override { desktop.application().setDelegate(nullptr); }
 

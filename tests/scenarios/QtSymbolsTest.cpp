@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "app/RunningApplication.h"
+#include "app/HeadlessApplication.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "host/qt/look/Symbols.h"
 #include "kit/application/StatusItem.h"
@@ -30,7 +30,7 @@ void addSymbolsOf(const kit::Control& control, Names& names) {
   }
 }
 
-Names symbolsOfSettings(app::RunningApplication& application) {
+Names symbolsOfSettings(app::HeadlessApplication& application) {
   Names names;
   for (const kit::Control* control : application.settings().controls()) {
     addSymbolsOf(*control, names);
@@ -46,7 +46,7 @@ void expectDrawings(const Names& names) {
 
 TEST(QtSymbols, everySymbolOfTheDockTabAndOfTheTabsHasADrawing) {
   const fixtures::StandardOutputCapture output;
-  app::RunningApplication application;
+  app::HeadlessApplication application;
   application.start();
   const Names names = symbolsOfSettings(application);
   EXPECT_TRUE(names.contains("dock.arrow.up.rectangle"));
@@ -57,7 +57,7 @@ TEST(QtSymbols, everySymbolOfTheDockTabAndOfTheTabsHasADrawing) {
 
 TEST(QtSymbols, everySymbolOfTheGeneralTabHasADrawing) {
   const fixtures::StandardOutputCapture output;
-  app::RunningApplication application;
+  app::HeadlessApplication application;
   application.start();
   application.chooseTab(1);
   expectDrawings(symbolsOfSettings(application));
@@ -65,7 +65,7 @@ TEST(QtSymbols, everySymbolOfTheGeneralTabHasADrawing) {
 
 TEST(QtSymbols, theMenuBarExtrasSymbolHasADrawing) {
   const fixtures::StandardOutputCapture output;
-  app::RunningApplication application;
+  app::HeadlessApplication application;
   application.start();
   const std::string name = application.platform().statusItems().at(0)->button()->image().symbol;
   EXPECT_EQ(name, "dock.rectangle");

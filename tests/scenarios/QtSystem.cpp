@@ -4,10 +4,15 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 
+#include "app/Product.h"
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/Sandbox.h"
 #include "host/headless/HeadlessLog.h"
 #include "host/headless/Journal.h"
+#include "host/headless/PointNumberFormat.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/QtPlatform.h"
 #include "host/qt/WidgetDriver.h"
@@ -58,14 +63,19 @@ std::vector<std::string> withoutKeys(std::vector<std::string> lines, const std::
 class QtSystem final : public System {
  public:
   QtSystem()
-      : platform_(
-            host_qt::testApplication(),
-            {.loginItem = &loginItem_,
-             .log = &log_,
-             .makeUpdaterController =
-                 [this](const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-             .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Example"},
-             .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {}
+      : platform_(host_qt::testApplication(),
+                  {.product = app::product(),
+                   .numberFormat = std::make_shared<host_headless::PointNumberFormat>(),
+                   .loginItem = &loginItem_,
+                   .log = &log_,
+                   .makeUpdaterController =
+                       [this](auto&, const auto&) {
+                         return std::make_unique<host_headless::HeadlessUpdaterController>(updater_);
+                       },
+                   .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {
+    browser_.write("xdg-open", "#!/bin/sh\necho \"$1\" >>'" + (browser_ / "opened").string() + "'\n");
+    std::filesystem::permissions(browser_ / "xdg-open", std::filesystem::perms::owner_all);
+  }
   QtSystem(const QtSystem&) = delete;
   QtSystem& operator=(const QtSystem&) = delete;
   ~QtSystem() override { driver::settle(); }
@@ -76,7 +86,7 @@ class QtSystem final : public System {
   const std::vector<std::string>& journal() override { return journal_.lines(); }
 
   void launch(kit::Application& application) override {
-    platform_.launch(application, {.eventID = kit::openApplicationEvent});
+    platform_.launch(application);
     if (!panel_.hasIcon()) {
       throw std::logic_error("no icon came to the panel");
     }
@@ -144,6 +154,14 @@ class QtSystem final : public System {
   bool aboutIsShown() override { return aboutPanelOnScreen() != nullptr; }
   void closeAbout() override { driver::keyTo(*aboutPanelOnScreen(), Qt::Key_Escape); }
 
+  std::string openedAddress() override {
+    host_qt::becomes([this] { return browser_.read("opened").ends_with('\n'); });
+    std::string opened = browser_.read("opened");
+    std::filesystem::remove(browser_ / "opened");
+    opened.erase(opened.find_last_not_of('\n') + 1);
+    return opened;
+  }
+
   bool endsBy(const std::function<void()>& action) override {
     QTimer tooLate;
     QObject::connect(&tooLate, &QTimer::timeout, [] { host_qt::testApplication().quit(EXIT_FAILURE); });
@@ -163,6 +181,8 @@ class QtSystem final : public System {
     throw std::invalid_argument("there is no menu " + title);
   }
 
+  const fixtures::Sandbox browser_;
+  const fixtures::EnvironmentScope path_{"PATH", browser_.path().string() + ":/usr/bin:/bin"};
   host_headless::Journal journal_;
   host_headless::HeadlessUpdater updater_{journal_};
   host_headless::HeadlessLoginItem loginItem_{journal_};

@@ -52,6 +52,9 @@ class System {
   virtual bool aboutIsShown() = 0;
   virtual void closeAbout() = 0;
 
+  /// What the browser was given since the last call; waits for it.
+  virtual std::string openedAddress() = 0;
+
   /// Whether the application ends by this, from within its main loop.
   virtual bool endsBy(const std::function<void()>& action) = 0;
 };

@@ -55,6 +55,7 @@ class FakeUserDriver final : public UserDriver {
     acknowledge_ = std::move(acknowledged);
     retry_ = std::move(retry);
   }
+  void openPage(const std::string& address) override { openedPages.push_back(address); }
   void dismiss() override { clear(); }
 
   // What the user does. A panel closes with its answer.
@@ -66,6 +67,7 @@ class FakeUserDriver final : public UserDriver {
   bool canRetry() const { return retry_ != nullptr; }
 
   std::string screen = {};
+  std::vector<std::string> openedPages = {};
   std::vector<std::string> journal = {};
   std::string progress = {};
 

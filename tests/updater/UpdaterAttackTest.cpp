@@ -196,7 +196,7 @@ TEST(UpdaterAttack, anItemOnlyToBeReadOpensNothingButPagesOfTheWeb) {
     EXPECT_EQ(stage.driver.screen, "up to date 1.0") << link;
     stage.driver.acknowledge();
   }
-  EXPECT_TRUE(stage.openedAddresses.empty());
+  EXPECT_TRUE(stage.driver.openedPages.empty());
 }
 
 }  // namespace

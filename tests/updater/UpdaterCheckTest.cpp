@@ -237,7 +237,7 @@ TEST(UpdaterCheck, opensThePageOfWhatIsOnlyToBeRead) {
       feedOf("<item><x:version>2.0</x:version><x:informationalUpdate/><link>https://updates.invalid/2</link></item>"));
   EXPECT_EQ(stage.driver.screen, "found 2.0 as asked");
   stage.driver.choose(Choice::install);
-  EXPECT_EQ(stage.openedAddresses, Journal{"https://updates.invalid/2"});
+  EXPECT_EQ(stage.driver.openedPages, Journal{"https://updates.invalid/2"});
   EXPECT_EQ(stage.driver.screen, "");
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
 }

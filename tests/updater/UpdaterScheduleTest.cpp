@@ -39,7 +39,7 @@ TEST(UpdaterSchedule, runsFromTheStartOnlyWhereTheUpdaterIsToStart) {
     stage.checkedJustNow();
     const UpdaterController controller(
         {.startingUpdater = startingUpdater}, stage.configuration(), stage.preferences,
-        {stage.transport, stage.driver, stage.installer, stage.alarm, stage.worker, [](const std::string&) {}});
+        {stage.transport, stage.driver, stage.installer, stage.alarm, stage.worker});
     EXPECT_EQ(stage.alarm.time().has_value(), startingUpdater);
   }
 }

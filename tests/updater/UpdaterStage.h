@@ -50,10 +50,7 @@ struct UpdaterStage {
   Updater& launch() { return launch(configuration()); }
   Updater& launch(const UpdaterConfiguration& with) {
     updater.reset();
-    updater = std::make_unique<Updater>(
-        with, preferences,
-        UpdaterPorts{transport, driver, installer, alarm, worker,
-                     [this](const std::string& address) { openedAddresses.push_back(address); }});
+    updater = std::make_unique<Updater>(with, preferences, UpdaterPorts{transport, driver, installer, alarm, worker});
     updater->start();
     return *updater;
   }
@@ -123,7 +120,6 @@ struct UpdaterStage {
   FakeInstaller installer;
   FakeAlarm alarm;
   FakeWorker worker;
-  std::vector<std::string> openedAddresses = {};
   std::unique_ptr<Updater> updater;
 };
 

@@ -24,7 +24,7 @@ TEST(UpdaterEnvTest, tellsOfAReplacementBeforeItIsMade) {
   host_headless::HeadlessPlatform platform;
   const auto application = kit::Application::create(platform);
   UpdaterEnv environment;
-  auto next = platform.makeUpdaterController({});
+  auto next = platform.makeUpdaterController(*application, {});
   const kit::UpdaterController* const before = &environment.updaterController();
   const kit::UpdaterController* const after = next.get();
   std::vector<const kit::UpdaterController*> seen;

@@ -36,7 +36,9 @@ Stage::Stage(const View& content, const EnvironmentValues& environment) {
 }
 
 EnvironmentValues Stage::makeEnvironment() {
-  return EnvironmentValues().with<NumberFormatKey>(std::make_shared<host_headless::PointNumberFormat>());
+  return EnvironmentValues()
+      .with<NumberFormatKey>(std::make_shared<host_headless::PointNumberFormat>())
+      .with<ProductKey>({.webHost = "tarnwell.example"});
 }
 
 void Stage::show(const View& content) {

@@ -1,5 +1,9 @@
 #include "host/headless/HeadlessPlatform.h"
 
+#include <poll.h>
+
+#include <cstdlib>
+
 #include "kit/application/Application.h"
 
 namespace tarnwell::host_headless {
@@ -10,10 +14,36 @@ void HeadlessPlatform::launch(kit::Application& application, const kit::AppleEve
   traits_.currentAppleEvent.reset();
 }
 
+int HeadlessPlatform::run(kit::Application& application) {
+  launch(application, {.eventID = kit::openApplicationEvent});
+  runUntilIdle(application);
+  return EXIT_SUCCESS;
+}
+
+kit::Subscription HeadlessPlatform::watch(int descriptor, kit::Action readable) {
+  watched_[descriptor] = std::move(readable);
+  return kit::Subscription([this, descriptor] { watched_.erase(descriptor); });
+}
+
 void HeadlessPlatform::runUntilIdle(kit::Application& application) {
-  while (!terminated_ && std::exchange(turnIsDue_, false)) {
-    application.runTurn();
+  while (!terminated_ && (turnIsDue_ || hearDescriptors())) {
+    if (std::exchange(turnIsDue_, false)) {
+      application.runTurn();
+    }
   }
+}
+
+bool HeadlessPlatform::hearDescriptors() {
+  for (const auto& [descriptor, readable] : watched_) {
+    pollfd asked{.fd = descriptor, .events = POLLIN, .revents = 0};
+    if (::poll(&asked, 1, 0) > 0) {
+      // It may end its own subscription.
+      const kit::Action heard = readable;
+      heard();
+      return true;
+    }
+  }
+  return false;
 }
 
 void HeadlessPlatform::wakeUp(kit::Application& /*application*/) { turnIsDue_ = true; }
@@ -25,13 +55,15 @@ void HeadlessPlatform::terminate() {
   terminated_ = true;
 }
 
-void HeadlessPlatform::orderFrontStandardAboutPanel() { journal().note("about panel"); }
+void HeadlessPlatform::orderFrontStandardAboutPanel(kit::Application& /*application*/) {
+  journal().note("about panel");
+}
 
 void HeadlessPlatform::openUrl(const std::string& address) { journal().note("open " + address); }
 
-void HeadlessPlatform::showMainMenu(kit::Menu& menu) {
+void HeadlessPlatform::showMainMenu(kit::Application& application) {
   journal().note("main menu shown");
-  mainMenu_ = &menu;
+  mainMenu_ = &application.mainMenu();
 }
 
 std::unique_ptr<kit::StatusItemPeer> HeadlessPlatform::peer(kit::StatusItem& item) {
@@ -39,7 +71,7 @@ std::unique_ptr<kit::StatusItemPeer> HeadlessPlatform::peer(kit::StatusItem& ite
 }
 
 std::unique_ptr<kit::UpdaterController> HeadlessPlatform::makeUpdaterController(
-    const kit::UpdaterControllerArguments& arguments) {
+    kit::Application& /*application*/, const kit::UpdaterControllerArguments& arguments) {
   journal().note(arguments.startingUpdater ? "updater controller made" : "updater controller made, not started");
   return std::make_unique<HeadlessUpdaterController>(updater_);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,9 @@ class HeadlessPlatform final : public kit::Platform {
     std::optional<kit::AppleEvent> currentAppleEvent = std::nullopt;
   };
 
+  HeadlessPlatform() = default;
+  explicit HeadlessPlatform(kit::Product product) : product_(std::move(product)) {}
+
   // For the test.
 
   Traits& traits() { return traits_; }
@@ -47,31 +51,38 @@ class HeadlessPlatform final : public kit::Platform {
 
   /// Ends the launch, with `event` as the current one meanwhile.
   void launch(kit::Application& application, const kit::AppleEvent& event);
-  /// Runs the turns that are due until none is or the application has ended.
+  /// Runs the turns that are due, and what descriptors that can be read are watched for, until there is nothing more to
+  /// do or the application has ended.
   void runUntilIdle(kit::Application& application);
 
   // For the application.
 
   HeadlessHost& host() override { return host_; }
+  const kit::Product& product() const override { return product_; }
+  int run(kit::Application& application) override;
+  kit::Subscription watch(int descriptor, kit::Action readable) override;
   kit::SystemVersion systemVersion() const override { return traits_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return traits_.numberFormat; }
   void wakeUp(kit::Application& application) override;
   void activate() override;
   void terminate() override;
-  void orderFrontStandardAboutPanel() override;
+  void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;
   bool makesEvents() const override { return traits_.makesEvents; }
-  void showMainMenu(kit::Menu& menu) override;
+  void showMainMenu(kit::Application& application) override;
   bool hasStatusButtons() const override { return traits_.hasStatusButtons; }
   bool hidesApplications() const override { return traits_.hidesApplications; }
   std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
   std::unique_ptr<kit::UpdaterController> makeUpdaterController(
-      const kit::UpdaterControllerArguments& arguments) override;
+      kit::Application& application, const kit::UpdaterControllerArguments& arguments) override;
   kit::LoginItem& mainAppService() override { return loginItem_; }
   std::optional<kit::AppleEvent> currentAppleEvent() const override { return traits_.currentAppleEvent; }
   kit::Log& log() override { return log_; }
 
  private:
+  bool hearDescriptors();
+
+  kit::Product product_;
   HeadlessHost host_;
   Traits traits_;
   HeadlessLoginItem loginItem_{host_.journal()};
@@ -79,6 +90,7 @@ class HeadlessPlatform final : public kit::Platform {
   HeadlessUpdater updater_{host_.journal()};
   HeadlessStatusItemPeer::StatusBar statusBar_;
   kit::Menu* mainMenu_ = nullptr;
+  std::map<int, kit::Action> watched_;
   bool turnIsDue_ = false;
   bool terminated_ = false;
 };

@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "host/linux/LaunchArguments.h"
+#include "kit/application/Product.h"
 #include "system/Result.h"
 
 namespace tarnwell::host_linux {
@@ -18,7 +19,7 @@ struct CommandLine {
   /// A start, a text to print, or what is wrong, with a line on how to do it right.
   using Parsed = std::variant<LaunchArguments, Print, system::Failure>;
 
-  static Parsed parse(int argc, const char* const* argv);
+  static Parsed parse(const kit::Product& product, int argc, const char* const* argv);
 };
 
 }  // namespace tarnwell::host_linux

@@ -69,14 +69,15 @@ bool isOursAlone(const std::filesystem::path& folder) {
 }  // namespace
 
 system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::filesystem::path& folder,
+                                                                      const std::string& program,
                                                                       const std::string& message) {
-  const std::filesystem::path path = folder / "tarnwell.socket";
+  const std::filesystem::path path = folder / (program + ".socket");
   const auto address = addressOf(path);
   if (!address) {
     return system::Failure{path.string() + " is too long for a socket"};
   }
   const auto deadline = Clock::now() + lockPatience;
-  auto lock = system::FileLock::take(folder / "tarnwell.lock", {});
+  auto lock = system::FileLock::take(folder / (program + ".lock"), {});
   while (!lock && lock.error().error == EWOULDBLOCK) {
     if (leaveMessage(*address, message)) {
       return nullptr;
@@ -85,7 +86,7 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
       return system::systemFailure(path.string() + " does not answer");
     }
     // It may just be starting, or ending.
-    lock = system::FileLock::take(folder / "tarnwell.lock", pause);
+    lock = system::FileLock::take(folder / (program + ".lock"), pause);
   }
   if (!lock) {
     return system::Failure{path.string() + ": " + std::generic_category().message(lock.error().error)};
@@ -97,12 +98,13 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
   return std::unique_ptr<InstanceSocket>(new InstanceSocket(*std::move(lock), std::move(socket), path));
 }
 
-system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& message) {
-  const auto used = folder();
+system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std::string& program,
+                                                                      const std::string& message) {
+  const auto used = folder(program);
   if (!used) {
     return used.error();
   }
-  return claim(*used, message);
+  return claim(*used, program, message);
 }
 
 InstanceSocket::~InstanceSocket() { ::unlink(path_.c_str()); }
@@ -122,7 +124,7 @@ std::optional<std::string> InstanceSocket::stopListening() const {
   return newest;
 }
 
-system::Result<std::filesystem::path> InstanceSocket::folder() {
+system::Result<std::filesystem::path> InstanceSocket::folder(const std::string& program) {
   const char* given = std::getenv("XDG_RUNTIME_DIR");
   if (given != nullptr && std::filesystem::path(given).is_absolute() && isOursAlone(given)) {
     return std::filesystem::path(given);
@@ -132,7 +134,7 @@ system::Result<std::filesystem::path> InstanceSocket::folder() {
   if (error) {
     return system::Failure{"no folder for temporary files: " + error.message()};
   }
-  const std::filesystem::path own = temporary / ("tarnwell-" + std::to_string(::geteuid()));
+  const std::filesystem::path own = temporary / (program + "-" + std::to_string(::geteuid()));
   if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
     return system::systemFailure(own.string());
   }

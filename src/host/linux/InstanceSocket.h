@@ -15,14 +15,14 @@ namespace tarnwell::host_linux {
 /// of further starts. Both end with the process, whatever ends it.
 class InstanceSocket {
  public:
-  /// The lock in `folder`, which must be the user's alone; or null where another process holds it, which has then been
-  /// left `message`, to be read once it comes to that. Waits two seconds at most, for one that has the lock but no
-  /// socket yet.
+  /// The lock of `program` in `folder`, which must be the user's alone; or null where another process holds it, which
+  /// has then been left `message`, to be read once it comes to that. Waits two seconds at most, for one that has the
+  /// lock but no socket yet.
   static system::Result<std::unique_ptr<InstanceSocket>> claim(const std::filesystem::path& folder,
-                                                               const std::string& message);
+                                                               const std::string& program, const std::string& message);
 
   /// The same in the folder of this session.
-  static system::Result<std::unique_ptr<InstanceSocket>> claim(const std::string& message);
+  static system::Result<std::unique_ptr<InstanceSocket>> claim(const std::string& program, const std::string& message);
 
   InstanceSocket(const InstanceSocket&) = delete;
   InstanceSocket& operator=(const InstanceSocket&) = delete;
@@ -37,7 +37,7 @@ class InstanceSocket {
   std::optional<std::string> stopListening() const;
 
   /// XDG_RUNTIME_DIR or, where there is none, a folder of the user's own below TMPDIR or /tmp.
-  static system::Result<std::filesystem::path> folder();
+  static system::Result<std::filesystem::path> folder(const std::string& program);
 
  private:
   InstanceSocket(system::FileLock lock, system::Descriptor socket, std::filesystem::path path)

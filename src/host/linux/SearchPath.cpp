@@ -26,21 +26,21 @@ system::Result<void> putFirst(const std::string& folder) {
 
 }  // namespace
 
-system::Result<void> putStandInsFirst() {
+system::Result<void> putStandInsFirst(const std::string& program) {
   const auto own = system::runningExecutable();
   if (!own) {
     return own.error();
   }
-  const auto standIns = standInFolder(own->parent_path());
+  const auto standIns = standInFolder(own->parent_path(), program);
   if (!standIns) {
     return standIns.error();
   }
   return putFirst(standIns->string());
 }
 
-system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder) {
+system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder, const std::string& program) {
   const auto built = folder / "libexec";
-  const auto installed = (folder / ".." / "libexec" / "tarnwell").lexically_normal();
+  const auto installed = (folder / ".." / "libexec" / program).lexically_normal();
   for (const auto& candidate : {built, installed}) {
     if (isProgram(candidate / "defaults")) {
       return candidate;

@@ -19,7 +19,7 @@ bool displayIsNamed() {
 // While the toolkit connects to the display: it would explain itself at length and abort.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type == QtFatalMsg) {
-    diagnostics::printErrorLine("tarnwell: cannot connect to the display");
+    diagnostics::reportError("cannot connect to the display");
     std::_Exit(EXIT_FAILURE);
   }
 }
@@ -35,7 +35,7 @@ int& prepared(int& argc) {
 
 std::unique_ptr<QtApplication> QtApplication::create(int argc, char** argv) {
   if (!displayIsNamed()) {
-    diagnostics::printErrorLine("tarnwell: there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set");
+    diagnostics::reportError("there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set");
     return nullptr;
   }
   const SessionBusStart bus;
@@ -60,7 +60,7 @@ void QtApplication::watch(int descriptor, kit::Action readable) {
 void QtApplication::openUrl(const std::string& address) {
   auto opener = host_linux::startProgram({"xdg-open", address});
   if (!opener) {
-    diagnostics::printErrorLine("tarnwell: cannot open " + address + ": " + opener.error().message);
+    diagnostics::reportError("cannot open " + address + ": " + opener.error().message);
   } else {
     openers_.watch(*std::move(opener));
   }

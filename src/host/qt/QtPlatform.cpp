@@ -1,5 +1,6 @@
 #include "host/qt/QtPlatform.h"
 
+#include <QtCore/QSocketNotifier>
 #include <QtCore/QThread>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
@@ -17,7 +18,6 @@
 #include "host/qt/tray/TrayNotice.h"
 #include "host/qt/window/WindowWidget.h"
 #include "kit/application/Application.h"
-#include "kit/application/ApplicationId.h"
 #include "kit/controls/Window.h"
 #include "kit/ports/Updater.h"
 
@@ -65,9 +65,9 @@ QtPlatform::QtPlatform(QtApplication& application, Services services)
       answers_(services_.longestWait),
       portal_(sessionBus(), host().theme(), answers_),
       tray_(sessionBus(), answers_) {
-  QApplication::setApplicationName(QString::fromStdString(services_.about.name));
-  QApplication::setApplicationVersion(QString::fromStdString(services_.about.version));
-  QApplication::setDesktopFileName(kit::applicationId);
+  QApplication::setApplicationName(QString::fromStdString(services_.product.name));
+  QApplication::setApplicationVersion(QString::fromStdString(services_.product.version));
+  QApplication::setDesktopFileName(QString::fromStdString(services_.product.identifier));
   QApplication::setWindowIcon(applicationIcon());
   host().setMetricsChanged([] { takeMetrics(); });
 }
@@ -78,8 +78,26 @@ QtPlatform::~QtPlatform() {
   host().setMetricsChanged({});
 }
 
-void QtPlatform::launch(kit::Application& application, const kit::AppleEvent& event) {
-  currentEvent_ = event;
+int QtPlatform::run(kit::Application& application) {
+  launch(application);
+  return application_.run();
+}
+
+kit::Subscription QtPlatform::watch(int descriptor, kit::Action readable) {
+  auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &context_);
+  QObject::connect(notifier, &QSocketNotifier::activated, &context_,
+                   [readable = std::move(readable)]() noexcept { readable(); });
+  return kit::Subscription([known = QPointer(notifier)] {
+    if (known) {
+      // It may be what is being heard.
+      known->setEnabled(false);
+      known->deleteLater();
+    }
+  });
+}
+
+void QtPlatform::launch(kit::Application& application) {
+  currentEvent_ = services_.launchEvent;
   application.finishLaunching();
   currentEvent_.reset();
 }
@@ -105,6 +123,14 @@ void QtPlatform::activate() {
   });
 }
 
+void QtPlatform::reopen(const std::string& token) {
+  useActivationToken(token);
+  if (kit::Application* application = kit::Application::shared()) {
+    application->reopen();
+  }
+  activate();
+}
+
 void QtPlatform::terminate() {
   if (QThread::currentThread()->loopLevel() > 0) {
     application_.quit();
@@ -114,12 +140,12 @@ void QtPlatform::terminate() {
   }
 }
 
-void QtPlatform::orderFrontStandardAboutPanel() {
+void QtPlatform::orderFrontStandardAboutPanel(kit::Application& application) {
   if (!aboutPanel_) {
-    aboutPanel_ = std::make_unique<AboutPanel>(services_.about);
-    aboutPanel_->setKeyEquivalents([](const kit::KeyEvent& key) {
-      if (kit::Application* application = kit::Application::shared()) {
-        application->performKeyEquivalent(key);
+    aboutPanel_ = std::make_unique<AboutPanel>(services_.product);
+    aboutPanel_->setKeyEquivalents([known = weak(application)](const kit::KeyEvent& key) {
+      if (const auto alive = known.lock()) {
+        alive->performKeyEquivalent(key);
       }
     });
   }
@@ -128,8 +154,7 @@ void QtPlatform::orderFrontStandardAboutPanel() {
 
 void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
 
-void QtPlatform::showMainMenu(kit::Menu& /*menu*/) {
-  kit::Application& application = *kit::Application::shared();
+void QtPlatform::showMainMenu(kit::Application& application) {
   host().setKeyEquivalents([known = weak(application)](const kit::KeyEvent& event) {
     const auto alive = known.lock();
     return alive && alive->performKeyEquivalent(event);
@@ -143,8 +168,8 @@ std::unique_ptr<kit::StatusItemPeer> QtPlatform::peer(kit::StatusItem& item) {
 }
 
 std::unique_ptr<kit::UpdaterController> QtPlatform::makeUpdaterController(
-    const kit::UpdaterControllerArguments& arguments) {
-  return services_.makeUpdaterController(arguments);
+    kit::Application& application, const kit::UpdaterControllerArguments& arguments) {
+  return services_.makeUpdaterController(application, arguments);
 }
 
 std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget& parent) {
@@ -152,7 +177,7 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
     return std::nullopt;
   }
   return WindowChrome{.above = new MenuBar(*kit::Application::shared(), host().theme(), parent),
-                      .below = new TrayNotice(host().theme(), tray_, parent)};
+                      .below = new TrayNotice(services_.product.name, host().theme(), tray_, parent)};
 }
 
 void QtPlatform::followKeyWindow(kit::Application& application) {

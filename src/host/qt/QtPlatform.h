@@ -22,13 +22,15 @@ class QtPlatform final : public kit::Platform {
  public:
   /// What a desktop's toolkit cannot answer. What is pointed to is borrowed, and never null.
   struct Services {
+    kit::Product product = {};
     kit::SystemVersion systemVersion = {};
     std::shared_ptr<const kit::NumberFormat> numberFormat = {};
     kit::LoginItem* loginItem = nullptr;
     kit::Log* log = nullptr;
-    std::function<std::unique_ptr<kit::UpdaterController>(const kit::UpdaterControllerArguments&)>
+    std::function<std::unique_ptr<kit::UpdaterController>(kit::Application&, const kit::UpdaterControllerArguments&)>
         makeUpdaterController = {};
-    AboutPanel::Content about = {};
+    /// With which the system has started this process.
+    kit::AppleEvent launchEvent = {.eventID = kit::openApplicationEvent};
     /// The identifier of the window that carries the main menu.
     std::string menuWindow = {};
     /// For what the desktop is asked when the application starts.
@@ -41,23 +43,29 @@ class QtPlatform final : public kit::Platform {
   QtPlatform& operator=(const QtPlatform&) = delete;
   ~QtPlatform() override;
 
-  /// Ends the launch, with `event` as the current one meanwhile.
-  void launch(kit::Application& application, const kit::AppleEvent& event);
+  /// Ends the launch.
+  void launch(kit::Application& application);
+
+  /// Another start wants to see the application, with an activation token that may be empty.
+  void reopen(const std::string& token);
 
   QtHost& host() override { return application_.host(); }
+  const kit::Product& product() const override { return services_.product; }
+  int run(kit::Application& application) override;
+  kit::Subscription watch(int descriptor, kit::Action readable) override;
   kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   void wakeUp(kit::Application& application) override;
   kit::Subscription whenReady(const kit::Action& open) override { return answers_.whenOver(open); }
   void activate() override;
   void terminate() override;
-  void orderFrontStandardAboutPanel() override;
+  void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;
   /// In windows that are made from now on. Keys are matched with it from now on.
-  void showMainMenu(kit::Menu& menu) override;
+  void showMainMenu(kit::Application& application) override;
   std::unique_ptr<kit::StatusItemPeer> peer(kit::StatusItem& item) override;
   std::unique_ptr<kit::UpdaterController> makeUpdaterController(
-      const kit::UpdaterControllerArguments& arguments) override;
+      kit::Application& application, const kit::UpdaterControllerArguments& arguments) override;
   kit::LoginItem& mainAppService() override { return *services_.loginItem; }
   std::optional<kit::AppleEvent> currentAppleEvent() const override { return currentEvent_; }
   kit::Log& log() override { return *services_.log; }

@@ -8,6 +8,7 @@
 #include "diagnostics/Console.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/bus/SessionBus.h"
+#include "host/qt/session/ActivationToken.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -20,19 +21,21 @@ constexpr auto keysFirst = std::chrono::milliseconds(50);
 
 }  // namespace
 
-std::unique_ptr<SingleInstance> SingleInstance::claim(const std::string& token) {
-  auto claimed = host_linux::InstanceSocket::claim(token);
+std::unique_ptr<SingleInstance> SingleInstance::claim(const kit::Product& product) {
+  const std::string token = givenActivationToken();
+  auto claimed = host_linux::InstanceSocket::claim(product.program, token);
   if (!claimed) {
-    diagnostics::printErrorLine("tarnwell: cannot tell whether another Tarnwell is running: " +
-                                claimed.error().message);
-    return std::unique_ptr<SingleInstance>(new SingleInstance(token, nullptr));
+    diagnostics::reportError("cannot tell whether another " + product.name + " is running: " + claimed.error().message);
+    return std::unique_ptr<SingleInstance>(new SingleInstance(product.identifier, token, nullptr));
   }
   auto socket = *std::move(claimed);
-  return socket ? std::unique_ptr<SingleInstance>(new SingleInstance(token, std::move(socket))) : nullptr;
+  return socket ? std::unique_ptr<SingleInstance>(new SingleInstance(product.identifier, token, std::move(socket)))
+                : nullptr;
 }
 
 bool SingleInstance::listen(QtApplication& application) {
   application_ = &application;
+  useActivationToken(token_);
   if (socket_) {
     application.watch(socket_->descriptor(), [this] {
       if (const auto token = socket_->receive()) {
@@ -73,7 +76,7 @@ bool SingleInstance::takeName() {
   if (!bus) {
     return true;
   }
-  service_ = std::make_unique<ApplicationService>(*bus);
+  service_ = std::make_unique<ApplicationService>(*bus, identifier_);
   service_->setAsked([this](const ApplicationService::Request& request) { ask(request); });
   for (int i = 0; i < tries; ++i) {
     if (service_->claimName() != ApplicationService::Claim::others) {

@@ -6,6 +6,7 @@
 
 #include "host/linux/InstanceSocket.h"
 #include "host/qt/session/ApplicationService.h"
+#include "kit/application/Product.h"
 
 namespace tarnwell::host_qt {
 
@@ -18,8 +19,9 @@ class QtApplication;
 class SingleInstance {
  public:
   /// This process as the one that runs; or null where another does, which has been left the message to come to the
-  /// front with `token`. Before the toolkit starts, so that a further start depends on neither display nor bus.
-  static std::unique_ptr<SingleInstance> claim(const std::string& token);
+  /// front with this process's activation token. Before the toolkit starts, which uses that up, and so that a further
+  /// start depends on neither display nor bus.
+  static std::unique_ptr<SingleInstance> claim(const kit::Product& product);
 
   /// What further starts and launchers ask for; before the event loop begins.
   void setAsked(ApplicationService::Asked asked) { asked_ = std::move(asked); }
@@ -33,13 +35,14 @@ class SingleInstance {
   std::optional<std::string> release();
 
  private:
-  SingleInstance(std::string token, std::unique_ptr<host_linux::InstanceSocket> socket)
-      : token_(std::move(token)), socket_(std::move(socket)) {}
+  SingleInstance(std::string identifier, std::string token, std::unique_ptr<host_linux::InstanceSocket> socket)
+      : identifier_(std::move(identifier)), token_(std::move(token)), socket_(std::move(socket)) {}
 
   void ask(const ApplicationService::Request& request);
   void passOn();
   bool takeName();
 
+  std::string identifier_;
   std::string token_;
   std::unique_ptr<host_linux::InstanceSocket> socket_;
   std::unique_ptr<ApplicationService> service_;

@@ -171,6 +171,14 @@ void Application::finishLaunching() {
   turn_.perform([this] { tellDelegate("applicationDidFinishLaunching:", this); });
 }
 
+void Application::reopen() {
+  turn_.perform([reopen = reopen_] {
+    if (reopen) {
+      reopen();
+    }
+  });
+}
+
 void Application::activateIgnoringOtherApps(bool /*flag*/) { platform_.activate(); }
 
 void Application::terminate(Object* sender) {
@@ -178,7 +186,7 @@ void Application::terminate(Object* sender) {
   platform_.terminate();
 }
 
-void Application::orderFrontStandardAboutPanel(Object* /*sender*/) { platform_.orderFrontStandardAboutPanel(); }
+void Application::orderFrontStandardAboutPanel(Object* /*sender*/) { platform_.orderFrontStandardAboutPanel(*this); }
 
 bool Application::respondsToSelector(const Selector& selector) const {
   return selector == "terminate:" || selector == "orderFrontStandardAboutPanel:";

@@ -113,6 +113,12 @@ class Application final : public Object {
   /// Tells the delegate that the application runs. A host calls it once, before its event loop.
   void finishLaunching();
   void activateIgnoringOtherApps(bool flag);
+
+  /// What is done when the user starts the application that runs already. One at a time.
+  void setReopenAction(Action reopen) { reopen_ = std::move(reopen); }
+  /// The user has started it again.
+  void reopen();
+
   /// Tells the delegate, then ends the event loop.
   void terminate(Object* sender);
   void orderFrontStandardAboutPanel(Object* sender);
@@ -139,6 +145,7 @@ class Application final : public Object {
   const Event* currentEvent_ = nullptr;
   Window* keyWindow_ = nullptr;
   std::vector<Menu*> openMenus_;
+  Action reopen_;
   std::map<std::type_index, std::any> singles_;
 };
 

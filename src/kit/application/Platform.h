@@ -5,6 +5,7 @@
 #include <string>
 
 #include "kit/application/AppleEvent.h"
+#include "kit/application/Product.h"
 #include "kit/application/StatusItem.h"
 #include "kit/ports/NumberFormat.h"
 #include "kit/ports/SystemVersion.h"
@@ -16,7 +17,6 @@ class Application;
 class Host;
 class Log;
 class LoginItem;
-class Menu;
 class UpdaterController;
 struct UpdaterControllerArguments;
 
@@ -26,8 +26,17 @@ class Platform {
   virtual ~Platform() = default;
 
   virtual Host& host() = 0;
+  /// What runs here.
+  virtual const Product& product() const = 0;
   virtual SystemVersion systemVersion() const = 0;
   virtual std::shared_ptr<const NumberFormat> numberFormat() const = 0;
+
+  /// Ends the launch, then runs the event loop until `terminate`; returns the status of the process.
+  virtual int run(Application& application) = 0;
+
+  /// Runs `readable` from the event loop whenever `descriptor`, which stays the caller's, can be read, until the
+  /// subscription ends.
+  [[nodiscard]] virtual Subscription watch(int descriptor, Action readable) = 0;
 
   /// Calls `Application::runTurn` from the event loop soon, once for any number of calls before that.
   virtual void wakeUp(Application& application) = 0;
@@ -44,15 +53,15 @@ class Platform {
   /// Ends the event loop without asking or waiting.
   virtual void terminate() = 0;
   /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.
-  virtual void orderFrontStandardAboutPanel() = 0;
+  virtual void orderFrontStandardAboutPanel(Application& application) = 0;
   /// Opens an address in the user's browser, without waiting for it.
   virtual void openUrl(const std::string& address) = 0;
 
   /// False where events cannot be made; a test says so.
   virtual bool makesEvents() const { return true; }
 
-  /// Shows the main menu from now on. The menu outlives the platform's interest in it.
-  virtual void showMainMenu(Menu& menu) = 0;
+  /// Shows the application's main menu from now on.
+  virtual void showMainMenu(Application& application) = 0;
 
   /// Whether the system can hide an application and bring it back.
   virtual bool hidesApplications() const { return false; }
@@ -60,7 +69,8 @@ class Platform {
   virtual bool hasStatusButtons() const { return true; }
   virtual std::unique_ptr<StatusItemPeer> peer(StatusItem& item) = 0;
 
-  virtual std::unique_ptr<UpdaterController> makeUpdaterController(const UpdaterControllerArguments& arguments) = 0;
+  virtual std::unique_ptr<UpdaterController> makeUpdaterController(Application& application,
+                                                                   const UpdaterControllerArguments& arguments) = 0;
   virtual LoginItem& mainAppService() = 0;
   virtual std::optional<AppleEvent> currentAppleEvent() const = 0;
   virtual Log& log() = 0;

@@ -74,7 +74,7 @@ void Turn::comeToRest() {
   int steps = 0;
   while (takeStep()) {
     if (++steps == mostSteps) {
-      diagnostics::printErrorLine("tarnwell: the views did not settle; showing them as they are");
+      diagnostics::reportError("the views did not settle; showing them as they are");
       break;
     }
   }

@@ -32,4 +32,6 @@ std::optional<fs::path> runningAppImage(const fs::path& executable) {
   return image;
 }
 
+fs::path programToStart(const fs::path& executable) { return runningAppImage(executable).value_or(executable); }
+
 }  // namespace tarnwell::updater

@@ -9,4 +9,8 @@ namespace tarnwell::updater {
 /// AppImage, from which this program was only started.
 std::optional<std::filesystem::path> runningAppImage(const std::filesystem::path& executable);
 
+/// What starts the program of `executable` again, also when this process has ended: nothing of a mounted AppImage is
+/// there any more then.
+std::filesystem::path programToStart(const std::filesystem::path& executable);
+
 }  // namespace tarnwell::updater

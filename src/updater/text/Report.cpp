@@ -12,9 +12,7 @@ constexpr std::size_t longestReport = 6000;
 
 }  // namespace
 
-void report(const system::Failure& failure) {
-  diagnostics::printErrorLine("tarnwell: " + plainLine(failure.message, longestReport));
-}
+void report(const system::Failure& failure) { diagnostics::reportError(plainLine(failure.message, longestReport)); }
 
 void report(const system::Result<void>& result) {
   if (!result) {

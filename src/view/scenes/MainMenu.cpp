@@ -9,8 +9,6 @@
 namespace tarnwell::view {
 namespace {
 
-constexpr const char* applicationName = "Tarnwell";
-
 std::shared_ptr<kit::MenuItem> entry(std::string title, kit::Selector action, std::string key = {}) {
   return kit::MenuItem::create(std::move(title), std::move(action), std::move(key));
 }
@@ -37,7 +35,7 @@ MainMenu::MainMenu(kit::Application& application, std::vector<CommandGroup> comm
   addViewMenu();
   addWindowMenu();
   addHelpMenu();
-  application_.platform().showMainMenu(application_.mainMenu());
+  application_.platform().showMainMenu(application_);
 }
 
 MainMenu::~MainMenu() = default;
@@ -83,8 +81,8 @@ void MainMenu::join(TopMenu& top) {
 }
 
 void MainMenu::addApplicationMenu() {
-  TopMenu& top = addMenu(applicationName);
-  const std::string name = applicationName;
+  const std::string& name = application_.platform().product().name;
+  TopMenu& top = addMenu(name);
   addReplaceable(top, CommandGroupPlacement::appInfo, {entry("About " + name, "orderFrontStandardAboutPanel:")});
   addReplaceable(top, CommandGroupPlacement::appSettings, {settingsEntry(environment_.get<OpenSettingsSceneKey>())});
   if (application_.platform().hidesApplications()) {

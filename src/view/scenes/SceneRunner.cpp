@@ -11,8 +11,6 @@
 namespace tarnwell::view {
 namespace {
 
-constexpr const char* settingsTitle = "Tarnwell Settings";
-
 std::vector<CommandGroup> commandsOf(const std::vector<Scene>& scenes) {
   std::vector<CommandGroup> commands;
   for (const Scene& scene : scenes) {
@@ -66,7 +64,8 @@ void SceneRunner::openSettings() {
     return;
   }
   if (!settings_) {
-    settings_ = makeWindow(settingsWindowIdentifier, settingsTitle, *settingsContent_);
+    settings_ =
+        makeWindow(settingsWindowIdentifier, application_.platform().product().name + " Settings", *settingsContent_);
   }
   if (settings_->window().isVisible()) {
     application_.setKeyWindow(settings_->window());

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "kit/application/MenuItem.h"
+#include "kit/application/Product.h"
 #include "kit/host/TextStyle.h"
 #include "kit/ports/NumberFormat.h"
 #include "kit/ports/OpenUrl.h"
@@ -62,6 +63,12 @@ struct OpenUrlKey {
   static Value initial() {
     return [](const std::string&) {};
   }
+};
+
+/// Without a name outside an application.
+struct ProductKey {
+  using Value = kit::Product;
+  static Value initial() { return {}; }
 };
 
 struct SystemVersionKey {

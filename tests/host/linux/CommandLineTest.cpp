@@ -7,9 +7,11 @@
 namespace tarnwell::host_linux {
 namespace {
 
+const kit::Product product = {.program = "tarnwell", .version = "1.2.3", .summary = "Hidden settings of the Dock"};
+
 CommandLine::Parsed parse(std::vector<const char*> arguments) {
   arguments.insert(arguments.begin(), "tarnwell");
-  return CommandLine::parse(static_cast<int>(arguments.size()), arguments.data());
+  return CommandLine::parse(product, static_cast<int>(arguments.size()), arguments.data());
 }
 
 TEST(CommandLine, withoutArgumentsStarts) {
@@ -23,7 +25,7 @@ TEST(CommandLine, knowsAStartAtLogin) {
 }
 
 TEST(CommandLine, printsItsVersion) {
-  EXPECT_EQ(std::get<CommandLine::Print>(parse({"--version"})).text, "tarnwell " TARNWELL_VERSION);
+  EXPECT_EQ(std::get<CommandLine::Print>(parse({"--version"})).text, "tarnwell 1.2.3");
 }
 
 TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {

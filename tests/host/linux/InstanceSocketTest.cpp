@@ -17,7 +17,7 @@ using Claimed = system::Result<std::unique_ptr<InstanceSocket>>;
 
 /// Null where another one holds the lock, or where there is an error, which is a failure of the test.
 std::unique_ptr<InstanceSocket> claim(const std::filesystem::path& folder, const std::string& message = {}) {
-  Claimed claimed = InstanceSocket::claim(folder, message);
+  Claimed claimed = InstanceSocket::claim(folder, "tarnwell", message);
   if (!claimed) {
     ADD_FAILURE() << claimed.error().message;
     return nullptr;
@@ -82,7 +82,7 @@ TEST(InstanceSocketTest, oneThatHoldsTheLockButNeverListensIsReported) {
   const fixtures::Sandbox folder;
   const auto first = claim(folder.path());
   std::filesystem::remove(folder / "tarnwell.socket");
-  const Claimed second = InstanceSocket::claim(folder.path(), {});
+  const Claimed second = InstanceSocket::claim(folder.path(), "tarnwell", {});
   ASSERT_FALSE(second);
   EXPECT_NE(second.error().message.find("does not answer"), std::string::npos);
 }
@@ -100,7 +100,7 @@ TEST(InstanceSocketTest, queueThatIsFullIsMessageEnough) {
 TEST(InstanceSocketTest, folderThatDoesNotExistIsReported) {
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", "/dev/null/nowhere");
   const fixtures::EnvironmentScope temporary("TMPDIR", "/dev/null/nowhere");
-  const Claimed claimed = InstanceSocket::claim("message");
+  const Claimed claimed = InstanceSocket::claim("tarnwell", "message");
   ASSERT_FALSE(claimed);
   EXPECT_NE(claimed.error().message.find("temporary"), std::string::npos);
 }
@@ -116,14 +116,14 @@ TEST(InstanceSocketTest, childrenDoNotInheritLockOrSocket) {
 TEST(InstanceSocketTest, folderThatIsTooDeepIsReported) {
   const fixtures::Sandbox folder;
   const std::string deep(120, 'd');
-  const Claimed claimed = InstanceSocket::claim(folder / deep, {});
+  const Claimed claimed = InstanceSocket::claim(folder / deep, "tarnwell", {});
   ASSERT_FALSE(claimed);
 }
 
 TEST(InstanceSocketTest, usesTheUsersRuntimeFolder) {
   const fixtures::Sandbox folder;
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
-  EXPECT_EQ(*InstanceSocket::folder(), folder.path());
+  EXPECT_EQ(*InstanceSocket::folder("tarnwell"), folder.path());
 }
 
 TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
@@ -132,7 +132,7 @@ TEST(InstanceSocketTest, folderThatOthersMayReadIsNotUsed) {
   const fixtures::EnvironmentScope runtime("XDG_RUNTIME_DIR", folder.path());
   const fixtures::Sandbox other;
   const fixtures::EnvironmentScope temporary("TMPDIR", other.path());
-  const auto used = *InstanceSocket::folder();
+  const auto used = *InstanceSocket::folder("tarnwell");
   EXPECT_EQ(used, other.path() / ("tarnwell-" + std::to_string(::geteuid())));
   EXPECT_EQ(std::filesystem::status(used).permissions(), std::filesystem::perms::owner_all);
 }

@@ -55,34 +55,34 @@ TEST(SearchPath, systemFoldersStandInForNone) {
 TEST(SearchPath, folderBesideTheExecutableIsTakenBeforeTheInstalledOne) {
   const Sandbox sandbox;
   placeDefaults(sandbox / "libexec/tarnwell");
-  EXPECT_EQ(*standInFolder(sandbox / "bin"), sandbox / "libexec/tarnwell");
+  EXPECT_EQ(*standInFolder(sandbox / "bin", "tarnwell"), sandbox / "libexec/tarnwell");
   placeDefaults(sandbox / "bin/libexec");
-  EXPECT_EQ(*standInFolder(sandbox / "bin"), sandbox / "bin/libexec");
+  EXPECT_EQ(*standInFolder(sandbox / "bin", "tarnwell"), sandbox / "bin/libexec");
 }
 
 TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
   const Sandbox sandbox;
   const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
                                (sandbox / "libexec/tarnwell").string();
-  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
   fs::create_directories(sandbox / "bin/libexec/defaults");
-  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
   placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
-  EXPECT_EQ(standInFolder(sandbox / "bin").error().message, expected);
+  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
 }
 
 TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {
   const Sandbox other;
   placeDefaults(other.path());
   const EnvironmentScope path("PATH", other.path().string() + ":/usr/bin:/bin");
-  ASSERT_FALSE(putStandInsFirst());
+  ASSERT_FALSE(putStandInsFirst("tarnwell"));
   EXPECT_EQ(std::getenv("PATH"), other.path().string() + ":/usr/bin:/bin");
   const OwnLibexec own;
   const std::string expected = own.path.string() + ":" + other.path().string() + ":/usr/bin:/bin";
   const std::string command = "test \"$(command -v defaults)\" = '" + (own.path / "defaults").string() + "'";
   // In a copy: what a process keeps of its environment, it keeps for good.
   const int status = fixtures::exitStatusOf([&] {
-    const bool isDone = putStandInsFirst() && std::getenv("PATH") == expected;
+    const bool isDone = putStandInsFirst("tarnwell") && std::getenv("PATH") == expected;
     return isDone && std::system(command.c_str()) == 0 ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
@@ -93,7 +93,7 @@ TEST(SearchPath, programsOfTheUserDoNotFindTheStandIns) {
   const OwnLibexec own;
   const int status = fixtures::exitStatusOf([] {
     const auto hasPath = [] { return std::ranges::count(userEnvironment(), "PATH=/usr/bin:/bin") == 1; };
-    const bool isDone = putStandInsFirst() && putStandInsFirst();
+    const bool isDone = putStandInsFirst("tarnwell") && putStandInsFirst("tarnwell");
     return isDone && hasPath() && std::getenv("PATH") != std::string("/usr/bin:/bin") ? 0 : 1;
   });
   EXPECT_EQ(status, 0);

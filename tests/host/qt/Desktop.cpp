@@ -36,9 +36,12 @@ class ToolkitOfTheTests final : public testing::Environment {
 [[maybe_unused]] const auto* const environment = testing::AddGlobalTestEnvironment(new ToolkitOfTheTests);
 
 QtPlatform::Services services(kit::LoginItem& loginItem, kit::Log& log) {
-  return {.loginItem = &loginItem,
+  return {.product = {.name = "Tarnwell",
+                      .identifier = "example.tarnwell.Tarnwell",
+                      .version = "1.2.3",
+                      .copyright = "© Example"},
+          .loginItem = &loginItem,
           .log = &log,
-          .about = {.name = "Tarnwell", .version = "1.2.3", .copyright = "© Example"},
           .menuWindow = Desktop::menuWindow};
 }
 
@@ -57,7 +60,7 @@ Desktop::Desktop()
     : loginItem_(journal_),
       platform_(testApplication(), services(loginItem_, log_)),
       application_(kit::Application::create(platform_)) {
-  platform_.showMainMenu(application_->mainMenu());
+  platform_.showMainMenu(*application_);
 }
 
 Desktop::~Desktop() {

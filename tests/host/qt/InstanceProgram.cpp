@@ -10,14 +10,13 @@
 #include "diagnostics/Console.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/SingleInstance.h"
-#include "host/qt/session/ActivationToken.h"
 
 int main(int argc, char** argv) {
   using tarnwell::diagnostics::printLine;
   using tarnwell::host_qt::ApplicationService;
   using tarnwell::host_qt::SingleInstance;
-  const std::string token = tarnwell::host_qt::givenActivationToken();
-  const auto instance = SingleInstance::claim(token);
+  const auto instance =
+      SingleInstance::claim({.name = "Tarnwell", .program = "tarnwell", .identifier = "example.tarnwell.Tarnwell"});
   const auto application = instance ? tarnwell::host_qt::QtApplication::create(argc, argv) : nullptr;
   if (!instance || !instance->listen(*application)) {
     printLine("handed over");

@@ -9,7 +9,6 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/application/ApplicationId.h"
 #include "kit/application/Menu.h"
 #include "kit/application/StatusItem.h"
 
@@ -121,7 +120,7 @@ TEST(PlatformTest, eventOfTheStartIsTheCurrentOneDuringTheLaunchAlone) {
   Desktop desktop;
   const auto delegate = std::make_shared<RecordingDelegate>(desktop);
   desktop.application().setDelegate(delegate);
-  desktop.platform().launch(desktop.application(), {.eventID = kit::openApplicationEvent});
+  desktop.platform().launch(desktop.application());
   ASSERT_TRUE(delegate->event.has_value());
   EXPECT_EQ(delegate->event->eventID, kit::openApplicationEvent);
   EXPECT_FALSE(desktop.platform().currentAppleEvent().has_value());
@@ -129,7 +128,7 @@ TEST(PlatformTest, eventOfTheStartIsTheCurrentOneDuringTheLaunchAlone) {
 
 TEST(PlatformTest, programIsKnownByItsIdentifier) {
   const Desktop desktop;
-  EXPECT_EQ(QApplication::desktopFileName(), kit::applicationId);
+  EXPECT_EQ(QApplication::desktopFileName(), "example.tarnwell.Tarnwell");
   EXPECT_EQ(QApplication::applicationVersion(), "1.2.3");
   EXPECT_FALSE(QApplication::windowIcon().isNull());
 }

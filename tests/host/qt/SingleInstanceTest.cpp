@@ -17,7 +17,6 @@
 #include "host/qt/QtApplication.h"
 #include "host/qt/bus/PrivateBus.h"
 #include "host/qt/bus/SessionBus.h"
-#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -73,7 +72,7 @@ class SilentPeer {
     EXPECT_GE(::sd_bus_set_address(bus_, address.c_str()), 0);
     EXPECT_GE(::sd_bus_set_bus_client(bus_, 1), 0);
     EXPECT_GE(::sd_bus_start(bus_), 0);
-    EXPECT_GE(::sd_bus_request_name(bus_, kit::applicationId, 0), 0);
+    EXPECT_GE(::sd_bus_request_name(bus_, "example.tarnwell.Tarnwell", 0), 0);
   }
   SilentPeer(const SilentPeer&) = delete;
   SilentPeer& operator=(const SilentPeer&) = delete;
@@ -248,7 +247,7 @@ TEST_P(BusInstanceTest, launchersAskForActionsByName) {
   Started first(environment_);
   ASSERT_EQ(first.line(), "first");
   const auto launcher = QDBusConnection::connectToBus(QString::fromStdString(bus_.address()), "launcher");
-  QDBusMessage message = QDBusMessage::createMethodCall(kit::applicationId, "/example/tarnwell/Tarnwell",
+  QDBusMessage message = QDBusMessage::createMethodCall("example.tarnwell.Tarnwell", "/example/tarnwell/Tarnwell",
                                                         "org.freedesktop.Application", "ActivateAction");
   message.setArguments({"about", QVariantList(), QVariantMap{{"desktop-startup-id", "launcher_TIME5"}}});
   EXPECT_EQ(launcher.call(message).type(), QDBusMessage::ReplyMessage);
@@ -315,7 +314,7 @@ TEST_P(BusInstanceTest, oneThatIsBusyIsAskedOnTheBusToo) {
 
 TEST_P(BusInstanceTest, oneThatHasGoneIsNotTakenForAsked) {
   const auto bus = QDBusConnection::connectToBus(QString::fromStdString(bus_.address()), "start");
-  EXPECT_FALSE(ApplicationService(bus).activateOther("permission"));
+  EXPECT_FALSE(ApplicationService(bus, "example.tarnwell.Tarnwell").activateOther("permission"));
   QDBusConnection::disconnectFromBus("start");
 }
 

@@ -37,7 +37,7 @@ class SceneRunnerTest : public testing::Test {
     return lines;
   }
 
-  host_headless::HeadlessPlatform platform;
+  host_headless::HeadlessPlatform platform{{.name = "Tarnwell"}};
   std::shared_ptr<kit::Application> application = kit::Application::create(platform);
   SceneRunner scenes{*application, {}};
 };

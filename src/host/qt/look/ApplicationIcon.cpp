@@ -24,7 +24,7 @@ QPixmap applicationPicture(int points, double scale) {
   const int side = static_cast<int>(std::lround(points * scale));
   QPixmap picture(side, side);
   picture.fill(Qt::transparent);
-  QSvgRenderer renderer(QStringLiteral(":/icons/tarnwell.svg"));
+  QSvgRenderer renderer(QStringLiteral(":/icons/application.svg"));
   QPainter painter(&picture);
   renderer.render(&painter, QRectF(0, 0, side, side));
   painter.end();

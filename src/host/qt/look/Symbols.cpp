@@ -50,7 +50,7 @@ QPixmap Symbols::pixmap(const std::string& name, int devicePixels, const QColor&
 
 void Symbols::reportMissing(const std::string& name) {
   if (reported_.insert(name).second) {
-    diagnostics::printErrorLine("tarnwell: there is no picture of the symbol \"" + name + "\"");
+    diagnostics::reportError("there is no picture of the symbol \"" + name + "\"");
   }
 }
 

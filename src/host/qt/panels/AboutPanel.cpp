@@ -27,8 +27,8 @@ QFont sized(double share) {
 
 }  // namespace
 
-AboutPanel::AboutPanel(const Content& content) {
-  setWindowTitle("About " + toQString(content.name));
+AboutPanel::AboutPanel(const kit::Product& product) {
+  setWindowTitle("About " + toQString(product.name));
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins(margin, margin, margin, margin);
   lines->setSpacing(0);
@@ -36,11 +36,11 @@ AboutPanel::AboutPanel(const Content& content) {
   lines->addStrut(leastWidth - 2 * margin);
   lines->addWidget(new ApplicationPicture(iconSide, this), 0, Qt::AlignHCenter);
   lines->addSpacing(belowIcon);
-  name_ = addLine(content.name);
+  name_ = addLine(product.name);
   lines->addSpacing(belowName);
-  version_ = addLine("Version " + content.version);
+  version_ = addLine("Version " + product.version);
   lines->addSpacing(belowVersion);
-  copyright_ = addLine(content.copyright);
+  copyright_ = addLine(product.copyright);
   // The palette's quiet text.
   copyright_->setForegroundRole(QPalette::PlaceholderText);
   setFonts();

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/qt/panels/Panel.h"
+#include "kit/application/Product.h"
 
 class QLabel;
 
@@ -11,13 +12,7 @@ namespace tarnwell::host_qt {
 /// The panel with icon, name, version and copyright.
 class AboutPanel final : public Panel {
  public:
-  struct Content {
-    std::string name = {};
-    std::string version = {};
-    std::string copyright = {};
-  };
-
-  explicit AboutPanel(const Content& content);
+  explicit AboutPanel(const kit::Product& product);
 
   /// In front of the application's other windows.
   void orderFront(Manner manner);

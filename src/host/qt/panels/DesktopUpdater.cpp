@@ -1,8 +1,8 @@
 #include "host/qt/panels/DesktopUpdater.h"
 
-#include <utility>
-
 #include "diagnostics/Console.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 #include "updater/package/PackageFolder.h"
 #include "updater/package/RunningAppImage.h"
 
@@ -13,7 +13,7 @@ namespace {
 std::filesystem::path emptiedPackageFolder() {
   const auto folder = updater::packageFolder();
   if (!folder) {
-    diagnostics::printErrorLine("tarnwell: " + folder.error().message);
+    diagnostics::reportError(folder.error().message);
     return {};
   }
   const auto& path = *folder;
@@ -21,48 +21,31 @@ std::filesystem::path emptiedPackageFolder() {
   return path;
 }
 
-updater::UpdaterConfiguration configurationOf(const DesktopUpdater::Settings& settings) {
-  updater::UpdaterConfiguration configuration = settings.source.configuration;
+updater::UpdaterConfiguration configurationOf(const updater::UpdateSource& source) {
+  updater::UpdaterConfiguration configuration = source.configuration;
   configuration.packageFolder = emptiedPackageFolder();
   return configuration;
 }
 
-UpdatePanels::Settings panelSettings(const DesktopUpdater::Settings& settings) {
-  return {.shownVersion = settings.source.configuration.shownVersion,
-          .numberFormat = settings.numberFormat,
-          .openUrl = settings.openUrl,
-          .perform = settings.perform,
-          .keyEquivalents = settings.keyEquivalents};
+/// Dispatches what a port's descriptor announces, as one event of the application.
+template <class Port>
+kit::Subscription watch(kit::Application& application, Port& port) {
+  return application.platform().watch(
+      port.descriptor(), [&application, &port] { application.turn().perform([&port] { port.dispatch(); }); });
 }
 
 }  // namespace
 
-DesktopUpdater::DesktopUpdater(const Theme& theme, const kit::UpdaterControllerArguments& arguments,
-                               const Settings& settings)
-    : transport_(settings.source.transport),
-      installer_({.appImage = updater::runningAppImage(settings.executable)}, worker_),
-      panels_(theme, panelSettings(settings)),
-      transportReady_(transport_.descriptor(), QSocketNotifier::Read),
-      workerReady_(worker_.descriptor(), QSocketNotifier::Read),
-      installerReady_(installer_.descriptor(), QSocketNotifier::Read),
-      alarmReady_(alarm_.descriptor(), QSocketNotifier::Read),
-      controller_(arguments, configurationOf(settings), updater::UpdaterPreferences::ofUser(),
-                  {.transport = transport_,
-                   .driver = panels_,
-                   .installer = installer_,
-                   .alarm = alarm_,
-                   .worker = worker_,
-                   .openUrl = settings.openUrl}) {
-  watch(transportReady_, settings.perform, [this] { transport_.dispatch(); });
-  watch(workerReady_, settings.perform, [this] { worker_.dispatch(); });
-  watch(installerReady_, settings.perform, [this] { installer_.dispatch(); });
-  watch(alarmReady_, settings.perform, [this] { alarm_.dispatch(); });
-}
-
-void DesktopUpdater::watch(QSocketNotifier& notifier, const std::function<void(kit::Action)>& perform,
-                           kit::Action dispatch) {
-  QObject::connect(&notifier, &QSocketNotifier::activated, &notifier,
-                   [perform, dispatch = std::move(dispatch)]() noexcept { perform(dispatch); });
-}
+DesktopUpdater::DesktopUpdater(kit::Application& application, const Theme& theme,
+                               const kit::UpdaterControllerArguments& arguments, const updater::UpdateSource& source,
+                               const std::filesystem::path& executable)
+    : transport_(source.transport),
+      installer_({.appImage = updater::runningAppImage(executable)}, worker_),
+      panels_(application, theme, source.configuration.shownVersion),
+      watches_{watch(application, transport_), watch(application, worker_), watch(application, installer_),
+               watch(application, alarm_)},
+      controller_(
+          arguments, configurationOf(source), updater::UpdaterPreferences::ofUser(),
+          {.transport = transport_, .driver = panels_, .installer = installer_, .alarm = alarm_, .worker = worker_}) {}
 
 }  // namespace tarnwell::host_qt

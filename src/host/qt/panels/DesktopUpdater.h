@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QtCore/QSocketNotifier>
+#include <array>
 #include <filesystem>
-#include <functional>
-#include <memory>
-#include <string>
 
 #include "host/qt/panels/UpdatePanels.h"
+#include "kit/turn/Subscription.h"
 #include "updater/UpdateSource.h"
 #include "updater/Updater.h"
 #include "updater/package/DesktopInstaller.h"
@@ -19,35 +17,20 @@ namespace tarnwell::host_qt {
 /// The updater on a Linux desktop, with everything that it works through.
 class DesktopUpdater final : public kit::UpdaterController {
  public:
-  struct Settings {
-    updater::UpdateSource source = {};
-    std::filesystem::path executable = {};
-    std::shared_ptr<const kit::NumberFormat> numberFormat = {};
-    std::function<void(const std::string& address)> openUrl = {};
-    /// Runs what happens as one event of the application.
-    std::function<void(kit::Action)> perform = {};
-    /// Where the key equivalents go that the updater's window has no use for.
-    std::function<void(const kit::KeyEvent&)> keyEquivalents = {};
-  };
-
-  /// The theme is borrowed and outlives the updater.
-  DesktopUpdater(const Theme& theme, const kit::UpdaterControllerArguments& arguments, const Settings& settings);
+  /// Application and theme are borrowed and outlive the updater. `executable` is that of this process.
+  DesktopUpdater(kit::Application& application, const Theme& theme, const kit::UpdaterControllerArguments& arguments,
+                 const updater::UpdateSource& source, const std::filesystem::path& executable);
 
   kit::Updater& updater() override { return controller_.updater(); }
 
  private:
-  static void watch(QSocketNotifier& notifier, const std::function<void(kit::Action)>& perform, kit::Action dispatch);
-
   updater::CurlTransport transport_;
   updater::ForkedWorker worker_;
   updater::DesktopInstaller installer_;
   updater::TimerAlarm alarm_;
   UpdatePanels panels_;
-  // They go before the descriptors that they watch.
-  QSocketNotifier transportReady_;
-  QSocketNotifier workerReady_;
-  QSocketNotifier installerReady_;
-  QSocketNotifier alarmReady_;
+  // They end before the descriptors that they watch.
+  std::array<kit::Subscription, 4> watches_;
   updater::UpdaterController controller_;
 };
 

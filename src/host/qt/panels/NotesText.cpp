@@ -6,6 +6,7 @@
 #include <QtGui/QTextList>
 
 #include "updater/feed/FeedItem.h"
+#include "updater/text/WebAddress.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -17,10 +18,6 @@ class NotesDocument final : public QTextDocument {
  protected:
   QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return QByteArray(""); }
 };
-
-bool isWebPage(const QUrl& address) {
-  return address.isValid() && (address.scheme() == "https" || address.scheme() == "http") && !address.host().isEmpty();
-}
 
 QString wrapped(const QString& text, const char* tag) {
   return '<' + QString(tag) + '>' + text + "</" + QString(tag) + '>';
@@ -40,10 +37,10 @@ QString markupOf(const QTextFragment& fragment, const QColor& link) {
   if (format.fontFixedPitch()) {
     text = wrapped(text, "code");
   }
-  const QUrl address(format.anchorHref());
-  if (format.isAnchor() && isWebPage(address)) {
+  const QByteArray address = QUrl(format.anchorHref()).toEncoded();
+  if (format.isAnchor() && updater::isWebAddress(address.toStdString())) {
     text = QString(R"(<a href="%1" style="color:%2">%3</a>)")
-               .arg(QString::fromLatin1(address.toEncoded()).toHtmlEscaped(), link.name(), text);
+               .arg(QString::fromLatin1(address).toHtmlEscaped(), link.name(), text);
   }
   return text;
 }

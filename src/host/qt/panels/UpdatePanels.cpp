@@ -1,6 +1,5 @@
 #include "host/qt/panels/UpdatePanels.h"
 
-#include <QtCore/QUrl>
 #include <QtWidgets/QLabel>
 #include <utility>
 
@@ -10,6 +9,8 @@
 #include "host/qt/panels/NotesView.h"
 #include "host/qt/panels/PanelCheckBox.h"
 #include "host/qt/panels/ProgressLine.h"
+#include "kit/application/Platform.h"
+#include "updater/text/WebAddress.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -30,32 +31,27 @@ std::string versionOf(const FeedItem& item) {
   return shortened(item.shownVersion.empty() ? item.version : item.shownVersion, mostVersionLetters);
 }
 
-std::string nameOf(const FeedItem& item) { return "Tarnwell " + versionOf(item); }
-
-bool isWebPage(const std::string& address) {
-  const QUrl url(toQString(address), QUrl::StrictMode);
-  return url.isValid() && (url.scheme() == "https" || url.scheme() == "http") && !url.host().isEmpty();
-}
-
 }  // namespace
 
-UpdatePanels::UpdatePanels(const Theme& theme, Settings settings) : theme_(theme), settings_(std::move(settings)) {}
+UpdatePanels::UpdatePanels(kit::Application& application, const Theme& theme, std::string shownVersion)
+    : application_(application), theme_(theme), shownVersion_(std::move(shownVersion)) {}
 
 UpdatePanels::~UpdatePanels() = default;
 
 void UpdatePanels::showPermission(std::function<void(Permission)> answer) {
   auto* downloads = new PanelCheckBox(QStringLiteral("Download updates automatically"), theme_, nullptr);
   const auto refuse = asEvent([answer] { answer({}); });
-  show({.heading = "Check for updates automatically?",
-        .message = "Tarnwell can look for a new version by itself, once a day. It tells nobody who you are. You can "
-                   "change your mind at any time on the General tab of the settings.",
-        .tick = downloads,
-        .defaultChoice = {{"Check Automatically", asEvent([answer, downloads] {
-                             answer({.checks = true, .downloads = downloads->isChecked()});
-                           })}},
-        .otherChoice = {{"Don’t Check", refuse}},
-        .closed = refuse},
-       Origin::schedule);
+  show(
+      {.heading = "Check for updates automatically?",
+       .message = product() + " can look for a new version by itself, once a day. It tells nobody who you are. You can "
+                              "change your mind at any time on the General tab of the settings.",
+       .tick = downloads,
+       .defaultChoice = {{"Check Automatically", asEvent([answer, downloads] {
+                            answer({.checks = true, .downloads = downloads->isChecked()});
+                          })}},
+       .otherChoice = {{"Don’t Check", refuse}},
+       .closed = refuse},
+      Origin::schedule);
 }
 
 void UpdatePanels::showChecking(kit::Action cancel) {
@@ -65,8 +61,8 @@ void UpdatePanels::showChecking(kit::Action cancel) {
 void UpdatePanels::showFound(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) {
   UpdatePage page = offer(item, answer);
   page.heading =
-      item.title.empty() ? "A new version of Tarnwell is available" : shortened(item.title, mostTitleLetters);
-  page.message = nameOf(item) + " is available; you have " + settings_.shownVersion + "." +
+      item.title.empty() ? "A new version of " + product() + " is available" : shortened(item.title, mostTitleLetters);
+  page.message = nameOf(item) + " is available; you have " + shownVersion_ + "." +
                  (item.isCritical ? " This is an important update." : "");
   page.defaultChoice->title = item.isInformational ? "Learn More" : "Install Update";
   show(std::move(page), origin);
@@ -84,7 +80,7 @@ void UpdatePanels::showDownloading(const FeedItem& item, kit::Action cancel) {
 
 void UpdatePanels::showProgress(std::uint64_t received, std::uint64_t expected) {
   if (progress_) {
-    progress_->set(received, expected, *settings_.numberFormat);
+    progress_->set(received, expected, *application_.platform().numberFormat());
   }
 }
 
@@ -95,7 +91,7 @@ void UpdatePanels::showVerifying(const FeedItem& item, kit::Action cancel) {
 void UpdatePanels::showReady(const FeedItem& item, Origin origin, std::function<void(Choice)> answer) {
   UpdatePage page = offer(item, answer);
   page.heading = nameOf(item) + " is ready to install";
-  page.message = "It has been downloaded and verified; you have " + settings_.shownVersion + "." +
+  page.message = "It has been downloaded and verified; you have " + shownVersion_ + "." +
                  (item.isCritical ? " This is an important update." : "");
   page.defaultChoice->title = "Install Update";
   show(std::move(page), origin);
@@ -110,17 +106,18 @@ void UpdatePanels::showHandedOver(const FeedItem& item, HandOver handOver, Origi
   UpdatePage page = {.defaultChoice = {{"OK", closed}}, .closed = closed};
   if (handOver == HandOver::opened) {
     page.heading = "The installer has been opened";
-    page.message = "Go on there to install " + nameOf(item) + ". When that is done, quit Tarnwell and start it again.";
+    page.message =
+        "Go on there to install " + nameOf(item) + ". When that is done, quit " + product() + " and start it again.";
   } else {
     page.heading = nameOf(item) + " is installed";
-    page.message = "Quit Tarnwell and start it again to use it.";
+    page.message = "Quit " + product() + " and start it again to use it.";
   }
   show(std::move(page), origin);
 }
 
 void UpdatePanels::showUpToDate(const std::string& shownVersion, kit::Action acknowledged) {
   const auto closed = asEvent(std::move(acknowledged));
-  show({.heading = "Tarnwell is up to date",
+  show({.heading = product() + " is up to date",
         .message = "Version " + shortened(shownVersion, mostVersionLetters) + " is the newest one.",
         .defaultChoice = {{"OK", closed}},
         .closed = closed},
@@ -129,7 +126,7 @@ void UpdatePanels::showUpToDate(const std::string& shownVersion, kit::Action ack
 
 void UpdatePanels::showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) {
   const auto closed = asEvent(std::move(acknowledged));
-  UpdatePage page = {.heading = "Tarnwell could not be updated", .message = reason, .closed = closed};
+  UpdatePage page = {.heading = product() + " could not be updated", .message = reason, .closed = closed};
   if (retry) {
     page.defaultChoice = {"Try Again", asEvent(std::move(retry))};
     page.otherChoice = {"Close", closed};
@@ -138,6 +135,8 @@ void UpdatePanels::showFailure(const std::string& reason, kit::Action acknowledg
   }
   show(std::move(page), Origin::user);
 }
+
+void UpdatePanels::openPage(const std::string& address) { application_.platform().openUrl(address); }
 
 void UpdatePanels::dismiss() {
   if (panel_) {
@@ -155,7 +154,7 @@ void UpdatePanels::showWork(const std::string& heading, const char* name, kit::A
 void UpdatePanels::show(UpdatePage page, Origin origin) {
   if (!panel_) {
     panel_ = std::make_unique<UpdatePanel>(theme_);
-    panel_->setKeyEquivalents(settings_.keyEquivalents);
+    panel_->setKeyEquivalents([this](const kit::KeyEvent& key) { application_.performKeyEquivalent(key); });
   }
   panel_->show(std::move(page), origin == Origin::user ? UpdatePanel::Manner::inFront : UpdatePanel::Manner::quiet);
 }
@@ -172,19 +171,24 @@ UpdatePage UpdatePanels::offer(const FeedItem& item, const std::function<void(Ch
   return page;
 }
 
+const std::string& UpdatePanels::product() const { return application_.platform().product().name; }
+
+std::string UpdatePanels::nameOf(const FeedItem& item) const { return product() + " " + versionOf(item); }
+
 kit::Action UpdatePanels::asEvent(kit::Action action) const {
   return [this, action = std::move(action)] {
     if (action) {
-      settings_.perform(action);
+      application_.turn().perform(action);
     }
   };
 }
 
 QWidget* UpdatePanels::makeNotes(const FeedItem& item) const {
+  const auto open = [&platform = application_.platform()](const std::string& address) { platform.openUrl(address); };
   if (!item.notes.empty()) {
-    return new NotesView(item.notes, theme_, settings_.openUrl, nullptr);
+    return new NotesView(item.notes, theme_, open, nullptr);
   }
-  if (!isWebPage(item.releaseNotesLink)) {
+  if (!updater::isWebAddress(item.releaseNotesLink)) {
     return nullptr;
   }
   auto* link =
@@ -193,7 +197,7 @@ QWidget* UpdatePanels::makeNotes(const FeedItem& item) const {
   link->setTextFormat(Qt::RichText);
   link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   QObject::connect(link, &QLabel::linkActivated, link,
-                   [open = settings_.openUrl](const QString& address) noexcept { open(address.toStdString()); });
+                   [open](const QString& address) noexcept { open(address.toStdString()); });
   return link;
 }
 

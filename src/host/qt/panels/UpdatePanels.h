@@ -6,7 +6,7 @@
 #include <string>
 
 #include "host/qt/panels/UpdatePanel.h"
-#include "kit/ports/NumberFormat.h"
+#include "kit/application/Application.h"
 #include "updater/UserDriver.h"
 
 namespace tarnwell::host_qt {
@@ -16,19 +16,9 @@ class DownloadProgress;
 /// Shows the updater's steps in one window.
 class UpdatePanels final : public updater::UserDriver {
  public:
-  struct Settings {
-    /// What people read of the version that runs.
-    std::string shownVersion = {};
-    std::shared_ptr<const kit::NumberFormat> numberFormat = {};
-    std::function<void(const std::string& address)> openUrl = {};
-    /// Runs an answer as one event of the application.
-    std::function<void(kit::Action)> perform = {};
-    /// Where the key equivalents go that the window has no use for. May be empty.
-    std::function<void(const kit::KeyEvent&)> keyEquivalents = {};
-  };
-
-  /// The theme is borrowed and outlives the panels.
-  UpdatePanels(const Theme& theme, Settings settings);
+  /// Answers are events of the application, and what the window has no use for is a key of its menus. Application and
+  /// theme are borrowed and outlive the panels; `shownVersion` is what people read of the version that runs.
+  UpdatePanels(kit::Application& application, const Theme& theme, std::string shownVersion);
   ~UpdatePanels() override;
 
   void showPermission(std::function<void(Permission)> answer) override;
@@ -43,6 +33,7 @@ class UpdatePanels final : public updater::UserDriver {
                       kit::Action acknowledged) override;
   void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) override;
   void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override;
+  void openPage(const std::string& address) override;
   void dismiss() override;
 
  private:
@@ -51,10 +42,13 @@ class UpdatePanels final : public updater::UserDriver {
   void showWork(const std::string& heading, const char* name, kit::Action cancel);
   UpdatePage offer(const updater::FeedItem& item, const std::function<void(Choice)>& answer) const;
   kit::Action asEvent(kit::Action action) const;
+  const std::string& product() const;
+  std::string nameOf(const updater::FeedItem& item) const;
   QWidget* makeNotes(const updater::FeedItem& item) const;
 
+  kit::Application& application_;
   const Theme& theme_;
-  Settings settings_;
+  std::string shownVersion_;
   std::unique_ptr<UpdatePanel> panel_;
   QPointer<DownloadProgress> progress_;
 };

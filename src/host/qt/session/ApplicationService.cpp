@@ -4,7 +4,7 @@
 #include <QtDBus/QDBusMessage>
 
 #include "host/qt/bus/BusValue.h"
-#include "kit/application/ApplicationId.h"
+#include "host/qt/look/Conversions.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -20,7 +20,7 @@ const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
 // The identifier with slashes for dots, as the interface wants it.
-QString objectPath() { return '/' + QString(kit::applicationId).replace('.', '/'); }
+QString objectPath(const std::string& identifier) { return '/' + toQString(identifier).replace('.', '/'); }
 
 // The bus itself answers so for a program that leaves it meanwhile.
 bool hasNoAnswer(const QDBusMessage& answer) {
@@ -39,15 +39,15 @@ std::string tokenOf(const BusDictionary& platformData) {
 
 }  // namespace
 
-ApplicationService::ApplicationService(const QDBusConnection& bus) : BusObject(bus, objectPath(), interfaceName) {
+ApplicationService::ApplicationService(const QDBusConnection& bus, const std::string& identifier)
+    : BusObject(bus, objectPath(identifier), interfaceName), name_(toQString(identifier)) {
   addMethod("Activate", {"platform_data"}, &ApplicationService::activate);
   addMethod("Open", {"uris", "platform_data"}, &ApplicationService::open);
   addMethod("ActivateAction", {"action_name", "parameter", "platform_data"}, &ApplicationService::activateAction);
 }
 
 ApplicationService::Claim ApplicationService::claimName() const {
-  const auto answer =
-      busArguments<uint>(askBus(QStringLiteral("RequestName"), {QString(kit::applicationId), doNotQueue}));
+  const auto answer = busArguments<uint>(askBus(QStringLiteral("RequestName"), {name_, doNotQueue}));
   if (!answer) {
     return Claim::unavailable;
   }
@@ -56,8 +56,7 @@ ApplicationService::Claim ApplicationService::claimName() const {
 }
 
 bool ApplicationService::activateOther(const std::string& token) const {
-  QDBusMessage message =
-      QDBusMessage::createMethodCall(kit::applicationId, path(), interfaceName, QStringLiteral("Activate"));
+  QDBusMessage message = QDBusMessage::createMethodCall(name_, path(), interfaceName, QStringLiteral("Activate"));
   QVariantMap platformData;
   if (!token.empty()) {
     const QString given = QString::fromStdString(token);
@@ -74,7 +73,7 @@ bool ApplicationService::activateOther(const std::string& token) const {
   return answer.type() == QDBusMessage::ReplyMessage;
 }
 
-void ApplicationService::releaseName() const { askBus(QStringLiteral("ReleaseName"), {QString(kit::applicationId)}); }
+void ApplicationService::releaseName() const { askBus(QStringLiteral("ReleaseName"), {name_}); }
 
 QDBusMessage ApplicationService::askBus(const QString& method, const QVariantList& arguments) const {
   QDBusMessage message = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus", busService, method);
@@ -83,7 +82,7 @@ QDBusMessage ApplicationService::askBus(const QString& method, const QVariantLis
 }
 
 QString ApplicationService::ownerOfName() const {
-  const auto answer = busArguments<QString>(askBus(QStringLiteral("GetNameOwner"), {QString(kit::applicationId)}));
+  const auto answer = busArguments<QString>(askBus(QStringLiteral("GetNameOwner"), {name_}));
   return answer ? std::get<QString>(*answer) : QString();
 }
 

@@ -11,7 +11,8 @@ namespace tarnwell::host_qt {
 /// own name.
 class ApplicationService final : public BusObject {
  public:
-  explicit ApplicationService(const QDBusConnection& bus);
+  /// `identifier` is the application's, and its name on the bus.
+  ApplicationService(const QDBusConnection& bus, const std::string& identifier);
 
   struct Request {
     /// One of the desktop entry's; empty for the application itself.
@@ -46,6 +47,7 @@ class ApplicationService final : public BusObject {
   BusReply<> activateAction(const QString& action, const BusList<QDBusVariant>& parameter,
                             const BusDictionary& platformData);
 
+  QString name_;
   Asked asked_;
 };
 

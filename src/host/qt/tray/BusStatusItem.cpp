@@ -7,7 +7,8 @@
 #include "host/qt/session/ActivationToken.h"
 #include "host/qt/session/RunLater.h"
 #include "host/qt/tray/StatusImage.h"
-#include "kit/application/ApplicationId.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -37,7 +38,7 @@ BusStatusItem::BusStatusItem(const QDBusConnection& bus, const QString& path, ki
 void BusStatusItem::declareProperties() {
   const auto title = [this] { return toQString(item_.title()); };
   interface().addProperty("Category", [] { return QStringLiteral("ApplicationStatus"); });
-  interface().addProperty("Id", [] { return QString(kit::applicationId); });
+  interface().addProperty("Id", [this] { return toQString(item_.application().platform().product().identifier); });
   interface().addProperty("Title", title);
   interface().addProperty("Status", [] { return QStringLiteral("Active"); });
   interface().addProperty("WindowId", [] { return 0; });

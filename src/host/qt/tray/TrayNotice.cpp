@@ -4,6 +4,7 @@
 #include <QtGui/QPainter>
 #include <cmath>
 
+#include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/tray/TrayWatch.h"
@@ -13,14 +14,16 @@
 namespace tarnwell::host_qt {
 namespace {
 
-constexpr const char* notice = "There is no place for a status icon. To come back after closing, start Tarnwell again.";
 constexpr int padding = 8;
 
 }  // namespace
 
-TrayNotice::TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window)
-    : QWidget(&window), theme_(theme), watch_(watch) {
-  setAccessibleName(QString::fromUtf8(notice));
+TrayNotice::TrayNotice(const std::string& product, const Theme& theme, TrayWatch& watch, QWidget& window)
+    : QWidget(&window),
+      notice_("There is no place for a status icon. To come back after closing, start " + product + " again."),
+      theme_(theme),
+      watch_(watch) {
+  setAccessibleName(toQString(notice_));
   hide();
   changes_ = watch_.observe([this] { follow(); });
   follow();
@@ -51,7 +54,7 @@ void TrayNotice::hideEvent(QHideEvent* event) {
 void TrayNotice::follow() { setShown(!said_ && watch_.tray() == TrayWatch::Tray::none); }
 
 WrappedText TrayNotice::textWithin(int width) const {
-  return {notice, theme_.font(kit::FontRole::subheadline), width - 2.0 * padding};
+  return {notice_, theme_.font(kit::FontRole::subheadline), width - 2.0 * padding};
 }
 
 void TrayNotice::setShown(bool shown) {

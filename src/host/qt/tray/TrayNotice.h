@@ -14,8 +14,8 @@ class TrayWatch;
 /// a tray comes, or with the first closing of its window.
 class TrayNotice final : public QWidget {
  public:
-  /// Theme and watch are borrowed.
-  TrayNotice(const Theme& theme, TrayWatch& watch, QWidget& window);
+  /// `product` is its name. Theme and watch are borrowed.
+  TrayNotice(const std::string& product, const Theme& theme, TrayWatch& watch, QWidget& window);
 
   int heightForWidth(int width) const override;
 
@@ -28,6 +28,7 @@ class TrayNotice final : public QWidget {
   void follow();
   void setShown(bool shown);
 
+  const std::string notice_;
   const Theme& theme_;
   TrayWatch& watch_;
   kit::Subscription changes_;

@@ -144,7 +144,7 @@ class BusObjectTest : public testing::Test {
   kit::StatusItem item_{desktop_.application(), kit::StatusItem::variableLength, "Utility App"};
   StatusImage image_{desktop_.platform().host().theme()};
   std::unique_ptr<BusStatusItem> onBus_;
-  ApplicationService service_{QDBusConnection::sessionBus()};
+  ApplicationService service_{QDBusConnection::sessionBus(), "example.tarnwell.Tarnwell"};
   Stranger stranger_;
 };
 

@@ -13,11 +13,12 @@
 #include <vector>
 
 #include "fixtures/WaitFor.h"
-#include "host/linux/IcuNumberFormat.h"
+#include "host/headless/HeadlessPlatform.h"
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/panels/PanelButton.h"
 #include "host/qt/panels/PanelCheckBox.h"
+#include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -29,16 +30,9 @@ using updater::UserDriver;
 
 class UpdatePanelsTest : public testing::Test {
  protected:
-  UpdatePanelsTest()
-      : panels(testHost().theme(), {.shownVersion = "1.0",
-                                    .numberFormat = std::make_shared<const host_linux::IcuNumberFormat>("en_US"),
-                                    .openUrl = [this](const std::string& address) { opened.push_back(address); },
-                                    .perform =
-                                        [this](const kit::Action& action) {
-                                          ++events;
-                                          action();
-                                        },
-                                    .keyEquivalents = [this](const kit::KeyEvent& /*key*/) { ++keys; }}) {}
+  UpdatePanelsTest() : panels(*application, testHost().theme(), "1.0") {}
+
+  std::vector<std::string> asked() { return std::exchange(platform.journal(), {}).lines(); }
 
   /// The window on the screen; null for none.
   static UpdatePanel* window() {
@@ -97,14 +91,17 @@ class UpdatePanelsTest : public testing::Test {
   }
 
   void showFound(UserDriver::Origin origin = UserDriver::Origin::user) {
-    panels.showFound(item, origin, [this](UserDriver::Choice choice) { choices.push_back(choice); });
+    panels.showFound(item, origin, [this](UserDriver::Choice choice) {
+      choices.push_back(choice);
+      events += application->turn().isPerforming() ? 1 : 0;
+    });
   }
 
   FeedItem item = {.title = "Spring release", .version = "12", .shownVersion = "1.2", .notes = "<p>Notes</p>"};
   std::vector<UserDriver::Choice> choices;
-  std::vector<std::string> opened;
+  host_headless::HeadlessPlatform platform{{.name = "Tarnwell"}};
+  std::shared_ptr<kit::Application> application = kit::Application::create(platform);
   int events = 0;
-  int keys = 0;
   int answers = 0;
   kit::Action answer = [this] { ++answers; };
   UpdatePanels panels;
@@ -173,7 +170,7 @@ TEST_F(UpdatePanelsTest, withoutNotesTheirPageIsALink) {
   showFound();
   ASSERT_EQ(texts().size(), 3U);
   emit parts<QLabel>().at(2)->linkActivated("https://tarnwell.example/notes");
-  EXPECT_THAT(opened, ElementsAre("https://tarnwell.example/notes"));
+  EXPECT_THAT(asked(), ElementsAre("open https://tarnwell.example/notes"));
   item.releaseNotesLink = "file:///etc/passwd";
   showFound();
   EXPECT_EQ(texts().size(), 2U);
@@ -183,7 +180,7 @@ TEST_F(UpdatePanelsTest, linksInNotesOpenInTheBrowser) {
   item.notes = "<p><a href='https://tarnwell.example/a'>a</a></p>";
   showFound();
   emit parts<QTextBrowser>().at(0)->anchorClicked(QUrl("https://tarnwell.example/a"));
-  EXPECT_THAT(opened, ElementsAre("https://tarnwell.example/a"));
+  EXPECT_THAT(asked(), ElementsAre("open https://tarnwell.example/a"));
   EXPECT_NE(window(), nullptr);
 }
 
@@ -275,7 +272,10 @@ TEST_F(UpdatePanelsTest, oneThingIsOnTheScreenAtATime) {
   panels.showChecking(answer);
   const UpdatePanel* first = window();
   panels.showDownloading(item, answer);
-  panels.showReady(item, UserDriver::Origin::user, [this](UserDriver::Choice choice) { choices.push_back(choice); });
+  panels.showReady(item, UserDriver::Origin::user, [this](UserDriver::Choice choice) {
+    choices.push_back(choice);
+    events += application->turn().isPerforming() ? 1 : 0;
+  });
   EXPECT_EQ(window(), first);
   EXPECT_EQ(texts().at(0), "Tarnwell 1.2 is ready to install");
   EXPECT_EQ(answers, 0);
@@ -307,6 +307,11 @@ TEST_F(UpdatePanelsTest, aFailureOffersToTryAgainWhereThatCanHelp) {
 }
 
 TEST_F(UpdatePanelsTest, keysThatItHasNoUseForGoToTheApplication) {
+  int keys = 0;
+  const auto entry = kit::MenuItem::create("Quit", {}, "q");
+  entry->setHandler([&keys] { ++keys; });
+  application->mainMenu().addItem(kit::MenuItem::withSubmenu("Tarnwell", std::make_shared<kit::Menu>()));
+  application->mainMenu().items().front()->submenu()->addItem(entry);
   panels.showChecking(answer);
   QKeyEvent quit(QEvent::KeyPress, Qt::Key_Q, Qt::ControlModifier);
   QApplication::sendEvent(window(), &quit);

@@ -12,7 +12,6 @@
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/tray/FakePanel.h"
-#include "kit/application/ApplicationId.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -41,7 +40,7 @@ TEST_F(StatusIconTest, panelIsToldWhatTheIconIs) {
   const FakePanel panel;
   ASSERT_TRUE(panel.hasIcon());
   const QVariantMap icon = panel.icon();
-  EXPECT_EQ(icon.value("Id").toString(), kit::applicationId);
+  EXPECT_EQ(icon.value("Id").toString(), "example.tarnwell.Tarnwell");
   EXPECT_EQ(icon.value("Title").toString(), "Utility App");
   EXPECT_EQ(icon.value("Status").toString(), "Active");
   EXPECT_EQ(icon.value("Category").toString(), "ApplicationStatus");

@@ -1,9 +1,9 @@
-#include "scenarios/NamedControl.h"
+#include "app/NamedControl.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-namespace tarnwell::scenarios {
+namespace tarnwell::app {
 namespace {
 
 kit::Control* find(const std::string& name, const view::MountedTree& tree) {
@@ -25,4 +25,4 @@ kit::Control& controlNamed(const std::string& name, const view::MountedTree& tre
 
 bool hasControlNamed(const std::string& name, const view::MountedTree& tree) { return find(name, tree) != nullptr; }
 
-}  // namespace tarnwell::scenarios
+}  // namespace tarnwell::app

@@ -1,3 +1,7 @@
+# What is built here, to a system; what people read of it is in src/app/Product.cpp.
+set(TARNWELL_IDENTIFIER example.tarnwell.Tarnwell)
+set(TARNWELL_ICON "${PROJECT_SOURCE_DIR}/packaging/icons/tarnwell.svg")
+
 # The host whose pages Help, feedback and donations open.
 set(TARNWELL_WEB_HOST "tarnwell.example" CACHE STRING "Host of the product's web pages, with a port where it needs one")
 if(NOT TARNWELL_WEB_HOST MATCHES "^[A-Za-z0-9.-]+(:[0-9]+)?$")

@@ -1,0 +1,15 @@
+#include "app/Product.h"
+
+namespace tarnwell::app {
+
+kit::Product product() {
+  return {.name = "Tarnwell",
+          .program = "tarnwell",
+          .identifier = TARNWELL_IDENTIFIER,
+          .version = TARNWELL_VERSION,
+          .copyright = "© 2026 The Tarnwell developers",
+          .summary = TARNWELL_SUMMARY,
+          .webHost = TARNWELL_WEB_HOST};
+}
+
+}  // namespace tarnwell::app

@@ -1,0 +1,9 @@
+#include "app/ProductLink.h"
+
+#include "view/controls/Link.h"
+
+namespace tarnwell::app {
+
+view::View ProductLink::body() const { return view::Link{.title = title, .destination = product.get().page(path)}; }
+
+}  // namespace tarnwell::app

@@ -1,0 +1,38 @@
+#include "host/qt/DesktopServices.h"
+
+#include <utility>
+
+#include "host/linux/IcuNumberFormat.h"
+#include "host/linux/LaunchArguments.h"
+#include "host/linux/NumberLocale.h"
+#include "host/qt/panels/DesktopUpdater.h"
+#include "updater/package/RunningAppImage.h"
+
+namespace tarnwell::host_qt {
+
+DesktopServices::DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::Start& start,
+                                 updater::UpdateSource updates)
+    : toolkit_(toolkit),
+      product_(product),
+      start_(start),
+      updates_(std::move(updates)),
+      loginItem_({.id = product.identifier,
+                  .name = product.name,
+                  .executable = updater::programToStart(start.executable),
+                  .argument = host_linux::LaunchArguments::launchedAtLogin}),
+      log_(product.program) {}
+
+QtPlatform::Services DesktopServices::services() {
+  return {
+      .product = product_,
+      .systemVersion = start_.version,
+      .numberFormat = std::make_shared<const host_linux::IcuNumberFormat>(host_linux::numberLocaleOfEnvironment()),
+      .loginItem = &loginItem_,
+      .log = &log_,
+      .makeUpdaterController = [this](kit::Application& application, const kit::UpdaterControllerArguments& arguments) {
+        return std::make_unique<DesktopUpdater>(application, toolkit_.host().theme(), arguments, updates_,
+                                                start_.executable);
+      }};
+}
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/linux/JournalLog.h"
+#include "host/linux/Start.h"
+#include "host/linux/XdgLoginItem.h"
+#include "host/qt/QtPlatform.h"
+#include "updater/UpdateSource.h"
+
+namespace tarnwell::host_qt {
+
+/// What a desktop's toolkit cannot answer, answered by the Linux system below it.
+class DesktopServices {
+ public:
+  /// The toolkit is borrowed and outlives the services.
+  DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::Start& start,
+                  updater::UpdateSource updates);
+
+  /// What is pointed to in it lives as long as this object.
+  QtPlatform::Services services();
+
+ private:
+  QtApplication& toolkit_;
+  kit::Product product_;
+  host_linux::Start start_;
+  updater::UpdateSource updates_;
+  host_linux::XdgLoginItem loginItem_;
+  host_linux::JournalLog log_;
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,86 @@
+// The program on a Linux desktop.
+#include <cstdlib>
+#include <variant>
+
+#include "app/Composition.h"
+#include "app/Product.h"
+#include "diagnostics/Console.h"
+#include "diagnostics/StandardStreams.h"
+#include "host/linux/CommandLine.h"
+#include "host/linux/StartProgram.h"
+#include "host/qt/DesktopServices.h"
+#include "host/qt/SingleInstance.h"
+#include "updater/package/RunningAppImage.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int wrongUsage = 2;
+
+int failed(const std::string& message, int status) {
+  diagnostics::reportError(message);
+  return status;
+}
+
+int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, const kit::Product& product,
+        const host_linux::Start& start, const host_linux::LaunchArguments& launch) {
+  if (!instance.listen(toolkit)) {
+    return EXIT_SUCCESS;
+  }
+  host_qt::DesktopServices services(toolkit, product, start, updater::updateSource());
+  auto answers = services.services();
+  answers.launchEvent = launch.event();
+  answers.menuWindow = view::SceneRunner::settingsWindowIdentifier;
+  host_qt::QtPlatform platform(toolkit, std::move(answers));
+  instance.setAsked([&platform](const auto& request) { platform.reopen(request.token); });
+  return app::run(platform);
+}
+
+/// For a further start that was told that this process runs, which then ended.
+void startAnew(const host_linux::Start& start, const std::string& token) {
+  const auto program = updater::programToStart(start.executable).string();
+  if (const auto started = host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, program}); !started) {
+    diagnostics::reportError(started.error().message);
+  }
+}
+
+int start(int argc, char** argv, const kit::Product& product, const host_linux::LaunchArguments& launch) {
+  const auto start = host_linux::Start::prepare(product.program);
+  if (!start) {
+    return failed(start.error().message, EXIT_FAILURE);
+  }
+  const auto instance = host_qt::SingleInstance::claim(product);
+  if (!instance) {
+    // The one that runs already comes to the front.
+    return EXIT_SUCCESS;
+  }
+  const auto toolkit = host_qt::QtApplication::create(argc, argv);
+  if (!toolkit) {
+    return EXIT_FAILURE;
+  }
+  const int status = run(*toolkit, *instance, product, *start, launch);
+  if (const auto late = instance->release()) {
+    startAnew(*start, *late);
+  }
+  return status;
+}
+
+}  // namespace
+}  // namespace tarnwell
+
+// What is thrown past here is a fault, and ends the process as one.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  using namespace tarnwell;
+  using host_linux::CommandLine;
+  diagnostics::prepareStandardStreams();
+  const kit::Product product = app::product();
+  const CommandLine::Parsed parsed = CommandLine::parse(product, argc, argv);
+  if (const auto* print = std::get_if<CommandLine::Print>(&parsed)) {
+    diagnostics::printLine(print->text);
+    return EXIT_SUCCESS;
+  }
+  if (const auto* failure = std::get_if<system::Failure>(&parsed)) {
+    return failed(failure->message, wrongUsage);
+  }
+  return start(argc, argv, product, std::get<host_linux::LaunchArguments>(parsed));
+}
