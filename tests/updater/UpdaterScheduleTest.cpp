@@ -37,9 +37,8 @@ TEST(UpdaterSchedule, runsFromTheStartOnlyWhereTheUpdaterIsToStart) {
   for (const bool startingUpdater : {true, false}) {
     UpdaterStage stage;
     stage.checkedJustNow();
-    const UpdaterController controller(
-        {.startingUpdater = startingUpdater}, stage.configuration(), stage.preferences,
-        {stage.transport, stage.driver, stage.installer, stage.alarm, stage.worker});
+    const UpdaterController controller({.startingUpdater = startingUpdater}, stage.configuration(), stage.preferences,
+                                       {stage.transport, stage.driver, stage.installer, stage.alarm, stage.worker});
     EXPECT_EQ(stage.alarm.time().has_value(), startingUpdater);
   }
 }

@@ -8,9 +8,9 @@
 
 namespace tarnwell::updater {
 
-/// Works in a copy of this process, one for each job, which ends with the job and with this process. A file that another
-/// process truncates, or a disk that does not answer, ends the copy and nothing else. Only what a copy says in so many
-/// words counts as done.
+/// Works in a copy of this process, one for each job, which ends with the job and with this process. A file that
+/// another process truncates, or a disk that does not answer, ends the copy and nothing else. Only what a copy says in
+/// so many words counts as done.
 class ForkedWorker final : public Worker {
  public:
   ForkedWorker();
