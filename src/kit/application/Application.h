@@ -92,9 +92,8 @@ class Application final : public Object {
   bool performKeyEquivalent(const KeyEvent& event);
 
   /// A menu that is not the main one opens: its entries are made, unless it is open already, and its keys come first.
-  /// It must live until it closes.
+  /// It must live until it closes; those close first that opened last.
   void menuOpens(Menu& menu);
-  /// The menu that opened last has closed.
   void menuCloses() { openMenus_.pop_back(); }
 
   /// For a host that shows menus itself: opens one and runs `show` as a nested loop, which ends when it has closed.
@@ -114,9 +113,8 @@ class Application final : public Object {
   void finishLaunching();
   void activateIgnoringOtherApps(bool flag);
 
-  /// What is done when the user starts the application that runs already. One at a time.
+  /// What is done when the user starts the application that runs already, of which `reopen` tells. One at a time.
   void setReopenAction(Action reopen) { reopen_ = std::move(reopen); }
-  /// The user has started it again.
   void reopen();
 
   /// Tells the delegate, then ends the event loop.
