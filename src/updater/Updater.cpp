@@ -26,7 +26,7 @@ std::string obstacleIn(const UpdaterConfiguration& configuration) {
 Updater::Updater(UpdaterConfiguration configuration, UpdaterPreferences preferences, Ports ports)
     : configuration_(std::move(configuration)),
       preferences_(std::move(preferences)),
-      ports_(std::move(ports)),
+      ports_(ports),
       schedule_(preferences_, ports_.alarm),
       obstacle_(obstacleIn(configuration_)) {
   setCanCheckForUpdates(true);

@@ -67,7 +67,7 @@ class UpdaterController final : public kit::UpdaterController {
  public:
   UpdaterController(const kit::UpdaterControllerArguments& arguments, UpdaterConfiguration configuration,
                     UpdaterPreferences preferences, Updater::Ports ports)
-      : updater_(std::move(configuration), std::move(preferences), std::move(ports)) {
+      : updater_(std::move(configuration), std::move(preferences), ports) {
     if (arguments.startingUpdater) {
       updater_.start();
     }

@@ -26,7 +26,7 @@ std::optional<std::string> objectionTo(const std::string& program, std::span<con
   constexpr std::array<std::string_view, 3> known = {"--help", "--version", LaunchArguments::launchedAtLogin};
   for (const std::string argument : arguments) {
     if (std::ranges::find(known, argument) == known.end()) {
-      return "\"" + argument + "\" is not an argument of " + program + ".";
+      return std::string("\"").append(argument).append("\" is not an argument of ").append(program).append(".");
     }
   }
   return arguments.size() > 1 ? std::optional<std::string>("There are too many arguments.") : std::nullopt;

@@ -49,7 +49,7 @@ class RepresentableNode final : public ControlNode {
 
   void updateControl() override {
     if constexpr (std::derived_from<typename R::NSView, kit::Slider>) {
-      controlAs<kit::Slider>().setUpsideDown(std::cos(environment().get<RotationKey>()) < 0);
+      controlAs<kit::Slider>().setUpsideDown(std::cos(environment().template get<RotationKey>()) < 0);
     }
     valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_);
   }
