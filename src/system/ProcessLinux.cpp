@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "system/Process.h"
+#include "system/SignalPause.h"
 
 namespace tarnwell::system {
 namespace {
@@ -31,22 +32,6 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
   pointers.push_back(nullptr);
   return pointers;
 }
-
-/// No handler of this process runs in the new one while both have the same memory.
-class SignalPause {
- public:
-  SignalPause() {
-    sigset_t all;
-    ::sigfillset(&all);
-    ::pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  SignalPause(const SignalPause&) = delete;
-  SignalPause& operator=(const SignalPause&) = delete;
-  ~SignalPause() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
- private:
-  sigset_t before_ = {};
-};
 
 /// All that the new process needs, made beforehand: it has this process's memory until it is another program.
 struct Prepared {

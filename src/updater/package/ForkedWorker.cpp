@@ -17,6 +17,7 @@
 #include "system/Descriptor.h"
 #include "system/Fault.h"
 #include "system/Pipe.h"
+#include "system/SignalPause.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -33,22 +34,6 @@ constexpr std::size_t longestWord = PIPE_BUF;
 // A process that was killed is usually gone within one.
 constexpr std::chrono::milliseconds stopPatience(50);
 constexpr std::chrono::milliseconds endPatience(1000);
-
-/// Keeps signals from reaching the handlers of this process in its copy.
-class SignalPause {
- public:
-  SignalPause() {
-    sigset_t all;
-    ::sigfillset(&all);
-    ::pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  SignalPause(const SignalPause&) = delete;
-  SignalPause& operator=(const SignalPause&) = delete;
-  ~SignalPause() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
- private:
-  sigset_t before_ = {};
-};
 
 void takeDefaultSignals() {
   for (int number = 1; number < NSIG; ++number) {
@@ -126,7 +111,7 @@ std::unique_ptr<Worker::Job> ForkedWorker::begin(Work work, Ended ended) {
   const pid_t original = ::getpid();
   pid_t process = -1;
   {
-    const SignalPause pause;
+    const system::SignalPause pause;
     process = ::fork();
     if (process == 0) {
       workAsCopy(work, pipe.writeEnd.number(), original);
