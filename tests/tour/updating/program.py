@@ -99,9 +99,12 @@ class Program:
         return os.path.join(self.folder, name + ".png")
 
     def picture(self, name, title=PANEL):
-        found = output("xdotool", "search", "--onlyvisible", "--name", "^" + title + "$").split()
-        expect(len(found) == 1, "%d windows called %s" % (len(found), title))
-        subprocess.run(("import", "-window", found[0], self.picture_path(name)), check=True)
+        def found():
+            return output("xdotool", "search", "--onlyvisible", "--name", "^" + title + "$").split()
+
+        # A panel tells the accessibility bus of itself before the display shows it.
+        wait_for("one window called " + title, lambda: len(found()) == 1)
+        subprocess.run(("import", "-window", *found(), self.picture_path(name)), check=True)
 
     def holds_a_download(self):
         """Whether it still has a download that has no name."""
