@@ -7,7 +7,7 @@ namespace tarnwell::app {
 
 std::unique_ptr<view::HostingView> AlwaysOnTopSettingsView::makeNSView(Context& /*context*/) const {
   auto hostingView = std::make_unique<view::HostingView>(content);
-  kit::Application::shared()->mainQueue().async([view = hostingView->handle()] {
+  kit::Application::shared().events().async([view = hostingView->handle()] {
     kit::Window* window = *view != nullptr ? (*view)->window() : nullptr;
     if (window != nullptr) {
       window->setLevel(kit::Window::normalLevel);

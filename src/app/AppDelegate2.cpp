@@ -37,12 +37,12 @@ void giveDelegateToSettings(const std::vector<kit::Window*>& windows, const std:
 }  // namespace
 
 void AppDelegate2::applicationDidFinishLaunching() {
-  settingsWindowObserver = application_.observeWindows(
-      [weak = weak_from_this()](kit::Application& application) {
-        diagnostics::printLine(describe(application.windows()));
-        giveDelegateToSettings(application.windows(), weak.lock());
-      },
-      kit::Application::Observation::initialToo);
+  const auto changed = [weak = weak_from_this()](const kit::WindowList& windows) {
+    diagnostics::printLine(describe(windows.all()));
+    giveDelegateToSettings(windows.all(), weak.lock());
+  };
+  settingsWindowObserver = application_.windows().observe(changed);
+  changed(application_.windows());
 }
 
 void AppDelegate2::windowWillClose(const kit::Notification& notification) {

@@ -1,23 +1,10 @@
 #include "app/ApplicationActions.h"
 
-#include "diagnostics/Fault.h"
 #include "kit/application/Application.h"
 
 namespace tarnwell::app {
-namespace {
+void showAboutPanel() { kit::Application::shared().perform("orderFrontStandardAboutPanel:", nullptr); }
 
-kit::Application& application() {
-  kit::Application* shared = kit::Application::shared();
-  if (shared == nullptr) {
-    diagnostics::fault("a menu entry was chosen, but there is no application");
-  }
-  return *shared;
-}
-
-}  // namespace
-
-void showAboutPanel() { application().orderFrontStandardAboutPanel(nullptr); }
-
-void terminate() { application().terminate(nullptr); }
+void terminate() { kit::Application::shared().terminate(nullptr); }
 
 }  // namespace tarnwell::app

@@ -19,11 +19,10 @@ view::EnvironmentValues environmentOf(kit::Platform& platform, core::CommandRunn
 }  // namespace
 
 Composition::Composition(kit::Platform& platform, core::CommandRunner& runner)
-    : application_(kit::Application::create(platform)), scenes_(*application_, environmentOf(platform, runner)) {
-  application_->setReopenAction([this] { scenes_.openSettings(); });
-}
-
-Composition::~Composition() { application_->setReopenAction({}); }
+    : application_(kit::Application::create(platform)),
+      scenes_(*application_, environmentOf(platform, runner)),
+      reopening_(application_->notificationCenter().addObserver(
+          kit::reopenNotification, [this](const auto& /*notification*/) { scenes_.openSettings(); })) {}
 
 void Composition::install() { scenes_.install(root_.body()); }
 

@@ -16,7 +16,6 @@ class Composition {
   Composition(kit::Platform& platform, core::CommandRunner& runner);
   Composition(const Composition&) = delete;
   Composition& operator=(const Composition&) = delete;
-  ~Composition();
 
   /// Once: puts the scenes onto the platform, which opens the first window when it is ready.
   void install();
@@ -29,6 +28,7 @@ class Composition {
   std::shared_ptr<kit::Application> application_;
   TarnwellApp root_;
   view::SceneRunner scenes_;
+  kit::Subscription reopening_;
 };
 
 /// Runs Tarnwell on `platform` until it ends; returns the status of the process. All that the program of a host calls.

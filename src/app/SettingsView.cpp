@@ -18,8 +18,8 @@ bool isSettingsWindow(const kit::Object* object) {
 }
 
 kit::Subscription observeClosing(kit::NotificationCenter::Handler handler) {
-  return kit::Application::shared()->notificationCenter().addObserver(kit::windowWillCloseNotification,
-                                                                      std::move(handler));
+  return kit::Application::shared().notificationCenter().addObserver(kit::windowWillCloseNotification,
+                                                                     std::move(handler));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/WelcomeView.h"
 
 #include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 #include "kit/application/SettingsShortcut.h"
 #include "view/controls/Text.h"
 
@@ -8,8 +9,8 @@ namespace tarnwell::app {
 
 view::View WelcomeView::body() const {
   return view::View(view::Text{"Hello, World!"}).onAppear([dismiss = dismissWindow] {
-    kit::Application& application = *kit::Application::shared();
-    application.activateIgnoringOtherApps(true);
+    kit::Application& application = kit::Application::shared();
+    application.platform().activate();
     kit::postSettingsShortcut(application);
     dismiss(launcherIdentifier);
   });

@@ -1,6 +1,5 @@
 #include "launchatlogin/LaunchAtLogin.h"
 
-#include "diagnostics/Fault.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
 #include "kit/ports/LoginItem.h"
@@ -9,15 +8,7 @@
 namespace tarnwell::launchatlogin {
 namespace {
 
-kit::Application& application() {
-  kit::Application* shared = kit::Application::shared();
-  if (shared == nullptr) {
-    diagnostics::fault("launch at login was asked for without an application");
-  }
-  return *shared;
-}
-
-kit::LoginItem& mainAppService() { return application().platform().mainAppService(); }
+kit::LoginItem& mainAppService() { return kit::Application::shared().platform().mainAppService(); }
 
 std::optional<std::string> enable(kit::LoginItem& item) {
   // A fresh registration replaces one that may speak of a former place of the application.
@@ -35,12 +26,12 @@ void LaunchAtLogin::setEnabled(bool enabled) {
   kit::LoginItem& item = mainAppService();
   if (const auto failure = enabled ? enable(item) : item.unregisterItem()) {
     const std::string what = enabled ? "enable" : "disable";
-    logger.error(application().platform().log(), "Failed to " + what + " launch at login: " + *failure);
+    logger.error(kit::Application::shared().platform().log(), "Failed to " + what + " launch at login: " + *failure);
   }
 }
 
 bool LaunchAtLogin::wasLaunchedAtLogin() {
-  const auto event = application().platform().currentAppleEvent();
+  const auto event = kit::Application::shared().platform().currentAppleEvent();
   if (!event || event->eventID != kit::openApplicationEvent) {
     return false;
   }
@@ -49,7 +40,7 @@ bool LaunchAtLogin::wasLaunchedAtLogin() {
 }
 
 std::shared_ptr<LaunchAtLogin::Observable> LaunchAtLogin::observable() {
-  return application().single<Observable>([] { return std::make_shared<Observable>(); });
+  return kit::Application::shared().single<Observable>([] { return std::make_shared<Observable>(); });
 }
 
 }  // namespace tarnwell::launchatlogin

@@ -11,7 +11,7 @@ bool trySelector(kit::Application& application, const kit::Selector& selector) {
     return false;
   }
   // Whatever comes of it, it was the delegate's to answer.
-  application.sendAction(selector, delegate, nullptr);
+  application.responders().sendAction(selector, delegate, nullptr);
   return true;
 }
 

@@ -20,7 +20,7 @@ View withHiddenLink(const View& content, const OpenSettingsAccessAction& action)
 
 View OpenSettingsInjectionView::body() const {
   const auto action = _openSettingsLegacy.get();
-  const bool hasLinks = kit::Application::shared()->platform().systemVersion() >= kit::SystemVersion{.major = 14};
+  const bool hasLinks = kit::Application::shared().platform().systemVersion() >= kit::SystemVersion{.major = 14};
   return View(view::Group{.children = {hasLinks ? withHiddenLink(content, *action) : content}})
       .environment<OpenSettingsKey>(action);
 }

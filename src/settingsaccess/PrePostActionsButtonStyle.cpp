@@ -15,9 +15,9 @@ void run(const std::optional<kit::Action>& action) {
 }  // namespace
 
 view::View PrePostActionsButtonStyle::makeBody(const view::ButtonConfiguration& configuration) const {
-  kit::Application& application = *kit::Application::shared();
+  kit::Application& application = kit::Application::shared();
   if (_performAction.set) {
-    application.mainQueue().async(
+    application.events().async(
         [set = _performAction.set, trigger = configuration.trigger] { set(std::optional(trigger)); });
   }
   const bool knowsRoles = application.platform().systemVersion() >= kit::SystemVersion{.major = 12};

@@ -9,7 +9,7 @@
 namespace tarnwell::settingsaccess {
 
 view::View PrePostSettingsLink::body() const {
-  kit::Application& application = *kit::Application::shared();
+  kit::Application& application = kit::Application::shared();
   if (application.platform().systemVersion() >= kit::SystemVersion{.major = 14}) {
     return PrePostActionsButtonStyleModifier{.preAction = preAction, .postAction = postAction}.body(
         view::SettingsLink{.label = label});

@@ -6,6 +6,7 @@
 #include "diagnostics/Console.h"
 #include "diagnostics/Fault.h"
 #include "kit/application/Menu.h"
+#include "kit/application/Platform.h"
 #include "kit/application/SettingsShortcut.h"
 #include "kit/turn/ClassRegistry.h"
 
@@ -43,7 +44,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::handleClick() {
-  const kit::Event* event = application_.currentEvent();
+  const kit::Event* event = application_.events().current();
   if (event == nullptr) {
     diagnostics::fault("the status item was clicked without a current event");
   }
@@ -69,7 +70,7 @@ void AppDelegate::showMenu() {
 void AppDelegate::itemClicked(const kit::MenuItem& item) { diagnostics::printLine(item.title() + " clicked"); }
 
 void AppDelegate::openSettingsInSonoma() {
-  application_.activateIgnoringOtherApps(true);
+  application_.platform().activate();
   kit::postSettingsShortcut(application_);
 }
 

@@ -90,7 +90,7 @@ TEST(AlwaysOnTopSettingsView, outlivedByItsWorkDoesNothing) {
   AlwaysOnTopSettingsView::Context context{.coordinator = nullptr, .host = screen.platform.host()};
   AlwaysOnTopSettingsView{.content = view::Text{"Hosted"}}.makeNSView(context).reset();
   screen.platform.runUntilIdle(*screen.application);
-  EXPECT_FALSE(screen.application->hasWork());
+  EXPECT_TRUE(screen.application->events().isEmpty());
 }
 
 TEST(AlwaysOnTopSettingsView, keepsTheContentItWasMadeWith) {
@@ -127,8 +127,8 @@ struct FloatingSettings {
   host_headless::HeadlessPlatform platform;
   std::shared_ptr<kit::Application> application = kit::Application::create(platform);
   view::SceneRunner scenes{*application, {}};
-  kit::Subscription lifting = application->observeWindows([](kit::Application& changed) {
-    for (kit::Window* window : changed.windows()) {
+  kit::Subscription lifting = application->windows().observe([](const kit::WindowList& changed) {
+    for (kit::Window* window : changed.all()) {
       window->setLevel(floatingLevel);
     }
   });
@@ -156,16 +156,19 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(WayIn{"postedKey",
                           [](FloatingSettings& settings) { kit::postSettingsShortcut(*settings.application); }},
                     WayIn{"pressedKey",
-                          [](FloatingSettings& settings) { settings.application->performKeyEquivalent(commandComma); }},
+                          [](FloatingSettings& settings) {
+                            settings.application->responders().performKeyEquivalent(commandComma);
+                          }},
                     WayIn{"mainMenu",
                           [](FloatingSettings& settings) {
-                            settings.application->choose(settings.application->itemMatching(commandComma));
+                            settings.application->responders().choose(
+                                settings.application->responders().itemMatching(commandComma));
                           }},
                     WayIn{"statusMenu", [](FloatingSettings& settings) { settings.chooseFromStatusMenu(); }},
                     WayIn{"code", [](FloatingSettings& settings) { settings.scenes.openSettings(); }},
                     WayIn{"queuedWork",
                           [](FloatingSettings& settings) {
-                            settings.application->mainQueue().async([&settings] { settings.scenes.openSettings(); });
+                            settings.application->events().async([&settings] { settings.scenes.openSettings(); });
                           }}),
     [](const auto& tested) { return tested.param.name; });
 

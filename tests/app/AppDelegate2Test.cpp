@@ -30,7 +30,7 @@ class AppDelegate2Test : public testing::Test {
 
 TEST_F(AppDelegate2Test, doesNotObserveBeforeTheLaunch) {
   const fixtures::StandardOutputCapture output;
-  application->addWindow(settings);
+  application->windows().add(settings);
   EXPECT_FALSE(delegate->settingsWindowObserver.has_value());
   EXPECT_EQ(settings.delegate(), nullptr);
   EXPECT_EQ(output.text(), "");
@@ -44,8 +44,8 @@ TEST_F(AppDelegate2Test, theLaunchPrintsThePresentWindows) {
 }
 
 TEST_F(AppDelegate2Test, theLaunchFindsASettingsWindowThatIsOpen) {
-  application->addWindow(plain);
-  application->addWindow(settings);
+  application->windows().add(plain);
+  application->windows().add(settings);
   const fixtures::StandardOutputCapture output;
   install();
   EXPECT_EQ(output.text(), "[<Window: \"Untitled\">, <Window: com.apple.preferences.window \"Settings\">]\n");
@@ -56,17 +56,17 @@ TEST_F(AppDelegate2Test, theLaunchFindsASettingsWindowThatIsOpen) {
 TEST_F(AppDelegate2Test, eachChangeOfTheListIsPrinted) {
   const fixtures::StandardOutputCapture output;
   install();
-  application->addWindow(plain);
-  application->addWindow(plain);
-  application->removeWindow(plain);
-  application->removeWindow(plain);
+  application->windows().add(plain);
+  application->windows().add(plain);
+  application->windows().remove(plain);
+  application->windows().remove(plain);
   EXPECT_EQ(output.text(), "[]\n[<Window: \"Untitled\">]\n[]\n");
 }
 
 TEST_F(AppDelegate2Test, aSettingsWindowThatComesLaterGetsTheDelegate) {
   const fixtures::StandardOutputCapture output;
   install();
-  application->addWindow(settings);
+  application->windows().add(settings);
   EXPECT_EQ(settings.delegate(), delegate);
 }
 
@@ -74,8 +74,8 @@ TEST_F(AppDelegate2Test, onlyTheFirstOfTwoGetsTheDelegate) {
   kit::Window second(watched, "Settings");
   const fixtures::StandardOutputCapture output;
   install();
-  application->addWindow(settings);
-  application->addWindow(second);
+  application->windows().add(settings);
+  application->windows().add(second);
   EXPECT_EQ(settings.delegate(), delegate);
   EXPECT_EQ(second.delegate(), nullptr);
 }
@@ -86,7 +86,7 @@ TEST_F(AppDelegate2Test, otherIdentifiersChangeNoDelegate) {
   const fixtures::StandardOutputCapture output;
   install();
   for (kit::Window* window : {&plain, &closeButOther, &upper}) {
-    application->addWindow(*window);
+    application->windows().add(*window);
     EXPECT_EQ(window->delegate(), nullptr) << window->identifier();
   }
 }
@@ -94,7 +94,7 @@ TEST_F(AppDelegate2Test, otherIdentifiersChangeNoDelegate) {
 TEST_F(AppDelegate2Test, theWindowsDelegateIsHeldWeakly) {
   const fixtures::StandardOutputCapture output;
   install();
-  application->addWindow(settings);
+  application->windows().add(settings);
   delegate.reset();
   EXPECT_EQ(settings.delegate(), nullptr);
 }
@@ -103,7 +103,7 @@ TEST_F(AppDelegate2Test, theObservationEndsWithTheDelegate) {
   const fixtures::StandardOutputCapture output;
   install();
   delegate.reset();
-  application->addWindow(settings);
+  application->windows().add(settings);
   EXPECT_EQ(output.text(), "[]\n");
 }
 
@@ -113,7 +113,7 @@ TEST_F(AppDelegate2Test, anObservationThatOutlivesTheDelegateTakesTheDelegateAwa
   const kit::Subscription observation = std::move(*delegate->settingsWindowObserver);
   settings.setDelegate(application);
   delegate.reset();
-  application->addWindow(settings);
+  application->windows().add(settings);
   EXPECT_EQ(output.text(), "[]\n[<Window: com.apple.preferences.window \"Settings\">]\n");
   EXPECT_EQ(settings.delegate(), nullptr);
 }
@@ -122,7 +122,7 @@ TEST_F(AppDelegate2Test, aSecondLaunchReplacesTheObservation) {
   const fixtures::StandardOutputCapture output;
   install();
   delegate->applicationDidFinishLaunching();
-  application->addWindow(plain);
+  application->windows().add(plain);
   EXPECT_EQ(output.text(), "[]\n[]\n[<Window: \"Untitled\">]\n");
 }
 
@@ -130,7 +130,7 @@ TEST_F(AppDelegate2Test, terminationEndsTheObservationAndKeepsTheHandle) {
   const fixtures::StandardOutputCapture output;
   install();
   application->terminate(nullptr);
-  application->addWindow(settings);
+  application->windows().add(settings);
   EXPECT_EQ(output.text(), "[]\n");
   EXPECT_EQ(settings.delegate(), nullptr);
   EXPECT_TRUE(delegate->settingsWindowObserver.has_value());

@@ -30,8 +30,8 @@ TEST(ApplicationStart, opensTheSettingsThroughTheLauncherInThisOrder) {
 TEST(ApplicationStart, leavesTheSettingsInFrontAndNothingElse) {
   HeadlessApplication application;
   application.start();
-  EXPECT_EQ(application.application().windows(), std::vector<kit::Window*>{&application.settings()});
-  EXPECT_EQ(application.application().keyWindow(), &application.settings());
+  EXPECT_EQ(application.application().windows().all(), std::vector<kit::Window*>{&application.settings()});
+  EXPECT_EQ(application.application().windows().keyWindow(), &application.settings());
 }
 
 TEST(ApplicationStart, readsTheDockOnce) {
@@ -43,8 +43,8 @@ TEST(ApplicationStart, readsTheDockOnce) {
 TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {
   HeadlessApplication application;
   application.install();
-  EXPECT_TRUE(application.application().windows().empty());
-  ASSERT_EQ(application.application().postedEvents().size(), 1U);
+  EXPECT_TRUE(application.application().windows().all().empty());
+  ASSERT_EQ(application.application().events().posted().size(), 1U);
   EXPECT_FALSE(application.settingsAreOpen());
   application.settle();
   EXPECT_TRUE(application.settingsAreOpen());
@@ -53,32 +53,32 @@ TEST(ApplicationStart, theLauncherIsGoneBeforeTheKeyIsHandled) {
 TEST(ApplicationStart, theLauncherPostsCommandAndACommaAlone) {
   HeadlessApplication application;
   application.install();
-  ASSERT_EQ(application.application().postedEvents().size(), 1U);
-  EXPECT_EQ(application.application().postedEvents().front(), (kit::Event{.type = kit::Event::Type::keyDown,
-                                                                          .location = {},
-                                                                          .modifierFlags = 0x100000,
-                                                                          .timestamp = 0,
-                                                                          .windowNumber = 0,
-                                                                          .characters = "",
-                                                                          .charactersIgnoringModifiers = ",",
-                                                                          .isARepeat = false,
-                                                                          .keyCode = 43}));
+  ASSERT_EQ(application.application().events().posted().size(), 1U);
+  EXPECT_EQ(application.application().events().posted().front(), (kit::Event{.type = kit::Event::Type::keyDown,
+                                                                             .location = {},
+                                                                             .modifierFlags = 0x100000,
+                                                                             .timestamp = 0,
+                                                                             .windowNumber = 0,
+                                                                             .characters = "",
+                                                                             .charactersIgnoringModifiers = ",",
+                                                                             .isARepeat = false,
+                                                                             .keyCode = 43}));
 }
 
 TEST(ApplicationStart, theKeyQueuesBehindWhatWaitsAlready) {
   HeadlessApplication application;
   const kit::Event earlier{.charactersIgnoringModifiers = "x"};
-  application.application().postEvent(earlier, false);
+  application.application().events().post(earlier);
   application.install();
-  ASSERT_EQ(application.application().postedEvents().size(), 2U);
-  EXPECT_EQ(application.application().postedEvents().front(), earlier);
+  ASSERT_EQ(application.application().events().posted().size(), 2U);
+  EXPECT_EQ(application.application().events().posted().front(), earlier);
 }
 
 TEST(ApplicationStart, withoutSyntheticEventsOnlyTheLauncherCloses) {
   HeadlessApplication application;
   application.platform().traits().makesEvents = false;
   application.start();
-  EXPECT_TRUE(application.application().windows().empty());
+  EXPECT_TRUE(application.application().windows().all().empty());
   EXPECT_FALSE(application.settingsAreOpen());
   application.chooseFromExtra("Settings...");
   EXPECT_TRUE(application.settingsAreOpen());

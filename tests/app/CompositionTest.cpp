@@ -16,7 +16,7 @@ TEST(CompositionTest, runsTheApplicationOnAPlatformThatIsHandedToIt) {
   EXPECT_EQ(run(platform), 0);
   const auto& lines = platform.journal().lines();
   EXPECT_NE(std::ranges::find(lines, "window com_apple_SwiftUI_Settings_window: shown"), lines.end());
-  EXPECT_EQ(kit::Application::shared(), nullptr);
+  EXPECT_FALSE(kit::Application::isThere());
 }
 
 TEST(CompositionTest, startingItAgainOpensTheSettings) {
@@ -24,7 +24,7 @@ TEST(CompositionTest, startingItAgainOpensTheSettings) {
   application.start();
   application.settings().performClose();
   ASSERT_FALSE(application.settingsAreOpen());
-  application.application().reopen();
+  application.application().notificationCenter().post({.name = kit::reopenNotification});
   EXPECT_TRUE(application.settingsAreOpen());
 }
 

@@ -36,15 +36,15 @@ HeadlessApplication& HeadlessApplication::start() {
 bool HeadlessApplication::pressCommand(const std::string& key) {
   bool answered = false;
   application().turn().perform([&] {
-    answered =
-        application().performKeyEquivalent({.charactersIgnoringModifiers = key, .modifierFlags = kit::commandFlag});
+    answered = application().responders().performKeyEquivalent(
+        {.charactersIgnoringModifiers = key, .modifierFlags = kit::commandFlag});
   });
   settle();
   return answered;
 }
 
 void HeadlessApplication::choose(const std::string& menu, const std::string& title) {
-  application().choose(entry(menu, title));
+  application().responders().choose(entry(menu, title));
   settle();
 }
 
@@ -103,7 +103,7 @@ std::string HeadlessApplication::pictureOf(const kit::Menu& menu, const std::str
     picture += indentation + (item->isSeparator() ? "-" : item->title());
     picture += equivalent.key.empty() ? "" : (withOption ? "  option-command-" : "  command-") + equivalent.key;
     const bool isEntry = !item->isSeparator() && item->submenu() == nullptr;
-    picture += isEntry && !application().canChoose(*item) ? "  (disabled)\n" : "\n";
+    picture += isEntry && !application().responders().canChoose(*item) ? "  (disabled)\n" : "\n";
     picture += item->submenu() == nullptr ? "" : pictureOf(*item->submenu(), indentation + "  ");
   }
   return picture;

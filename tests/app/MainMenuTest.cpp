@@ -90,11 +90,11 @@ TEST(MainMenu, anUpperCaseQIsNoEntryOfTheMainMenu) {
 TEST(MainMenu, checkForUpdatesIsDisabledWhileACheckRuns) {
   HeadlessApplication application;
   application.start();
-  EXPECT_TRUE(application.application().canChoose(*application.entry("Help", "Check for Updates…")));
+  EXPECT_TRUE(application.application().responders().canChoose(*application.entry("Help", "Check for Updates…")));
   application.application().turn().perform([&] { application.platform().updater().setCanCheckForUpdates(false); });
-  EXPECT_FALSE(application.application().canChoose(*application.entry("Help", "Check for Updates…")));
+  EXPECT_FALSE(application.application().responders().canChoose(*application.entry("Help", "Check for Updates…")));
   application.application().turn().perform([&] { application.platform().updater().setCanCheckForUpdates(true); });
-  EXPECT_TRUE(application.application().canChoose(*application.entry("Help", "Check for Updates…")));
+  EXPECT_TRUE(application.application().responders().canChoose(*application.entry("Help", "Check for Updates…")));
 }
 
 }  // namespace

@@ -119,7 +119,7 @@ TEST(SettingsView, closingAnnouncesItWhileTheWindowStands) {
       });
   application.settings().performClose();
   EXPECT_EQ(seen, (Lines{"com_apple_SwiftUI_Settings_window visible"}));
-  EXPECT_TRUE(application.application().windows().empty());
+  EXPECT_TRUE(application.application().windows().all().empty());
 }
 
 TEST(SettingsView, theGeneralTabReadsAsDesigned) {

@@ -50,8 +50,8 @@ TEST_F(TarnwellAppTest, replacesFourGroupsInThisOrderAndOneByNothing) {
 }
 
 TEST(ApplicationActionsDeathTest, withoutAnApplicationAnEntryIsAFault) {
-  EXPECT_DEATH(showAboutPanel(), "tarnwell: a menu entry was chosen, but there is no application");
-  EXPECT_DEATH(terminate(), "tarnwell: a menu entry was chosen, but there is no application");
+  EXPECT_DEATH(showAboutPanel(), "tarnwell: there is no application");
+  EXPECT_DEATH(terminate(), "tarnwell: there is no application");
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class WelcomeViewTest : public testing::Test {
     const WelcomeView view{.openSettingsLegacy = action, .dismissWindow = [this](const std::string& identifier) {
                              const bool activated = platform.journal().lines().back() == "activate";
                              steps.push_back("dismiss " + identifier + (activated ? ", activated, " : ", ") +
-                                             std::to_string(application->postedEvents().size()) + " posted");
+                                             std::to_string(application->events().posted().size()) + " posted");
                            }};
     window.emplace(application->turn(), platform.host(), view::HostedWindow::Content{.view = view});
     window->open();

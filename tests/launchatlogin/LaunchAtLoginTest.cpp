@@ -159,7 +159,7 @@ TEST_F(LaunchAtLoginTest, theObservableTellsOfAWriteThatFailsToo) {
 }
 
 TEST(LaunchAtLoginDeathTest, withoutAnApplicationThereIsNothingToAsk) {
-  EXPECT_DEATH(LaunchAtLogin::isEnabled(), "tarnwell: launch at login was asked for without an application");
+  EXPECT_DEATH(LaunchAtLogin::isEnabled(), "tarnwell: there is no application");
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class HeadlessSystem final : public System {
   std::vector<std::string> entries(const std::string& menu) override {
     std::vector<std::string> lines;
     for (const auto& item : opened(menu).items()) {
-      const bool canBeChosen = item->isSeparator() || application().canChoose(*item);
+      const bool canBeChosen = item->isSeparator() || application().responders().canChoose(*item);
       const std::string title = item->isSeparator() ? "-" : item->title();
       lines.push_back(canBeChosen ? title : "(" + title + ")");
     }
@@ -38,13 +38,13 @@ class HeadlessSystem final : public System {
       platform_.setMenuScript([entry](host_headless::OpenMenu& open) { open.choose(entry); });
       platform_.statusItems().at(0)->mouseUp(kit::Event::Type::leftMouseUp);
     } else {
-      application().choose(titled(entry, opened(menu)));
+      application().responders().choose(titled(entry, opened(menu)));
     }
     settle();
   }
 
   void pressCommand(char key) override {
-    application().performKeyEquivalent(
+    application().responders().performKeyEquivalent(
         {.charactersIgnoringModifiers = std::string(1, key), .modifierFlags = kit::commandFlag});
     settle();
   }
@@ -76,7 +76,7 @@ class HeadlessSystem final : public System {
   }
 
  private:
-  static kit::Application& application() { return *kit::Application::shared(); }
+  static kit::Application& application() { return kit::Application::shared(); }
 
   const kit::Menu& opened(const std::string& title) {
     if (title == icon) {

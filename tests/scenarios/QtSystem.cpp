@@ -90,14 +90,14 @@ class QtSystem final : public System {
     if (!panel_.hasIcon()) {
       throw std::logic_error("no icon came to the panel");
     }
-    if (!host_qt::becomes([&application] { return application.keyWindow() != nullptr; })) {
+    if (!host_qt::becomes([&application] { return application.windows().keyWindow() != nullptr; })) {
       throw std::logic_error("no window opens");
     }
     settle();
   }
 
   void settle() override {
-    if (!host_qt::becomes([] { return !kit::Application::shared()->hasWork(); })) {
+    if (!host_qt::becomes([] { return kit::Application::shared().events().isEmpty(); })) {
       throw std::logic_error("the application does not come to rest");
     }
   }

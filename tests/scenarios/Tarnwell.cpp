@@ -16,9 +16,9 @@ bool isOfUpdaterOrLoginItem(const std::string& line) {
 }  // namespace
 
 Tarnwell::Tarnwell() : RunningApplication(hostSystem->platform()) {
-  windowChanges_ = application().observeWindows([this](const kit::Application& changed) {
+  windowChanges_ = application().windows().observe([this](const kit::WindowList& changed) {
     auto& identifiers = windowLists_.emplace_back();
-    for (const kit::Window* window : changed.windows()) {
+    for (const kit::Window* window : changed.all()) {
       identifiers.push_back(window->identifier());
     }
   });

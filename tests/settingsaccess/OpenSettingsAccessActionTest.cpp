@@ -209,8 +209,7 @@ TEST(OpenSettingsKey, readOutsideOfAViewIsReportedAndGivesTheDefault) {
 }
 
 TEST(OpenSettingsKeyDeathTest, withoutAnApplicationThereIsNoAction) {
-  EXPECT_DEATH(OpenSettingsKey::initial(),
-               "tarnwell: the way to open the settings was asked for without an application");
+  EXPECT_DEATH(OpenSettingsKey::initial(), "tarnwell: there is no application");
 }
 
 }  // namespace

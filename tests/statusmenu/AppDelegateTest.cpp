@@ -95,7 +95,7 @@ TEST_F(AppDelegateTest, entriesHaveNoTargetAndOnlyQuitHasAKey) {
   rightClick([&](auto&) {
     for (const auto& item : icon().menu()->items()) {
       EXPECT_EQ(item->target(), nullptr);
-      rows.emplace_back(item->action(), item->keyEquivalent().key, application->canChoose(*item));
+      rows.emplace_back(item->action(), item->keyEquivalent().key, application->responders().canChoose(*item));
     }
   });
   EXPECT_EQ(rows, (std::vector<Row>{{"itemClicked:", "", true},
@@ -137,7 +137,7 @@ TEST_F(AppDelegateTest, theToggleEntriesOnlyPrint) {
     EXPECT_EQ(rightClick([&](auto& menu) { menu.choose(title); }), "R\n" + title + " clicked\n");
   }
   EXPECT_EQ(journalWithoutMenu(), Lines{});
-  EXPECT_FALSE(application->hasWork());
+  EXPECT_TRUE(application->events().isEmpty());
 }
 
 TEST_F(AppDelegateTest, quitEndsTheApplication) {
@@ -162,7 +162,7 @@ TEST_F(AppDelegateTest, commandQInTheOpenMenuChoosesQuit) {
 TEST_F(AppDelegateTest, settingsPostsTheShortcutBehindWhatWaits) {
   install();
   const Event waiting = {.type = Event::Type::keyDown, .charactersIgnoringModifiers = "x"};
-  application->postEvent(waiting, false);
+  application->events().post(waiting);
   rightClick([](auto& menu) { menu.choose("Settings..."); });
   EXPECT_EQ(journalWithoutMenu(), Lines{"activate"});
   const Event shortcut = {.type = Event::Type::keyDown,
@@ -174,7 +174,7 @@ TEST_F(AppDelegateTest, settingsPostsTheShortcutBehindWhatWaits) {
                           .charactersIgnoringModifiers = ",",
                           .isARepeat = false,
                           .keyCode = 43};
-  EXPECT_EQ(application->postedEvents(), (std::deque<Event>{waiting, shortcut}));
+  EXPECT_EQ(application->events().posted(), (std::deque<Event>{waiting, shortcut}));
 }
 
 TEST_F(AppDelegateTest, theShortcutReachesTheSettingsEntryOfTheMainMenu) {
@@ -192,7 +192,7 @@ TEST_F(AppDelegateTest, settingsDoesNothingWhereEventsCannotBeMade) {
   platform.traits().makesEvents = false;
   rightClick([](auto& menu) { menu.choose("Settings..."); });
   EXPECT_EQ(journalWithoutMenu(), Lines{"activate"});
-  EXPECT_FALSE(application->hasWork());
+  EXPECT_TRUE(application->events().isEmpty());
 }
 
 TEST_F(AppDelegateTest, holdsTheDefaultOpenSettingsAction) {
@@ -234,7 +234,7 @@ TEST_F(AppDelegateDeathTest, aClickWithoutAnEventIsAFault) {
 TEST_F(AppDelegateDeathTest, aMenuWithoutAnIconIsAFault) {
   const auto fresh = std::make_shared<AppDelegate>(*application);
   const Event event = {.type = Event::Type::rightMouseUp};
-  EXPECT_DEATH(application->sendEvent(event, [&] { fresh->handleClick(); }),
+  EXPECT_DEATH(application->events().send(event, [&] { fresh->handleClick(); }),
                "tarnwell: there is no status item to show a menu at");
 }
 

@@ -35,7 +35,7 @@ TEST(UpdaterEnvTest, tellsOfAReplacementBeforeItIsMade) {
 }
 
 TEST(UpdaterEnvDeathTest, withoutAnApplicationThereIsNoUpdater) {
-  EXPECT_DEATH(UpdaterEnv(), "tarnwell: an updater was asked for without an application");
+  EXPECT_DEATH(UpdaterEnv(), "tarnwell: there is no application");
 }
 
 }  // namespace

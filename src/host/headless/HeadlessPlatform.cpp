@@ -28,7 +28,7 @@ kit::Subscription HeadlessPlatform::watch(int descriptor, kit::Action readable) 
 void HeadlessPlatform::runUntilIdle(kit::Application& application) {
   while (!terminated_ && (turnIsDue_ || hearDescriptors())) {
     if (std::exchange(turnIsDue_, false)) {
-      application.runTurn();
+      application.events().runTurn();
     }
   }
 }

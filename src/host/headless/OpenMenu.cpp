@@ -19,7 +19,7 @@ void OpenMenu::choose(const std::string& title) {
   if (found == menu_.items().end()) {
     diagnostics::fault("no entry \"" + title + "\" in the open menu");
   }
-  application_.choose(*found);
+  application_.responders().choose(*found);
 }
 
 }  // namespace tarnwell::host_headless

@@ -21,7 +21,7 @@ class OpenMenu {
   void choose(const std::string& title);
 
   /// Presses a key. False when nothing answered.
-  bool press(const kit::KeyEvent& key) { return application_.performKeyEquivalent(key); }
+  bool press(const kit::KeyEvent& key) { return application_.responders().performKeyEquivalent(key); }
 
  private:
   kit::Application& application_;

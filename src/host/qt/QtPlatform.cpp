@@ -109,7 +109,7 @@ void QtPlatform::wakeUp(kit::Application& application) {
   runLater(context_, [this, woken = weak(application)] {
     turnIsDue_ = false;
     if (const auto alive = woken.lock()) {
-      alive->runTurn();
+      alive->events().runTurn();
     }
   });
 }
@@ -125,8 +125,8 @@ void QtPlatform::activate() {
 
 void QtPlatform::reopen(const std::string& token) {
   useActivationToken(token);
-  if (kit::Application* application = kit::Application::shared()) {
-    application->reopen();
+  if (kit::Application::isThere()) {
+    kit::Application::shared().notificationCenter().post({.name = kit::reopenNotification});
   }
   activate();
 }
@@ -145,7 +145,7 @@ void QtPlatform::orderFrontStandardAboutPanel(kit::Application& application) {
     aboutPanel_ = std::make_unique<AboutPanel>(services_.product);
     aboutPanel_->setKeyEquivalents([known = weak(application)](const kit::KeyEvent& key) {
       if (const auto alive = known.lock()) {
-        alive->performKeyEquivalent(key);
+        alive->responders().performKeyEquivalent(key);
       }
     });
   }
@@ -157,7 +157,7 @@ void QtPlatform::openUrl(const std::string& address) { application_.openUrl(addr
 void QtPlatform::showMainMenu(kit::Application& application) {
   host().setKeyEquivalents([known = weak(application)](const kit::KeyEvent& event) {
     const auto alive = known.lock();
-    return alive && alive->performKeyEquivalent(event);
+    return alive && alive->responders().performKeyEquivalent(event);
   });
   host().setChromeMaker([this](kit::Window& window, QWidget& parent) { return makeChrome(window, parent); });
   followKeyWindow(application);
@@ -176,7 +176,7 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
   if (window.identifier() != services_.menuWindow) {
     return std::nullopt;
   }
-  return WindowChrome{.above = new MenuBar(*kit::Application::shared(), host().theme(), parent),
+  return WindowChrome{.above = new MenuBar(kit::Application::shared(), host().theme(), parent),
                       .below = new TrayNotice(services_.product.name, host().theme(), tray_, parent)};
 }
 
@@ -189,12 +189,12 @@ void QtPlatform::followKeyWindow(kit::Application& application) {
         }
         // Its keys must not act on the window behind it.
         if (isPanel(focused)) {
-          alive->resignKeyWindow();
+          alive->windows().setKeyWindow(nullptr);
         }
         forEachWindow([&](const WindowWidget& window) {
-          const auto& shown = alive->windows();
+          const auto& shown = alive->windows().all();
           if (window.windowHandle() == focused && std::ranges::find(shown, window.kitWindow()) != shown.end()) {
-            alive->setKeyWindow(*window.kitWindow());
+            alive->windows().setKeyWindow(window.kitWindow());
           }
         });
       });

@@ -38,7 +38,7 @@ class Platform {
   /// subscription ends.
   [[nodiscard]] virtual Subscription watch(int descriptor, Action readable) = 0;
 
-  /// Calls `Application::runTurn` from the event loop soon, once for any number of calls before that.
+  /// Calls `EventQueue::runTurn` from the event loop soon, once for any number of calls before that.
   virtual void wakeUp(Application& application) = 0;
 
   /// Runs `open`, which opens the application's first windows, when status icons stand and it is known what windows

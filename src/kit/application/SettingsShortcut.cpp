@@ -1,6 +1,7 @@
 #include "kit/application/SettingsShortcut.h"
 
 #include "kit/application/Application.h"
+#include "kit/application/Platform.h"
 
 namespace tarnwell::kit {
 namespace {
@@ -10,12 +11,9 @@ constexpr std::uint16_t commaKeyCode = 43;  // On the ANSI layout.
 }  // namespace
 
 void postSettingsShortcut(Application& application) {
-  const auto event = application.makeEvent({.type = Event::Type::keyDown,
-                                            .modifierFlags = commandFlag,
-                                            .charactersIgnoringModifiers = ",",
-                                            .keyCode = commaKeyCode});
-  if (event) {
-    application.postEvent(*event, false);
+  if (application.platform().makesEvents()) {
+    application.events().post(
+        {.modifierFlags = commandFlag, .charactersIgnoringModifiers = ",", .keyCode = commaKeyCode});
   }
 }
 

@@ -37,7 +37,7 @@ void StatusItem::setMenu(std::shared_ptr<Menu> menu) {
 void StatusItem::performClick() { click(Event::Type::leftMouseUp); }
 
 void StatusItem::mouseUp(Event::Type type) {
-  application_.sendEvent({.type = type}, [this, type] { click(type); });
+  application_.events().send({.type = type}, [this, type] { click(type); });
 }
 
 void StatusItem::click(Event::Type type) {
@@ -45,11 +45,11 @@ void StatusItem::click(Event::Type type) {
     return;
   }
   if (const auto menu = menu_) {
-    application_.trackMenu(*menu, [this, menu] { peer_->popUp(*menu); });
+    application_.responders().trackMenu(*menu, [this, menu] { peer_->popUp(*menu); });
   } else if ((button_->mask() & maskOf(type)) != 0) {
     // A copy: the action may end the item.
     const auto button = button_;
-    application_.sendAction(button->action(), button->target(), button.get());
+    application_.responders().sendAction(button->action(), button->target(), button.get());
   }
 }
 

@@ -68,7 +68,7 @@ void SceneRunner::openSettings() {
         makeWindow(settingsWindowIdentifier, application_.platform().product().name + " Settings", *settingsContent_);
   }
   if (settings_->window().isVisible()) {
-    application_.setKeyWindow(settings_->window());
+    application_.windows().setKeyWindow(&settings_->window());
     settings_->window().peer()->orderFront();
   } else {
     openWindow(*settings_);
@@ -120,7 +120,7 @@ std::shared_ptr<HostedWindow> SceneRunner::makeWindow(const std::string& identif
 
 void SceneRunner::openWindow(HostedWindow& hosted) {
   application_.turn().perform([&] {
-    application_.addWindow(hosted.window());
+    application_.windows().add(hosted.window());
     hosted.open();
   });
 }
@@ -128,7 +128,7 @@ void SceneRunner::openWindow(HostedWindow& hosted) {
 void SceneRunner::closeWindow(HostedWindow& hosted) {
   application_.turn().perform([&] {
     announceClosing(hosted.window());
-    application_.removeWindow(hosted.window());
+    application_.windows().remove(hosted.window());
     hosted.close();
     const auto group = std::ranges::find_if(groupWindows_, [&](const auto& own) { return own.get() == &hosted; });
     if (group != groupWindows_.end()) {

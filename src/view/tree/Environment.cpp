@@ -7,10 +7,9 @@
 namespace tarnwell::view {
 
 void reportReadOutsideOfView(const std::string& valueTypeName) {
-  const kit::Application* application = kit::Application::shared();
   // The systems before said it without the type.
-  const bool namesType =
-      application != nullptr && application->platform().systemVersion() >= kit::SystemVersion{.major = 14};
+  const bool namesType = kit::Application::isThere() &&
+                         kit::Application::shared().platform().systemVersion() >= kit::SystemVersion{.major = 14};
   diagnostics::printErrorLine("Accessing Environment" + (namesType ? "<" + valueTypeName + ">" : std::string()) +
                               "'s value outside of being installed on a View. This will always read the default value "
                               "and will not update.");

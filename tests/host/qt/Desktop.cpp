@@ -65,7 +65,7 @@ Desktop::Desktop()
 
 Desktop::~Desktop() {
   if (window_) {
-    application_->removeWindow(*window_);
+    application_->windows().remove(*window_);
     window_->setControls({});
     controls_.clear();
     window_.reset();
@@ -86,7 +86,7 @@ kit::Window& Desktop::window() {
     window_ = std::make_unique<kit::Window>(menuWindow, "Settings");
     window_->setContentSize({.width = 600, .height = 300});
     window_->attach(platform_.host().peer(*window_));
-    application_->addWindow(*window_);
+    application_->windows().add(*window_);
   }
   return *window_;
 }

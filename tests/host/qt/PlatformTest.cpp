@@ -56,8 +56,8 @@ std::vector<std::string> textsOf(const QWidget& panel) {
 TEST(PlatformTest, queuedWorkRunsFromTheEventLoop) {
   Desktop desktop;
   int runs = 0;
-  desktop.application().mainQueue().async([&runs] { ++runs; });
-  desktop.application().mainQueue().async([&runs] { ++runs; });
+  desktop.application().events().async([&runs] { ++runs; });
+  desktop.application().events().async([&runs] { ++runs; });
   EXPECT_EQ(runs, 0);
   QApplication::processEvents();
   EXPECT_EQ(runs, 2);
@@ -71,7 +71,7 @@ TEST(PlatformTest, queuedWorkRunsWhileAMenuIsOpen) {
   bool isOpen = false;
   kit::StatusItem item(desktop.application(), kit::StatusItem::variableLength, "Item");
   item.setMenu(menu);
-  desktop.application().mainQueue().async([&] {
+  desktop.application().events().async([&] {
     ranInside = isOpen;
     QApplication::activePopupWidget()->close();
   });
@@ -85,7 +85,7 @@ TEST(PlatformTest, workOfAnApplicationThatIsGoneIsNotRun) {
   Desktop desktop;
   bool ran = false;
   auto second = kit::Application::create(desktop.platform());
-  second->mainQueue().async([&ran] { ran = true; });
+  second->events().async([&ran] { ran = true; });
   second.reset();
   QApplication::processEvents();
   EXPECT_FALSE(ran);
@@ -110,8 +110,9 @@ TEST(PlatformTest, terminatingFromAnOpenMenuEndsAllLoops) {
   kit::StatusItem item(desktop.application(), kit::StatusItem::variableLength, "Item");
   item.setMenu(menu);
   QTimer::singleShot(0, [&item] { item.performClick(); });
-  desktop.application().mainQueue().async(
-      [&] { desktop.application().mainQueue().async([&] { desktop.application().choose(menu->items().front()); }); });
+  desktop.application().events().async([&] {
+    desktop.application().events().async([&] { desktop.application().responders().choose(menu->items().front()); });
+  });
   EXPECT_EQ(testApplication().run(), 0);
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
@@ -139,12 +140,12 @@ TEST(PlatformTest, theActiveWindowIsTheKeyWindow) {
   kit::Window second("second", "Second");
   second.setContentSize({.width = 100, .height = 100});
   second.attach(desktop.platform().host().peer(second));
-  desktop.application().addWindow(second);
+  desktop.application().windows().add(second);
   second.setVisible(true);
-  ASSERT_TRUE(becomes([&] { return desktop.application().keyWindow() == &second; }));
+  ASSERT_TRUE(becomes([&] { return desktop.application().windows().keyWindow() == &second; }));
   desktop.window().peer()->orderFront();
-  EXPECT_TRUE(becomes([&] { return desktop.application().keyWindow() == &desktop.window(); }));
-  desktop.application().removeWindow(second);
+  EXPECT_TRUE(becomes([&] { return desktop.application().windows().keyWindow() == &desktop.window(); }));
+  desktop.application().windows().remove(second);
   second.attach(nullptr);
 }
 
@@ -208,7 +209,7 @@ TEST(PlatformTest, aWindowOfAHigherLevelStaysOnTop) {
 
 TEST(AboutPanelTest, saysWhatTheProgramIs) {
   Desktop desktop;
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   const auto* panel = shown<AboutPanel>();
   ASSERT_NE(panel, nullptr);
   EXPECT_THAT(textsOf(*panel), ElementsAre("Tarnwell", "Version 1.2.3", "© Example"));
@@ -217,7 +218,7 @@ TEST(AboutPanelTest, saysWhatTheProgramIs) {
 
 TEST(AboutPanelTest, doesNotStayMaximized) {
   Desktop desktop;
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   const auto* panel = shown<AboutPanel>();
   ASSERT_NE(panel, nullptr);
   bool hasGone = false;
@@ -229,18 +230,18 @@ TEST(AboutPanelTest, doesNotStayMaximized) {
 
 TEST(AboutPanelTest, thereIsOne) {
   Desktop desktop;
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   const auto* first = shown<AboutPanel>();
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   EXPECT_EQ(shown<AboutPanel>(), first);
 }
 
 TEST(AboutPanelTest, escapeClosesItAndItCanBeShownAgain) {
   Desktop desktop;
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   driver::keyTo(*shown<AboutPanel>(), Qt::Key_Escape);
   EXPECT_EQ(shown<AboutPanel>(), nullptr);
-  desktop.application().orderFrontStandardAboutPanel(nullptr);
+  desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   EXPECT_NE(shown<AboutPanel>(), nullptr);
 }
 

@@ -19,7 +19,7 @@ class SceneRunnerTest : public testing::Test {
  protected:
   Lines identifiers() {
     Lines found;
-    for (const kit::Window* window : application->windows()) {
+    for (const kit::Window* window : application->windows().all()) {
       found.push_back(window->identifier());
     }
     return found;
@@ -32,7 +32,7 @@ class SceneRunnerTest : public testing::Test {
     Lines lines;
     for (const auto& item : (*menu)->submenu()->items()) {
       const std::string line = item->isSeparator() ? "-" : item->title();
-      lines.push_back(item->isSeparator() || application->canChoose(*item) ? line : "(" + line + ")");
+      lines.push_back(item->isSeparator() || application->responders().canChoose(*item) ? line : "(" + line + ")");
     }
     return lines;
   }
@@ -104,10 +104,10 @@ TEST_F(SceneRunnerTest, thereIsOneSettingsWindow) {
 TEST_F(SceneRunnerTest, aWindowThatIsOpenAlreadyComesToTheFront) {
   scenes.install({WindowGroup{.id = "first", .content = Text{"a"}}, Settings{.content = Text{"settings"}}});
   scenes.openSettings();
-  application->setKeyWindow(*application->windows().front());
+  application->windows().setKeyWindow(application->windows().all().front());
   platform.journal().clear();
   scenes.openSettings();
-  EXPECT_EQ(application->keyWindow(), &scenes.settingsWindow()->window());
+  EXPECT_EQ(application->windows().keyWindow(), &scenes.settingsWindow()->window());
   EXPECT_EQ(platform.journal().lines(), Lines{"window com_apple_SwiftUI_Settings_window: in front"});
 }
 

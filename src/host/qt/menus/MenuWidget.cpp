@@ -42,9 +42,9 @@ void MenuWidget::keyPressEvent(QKeyEvent* event) {
     return;
   }
   // The press of Control alone is one of these, and what chooses nothing leaves the menu open.
-  if (const auto item = application_.itemMatching(key)) {
+  if (const auto item = application_.responders().itemMatching(key)) {
     closeOpenMenus();
-    application_.choose(item);
+    application_.responders().choose(item);
   }
 }
 
@@ -88,14 +88,14 @@ QAction* MenuWidget::addEntry(const Item& item) {
   }
   QAction* action = addAction(QString());
   connect(action, &QAction::triggered, this,
-          [&application = application_, item]() noexcept { application.choose(item); });
+          [&application = application_, item]() noexcept { application.responders().choose(item); });
   return action;
 }
 
 void MenuWidget::show(const kit::MenuItem& item, QAction& action) const {
   if (!item.isSeparator()) {
     action.setText(titleOf(item));
-    action.setEnabled(application_.canChoose(item));
+    action.setEnabled(application_.responders().canChoose(item));
   }
 }
 

@@ -154,7 +154,8 @@ void UpdatePanels::showWork(const std::string& heading, const char* name, kit::A
 void UpdatePanels::show(UpdatePage page, Origin origin) {
   if (!panel_) {
     panel_ = std::make_unique<UpdatePanel>(theme_);
-    panel_->setKeyEquivalents([this](const kit::KeyEvent& key) { application_.performKeyEquivalent(key); });
+    panel_->setKeyEquivalents(
+        [this](const kit::KeyEvent& key) { application_.responders().performKeyEquivalent(key); });
   }
   panel_->show(std::move(page), origin == Origin::user ? UpdatePanel::Manner::inFront : UpdatePanel::Manner::quiet);
 }

@@ -103,7 +103,7 @@ QVariantMap BusMenu::propertiesOf(int id) const {
   if (item.isSeparator()) {
     return {{"type", "separator"}};
   }
-  QVariantMap properties = {{"label", labelOf(item)}, {"enabled", application_.canChoose(item)}};
+  QVariantMap properties = {{"label", labelOf(item)}, {"enabled", application_.responders().canChoose(item)}};
   if (const QStringList keys = keyEquivalentNames(item.keyEquivalent()); !keys.isEmpty()) {
     properties.insert("shortcut", shortcutOf(keys));
   }
@@ -174,7 +174,7 @@ bool BusMenu::handle(int id, const QString& kind) {
   const auto found = items_.find(id);
   if (kind == QLatin1String("clicked") && found != items_.end()) {
     // After the answer: what is chosen may take its time, or end the program.
-    runLater(*this, [this, item = found->second] { application_.choose(item); });
+    runLater(*this, [this, item = found->second] { application_.responders().choose(item); });
   }
   return has(id);
 }

@@ -92,7 +92,7 @@ TEST(MenuBarTest, entriesAreAskedForWhetherTheyCanBeChosenWhenTheirMenuOpens) {
   desktop.menu(0).popup({0, 0});
   EXPECT_THAT(linesOf(desktop.menu(0)), ElementsAre("Close|Ctrl+W", "(Unknown)"));
   desktop.menu(0).close();
-  desktop.application().removeWindow(desktop.window());
+  desktop.application().windows().remove(desktop.window());
   desktop.menu(0).popup({0, 0});
   EXPECT_THAT(linesOf(desktop.menu(0)), ElementsAre("(Close|Ctrl+W)", "(Unknown)"));
   desktop.menu(0).close();

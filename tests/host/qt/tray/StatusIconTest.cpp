@@ -171,7 +171,7 @@ TEST_F(StatusIconTest, iconWithoutAMenuSendsItsActionForEachButton) {
    public:
     bool respondsToSelector(const kit::Selector& selector) const override { return selector == "clicked:"; }
     void perform(const kit::Selector& /*selector*/, kit::Object* /*sender*/) override {
-      types.push_back(kit::Application::shared()->currentEvent()->type);
+      types.push_back(kit::Application::shared().events().current()->type);
     }
     std::vector<kit::Event::Type> types;
   };

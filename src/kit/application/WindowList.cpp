@@ -1,0 +1,25 @@
+#include "kit/application/WindowList.h"
+
+#include <algorithm>
+
+namespace tarnwell::kit {
+
+void WindowList::add(Window& window) {
+  keyWindow_ = &window;
+  if (std::ranges::find(windows_, &window) == windows_.end()) {
+    windows_.push_back(&window);
+    observers_.tell(*this);
+  }
+}
+
+void WindowList::remove(Window& window) {
+  if (std::erase(windows_, &window) == 0) {
+    return;
+  }
+  if (keyWindow_ == &window) {
+    keyWindow_ = windows_.empty() ? nullptr : windows_.back();
+  }
+  observers_.tell(*this);
+}
+
+}  // namespace tarnwell::kit
