@@ -9,10 +9,18 @@ function(reuse_precompiled_headers target kind)
   endif()
 endfunction()
 
-# tarnwell_library(NAME SOURCES ... LINKS ...): one folder, one static library, one namespace.
+# tarnwell_library(NAME [FOLDER FOLDER] LINKS ... PRIVATE_LINKS ...): all sources of one folder are one static library,
+# but for those where a program begins; headers alone are a target to link as well.
 function(tarnwell_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
-  add_library(tarnwell_${name} STATIC ${arg_SOURCES})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "LINKS;PRIVATE_LINKS")
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}/*.cpp")
+  list(FILTER sources EXCLUDE REGEX "(/m|M)ain\\.cpp$")
+  if(NOT sources)
+    add_library(tarnwell_${name} INTERFACE)
+    target_link_libraries(tarnwell_${name} INTERFACE ${arg_LINKS})
+    return()
+  endif()
+  add_library(tarnwell_${name} STATIC ${sources})
   target_link_libraries(tarnwell_${name} PUBLIC tarnwell_options ${arg_LINKS} PRIVATE tarnwell_warnings
                                                                                    ${arg_PRIVATE_LINKS})
   reuse_precompiled_headers(tarnwell_${name} "" ${arg_LINKS})
