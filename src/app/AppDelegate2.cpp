@@ -36,6 +36,14 @@ void giveDelegateToSettings(const std::vector<kit::Window*>& windows, const std:
 
 }  // namespace
 
+AppDelegate2::AppDelegate2(kit::Application& application) : application_(application) {
+  respondTo(kit::selectors::applicationDidFinishLaunching,
+            [this](auto* /*sender*/) { applicationDidFinishLaunching(); });
+  respondTo(kit::selectors::windowWillClose,
+            [this](auto* sender) { windowWillClose({.name = kit::windowWillCloseNotification, .object = sender}); });
+  respondTo(kit::selectors::applicationWillTerminate, [this](auto* /*sender*/) { applicationWillTerminate(); });
+}
+
 void AppDelegate2::applicationDidFinishLaunching() {
   const auto changed = [weak = weak_from_this()](const kit::WindowList& windows) {
     diagnostics::printLine(describe(windows.all()));
@@ -55,21 +63,6 @@ void AppDelegate2::windowWillClose(const kit::Notification& notification) {
 void AppDelegate2::applicationWillTerminate() {
   if (settingsWindowObserver) {
     settingsWindowObserver->invalidate();
-  }
-}
-
-bool AppDelegate2::respondsToSelector(const kit::Selector& selector) const {
-  return selector == "applicationDidFinishLaunching:" || selector == "windowWillClose:" ||
-         selector == "applicationWillTerminate:";
-}
-
-void AppDelegate2::perform(const kit::Selector& selector, kit::Object* sender) {
-  if (selector == "applicationDidFinishLaunching:") {
-    applicationDidFinishLaunching();
-  } else if (selector == "windowWillClose:") {
-    windowWillClose({.name = kit::windowWillCloseNotification, .object = sender});
-  } else if (selector == "applicationWillTerminate:") {
-    applicationWillTerminate();
   }
 }
 

@@ -12,7 +12,7 @@ namespace tarnwell::app {
 class AppDelegate2 final : public kit::Object {
  public:
   /// The application is borrowed and outlives the delegate.
-  explicit AppDelegate2(kit::Application& application) : application_(application) {}
+  explicit AppDelegate2(kit::Application& application);
 
   /// None before the launch; kept, without effect, after the end.
   std::optional<kit::Subscription> settingsWindowObserver = std::nullopt;
@@ -22,9 +22,6 @@ class AppDelegate2 final : public kit::Object {
   void applicationDidFinishLaunching();
   void windowWillClose(const kit::Notification& notification);
   void applicationWillTerminate();
-
-  bool respondsToSelector(const kit::Selector& selector) const override;
-  void perform(const kit::Selector& selector, kit::Object* sender) override;
 
  private:
   kit::Application& application_;

@@ -3,8 +3,9 @@
 #include "kit/application/Application.h"
 
 namespace tarnwell::app {
-void showAboutPanel() { kit::Application::shared().perform("orderFrontStandardAboutPanel:", nullptr); }
 
-void terminate() { kit::Application::shared().terminate(nullptr); }
+void showAboutPanel() { kit::Application::shared().perform(kit::selectors::orderFrontStandardAboutPanel, nullptr); }
+
+void terminate() { kit::Application::shared().perform(kit::selectors::terminate, nullptr); }
 
 }  // namespace tarnwell::app

@@ -7,12 +7,7 @@ namespace {
 
 bool trySelector(kit::Application& application, const kit::Selector& selector) {
   const auto delegate = application.delegate();
-  if (!delegate || !delegate->respondsToSelector(selector)) {
-    return false;
-  }
-  // Whatever comes of it, it was the delegate's to answer.
-  application.responders().sendAction(selector, delegate, nullptr);
-  return true;
+  return delegate && application.responders().sendAction(selector, delegate, nullptr);
 }
 
 }  // namespace

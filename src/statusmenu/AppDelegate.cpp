@@ -1,8 +1,5 @@
 #include "statusmenu/AppDelegate.h"
 
-#include <algorithm>
-#include <array>
-
 #include "diagnostics/Console.h"
 #include "diagnostics/Fault.h"
 #include "kit/application/Menu.h"
@@ -17,27 +14,40 @@ const kit::ClassRegistry::Entry entry("AppDelegate", [](kit::Application& applic
   return std::make_shared<AppDelegate>(application);
 });
 
-constexpr std::array selectors = {
-    "applicationDidFinishLaunching:", "handleClick:", "itemClicked:", "openSettingsInSonoma"};
+constexpr const char* handleClickSelector = "handleClick:";
+constexpr const char* itemClickedSelector = "itemClicked:";
+constexpr const char* openSettingsSelector = "openSettingsInSonoma";
 
 std::shared_ptr<kit::Menu> makeMenu() {
   auto menu = std::make_shared<kit::Menu>();
-  menu->addItem(kit::MenuItem::create("Toggle Dock Autohide", "itemClicked:", ""));
-  menu->addItem(kit::MenuItem::create("Toggle Scroll to Exposé", "itemClicked:", ""));
+  menu->addItem(kit::MenuItem::create("Toggle Dock Autohide", itemClickedSelector, ""));
+  menu->addItem(kit::MenuItem::create("Toggle Scroll to Exposé", itemClickedSelector, ""));
   menu->addItem(kit::MenuItem::separatorItem());
-  menu->addItem(kit::MenuItem::create("Settings...", "openSettingsInSonoma", ""));
+  menu->addItem(kit::MenuItem::create("Settings...", openSettingsSelector, ""));
   menu->addItem(kit::MenuItem::separatorItem());
-  menu->addItem(kit::MenuItem::create("Quit", "terminate:", "q"));
+  menu->addItem(kit::MenuItem::create("Quit", kit::selectors::terminate, "q"));
   return menu;
 }
 
 }  // namespace
 
+AppDelegate::AppDelegate(kit::Application& application) : application_(application) {
+  respondTo(kit::selectors::applicationDidFinishLaunching,
+            [this](auto* /*sender*/) { applicationDidFinishLaunching(); });
+  respondTo(handleClickSelector, [this](auto* /*sender*/) { handleClick(); });
+  respondTo(openSettingsSelector, [this](auto* /*sender*/) { openSettingsInSonoma(); });
+  respondTo(itemClickedSelector, [this](auto* sender) {
+    if (const auto* item = dynamic_cast<kit::MenuItem*>(sender)) {
+      itemClicked(*item);
+    }
+  });
+}
+
 void AppDelegate::applicationDidFinishLaunching() {
   statusItem = std::make_unique<kit::StatusItem>(application_, kit::StatusItem::variableLength, "");
   if (const auto& button = statusItem->button()) {
     button->setImage({.symbol = "star"});
-    button->setAction("handleClick:");
+    button->setAction(handleClickSelector);
     button->setTarget(shared_from_this());
     button->sendActionOn(maskOf(kit::Event::Type::leftMouseUp) | maskOf(kit::Event::Type::rightMouseUp));
   }
@@ -72,22 +82,6 @@ void AppDelegate::itemClicked(const kit::MenuItem& item) { diagnostics::printLin
 void AppDelegate::openSettingsInSonoma() {
   application_.platform().activate();
   kit::postSettingsShortcut(application_);
-}
-
-bool AppDelegate::respondsToSelector(const kit::Selector& selector) const {
-  return std::ranges::find(selectors, selector) != selectors.end();
-}
-
-void AppDelegate::perform(const kit::Selector& selector, kit::Object* sender) {
-  if (selector == "applicationDidFinishLaunching:") {
-    applicationDidFinishLaunching();
-  } else if (selector == "handleClick:") {
-    handleClick();
-  } else if (selector == "openSettingsInSonoma") {
-    openSettingsInSonoma();
-  } else if (const auto* item = dynamic_cast<kit::MenuItem*>(sender); item != nullptr && selector == "itemClicked:") {
-    itemClicked(*item);
-  }
 }
 
 }  // namespace tarnwell::statusmenu

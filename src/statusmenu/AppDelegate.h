@@ -15,7 +15,7 @@ namespace tarnwell::statusmenu {
 class AppDelegate final : public kit::Object {
  public:
   /// The application is borrowed and outlives the delegate.
-  explicit AppDelegate(kit::Application& application) : application_(application) {}
+  explicit AppDelegate(kit::Application& application);
 
   /// In no view: the default action of the application.
   view::Environment<settingsaccess::OpenSettingsKey> openSettingsLegacy = {};
@@ -27,9 +27,6 @@ class AppDelegate final : public kit::Object {
   void handleClick();
   void itemClicked(const kit::MenuItem& item);
   void openSettingsInSonoma();
-
-  bool respondsToSelector(const kit::Selector& selector) const override;
-  void perform(const kit::Selector& selector, kit::Object* sender) override;
 
  private:
   void showMenu();

@@ -129,7 +129,7 @@ TEST_F(AppDelegate2Test, aSecondLaunchReplacesTheObservation) {
 TEST_F(AppDelegate2Test, terminationEndsTheObservationAndKeepsTheHandle) {
   const fixtures::StandardOutputCapture output;
   install();
-  application->terminate(nullptr);
+  application->perform("terminate:", nullptr);
   application->windows().add(settings);
   EXPECT_EQ(output.text(), "[]\n");
   EXPECT_EQ(settings.delegate(), nullptr);
@@ -139,7 +139,7 @@ TEST_F(AppDelegate2Test, terminationEndsTheObservationAndKeepsTheHandle) {
 
 TEST_F(AppDelegate2Test, terminationBeforeTheLaunchDoesNothing) {
   application->setDelegate(delegate);
-  application->terminate(nullptr);
+  application->perform("terminate:", nullptr);
   EXPECT_FALSE(delegate->settingsWindowObserver.has_value());
   EXPECT_TRUE(platform.hasTerminated());
 }

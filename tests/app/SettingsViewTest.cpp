@@ -132,10 +132,11 @@ TEST(SettingsView, theGeneralTabReadsAsDesigned) {
 /// Notes what it hears of its window.
 class ClosingWitness final : public kit::Object {
  public:
-  bool respondsToSelector(const kit::Selector& selector) const override { return selector == "windowWillClose:"; }
-  void perform(const kit::Selector& selector, kit::Object* sender) override {
-    const auto& window = dynamic_cast<kit::Window&>(*sender);
-    heard.push_back(selector + window.identifier() + (window.isVisible() ? " visible" : " hidden"));
+  ClosingWitness() {
+    respondTo("windowWillClose:", [this](kit::Object* sender) {
+      const auto& window = dynamic_cast<kit::Window&>(*sender);
+      heard.push_back(window.identifier() + (window.isVisible() ? " visible" : " hidden"));
+    });
   }
 
   Lines heard = {};
@@ -147,7 +148,7 @@ TEST(SettingsView, theWindowsDelegateHearsOfTheClosingToo) {
   const auto witness = std::make_shared<ClosingWitness>();
   application.settings().setDelegate(witness);
   application.settings().performClose();
-  EXPECT_EQ(witness->heard, Lines{"windowWillClose:com_apple_SwiftUI_Settings_window visible"});
+  EXPECT_EQ(witness->heard, Lines{"com_apple_SwiftUI_Settings_window visible"});
 }
 
 TEST(SettingsViewDeathTest, endsTheProcessWithoutAnUpdater) {

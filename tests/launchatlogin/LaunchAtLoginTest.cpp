@@ -115,11 +115,9 @@ TEST_F(LaunchAtLoginTest, theLaunchEventTellsOfALogin) {
 
 class LaunchWitness final : public kit::Object {
  public:
-  bool respondsToSelector(const kit::Selector& selector) const override {
-    return selector == "applicationDidFinishLaunching:";
-  }
-  void perform(const kit::Selector& /*selector*/, kit::Object* /*sender*/) override {
-    atLogin = LaunchAtLogin::wasLaunchedAtLogin();
+  LaunchWitness() {
+    respondTo("applicationDidFinishLaunching:",
+              [this](kit::Object* /*sender*/) { atLogin = LaunchAtLogin::wasLaunchedAtLogin(); });
   }
 
   bool atLogin = false;

@@ -35,35 +35,34 @@ Application::Application(Platform& platform)
     : platform_(platform),
       events_(
           turn_, [this](const KeyEvent& key) { responders_.performKeyEquivalent(key); },
-          [this] { platform_.wakeUp(*this); }) {}
-
-void Application::finishLaunching() {
-  turn_.perform([this] { tellDelegate("applicationDidFinishLaunching:", this); });
+          [this] { platform_.wakeUp(*this); }) {
+  respondTo(selectors::orderFrontStandardAboutPanel,
+            [this](Object* /*sender*/) { platform_.orderFrontStandardAboutPanel(*this); });
+  respondTo(selectors::terminate, [this](Object* sender) {
+    tellDelegate(selectors::applicationWillTerminate, sender);
+    platform_.terminate();
+  });
 }
 
-void Application::terminate(Object* sender) {
-  tellDelegate("applicationWillTerminate:", sender);
-  platform_.terminate();
+void Application::finishLaunching() {
+  turn_.perform([this] { tellDelegate(selectors::applicationDidFinishLaunching, this); });
 }
 
 bool Application::respondsToSelector(const Selector& selector) const {
   const auto target = delegate();
-  return selector == "terminate:" || selector == "orderFrontStandardAboutPanel:" ||
-         (target && target->respondsToSelector(selector));
+  return Object::respondsToSelector(selector) || (target && target->respondsToSelector(selector));
 }
 
 void Application::perform(const Selector& selector, Object* sender) {
-  if (selector == "terminate:") {
-    terminate(sender);
-  } else if (selector == "orderFrontStandardAboutPanel:") {
-    platform_.orderFrontStandardAboutPanel(*this);
+  if (Object::respondsToSelector(selector)) {
+    Object::perform(selector, sender);
   } else {
     tellDelegate(selector, sender);
   }
 }
 
 void Application::tellDelegate(const Selector& selector, Object* sender) {
-  if (const auto target = delegate(); target && target->respondsToSelector(selector)) {
+  if (const auto target = delegate()) {
     target->perform(selector, sender);
   }
 }

@@ -48,10 +48,8 @@ class Application final : public Object {
 
   /// Tells the delegate that the application runs. A host calls it once, before its event loop.
   void finishLaunching();
-  /// Tells the delegate, then ends the event loop.
-  void terminate(Object* sender);
 
-  /// "terminate:", "orderFrontStandardAboutPanel:" and what the delegate responds to.
+  /// About, terminate (which tells the delegate, then ends the event loop), and what the delegate responds to.
   bool respondsToSelector(const Selector& selector) const override;
   void perform(const Selector& selector, Object* sender) override;
 

@@ -10,7 +10,6 @@
 #include "kit/host/Measurement.h"
 #include "kit/host/Peer.h"
 #include "kit/turn/Action.h"
-#include "kit/turn/Object.h"
 
 namespace tarnwell::kit {
 
@@ -88,10 +87,6 @@ class Control {
   virtual void showingChanged(bool /*shown*/) {}
   /// What stands in the control, in order; borrowed.
   virtual std::vector<Control*> hostedControls() const { return {}; }
-
-  /// The editing commands of the main menu, "copy:" and its kin, while the control has the keyboard.
-  virtual bool canEdit(const Selector& /*command*/) const { return false; }
-  virtual void edit(const Selector& /*command*/) {}
 
   /// Whether the keyboard can reach it.
   virtual bool takesFocus() const { return false; }

@@ -50,17 +50,6 @@ void TextField::cancel() {
 
 std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
-bool TextField::canEdit(const Selector& command) const {
-  const auto* editing = dynamic_cast<const EditingPeer*>(peer());
-  return editing != nullptr && editing->canEdit(command);
-}
-
-void TextField::edit(const Selector& command) {
-  if (auto* editing = dynamic_cast<EditingPeer*>(peer())) {
-    editing->edit(command);
-  }
-}
-
 Accessible TextField::ownAccessible() const {
   return {.role = AccessibleRole::textField, .value = shownText(), .actions = {AccessibleAction::setValue}};
 }

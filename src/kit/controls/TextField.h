@@ -6,15 +6,6 @@
 
 namespace tarnwell::kit {
 
-/// What a field's peer does beside: the editing that the toolkit's own field is better at.
-class EditingPeer {
- public:
-  virtual ~EditingPeer() = default;
-
-  virtual bool canEdit(const Selector& command) const = 0;
-  virtual void edit(const Selector& command) = 0;
-};
-
 /// One line of text with a border. What the user types counts when it is committed: by Return, by leaving the field or
 /// by a press elsewhere in the window.
 class TextField final : public Control {
@@ -41,8 +32,6 @@ class TextField final : public Control {
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   bool takesFocus() const override { return true; }
-  bool canEdit(const Selector& command) const override;
-  void edit(const Selector& command) override;
 
  protected:
   Accessible ownAccessible() const override;

@@ -11,7 +11,14 @@
 namespace tarnwell::kit {
 
 Window::Window(std::string identifier, std::string title)
-    : identifier_(std::move(identifier)), title_(std::move(title)) {}
+    : identifier_(std::move(identifier)), title_(std::move(title)) {
+  respondTo(selectors::performClose, [this](Object* /*sender*/) { performClose(); });
+  respondTo(selectors::performMiniaturize, [this](Object* /*sender*/) {
+    if (peer_) {
+      peer_->miniaturize();
+    }
+  });
+}
 
 Window::~Window() { *handle_ = nullptr; }
 
@@ -100,18 +107,20 @@ bool Window::keyDown(const KeyEvent& event) {
 }
 
 bool Window::respondsToSelector(const Selector& selector) const {
-  return (focused_ != nullptr && focused_->canEdit(selector)) || selector == "performClose:" ||
-         selector == "performMiniaturize:";
+  return editorFor(selector) != nullptr || Object::respondsToSelector(selector);
 }
 
-void Window::perform(const Selector& selector, Object* /*sender*/) {
-  if (focused_ != nullptr && focused_->canEdit(selector)) {
-    focused_->edit(selector);
-  } else if (selector == "performClose:") {
-    performClose();
-  } else if (selector == "performMiniaturize:" && peer_) {
-    peer_->miniaturize();
+void Window::perform(const Selector& selector, Object* sender) {
+  if (Peer* editor = editorFor(selector)) {
+    editor->edit(selector);
+  } else {
+    Object::perform(selector, sender);
   }
+}
+
+Peer* Window::editorFor(const Selector& command) const {
+  Peer* editor = focused_ != nullptr ? focused_->peer() : nullptr;
+  return editor != nullptr && editor->canEdit(command) ? editor : nullptr;
 }
 
 bool Window::commitAndPressDefaultButton() {

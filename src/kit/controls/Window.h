@@ -38,7 +38,7 @@ class Window final : public Object {
   int level() const { return level_; }
   void setLevel(int level);
 
-  /// Hears of "windowWillClose:" with the window as sender.
+  /// Hears that the window will close, with the window as sender.
   std::shared_ptr<Object> delegate() const { return delegate_.lock(); }
   void setDelegate(const std::shared_ptr<Object>& delegate) { delegate_ = delegate; }
 
@@ -77,11 +77,12 @@ class Window final : public Object {
   /// the commit changes has to settle before the button is asked, so a call in the middle of another event is a fault.
   bool keyDown(const KeyEvent& event);
 
-  /// The focused control's editing commands, "performClose:" and "performMiniaturize:".
+  /// The focused control's editing commands, close and miniaturize.
   bool respondsToSelector(const Selector& selector) const override;
   void perform(const Selector& selector, Object* sender) override;
 
  private:
+  Peer* editorFor(const Selector& command) const;
   bool commitAndPressDefaultButton();
   bool pressDefaultButton();
   bool cancelEditing();

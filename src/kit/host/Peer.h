@@ -5,6 +5,7 @@
 #include "kit/host/Aspect.h"
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
+#include "kit/turn/Object.h"
 
 namespace tarnwell::kit {
 
@@ -21,6 +22,10 @@ class Peer {
 
   /// How large the control is; nothing where that is for what stands in it to say.
   virtual std::optional<Measurement> measure(Proposal /*proposal*/) const { return std::nullopt; }
+
+  /// An editing command of the main menu, "copy:" and its kin: whether it would do something now, and doing it.
+  virtual bool canEdit(const Selector& /*command*/) const { return false; }
+  virtual void edit(const Selector& /*command*/) {}
 
   /// Stand at `frame`: whole points, in the parent peer's coordinates.
   virtual void place(const Rect& frame) noexcept = 0;

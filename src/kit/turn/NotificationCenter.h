@@ -26,8 +26,10 @@ class NotificationCenter {
  public:
   using Handler = std::function<void(const Notification&)>;
 
-  [[nodiscard]] Subscription addObserver(const std::string& name, Handler handler);
-  void post(const Notification& notification);
+  [[nodiscard]] Subscription addObserver(const std::string& name, Handler handler) {
+    return observers_[name].add(std::move(handler));
+  }
+  void post(const Notification& notification) { observers_[notification.name].tell(notification); }
 
  private:
   std::map<std::string, Observers<const Notification&>> observers_;

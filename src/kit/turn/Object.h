@@ -1,7 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
+
+#include "kit/turn/Selectors.h"
 
 namespace tarnwell::kit {
 
@@ -16,10 +20,22 @@ class Object : public std::enable_shared_from_this<Object> {
   Object& operator=(const Object&) = delete;
   virtual ~Object() = default;
 
-  virtual bool respondsToSelector(const Selector& /*selector*/) const { return false; }
+  virtual bool respondsToSelector(const Selector& selector) const { return actions_.contains(selector); }
 
   /// `sender` may be null. A selector that the object does not respond to does nothing.
-  virtual void perform(const Selector& /*selector*/, Object* /*sender*/) {}
+  virtual void perform(const Selector& selector, Object* sender) {
+    if (const auto found = actions_.find(selector); found != actions_.end()) {
+      found->second(sender);
+    }
+  }
+
+ protected:
+  void respondTo(const Selector& selector, std::function<void(Object* sender)> action) {
+    actions_[selector] = std::move(action);
+  }
+
+ private:
+  std::map<Selector, std::function<void(Object* sender)>> actions_;
 };
 
 }  // namespace tarnwell::kit

@@ -9,6 +9,8 @@
 namespace tarnwell::view {
 namespace {
 
+namespace selectors = kit::selectors;
+
 std::shared_ptr<kit::MenuItem> entry(std::string title, kit::Selector action, std::string key = {}) {
   return kit::MenuItem::create(std::move(title), std::move(action), std::move(key));
 }
@@ -83,34 +85,36 @@ void MainMenu::join(TopMenu& top) {
 void MainMenu::addApplicationMenu() {
   const std::string& name = application_.platform().product().name;
   TopMenu& top = addMenu(name);
-  addReplaceable(top, CommandGroupPlacement::appInfo, {entry("About " + name, "orderFrontStandardAboutPanel:")});
+  addReplaceable(top, CommandGroupPlacement::appInfo,
+                 {entry("About " + name, selectors::orderFrontStandardAboutPanel)});
   addReplaceable(top, CommandGroupPlacement::appSettings, {settingsEntry(environment_.get<OpenSettingsSceneKey>())});
   if (application_.platform().hidesApplications()) {
-    addItems(top, {entry("Hide " + name, "hide:", "h"),
-                   entryWith("Hide Others", "hideOtherApplications:",
+    addItems(top, {entry("Hide " + name, selectors::hide, "h"),
+                   entryWith("Hide Others", selectors::hideOtherApplications,
                              {.key = "h", .modifierFlags = kit::commandFlag | kit::optionFlag}),
-                   entry("Show All", "unhideAllApplications:")});
+                   entry("Show All", selectors::unhideAllApplications)});
   }
-  addItems(top, {entry("Quit " + name, "terminate:", "q")});
+  addItems(top, {entry("Quit " + name, selectors::terminate, "q")});
 }
 
 void MainMenu::addFileMenu() {
   TopMenu& top = addMenu("File");
-  addReplaceable(top, CommandGroupPlacement::newItem, {entry("New Window", "newWindow:", "n")});
-  addItems(top, {entry("Close", "performClose:", "w")});
+  addReplaceable(top, CommandGroupPlacement::newItem, {entry("New Window", selectors::newWindow, "n")});
+  addItems(top, {entry("Close", selectors::performClose, "w")});
 }
 
 void MainMenu::addEditMenu() {
   TopMenu& top = addMenu("Edit");
-  addItems(top, {entry("Undo", "undo:", "z"),
-                 entryWith("Redo", "redo:", {.key = "Z", .modifierFlags = kit::commandFlag | kit::shiftFlag})});
-  addItems(top, {entry("Cut", "cut:", "x"), entry("Copy", "copy:", "c"), entry("Paste", "paste:", "v"),
-                 entry("Delete", "delete:"), entry("Select All", "selectAll:", "a")});
+  addItems(top, {entry("Undo", selectors::undo, "z"),
+                 entryWith("Redo", selectors::redo, {.key = "Z", .modifierFlags = kit::commandFlag | kit::shiftFlag})});
+  addItems(top, {entry("Cut", selectors::cut, "x"), entry("Copy", selectors::copy, "c"),
+                 entry("Paste", selectors::paste, "v"), entry("Delete", selectors::deleteSelection),
+                 entry("Select All", selectors::selectAll, "a")});
 }
 
 void MainMenu::addViewMenu() { addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {}); }
 
-void MainMenu::addWindowMenu() { addItems(addMenu("Window"), {entry("Minimize", "performMiniaturize:", "m")}); }
+void MainMenu::addWindowMenu() { addItems(addMenu("Window"), {entry("Minimize", selectors::performMiniaturize, "m")}); }
 
 void MainMenu::addHelpMenu() { addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {}); }
 

@@ -141,9 +141,8 @@ void SceneRunner::closeWindow(HostedWindow& hosted) {
 
 void SceneRunner::announceClosing(kit::Window& window) {
   application_.notificationCenter().post({.name = kit::windowWillCloseNotification, .object = &window});
-  const kit::Selector willClose = "windowWillClose:";
-  if (const auto delegate = window.delegate(); delegate && delegate->respondsToSelector(willClose)) {
-    delegate->perform(willClose, &window);
+  if (const auto delegate = window.delegate()) {
+    delegate->perform(kit::selectors::windowWillClose, &window);
   }
 }
 

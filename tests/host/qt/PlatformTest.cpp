@@ -19,19 +19,12 @@ using testing::ElementsAre;
 
 class RecordingDelegate final : public kit::Object {
  public:
-  explicit RecordingDelegate(Desktop& desktop) : desktop_(desktop) {}
-
-  bool respondsToSelector(const kit::Selector& selector) const override {
-    return selector == "applicationDidFinishLaunching:";
-  }
-  void perform(const kit::Selector& /*selector*/, kit::Object* /*sender*/) override {
-    event = desktop_.platform().currentAppleEvent();
+  explicit RecordingDelegate(Desktop& desktop) {
+    respondTo("applicationDidFinishLaunching:",
+              [this, &desktop](kit::Object* /*sender*/) { event = desktop.platform().currentAppleEvent(); });
   }
 
   std::optional<kit::AppleEvent> event;
-
- private:
-  Desktop& desktop_;
 };
 
 template <class Kind>
@@ -93,13 +86,13 @@ TEST(PlatformTest, workOfAnApplicationThatIsGoneIsNotRun) {
 
 TEST(PlatformTest, terminatingEndsTheEventLoop) {
   Desktop desktop;
-  QTimer::singleShot(0, [&desktop] { desktop.application().terminate(nullptr); });
+  QTimer::singleShot(0, [&desktop] { desktop.application().perform("terminate:", nullptr); });
   EXPECT_EQ(testApplication().run(), 0);
 }
 
 TEST(PlatformTest, terminatingBeforeTheEventLoopBeginsEndsItAtOnce) {
   Desktop desktop;
-  desktop.application().terminate(nullptr);
+  desktop.application().perform("terminate:", nullptr);
   EXPECT_EQ(testApplication().run(), 0);
 }
 

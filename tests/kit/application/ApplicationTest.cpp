@@ -31,14 +31,14 @@ TEST_F(ApplicationTest, aboutReachesThePlatform) {
 TEST_F(ApplicationTest, theDelegateHearsOfTheEndFirst) {
   const auto delegate = std::make_shared<Responder>("delegate", "applicationWillTerminate:", notes);
   application->setDelegate(delegate);
-  application->terminate(nullptr);
+  application->perform("terminate:", nullptr);
   EXPECT_EQ(notes, Lines{"delegate applicationWillTerminate:"});
   EXPECT_TRUE(platform.hasTerminated());
 }
 
 TEST_F(ApplicationTest, noTurnRunsAfterTheEnd) {
   application->events().async([this] { notes.emplace_back("work"); });
-  application->terminate(nullptr);
+  application->perform("terminate:", nullptr);
   platform.runUntilIdle(*application);
   EXPECT_EQ(notes, Lines{});
 }

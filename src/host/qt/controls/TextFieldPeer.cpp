@@ -40,22 +40,23 @@ struct EditingCommand {
 };
 
 constexpr std::array<EditingCommand, 7> editingCommands = {
-    EditingCommand{"undo:", "Undo", [](const QLineEdit& edit) { return edit.isUndoAvailable(); },
+    EditingCommand{kit::selectors::undo, "Undo", [](const QLineEdit& edit) { return edit.isUndoAvailable(); },
                    [](QLineEdit& edit) { edit.undo(); }},
-    EditingCommand{"redo:", "Redo", [](const QLineEdit& edit) { return edit.isRedoAvailable(); },
+    EditingCommand{kit::selectors::redo, "Redo", [](const QLineEdit& edit) { return edit.isRedoAvailable(); },
                    [](QLineEdit& edit) { edit.redo(); }},
-    EditingCommand{"cut:", "Cut", &hasSelection, [](QLineEdit& edit) { edit.cut(); }},
-    EditingCommand{"copy:", "Copy", &hasSelection, [](QLineEdit& edit) { edit.copy(); }},
+    EditingCommand{kit::selectors::cut, "Cut", &hasSelection, [](QLineEdit& edit) { edit.cut(); }},
+    EditingCommand{kit::selectors::copy, "Copy", &hasSelection, [](QLineEdit& edit) { edit.copy(); }},
     // What the clipboard holds is its owner's to say, which may take its time.
-    EditingCommand{"paste:", "Paste", [](const QLineEdit& /*edit*/) { return true; },
+    EditingCommand{kit::selectors::paste, "Paste", [](const QLineEdit& /*edit*/) { return true; },
                    [](QLineEdit& edit) { edit.paste(); }},
-    EditingCommand{"delete:", "Delete", &hasSelection, [](QLineEdit& edit) { edit.del(); }},
-    EditingCommand{"selectAll:", "Select All", [](const QLineEdit& edit) { return !edit.text().isEmpty(); },
+    EditingCommand{kit::selectors::deleteSelection, "Delete", &hasSelection, [](QLineEdit& edit) { edit.del(); }},
+    EditingCommand{kit::selectors::selectAll, "Select All",
+                   [](const QLineEdit& edit) { return !edit.text().isEmpty(); },
                    [](QLineEdit& edit) { edit.selectAll(); }}};
 
 // Where the context menu has a line.
 bool beginsGroup(const EditingCommand& command) {
-  return command.selector == "cut:" || command.selector == "selectAll:";
+  return command.selector == kit::selectors::cut || command.selector == kit::selectors::selectAll;
 }
 
 const EditingCommand* editingCommand(const kit::Selector& selector) {

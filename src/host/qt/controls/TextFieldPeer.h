@@ -7,7 +7,7 @@ namespace tarnwell::host_qt {
 
 class Theme;
 
-class TextFieldPeer : public WidgetPeer, public kit::EditingPeer {
+class TextFieldPeer : public WidgetPeer {
  public:
   TextFieldPeer(kit::TextField& field, const Theme& theme, QWidget* parent);
 

@@ -169,9 +169,10 @@ TEST_F(StatusIconTest, iconWithoutAMenuSendsItsActionForEachButton) {
   item_.reset();
   class Target final : public kit::Object {
    public:
-    bool respondsToSelector(const kit::Selector& selector) const override { return selector == "clicked:"; }
-    void perform(const kit::Selector& /*selector*/, kit::Object* /*sender*/) override {
-      types.push_back(kit::Application::shared().events().current()->type);
+    Target() {
+      respondTo("clicked:", [this](kit::Object* /*sender*/) {
+        types.push_back(kit::Application::shared().events().current()->type);
+      });
     }
     std::vector<kit::Event::Type> types;
   };
