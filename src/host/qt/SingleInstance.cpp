@@ -1,23 +1,19 @@
 #include "host/qt/SingleInstance.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QTimer>
-#include <chrono>
 #include <utility>
 
 #include "diagnostics/Console.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/bus/SessionBus.h"
 #include "host/qt/session/ActivationToken.h"
+#include "host/qt/session/AfterInput.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
 // The other one may end between being found and being asked.
 constexpr int tries = 3;
-
-// Keys wait at another descriptor, which a thread of the toolkit's reads.
-constexpr auto keysFirst = std::chrono::milliseconds(50);
 
 }  // namespace
 
@@ -60,7 +56,7 @@ std::optional<std::string> SingleInstance::release() {
 // Of several at once the newest will do: its permission is the freshest.
 void SingleInstance::ask(const ApplicationService::Request& request) {
   if (!std::exchange(waiting_, request)) {
-    QTimer::singleShot(keysFirst, qApp, [this]() noexcept { passOn(); });
+    runAfterInput(*qApp, [this] { passOn(); });
   }
 }
 

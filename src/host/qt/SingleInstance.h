@@ -14,8 +14,8 @@ class QtApplication;
 
 /// One running program for each user: by a lock, and a socket where further starts leave a message for the program that
 /// holds it, whatever that is doing. The name on the session bus is for launchers; it also decides between programs
-/// that have no lock in common. What is asked is done a moment later: a quit that was pressed before it comes first,
-/// and the start is then one that came too late.
+/// that have no lock in common. What is asked is done after what was pressed before: where that quits, the start is one
+/// that came too late.
 class SingleInstance {
  public:
   /// This process as the one that runs; or null where another does, which has been left the message to come to the
