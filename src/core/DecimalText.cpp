@@ -12,26 +12,29 @@ bool standsInFixedNotation(double value) {
   return magnitude == 0 || (magnitude >= 1e-4 && magnitude < 1e16);
 }
 
-}  // namespace
-
-std::string decimalText(double value) {
+std::string textIn(std::chars_format notation, double value) {
   if (std::isnan(value)) {
     return "nan";
   }
   if (std::isinf(value)) {
     return value < 0 ? "-inf" : "inf";
   }
-  const bool isFixed = standsInFixedNotation(value);
-  // Seventeen digits, a sign, a point and an exponent, or four leading zeros, always fit.
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                 isFixed ? std::chars_format::fixed : std::chars_format::scientific)
-                       .ptr;
+  // The smallest double has 323 zeros behind its point and in front of its digits.
+  std::array<char, 352> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, notation).ptr;
   std::string text(buffer.data(), end);
-  if (isFixed && text.find('.') == std::string::npos) {
+  if (notation == std::chars_format::fixed && text.find('.') == std::string::npos) {
     text += ".0";
   }
   return text;
 }
+
+}  // namespace
+
+std::string decimalText(double value) {
+  return textIn(standsInFixedNotation(value) ? std::chars_format::fixed : std::chars_format::scientific, value);
+}
+
+std::string plainDecimalText(double value) { return textIn(std::chars_format::fixed, value); }
 
 }  // namespace tarnwell::core

@@ -10,4 +10,7 @@ namespace tarnwell::core {
 /// in exponent form with at least two exponent digits ("1e-05", "1e+16"). The rest is "inf", "-inf" and "nan".
 std::string decimalText(double value);
 
+/// The same in fixed notation, however small or large the value is ("0.00001").
+std::string plainDecimalText(double value);
+
 }  // namespace tarnwell::core

@@ -14,8 +14,9 @@ namespace {
 constexpr int tickMarks = 11;
 
 std::string tickMarkLine(int index, const kit::Rect& rect) {
-  return "Tick mark " + std::to_string(index) + " rect: " + core::decimalText(rect.x) + ", " +
-         core::decimalText(rect.y) + ", " + core::decimalText(rect.width) + ", " + core::decimalText(rect.height);
+  return "Tick mark " + std::to_string(index) + " rect: " + core::plainDecimalText(rect.x) + ", " +
+         core::plainDecimalText(rect.y) + ", " + core::plainDecimalText(rect.width) + ", " +
+         core::plainDecimalText(rect.height);
 }
 
 }  // namespace
@@ -58,7 +59,7 @@ NSSliderWrapper::Coordinator::Coordinator() {
 NSSliderWrapper::Coordinator::Coordinator(NSSliderWrapper wrapper) : parent_(std::move(wrapper)) {}
 
 void NSSliderWrapper::Coordinator::sliderValueChanged(kit::Slider& sender) const {
-  diagnostics::printLine("VALUE: " + core::decimalText(sender.doubleValue()));
+  diagnostics::printLine("VALUE: " + core::plainDecimalText(sender.doubleValue()));
   const double rounded = roundedToHundredths(sender.doubleValue());
   parent_.value.set(rounded);
   sender.setDoubleValue(rounded);

@@ -83,6 +83,22 @@ TEST(DecimalTextTest, aDigitLessReadsAsAnotherDouble) {
   }
 }
 
+TEST(DecimalTextTest, plainTextHasNoExponent) {
+  const std::vector<std::pair<double, std::string>> table = {
+      {0.456, "0.456"},
+      {1.0, "1.0"},
+      {-0.000012345, "-0.000012345"},
+      {1e16, "10000000000000000.0"},
+      {-5e-324, "-0." + std::string(323, '0') + "5"},
+      {std::numeric_limits<double>::infinity(), "inf"},
+  };
+  for (const auto& [value, text] : table) {
+    EXPECT_EQ(plainDecimalText(value), text);
+  }
+  const auto longest = std::bit_cast<double>(0x800fffffffffffffULL);
+  EXPECT_EQ(parseFloat(plainDecimalText(longest)), longest);
+}
+
 TEST(DecimalTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
   EXPECT_EQ(decimalText(1234.5), "1234.5");

@@ -87,8 +87,8 @@ TEST_F(NSSliderWrapperTest, aDragIsPrintedAndWrittenInHundredths) {
   std::string expected = printed();
   for (const Row& row :
        {Row{0.456, "VALUE: 0.456\n", 0.46}, Row{0.125, "VALUE: 0.125\n", 0.13}, Row{0.145, "VALUE: 0.145\n", 0.14},
-        Row{0.005, "VALUE: 0.005\n", 0.01}, Row{0.004, "VALUE: 0.004\n", 0}, Row{1, "VALUE: 1.0\n", 1},
-        Row{3, "VALUE: 1.0\n", 1}, Row{-3, "VALUE: 0.0\n", 0}}) {
+        Row{0.005, "VALUE: 0.005\n", 0.01}, Row{0.004, "VALUE: 0.004\n", 0}, Row{0.00001, "VALUE: 0.00001\n", 0},
+        Row{1, "VALUE: 1.0\n", 1}, Row{3, "VALUE: 1.0\n", 1}, Row{-3, "VALUE: 0.0\n", 0}}) {
     slider.choose(row.dragged);
     expected += row.line;
     EXPECT_EQ(printed(), expected) << row.dragged;
