@@ -19,7 +19,8 @@ using Lines = std::vector<std::string>;
 TEST(SettingsView, hasTwoTabsAndStartsOnTheDock) {
   HeadlessApplication application;
   application.start();
-  EXPECT_NE(application.settingsPicture().find("Tabs *\"Dock\" dock.rectangle \"General\" gear\n"), std::string::npos);
+  EXPECT_NE(application.settingsPicture().find("TabBar \"Tabs\" *\"Dock\" dock.rectangle \"General\" gear\n"),
+            std::string::npos);
 }
 
 TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {

@@ -25,17 +25,19 @@ TEST_F(HelpButtonTest, aClickRunsTheActionOnce) {
 }
 
 TEST_F(HelpButtonTest, itIsRoundWithOrWithoutATitle) {
-  EXPECT_EQ((view::Stage{noting("", "help")}.dump()), "Help button \"\"\n");
-  EXPECT_EQ((view::Stage{noting("More", "help")}.dump()), "Help button \"More\"\n");
-  view::Stage stage{noting("More", "help")};
-  stage.open();
-  EXPECT_EQ(stage.window().contentSize(), (kit::Size{22, 22}));
+  for (const auto* title : {"", "More"}) {
+    view::Stage stage{noting(title, "help")};
+    stage.open();
+    EXPECT_EQ(stage.first<kit::Button>().title(), title);
+    EXPECT_EQ(stage.first<kit::Button>().bezelStyle(), kit::Button::BezelStyle::help);
+    EXPECT_EQ(stage.window().contentSize(), (kit::Size{22, 22}));
+  }
 }
 
 TEST_F(HelpButtonTest, anotherTitleShowsAndAnotherActionDoesNot) {
   view::Stage stage{noting("first", "first")};
   stage.show(noting("second", "second"));
-  EXPECT_EQ(stage.dump(), "Help button \"second\"\n");
+  EXPECT_EQ(stage.dump(), "Button \"second\"\n");
   stage.first<kit::Button>().click();
   EXPECT_EQ(notes, view::Lines{"first"});
 }

@@ -65,7 +65,7 @@ TEST_F(NSSliderWrapperTest, aSliderWithoutTickMarksPrintsNothing) {
 
 TEST_F(NSSliderWrapperTest, itStartsWithValueAndRange) {
   const view::Stage stage{wrapper(0, 2)};
-  EXPECT_EQ(stage.dump(), "Slider 0.5 of 0 to 2, 11 ticks\n");
+  EXPECT_EQ(stage.dump(), "Slider: 0.5 of 0 to 2 by 0.02\n");
 }
 
 TEST_F(NSSliderWrapperTest, anUpdatePrintsNothing) {
@@ -116,7 +116,7 @@ TEST_F(NSSliderWrapperTest, aLaterRangeDoesNotReachTheSlider) {
   view::Stage stage{wrapper(0, 1)};
   value = 3;
   stage.show(wrapper(-5, 5));
-  EXPECT_EQ(stage.dump(), "Slider 1 of 0 to 1, 11 ticks\n");
+  EXPECT_EQ(stage.dump(), "Slider: 1 of 0 to 1 by 0.01\n");
 }
 
 TEST_F(NSSliderWrapperTest, theFirstBindingIsKept) {

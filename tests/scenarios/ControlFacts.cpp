@@ -135,7 +135,7 @@ ControlFacts tabBar() {
           .make =
               [](const Hear& hear) {
                 auto bar = std::make_unique<kit::TabBar>();
-                bar->setTabs({{.title = "Dock"}, {.title = "General"}});
+                bar->setItems({{.title = "Dock"}, {.title = "General"}});
                 return makeChoice(hear, std::move(bar));
               },
           .seen = {.role = Role::tabBar, .actions = {Action::choosePart}},

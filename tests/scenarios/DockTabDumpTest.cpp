@@ -21,9 +21,9 @@ TEST(DockTabDump, anEditShowsInEveryControlOfItsRow) {
   tab.holdingDefaults().open();
   tab.enter("Delay seconds", "0.456");
   const std::string picture = view::dump(tab.hosted().tree().root());
-  EXPECT_NE(picture.find("Slider 0.46 of 0 to 1, 11 ticks, upside down"), std::string::npos);
-  EXPECT_NE(picture.find("TextField (Speed (seconds)) \"0.46\""), std::string::npos);
-  EXPECT_NE(picture.find("Stepper (0.46)"), std::string::npos);
+  EXPECT_NE(picture.find(R"(Slider "Delay slider": 0.46 of 0 to 1 by 0.01 upside down)"), std::string::npos);
+  EXPECT_NE(picture.find(R"(TextField "Delay seconds": "0.46")"), std::string::npos);
+  EXPECT_NE(picture.find(R"(Stepper "Delay stepper": 0.46 of 0 to 100 by 0.01)"), std::string::npos);
 }
 
 TEST(DockTabDump, theWindowIs600WideAndAsHighAsTheForm) {

@@ -111,7 +111,7 @@ TEST(DockTabFrames, system15ShowsTheSameTreeWithoutTheSingleAppRow) {
       "              Symbol macwindow\n"
       "              Text \"Single app mode\"\n"
       "            Text \"Clicking an app icon in the dock will hide other app windows.\" subheadline secondary\n"
-      "            Toggle (Single app mode) off\n";
+      "            Toggle \"Single app mode\": off\n";
   std::string expected = OpenTab({.major = 14}).dump();
   const std::size_t at = expected.find(row);
   ASSERT_NE(at, std::string::npos);

@@ -24,7 +24,7 @@ void addSymbolsOf(const kit::Control& control, Names& names) {
       names.insert(item.symbol);
     }
   } else if (const auto* bar = dynamic_cast<const kit::TabBar*>(&control)) {
-    for (const auto& tab : bar->tabs()) {
+    for (const auto& tab : bar->items()) {
       names.insert(tab.symbol);
     }
   }

@@ -30,14 +30,14 @@ bool Tarnwell::settingsAreOpen() const { return settingsWindow() != nullptr && h
 
 std::vector<std::string> Tarnwell::tabs() const {
   std::vector<std::string> titles;
-  std::ranges::transform(dynamic_cast<kit::TabBar&>(control("Tabs")).tabs(), std::back_inserter(titles),
-                         &kit::TabBar::Tab::title);
+  std::ranges::transform(dynamic_cast<kit::TabBar&>(control("Tabs")).items(), std::back_inserter(titles),
+                         &kit::TabBar::Item::title);
   return titles;
 }
 
 std::string Tarnwell::chosenTab() const {
   const auto& bar = dynamic_cast<kit::TabBar&>(control("Tabs"));
-  return bar.tabs().at(static_cast<std::size_t>(bar.selectedIndex())).title;
+  return bar.items().at(static_cast<std::size_t>(bar.selectedIndex())).title;
 }
 
 void Tarnwell::chooseTab(int index) {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "view/values/PlainText.h"
-
 namespace tarnwell::view {
 namespace {
 
@@ -35,10 +33,6 @@ kit::Measurement BlockControl::sizeThatFits(kit::Proposal proposal) const {
   return {.size = {.width = std::clamp(width, sizes_.least.width, sizes_.most.width),
                    .height = std::clamp(height, sizes_.least.height, sizes_.most.height)},
           .firstBaseline = sizes_.baseline};
-}
-
-std::string describe(const BlockControl& block) {
-  return "Block " + plainText(block.sizes().ideal.width) + " x " + plainText(block.sizes().ideal.height);
 }
 
 std::unique_ptr<BlockControl> Block::makeNSView(Context& /*context*/) const { return std::make_unique<BlockControl>(); }

@@ -39,8 +39,6 @@ class BlockControl final : public kit::Control {
   mutable std::vector<kit::Proposal> proposals_;
 };
 
-std::string describe(const BlockControl& block);
-
 /// The view of one.
 struct Block {
   struct Coordinator {};

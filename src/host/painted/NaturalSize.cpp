@@ -65,7 +65,7 @@ kit::Measurement naturalSize(const kit::SymbolView& /*symbol*/, const TextMeasur
 kit::Measurement naturalSize(const kit::TabBar& bar, const TextMeasurer& text, kit::Proposal proposal) {
   const double title = metrics::tabTitleTop + text.lineHeight(kit::FontRole::subheadline) + metrics::tabTitleBelow;
   const double height = std::max(metrics::tab.height, title);
-  const double all = tabWidth(height) * static_cast<double>(bar.tabs().size());
+  const double all = tabWidth(height) * static_cast<double>(bar.items().size());
   return {.size = {.width = proposal.width.value_or(all), .height = height + 2 * metrics::tabBarInset}};
 }
 

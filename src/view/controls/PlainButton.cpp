@@ -1,7 +1,6 @@
 #include "view/controls/PlainButton.h"
 
 #include "view/tree/ControlNode.h"
-#include "view/tree/ControlSummary.h"
 #include "view/tree/MenuItemNode.h"
 #include "view/tree/MountedTree.h"
 
@@ -12,7 +11,12 @@ class PushButtonNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override { return describe(controlAs<kit::Button>()); }
+  std::string summary() const override {
+    const auto& button = controlAs<kit::Button>();
+    return "Button \"" + button.title() + "\"" +
+           (button.role() == kit::Button::Role::destructive ? " destructive" : "") +
+           (button.isDefault() ? " default" : "");
+  }
 
  protected:
   std::unique_ptr<kit::Control> makeControl() override {

@@ -9,8 +9,6 @@ class StepperNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override { return "Stepper (" + valueAs<Stepper>().title + ")"; }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     auto stepper = std::make_unique<kit::Stepper>();

@@ -2,46 +2,23 @@
 
 #include <algorithm>
 
+#include "view/controls/ChoiceNode.h"
 #include "view/layout/Spacer.h"
-#include "view/tree/ControlNode.h"
 #include "view/tree/MountedTree.h"
 
 namespace tarnwell::view {
 namespace {
 
 struct TabBarView {
-  std::vector<kit::TabBar::Tab> tabs;
+  std::vector<kit::TabBar::Item> items;
   Binding<int> selectedIndex;
 };
 
-class TabBarNode final : public ControlNode {
+class TabBarNode final : public ChoiceNode<TabBarView, kit::TabBar> {
  public:
-  using ControlNode::ControlNode;
-
-  std::string summary() const override {
-    const auto& bar = controlAs<kit::TabBar>();
-    std::string line = "Tabs";
-    for (std::size_t i = 0; i < bar.tabs().size(); ++i) {
-      const bool chosen = static_cast<int>(i) == bar.selectedIndex();
-      line += std::string(chosen ? " *" : " ") + "\"" + bar.tabs()[i].title + "\" " + bar.tabs()[i].symbol;
-    }
-    return line;
-  }
+  using ChoiceNode::ChoiceNode;
 
  protected:
-  std::unique_ptr<kit::Control> makeControl() override {
-    auto bar = std::make_unique<kit::TabBar>();
-    bar->setAction(
-        reacting(this, [](TabBarNode& node, int index) { node.valueAs<TabBarView>().selectedIndex.set(index); }));
-    return bar;
-  }
-
-  void updateControl() override {
-    auto& bar = controlAs<kit::TabBar>();
-    bar.setTabs(valueAs<TabBarView>().tabs);
-    bar.setSelectedIndex(valueAs<TabBarView>().selectedIndex.get());
-  }
-
   std::string ownName() const override { return "Tabs"; }
 };
 
@@ -109,9 +86,9 @@ class TabViewNode final : public MountedNode {
  protected:
   void apply() override {
     const auto& tabView = valueAs<TabView>();
-    TabBarView bar{.tabs = {}, .selectedIndex = tabView.selectedIndex};
+    TabBarView bar{.items = {}, .selectedIndex = tabView.selectedIndex};
     for (const TabView::Tab& tab : tabView.tabs) {
-      bar.tabs.push_back(tab.label);
+      bar.items.push_back(tab.label);
     }
     const int chosen = tree().isShown() ? tabView.selectedIndex.get() : -1;
     Page page;

@@ -15,7 +15,7 @@ namespace tarnwell::view {
 /// goes when it is left.
 struct TabView {
   struct Tab {
-    kit::TabBar::Tab label = {};
+    kit::TabBar::Item label = {};
     View content;
   };
 

@@ -11,10 +11,6 @@ class TextFieldNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    return "TextField (" + valueAs<TextField>().title + ") \"" + controlAs<kit::TextField>().shownText() + "\"";
-  }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     auto field = std::make_unique<kit::TextField>();

@@ -10,10 +10,6 @@ class ToggleNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    return "Toggle (" + valueAs<Toggle>().title + ") " + (controlAs<kit::Toggle>().isOn() ? "on" : "off");
-  }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     auto toggle = std::make_unique<kit::Toggle>();

@@ -1,22 +1,42 @@
 #include "view/tree/ControlSummary.h"
 
+#include <map>
+
+#include "kit/controls/Control.h"
 #include "view/values/PlainText.h"
 
 namespace tarnwell::view {
-std::string describe(const kit::Button& button) {
-  std::string line = button.bezelStyle() == kit::Button::BezelStyle::help ? "Help button" : "Button";
-  line += " \"" + button.title() + "\"";
-  line += button.role() == kit::Button::Role::destructive ? " destructive" : "";
-  line += button.isDefault() ? " default" : "";
-  return line;
+namespace {
+
+std::string kindOf(kit::AccessibleRole role) {
+  using enum kit::AccessibleRole;
+  static const std::map<kit::AccessibleRole, std::string> kinds = {
+      {decoration, "Decoration"}, {group, "Group"},        {text, "Text"},     {image, "Image"},
+      {button, "Button"},         {toggle, "Toggle"},      {slider, "Slider"}, {stepper, "Stepper"},
+      {textField, "TextField"},   {popUpButton, "Picker"}, {tabBar, "TabBar"}};
+  return kinds.at(role);
 }
 
-std::string describe(const kit::Slider& slider) {
-  return "Slider " + plainText(slider.doubleValue()) + " of " + plainText(slider.minValue()) + " to " +
-         plainText(slider.maxValue()) + ", " + std::to_string(slider.numberOfTickMarks()) + " ticks" +
-         (slider.isUpsideDown() ? ", upside down" : "");
+std::string valueOf(const kit::Accessible& told) {
+  if (const auto* on = std::get_if<bool>(&told.value)) {
+    return *on ? ": on" : ": off";
+  }
+  if (const auto* text = std::get_if<std::string>(&told.value)) {
+    return ": \"" + *text + "\"";
+  }
+  if (!told.range) {
+    return {};
+  }
+  return ": " + plainText(std::get<double>(told.value)) + " of " + plainText(told.range->least) + " to " +
+         plainText(told.range->most) + " by " + plainText(told.range->step);
 }
 
-std::string describe(const kit::Pane& /*pane*/) { return "Hosting view"; }
+}  // namespace
+
+std::string describe(const kit::Control& control) {
+  const kit::Accessible told = control.accessible();
+  return kindOf(told.role) + (told.name.empty() ? "" : " \"" + told.name + "\"") +
+         (control.accessibleParts().empty() ? valueOf(told) : "") + (told.isDefault ? " default" : "");
+}
 
 }  // namespace tarnwell::view

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "view/tree/ControlNode.h"
-#include "view/tree/ControlSummary.h"
 #include "view/tree/MountedTree.h"
 #include "view/values/EnvironmentKeys.h"
 
@@ -39,7 +38,7 @@ class RepresentableNode final : public ControlNode {
   explicit RepresentableNode(const Place& place)
       : ControlNode(place), context_{.coordinator = nullptr, .host = tree().host()} {}
 
-  std::string summary() const override { return describe(controlAs<typename R::NSView>()); }
+  std::string summary() const override { return ControlNode::summary() + (isTurned() ? " upside down" : ""); }
 
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
@@ -48,13 +47,15 @@ class RepresentableNode final : public ControlNode {
   }
 
   void updateControl() override {
-    if constexpr (std::derived_from<typename R::NSView, kit::Slider>) {
-      controlAs<kit::Slider>().setUpsideDown(std::cos(environment().template get<RotationKey>()) < 0);
+    if constexpr (requires(typename R::NSView & view) { view.setUpsideDown(true); }) {
+      controlAs<typename R::NSView>().setUpsideDown(isTurned());
     }
     valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_);
   }
 
  private:
+  bool isTurned() const { return std::cos(environment().template get<RotationKey>()) < 0; }
+
   typename R::Context context_;
 };
 

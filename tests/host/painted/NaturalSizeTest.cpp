@@ -62,7 +62,7 @@ TEST(NaturalSizeTest, aSymbolIsASquareCentredOnACapitalLetter) {
 
 TEST(NaturalSizeTest, aTabBarTakesTheWidthThatItIsOffered) {
   ShownControl<kit::TabBar> bar;
-  bar->setTabs({{.title = "Dock"}, {.title = "General"}});
+  bar->setItems({{.title = "Dock"}, {.title = "General"}});
   EXPECT_EQ(bar->measure({}).size, (Size{.width = 2 * 72, .height = 60}));
   EXPECT_EQ(bar->measure({.width = 600}).size, (Size{.width = 600, .height = 60}));
 }

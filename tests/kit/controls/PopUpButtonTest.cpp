@@ -59,7 +59,7 @@ TEST_F(PopUpButtonTest, fewerItemsNeverLeaveAnIndexBehindTheLast) {
 using PopUpButtonDeathTest = PopUpButtonTest;
 
 TEST_F(PopUpButtonDeathTest, anIndexThatIsNoItemsIsAFault) {
-  const char* message = "tarnwell: a pop-up button was told to select an item that it does not have";
+  const char* message = "tarnwell: a control was told to select an item that it does not have";
   EXPECT_DEATH(button->setSelectedIndex(3), message);
   EXPECT_DEATH(button->setSelectedIndex(-2), message);
   EXPECT_DEATH(button->choose(3), message);

@@ -8,13 +8,21 @@ namespace {
 TEST(TabBarTest, theFirstTabFollowsTheLast) {
   std::vector<int> chosen;
   TabBar bar;
-  bar.setTabs({{.title = "One"}, {.title = "Two"}, {.title = "Three"}});
+  bar.setItems({{.title = "One"}, {.title = "Two"}, {.title = "Three"}});
   bar.setSelectedIndex(0);
   bar.setAction([&chosen](int index) { chosen.push_back(index); });
   for (const int distance : {1, 1, 1, -1, -2, -4}) {
     bar.chooseBeside(distance);
   }
   EXPECT_EQ(chosen, (std::vector<int>{1, 2, 0, 2, 0, 2}));
+}
+
+TEST(TabBarTest, fewerTabsNeverLeaveAnIndexBehindTheLast) {
+  TabBar bar;
+  bar.setItems({{.title = "One"}, {.title = "Two"}});
+  bar.setSelectedIndex(1);
+  bar.setItems({{.title = "One"}});
+  EXPECT_EQ(bar.selectedIndex(), 0);
 }
 
 TEST(TabBarTest, withoutTabsThereIsNoNext) {

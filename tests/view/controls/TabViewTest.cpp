@@ -32,7 +32,7 @@ class TabViewTest : public testing::Test {
 TEST_F(TabViewTest, onlyTheChosenPageIsMounted) {
   Stage stage{tabs()};
   stage.open();
-  EXPECT_EQ(stage.dump(), "Tabs *\"Dock\" dock \"General\" \nButton \"0\"\n");
+  EXPECT_EQ(stage.dump(), "TabBar \"Tabs\" *\"Dock\" dock \"General\" \nButton \"0\"\n");
   EXPECT_EQ(appeared, Lines{"dock page"});
 }
 
@@ -67,7 +67,7 @@ TEST_F(TabViewTest, aValueThatIsNoTabsShowsNoPage) {
   selection = "about";
   Stage stage{tabs()};
   stage.open();
-  EXPECT_EQ(stage.dump(), "Tabs \"Dock\" dock \"General\" \n");
+  EXPECT_EQ(stage.dump(), "TabBar \"Tabs\" \"Dock\" dock \"General\" \n");
   EXPECT_EQ(stage.first<kit::TabBar>().selectedIndex(), -1);
 }
 

@@ -42,7 +42,7 @@ TEST(DumpTest, framesAreTold) {
 TEST(DumpTest, itShowsTheControlAndNotTheDescription) {
   const Stage stage{Toggle{.title = "switch", .isOn = {.get = [] { return false; }, .set = [](bool) {}}}};
   stage.first<kit::Toggle>().setOn(true);
-  EXPECT_EQ(stage.dump(), "Toggle (switch) on\n");
+  EXPECT_EQ(stage.dump(), "Toggle \"switch\": on\n");
 }
 
 TEST(DumpTest, itMakesNoBody) {

@@ -4,6 +4,8 @@
 
 #include <numbers>
 
+#include "kit/controls/Button.h"
+#include "kit/controls/Slider.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"

@@ -56,9 +56,9 @@ TEST(StateObjectTest, aChangeOfTheObjectMakesTheBodyAnew) {
   Stage stage{room};
   stage.find<kit::Toggle>("lamp").press();
   EXPECT_TRUE(room.made->front().lock()->lit);
-  EXPECT_EQ(stage.dump(), "VStack centred, spacing 2\n  Text \"light\"\n  Toggle (lamp) on\n");
+  EXPECT_EQ(stage.dump(), "VStack centred, spacing 2\n  Text \"light\"\n  Toggle \"lamp\": on\n");
   stage.perform([&] { room.made->front().lock()->set(&Lamp::lit, false); });
-  EXPECT_EQ(stage.dump(), "VStack centred, spacing 2\n  Text \"dark\"\n  Toggle (lamp) off\n");
+  EXPECT_EQ(stage.dump(), "VStack centred, spacing 2\n  Text \"dark\"\n  Toggle \"lamp\": off\n");
 }
 
 TEST(StateObjectTest, itGoesWithThePlaceAndIsMadeAnewForTheNext) {

@@ -34,7 +34,7 @@ TEST(UpdateTest, anotherTypeReplacesIt) {
   stage.show(fixedSwitch(true));
   const Lines told = stage.told();
   EXPECT_EQ(told.front(), "text \"a\": removed");
-  EXPECT_EQ(stage.dump(), "Toggle (switch) on\n");
+  EXPECT_EQ(stage.dump(), "Toggle \"switch\": on\n");
   EXPECT_EQ(stage.hosted().tree().controls().size(), 1U);
 }
 

@@ -78,7 +78,7 @@ class TabBarWidget final : public ControlWidget {
   }
 
  private:
-  int count() const { return static_cast<int>(bar_.tabs().size()); }
+  int count() const { return static_cast<int>(bar_.items().size()); }
 
   QRectF shapeOf(int index) const {
     return toQRectF(host_painted::rectOfTab(bar_, index)).adjusted(tabGap, 0, -tabGap, 0);
@@ -106,7 +106,7 @@ class TabBarWidget final : public ControlWidget {
   }
 
   void drawTab(QPainter& painter, int index) {
-    const kit::TabBar::Tab& tab = bar_.tabs().at(static_cast<std::size_t>(index));
+    const kit::TabBar::Item& tab = bar_.items().at(static_cast<std::size_t>(index));
     const Palette& palette = theme().palette();
     const QRectF shape = shapeOf(index);
     const bool chosen = index == bar_.selectedIndex();

@@ -67,7 +67,7 @@ inline std::unique_ptr<kit::PopUpButton> makePopUpButton(kit::PopUpButton::Choos
 /// Dock and General; Dock is chosen.
 inline std::unique_ptr<kit::TabBar> makeTabBar(kit::TabBar::ChooseAction action = {}) {
   auto bar = std::make_unique<kit::TabBar>();
-  bar->setTabs({{.title = "Dock", .symbol = "dock.rectangle"}, {.title = "General", .symbol = "gear"}});
+  bar->setItems({{.title = "Dock", .symbol = "dock.rectangle"}, {.title = "General", .symbol = "gear"}});
   bar->setSelectedIndex(0);
   bar->setAction(std::move(action));
   return bar;
