@@ -1,14 +1,16 @@
 #include "standin/defaults/Commands.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 
 #include "diagnostics/Console.h"
-#include "standin/defaults/LogLine.h"
-#include "standin/defaults/LowerCase.h"
 #include "standin/store/OldStyleText.h"
 #include "standin/store/SystemRoot.h"
+#include "standin/store/Timestamp.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -16,14 +18,18 @@ namespace {
 struct DomainVerb {
   std::string_view name;
   Status (*run)(const Invocation&) = nullptr;
+  // How many arguments may follow the domain.
+  std::size_t least = 0;
+  std::size_t most = 0;
 };
 
-constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain},
-                                                    {"read-type", readType},
-                                                    {"write", writeValue},
-                                                    {"delete", deleteKeyOrDomain},
-                                                    {"export", exportDomain},
-                                                    {"import", importDomain}}};
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain, 0, 1},
+                                                    {"read-type", readType, 1, 1},
+                                                    {"write", writeValue, 2, anyNumber},
+                                                    {"delete", deleteKeyOrDomain, 0, 1},
+                                                    {"export", exportDomain, 1, 1},
+                                                    {"import", importDomain, 1, 1}}};
 
 Status noRoot(const std::string& problem) {
   logLine(problem);
@@ -41,7 +47,11 @@ Status runForDomain(const DomainVerb& verb, Arguments arguments) {
     logLine(quotedText(arguments.front()) + " is not the name of a domain; leaving defaults unchanged.");
     return Status::failure;
   }
-  return verb.run({std::move(*domain), arguments.subspan(1)});
+  const Invocation invocation{std::move(*domain), arguments.subspan(1)};
+  if (invocation.arguments.size() < verb.least) {
+    return misused();
+  }
+  return invocation.arguments.size() > verb.most ? unexpectedArgument(invocation, verb.most) : verb.run(invocation);
 }
 
 Status runForAll(Status (*run)(const std::string&)) {
@@ -84,6 +94,22 @@ Status runDefaults(Arguments arguments) {
     return misused();
   }
   return runForDomain(*found, rest);
+}
+
+std::string lowerCase(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) {
+    if (c >= 'A' && c <= 'Z') {
+      c = static_cast<char>(c - 'A' + 'a');
+    }
+  }
+  return result;
+}
+
+void logLine(std::string_view message) {
+  std::string line = timestamp() + " defaults[" + std::to_string(::getpid()) + ":" + std::to_string(::gettid()) + "] ";
+  line.append(message);
+  diagnostics::printErrorLine(line);
 }
 
 Status unexpectedArgument(const Invocation& invocation, std::size_t count) {

@@ -5,11 +5,13 @@
 #include <string>
 #include <string_view>
 
-#include "standin/defaults/Usage.h"
 #include "standin/store/Domain.h"
-#include "standin/store/PreferenceTransaction.h"
+#include "standin/store/PreferenceFile.h"
 
 namespace tarnwell::standin {
+
+/// The exit statuses of the tool.
+enum class Status : int { success = 0, failure = 1, usage = 255 };
 
 using Arguments = std::span<const std::string_view>;
 
@@ -30,6 +32,19 @@ Status deleteKeyOrDomain(const Invocation& invocation);
 Status exportDomain(const Invocation& invocation);
 Status importDomain(const Invocation& invocation);
 Status listDomains(const std::string& root);
+
+/// `text` with the letters A to Z made small. The user's locale has no say in what a verb or a boolean is.
+std::string lowerCase(std::string_view text);
+
+/// Prints a message on standard error the way the system's log does: time, "defaults", process and thread, then the
+/// message and a line feed, all in one write.
+void logLine(std::string_view message);
+
+/// Prints the usage on standard output, for `help`.
+Status showHelp();
+
+/// Prints the usage on standard error, for a command line that makes no sense.
+Status misused();
 
 /// Reports the first argument from `count` on, which nothing asked for.
 Status unexpectedArgument(const Invocation& invocation, std::size_t count);

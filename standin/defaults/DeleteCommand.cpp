@@ -1,5 +1,4 @@
 #include "standin/defaults/Commands.h"
-#include "standin/defaults/LogLine.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -21,9 +20,6 @@ Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const
 
 Status deleteKeyOrDomain(const Invocation& invocation) {
   const Domain& domain = invocation.domain;
-  if (invocation.arguments.size() > 1) {
-    return unexpectedArgument(invocation, 1);
-  }
   // Looked at before the lock is made: a domain that never was leaves no trace.
   const StoredPreferences stored = loadPreferences(domain.path);
   if (stored.state == StoreState::absent) {

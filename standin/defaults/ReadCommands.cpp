@@ -1,49 +1,74 @@
+#include <dirent.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <string_view>
+#include <vector>
+
 #include "standin/defaults/Commands.h"
-#include "standin/defaults/DomainList.h"
-#include "standin/defaults/LogLine.h"
 #include "standin/store/OldStyleText.h"
+#include "standin/store/SystemRoot.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {
 
-struct Lookup {
-  StoredPreferences stored;
-  plist_t node = nullptr;  // belongs to `stored`
-  Status status = Status::failure;
-};
+constexpr std::string_view extension = ".plist";
 
 bool isThere(const StoredPreferences& stored) {
   return stored.state == StoreState::sound || stored.state == StoreState::absent;
-}
-
-// Finds a key and has said so when it is not there.
-Lookup lookUp(const Domain& domain, const std::string& key) {
-  Lookup lookup{loadPreferences(domain.path)};
-  if (!isThere(lookup.stored)) {
-    lookup.status = couldNotRead(domain, lookup.stored);
-    return lookup;
-  }
-  if (lookup.stored.dictionary) {
-    lookup.node = plist_dict_get_item(lookup.stored.dictionary.get(), key.c_str());
-  }
-  lookup.status = lookup.node == nullptr ? noSuchPair(domain, key) : Status::success;
-  return lookup;
 }
 
 std::string shownText(plist_t node) {
   return (PLIST_IS_DICT(node) || PLIST_IS_ARRAY(node) ? oldStyleText(node) : valueText(node)) + "\n";
 }
 
+std::string typeText(plist_t node) { return std::string("Type is ") + typeName(node) + "\n"; }
+
+// Prints what a text says of the value whose key is given.
+Status showValue(const Invocation& invocation, std::string (*text)(plist_t)) {
+  const StoredPreferences stored = loadPreferences(invocation.domain.path);
+  if (!isThere(stored)) {
+    return couldNotRead(invocation.domain, stored);
+  }
+  const std::string key(invocation.arguments.front());
+  plist_t node = stored.dictionary ? plist_dict_get_item(stored.dictionary.get(), key.c_str()) : nullptr;
+  return node == nullptr ? noSuchPair(invocation.domain, key) : show(text(node));
+}
+
+// Null at the end, with errno 0, and when the folder cannot be read.
+const dirent* nextEntry(DIR* folder) {
+  errno = 0;
+  return ::readdir(folder);  // NOLINT(concurrency-mt-unsafe): one thread
+}
+
+// The domains in the preferences folder of `root`, sorted; the global one is not among them.
+system::Result<std::vector<std::string>> domainNames(const std::string& root) {
+  std::vector<std::string> names;
+  const std::string path = preferencesFolder(root);
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
+  if (!folder && errno == ENOENT) {
+    return names;
+  }
+  while (const dirent* entry = folder ? nextEntry(folder.get()) : nullptr) {
+    const std::string_view name = entry->d_name;
+    if (!name.starts_with('.') && name.ends_with(extension)) {
+      names.emplace_back(name.substr(0, name.size() - extension.size()));
+    }
+  }
+  if (errno != 0) {
+    return system::systemFailure("cannot read " + path);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 }  // namespace
 
 Status readDomain(const Invocation& invocation) {
-  if (invocation.arguments.size() > 1) {
-    return unexpectedArgument(invocation, 1);
-  }
-  if (invocation.arguments.size() == 1) {
-    const Lookup lookup = lookUp(invocation.domain, std::string(invocation.arguments.front()));
-    return lookup.node == nullptr ? lookup.status : show(shownText(lookup.node));
+  if (!invocation.arguments.empty()) {
+    return showValue(invocation, shownText);
   }
   const StoredPreferences stored = loadPreferences(invocation.domain.path);
   if (!isThere(stored)) {
@@ -56,16 +81,7 @@ Status readDomain(const Invocation& invocation) {
   return Status::failure;
 }
 
-Status readType(const Invocation& invocation) {
-  if (invocation.arguments.empty()) {
-    return misused();
-  }
-  if (invocation.arguments.size() > 1) {
-    return unexpectedArgument(invocation, 1);
-  }
-  const Lookup lookup = lookUp(invocation.domain, std::string(invocation.arguments.front()));
-  return lookup.node == nullptr ? lookup.status : show(std::string("Type is ") + typeName(lookup.node) + "\n");
-}
+Status readType(const Invocation& invocation) { return showValue(invocation, typeText); }
 
 Status readAllDomains(const std::string& root) {
   const system::Result<std::vector<std::string>> names = domainNames(root);
@@ -84,6 +100,18 @@ Status readAllDomains(const std::string& root) {
     }
   }
   return show(shownText(all.get())) == Status::success ? status : Status::failure;
+}
+
+Status listDomains(const std::string& root) {
+  const system::Result<std::vector<std::string>> names = domainNames(root);
+  if (!names) {
+    return failed(names.error());
+  }
+  std::string line;
+  for (const std::string& name : *names) {
+    line += (line.empty() ? "" : ", ") + name;
+  }
+  return show(line + "\n");
 }
 
 }  // namespace tarnwell::standin

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "standin/defaults/Commands.h"
-#include "standin/defaults/LogLine.h"
 #include "system/AtomicFile.h"
 #include "system/Descriptor.h"
 
@@ -58,12 +57,6 @@ Status writeOut(const std::string& path, plist_t dictionary) {
 }  // namespace
 
 Status exportDomain(const Invocation& invocation) {
-  if (invocation.arguments.empty()) {
-    return misused();
-  }
-  if (invocation.arguments.size() > 1) {
-    return unexpectedArgument(invocation, 1);
-  }
   const StoredPreferences stored = loadPreferences(invocation.domain.path);
   if (stored.state == StoreState::damaged || stored.state == StoreState::unreadable) {
     return couldNotRead(invocation.domain, stored);
@@ -74,12 +67,6 @@ Status exportDomain(const Invocation& invocation) {
 }
 
 Status importDomain(const Invocation& invocation) {
-  if (invocation.arguments.empty()) {
-    return misused();
-  }
-  if (invocation.arguments.size() > 1) {
-    return unexpectedArgument(invocation, 1);
-  }
   const std::string path(invocation.arguments.front());
   const auto bytes = readInput(path);
   if (!bytes) {

@@ -8,8 +8,7 @@
 #include <ctime>
 #include <utility>
 
-#include "standin/defaults/LowerCase.h"
-#include "standin/store/OldStyleParser.h"
+#include "standin/store/OldStyleText.h"
 #include "standin/store/XmlList.h"
 #include "system/Utf8.h"
 

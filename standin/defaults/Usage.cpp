@@ -1,8 +1,5 @@
-#include "standin/defaults/Usage.h"
-
-#include <string_view>
-
 #include "diagnostics/Console.h"
+#include "standin/defaults/Commands.h"
 
 namespace tarnwell::standin {
 namespace {

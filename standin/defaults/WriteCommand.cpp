@@ -1,5 +1,4 @@
 #include "standin/defaults/Commands.h"
-#include "standin/defaults/LogLine.h"
 #include "standin/defaults/TypedValue.h"
 #include "system/Utf8.h"
 
@@ -44,9 +43,6 @@ bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
 
 Status writeValue(const Invocation& invocation) {
   const Arguments arguments = invocation.arguments;
-  if (arguments.size() < 2) {
-    return misused();
-  }
   const std::string key(arguments.front());
   if (!system::isUtf8(key)) {
     return refused(key + " is not text in UTF-8");

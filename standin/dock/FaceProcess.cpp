@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 #include "diagnostics/Console.h"
-#include "standin/dock/OwnFolder.h"
+#include "system/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -31,7 +31,9 @@ std::unique_ptr<FaceProcess> FaceProcess::start() {
   }
   system::Descriptor told(ends[0]);
   const system::Descriptor heard(ends[1]);
-  auto process = system::Process::start({.words = {ownFolder() + "/dock-face"}, .input = heard.number()});
+  const auto own = system::runningExecutable();
+  auto process = own ? system::Process::start({.words = {own->parent_path() / "dock-face"}, .input = heard.number()})
+                     : own.error();
   if (!process) {
     diagnostics::printErrorLine("Dock: " + process.error().message);
     return nullptr;

@@ -9,11 +9,11 @@
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "standin/dock/OwnFolder.h"
 #include "standin/dock/Supervisor.h"
 #include "standin/store/SystemRoot.h"
 #include "system/FileLock.h"
 #include "system/Folders.h"
+#include "system/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -44,7 +44,11 @@ int supervise() {
     const bool isTaken = lock.error().error == EWOULDBLOCK;
     return fail(isTaken ? "another one is already running for " + *root : lock.error().message, 1);
   }
-  Supervisor(ownFolder() + "/Dock").run();
+  const auto own = system::runningExecutable();
+  if (!own) {
+    return fail(own.error().message, 1);
+  }
+  Supervisor(own->parent_path() / "Dock").run();
   return 0;
 }
 

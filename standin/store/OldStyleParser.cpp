@@ -1,11 +1,10 @@
-#include "standin/store/OldStyleParser.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "standin/store/OldStyleText.h"
 #include "system/Utf8.h"
 
 namespace tarnwell::standin {

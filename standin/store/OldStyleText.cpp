@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "standin/store/PropertyList.h"
 #include "standin/store/ValueText.h"
 #include "system/Utf8.h"
 

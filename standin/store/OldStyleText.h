@@ -1,11 +1,15 @@
 #pragma once
 
-#include <plist/plist.h>
-
 #include <string>
 #include <string_view>
 
+#include "standin/store/PropertyList.h"
+
 namespace tarnwell::standin {
+
+/// Reads an old-style property list, UTF-8: ( a, b ), { a = b; }, <0fbd77>, and texts in quotes or without. Numbers are
+/// texts. None when not all of the text is such a list.
+PropertyList parseOldStyleText(std::string_view text);
 
 /// A value as an old-style property list, dictionaries sorted by key. `level` is the depth of the containers around
 /// it; each adds four spaces. A container inside another carries its own indent before its bracket, as the system's

@@ -1,9 +1,15 @@
 #include "standin/store/PreferenceFile.h"
 
+#include <unistd.h>
+
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 #include <utility>
 
+#include "standin/store/Timestamp.h"
+#include "system/AtomicFile.h"
+#include "system/Folders.h"
 #include "system/ReadFile.h"
 
 namespace tarnwell::standin {
@@ -11,6 +17,8 @@ namespace {
 
 // Far above any real domain; it keeps a mistaken file from filling the memory.
 constexpr std::size_t largestStore = 64UL * 1024 * 1024;
+constexpr const char* lockName = "/.defaults.lock";
+constexpr mode_t ownerAlone = 0600;
 
 }  // namespace
 
@@ -31,6 +39,78 @@ StoredPreferences loadPreferences(const std::string& path) {
     return {StoreState::damaged, nullptr, "is not a property list: it has no dictionary at its top"};
   }
   return {StoreState::sound, std::move(list), ""};
+}
+
+system::Result<PreferenceTransaction> PreferenceTransaction::begin(const std::string& path) {
+  const std::string folder = system::folderOf(path);
+  if (!system::makeFolders(folder)) {
+    return system::systemFailure("cannot make the folder " + folder);
+  }
+  auto lock = system::FileLock::take(folder + lockName, system::FileLock::unlimited);
+  if (!lock) {
+    return lock.error();
+  }
+  StoredPreferences stored = loadPreferences(path);
+  if (stored.state == StoreState::unreadable) {
+    return system::Failure{path + " " + stored.reason};
+  }
+  if (!stored.dictionary) {
+    stored.dictionary.reset(plist_new_dict());
+  }
+  return PreferenceTransaction(path, std::move(*lock), std::move(stored));
+}
+
+system::Result<void> PreferenceTransaction::commit() {
+  const system::Result<std::string> bytes = binaryText(dictionary());
+  if (!bytes) {
+    return bytes.error();
+  }
+  system::AtomicFile file(path_, ownerAlone);
+  if (auto written = file.write(*bytes); !written) {
+    return written;
+  }
+  // The new store is complete before the damaged one moves: a full disk leaves everything in its place.
+  if (auto moved = setAside(); !moved) {
+    return moved;
+  }
+  return file.commit();
+}
+
+system::Result<void> PreferenceTransaction::remove() {
+  if (auto moved = setAside(); !moved) {
+    return moved;
+  }
+  const std::string removed = system::AtomicFile::passingPath(path_);
+  if (std::rename(path_.c_str(), removed.c_str()) != 0) {
+    return system::systemFailure("cannot remove " + path_);
+  }
+  if (!system::syncFolder(system::folderOf(path_))) {
+    system::Failure failure = system::systemFailure("cannot sync the folder of " + path_);
+    (void)std::rename(removed.c_str(), path_.c_str());
+    return failure;
+  }
+  // The store is gone; should its remains stay, the next write takes them away.
+  ::unlink(removed.c_str());
+  return {};
+}
+
+// A second name for the same file: there is no moment in which the store has neither its old nor its new content.
+system::Result<void> PreferenceTransaction::setAside() {
+  if (state() != StoreState::damaged) {
+    return {};
+  }
+  const std::string base = path_ + ".damaged-" + fileStamp();
+  for (int attempt = 1; attempt <= 1000; ++attempt) {
+    std::string aside = attempt == 1 ? base : base + "-" + std::to_string(attempt);
+    if (::link(path_.c_str(), aside.c_str()) == 0) {
+      setAsidePath_ = std::move(aside);
+      return {};
+    }
+    if (errno != EEXIST) {
+      break;
+    }
+  }
+  return system::systemFailure("cannot set aside " + path_);
 }
 
 }  // namespace tarnwell::standin

@@ -4,7 +4,6 @@
 #include <variant>
 
 #include "fuzz/Require.h"
-#include "standin/store/OldStyleParser.h"
 #include "standin/store/OldStyleText.h"
 #include "standin/store/PropertyList.h"
 #include "system/Utf8.h"

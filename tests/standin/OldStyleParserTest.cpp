@@ -1,12 +1,10 @@
-#include "standin/store/OldStyleParser.h"
+#include "standin/store/OldStyleText.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 #include <string>
 #include <vector>
-
-#include "standin/store/OldStyleText.h"
 
 namespace tarnwell::standin {
 namespace {

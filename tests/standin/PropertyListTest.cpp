@@ -11,7 +11,7 @@
 
 #include "fuzz/Mutation.h"
 #include "standin/MacSystem.h"
-#include "standin/store/PreferenceTransaction.h"
+#include "standin/store/PreferenceFile.h"
 #include "standin/store/ValueText.h"
 
 namespace tarnwell::standin {
