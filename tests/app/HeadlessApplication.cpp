@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "kit/controls/TabBar.h"
-#include "view/tree/Dump.h"
+#include "view/Dump.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::app {

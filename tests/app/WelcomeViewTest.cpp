@@ -4,8 +4,8 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
+#include "view/Dump.h"
 #include "view/scenes/HostedWindow.h"
-#include "view/tree/Dump.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::app {

@@ -5,10 +5,10 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/controls/Toggle.h"
+#include "view/Dump.h"
 #include "view/controls/Label.h"
 #include "view/controls/Text.h"
 #include "view/scenes/HostedWindow.h"
-#include "view/tree/Dump.h"
 
 namespace tarnwell::launchatlogin {
 namespace {

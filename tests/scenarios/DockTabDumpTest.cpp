@@ -4,7 +4,7 @@
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessHost.h"
 #include "scenarios/DockTab.h"
-#include "view/tree/Dump.h"
+#include "view/Dump.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::scenarios {

@@ -8,7 +8,7 @@
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TextLabel.h"
 #include "scenarios/DockTab.h"
-#include "view/tree/Dump.h"
+#include "view/Dump.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::scenarios {

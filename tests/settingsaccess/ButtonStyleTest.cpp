@@ -8,11 +8,11 @@
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "settingsaccess/SettingsDelegate.h"
+#include "view/Dump.h"
 #include "view/controls/Button.h"
 #include "view/controls/SettingsLink.h"
 #include "view/controls/Text.h"
 #include "view/scenes/HostedWindow.h"
-#include "view/tree/Dump.h"
 #include "view/tree/MountedNode.h"
 #include "view/tree/MountedTree.h"
 

@@ -5,8 +5,8 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/controls/Button.h"
+#include "view/Dump.h"
 #include "view/scenes/HostedWindow.h"
-#include "view/tree/Dump.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::updates {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "host/headless/PointNumberFormat.h"
+#include "view/Dump.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Dump.h"
 #include "view/tree/State.h"
 
 namespace tarnwell::view {

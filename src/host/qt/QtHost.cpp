@@ -5,21 +5,22 @@
 
 #include "host/painted/PaintedPeer.h"
 #include "host/qt/accessibility/Accessibility.h"
-#include "host/qt/controls/BoxPeer.h"
-#include "host/qt/controls/ButtonPeer.h"
 #include "host/qt/controls/ControlLink.h"
-#include "host/qt/controls/PanePeer.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/controls/PopUpButtonPeer.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
-#include "host/qt/controls/SliderPeer.h"
-#include "host/qt/controls/StepperPeer.h"
-#include "host/qt/controls/SymbolViewPeer.h"
-#include "host/qt/controls/TabBarPeer.h"
 #include "host/qt/controls/TextFieldPeer.h"
 #include "host/qt/controls/TextLabelPeer.h"
-#include "host/qt/controls/TogglePeer.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/window/WindowPeer.h"
+#include "kit/controls/Box.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/Pane.h"
+#include "kit/controls/Slider.h"
+#include "kit/controls/Stepper.h"
+#include "kit/controls/SymbolView.h"
+#include "kit/controls/TabBar.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
 
@@ -37,15 +38,15 @@ std::unique_ptr<kit::WindowPeer> QtHost::peer(kit::Window& window) {
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {
-  return std::make_unique<BoxPeer>(box, theme_, Container::contentOf(parent));
+  return std::make_unique<WidgetPeer>(box, makeWidget(box, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Button& button, kit::Peer& parent) {
-  return host_painted::paintedPeer<ButtonPeer>(button, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(button, *this, makeWidget(button, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
-  return std::make_unique<PanePeer>(pane, theme_, Container::contentOf(parent));
+  return std::make_unique<WidgetPeer>(pane, makeWidget(pane, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {
@@ -57,19 +58,20 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Slider& slider, kit::Peer& parent) {
-  return host_painted::paintedPeer<SliderPeer>(slider, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(slider, *this, makeWidget(slider, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Stepper& stepper, kit::Peer& parent) {
-  return host_painted::paintedPeer<StepperPeer>(stepper, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(stepper, *this,
+                                               makeWidget(stepper, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::SymbolView& symbol, kit::Peer& parent) {
-  return host_painted::paintedPeer<SymbolViewPeer>(symbol, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(symbol, *this, makeWidget(symbol, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TabBar& bar, kit::Peer& parent) {
-  return host_painted::paintedPeer<TabBarPeer>(bar, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(bar, *this, makeWidget(bar, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::TextField& field, kit::Peer& parent) {
@@ -81,7 +83,7 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::TextLabel& label, kit::Peer& parent
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::Toggle& toggle, kit::Peer& parent) {
-  return host_painted::paintedPeer<TogglePeer>(toggle, *this, theme_, Container::contentOf(parent));
+  return host_painted::paintedPeer<WidgetPeer>(toggle, *this, makeWidget(toggle, theme_, Container::contentOf(parent)));
 }
 
 kit::Measurement QtHost::measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const {

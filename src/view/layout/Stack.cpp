@@ -1,13 +1,131 @@
 #include "view/layout/Stack.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
-#include "view/layout/StackLayout.h"
+#include "view/tree/MountedNode.h"
 #include "view/values/Alignment.h"
 #include "view/values/PlainText.h"
 
 namespace tarnwell::view {
 namespace {
+
+/// More than any window has, and still exact as a whole number of points.
+constexpr double unbounded = 100000;
+
+enum class Axis { horizontal, vertical };
+
+/// Shares a length out among children: first to the least flexible, each taking what it wants of an even share of what
+/// is left, so that the flexible ones end up alike; spacers get what remains.
+class StackLayout {
+ public:
+  struct Item {
+    MountedNode* node = nullptr;
+    kit::Measurement measurement = {};
+  };
+
+  StackLayout(Axis axis, double spacing) : axis_(axis), spacing_(spacing) {}
+
+  /// The children that take part, measured for `proposal`, in their order.
+  std::vector<Item> measure(const std::vector<std::shared_ptr<MountedNode>>& children, kit::Proposal proposal) const;
+
+  double length(kit::Size size) const { return axis_ == Axis::horizontal ? size.width : size.height; }
+  double breadth(kit::Size size) const { return axis_ == Axis::horizontal ? size.height : size.width; }
+  double totalLength(const std::vector<Item>& items) const;
+
+ private:
+  kit::Proposal along(std::optional<double> length, kit::Proposal proposal) const;
+  double flexibility(MountedNode& node, kit::Proposal proposal) const;
+  /// Measures the item for that length.
+  void take(Item& item, std::optional<double> length, kit::Proposal proposal) const;
+  void share(std::vector<Item>& items, double room, kit::Proposal proposal) const;
+  void shareAmongSpacers(std::vector<Item>& items, double part, kit::Proposal proposal) const;
+
+  Axis axis_;
+  double spacing_;
+};
+
+std::vector<StackLayout::Item> StackLayout::measure(const std::vector<std::shared_ptr<MountedNode>>& children,
+                                                    kit::Proposal proposal) const {
+  std::vector<Item> items;
+  items.reserve(children.size());
+  for (const auto& child : children) {
+    if (!child->isEmpty()) {
+      items.push_back({.node = child.get()});
+    }
+  }
+  const std::optional<double> room = axis_ == Axis::horizontal ? proposal.width : proposal.height;
+  if (room) {
+    const double gaps = items.empty() ? 0 : spacing_ * static_cast<double>(items.size() - 1);
+    share(items, *room - gaps, proposal);
+  } else {
+    for (Item& item : items) {
+      take(item, std::nullopt, proposal);
+    }
+  }
+  return items;
+}
+
+double StackLayout::totalLength(const std::vector<Item>& items) const {
+  double total = items.empty() ? 0 : spacing_ * static_cast<double>(items.size() - 1);
+  for (const Item& item : items) {
+    total += length(item.measurement.size);
+  }
+  return total;
+}
+
+kit::Proposal StackLayout::along(std::optional<double> length, kit::Proposal proposal) const {
+  if (axis_ == Axis::horizontal) {
+    return {.width = length, .height = proposal.height};
+  }
+  return {.width = proposal.width, .height = length};
+}
+
+double StackLayout::flexibility(MountedNode& node, kit::Proposal proposal) const {
+  return length(node.measure(along(unbounded, proposal)).size) - length(node.measure(along(0, proposal)).size);
+}
+
+void StackLayout::take(Item& item, std::optional<double> length, kit::Proposal proposal) const {
+  item.measurement = item.node->measure(along(length, proposal));
+  if (item.node->isSpacer()) {
+    (axis_ == Axis::horizontal ? item.measurement.size.height : item.measurement.size.width) = 0;
+  }
+}
+
+void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal proposal) const {
+  std::vector<std::pair<double, Item*>> takers;
+  takers.reserve(items.size());
+  double spacers = 0;
+  for (Item& item : items) {
+    if (item.node->isSpacer()) {
+      // Its least length is not the others' to take.
+      take(item, 0, proposal);
+      room -= length(item.measurement.size);
+      ++spacers;
+    } else {
+      takers.emplace_back(flexibility(*item.node, proposal), &item);
+    }
+  }
+  // Of two that give way alike, the first takes first.
+  std::ranges::sort(takers);
+  std::size_t left = takers.size();
+  for (const auto& [flexibility, item] : takers) {
+    take(*item, std::max(0.0, room) / static_cast<double>(left--), proposal);
+    room -= length(item->measurement.size);
+  }
+  if (spacers > 0) {
+    shareAmongSpacers(items, std::max(0.0, room) / spacers, proposal);
+  }
+}
+
+void StackLayout::shareAmongSpacers(std::vector<Item>& items, double part, kit::Proposal proposal) const {
+  for (Item& item : items) {
+    if (item.node->isSpacer()) {
+      take(item, length(item.measurement.size) + part, proposal);
+    }
+  }
+}
 
 using Items = std::vector<StackLayout::Item>;
 

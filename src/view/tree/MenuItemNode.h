@@ -18,7 +18,12 @@ class MenuItemNode : public MountedNode {
   virtual std::shared_ptr<kit::MenuItem> makeItem() = 0;
   virtual void updateItem(kit::MenuItem& item) = 0;
 
-  void apply() final;
+  void apply() final {
+    if (!item_) {
+      item_ = makeItem();
+    }
+    updateItem(*item_);
+  }
   kit::Measurement layOut(kit::Proposal /*proposal*/) final { return {}; }
   void placeContent(const kit::Rect& /*frame*/) final {}
 

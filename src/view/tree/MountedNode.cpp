@@ -57,6 +57,14 @@ void MountedNode::markDirty() {
   }
 }
 
+kit::Action MountedNode::markingDirty() {
+  return [weak = weak_from_this()] {
+    if (const auto node = weak.lock()) {
+      node->markDirty();
+    }
+  };
+}
+
 kit::Peer& MountedNode::peerForChildren() const {
   return parent_ != nullptr ? parent_->peerForChildren() : tree_.rootPeer();
 }

@@ -7,6 +7,7 @@
 
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
+#include "kit/turn/Action.h"
 #include "view/tree/AccessibleContext.h"
 #include "view/tree/Place.h"
 
@@ -37,6 +38,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
 
   /// Refreshes when the tree settles next.
   void markDirty();
+  /// Does that for as long as the node lives, and nothing afterwards.
+  kit::Action markingDirty();
 
   bool isMounted() const { return mounted_; }
   bool isDirty() const { return dirty_; }

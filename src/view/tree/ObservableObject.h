@@ -41,11 +41,7 @@ class ObservedObject {
   T* operator->() const { return object_.get(); }
 
   void link(MountedNode& node, const ObservedObject* /*previous*/) {
-    subscription_ = object_->observe([weak = node.weak_from_this()] {
-      if (const auto owner = weak.lock()) {
-        owner->markDirty();
-      }
-    });
+    subscription_ = object_->observe(node.markingDirty());
   }
   void unlink() { subscription_.invalidate(); }
 
@@ -75,11 +71,7 @@ class EnvironmentObject {
 
   void link(MountedNode& node, const EnvironmentObject* /*previous*/) {
     object_ = node.environment().template object<T>();
-    subscription_ = get()->observe([weak = node.weak_from_this()] {
-      if (const auto owner = weak.lock()) {
-        owner->markDirty();
-      }
-    });
+    subscription_ = get()->observe(node.markingDirty());
   }
   void unlink() { subscription_.invalidate(); }
 

@@ -4,10 +4,31 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "view/tree/Cell.h"
+#include "view/tree/MountedNode.h"
 #include "view/values/Binding.h"
+#include "view/values/Same.h"
 
 namespace tarnwell::view {
+
+/// The value behind a state, and what to do when it changes.
+template <class T>
+class Cell {
+ public:
+  Cell(T value, kit::Action changed) : value_(std::move(value)), changed_(std::move(changed)) {}
+
+  const T& value() const { return value_; }
+
+  void set(T value) {
+    if (!same(value_, value)) {
+      value_ = std::move(value);
+      changed_();
+    }
+  }
+
+ private:
+  T value_;
+  kit::Action changed_;
+};
 
 /// A value that belongs to the place in the tree: it outlives the composite that names it and goes with the node.
 /// Main thread only; a `set` before the view is mounted is a fault.
@@ -28,7 +49,7 @@ class State {
   }
 
   void link(MountedNode& node, const State* previous) {
-    cell_ = previous != nullptr ? previous->cell_ : std::make_shared<Cell<T>>(initial_, node.weak_from_this());
+    cell_ = previous != nullptr ? previous->cell_ : std::make_shared<Cell<T>>(initial_, node.markingDirty());
   }
   void unlink() {}
 

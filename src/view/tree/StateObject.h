@@ -38,19 +38,11 @@ class StateObject {
   }
 
   void link(MountedNode& node, const StateObject* previous) {
-    object_ = previous != nullptr ? previous->object_ : make_(node.environment(), marking(node));
+    object_ = previous != nullptr ? previous->object_ : make_(node.environment(), node.markingDirty());
   }
   void unlink() {}
 
  private:
-  static kit::Action marking(MountedNode& node) {
-    return [weak = node.weak_from_this()] {
-      if (const auto owner = weak.lock()) {
-        owner->markDirty();
-      }
-    };
-  }
-
   Make make_;
   std::shared_ptr<T> object_;
 };

@@ -1,4 +1,4 @@
-#include "view/tree/Dump.h"
+#include "view/Dump.h"
 
 #include <gtest/gtest.h>
 

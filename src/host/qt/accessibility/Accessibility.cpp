@@ -1,10 +1,10 @@
 #include "host/qt/accessibility/Accessibility.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QFontMetrics>
 #include <QtWidgets/QLineEdit>
 
 #include "host/qt/accessibility/AccessibleControl.h"
-#include "host/qt/accessibility/AccessibleTextField.h"
 #include "host/qt/controls/Announcement.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
@@ -12,6 +12,97 @@
 
 namespace tarnwell::host_qt {
 namespace {
+
+/// A text field: what is shown in it, the caret and the selection. A text that is set counts as typed.
+class AccessibleTextField final : public AccessibleControl,
+                                  public QAccessibleTextInterface,
+                                  public QAccessibleEditableTextInterface {
+ public:
+  AccessibleTextField(QLineEdit* edit, ControlLink& link) : AccessibleControl(edit, link) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    switch (type) {
+      case QAccessible::TextInterface:
+        return static_cast<QAccessibleTextInterface*>(this);
+      case QAccessible::EditableTextInterface:
+        return static_cast<QAccessibleEditableTextInterface*>(this);
+      default:
+        return AccessibleControl::interface_cast(type);
+    }
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = AccessibleControl::state();
+    state.editable = true;
+    state.selectableText = true;
+    return state;
+  }
+
+  using AccessibleControl::text;
+
+  void selection(int index, int* start, int* end) const override {
+    const bool isSelected = index == 0 && edit()->hasSelectedText();
+    *start = isSelected ? edit()->selectionStart() : 0;
+    *end = isSelected ? edit()->selectionEnd() : 0;
+  }
+
+  int selectionCount() const override { return edit()->hasSelectedText() ? 1 : 0; }
+  void addSelection(int start, int end) override { setSelection(0, start, end); }
+
+  void removeSelection(int index) override {
+    if (index == 0) {
+      edit()->deselect();
+    }
+  }
+
+  void setSelection(int index, int start, int end) override {
+    if (index == 0) {
+      edit()->setSelection(start, end - start);
+    }
+  }
+
+  int cursorPosition() const override { return edit()->cursorPosition(); }
+  void setCursorPosition(int position) override { edit()->setCursorPosition(position); }
+  QString text(int start, int end) const override { return edit()->text().mid(start, end - start); }
+  int characterCount() const override { return static_cast<int>(edit()->text().size()); }
+
+  // The toolkit tells where the caret is; every character is as far from there as the text between is wide.
+  QRect characterRect(int offset) const override {
+    const QString shown = edit()->text();
+    const QFontMetrics metrics(edit()->font());
+    const QRectF caret = edit()->inputMethodQuery(Qt::ImCursorRectangle).toRectF();
+    const auto distance = [&](int count) { return metrics.horizontalAdvance(shown.left(count)); };
+    const double left = caret.center().x() + distance(offset) - distance(edit()->cursorPosition());
+    const QPoint corner(static_cast<int>(left), static_cast<int>(caret.top()));
+    return {edit()->mapToGlobal(corner), QSize(metrics.horizontalAdvance(shown.mid(offset, 1)), metrics.height())};
+  }
+
+  int offsetAtPoint(const QPoint& point) const override {
+    return edit()->cursorPositionAt(edit()->mapFromGlobal(point));
+  }
+
+  void scrollToSubstring(int start, int end) override {
+    setCursorPosition(end);
+    setCursorPosition(start);
+  }
+
+  // The same over the whole text.
+  QString attributes(int /*offset*/, int* start, int* end) const override {
+    *start = 0;
+    *end = characterCount();
+    return {};
+  }
+
+  void deleteText(int start, int end) override { replaceText(start, end, {}); }
+  void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+
+  void replaceText(int start, int end, const QString& text) override {
+    setText(QAccessible::Value, edit()->text().replace(start, end - start, text));
+  }
+
+ private:
+  QLineEdit* edit() const { return static_cast<QLineEdit*>(widget()); }
+};
 
 QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   auto* edit = qobject_cast<QLineEdit*>(widget);

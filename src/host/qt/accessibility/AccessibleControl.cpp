@@ -1,12 +1,15 @@
 #include "host/qt/accessibility/AccessibleControl.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QMenu>
 #include <algorithm>
+#include <optional>
 
-#include "host/qt/accessibility/AccessibleTab.h"
+#include "host/painted/TabGeometry.h"
 #include "host/qt/controls/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/controls/Control.h"
+#include "kit/controls/TabBar.h"
 #include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
@@ -75,6 +78,79 @@ QString inWords(const kit::AccessibleValue& value) {
 QString sentences(const QString& first, const QString& second) {
   return first + (first.isEmpty() || second.isEmpty() ? "" : ". ") + second;
 }
+
+/// One tab of a tab bar, as a screen reader is told of it.
+class AccessibleTab final : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  AccessibleTab(QWidget* bar, int index) : bar_(bar), index_(index) {}
+
+  bool isValid() const override { return part().has_value(); }
+  QObject* object() const override { return nullptr; }
+  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(bar_); }
+  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name && isValid() ? toQString(part()->name) : QString();
+  }
+
+  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+
+  QRect rect() const override {
+    if (!isValid()) {
+      return {};
+    }
+    const QRect inBar = toQRect(host_painted::rectOfTab(static_cast<const kit::TabBar&>(*bar()), index_));
+    return {bar_->mapToGlobal(inBar.topLeft()), inBar.size()};
+  }
+
+  QAccessible::Role role() const override { return QAccessible::PageTab; }
+
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    const auto shown = part();
+    state.selectable = true;
+    state.invalid = !shown;
+    state.selected = shown && shown->selected;
+    state.focusable = true;
+    state.focused = state.selected && bar_->hasFocus();
+    state.disabled = shown && !bar()->isEnabled();
+    return state;
+  }
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+  }
+
+  QStringList actionNames() const override { return {pressAction()}; }
+
+  void doAction(const QString& name) override {
+    if (isValid() && name == pressAction()) {
+      bar()->perform({.action = kit::AccessibleAction::choosePart, .part = index_});
+    }
+  }
+
+  QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
+
+ private:
+  /// Null once the bar is gone.
+  kit::Control* bar() const {
+    const ControlLink* link = ControlLink::of(bar_);
+    return link != nullptr ? link->control() : nullptr;
+  }
+
+  /// None once the bar, or the tab in it, is gone.
+  std::optional<kit::AccessiblePart> part() const {
+    const auto parts = bar() != nullptr ? bar()->accessibleParts() : std::vector<kit::AccessiblePart>();
+    const auto index = static_cast<std::size_t>(index_);
+    return index < parts.size() ? std::optional(parts[index]) : std::nullopt;
+  }
+
+  QPointer<QWidget> bar_;
+  int index_;
+};
 
 }  // namespace
 

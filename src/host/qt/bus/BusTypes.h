@@ -2,21 +2,23 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
-#include <QtCore/QMetaType>
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
+#include <tuple>
 
 namespace tarnwell::host_qt {
 
-// The structures of what is said on the bus.
+// The structures of what is said on the bus. `members` names those of each in the order of the bus.
 
 /// One size of a picture: rows of 32-bit pixels, alpha first, the most significant byte first.
 struct BusImage {
   int width = 0;
   int height = 0;
   QByteArray pixels = {};
+
+  auto members() { return std::tie(width, height, pixels); }
 };
 
 struct BusToolTip {
@@ -24,11 +26,15 @@ struct BusToolTip {
   QList<BusImage> icon = {};
   QString title = {};
   QString text = {};
+
+  auto members() { return std::tie(iconName, icon, title, text); }
 };
 
 struct BusMenuItem {
   int id = 0;
   QVariantMap properties = {};
+
+  auto members() { return std::tie(id, properties); }
 };
 
 /// An entry and those below it, each one a BusMenuLayout.
@@ -36,6 +42,8 @@ struct BusMenuLayout {
   int id = 0;
   QVariantMap properties = {};
   QVariantList children = {};
+
+  auto members() { return std::tie(id, properties, children); }
 };
 
 struct BusMenuEvent {
@@ -43,6 +51,8 @@ struct BusMenuEvent {
   QString kind = {};
   QDBusVariant data = {};
   uint timestamp = 0;
+
+  auto members() { return std::tie(id, kind, data, timestamp); }
 };
 
 /// A colour of the portal's; each channel is between 0 and 1, or there is none.
@@ -50,29 +60,32 @@ struct BusColor {
   double red = 0;
   double green = 0;
   double blue = 0;
+
+  auto members() { return std::tie(red, green, blue); }
 };
 
 /// Makes them known to the toolkit; before the first of them is sent or received.
 void registerBusTypes();
 
-QDBusArgument& operator<<(QDBusArgument& argument, const BusImage& image);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusImage& image);
-QDBusArgument& operator<<(QDBusArgument& argument, const BusToolTip& toolTip);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusToolTip& toolTip);
-QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuItem& item);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuItem& item);
-QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuLayout& layout);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuLayout& layout);
-QDBusArgument& operator<<(QDBusArgument& argument, const BusMenuEvent& event);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& event);
-QDBusArgument& operator<<(QDBusArgument& argument, const BusColor& color);
-const QDBusArgument& operator>>(const QDBusArgument& argument, BusColor& color);
+template <class T>
+concept BusStructure = requires(T& structure) {
+  structure.members();
+};
+
+template <BusStructure T>
+QDBusArgument& operator<<(QDBusArgument& argument, T structure) {
+  argument.beginStructure();
+  std::apply([&](const auto&... members) { (argument << ... << members); }, structure.members());
+  argument.endStructure();
+  return argument;
+}
+
+template <BusStructure T>
+const QDBusArgument& operator>>(const QDBusArgument& argument, T& structure) {
+  argument.beginStructure();
+  std::apply([&](auto&... members) { (argument >> ... >> members); }, structure.members());
+  argument.endStructure();
+  return argument;
+}
 
 }  // namespace tarnwell::host_qt
-
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusImage)
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusToolTip)
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuItem)
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuLayout)
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusMenuEvent)
-Q_DECLARE_METATYPE(tarnwell::host_qt::BusColor)

@@ -1,11 +1,10 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <QtCore/QRectF>
 #include <utility>
 
 #include "kit/turn/Action.h"
-
-class QObject;
 
 namespace tarnwell::kit {
 class Control;
@@ -44,7 +43,7 @@ class ControlLink {
   }
 
   /// The link of a widget that shows a control, else null.
-  static ControlLink* of(QObject* object) noexcept;
+  static ControlLink* of(QObject* object) noexcept { return dynamic_cast<ControlLink*>(object); }
 
  private:
   kit::Control* control_;

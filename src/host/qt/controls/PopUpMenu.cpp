@@ -3,6 +3,7 @@
 #include <QtGui/QBitmap>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QProxyStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -12,7 +13,6 @@
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/menus/ItemLine.h"
-#include "host/qt/menus/PopUpMenuStyle.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -24,6 +24,32 @@ constexpr double checkWidth = 20;
 constexpr double trailingSpace = 14;
 constexpr double popUpRadius = 7;
 constexpr double rowRadius = 5;
+
+// The measures of a menu that paints its own rows.
+class PopUpMenuStyle final : public QProxyStyle {
+ public:
+  explicit PopUpMenuStyle(QSize row) : row_(row) {}
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    return type == CT_MenuItem ? row_ : QProxyStyle::sizeFromContents(type, option, size, widget);
+  }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    switch (metric) {
+      case PM_MenuVMargin:
+      case PM_MenuHMargin:
+        return popUpMargin;
+      case PM_MenuPanelWidth:
+        return 0;
+      default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+  }
+
+ private:
+  QSize row_;
+};
 
 // The menu ends where the button does, unless a row needs more.
 QSize rowSize(const kit::PopUpButton& button, const Theme& theme) {
@@ -53,7 +79,7 @@ PopUpMenu::PopUpMenu(const kit::PopUpButton& button, const Theme& theme, QWidget
   setAttribute(Qt::WA_DeleteOnClose);
   const QSize row = rowSize(button, theme);
   rowHeight_ = row.height();
-  auto* style = new PopUpMenuStyle(row, popUpMargin);
+  auto* style = new PopUpMenuStyle(row);
   style->setParent(this);
   setStyle(style);
   for (int i = 0; i < static_cast<int>(items_.size()); ++i) {

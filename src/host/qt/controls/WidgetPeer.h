@@ -16,6 +16,8 @@ namespace tarnwell::host_qt {
 /// of sight at once and has it deleted when its events are over.
 class WidgetPeer : public kit::Peer, public Container {
  public:
+  /// `widget` is a ControlLink to `control`, and a child of the parent peer's content.
+  WidgetPeer(kit::Control& control, QWidget* widget);
   ~WidgetPeer() override;
 
   /// Null once the parent widget is gone.
@@ -29,9 +31,6 @@ class WidgetPeer : public kit::Peer, public Container {
   static QWidget* widgetOf(const kit::Control& control);
 
  protected:
-  /// `widget` is a ControlLink to `control`, and a child of the parent peer's content.
-  WidgetPeer(kit::Control& control, QWidget* widget);
-
   /// For what the widget does not simply paint from the control's state.
   virtual void showState(kit::Aspect aspect);
   virtual void placed() {}

@@ -1,11 +1,10 @@
-#include "host/qt/controls/StepperPeer.h"
-
 #include <QtCore/QBasicTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/Stepper.h"
@@ -123,7 +122,8 @@ class StepperWidget final : public ControlWidget {
 
 }  // namespace
 
-StepperPeer::StepperPeer(kit::Stepper& stepper, const Theme& theme, QWidget* parent)
-    : WidgetPeer(stepper, new StepperWidget(stepper, theme, parent)) {}
+QWidget* makeWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent) {
+  return new StepperWidget(stepper, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

@@ -1,6 +1,5 @@
-#include "host/qt/controls/PanePeer.h"
-
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "kit/controls/Pane.h"
 
 namespace tarnwell::host_qt {
@@ -17,7 +16,8 @@ class PaneWidget final : public ControlWidget {
 
 }  // namespace
 
-PanePeer::PanePeer(kit::Pane& pane, const Theme& theme, QWidget* parent)
-    : WidgetPeer(pane, new PaneWidget(pane, theme, parent)) {}
+QWidget* makeWidget(kit::Pane& pane, const Theme& theme, QWidget* parent) {
+  return new PaneWidget(pane, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

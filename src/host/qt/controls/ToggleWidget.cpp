@@ -1,7 +1,6 @@
-#include "host/qt/controls/TogglePeer.h"
-
 #include <QtGui/QPainter>
 
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/controls/PressableWidget.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
@@ -38,7 +37,8 @@ class ToggleWidget final : public PressableWidget {
 
 }  // namespace
 
-TogglePeer::TogglePeer(kit::Toggle& toggle, const Theme& theme, QWidget* parent)
-    : WidgetPeer(toggle, new ToggleWidget(toggle, theme, parent)) {}
+QWidget* makeWidget(kit::Toggle& toggle, const Theme& theme, QWidget* parent) {
+  return new ToggleWidget(toggle, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

@@ -1,8 +1,7 @@
-#include "host/qt/controls/BoxPeer.h"
-
 #include <QtGui/QPainter>
 
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/Box.h"
@@ -39,7 +38,6 @@ class BoxWidget final : public ControlWidget {
 
 }  // namespace
 
-BoxPeer::BoxPeer(kit::Box& box, const Theme& theme, QWidget* parent)
-    : WidgetPeer(box, new BoxWidget(box, theme, parent)) {}
+QWidget* makeWidget(kit::Box& box, const Theme& theme, QWidget* parent) { return new BoxWidget(box, theme, parent); }
 
 }  // namespace tarnwell::host_qt

@@ -1,5 +1,3 @@
-#include "host/qt/controls/SliderPeer.h"
-
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -9,6 +7,7 @@
 #include "host/painted/ControlMetrics.h"
 #include "host/painted/SliderGeometry.h"
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
@@ -142,7 +141,8 @@ class SliderWidget final : public ControlWidget {
 
 }  // namespace
 
-SliderPeer::SliderPeer(kit::Slider& slider, const Theme& theme, QWidget* parent)
-    : WidgetPeer(slider, new SliderWidget(slider, theme, parent)) {}
+QWidget* makeWidget(kit::Slider& slider, const Theme& theme, QWidget* parent) {
+  return new SliderWidget(slider, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

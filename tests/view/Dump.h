@@ -1,12 +1,14 @@
-#include "view/tree/Dump.h"
+#pragma once
+
+#include <string>
 
 #include "kit/controls/Control.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {
-namespace {
 
-void append(const MountedNode& node, int indent, std::string& picture) {
+/// Adds what stands at `node` and below it to a picture.
+inline void append(const MountedNode& node, int indent, std::string& picture) {
   const std::string summary = node.summary();
   if (!summary.empty()) {
     picture += std::string(static_cast<std::size_t>(indent) * 2, ' ') + summary;
@@ -20,9 +22,9 @@ void append(const MountedNode& node, int indent, std::string& picture) {
   }
 }
 
-}  // namespace
-
-std::string dump(const MountedNode& node) {
+/// A picture of what stands below `node`: a line for each view, indented by depth, from the controls' own state. Nodes
+/// that only pass things on are left out; a disabled control and a turned one say so. Calls no body.
+inline std::string dump(const MountedNode& node) {
   std::string picture;
   append(node, 0, picture);
   return picture;

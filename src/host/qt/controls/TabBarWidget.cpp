@@ -1,5 +1,3 @@
-#include "host/qt/controls/TabBarPeer.h"
-
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -10,6 +8,7 @@
 #include "host/painted/ControlMetrics.h"
 #include "host/painted/TabGeometry.h"
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
@@ -136,7 +135,8 @@ class TabBarWidget final : public ControlWidget {
 
 }  // namespace
 
-TabBarPeer::TabBarPeer(kit::TabBar& bar, const Theme& theme, QWidget* parent)
-    : WidgetPeer(bar, new TabBarWidget(bar, theme, parent)) {}
+QWidget* makeWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent) {
+  return new TabBarWidget(bar, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

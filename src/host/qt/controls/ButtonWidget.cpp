@@ -1,8 +1,7 @@
-#include "host/qt/controls/ButtonPeer.h"
-
 #include <QtGui/QPainter>
 #include <cmath>
 
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/controls/PressableWidget.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
@@ -76,7 +75,8 @@ class ButtonWidget final : public PressableWidget {
 
 }  // namespace
 
-ButtonPeer::ButtonPeer(kit::Button& button, const Theme& theme, QWidget* parent)
-    : WidgetPeer(button, new ButtonWidget(button, theme, parent)) {}
+QWidget* makeWidget(kit::Button& button, const Theme& theme, QWidget* parent) {
+  return new ButtonWidget(button, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

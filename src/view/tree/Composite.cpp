@@ -1,4 +1,4 @@
-#include "view/tree/CompositeNode.h"
+#include "view/tree/Composite.h"
 
 #include "kit/turn/Turn.h"
 #include "view/tree/MountedTree.h"

@@ -1,9 +1,8 @@
-#include "host/qt/controls/SymbolViewPeer.h"
-
 #include <QtGui/QPainter>
 #include <algorithm>
 
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/SymbolView.h"
 
@@ -29,7 +28,8 @@ class SymbolWidget final : public ControlWidget {
 
 }  // namespace
 
-SymbolViewPeer::SymbolViewPeer(kit::SymbolView& symbol, const Theme& theme, QWidget* parent)
-    : WidgetPeer(symbol, new SymbolWidget(symbol, theme, parent)) {}
+QWidget* makeWidget(kit::SymbolView& symbol, const Theme& theme, QWidget* parent) {
+  return new SymbolWidget(symbol, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt

@@ -1,0 +1,31 @@
+#pragma once
+
+class QWidget;
+
+namespace tarnwell::kit {
+class Box;
+class Button;
+class Pane;
+class Slider;
+class Stepper;
+class SymbolView;
+class TabBar;
+class Toggle;
+}  // namespace tarnwell::kit
+
+namespace tarnwell::host_qt {
+
+class Theme;
+
+// The widgets of the controls that need no more than a WidgetPeer. The parent has them.
+
+QWidget* makeWidget(kit::Box& box, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::Button& button, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::Pane& pane, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::Slider& slider, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::Toggle& toggle, const Theme& theme, QWidget* parent);
+
+}  // namespace tarnwell::host_qt
