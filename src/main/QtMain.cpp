@@ -23,7 +23,7 @@ int failed(const std::string& message, int status) {
 }
 
 int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, const kit::Product& product,
-        const host_linux::Start& start, const host_linux::LaunchArguments& launch) {
+        const host_linux::ProcessSetup& start, const host_linux::LaunchArguments& launch) {
   if (!instance.listen(toolkit)) {
     return EXIT_SUCCESS;
   }
@@ -37,7 +37,7 @@ int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, cons
 }
 
 /// For a further start that was told that this process runs, which then ended.
-void startAnew(const host_linux::Start& start, const std::string& token) {
+void startAnew(const host_linux::ProcessSetup& start, const std::string& token) {
   const auto program = updater::programToStart(start.executable).string();
   if (const auto started = host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, program}); !started) {
     diagnostics::reportError(started.error().message);
@@ -45,7 +45,7 @@ void startAnew(const host_linux::Start& start, const std::string& token) {
 }
 
 int start(int argc, char** argv, const kit::Product& product, const host_linux::LaunchArguments& launch) {
-  const auto start = host_linux::Start::prepare(product.program);
+  const auto start = host_linux::ProcessSetup::prepare(product.program);
   if (!start) {
     return failed(start.error().message, EXIT_FAILURE);
   }

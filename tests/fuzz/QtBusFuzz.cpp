@@ -17,8 +17,8 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/session/ApplicationService.h"
-#include "host/qt/session/FirstAnswers.h"
 #include "host/qt/session/PortalSettings.h"
+#include "host/qt/session/StartupBarrier.h"
 #include "host/qt/tray/BusStatusItem.h"
 #include "host/qt/tray/StatusImage.h"
 #include "host/qt/tray/TrayWatch.h"
@@ -196,7 +196,7 @@ struct Questions {
   Questions(const QDBusConnection& connection, host_qt::Theme& theme)
       : answers(std::chrono::minutes(1)), portal(connection, theme, answers), tray(connection, answers) {}
 
-  host_qt::FirstAnswers answers;
+  host_qt::StartupBarrier answers;
   host_qt::PortalSettings portal;
   host_qt::TrayWatch tray;
 };

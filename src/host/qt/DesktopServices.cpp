@@ -10,8 +10,8 @@
 
 namespace tarnwell::host_qt {
 
-DesktopServices::DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::Start& start,
-                                 updater::UpdateSource updates)
+DesktopServices::DesktopServices(QtApplication& toolkit, const kit::Product& product,
+                                 const host_linux::ProcessSetup& start, updater::UpdateSource updates)
     : toolkit_(toolkit),
       product_(product),
       start_(start),

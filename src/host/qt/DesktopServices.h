@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/linux/JournalLog.h"
-#include "host/linux/Start.h"
+#include "host/linux/ProcessSetup.h"
 #include "host/linux/XdgLoginItem.h"
 #include "host/qt/QtPlatform.h"
 #include "updater/UpdateSource.h"
@@ -12,7 +12,7 @@ namespace tarnwell::host_qt {
 class DesktopServices {
  public:
   /// The toolkit is borrowed and outlives the services.
-  DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::Start& start,
+  DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::ProcessSetup& start,
                   updater::UpdateSource updates);
 
   /// What is pointed to in it lives as long as this object.
@@ -21,7 +21,7 @@ class DesktopServices {
  private:
   QtApplication& toolkit_;
   kit::Product product_;
-  host_linux::Start start_;
+  host_linux::ProcessSetup start_;
   updater::UpdateSource updates_;
   host_linux::XdgLoginItem loginItem_;
   host_linux::JournalLog log_;

@@ -30,7 +30,7 @@ QtHost::QtHost() : input_(theme_) {
 }
 
 std::unique_ptr<kit::WindowPeer> QtHost::peer(kit::Window& window) {
-  auto peer = std::make_unique<WindowPeer>(window, keys_);
+  auto peer = std::make_unique<WindowPeer>(window, keyEquivalents_);
   if (const auto chrome = makeChrome_ ? makeChrome_(window, *peer->widget()) : std::nullopt) {
     peer->setChrome(*chrome);
   }

@@ -2,8 +2,7 @@
 
 #include "host/painted/PaintingHost.h"
 #include "host/qt/look/Theme.h"
-#include "host/qt/window/InputWatch.h"
-#include "host/qt/window/KeyRoute.h"
+#include "host/qt/window/ApplicationEventFilter.h"
 #include "host/qt/window/WindowPeer.h"
 
 namespace tarnwell::host_qt {
@@ -31,8 +30,7 @@ class QtHost final : public host_painted::PaintingHost {
   kit::Measurement measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const override;
   double capHeight(kit::FontRole font) const override;
 
-  /// Who is asked first about a key that the focused control has no use for: the main menu.
-  void setKeyEquivalents(KeyRoute::Equivalents equivalents) { keys_.setEquivalents(std::move(equivalents)); }
+  void setKeyEquivalents(KeyEquivalents equivalents) { keyEquivalents_ = std::move(equivalents); }
 
   /// Asked for what stands in each new window beside its content; nothing for none.
   using ChromeMaker = std::function<std::optional<WindowChrome>(kit::Window& window, QWidget& parent)>;
@@ -47,8 +45,8 @@ class QtHost final : public host_painted::PaintingHost {
   void fontChanged();
 
   Theme theme_;
-  KeyRoute keys_;
-  InputWatch input_;
+  KeyEquivalents keyEquivalents_;
+  ApplicationEventFilter input_;
   ChromeMaker makeChrome_;
   kit::Action metricsChanged_;
 };

@@ -62,9 +62,9 @@ void takeMetrics() {
 QtPlatform::QtPlatform(QtApplication& application, Services services)
     : application_(application),
       services_(std::move(services)),
-      answers_(services_.longestWait),
-      portal_(sessionBus(), host().theme(), answers_),
-      tray_(sessionBus(), answers_) {
+      startup_(services_.longestWait),
+      portal_(sessionBus(), host().theme(), startup_),
+      tray_(sessionBus(), startup_) {
   QApplication::setApplicationName(QString::fromStdString(services_.product.name));
   QApplication::setApplicationVersion(QString::fromStdString(services_.product.version));
   QApplication::setDesktopFileName(QString::fromStdString(services_.product.identifier));

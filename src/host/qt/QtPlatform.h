@@ -9,8 +9,8 @@
 
 #include "host/qt/QtApplication.h"
 #include "host/qt/panels/AboutPanel.h"
-#include "host/qt/session/FirstAnswers.h"
 #include "host/qt/session/PortalSettings.h"
+#include "host/qt/session/StartupBarrier.h"
 #include "host/qt/tray/TrayWatch.h"
 #include "kit/application/Platform.h"
 
@@ -56,7 +56,7 @@ class QtPlatform final : public kit::Platform {
   kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   void wakeUp(kit::Application& application) override;
-  kit::Subscription whenReady(const kit::Action& open) override { return answers_.whenOver(open); }
+  kit::Subscription whenReady(const kit::Action& open) override { return startup_.whenOver(open); }
   void activate() override;
   void terminate() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
@@ -76,7 +76,7 @@ class QtPlatform final : public kit::Platform {
 
   QtApplication& application_;
   Services services_;
-  FirstAnswers answers_;
+  StartupBarrier startup_;
   PortalSettings portal_;
   TrayWatch tray_;
   QObject context_;  // Ends what was queued, and what listens to the toolkit.

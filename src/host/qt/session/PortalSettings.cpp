@@ -5,7 +5,7 @@
 #include "host/qt/bus/BusTypes.h"
 #include "host/qt/bus/BusValue.h"
 #include "host/qt/look/Theme.h"
-#include "host/qt/session/FirstAnswers.h"
+#include "host/qt/session/StartupBarrier.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -44,7 +44,8 @@ std::optional<QColor> accentOf(const BusColor& color) {
 
 }  // namespace
 
-PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, FirstAnswers& first) : theme_(theme) {
+PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, StartupBarrier& startup)
+    : theme_(theme) {
   if (!bus) {
     return;
   }
@@ -53,9 +54,9 @@ PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme,
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   bus->connect(QString(), portalPath, interface, QStringLiteral("SettingChanged"), this,
                SLOT(settingChanged(QDBusMessage)));
-  ask(*bus, colorSchemeKey, first);
-  ask(*bus, accentKey, first);
-  ask(*bus, contrastKey, first);
+  ask(*bus, colorSchemeKey, startup);
+  ask(*bus, accentKey, startup);
+  ask(*bus, contrastKey, startup);
 }
 
 void PortalSettings::settingChanged(const QDBusMessage& signal) {
@@ -65,7 +66,7 @@ void PortalSettings::settingChanged(const QDBusMessage& signal) {
   }
 }
 
-void PortalSettings::ask(const QDBusConnection& bus, const QString& key, FirstAnswers& first) {
+void PortalSettings::ask(const QDBusConnection& bus, const QString& key, StartupBarrier& startup) {
   QDBusMessage message = QDBusMessage::createMethodCall(service, portalPath, interface, QStringLiteral("Read"));
   message.setArguments({appearance, key});
   auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
@@ -75,7 +76,7 @@ void PortalSettings::ask(const QDBusConnection& bus, const QString& key, FirstAn
     }
     finished->deleteLater();
   });
-  first.await(*answer);
+  startup.await(*answer);
 }
 
 void PortalSettings::take(const QString& key, const QDBusVariant& wrapped) {

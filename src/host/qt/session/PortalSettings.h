@@ -11,7 +11,7 @@
 
 namespace tarnwell::host_qt {
 
-class FirstAnswers;
+class StartupBarrier;
 class Theme;
 
 /// What the desktop's settings portal says of light, dark, contrast and the accent colour, now and whenever it changes.
@@ -21,13 +21,13 @@ class PortalSettings final : public QObject {
 
  public:
   /// Asks at once. The theme is borrowed.
-  PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, FirstAnswers& first);
+  PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, StartupBarrier& startup);
 
   /// From the bus.
   Q_SLOT void settingChanged(const QDBusMessage& signal);
 
  private:
-  void ask(const QDBusConnection& bus, const QString& key, FirstAnswers& first);
+  void ask(const QDBusConnection& bus, const QString& key, StartupBarrier& startup);
   void take(const QString& key, const QDBusVariant& wrapped);
 
   Theme& theme_;

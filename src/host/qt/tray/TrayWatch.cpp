@@ -6,7 +6,7 @@
 
 #include "host/qt/bus/BusValue.h"
 #include "host/qt/bus/SessionBus.h"
-#include "host/qt/session/FirstAnswers.h"
+#include "host/qt/session/StartupBarrier.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -21,8 +21,8 @@ bool saysThereIsNone(const QDBusError& error) {
 
 }  // namespace
 
-TrayWatch::TrayWatch(std::optional<QDBusConnection> bus, FirstAnswers& first)
-    : bus_(std::move(bus)), first_(first), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
+TrayWatch::TrayWatch(std::optional<QDBusConnection> bus, StartupBarrier& startup)
+    : bus_(std::move(bus)), startup_(startup), xEmbed_(XEmbedTray::create([this] { observers_.tell(); })) {
   listen();
 }
 
@@ -86,7 +86,7 @@ void TrayWatch::ask() {
     take(*finished);
     finished->deleteLater();
   });
-  first_.await(*answer);
+  startup_.await(*answer);
 }
 
 void TrayWatch::take(const QDBusPendingCallWatcher& finished) {

@@ -13,7 +13,7 @@ class QDBusPendingCallWatcher;
 
 namespace tarnwell::host_qt {
 
-class FirstAnswers;
+class StartupBarrier;
 
 /// Whether the desktop has a place for status icons, now and whenever that changes.
 class TrayWatch final : public QObject {
@@ -21,7 +21,7 @@ class TrayWatch final : public QObject {
 
  public:
   /// Asks at once; `first` is borrowed.
-  TrayWatch(std::optional<QDBusConnection> bus, FirstAnswers& first);
+  TrayWatch(std::optional<QDBusConnection> bus, StartupBarrier& startup);
   ~TrayWatch() override;
 
   /// What a desktop has that shows status icons.
@@ -53,7 +53,7 @@ class TrayWatch final : public QObject {
   void tell(Answer answer);
 
   std::optional<QDBusConnection> bus_;
-  FirstAnswers& first_;
+  StartupBarrier& startup_;
   std::unique_ptr<XEmbedTray> xEmbed_;
   std::unique_ptr<BusNameOwner> owner_;
   kit::Observers<> observers_;

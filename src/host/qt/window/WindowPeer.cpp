@@ -73,8 +73,8 @@ int heightOf(const QPointer<QWidget>& chrome, int width) {
 
 }  // namespace
 
-WindowPeer::WindowPeer(kit::Window& window, KeyRoute& keys)
-    : window_(window), widget_(new WindowWidget(window, keys)), content_(widget_) {}
+WindowPeer::WindowPeer(kit::Window& window, const KeyEquivalents& equivalents)
+    : window_(window), widget_(new WindowWidget(window, equivalents)), content_(widget_) {}
 
 WindowPeer::~WindowPeer() {
   if (widget_) {

@@ -2,8 +2,10 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
+#include <functional>
 
 #include "host/qt/look/Container.h"
+#include "kit/host/KeyEvent.h"
 #include "kit/host/WindowPeer.h"
 
 namespace tarnwell::kit {
@@ -12,7 +14,9 @@ class Window;
 
 namespace tarnwell::host_qt {
 
-class KeyRoute;
+/// Asked first about a key that the focused control has no use for: true for one that has done its work, which may end
+/// the window.
+using KeyEquivalents = std::function<bool(const kit::KeyEvent&)>;
 
 /// What stands in a window beside its content, across the whole width: children of the window's widget. Null for
 /// nothing.
@@ -24,7 +28,8 @@ struct WindowChrome {
 /// A window on the screen: of a fixed size, placed by the window manager.
 class WindowPeer final : public kit::WindowPeer, public Container {
  public:
-  WindowPeer(kit::Window& window, KeyRoute& keys);
+  /// What is asked about keys is borrowed, and may be replaced meanwhile.
+  WindowPeer(kit::Window& window, const KeyEquivalents& equivalents);
   ~WindowPeer() override;
 
   /// Null only when Qt has closed down before the window.

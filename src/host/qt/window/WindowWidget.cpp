@@ -8,7 +8,6 @@
 
 #include "host/qt/controls/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
-#include "host/qt/window/KeyRoute.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/Toggle.h"
@@ -47,8 +46,8 @@ std::optional<int> tabDistance(const QKeyEvent& event) {
 
 }  // namespace
 
-WindowWidget::WindowWidget(kit::Window& window, KeyRoute& keys)
-    : QWidget(nullptr, fixedSizeWindow), window_(&window), keys_(keys) {
+WindowWidget::WindowWidget(kit::Window& window, const KeyEquivalents& equivalents)
+    : QWidget(nullptr, fixedSizeWindow), window_(&window), equivalents_(equivalents) {
   // Nothing in the window has the focus until the user goes there, and a press on the ground takes it back.
   setFocusPolicy(Qt::ClickFocus);
   setFocus(Qt::OtherFocusReason);
@@ -70,7 +69,10 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
   if (chooseTab(*event)) {
     return;
   }
-  if (!keys_.deliver(key, *window_) && window_ != nullptr && !scroll(event->key())) {
+  // A copy: what the key does may replace it.
+  const KeyEquivalents equivalents = equivalents_;
+  const bool wasEquivalent = equivalents && equivalents(key);
+  if (!wasEquivalent && window_ != nullptr && !window_->keyDown(key) && !scroll(event->key())) {
     event->ignore();
   }
 }

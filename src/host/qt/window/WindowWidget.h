@@ -5,6 +5,7 @@
 
 #include "host/qt/window/FixedSizeGuard.h"
 #include "host/qt/window/FramePace.h"
+#include "host/qt/window/WindowPeer.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -13,12 +14,10 @@ class Window;
 
 namespace tarnwell::host_qt {
 
-class KeyRoute;
-
 /// The toolkit's window of a kit window. Cut off when its peer goes; it is deleted when its events are over.
 class WindowWidget final : public QWidget {
  public:
-  WindowWidget(kit::Window& window, KeyRoute& keys);
+  WindowWidget(kit::Window& window, const KeyEquivalents& equivalents);
 
   /// Null when cut off.
   kit::Window* kitWindow() const { return window_; }
@@ -42,7 +41,7 @@ class WindowWidget final : public QWidget {
   std::shared_ptr<kit::Control* const> toggleLabelledAt(const QPointF& position) const;
 
   kit::Window* window_;
-  KeyRoute& keys_;
+  const KeyEquivalents& equivalents_;
   std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
   FixedSizeGuard guard_{*this};
   FramePace pace_{*this};

@@ -20,8 +20,8 @@
 #include "host/qt/bus/SessionBus.h"
 #include "host/qt/bus/Stranger.h"
 #include "host/qt/session/FakePortal.h"
-#include "host/qt/session/FirstAnswers.h"
 #include "host/qt/session/PortalSettings.h"
+#include "host/qt/session/StartupBarrier.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -43,7 +43,7 @@ struct Start {
   explicit Start(QtApplication& application, std::chrono::milliseconds longestWait = wait)
       : first(longestWait), settings(sessionBus(), application.host().theme(), first) {}
 
-  FirstAnswers first;
+  StartupBarrier first;
   PortalSettings settings;
   bool isOver = false;
   kit::Subscription waiting = first.whenOver([this] { isOver = true; });

@@ -1,4 +1,4 @@
-#include "host/qt/window/InputWatch.h"
+#include "host/qt/window/ApplicationEventFilter.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QKeyEvent>
@@ -35,12 +35,12 @@ bool isMenuBar(const QWidget* widget) { return qobject_cast<const QMenuBar*>(wid
 
 }  // namespace
 
-InputWatch::InputWatch(const Theme& theme) : theme_(theme) {
+ApplicationEventFilter::ApplicationEventFilter(const Theme& theme) : theme_(theme) {
   qApp->installEventFilter(this);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*from*/, QWidget* to) noexcept { focusMoved(to); });
 }
 
-bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
+bool ApplicationEventFilter::eventFilter(QObject* object, QEvent* event) noexcept {
   if (isPress(*event) || isKeyForControl(object, *event)) {
     endEditing(object);
   } else if (event->type() == QEvent::ApplicationFontChange && object == qApp && fontChanged_) {
@@ -49,7 +49,7 @@ bool InputWatch::eventFilter(QObject* object, QEvent* event) noexcept {
   return false;
 }
 
-void InputWatch::endEditing(QObject* target) {
+void ApplicationEventFilter::endEditing(QObject* target) {
   const auto* widget = qobject_cast<QWidget*>(target);
   if (widget == nullptr || isFieldInEditing(target) || isMenuBar(widget)) {
     return;
@@ -59,7 +59,7 @@ void InputWatch::endEditing(QObject* target) {
   }
 }
 
-void InputWatch::focusMoved(QWidget* to) {
+void ApplicationEventFilter::focusMoved(QWidget* to) {
   // A menu only borrows the focus.
   if (to != nullptr && (to->window()->windowType() == Qt::Popup || isMenuBar(to))) {
     return;

@@ -1,4 +1,4 @@
-#include "host/linux/Start.h"
+#include "host/linux/ProcessSetup.h"
 
 #include <csignal>
 
@@ -8,7 +8,7 @@
 
 namespace tarnwell::host_linux {
 
-system::Result<Start> Start::prepare(const std::string& program) {
+system::Result<ProcessSetup> ProcessSetup::prepare(const std::string& program) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   (void)std::signal(SIGCHLD, SIG_DFL);
   const auto version = emulatedSystemVersion();
@@ -22,7 +22,7 @@ system::Result<Start> Start::prepare(const std::string& program) {
   if (const auto placed = putStandInsFirst(program); !placed) {
     return placed.error();
   }
-  return Start{.version = *version, .executable = *executable};
+  return ProcessSetup{.version = *version, .executable = *executable};
 }
 
 }  // namespace tarnwell::host_linux

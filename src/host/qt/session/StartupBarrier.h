@@ -11,10 +11,10 @@ namespace tarnwell::host_qt {
 
 /// What the desktop is asked when the application starts. The start waits for all of it at once; what comes
 /// later is used when it comes.
-class FirstAnswers final {
+class StartupBarrier final {
  public:
   /// The wait begins now and takes `longestWait` at most.
-  explicit FirstAnswers(std::chrono::milliseconds longestWait);
+  explicit StartupBarrier(std::chrono::milliseconds longestWait);
 
   /// Waits for that one too. To be called once the asker has connected to it: what it says is then in use by the end.
   void await(const QDBusPendingCallWatcher& answer);

@@ -16,9 +16,9 @@ class Theme;
 /// Watches what happens anywhere in the application. A press or a key outside the field that is being edited ends the
 /// editing before it is delivered, so that what the edit enabled gets this very press. Where the focus goes, the ring
 /// goes, and the page scrolls there.
-class InputWatch final : public QObject {
+class ApplicationEventFilter final : public QObject {
  public:
-  explicit InputWatch(const Theme& theme);
+  explicit ApplicationEventFilter(const Theme& theme);
 
   /// The application's font, and with it every measure, is new.
   void setFontChanged(kit::Action action) { fontChanged_ = std::move(action); }

@@ -1,4 +1,4 @@
-#include "host/qt/session/FirstAnswers.h"
+#include "host/qt/session/StartupBarrier.h"
 
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <utility>
@@ -7,14 +7,14 @@
 
 namespace tarnwell::host_qt {
 
-FirstAnswers::FirstAnswers(std::chrono::milliseconds longestWait) {
+StartupBarrier::StartupBarrier(std::chrono::milliseconds longestWait) {
   QObject::connect(&deadline_, &QTimer::timeout, &deadline_, [this]() noexcept { end(); });
   deadline_.setSingleShot(true);
   deadline_.setTimerType(Qt::PreciseTimer);
   deadline_.start(longestWait);
 }
 
-void FirstAnswers::await(const QDBusPendingCallWatcher& answer) {
+void StartupBarrier::await(const QDBusPendingCallWatcher& answer) {
   ++open_;
   QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &deadline_, [this]() noexcept {
     --open_;
@@ -24,14 +24,14 @@ void FirstAnswers::await(const QDBusPendingCallWatcher& answer) {
   });
 }
 
-kit::Subscription FirstAnswers::whenOver(kit::Action action) {
+kit::Subscription StartupBarrier::whenOver(kit::Action action) {
   if (!isOpen()) {
     end();
   }
   return observers_.add(std::move(action));
 }
 
-void FirstAnswers::end() {
+void StartupBarrier::end() {
   deadline_.stop();
   // Behind what waits already: a status icon goes by the answers first.
   runLater(deadline_, [this] { std::exchange(observers_, {}).tell(); });
