@@ -2,13 +2,15 @@
 
 #include <tuple>
 
-#include "app/Tabs.h"
 #include "updates/UpdaterEnv.h"
 #include "view/tree/Composite.h"
 #include "view/tree/ObservableObject.h"
 #include "view/tree/State.h"
 
 namespace tarnwell::app {
+
+/// The tabs of the settings window. No tab shows `about`.
+enum class Tabs { dock, general, about };
 
 /// The content of the settings window: its tabs, and its size. When the window closes it goes back to the Dock tab.
 struct SettingsView {

@@ -6,10 +6,24 @@
 #include <type_traits>
 
 #include "core/Catalogue.h"
-#include "core/Dependencies.h"
+#include "core/CommandRunner.h"
 #include "core/MinEffect.h"
 
 namespace tarnwell::core {
+
+/// What the settings state needs from outside.
+struct Dependencies {
+  /// Borrowed for the state's life.
+  CommandRunner& runner;
+  /// Whether the system is older than macOS 15 and so knows the single-application mode. Must be set.
+  std::function<bool()> usesSingleApp = {};
+  /// Opens an address in the user's browser. Must be set.
+  std::function<void(const std::string&)> openURL = {};
+  /// The address of the product's help page.
+  std::string helpPage = {};
+  /// Hears that fields have changed. May be empty.
+  std::function<void()> changed = {};
+};
 
 /// The settings of the Dock, three times each: the constant default, the value last read from or written to the Dock,
 /// and the value being edited. Speeds are seconds. The initial speeds differ from each other and from what a Dock is

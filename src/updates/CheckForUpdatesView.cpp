@@ -4,6 +4,16 @@
 
 namespace tarnwell::updates {
 
+CheckForUpdatesViewModel::CheckForUpdatesViewModel(kit::Updater& updater)
+    : subscription_(updater.observeCanCheckForUpdates([this](bool canCheck) { assign(canCheck); })) {
+  assign(updater.canCheckForUpdates());
+}
+
+void CheckForUpdatesViewModel::assign(bool canCheck) {
+  objectWillChange();
+  canCheckForUpdates_ = canCheck;
+}
+
 CheckForUpdatesView::CheckForUpdatesView(kit::Updater& theUpdater)
     : _checkForUpdatesViewModel(std::make_shared<CheckForUpdatesViewModel>(theUpdater)), updater(&theUpdater) {}
 

@@ -3,11 +3,25 @@
 #include <memory>
 #include <tuple>
 
-#include "updates/CheckForUpdatesViewModel.h"
+#include "kit/ports/Updater.h"
 #include "view/tree/Composite.h"
 #include "view/tree/ObservableObject.h"
 
 namespace tarnwell::updates {
+
+/// Mirrors whether an update check may start now, for as long as it lives.
+class CheckForUpdatesViewModel final : public view::ObservableObject {
+ public:
+  explicit CheckForUpdatesViewModel(kit::Updater& updater);
+
+  bool canCheckForUpdates() const { return canCheckForUpdates_; }
+
+ private:
+  void assign(bool canCheck);
+
+  bool canCheckForUpdates_ = false;
+  kit::Subscription subscription_;
+};
 
 /// The button that starts an update check; disabled while none may start.
 struct CheckForUpdatesView {

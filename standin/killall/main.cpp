@@ -12,10 +12,10 @@
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "standin/killall/FolderWatch.h"
 #include "standin/killall/RunningProcess.h"
 #include "standin/store/SystemRoot.h"
 #include "system/FileLock.h"
+#include "system/FolderWatch.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -43,7 +43,7 @@ std::vector<RunningProcess> askThoseThere(std::string_view name, const std::stri
 
 // A Dock writes to its log when it starts, which tells when to look again.
 std::vector<RunningProcess> askToEnd(std::string_view name, const std::string& root) {
-  const FolderWatch logs(logsFolder(root));
+  const system::FolderWatch logs(logsFolder(root));
   std::vector<RunningProcess> asked = askThoseThere(name, root);
   if (!asked.empty() || !isStartedAgain(name, root)) {
     return asked;

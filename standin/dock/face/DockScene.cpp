@@ -68,17 +68,16 @@ void DockScene::show() {
 }
 
 void DockScene::showWindow(DocumentId id) {
-  const WindowKey key(id.application, id.document);
   const bool isVisible = desk_.isVisible(id) && travelling_ != id;
   if (isVisible) {
     window(id).show();
-  } else if (const auto found = windows_.find(key); found != windows_.end() && travelling_ != id) {
+  } else if (const auto found = windows_.find(id); found != windows_.end() && travelling_ != id) {
     found->second->hide();
   }
 }
 
 DocumentWindow& DockScene::window(DocumentId id) {
-  auto& window = windows_[{id.application, id.document}];
+  auto& window = windows_[id];
   if (!window) {
     window = makeWindow(id);
   }

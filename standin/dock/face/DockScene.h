@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "standin/dock/DockBehavior.h"
@@ -33,8 +32,6 @@ class DockScene {
   void setScheme(Scheme scheme);
 
  private:
-  using WindowKey = std::pair<std::size_t, std::size_t>;
-
   /// What an item of the dock stands for; nothing of it for separator and trash.
   struct Meaning {
     std::optional<std::size_t> application = {};
@@ -73,7 +70,7 @@ class DockScene {
   Icons icons_;
   Scheme scheme_;
   std::vector<Meaning> meanings_;
-  std::map<WindowKey, std::unique_ptr<DocumentWindow>> windows_;
+  std::map<DocumentId, std::unique_ptr<DocumentWindow>> windows_;
   std::optional<DocumentId> travelling_;  // on its way into the dock or out of it
   ScrollGesture scrolling_;
   EffectOverlay effect_;

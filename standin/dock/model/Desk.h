@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <iosfwd>
 #include <optional>
@@ -32,7 +33,7 @@ struct DocumentId {
   std::size_t application = 0;
   std::size_t document = 0;
 
-  bool operator==(const DocumentId&) const = default;
+  auto operator<=>(const DocumentId&) const = default;
 };
 
 /// What a click on an application does to the windows of the others.

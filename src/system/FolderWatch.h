@@ -5,7 +5,7 @@
 
 #include "system/Descriptor.h"
 
-namespace tarnwell::standin {
+namespace tarnwell::system {
 
 /// Sleeps until a file in a folder has been written.
 class FolderWatch {
@@ -19,7 +19,7 @@ class FolderWatch {
   bool wait(Time end) const;
 
  private:
-  system::Descriptor events_;
+  Descriptor events_;
 };
 
-}  // namespace tarnwell::standin
+}  // namespace tarnwell::system

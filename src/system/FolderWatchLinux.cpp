@@ -1,11 +1,11 @@
-#include "standin/killall/FolderWatch.h"
+#include "system/FolderWatch.h"
 
 #include <sys/inotify.h>
 #include <unistd.h>
 
 #include <array>
 
-namespace tarnwell::standin {
+namespace tarnwell::system {
 
 FolderWatch::FolderWatch(const std::string& folder) : events_(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {
   if (events_ && ::inotify_add_watch(events_.number(), folder.c_str(), IN_CLOSE_WRITE) < 0) {
@@ -24,4 +24,4 @@ bool FolderWatch::wait(Time end) const {
   return true;
 }
 
-}  // namespace tarnwell::standin
+}  // namespace tarnwell::system
