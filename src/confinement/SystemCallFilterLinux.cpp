@@ -1,0 +1,116 @@
+#include <sched.h>
+#include <seccomp.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <memory>
+
+#include "confinement/SystemCallFilter.h"
+
+namespace tarnwell::confinement {
+namespace {
+
+/// What none of our work asks for. A list of what is refused, not of what is let through: the libraries that do the
+/// work differ between systems in harmless calls.
+constexpr std::array alwaysRefused = {
+    // other processes
+    SCMP_SYS(kill), SCMP_SYS(tkill), SCMP_SYS(ptrace), SCMP_SYS(process_vm_readv), SCMP_SYS(process_vm_writev),
+    SCMP_SYS(process_madvise), SCMP_SYS(pidfd_open), SCMP_SYS(pidfd_getfd), SCMP_SYS(pidfd_send_signal), SCMP_SYS(kcmp),
+    SCMP_SYS(rt_sigqueueinfo), SCMP_SYS(rt_tgsigqueueinfo),
+    // rooms of one's own, and what is mounted
+    SCMP_SYS(unshare), SCMP_SYS(setns), SCMP_SYS(chroot), SCMP_SYS(pivot_root), SCMP_SYS(mount), SCMP_SYS(umount2),
+    SCMP_SYS(move_mount), SCMP_SYS(open_tree), SCMP_SYS(fsopen), SCMP_SYS(fsconfig), SCMP_SYS(fsmount),
+    SCMP_SYS(fspick), SCMP_SYS(mount_setattr), SCMP_SYS(open_by_handle_at), SCMP_SYS(name_to_handle_at),
+    // the kernel itself
+    SCMP_SYS(bpf), SCMP_SYS(perf_event_open), SCMP_SYS(userfaultfd), SCMP_SYS(io_uring_setup), SCMP_SYS(io_uring_enter),
+    SCMP_SYS(io_uring_register), SCMP_SYS(keyctl), SCMP_SYS(add_key), SCMP_SYS(request_key), SCMP_SYS(init_module),
+    SCMP_SYS(finit_module), SCMP_SYS(delete_module), SCMP_SYS(kexec_load), SCMP_SYS(kexec_file_load), SCMP_SYS(reboot),
+    SCMP_SYS(swapon), SCMP_SYS(swapoff), SCMP_SYS(acct), SCMP_SYS(quotactl), SCMP_SYS(syslog), SCMP_SYS(personality),
+    SCMP_SYS(settimeofday), SCMP_SYS(clock_settime), SCMP_SYS(adjtimex), SCMP_SYS(clock_adjtime), SCMP_SYS(sethostname),
+    SCMP_SYS(setdomainname), SCMP_SYS(mq_open), SCMP_SYS(shmget), SCMP_SYS(semget), SCMP_SYS(msgget)};
+
+constexpr std::array startingCalls = {SCMP_SYS(execve), SCMP_SYS(execveat), SCMP_SYS(fork), SCMP_SYS(vfork)};
+constexpr std::array socketCalls = {SCMP_SYS(socket), SCMP_SYS(socketpair), SCMP_SYS(connect), SCMP_SYS(bind),
+                                    SCMP_SYS(listen), SCMP_SYS(accept),     SCMP_SYS(accept4)};
+
+/// Netlink tells the resolver which addresses this machine has.
+constexpr std::array internetFamilies = {AF_INET, AF_INET6, AF_NETLINK};
+
+class Filter {
+ public:
+  Filter() : context_(::seccomp_init(SCMP_ACT_ALLOW), &::seccomp_release), isGood_(context_ != nullptr) {}
+
+  template <class... Comparison>
+  void refuse(int call, Comparison... comparison) {
+    add(SCMP_ACT_ERRNO(EPERM), call, comparison...);
+  }
+
+  template <class... Comparison>
+  void add(std::uint32_t action, int call, Comparison... comparison) {
+    // A call that this machine does not have need not be refused.
+    if (isGood_ && call != __NR_SCMP_ERROR) {
+      const int error = ::seccomp_rule_add(context_.get(), action, call, sizeof...(comparison), comparison...);
+      isGood_ = error == 0 || error == -EDOM;
+    }
+  }
+
+  bool raise() {
+    const int error = isGood_ ? ::seccomp_load(context_.get()) : -EINVAL;
+    errno = -error;
+    return error == 0;
+  }
+
+ private:
+  std::unique_ptr<void, decltype(&::seccomp_release)> context_;
+  bool isGood_;
+};
+
+// Threads stay possible: a name is looked up by one. The newer call's flags cannot be seen by a filter, and who is told
+// that the kernel does not have it takes the older one.
+void refuseStarting(Filter& filter) {
+  for (const int call : startingCalls) {
+    filter.refuse(call);
+  }
+  filter.refuse(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0));
+  filter.add(SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3));
+}
+
+void refuseOtherSockets(Filter& filter) {
+  for (int family = 0; family < AF_MAX; ++family) {
+    if (std::find(internetFamilies.begin(), internetFamilies.end(), family) == internetFamilies.end()) {
+      filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(family)));
+    }
+  }
+  filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_GE, AF_MAX));
+}
+
+void refuseSockets(Filter& filter) {
+  for (const int call : socketCalls) {
+    filter.refuse(call);
+  }
+}
+
+}  // namespace
+
+bool filterSystemCalls(const Rights& rights) {
+  Filter filter;
+  for (const int call : alwaysRefused) {
+    filter.refuse(call);
+  }
+  // What is typed into the terminal of the program that started this.
+  filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, 0xffffffffU, TIOCSTI));
+  if (rights.programs.empty()) {
+    refuseStarting(filter);
+  }
+  if (rights.usesNetwork) {
+    refuseOtherSockets(filter);
+  } else {
+    refuseSockets(filter);
+  }
+  return filter.raise();
+}
+
+}  // namespace tarnwell::confinement
