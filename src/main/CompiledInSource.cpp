@@ -1,11 +1,7 @@
-#include "updater/UpdateSource.h"
+#include "updateclient/UpdateSource.h"
 
-namespace tarnwell::updater {
+namespace tarnwell::updateclient {
 
-UpdateSource updateSource() {
-  UpdateSource source = {.configuration = UpdaterConfiguration::compiledIn()};
-  source.transport.userAgent = "Tarnwell/" + source.configuration.shownVersion;
-  return source;
-}
+UpdateSource updateSource() { return {.configuration = UpdaterConfiguration::compiledIn()}; }
 
-}  // namespace tarnwell::updater
+}  // namespace tarnwell::updateclient

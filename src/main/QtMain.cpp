@@ -10,7 +10,7 @@
 #include "host/linux/StartProgram.h"
 #include "host/qt/DesktopServices.h"
 #include "host/qt/SingleInstance.h"
-#include "updater/package/RunningAppImage.h"
+#include "host/linux/RunningAppImage.h"
 
 namespace tarnwell {
 namespace {
@@ -27,7 +27,7 @@ int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, cons
   if (!instance.listen(toolkit)) {
     return EXIT_SUCCESS;
   }
-  host_qt::DesktopServices services(toolkit, product, start, updater::updateSource());
+  host_qt::DesktopServices services(toolkit, product, start, updateclient::updateSource());
   auto answers = services.services();
   answers.launchEvent = launch.event();
   answers.menuWindow = view::SceneRunner::settingsWindowIdentifier;
@@ -38,7 +38,7 @@ int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, cons
 
 /// For a further start that was told that this process runs, which then ended.
 void startAnew(const host_linux::ProcessSetup& start, const std::string& token) {
-  const auto program = updater::programToStart(start.executable).string();
+  const auto program = host_linux::programToStart(start.executable).string();
   if (const auto started = host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, program}); !started) {
     diagnostics::reportError(started.error().message);
   }

@@ -11,13 +11,13 @@
 #include <utility>
 #include <vector>
 
+#include "release/text/Version.h"
 #include "updater/feed/FeedReader.h"
-#include "updater/text/Version.h"
 
 namespace tarnwell::publish {
 namespace {
 
-using updater::FeedItem;
+using release::FeedItem;
 using Items = std::vector<FeedItem>;
 
 system::Result<Items> itemsIn(const std::string& feed) {
@@ -72,7 +72,7 @@ bool hasVersion(const Items& items, const std::string& version) {
   return std::any_of(items.begin(), items.end(), [&](const FeedItem& item) {
     const std::string& system = item.enclosure.system;
     return (system.empty() || system == "linux") &&
-           updater::compareVersions(item.version, version) == std::weak_ordering::equivalent;
+           release::compareVersions(item.version, version) == std::weak_ordering::equivalent;
   });
 }
 
@@ -81,9 +81,10 @@ bool saysTheSame(const FeedItem& read, const NewItem& meant) {
   const std::string& shownVersion = meant.shownVersion.empty() ? meant.version : meant.shownVersion;
   return std::tie(read.title, read.version, read.shownVersion, read.publicationDate, read.channel,
                   read.minimumSystemVersion, read.isCritical, read.enclosure.url, read.enclosure.length,
-                  read.enclosure.signature) == std::tie(meant.title, meant.version, shownVersion, meant.publicationDate,
-                                                        meant.channel, meant.minimumSystemVersion, meant.isCritical,
-                                                        meant.url, meant.length, meant.signature) &&
+                  read.enclosure.signature, read.releaseSignature) ==
+             std::tie(meant.title, meant.version, shownVersion, meant.publicationDate, meant.channel,
+                      meant.minimumSystemVersion, meant.isCritical, meant.url, meant.length, meant.signature,
+                      meant.releaseSignature) &&
          meant.notes.find(read.notes) != std::string::npos;
 }
 

@@ -3,15 +3,15 @@
 #include <string>
 
 #include "publish/NewItem.h"
+#include "release/protocol/FeedItem.h"
 #include "system/Result.h"
-#include "updater/feed/FeedItem.h"
 
 namespace tarnwell::publish {
 
 struct FeedWithItem {
   std::string text = {};
   /// As the updater reads it there.
-  updater::FeedItem item = {};
+  release::FeedItem item = {};
 };
 
 /// A feed without items.

@@ -49,11 +49,13 @@ std::string mediaType(const std::string& url) {
 
 // The item declares the namespace itself, so that it does not depend on what the feed declares.
 std::string NewItem::xml() const {
-  return "<item" + attribute("xmlns:update", std::string(updater::feedExtensions)) + ">\n" + element("title", title) +
+  return "<item" + attribute("xmlns:update", std::string(updater::feedExtensions)) +
+         attribute("xmlns:tarnwell", std::string(updater::ownExtensions)) + ">\n" + element("title", title) +
          element("pubDate", publicationDate) + element("update:version", version) +
          element("update:shortVersionString", shownVersion) + element("update:channel", channel) +
          element("update:minimumSystemVersion", minimumSystemVersion) +
-         (isCritical ? "      <update:criticalUpdate/>\n" : "") + element("description", notes) + "      <enclosure" +
+         (isCritical ? "      <update:criticalUpdate/>\n" : "") +
+         element("tarnwell:releaseSignature", releaseSignature) + element("description", notes) + "      <enclosure" +
          attribute("url", url) + attribute("length", std::to_string(length)) + attribute("type", mediaType(url)) +
          attribute("update:os", "linux") + attribute("update:edSignature", signature) + "/>\n    </item>";
 }

@@ -19,8 +19,9 @@ struct NewItem {
   std::string minimumSystemVersion = {};
   bool isCritical = false;
   std::string url = {};
-  std::uint64_t length = 0;  // Bytes.
-  std::string signature = {};
+  std::uint64_t length = 0;           // Bytes.
+  std::string signature = {};         // Of the file.
+  std::string releaseSignature = {};  // Of version, length and digest.
 };
 
 }  // namespace tarnwell::publish

@@ -28,7 +28,7 @@ system::Result<Package> Package::open(const std::filesystem::path& file) {
                            std::to_string(updater::PackageClaim::maximumLength / 1024 / 1024) +
                            " MiB, and the updater takes no more"};
   }
-  if (updater::packageKind(opened.number()) == updater::PackageKind::other) {
+  if (updater::packageKind(opened.number()) == nullptr) {
     return system::Failure{file.string() +
                            " is neither a Debian package nor an AppImage, and the updater installs nothing else"};
   }

@@ -16,6 +16,7 @@
 #include "system/Descriptor.h"
 #include "system/FileLock.h"
 #include "system/Folders.h"
+#include "updater/package/PackageClaim.h"
 
 namespace tarnwell::publish {
 namespace {
@@ -63,8 +64,9 @@ system::Result<NewItem> itemOf(const Release& release, const Package& package, c
     return notes.error();
   }
   auto signature = key.sign(package.descriptor());
-  if (!signature) {
-    return system::Failure{release.package.string() + ": " + signature.error().message};
+  const auto text = updater::releaseText(release.version, package.descriptor());
+  if (!signature || !text) {
+    return system::Failure{release.package.string() + ": " + (signature ? text.error() : signature.error()).message};
   }
   return NewItem{.title = titleOf(release),
                  .version = release.version,
@@ -76,7 +78,8 @@ system::Result<NewItem> itemOf(const Release& release, const Package& package, c
                  .isCritical = release.isCritical,
                  .url = release.url,
                  .length = package.length(),
-                 .signature = *std::move(signature)};
+                 .signature = *std::move(signature),
+                 .releaseSignature = key.sign(*text)};
 }
 
 /// The feed with the item, when the updater would take it from there.

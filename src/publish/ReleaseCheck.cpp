@@ -2,16 +2,16 @@
 
 #include <string>
 
-#include "updater/ItemChooser.h"
-#include "updater/feed/Channels.h"
+#include "release/text/Channels.h"
+#include "release/text/PlainLine.h"
+#include "release/text/Version.h"
+#include "release/text/WebAddress.h"
+#include "updateclient/ItemChooser.h"
 #include "updater/feed/FeedReader.h"
-#include "updater/package/DebianPackage.h"
+#include "updater/notes/Notes.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/package/PackageKind.h"
 #include "updater/signature/PublicKey.h"
-#include "updater/text/PlainLine.h"
-#include "updater/text/Version.h"
-#include "updater/text/WebAddress.h"
 
 namespace tarnwell::publish {
 namespace {
@@ -20,22 +20,22 @@ using updater::FeedReader;
 
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
-bool isOneLine(const std::string& text, std::size_t most) { return updater::plainLine(text, most) == text; }
+bool isOneLine(const std::string& text, std::size_t most) { return release::plainLine(text, most) == text; }
 
 std::optional<system::Failure> objectionToVersions(const Release& release) {
   constexpr std::size_t longestShownVersion = 100;
-  if (!updater::isVersion(release.version)) {
+  if (!release::isVersion(release.version)) {
     return system::Failure{
         "version " + quoted(release.version) +
         " would never be offered: it is a digit and up to 99 letters, digits and characters of .-+~_"};
   }
-  if (updater::compareVersions(release.version, "0") != std::weak_ordering::greater) {
+  if (release::compareVersions(release.version, "0") != std::weak_ordering::greater) {
     return system::Failure{"version " + quoted(release.version) + " would never be offered: it is not greater than 0"};
   }
   if (!isOneLine(release.shownVersion, longestShownVersion)) {
     return system::Failure{"the shown version is not one plain line of at most 100 characters"};
   }
-  if (!release.minimumSystemVersion.empty() && !updater::isNumericVersion(release.minimumSystemVersion)) {
+  if (!release.minimumSystemVersion.empty() && !release::isNumericVersion(release.minimumSystemVersion)) {
     return system::Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
   }
   return std::nullopt;
@@ -43,7 +43,7 @@ std::optional<system::Failure> objectionToVersions(const Release& release) {
 
 std::optional<system::Failure> objectionToAddress(const std::string& url) {
   const std::string scheme = "https://";
-  if (!updater::isWebAddress(url) || !url.starts_with(scheme)) {
+  if (!release::isWebAddress(url) || !url.starts_with(scheme)) {
     return system::Failure{quoted(url) + " is not an address that starts with https://"};
   }
   const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
@@ -58,17 +58,17 @@ std::optional<system::Failure> objectionToAddress(const std::string& url) {
 }
 
 std::optional<system::Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
-  if (updater::packageKind(package.descriptor()) != updater::PackageKind::debian) {
+  const auto* kind = updater::packageKind(package.descriptor());
+  if (kind->ownVersion == nullptr) {
     return std::nullopt;
   }
-  const auto own = updater::debianVersion(package.descriptor());
+  const auto own = kind->ownVersion(package.descriptor());
   if (!own) {
     return system::Failure{"the updater would refuse the package: " + own.error().message};
   }
-  const auto& version = *own;
-  if (!updater::isDebianVersionOf(version, offered)) {
-    const std::string advice = version == offered ? ": offer it without the Debian revision" : "";
-    return system::Failure{"the package is version " + version + ", and the updater would not take it for " + offered +
+  if (!kind->isVersionOf(*own, offered)) {
+    const std::string advice = *own == offered ? ": offer it without the Debian revision" : "";
+    return system::Failure{"the package is version " + *own + ", and the updater would not take it for " + offered +
                            advice};
   }
   return std::nullopt;
@@ -84,25 +84,25 @@ std::optional<system::Failure> objectionTo(const Release& release) {
     return system::Failure{"the title is not one plain line of at most " +
                            std::to_string(FeedReader::maximumTitleLength) + " characters"};
   }
-  if (!release.channel.empty() && !updater::isChannelName(release.channel)) {
+  if (!release.channel.empty() && !release::isChannelName(release.channel)) {
     return system::Failure{"channel " + quoted(release.channel) +
                            " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
   }
   return objectionToAddress(release.url);
 }
 
-std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const Package& package,
+std::optional<system::Failure> objectionTo(const release::FeedItem& item, const Package& package,
                                            const SecretKey& key) {
   // The oldest program there can be, on the newest system, that takes every channel.
-  const updater::ItemChooser anyProgram({.runningVersion = "0",
-                                         .systemVersion = item.minimumSystemVersion,
-                                         .channels = {item.channel},
-                                         .origin = updater::UserDriver::Origin::user});
+  const updateclient::ItemChooser anyProgram({.runningVersion = "0",
+                                              .systemVersion = item.minimumSystemVersion,
+                                              .channels = {item.channel},
+                                              .origin = updateclient::UserDriver::Origin::user});
   if (!anyProgram.best({item})) {
     return system::Failure{"the updater would not offer the item"};
   }
-  if (item.notes.size() > updater::FeedItem::shownNotes) {
-    return system::Failure{"the updater shows no more than " + std::to_string(updater::FeedItem::shownNotes) +
+  if (item.notes.size() > updater::longestNotes) {
+    return system::Failure{"the updater shows no more than " + std::to_string(updater::longestNotes) +
                            " bytes of the notes"};
   }
   if (auto objection = objectionToVersionOf(package, item.version)) {
@@ -116,8 +116,8 @@ std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const 
   if (!claim) {
     return claim.error();
   }
-  const auto& claimed = *claim;
-  return claimed.signature.verify(*publicKey, package.descriptor(), claimed.length);
+  const auto held = claim->hold(*publicKey, package.descriptor());
+  return held ? std::nullopt : std::optional(held.error());
 }
 
 }  // namespace tarnwell::publish

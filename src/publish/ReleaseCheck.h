@@ -5,8 +5,8 @@
 #include "publish/Package.h"
 #include "publish/Release.h"
 #include "publish/SecretKey.h"
+#include "release/protocol/FeedItem.h"
 #include "system/Result.h"
-#include "updater/feed/FeedItem.h"
 
 namespace tarnwell::publish {
 
@@ -15,6 +15,6 @@ std::optional<system::Failure> objectionTo(const Release& release);
 
 /// Holds the item that the updater reads against the package, with the updater's own means: would it offer the item,
 /// and believe the package?
-std::optional<system::Failure> objectionTo(const updater::FeedItem& item, const Package& package, const SecretKey& key);
+std::optional<system::Failure> objectionTo(const release::FeedItem& item, const Package& package, const SecretKey& key);
 
 }  // namespace tarnwell::publish

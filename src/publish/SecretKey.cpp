@@ -12,8 +12,8 @@
 #include "diagnostics/Fault.h"
 #include "system/Descriptor.h"
 #include "system/MappedFile.h"
+#include "updater/signature/Base64.h"
 #include "updater/signature/CryptoLibrary.h"
-#include "updater/text/Base64.h"
 
 namespace tarnwell::publish {
 namespace {
@@ -97,14 +97,16 @@ system::Result<void> SecretKey::store(const std::filesystem::path& file) const {
 std::string SecretKey::publicText() const { return encodeBase64(KeyPair(seed_.data()).open); }
 
 system::Result<std::string> SecretKey::sign(int descriptor) const {
-  const auto mapped = system::MappedFile::create(descriptor);
-  if (!mapped) {
-    return mapped.error();
-  }
-  const auto& file = *mapped;
+  const auto file = MappedFile::create(descriptor);
+  return file ? system::Result<std::string>(sign({reinterpret_cast<const char*>(file->bytes()), file->length()}))
+              : file.error();
+}
+
+std::string SecretKey::sign(std::string_view bytes) const {
   const KeyPair pair(seed_.data());
   std::array<unsigned char, crypto_sign_BYTES> signature = {};
-  crypto_sign_detached(signature.data(), nullptr, file.bytes(), file.length(), pair.secret.data());
+  const auto* first = reinterpret_cast<const unsigned char*>(bytes.data());
+  crypto_sign_detached(signature.data(), nullptr, first, bytes.size(), pair.secret.data());
   return encodeBase64(signature);
 }
 

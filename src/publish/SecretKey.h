@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "system/Result.h"
 
@@ -28,6 +29,8 @@ class SecretKey {
   std::string publicText() const;
   /// Over the whole file behind `descriptor`, in base64.
   system::Result<std::string> sign(int descriptor) const;
+  /// Over these bytes.
+  std::string sign(std::string_view bytes) const;
 
  private:
   using Seed = std::array<unsigned char, 32>;

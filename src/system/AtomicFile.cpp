@@ -47,9 +47,12 @@ std::filesystem::path AtomicFile::passingPath(const std::filesystem::path& targe
 }
 
 AtomicFile::AtomicFile(const std::filesystem::path& target, mode_t newMode)
+    : AtomicFile(Descriptor(::open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)), target, newMode) {}
+
+AtomicFile::AtomicFile(Descriptor folder, const std::filesystem::path& target, mode_t newMode)
     : path_(target.string()),
       newMode_(newMode),
-      folder_(::open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+      folder_(std::move(folder)),
       target_(target.filename().string()),
       passing_(passingPath(target).filename().string()),
       folderError_(folder_ ? 0 : errno) {}

@@ -23,6 +23,8 @@ class AtomicFile {
  public:
   /// `newMode` are the permissions where there is no target yet; its folder must exist.
   AtomicFile(const std::filesystem::path& target, mode_t newMode);
+  /// The same in a folder that the caller has opened, whatever the path of `target` leads to by now.
+  AtomicFile(Descriptor folder, const std::filesystem::path& target, mode_t newMode);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
   /// Removes what did not take its place.

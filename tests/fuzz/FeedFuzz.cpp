@@ -5,20 +5,20 @@
 #include <vector>
 
 #include "fuzz/Require.h"
-#include "updater/ItemChooser.h"
+#include "updateclient/ItemChooser.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/package/PackageClaim.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
+using release::FeedItem;
 using system::Result;
-using updater::FeedItem;
+using updateclient::ItemChooser;
 using updater::FeedReader;
-using updater::ItemChooser;
 using updater::PackageClaim;
 
-using Items = std::vector<FeedItem>;
+using Items = std::vector<release::FeedItem>;
 
 Result<Items> read(std::string_view text, std::size_t piece) {
   FeedReader reader;
@@ -28,7 +28,7 @@ Result<Items> read(std::string_view text, std::size_t piece) {
   return reader.finish();
 }
 
-void check(const FeedItem& item) {
+void check(const release::FeedItem& item) {
   for (const auto* text : {&item.title, &item.version, &item.shownVersion, &item.link, &item.channel}) {
     require(text->size() <= FeedReader::maximumFieldLength);
   }
@@ -47,7 +47,7 @@ void run(std::string_view text) {
     return;
   }
   require(whole->size() <= FeedReader::maximumItems && whole->size() == pieces->size());
-  for (const FeedItem& item : *whole) {
+  for (const release::FeedItem& item : *whole) {
     check(item);
   }
   const auto best = ItemChooser({.runningVersion = "1.0", .systemVersion = "6.1"}).best(*whole);

@@ -9,9 +9,9 @@
 
 #include "fuzz/Require.h"
 #include "system/Descriptor.h"
+#include "updater/signature/Base64.h"
 #include "updater/signature/PublicKey.h"
 #include "updater/signature/Signature.h"
-#include "updater/text/Base64.h"
 
 namespace tarnwell::fuzz {
 namespace {

@@ -4,12 +4,12 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
-#include "updater/text/Version.h"
+#include "release/text/Version.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
-using updater::compareVersions;
+using release::compareVersions;
 
 std::string_view taken(std::string_view& text) {
   const std::string_view line = text.substr(0, text.find('\n'));

@@ -16,13 +16,13 @@
 #include "updater/package/PackageClaim.h"
 #include "updater/package/RealPackage.h"
 #include "updater/signature/PublicKey.h"
-#include "updater/text/Version.h"
+#include "release/text/Version.h"
 
 namespace tarnwell::publish {
 namespace {
 
-using updater::FeedItem;
-using Items = std::vector<FeedItem>;
+using release::FeedItem;
+using Items = std::vector<release::FeedItem>;
 
 /// A publisher with a key and a package.
 struct Publisher {
@@ -40,7 +40,7 @@ struct Publisher {
 
   /// Adds an item for a package of that version; `more` comes after the other arguments.
   ProgramEnd add(const std::string& version, const std::string& more = "") const {
-    if (const std::string packed = version.substr(0, version.find(' ')); updater::isVersion(packed)) {
+    if (const std::string packed = version.substr(0, version.find(' ')); release::isVersion(packed)) {
       offer(packed);
     }
     return makeFeed("add " + path("feed.xml") + " --private-key " + path("private") + " --package " + path("a.deb") +
@@ -62,7 +62,7 @@ struct Publisher {
   }
 
   /// Why the updater would refuse the package behind an item; empty when it would not.
-  std::string refusalOf(const FeedItem& item, const std::string& name) const {
+  std::string refusalOf(const release::FeedItem& item, const std::string& name) const {
     const auto key = *updater::PublicKey::parse(publicKey);
     const auto claim = *updater::PackageClaim::create(item);
     const system::Descriptor file(::open((sandbox / name).c_str(), O_RDONLY | O_CLOEXEC));

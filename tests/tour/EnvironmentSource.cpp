@@ -1,9 +1,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "updater/UpdateSource.h"
+#include "updateclient/UpdateSource.h"
 
-namespace tarnwell::updater {
+namespace tarnwell::updateclient {
 namespace {
 
 std::string named(const char* variable) {
@@ -14,13 +14,12 @@ std::string named(const char* variable) {
 }  // namespace
 
 UpdateSource updateSource() {
-  UpdateSource source = {.configuration = UpdaterConfiguration::compiledIn()};
+  UpdateSource source = {.configuration = UpdaterConfiguration::compiledIn(), .engine = named("TARNWELL_TOUR_ENGINE")};
   source.configuration.feedAddress = named("TARNWELL_TOUR_FEED");
   source.configuration.publicKey = named("TARNWELL_TOUR_KEY");
-  source.transport = {.userAgent = "Tarnwell/tour",
-                      .authorities = named("TARNWELL_TOUR_AUTHORITIES"),
-                      .stallLimit = std::chrono::seconds(1)};
+  source.configuration.userAgent = "Tarnwell/tour";
+  source.configuration.stallLimit = std::chrono::seconds(1);
   return source;
 }
 
-}  // namespace tarnwell::updater
+}  // namespace tarnwell::updateclient

@@ -31,22 +31,20 @@ system::Result<void> putStandInsFirst(const std::string& program) {
   if (!own) {
     return own.error();
   }
-  const auto standIns = standInFolder(own->parent_path(), program);
-  if (!standIns) {
-    return standIns.error();
-  }
-  return putFirst(standIns->string());
+  const auto standIn = libexecProgram(own->parent_path(), program, "defaults");
+  return standIn ? putFirst(standIn->parent_path().string()) : standIn.error();
 }
 
-system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder, const std::string& program) {
+system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
+                                                     const std::string& name) {
   const auto built = folder / "libexec";
   const auto installed = (folder / ".." / "libexec" / program).lexically_normal();
-  for (const auto& candidate : {built, installed}) {
-    if (isProgram(candidate / "defaults")) {
+  for (const auto& candidate : {built / name, installed / name}) {
+    if (isProgram(candidate)) {
       return candidate;
     }
   }
-  return system::Failure{"no program defaults in " + built.string() + " nor in " + installed.string()};
+  return system::Failure{"no program " + name + " in " + built.string() + " nor in " + installed.string()};
 }
 
 std::string searchPathWith(std::string_view folder, std::string_view before) {

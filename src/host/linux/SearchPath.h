@@ -15,9 +15,10 @@ namespace tarnwell::host_linux {
 /// not, in which case PATH is as it was and no command may be run.
 system::Result<void> putStandInsFirst(const std::string& program);
 
-/// The folder with the stand-in `defaults` of an executable that lies in `folder`: libexec beside the executable, as in
-/// a build tree, else ../libexec/PROGRAM, as installed.
-system::Result<std::filesystem::path> standInFolder(const std::filesystem::path& folder, const std::string& program);
+/// The helper program `name` of an executable that lies in `folder`: in libexec beside the executable, as in a build
+/// tree, else in ../libexec/PROGRAM, as installed.
+system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
+                                                     const std::string& name);
 
 /// `before` with `folder` at the front and nowhere else. The system's own folders stand in for an empty `before`.
 std::string searchPathWith(std::string_view folder, std::string_view before);

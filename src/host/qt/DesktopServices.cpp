@@ -6,19 +6,19 @@
 #include "host/linux/LaunchArguments.h"
 #include "host/linux/NumberLocale.h"
 #include "host/qt/panels/DesktopUpdater.h"
-#include "updater/package/RunningAppImage.h"
+#include "host/linux/RunningAppImage.h"
 
 namespace tarnwell::host_qt {
 
 DesktopServices::DesktopServices(QtApplication& toolkit, const kit::Product& product,
-                                 const host_linux::ProcessSetup& start, updater::UpdateSource updates)
+                                 const host_linux::ProcessSetup& start, updateclient::UpdateSource updates)
     : toolkit_(toolkit),
       product_(product),
       start_(start),
       updates_(std::move(updates)),
       loginItem_({.id = product.identifier,
                   .name = product.name,
-                  .executable = updater::programToStart(start.executable),
+                  .executable = host_linux::programToStart(start.executable),
                   .argument = host_linux::LaunchArguments::launchedAtLogin}),
       log_(product.program) {}
 

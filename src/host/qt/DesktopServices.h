@@ -4,7 +4,7 @@
 #include "host/linux/ProcessSetup.h"
 #include "host/linux/XdgLoginItem.h"
 #include "host/qt/QtPlatform.h"
-#include "updater/UpdateSource.h"
+#include "updateclient/UpdateSource.h"
 
 namespace tarnwell::host_qt {
 
@@ -13,7 +13,7 @@ class DesktopServices {
  public:
   /// The toolkit is borrowed and outlives the services.
   DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::ProcessSetup& start,
-                  updater::UpdateSource updates);
+                  updateclient::UpdateSource updates);
 
   /// What is pointed to in it lives as long as this object.
   QtPlatform::Services services();
@@ -22,7 +22,7 @@ class DesktopServices {
   QtApplication& toolkit_;
   kit::Product product_;
   host_linux::ProcessSetup start_;
-  updater::UpdateSource updates_;
+  updateclient::UpdateSource updates_;
   host_linux::XdgLoginItem loginItem_;
   host_linux::JournalLog log_;
 };

@@ -4,42 +4,44 @@
 #include <array>
 #include <charconv>
 
+#include "release/text/PlainLine.h"
 #include "updater/feed/FeedNamespace.h"
 #include "updater/feed/FeedReader.h"
-#include "updater/text/PlainLine.h"
 
 namespace tarnwell::updater {
 namespace {
 
 /// The name of an extension without its namespace; empty for every other name.
-std::string_view extensionName(std::string_view name) {
-  const bool isExtension = name.starts_with(feedExtensions) && name.size() > feedExtensions.size() &&
-                           name[feedExtensions.size()] == FeedHandler::separator;
-  return isExtension ? name.substr(feedExtensions.size() + 1) : std::string_view();
+std::string_view nameIn(std::string_view space, std::string_view name) {
+  const bool isExtension =
+      name.starts_with(space) && name.size() > space.size() && name[space.size()] == FeedHandler::separator;
+  return isExtension ? name.substr(space.size() + 1) : std::string_view();
 }
 
 struct Field {
   std::string_view name = {};
-  std::string FeedItem::*text = nullptr;
+  std::string release::FeedItem::*text = nullptr;
 };
 
 constexpr std::array plainFields = {
-    Field{"title", &FeedItem::title},
-    Field{"link", &FeedItem::link},
-    Field{"pubDate", &FeedItem::publicationDate},
-    Field{"description", &FeedItem::notes},
+    Field{"title", &release::FeedItem::title},
+    Field{"link", &release::FeedItem::link},
+    Field{"pubDate", &release::FeedItem::publicationDate},
+    Field{"description", &release::FeedItem::notes},
 };
 
 constexpr std::array extensionFields = {
-    Field{"version", &FeedItem::version},
-    Field{"shortVersionString", &FeedItem::shownVersion},
-    Field{"releaseNotesLink", &FeedItem::releaseNotesLink},
-    Field{"minimumSystemVersion", &FeedItem::minimumSystemVersion},
-    Field{"channel", &FeedItem::channel},
+    Field{"version", &release::FeedItem::version},
+    Field{"shortVersionString", &release::FeedItem::shownVersion},
+    Field{"releaseNotesLink", &release::FeedItem::releaseNotesLink},
+    Field{"minimumSystemVersion", &release::FeedItem::minimumSystemVersion},
+    Field{"channel", &release::FeedItem::channel},
 };
 
+constexpr std::array ownFields = {Field{"releaseSignature", &release::FeedItem::releaseSignature}};
+
 template <class Fields>
-std::string* fieldIn(const Fields& fields, std::string_view name, FeedItem& item) {
+std::string* fieldIn(const Fields& fields, std::string_view name, release::FeedItem& item) {
   const auto* found = std::find_if(fields.begin(), fields.end(), [name](const Field& f) { return f.name == name; });
   return found == fields.end() ? nullptr : &(item.*found->text);
 }
@@ -126,13 +128,17 @@ bool FeedHandler::startItem() {
 
 void FeedHandler::startField(std::string_view name, const Attributes& attributes) {
   text_.clear();
-  const std::string_view extension = extensionName(name);
+  const std::string_view extension = nameIn(feedExtensions, name);
   item_.isCritical = item_.isCritical || extension == "criticalUpdate";
   item_.isInformational = item_.isInformational || extension == "informationalUpdate";
   if (name == "enclosure") {
     takeEnclosure(attributes);
   }
-  field_ = extension.empty() ? fieldIn(plainFields, name, item_) : fieldIn(extensionFields, extension, item_);
+  if (const std::string_view own = nameIn(ownExtensions, name); !own.empty()) {
+    field_ = fieldIn(ownFields, own, item_);
+  } else {
+    field_ = extension.empty() ? fieldIn(plainFields, name, item_) : fieldIn(extensionFields, extension, item_);
+  }
 }
 
 // An enclosure is taken whole or not at all, so that one's signature never vouches for the other's file.
@@ -183,7 +189,7 @@ void FeedHandler::endField() {
   if (field_ != nullptr) {
     const bool isTitle = field_ == &item_.title;
     *std::exchange(field_, nullptr) =
-        isTitle ? plainLine(text_, FeedReader::maximumTitleLength) : withoutOuterBlanks(text_);
+        isTitle ? release::plainLine(text_, FeedReader::maximumTitleLength) : withoutOuterBlanks(text_);
   }
 }
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "updater/feed/FeedItem.h"
+#include "release/protocol/FeedItem.h"
 
 namespace tarnwell::updater {
 
@@ -28,7 +28,7 @@ class FeedHandler {
   const std::optional<std::string>& refusal() const { return refusal_; }
   /// Whether there was a channel to hold items.
   bool hasChannel() const { return hasChannel_; }
-  std::vector<FeedItem> takeItems() { return std::move(items_); }
+  std::vector<release::FeedItem> takeItems() { return std::move(items_); }
 
  private:
   enum class Place { outside, feed, channel, item, field };
@@ -41,9 +41,9 @@ class FeedHandler {
   void endItem();
 
   std::vector<Place> path_;
-  std::vector<FeedItem> items_;
-  FeedItem item_;
-  FeedItem olderVersion_;  // What the enclosure says of versions.
+  std::vector<release::FeedItem> items_;
+  release::FeedItem item_;
+  release::FeedItem olderVersion_;  // What the enclosure says of versions.
   bool hasEnclosure_ = false;
   bool hasChannel_ = false;
   std::string* field_ = nullptr;  // Of `item_`, while its element is open.

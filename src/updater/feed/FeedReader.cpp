@@ -119,7 +119,7 @@ void FeedReader::parse(bool isLast) {
   }
 }
 
-system::Result<std::vector<FeedItem>> FeedReader::finish() {
+system::Result<std::vector<release::FeedItem>> FeedReader::finish() {
   if (!failure_) {
     parse(true);
   }

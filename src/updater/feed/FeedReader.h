@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "release/protocol/FeedItem.h"
 #include "system/Result.h"
-#include "updater/feed/FeedItem.h"
 
 namespace tarnwell::updater {
 
@@ -38,7 +38,7 @@ class FeedReader {
   /// Returns why the feed cannot be used, from the first time on that this is known.
   std::optional<system::Failure> feed(std::string_view bytes);
   /// To be called once, behind the last byte: the items in the order of the feed.
-  system::Result<std::vector<FeedItem>> finish();
+  system::Result<std::vector<release::FeedItem>> finish();
 
  private:
   void parse(bool isLast);

@@ -1,13 +1,35 @@
 #include "updater/package/PackageClaim.h"
 
+#include <sodium.h>
+
+#include <array>
+
+#include "system/MappedFile.h"
+#include "updater/package/PackageKind.h"
+
 namespace tarnwell::updater {
 namespace {
 
 system::Failure untrusted(const std::string& reason) { return {"The update cannot be trusted: " + reason + "."}; }
 
+system::Failure thrownAway(const std::string& reason) {
+  return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
+}
+
+system::Result<void> confirmOwnVersion(const PackageKind& kind, int descriptor, const std::string& offered) {
+  const auto own = kind.ownVersion(descriptor);
+  if (!own) {
+    return own.error();
+  }
+  if (kind.isVersionOf(*own, offered)) {
+    return {};
+  }
+  return thrownAway("it is version " + *own + ", although it was offered as " + offered);
+}
+
 }  // namespace
 
-system::Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
+system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item) {
   const auto signature = Signature::parse(item.enclosure.signature);
   if (!signature) {
     return untrusted(signature.error().message);
@@ -18,7 +40,42 @@ system::Result<PackageClaim> PackageClaim::create(const FeedItem& item) {
   if (item.enclosure.length > maximumLength) {
     return untrusted("it is larger than " + std::to_string(maximumLength / 1024 / 1024) + " MiB");
   }
-  return PackageClaim{.address = item.enclosure.url, .length = item.enclosure.length, .signature = *signature};
+  PackageClaim claim = {.version = item.version, .length = item.enclosure.length, .signature = *signature};
+  if (const auto release = Signature::parse(item.releaseSignature)) {
+    claim.releaseSignature = *release;
+  }
+  return claim;
+}
+
+system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int descriptor) const {
+  if (const auto mismatch = signature.verify(key, descriptor, length)) {
+    return thrownAway(mismatch->message);
+  }
+  const PackageKind* kind = packageKind(descriptor);
+  if (kind == nullptr) {
+    return kind;
+  }
+  if (kind->ownVersion != nullptr) {
+    const auto confirmed = confirmOwnVersion(*kind, descriptor, version);
+    return confirmed ? system::Result<const PackageKind*>(kind) : confirmed.error();
+  }
+  const auto text = releaseText(version, descriptor);
+  if (!text || !releaseSignature || !releaseSignature->holdsFor(key, *text)) {
+    return thrownAway("nothing vouches for its being version " + version);
+  }
+  return kind;
+}
+
+system::Result<std::string> releaseText(const std::string& version, int descriptor) {
+  const auto file = system::MappedFile::create(descriptor);
+  if (!file) {
+    return file.error();
+  }
+  std::array<unsigned char, crypto_hash_sha256_BYTES> digest = {};
+  crypto_hash_sha256(digest.data(), file->bytes(), file->length());
+  std::array<char, 2 * digest.size() + 1> hexadecimal = {};
+  sodium_bin2hex(hexadecimal.data(), hexadecimal.size(), digest.data(), digest.size());
+  return "tarnwell-release\n" + version + "\n" + std::to_string(file->length()) + "\n" + hexadecimal.data() + "\n";
 }
 
 }  // namespace tarnwell::updater

@@ -1,10 +1,29 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
+#include "system/Result.h"
+
 namespace tarnwell::updater {
 
-enum class PackageKind { debian, appImage, other };
+/// A kind of package, known by its first bytes, which were verified, and not by what the feed says of it.
+struct PackageKind {
+  const char* name;
+  bool (*isOne)(std::string_view firstBytes);
+  /// The version that a package gives itself; null for a kind that cannot be asked without being run. Blocks for up to
+  /// half a minute. A failure is a sentence for people.
+  system::Result<std::string> (*ownVersion)(int descriptor);
+  /// Whether a package of that version is one of the version offered.
+  bool (*isVersionOf)(std::string_view own, std::string_view offered);
+  /// Why it could not be put at `target`, as a sentence for people.
+  system::Failure (*unplaced)(const std::string& target, const std::string& reason);
+};
 
-/// What a file is by its first bytes, which were verified, and not by what the feed says of it.
-PackageKind packageKind(int descriptor);
+extern const PackageKind debianPackage;
+extern const PackageKind appImage;
+
+/// Nothing for what no system of ours installs.
+const PackageKind* packageKind(int descriptor);
 
 }  // namespace tarnwell::updater

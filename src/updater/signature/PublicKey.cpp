@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "updater/signature/Base64.h"
 #include "updater/signature/CryptoLibrary.h"
-#include "updater/text/Base64.h"
 
 namespace tarnwell::updater {
 namespace {

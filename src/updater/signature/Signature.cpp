@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "system/MappedFile.h"
-#include "updater/text/Base64.h"
+#include "updater/signature/Base64.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -50,10 +50,15 @@ std::optional<system::Failure> Signature::verify(const PublicKey& key, int descr
   if (file.length() != fileLength) {
     return system::Failure{"the file does not have the length that it should have"};
   }
-  if (crypto_sign_verify_detached(bytes_.data(), file.bytes(), file.length(), key.bytes().data()) != 0) {
+  if (!holdsFor(key, {reinterpret_cast<const char*>(file.bytes()), file.length()})) {
     return system::Failure{"the signature does not belong to this file and key"};
   }
   return std::nullopt;
+}
+
+bool Signature::holdsFor(const PublicKey& key, std::string_view bytes) const {
+  const auto* first = reinterpret_cast<const unsigned char*>(bytes.data());
+  return crypto_sign_verify_detached(bytes_.data(), first, bytes.size(), key.bytes().data()) == 0;
 }
 
 }  // namespace tarnwell::updater

@@ -21,6 +21,8 @@ class Signature {
   /// Returns nothing only when the file behind `descriptor` is `fileLength` bytes long and this is its signature by the
   /// owner of `key`. Blocks for as long as reading the file takes. The file must not change meanwhile.
   std::optional<system::Failure> verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const;
+  /// Whether it is the signature of these bytes by the owner of `key`.
+  bool holdsFor(const PublicKey& key, std::string_view bytes) const;
 
  private:
   Signature() = default;

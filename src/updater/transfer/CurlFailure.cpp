@@ -1,13 +1,13 @@
 #include "updater/transfer/CurlFailure.h"
 
-#include "updater/text/PlainLine.h"
-#include "updater/text/WebAddress.h"
+#include "release/text/PlainLine.h"
+#include "release/text/WebAddress.h"
 
 namespace tarnwell::updater {
 namespace {
 
 std::string serverOf(const std::string& address) {
-  const std::string host = hostIn(address);
+  const std::string host = release::hostIn(address);
   return host.empty() ? "the server" : "the server " + host;
 }
 
@@ -29,8 +29,9 @@ std::string reason(std::string_view detail) {
 }
 
 std::string insecure(const std::string& address) {
-  const std::string what = isSecureAddress(address) ? beginning(serverOf(address)) + " redirects to an address that"
-                                                    : "The address " + address;
+  const std::string what = release::isSecureAddress(address)
+                               ? beginning(serverOf(address)) + " redirects to an address that"
+                               : "The address " + address;
   return what + " is not secure. Updates are fetched over HTTPS only.";
 }
 
@@ -76,7 +77,8 @@ std::string sentence(CURLcode code, const std::string& address, std::string_view
 system::Failure transferFailure(CURLcode code, const std::string& address, std::string_view detail, long status) {
   constexpr std::size_t longestAddress = 200;
   constexpr std::size_t longestSentence = 1000;
-  return {plainLine(sentence(code, plainLine(address, longestAddress), detail, status), longestSentence)};
+  return {
+      release::plainLine(sentence(code, release::plainLine(address, longestAddress), detail, status), longestSentence)};
 }
 
 }  // namespace tarnwell::updater

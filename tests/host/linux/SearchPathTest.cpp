@@ -55,20 +55,20 @@ TEST(SearchPath, systemFoldersStandInForNone) {
 TEST(SearchPath, folderBesideTheExecutableIsTakenBeforeTheInstalledOne) {
   const Sandbox sandbox;
   placeDefaults(sandbox / "libexec/tarnwell");
-  EXPECT_EQ(*standInFolder(sandbox / "bin", "tarnwell"), sandbox / "libexec/tarnwell");
+  EXPECT_EQ(*libexecProgram(sandbox / "bin", "tarnwell", "defaults"), sandbox / "libexec/tarnwell/defaults");
   placeDefaults(sandbox / "bin/libexec");
-  EXPECT_EQ(*standInFolder(sandbox / "bin", "tarnwell"), sandbox / "bin/libexec");
+  EXPECT_EQ(*libexecProgram(sandbox / "bin", "tarnwell", "defaults"), sandbox / "bin/libexec/defaults");
 }
 
 TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
   const Sandbox sandbox;
   const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
                                (sandbox / "libexec/tarnwell").string();
-  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
+  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
   fs::create_directories(sandbox / "bin/libexec/defaults");
-  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
+  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
   placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
-  EXPECT_EQ(standInFolder(sandbox / "bin", "tarnwell").error().message, expected);
+  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
 }
 
 TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {

@@ -2,7 +2,7 @@
 
 import os
 
-from updating.stage import content, expect, wait_for, write_preferences
+from updating.stage import CHECKS, DOWNLOADS, content, expect, wait_for, write_preferences
 
 
 class Quitting:
@@ -13,8 +13,8 @@ class Quitting:
         self.hold, self.held = os.path.join(folder, "hold"), os.path.join(folder, "held")
 
     def quit_while_it_waits(self):
-        write_preferences(SUEnableAutomaticChecks=False, SUAutomaticallyUpdate=False)
-        for wait, children in ((self.for_a_feed, 0), (self.for_a_package, 0), (self.for_a_verification, 2)):
+        write_preferences({CHECKS: False, DOWNLOADS: False})
+        for wait, children in ((self.for_a_feed, 0), (self.for_a_package, 0), (self.for_a_verification, 1)):
             program = self.start()
             program.open_general()
             wait(program)

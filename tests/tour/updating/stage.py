@@ -1,15 +1,18 @@
 """What the steps of the updates tour stand on: waiting, expecting, and the places of things."""
 
 import os
-import plistlib
 import subprocess
 import time
 
 PROJECT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)))))
 PACKAGES = os.path.join(os.environ["XDG_CACHE_HOME"], "tarnwell", "updates")
-PREFERENCES = os.path.join(os.environ["XDG_CONFIG_HOME"], "tarnwell", "updates.plist")
+PREFERENCES = os.path.join(os.environ["XDG_CONFIG_HOME"], "tarnwell", "updates")
 PANEL = "Software Update"
 SETTINGS = "Tarnwell Settings"
+
+# What is remembered of updates, by the names in that file.
+CHECKS, DOWNLOADS = "automatic-checks", "automatic-downloads"
+LAST_CHECK, SKIPPED = "last-check", "skipped-version"
 
 
 class Failed(Exception):
@@ -46,17 +49,20 @@ def packages():
 
 
 def read_preferences():
+    """By name; what is yes or no comes as a boolean."""
     try:
-        with open(PREFERENCES, "rb") as file:
-            return plistlib.load(file)
-    except (OSError, plistlib.InvalidFileException):
+        lines = content(PREFERENCES).decode().splitlines()
+    except OSError:
         return {}
+    values = dict(line.split(" ", 1) for line in lines)
+    return {name: {"yes": True, "no": False}.get(value, value) for name, value in values.items()}
 
 
-def write_preferences(**values):
+def write_preferences(values):
     """As another program would; what is None goes."""
     preferences = {name: value for name, value in {**read_preferences(), **values}.items() if value is not None}
     draft = PREFERENCES + ".draft"
-    with open(draft, "wb") as file:
-        plistlib.dump(preferences, file)
+    with open(draft, "w") as file:
+        for name, value in preferences.items():
+            file.write("%s %s\n" % (name, {True: "yes", False: "no"}.get(value, value)))
     os.rename(draft, PREFERENCES)

@@ -7,7 +7,7 @@
 namespace tarnwell::updater {
 namespace {
 
-using Items = std::vector<FeedItem>;
+using Items = std::vector<release::FeedItem>;
 
 system::Result<Items> read(const std::string& text) {
   FeedReader reader;
@@ -26,10 +26,10 @@ Items itemsOf(const std::string& text) {
   return *result;
 }
 
-FeedItem onlyItemOf(const std::string& content) {
+release::FeedItem onlyItemOf(const std::string& content) {
   const Items items = itemsOf(feedOf("<item>" + content + "</item>"));
   EXPECT_EQ(items.size(), 1U);
-  return items.empty() ? FeedItem() : items.front();
+  return items.empty() ? release::FeedItem() : items.front();
 }
 
 std::string refusalOfFeed(const std::string& text) {
@@ -46,7 +46,7 @@ std::string repeated(const std::string& text, std::size_t times) {
 }
 
 TEST(FeedReader, readsEveryFieldOfAnItem) {
-  const FeedItem item = onlyItemOf(
+  const release::FeedItem item = onlyItemOf(
       "<title>Version 1.2</title><link>https://tarnwell.example/1.2</link>"
       "<pubDate>Sat, 21 Nov 2026 10:00:00 +0000</pubDate><description><![CDATA[<b>Faster</b> & smaller]]></description>"
       "<x:version>120</x:version><x:shortVersionString>1.2</x:shortVersionString>"
@@ -101,7 +101,7 @@ TEST(FeedReader, takesNothingOverFromTheItemBefore) {
   ASSERT_EQ(items.size(), 3U);
   EXPECT_TRUE(items[0].isCritical);
   EXPECT_TRUE(items[0].isInformational);
-  for (const FeedItem& item : {items[1], items[2]}) {
+  for (const release::FeedItem& item : {items[1], items[2]}) {
     EXPECT_EQ(item.title + item.version + item.shownVersion + item.channel, "");
     EXPECT_FALSE(item.isCritical || item.isInformational);
     EXPECT_EQ(item.enclosure.length, 0U);
@@ -111,22 +111,22 @@ TEST(FeedReader, takesNothingOverFromTheItemBefore) {
 }
 
 TEST(FeedReader, findsTheVersionOnTheEnclosureOfOlderFeeds) {
-  const FeedItem older = onlyItemOf("<enclosure url='u' x:version='120' x:shortVersionString='1.2'/>");
+  const release::FeedItem older = onlyItemOf("<enclosure url='u' x:version='120' x:shortVersionString='1.2'/>");
   EXPECT_EQ(older.version, "120");
   EXPECT_EQ(older.shownVersion, "1.2");
-  const FeedItem both = onlyItemOf("<enclosure url='u' x:version='1'/><x:version>2</x:version>");
+  const release::FeedItem both = onlyItemOf("<enclosure url='u' x:version='1'/><x:version>2</x:version>");
   EXPECT_EQ(both.version, "2");
   EXPECT_EQ(both.shownVersion, "2");
 }
 
 TEST(FeedReader, neverMixesTwoEnclosures) {
-  const FeedItem item = onlyItemOf("<enclosure url='first' length='1'/><enclosure url='second' x:edSignature='s'/>");
+  const release::FeedItem item = onlyItemOf("<enclosure url='first' length='1'/><enclosure url='second' x:edSignature='s'/>");
   EXPECT_EQ(item.enclosure.url, "first");
   EXPECT_EQ(item.enclosure.signature, "");
 }
 
 TEST(FeedReader, seesFieldsOnlyWhereTheyBelong) {
-  const FeedItem item = onlyItemOf(
+  const release::FeedItem item = onlyItemOf(
       "<x:deltas><enclosure url='delta' x:edSignature='s'/><x:version>9</x:version></x:deltas>"
       "<description>a <p>b <title>c</title></p></description><item><x:version>8</x:version></item>");
   EXPECT_EQ(item.enclosure.url, "");

@@ -1,5 +1,3 @@
-#include "updater/package/DebianPackage.h"
-
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -13,6 +11,7 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "system/Descriptor.h"
+#include "updater/package/PackageKind.h"
 #include "updater/package/RealPackage.h"
 
 namespace tarnwell::updater {
@@ -24,7 +23,7 @@ namespace fs = std::filesystem;
 std::string versionOf(const std::string& content) {
   const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
   EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
-  const auto version = debianVersion(file.number());
+  const auto version = debianPackage.ownVersion(file.number());
   return version ? *version : version.error().message;
 }
 
@@ -95,20 +94,20 @@ TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
 
 TEST(DebianVersion, isTheOneThatWasOfferedWithAnyRevision) {
   for (const char* version : {"1.2", "1.2-1", "1.2-1~deb12u1"}) {
-    EXPECT_TRUE(isDebianVersionOf(version, "1.2")) << version;
+    EXPECT_TRUE(debianPackage.isVersionOf(version, "1.2")) << version;
   }
-  EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
+  EXPECT_TRUE(debianPackage.isVersionOf("1.2-rc-1", "1.2-rc"));
   for (const char* version :
        {"", "-", "-1", "1", "1.1", "1.20", "1.2.0", "1.2~", "1.2+1", "1.2-rc-1", "1:1.2", "2.0-1.2"}) {
-    EXPECT_FALSE(isDebianVersionOf(version, "1.2")) << version;
+    EXPECT_FALSE(debianPackage.isVersionOf(version, "1.2")) << version;
   }
 }
 
 TEST(DebianVersion, aRevisionIsNothingToOffer) {
   for (const char* version : {"1.2-1", "1.2-2", "1.2"}) {
-    EXPECT_FALSE(isDebianVersionOf(version, "1.2-1")) << version;
+    EXPECT_FALSE(debianPackage.isVersionOf(version, "1.2-1")) << version;
   }
-  EXPECT_TRUE(isDebianVersionOf("1.2-rc-1", "1.2-rc"));
+  EXPECT_TRUE(debianPackage.isVersionOf("1.2-rc-1", "1.2-rc"));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "fixtures/Sandbox.h"
-#include "host/linux/StartProgram.h"
+#include "system/Process.h"
 
 namespace tarnwell::updater {
 
@@ -17,8 +17,9 @@ std::string realPackage(const std::string& version, const std::string& content) 
   sandbox.write("tree/content", content);
   std::filesystem::permissions(sandbox / "tree/DEBIAN", std::filesystem::perms(0755));
   const std::string tree = (sandbox / "tree").string();
-  auto tool = host_linux::startProgram(
-      {"/bin/sh", "-c", R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree});
+  auto tool = system::Process::start(
+      {.words = {"/bin/sh", "-c",
+                 R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree}});
   if (!tool || !tool->wait().isSuccess()) {
     throw std::runtime_error("dpkg-deb builds no package");
   }

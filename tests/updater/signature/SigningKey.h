@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "updater/text/Base64.h"
+#include "updater/signature/Base64.h"
 
 namespace tarnwell::updater {
 

@@ -1,51 +1,76 @@
 #include "host/qt/panels/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
+#include "host/linux/BaseFolders.h"
+#include "host/linux/RunningAppImage.h"
+#include "host/linux/SearchPath.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
-#include "updater/package/PackageFolder.h"
-#include "updater/package/RunningAppImage.h"
+#include "updateclient/PackageFolder.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
+namespace fs = std::filesystem;
+
 /// Empty where there is none; a download then fails, and says so.
-std::filesystem::path emptiedPackageFolder() {
-  const auto folder = updater::packageFolder();
-  if (!folder) {
-    diagnostics::reportError(folder.error().message);
+fs::path emptiedPackageFolder(const std::string& program) {
+  const fs::path base = host_linux::cacheFolder();
+  if (base.empty()) {
+    diagnostics::reportError("neither XDG_CACHE_HOME nor HOME names a folder for downloads");
     return {};
   }
-  const auto& path = *folder;
-  updater::removePackages(path, std::chrono::system_clock::time_point::max());
-  return path;
+  fs::path folder = base / program / "updates";
+  updateclient::removePackages(folder, std::chrono::system_clock::time_point::max());
+  return folder;
 }
 
-updater::UpdaterConfiguration configurationOf(const updater::UpdateSource& source) {
-  updater::UpdaterConfiguration configuration = source.configuration;
-  configuration.packageFolder = emptiedPackageFolder();
+// A user without any folder is told so when something is to be kept: no other user's folder takes it.
+fs::path preferencesFile(const std::string& program) {
+  const fs::path base = host_linux::configurationFolder();
+  return (base.empty() ? "/.config" : base) / program / "updates";
+}
+
+updateclient::UpdaterConfiguration configurationOf(const updateclient::UpdateSource& source, const std::string& program,
+                                                   const fs::path& executable) {
+  updateclient::UpdaterConfiguration configuration = source.configuration;
+  configuration.packageFolder = emptiedPackageFolder(program);
+  configuration.appImage = host_linux::runningAppImage(executable).value_or(fs::path());
   return configuration;
 }
 
-/// Dispatches what a port's descriptor announces, as one event of the application.
-template <class Port>
-kit::Subscription watch(kit::Application& application, Port& port) {
-  return application.platform().watch(
-      port.descriptor(), [&application, &port] { application.turn().perform([&port] { port.dispatch(); }); });
+fs::path engineOf(const updateclient::UpdateSource& source, const std::string& program, const fs::path& executable) {
+  if (!source.engine.empty()) {
+    return source.engine;
+  }
+  const std::string name = program + "-update";
+  const auto found = host_linux::libexecProgram(executable.parent_path(), program, name);
+  if (!found) {
+    diagnostics::reportError(found.error().message);
+  }
+  // Where there is none, a check says so.
+  return found ? *found : executable.parent_path() / name;
+}
+
+/// What a descriptor announces is an event of the application.
+updateclient::Watch watchOf(kit::Application& application) {
+  return [&application](int descriptor, kit::Action readable) {
+    return application.platform().watch(
+        descriptor, [&application, readable = std::move(readable)] { application.turn().perform(readable); });
+  };
 }
 
 }  // namespace
 
 DesktopUpdater::DesktopUpdater(kit::Application& application, const Theme& theme,
-                               const kit::UpdaterControllerArguments& arguments, const updater::UpdateSource& source,
-                               const std::filesystem::path& executable)
-    : transport_(source.transport),
-      installer_({.appImage = updater::runningAppImage(executable)}, worker_),
-      panels_(application, theme, source.configuration.shownVersion),
-      watches_{watch(application, transport_), watch(application, worker_), watch(application, installer_),
-               watch(application, alarm_)},
-      controller_(
-          arguments, configurationOf(source), updater::UpdaterPreferences::ofUser(),
-          {.transport = transport_, .driver = panels_, .installer = installer_, .alarm = alarm_, .worker = worker_}) {}
+                               const kit::UpdaterControllerArguments& arguments,
+                               const updateclient::UpdateSource& source, const fs::path& executable)
+    : panels_(application, theme, source.configuration.shownVersion),
+      engine_(engineOf(source, application.platform().product().program, executable), watchOf(application)),
+      opener_(watchOf(application)),
+      alarm_(watchOf(application)),
+      controller_(arguments, configurationOf(source, application.platform().product().program, executable),
+                  updateclient::UpdaterPreferences(preferencesFile(application.platform().product().program)),
+                  {.engine = engine_, .driver = panels_, .desktop = opener_, .alarm = alarm_}) {}
 
 }  // namespace tarnwell::host_qt

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <array>
 #include <filesystem>
 
+#include "host/linux/PackageOpener.h"
 #include "host/qt/panels/UpdatePanels.h"
-#include "kit/turn/Subscription.h"
-#include "updater/UpdateSource.h"
-#include "updater/Updater.h"
-#include "updater/package/DesktopInstaller.h"
-#include "updater/package/ForkedWorker.h"
-#include "updater/schedule/TimerAlarm.h"
-#include "updater/transfer/CurlTransport.h"
+#include "updateclient/EngineProcess.h"
+#include "updateclient/TimerAlarm.h"
+#include "updateclient/UpdateSource.h"
+#include "updateclient/Updater.h"
 
 namespace tarnwell::host_qt {
 
@@ -19,19 +16,16 @@ class DesktopUpdater final : public kit::UpdaterController {
  public:
   /// Application and theme are borrowed and outlive the updater. `executable` is that of this process.
   DesktopUpdater(kit::Application& application, const Theme& theme, const kit::UpdaterControllerArguments& arguments,
-                 const updater::UpdateSource& source, const std::filesystem::path& executable);
+                 const updateclient::UpdateSource& source, const std::filesystem::path& executable);
 
   kit::Updater& updater() override { return controller_.updater(); }
 
  private:
-  updater::CurlTransport transport_;
-  updater::ForkedWorker worker_;
-  updater::DesktopInstaller installer_;
-  updater::TimerAlarm alarm_;
   UpdatePanels panels_;
-  // They end before the descriptors that they watch.
-  std::array<kit::Subscription, 4> watches_;
-  updater::UpdaterController controller_;
+  updateclient::EngineProcess engine_;
+  host_linux::PackageOpener opener_;
+  updateclient::TimerAlarm alarm_;
+  updateclient::UpdaterController controller_;
 };
 
 }  // namespace tarnwell::host_qt

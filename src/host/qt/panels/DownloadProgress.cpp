@@ -6,7 +6,7 @@
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/panels/ProgressLine.h"
-#include "updater/text/ByteCount.h"
+#include "updateclient/ByteCount.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -32,7 +32,7 @@ void DownloadProgress::set(std::uint64_t received, std::uint64_t expected, const
   if (expected > 0) {
     line_->setShare(static_cast<double>(received) / static_cast<double>(expected));
   }
-  numbers_->setText(toQString(updater::byteProgress(received, expected, format)));
+  numbers_->setText(toQString(updateclient::byteProgress(received, expected, format)));
 }
 
 }  // namespace tarnwell::host_qt

@@ -5,8 +5,8 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextList>
 
-#include "updater/feed/FeedItem.h"
-#include "updater/text/WebAddress.h"
+#include "release/protocol/FeedItem.h"
+#include "release/text/WebAddress.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -38,7 +38,7 @@ QString markupOf(const QTextFragment& fragment, const QColor& link) {
     text = wrapped(text, "code");
   }
   const QByteArray address = QUrl(format.anchorHref()).toEncoded();
-  if (format.isAnchor() && updater::isWebAddress(address.toStdString())) {
+  if (format.isAnchor() && release::isWebAddress(address.toStdString())) {
     text = QString(R"(<a href="%1" style="color:%2">%3</a>)")
                .arg(QString::fromLatin1(address).toHtmlEscaped(), link.name(), text);
   }
@@ -98,7 +98,7 @@ class Markup {
 };
 
 void read(QTextDocument& document, const QString& notes) {
-  const QString start = notes.left(static_cast<qsizetype>(updater::FeedItem::shownNotes));
+  const QString start = notes.left(16 * 1024);
   if (Qt::mightBeRichText(start)) {
     document.setHtml(start);
   } else {

@@ -10,13 +10,13 @@
 #include "host/qt/panels/PanelCheckBox.h"
 #include "host/qt/panels/ProgressLine.h"
 #include "kit/application/Platform.h"
-#include "updater/text/WebAddress.h"
+#include "release/text/WebAddress.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-using updater::FeedItem;
-using updater::HandOver;
+using release::FeedItem;
+using updateclient::HandOver;
 
 constexpr int mostTitleLetters = 90;
 constexpr int mostVersionLetters = 40;
@@ -189,7 +189,7 @@ QWidget* UpdatePanels::makeNotes(const FeedItem& item) const {
   if (!item.notes.empty()) {
     return new NotesView(item.notes, theme_, open, nullptr);
   }
-  if (!updater::isWebAddress(item.releaseNotesLink)) {
+  if (!release::isWebAddress(item.releaseNotesLink)) {
     return nullptr;
   }
   auto* link =

@@ -25,8 +25,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using updater::FeedItem;
-using updater::UserDriver;
+using release::FeedItem;
+using updateclient::UserDriver;
 
 class UpdatePanelsTest : public testing::Test {
  protected:
@@ -252,7 +252,7 @@ TEST_F(UpdatePanelsTest, verifyingAndInstallingCanBeCancelled) {
 }
 
 TEST_F(UpdatePanelsTest, whatIsLeftToDoIsSaidWithoutCoveringTheInstaller) {
-  using updater::HandOver;
+  using updateclient::HandOver;
   panels.showHandedOver(item, HandOver::opened, UserDriver::Origin::schedule, answer);
   EXPECT_TRUE(window()->testAttribute(Qt::WA_ShowWithoutActivating));
   EXPECT_THAT(texts(), ElementsAre("The installer has been opened",

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "release/protocol/Message.h"
+
+namespace tarnwell::release {
+
+struct NotesRun {
+  /// Visible text. Line ends stand for themselves; blanks in a row are one space, but for those in code.
+  std::string text = {};
+  bool isBold = false;
+  bool isItalic = false;
+  bool isCode = false;
+  std::string link = {};  // The web page that it leads to; empty as a rule.
+};
+
+struct NotesParagraph {
+  enum class Style { body, heading, item, quote, code };
+
+  Style style = Style::body;
+  unsigned level = 0;   // Of a heading, from 1 to 6; of an item the lists that it stands in.
+  unsigned number = 0;  // Of an item in a numbered list; 0 in one with bullets.
+  std::vector<NotesRun> runs = {};
+};
+
+/// What is new in a version, in the form in which it is shown.
+using ReleaseNotes = std::vector<NotesParagraph>;
+
+/// Says them, a line for each paragraph, run and link.
+void sayNotes(const ReleaseNotes& notes, const std::function<void(const Message&)>& say);
+
+/// Makes notes of such lines.
+class NotesReader {
+ public:
+  /// False for what is no line of notes.
+  bool take(const Message& message);
+  ReleaseNotes takeNotes() { return std::move(notes_); }
+
+ private:
+  ReleaseNotes notes_;
+};
+
+}  // namespace tarnwell::release

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "system/Result.h"
+
+namespace tarnwell::release {
+
+/// Says on standard error, in one line, what went wrong where there is no window to show it.
+void report(const system::Failure& failure);
+/// The same when something went wrong.
+void report(const system::Result<void>& result);
+
+}  // namespace tarnwell::release

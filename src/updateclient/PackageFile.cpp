@@ -1,0 +1,55 @@
+#include "updateclient/PackageFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "system/UnnamedFile.h"
+
+namespace tarnwell::updateclient {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t draftMode = 0600;
+/// Of a file for the moment in which it has one.
+constexpr const char* passingName = ".package";
+
+// Not every file system has files without a name.
+system::Descriptor namelessFile(int folder) {
+  system::Descriptor file = system::openUnnamedFile(folder, draftMode);
+  if (!file && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+    ::unlinkat(folder, passingName, 0);
+    file = system::Descriptor(
+        ::openat(folder, passingName, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
+    ::unlinkat(folder, passingName, 0);
+  }
+  return system::aboveStandardStreams(std::move(file));
+}
+
+}  // namespace
+
+PackageFile::PackageFile(system::PrivateFolder folder, system::Descriptor file)
+    : folder_(std::move(folder)), file_(std::move(file)) {}
+
+system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
+  auto made = system::PrivateFolder::make(folder);
+  if (!made) {
+    return made.error();
+  }
+  auto& opened = *made;
+  system::Descriptor file = namelessFile(opened.descriptor());
+  if (!file) {
+    return system::systemFailure("cannot keep a download in " + folder.string());
+  }
+  return PackageFile(std::move(opened), std::move(file));
+}
+
+bool PackageFile::write(std::string_view bytes) const {
+  return file_.writeAll(bytes) && ::lseek(file_.number(), 0, SEEK_SET) == 0;
+}
+
+}  // namespace tarnwell::updateclient

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/turn/Action.h"
+#include "kit/turn/Subscription.h"
+
+namespace tarnwell::updateclient {
+
+/// Runs `readable` from the event loop whenever a descriptor can be read, until the subscription ends, which it may do
+/// itself.
+using Watch = std::function<kit::Subscription(int descriptor, kit::Action readable)>;
+
+}  // namespace tarnwell::updateclient

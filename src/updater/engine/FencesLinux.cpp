@@ -1,0 +1,100 @@
+#include <fcntl.h>
+#include <link.h>
+
+#include <cstdlib>
+#include <initializer_list>
+
+#include "confinement/Confinement.h"
+#include "release/protocol/Engine.h"
+#include "system/Descriptor.h"
+#include "updater/engine/Fences.h"
+#include "updater/package/PackageClaim.h"
+
+namespace tarnwell::updater {
+namespace {
+
+using confinement::Rights;
+
+constexpr std::uint64_t mebibyte = 1024UL * 1024;
+constexpr std::uint64_t largestPackage = PackageClaim::maximumLength;
+
+/// Where libraries are that are loaded when they are needed, as those that look up names.
+constexpr std::initializer_list<const char*> libraries = {"/usr/lib", "/usr/lib64", "/lib", "/lib64",
+                                                          "/etc/ld.so.cache"};
+
+/// What the C library asks about names, and where distributions keep the certificates of authorities.
+constexpr std::initializer_list<const char*> network = {"/etc/resolv.conf",
+                                                        "/etc/hosts",
+                                                        "/etc/host.conf",
+                                                        "/etc/nsswitch.conf",
+                                                        "/etc/gai.conf",
+                                                        "/etc/services",
+                                                        "/etc/ssl",
+                                                        "/etc/pki",
+                                                        "/etc/ca-certificates",
+                                                        "/usr/share/ca-certificates",
+                                                        "/usr/local/share/ca-certificates",
+                                                        "/dev/urandom"};
+
+/// What reads a Debian package, and what that starts.
+constexpr std::initializer_list<const char*> packageTools = {"/usr/bin/dpkg-deb", "/usr/bin/tar", "/usr/bin/rm",
+                                                             "/bin/tar", "/bin/rm"};
+
+void add(std::vector<std::filesystem::path>& paths, std::initializer_list<const char*> more) {
+  paths.insert(paths.end(), more.begin(), more.end());
+}
+
+/// The program that starts programs, as this one names it.
+int findLoader(dl_phdr_info* object, std::size_t /*size*/, void* path) {
+  for (int index = 0; index < object->dlpi_phnum; ++index) {
+    const auto& header = object->dlpi_phdr[index];
+    if (header.p_type == PT_INTERP) {
+      *static_cast<const char**>(path) = reinterpret_cast<const char*>(object->dlpi_addr + header.p_vaddr);
+    }
+  }
+  return 1;  // The first object is the program itself.
+}
+
+}  // namespace
+
+std::vector<std::string> fenceFetching() {
+  Rights rights = {.usesNetwork = true, .memory = 1024 * mebibyte, .fileSize = largestPackage, .seconds = 15 * 60};
+  add(rights.readable, libraries);
+  add(rights.readable, network);
+  for (const char* variable : {"SSL_CERT_FILE", "SSL_CERT_DIR", "CURL_CA_BUNDLE"}) {
+    if (const char* path = ::getenv(variable)) {
+      rights.readable.emplace_back(path);
+    }
+  }
+  return confinement::keepOnly(rights);
+}
+
+std::vector<std::string> fenceLooking() {
+  const char* folder = ::getenv("TMPDIR");
+  const system::Descriptor working(folder == nullptr ? -1 : ::open(folder, O_PATH | O_DIRECTORY | O_CLOEXEC));
+  Rights rights = {
+      .readableFile = release::engineInput, .memory = 2048 * mebibyte, .fileSize = 64 * mebibyte, .seconds = 2 * 60};
+  add(rights.readable, libraries);
+  add(rights.readable, {"/dev/null"});
+  add(rights.programs, packageTools);
+  const char* loader = nullptr;
+  ::dl_iterate_phdr(&findLoader, &loader);
+  if (loader != nullptr) {
+    rights.programs.emplace_back(loader);
+  }
+  if (working) {
+    rights.writable.push_back(working.number());
+  }
+  return confinement::keepOnly(rights);
+}
+
+std::vector<std::string> fenceReading() {
+  return confinement::keepOnly({.memory = 512 * mebibyte, .fileSize = mebibyte, .seconds = 10});
+}
+
+std::vector<std::string> fencePlacing() {
+  return confinement::keepOnly(
+      {.writable = {release::engineFolder}, .memory = 1024 * mebibyte, .fileSize = largestPackage, .seconds = 2 * 60});
+}
+
+}  // namespace tarnwell::updater

@@ -1,0 +1,201 @@
+#include "updater/engine/Jobs.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <optional>
+#include <system_error>
+
+#include "release/protocol/Engine.h"
+#include "release/protocol/ItemMessages.h"
+#include "system/AtomicFile.h"
+#include "system/Descriptor.h"
+#include "updater/engine/Fences.h"
+#include "updater/feed/FeedReader.h"
+#include "updater/notes/Notes.h"
+#include "updater/package/PackageClaim.h"
+#include "updater/package/PackageKind.h"
+#include "updater/transfer/Download.h"
+
+namespace tarnwell::updater {
+namespace {
+
+using Arguments = std::vector<std::string>;
+using Done = system::Result<void>;
+
+/// Of the largest feed at the speed of a bad connection. A check waits for it, with its button switched off.
+constexpr std::chrono::minutes feedLimit(2);
+/// The user may be far from any fast network and still want it; that nothing comes ends it much sooner.
+constexpr std::chrono::hours packageLimit(24);
+
+/// Of a package that has no old file to take the place of.
+constexpr mode_t ownerReads = 0400;
+
+/// How much has come when that is said again: often enough for a bar that moves smoothly.
+constexpr std::uint64_t progressSteps = 250;
+
+system::Descriptor duplicate(int number) { return system::Descriptor(::fcntl(number, F_DUPFD_CLOEXEC, 0)); }
+
+std::uint64_t numberIn(const std::string& text) {
+  std::uint64_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+/// The user's own authorities, by the name under which the network library's own tool takes them.
+std::string authorities() {
+  for (const char* variable : {"CURL_CA_BUNDLE", "SSL_CERT_FILE"}) {
+    if (const char* path = ::getenv(variable)) {
+      return path;
+    }
+  }
+  return {};
+}
+
+system::Result<PublicKey> keyIn(const std::string& text) {
+  auto key = PublicKey::parse(text);
+  return key ? key
+             : system::Failure{"This build of Tarnwell cannot verify a newer version: " + key.error().message + "."};
+}
+
+// What lacks a signature is refused before the user is asked to install it.
+release::FeedItem withObjection(release::FeedItem item) {
+  if (const auto claim = PackageClaim::create(item); !claim && !item.isInformational) {
+    item.objection = claim.error().message;
+  }
+  return item;
+}
+
+/// What both downloads begin with: address, what the server is told of us, seconds that it may stall.
+Download downloadOf(const Arguments& arguments, std::uint64_t maximumLength, std::chrono::milliseconds limit) {
+  return {.address = arguments[0],
+          .maximumLength = maximumLength,
+          .limit = limit,
+          .userAgent = arguments[1],
+          .authorities = authorities(),
+          .stallLimit = std::chrono::seconds(numberIn(arguments[2]))};
+}
+
+Done fetchFeed(const Arguments& arguments, const Given& given, const Say& say) {
+  if (const auto usable = keyIn(arguments[3]); !usable) {
+    return usable.error();
+  }
+  FeedReader reader;
+  const Done fetched = given.fetch(downloadOf(arguments, FeedReader::maximumLength, feedLimit),
+                                   [&reader](std::string_view bytes) -> Done {
+                                     const auto refusal = reader.feed(bytes);
+                                     return refusal ? Done(*refusal) : Done();
+                                   });
+  const auto items = fetched ? reader.finish() : fetched.error();
+  if (!items) {
+    return items.error();
+  }
+  for (const release::FeedItem& item : *items) {
+    release::sayItem(withObjection(item), say);
+  }
+  return {};
+}
+
+system::Failure unstored(const system::Failure& failure) {
+  return {"The update could not be stored: " + failure.message + ". See to that, and try again."};
+}
+
+system::Failure untrusted(const std::string& reason) {
+  return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
+}
+
+Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say) {
+  const std::uint64_t length = numberIn(arguments[3]);
+  const system::Descriptor file = duplicate(given.input);
+  std::uint64_t received = 0;
+  std::uint64_t said = 0;
+  const auto take = [&](std::string_view bytes) -> Done {
+    if (bytes.size() > length - received) {
+      return untrusted("it is longer than the feed says");
+    }
+    if (!file.writeAll(bytes)) {
+      return unstored(system::systemFailure("cannot keep the download"));
+    }
+    received += bytes.size();
+    if (received - said >= length / progressSteps) {
+      said = received;
+      say({release::bytesWord, std::to_string(received)});
+    }
+    return {};
+  };
+  const Done fetched = given.fetch(downloadOf(arguments, length, packageLimit), take);
+  if (fetched && received != length) {
+    return untrusted("it is shorter than the feed says");
+  }
+  return fetched;
+}
+
+Done verify(const Arguments& arguments, const Given& given, const Say& say) {
+  const release::FeedItem item = {.version = arguments[0],
+                                  .enclosure = {.length = numberIn(arguments[1]), .signature = arguments[2]},
+                                  .releaseSignature = arguments[3]};
+  const auto claim = PackageClaim::create(item);
+  const auto key = keyIn(arguments[4]);
+  if (!claim || !key) {
+    return claim ? key.error() : claim.error();
+  }
+  const auto kind = claim->hold(*key, given.input);
+  if (!kind) {
+    return kind.error();
+  }
+  say({release::kindWord, *kind == nullptr ? "other" : (*kind)->name});
+  return {};
+}
+
+Done readNotesAloud(const Arguments& /*arguments*/, const Given& given, const Say& say) {
+  const system::Descriptor input = duplicate(given.input);
+  const auto notes = input.readAll(FeedReader::maximumNotesLength);
+  if (!notes) {
+    return system::systemFailure("the release notes cannot be read");
+  }
+  release::sayNotes(readNotes(*notes), say);
+  return {};
+}
+
+/// Why the file at the input is not what was verified; none where it is.
+std::optional<system::Failure> mismatchIn(const Arguments& arguments, int input) {
+  const auto signature = Signature::parse(arguments[1]);
+  const auto key = PublicKey::parse(arguments[2]);
+  if (!signature || !key) {
+    return signature ? key.error() : signature.error();
+  }
+  return signature->verify(*key, input, numberIn(arguments[0]));
+}
+
+// Looked at again: what is placed is what was verified, whatever became of the file since.
+Done place(const Arguments& arguments, const Given& given, const Say& /*say*/) {
+  const std::string& target = arguments[3];
+  const PackageKind* kind = packageKind(given.input);
+  if (const auto mismatch = mismatchIn(arguments, given.input); mismatch || kind == nullptr) {
+    return untrusted(mismatch ? mismatch->message : "it has changed since");
+  }
+  system::AtomicFile file(duplicate(given.folder), target, ownerReads);
+  Done done = file.copy(given.input);
+  done = done ? file.place() : done;
+  return done ? done : kind->unplaced(target, std::generic_category().message(done.error().error));
+}
+
+constexpr std::array jobs = {
+    Job{"fetch-feed", 4, &fenceFetching, &fetchFeed},
+    Job{"fetch-package", 4, &fenceFetching, &fetchPackage},
+    Job{"read-notes", 0, &fenceReading, &readNotesAloud},
+    Job{"verify", 5, &fenceLooking, &verify},
+    Job{"place", 4, &fencePlacing, &place},
+};
+
+}  // namespace
+
+const Job* jobCalled(const std::string& name) {
+  const auto* found = std::find_if(jobs.begin(), jobs.end(), [&name](const Job& job) { return job.name == name; });
+  return found == jobs.end() ? nullptr : found;
+}
+
+}  // namespace tarnwell::updater

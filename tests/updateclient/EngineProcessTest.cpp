@@ -1,0 +1,173 @@
+#include "updateclient/EngineProcess.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+#include "fixtures/EnvironmentScope.h"
+#include "fixtures/EventLoop.h"
+#include "fixtures/Sandbox.h"
+#include "system/Descriptor.h"
+
+namespace tarnwell::updateclient {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Engines of the test's own, which say what they like.
+class EngineProcessTest : public testing::Test {
+ protected:
+  /// What was said, and how it ended: the failure, or "done".
+  struct Outcome {
+    std::vector<std::string> said = {};
+    std::string end = {};
+  };
+
+  Outcome outcomeOf(const std::string& script) {
+    Outcome outcome;
+    const auto job = begin(script, outcome);
+    EXPECT_TRUE(loop.runUntil([&] { return !outcome.end.empty(); }));
+    return outcome;
+  }
+  std::string endOf(const std::string& script) { return outcomeOf(script).end; }
+
+  std::unique_ptr<Engine::Job> begin(const std::string& script, Outcome& outcome, Engine::Order order = {}) {
+    sandbox.write("engine", "#!/bin/sh\n" + script + "\n");
+    fs::permissions(sandbox / "engine", fs::perms::owner_all);
+    order.words = {"job", "argument"};
+    auto job = engine->start(order, {.said =
+                                         [&outcome](const release::Message& message) {
+                                           outcome.said.push_back(message.word + " " + message.text);
+                                           return message.word == "word";
+                                         },
+                                     .ended =
+                                         [&outcome](const system::Result<void>& result) {
+                                           outcome.end = result ? "done" : result.error().message;
+                                         }});
+    EXPECT_TRUE(job) << job.error().message;
+    return *std::move(job);
+  }
+
+  static bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
+  bool losesItsChildren() {
+    return loop.runUntil([] { return !hasChildren(); });
+  }
+
+  fixtures::Sandbox sandbox;
+  fixtures::EventLoop loop;
+  std::optional<EngineProcess> engine{std::in_place, sandbox / "engine", loop.watch()};
+};
+
+constexpr const char* nonsense = "The update engine said something that makes no sense. Try again.";
+constexpr const char* interrupted = "The work on the update was interrupted before it was done. Try again.";
+
+TEST_F(EngineProcessTest, passesOnWhatTheEngineSays) {
+  const Outcome outcome = outcomeOf("echo engine 1; echo \"word $1 $2\"; printf 'word two'; echo; echo 'done '");
+  EXPECT_EQ(outcome.said, (std::vector<std::string>{"word job argument", "word two"}));
+  EXPECT_EQ(outcome.end, "done");
+  EXPECT_TRUE(losesItsChildren());
+}
+
+TEST_F(EngineProcessTest, saysWhyItFailedInOnePlainLine) {
+  EXPECT_EQ(endOf("echo engine 1; printf 'failed It is\\\\nnot\\007 there.\\n'; exit 1"), "It is not there.");
+}
+
+TEST_F(EngineProcessTest, takesNoEngineOfAnotherVersion) {
+  const std::string other =
+      "The update engine does not belong to the version that runs. Quit Tarnwell and start it again.";
+  EXPECT_EQ(endOf("echo engine 2; echo 'done '"), other);
+  EXPECT_EQ(endOf("echo 'done '"), other);
+}
+
+TEST_F(EngineProcessTest, believesNoLineThatLies) {
+  for (const char* script :
+       {"echo engine 1; echo other word; echo 'done '", "echo engine 1; echo 'done '; echo word more",
+        "echo engine 1; echo nonsense", "echo engine 1; echo engine 1", "echo engine 1; printf '\\377\\n'",
+        "echo engine 1; head -c 2000000 /dev/zero | tr '\\0' x", "echo engine 1; yes 'word x'"}) {
+    EXPECT_EQ(endOf(script), nonsense) << script;
+  }
+  EXPECT_TRUE(losesItsChildren());
+}
+
+TEST_F(EngineProcessTest, seesAnEngineThatWasKilledAtAnyMoment) {
+  for (const char* script : {"kill -9 $$", "echo engine 1; kill -9 $$", "echo engine 1; echo word x; kill -9 $$",
+                             "echo engine 1; echo 'done '; printf wor", "exit 0", "echo engine 1; exit 0"}) {
+    EXPECT_EQ(endOf(script), interrupted) << script;
+  }
+  EXPECT_TRUE(losesItsChildren());
+}
+
+TEST_F(EngineProcessTest, endsWithItsJob) {
+  Outcome outcome;
+  auto job = begin("echo engine 1; echo word begun; exec sleep 60", outcome);
+  EXPECT_TRUE(loop.runUntil([&] { return !outcome.said.empty(); }));
+  job.reset();
+  EXPECT_TRUE(losesItsChildren());
+  EXPECT_EQ(outcome.end, "");
+}
+
+TEST_F(EngineProcessTest, mayBeEndedByWhatItSays) {
+  sandbox.write("engine", "#!/bin/sh\necho engine 1\necho word one\necho word two\nexec sleep 60\n");
+  fs::permissions(sandbox / "engine", fs::perms::owner_all);
+  std::unique_ptr<Engine::Job> job;
+  int heard = 0;
+  job = *engine->start({.words = {"job"}}, {.said =
+                                                [&](const auto& /*message*/) {
+                                                  ++heard;
+                                                  job.reset();
+                                                  return true;
+                                                },
+                                            .ended = [](const auto& /*result*/) { ADD_FAILURE(); }});
+  EXPECT_TRUE(loop.runUntil([&] { return heard > 0; }));
+  EXPECT_TRUE(losesItsChildren());
+  EXPECT_EQ(heard, 1);
+}
+
+TEST_F(EngineProcessTest, findsNothingButWhatItIsGiven) {
+  const fixtures::EnvironmentScope secret("SECRET", "of the user");
+  const fixtures::EnvironmentScope proxy("https_proxy", "http://proxy:1");
+  const system::Descriptor open(::dup(0));
+  sandbox.write("input", "to work on");
+  const system::Descriptor input(::open((sandbox / "input").c_str(), O_RDONLY | O_CLOEXEC));
+  Outcome outcome;
+  const auto job = begin(
+      "echo engine 1; read -r line; echo \"word $line\"; echo \"word $(env | sort | tr '\\n' ' ')\"; "
+      "echo \"word $(ls /proc/$$/fd | tr '\\n' ' ')\"; echo \"word $(readlink /proc/$$/fd/3)\"; echo 'done '",
+      outcome, {.input = input.number(), .folder = input.number()});
+  EXPECT_TRUE(loop.runUntil([&] { return !outcome.end.empty(); }));
+  ASSERT_EQ(outcome.said.size(), 4U);
+  EXPECT_EQ(outcome.said[0], "word to work on");
+  EXPECT_EQ(outcome.said[1].find("SECRET"), std::string::npos) << outcome.said[1];
+  EXPECT_NE(outcome.said[1].find("https_proxy=http://proxy:1 "), std::string::npos) << outcome.said[1];
+  EXPECT_NE(outcome.said[1].find("PATH=/usr/bin:/bin "), std::string::npos) << outcome.said[1];
+  EXPECT_EQ(outcome.said[2].substr(0, 14), "word 0 1 10 2 ") << outcome.said[2];
+  EXPECT_EQ(outcome.said[3], "word " + fs::canonical(sandbox / "input").string());
+}
+
+TEST_F(EngineProcessTest, hasAFolderForItsToolsThatGoesWithIt) {
+  Outcome outcome;
+  {
+    const auto job = begin("echo engine 1; echo x >\"$TMPDIR/file\"; echo \"word $TMPDIR\"; exec sleep 60", outcome,
+                           {.scratch = sandbox.path()});
+    EXPECT_TRUE(loop.runUntil([&] { return !outcome.said.empty(); }));
+    EXPECT_TRUE(fs::exists(outcome.said.at(0).substr(5) + "/file"));
+  }
+  EXPECT_TRUE(losesItsChildren());
+  EXPECT_FALSE(fs::exists(outcome.said.at(0).substr(5)));
+}
+
+TEST_F(EngineProcessTest, thatIsNotThereIsSaidToBeSo) {
+  engine.emplace(sandbox / "none", loop.watch());
+  const auto job = engine->start({.words = {"job"}}, {});
+  ASSERT_FALSE(job);
+  EXPECT_EQ(job.error().message, "The update engine could not be started: cannot start " + (sandbox / "none").string() +
+                                     ": No such file or directory. Try again.");
+}
+
+}  // namespace
+}  // namespace tarnwell::updateclient
