@@ -7,10 +7,10 @@
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "host/linux/CommandLine.h"
+#include "host/linux/RunningAppImage.h"
 #include "host/linux/StartProgram.h"
 #include "host/qt/DesktopServices.h"
 #include "host/qt/SingleInstance.h"
-#include "host/linux/RunningAppImage.h"
 
 namespace tarnwell {
 namespace {

@@ -22,6 +22,31 @@ Failure folderFailure(const std::string& what, const fs::path& folder) {
   return {what + " the folder " + folder.string() + ": " + std::generic_category().message(errno)};
 }
 
+/// Whether no other user can rename what is in a folder: it is ours or the system's, and who else may write to it owns
+/// what he would rename (a sticky folder), or is of our own group.
+bool isSafeAncestor(const struct stat& status) {
+  const bool isOwned = status.st_uid == 0 || status.st_uid == ::geteuid();
+  const bool isSticky = (status.st_mode & S_ISVTX) != 0;
+  const bool isShared = (status.st_mode & S_IWOTH) != 0 ||
+                        ((status.st_mode & S_IWGRP) != 0 && status.st_gid != 0 && status.st_gid != ::getegid());
+  return isOwned && (isSticky || !isShared);
+}
+
+/// The folder above `path`, at any height, that another user could put another one in the place of; empty for none.
+fs::path unsafeAncestorOf(const fs::path& path) {
+  std::error_code error;
+  for (fs::path folder = fs::canonical(path, error).parent_path(); !error; folder = folder.parent_path()) {
+    struct stat status = {};
+    if (::stat(folder.c_str(), &status) != 0 || !isSafeAncestor(status)) {
+      return folder;
+    }
+    if (folder == folder.root_path()) {
+      return {};
+    }
+  }
+  return path;
+}
+
 }  // namespace
 
 PrivateFolder::PrivateFolder(fs::path path, Descriptor folder) : path_(std::move(path)), folder_(std::move(folder)) {}
@@ -35,6 +60,9 @@ Result<PrivateFolder> PrivateFolder::open(const fs::path& path) {
   }
   if (status.st_uid != ::geteuid()) {
     return Failure{"the folder " + path.string() + " belongs to another user"};
+  }
+  if (const fs::path ancestor = unsafeAncestorOf(path); !ancestor.empty()) {
+    return Failure{"other users can change the folder " + ancestor.string()};
   }
   return PrivateFolder(path, std::move(folder));
 }

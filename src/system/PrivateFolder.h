@@ -12,8 +12,8 @@ namespace tarnwell::system {
 /// the descriptor is in this folder.
 class PrivateFolder {
  public:
-  /// Makes it, and those above it, where they are missing, and keeps others out of it. Refuses a symbolic link and what
-  /// belongs to another user.
+  /// Makes it, and those above it, where they are missing, and keeps others out of it. Refuses a symbolic link, what
+  /// belongs to another user, and what lies in a folder that another user could swap.
   static Result<PrivateFolder> make(const std::filesystem::path& path);
   /// The same for a folder that is there; nothing is made and nothing changed.
   static Result<PrivateFolder> open(const std::filesystem::path& path);

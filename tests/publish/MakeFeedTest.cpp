@@ -10,13 +10,13 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/WaitFor.h"
 #include "publish/Program.h"
+#include "release/text/Version.h"
 #include "system/Descriptor.h"
 #include "system/FileLock.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/package/RealPackage.h"
 #include "updater/signature/PublicKey.h"
-#include "release/text/Version.h"
 
 namespace tarnwell::publish {
 namespace {

@@ -38,7 +38,8 @@ class FakeUserDriver final : public UserDriver {
     show("installing " + item.shownVersion);
     cancel_ = std::move(cancel);
   }
-  void showHandedOver(const release::FeedItem& item, HandOver handOver, Origin origin, kit::Action acknowledged) override {
+  void showHandedOver(const release::FeedItem& item, HandOver handOver, Origin origin,
+                      kit::Action acknowledged) override {
     show((handOver == HandOver::opened ? "opened " : "replaced by ") + item.shownVersion + wish(origin));
     acknowledge_ = std::move(acknowledged);
   }

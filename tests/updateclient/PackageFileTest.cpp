@@ -90,6 +90,20 @@ TEST_F(PackageFileTest, anotherUsersFolderIsRefused) {
   EXPECT_EQ(refusal(), "the folder " + folder.string() + " belongs to another user");
 }
 
+TEST_F(PackageFileTest, aFolderThatAnotherUserCouldSwapIsRefused) {
+  fs::create_directories(folder);
+  const fs::path above = sandbox / "cache";
+  fs::permissions(above, fs::perms::all);
+  EXPECT_EQ(refusal(), "other users can change the folder " + fs::canonical(above).string());
+  fs::permissions(above, fs::perms::all | fs::perms::sticky_bit);
+  EXPECT_EQ(refusal(), "");
+  fs::permissions(above, fs::perms(0755));
+  if (::geteuid() == 0) {
+    ASSERT_EQ(::chown(above.c_str(), 1, 1), 0);
+    EXPECT_EQ(refusal(), "other users can change the folder " + fs::canonical(above).string());
+  }
+}
+
 TEST_F(PackageFileTest, whatLiesThereIsRemovedWhenItIsOldEnough) {
   PackageFile package = create();
   sandbox.write("cache/tarnwell/updates/package.deb", "package");

@@ -5,8 +5,8 @@
 #include "host/linux/IcuNumberFormat.h"
 #include "host/linux/LaunchArguments.h"
 #include "host/linux/NumberLocale.h"
-#include "host/qt/panels/DesktopUpdater.h"
 #include "host/linux/RunningAppImage.h"
+#include "host/qt/panels/DesktopUpdater.h"
 
 namespace tarnwell::host_qt {
 

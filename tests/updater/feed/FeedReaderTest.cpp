@@ -120,7 +120,8 @@ TEST(FeedReader, findsTheVersionOnTheEnclosureOfOlderFeeds) {
 }
 
 TEST(FeedReader, neverMixesTwoEnclosures) {
-  const release::FeedItem item = onlyItemOf("<enclosure url='first' length='1'/><enclosure url='second' x:edSignature='s'/>");
+  const release::FeedItem item =
+      onlyItemOf("<enclosure url='first' length='1'/><enclosure url='second' x:edSignature='s'/>");
   EXPECT_EQ(item.enclosure.url, "first");
   EXPECT_EQ(item.enclosure.signature, "");
 }

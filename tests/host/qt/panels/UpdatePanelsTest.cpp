@@ -23,9 +23,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
+using release::FeedItem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using release::FeedItem;
 using updateclient::UserDriver;
 
 class UpdatePanelsTest : public testing::Test {
