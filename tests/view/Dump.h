@@ -2,20 +2,17 @@
 
 #include <string>
 
-#include "kit/controls/Control.h"
+#include "view/ControlLine.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {
 
 /// Adds what stands at `node` and below it to a picture.
 inline void append(const MountedNode& node, int indent, std::string& picture) {
-  const std::string summary = node.summary();
+  const bool isControl = node.summary().empty() && node.control() != nullptr;
+  const std::string summary = isControl ? lineOf(*node.control()) : node.summary();
   if (!summary.empty()) {
-    picture += std::string(static_cast<std::size_t>(indent) * 2, ' ') + summary;
-    if (const kit::Control* control = node.control()) {
-      picture += control->isEnabled() ? "" : " disabled";
-    }
-    picture += '\n';
+    picture += std::string(static_cast<std::size_t>(indent) * 2, ' ') + summary + '\n';
   }
   for (const auto& child : node.children()) {
     append(*child, summary.empty() ? indent : indent + 1, picture);

@@ -23,13 +23,6 @@ class PushButtonNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    const auto& button = controlAs<kit::Button>();
-    return "Button \"" + button.title() + "\"" +
-           (button.role() == kit::Button::Role::destructive ? " destructive" : "") +
-           (button.isDefault() ? " default" : "");
-  }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     auto button = std::make_unique<kit::Button>();

@@ -14,16 +14,6 @@ class ChoiceNode : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    const auto& control = controlAs<kit::ChoiceControl>();
-    std::string line = ControlNode::summary();
-    for (std::size_t i = 0; i < control.items().size(); ++i) {
-      const bool chosen = static_cast<int>(i) == control.selectedIndex();
-      line += std::string(chosen ? " *" : " ") + "\"" + control.items()[i].title + "\" " + control.items()[i].symbol;
-    }
-    return line;
-  }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     auto control = std::make_unique<Control>();

@@ -10,12 +10,6 @@ class SymbolNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
 
-  std::string summary() const override {
-    const auto& symbol = controlAs<kit::SymbolView>();
-    const std::string title = symbol.accessibleName().empty() ? "" : " \"" + symbol.accessibleName() + "\"";
-    return "Symbol " + symbol.symbol() + title + (symbol.color() == kit::ColorRole::secondary ? " secondary" : "");
-  }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override { return std::make_unique<kit::SymbolView>(); }
 

@@ -6,24 +6,9 @@
 namespace tarnwell::view {
 namespace {
 
-std::string styleNote(const kit::TextLabel::Style& style) {
-  std::string note;
-  if (style.font == kit::FontRole::caption) {
-    note += " caption";
-  } else if (style.font == kit::FontRole::subheadline) {
-    note += " subheadline";
-  }
-  return note + (style.color == kit::ColorRole::secondary ? " secondary" : "");
-}
-
 class TextNode final : public ControlNode {
  public:
   using ControlNode::ControlNode;
-
-  std::string summary() const override {
-    const auto& label = controlAs<kit::TextLabel>();
-    return "Text \"" + label.text() + "\"" + styleNote(label.style());
-  }
 
  protected:
   std::unique_ptr<kit::Control> makeControl() override { return std::make_unique<kit::TextLabel>(); }

@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "kit/controls/Control.h"
-#include "view/tree/ControlSummary.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {
@@ -14,7 +13,6 @@ class ControlNode : public MountedNode {
  public:
   using MountedNode::MountedNode;
 
-  std::string summary() const override { return describe(*control_); }
   kit::Control* control() const override { return control_.get(); }
   void showingChanged(bool shown) override;
   void explain(const AccessibleContext& around) override;

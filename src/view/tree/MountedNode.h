@@ -81,7 +81,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   /// The same for everything below.
   void forgetMeasurementsBelow();
 
-  /// One line for a picture of the tree; empty for what only passes things on.
+  /// One line for a picture of the tree; empty for what only passes things on, and for a control, which tells of
+  /// itself.
   virtual std::string summary() const { return {}; }
 
  protected:

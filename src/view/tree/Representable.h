@@ -38,8 +38,6 @@ class RepresentableNode final : public ControlNode {
   explicit RepresentableNode(const Place& place)
       : ControlNode(place), context_{.coordinator = nullptr, .host = tree().host()} {}
 
-  std::string summary() const override { return ControlNode::summary() + (isTurned() ? " upside down" : ""); }
-
  protected:
   std::unique_ptr<kit::Control> makeControl() override {
     context_.coordinator = valueAs<R>().makeCoordinator();
@@ -48,14 +46,12 @@ class RepresentableNode final : public ControlNode {
 
   void updateControl() override {
     if constexpr (requires(typename R::NSView & view) { view.setUpsideDown(true); }) {
-      controlAs<typename R::NSView>().setUpsideDown(isTurned());
+      controlAs<typename R::NSView>().setUpsideDown(std::cos(environment().template get<RotationKey>()) < 0);
     }
     valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_);
   }
 
  private:
-  bool isTurned() const { return std::cos(environment().template get<RotationKey>()) < 0; }
-
   typename R::Context context_;
 };
 

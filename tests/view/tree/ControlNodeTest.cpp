@@ -199,7 +199,7 @@ TEST(ControlNodeTest, aLabelThatIsIconOnlyTellsItsTitleToScreenReaders) {
   const Label label{.title = "Slow", .symbol = "tortoise.fill"};
   EXPECT_EQ(Stage{label}.dump(), "HStack on baseline, spacing 8\n  Symbol tortoise.fill\n  Text \"Slow\"\n");
   const Stage stage{View(label).labelStyle(LabelStyle::iconOnly)};
-  EXPECT_EQ(stage.dump(), "Symbol tortoise.fill \"Slow\"\n");
+  EXPECT_EQ(stage.dump(), "Symbol \"Slow\" tortoise.fill\n");
   EXPECT_EQ(stage.first<kit::Control>().accessibleName(), "Slow");
 }
 
