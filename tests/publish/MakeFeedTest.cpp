@@ -143,6 +143,7 @@ TEST(MakeFeed, makesAFeedThatTheUpdaterReadsAndBelieves) {
   EXPECT_TRUE(items[0].isCritical);
   EXPECT_EQ(items[0].enclosure.url, "https://updates.invalid/a.deb");
   EXPECT_EQ(items[0].enclosure.length, publisher.sandbox.read("a.deb").size());
+  EXPECT_EQ(items[0].releaseSignature.size(), 88U);
   EXPECT_EQ(items[0].enclosure.system, "linux");
   EXPECT_EQ(items[0].enclosure.type, "application/vnd.debian.binary-package");
   EXPECT_EQ(publisher.refusalOf(items[0], "a.deb"), "");

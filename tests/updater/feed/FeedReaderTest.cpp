@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "updater/feed/FeedHandler.h"
+#include "updater/feed/FeedNamespace.h"
 #include "updater/feed/FeedText.h"
 
 namespace tarnwell::updater {
@@ -135,6 +137,39 @@ TEST(FeedReader, seesFieldsOnlyWhereTheyBelong) {
   EXPECT_EQ(item.title, "");
   EXPECT_EQ(item.notes, "a b c");
   EXPECT_TRUE(itemsOf("<rss><item/><channel><title>T</title></channel></rss>").empty());
+}
+
+TEST(FeedReader, seesItemsInTheFeedsOwnChannelAlone) {
+  const std::string item = "<item><title>one</title></item>";
+  EXPECT_EQ(refusalOfFeed("<rss><other>" + item + "</other></rss>"),
+            "The update feed cannot be used: it has no channel.");
+  EXPECT_TRUE(itemsOf("<rss><channel><channel>" + item + "</channel></channel></rss>").empty());
+  EXPECT_TRUE(itemsOf("<rss><channel/><other>" + item + "</other></rss>").empty());
+  EXPECT_TRUE(itemsOf("<rss><channel/><x><channel>" + item + "</channel></x></rss>").empty());
+}
+
+TEST(FeedHandler, takesNothingBehindItsRefusal) {
+  FeedHandler handler;
+  EXPECT_TRUE(handler.start("rss", {}));
+  EXPECT_TRUE(handler.start("channel", {}));
+  EXPECT_FALSE(handler.refuse("no"));
+  EXPECT_FALSE(handler.start("item", {}));
+  EXPECT_FALSE(handler.text("text"));
+  EXPECT_FALSE(handler.end());
+  EXPECT_FALSE(handler.refuse("nor that"));
+  EXPECT_EQ(handler.refusal(), "no");
+}
+
+TEST(FeedReader, readsWhatVouchesForAVersionInOurOwnNamespaceAlone) {
+  const std::string element = "releaseSignature>c2ln</";
+  const auto signatureIn = [&](const std::string& prefix) {
+    return onlyItemOf("<rss xmlns:o=\"urn:tarnwell:updates\" xmlns:x=\"" + std::string(feedExtensions) +
+                      "\"><channel><item><" + prefix + element + prefix + "releaseSignature></item></channel></rss>")
+        .releaseSignature;
+  };
+  EXPECT_EQ(signatureIn("o:"), "c2ln");
+  EXPECT_EQ(signatureIn("x:"), "");
+  EXPECT_EQ(signatureIn(""), "");
 }
 
 TEST(FeedReader, countsNoLengthThatIsNotOne) {

@@ -81,6 +81,11 @@ TEST_F(DebianTool, hasToPrintOneVersionAndNothingElse) {
   EXPECT_FALSE(hasChildren());
 }
 
+TEST_F(DebianTool, mayPrintALongVersionButNoneWithoutEnd) {
+  EXPECT_EQ(versionFrom("printf '%0199d\\n' 1"), std::string(198, '0') + "1");
+  EXPECT_EQ(versionFrom("printf '%0200d\\n' 1"), noVersion);
+}
+
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
   const system::Descriptor secret(::memfd_create("secret", 0));
   const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
