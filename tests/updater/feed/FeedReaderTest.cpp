@@ -163,9 +163,10 @@ TEST(FeedHandler, takesNothingBehindItsRefusal) {
 TEST(FeedReader, readsWhatVouchesForAVersionInOurOwnNamespaceAlone) {
   const std::string element = "releaseSignature>c2ln</";
   const auto signatureIn = [&](const std::string& prefix) {
-    return onlyItemOf("<rss xmlns:o=\"urn:tarnwell:updates\" xmlns:x=\"" + std::string(feedExtensions) +
-                      "\"><channel><item><" + prefix + element + prefix + "releaseSignature></item></channel></rss>")
-        .releaseSignature;
+    const std::string feed = "<rss xmlns:o=\"urn:tarnwell:updates\" xmlns:x=\"" + std::string(feedExtensions) +
+                             "\"><channel><item><" + prefix + element + prefix +
+                             "releaseSignature></item></channel></rss>";
+    return itemsOf(feed).at(0).releaseSignature;
   };
   EXPECT_EQ(signatureIn("o:"), "c2ln");
   EXPECT_EQ(signatureIn("x:"), "");
