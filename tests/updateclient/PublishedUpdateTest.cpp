@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -49,16 +52,34 @@ class PublishedUpdateTest : public testing::Test {
     server.serve("feed.xml", sandbox.read("feed.xml"));
   }
 
+  UpdaterConfiguration configuration(const std::string& feedPath) {
+    return {.feedAddress = server.address(feedPath),
+            .publicKey = publicKey,
+            .runningVersion = "1.0",
+            .shownVersion = "1.0",
+            .stallLimit = std::chrono::seconds(1),
+            .packageFolder = sandbox / "packages"};
+  }
+
   void launch(const std::string& feedPath = "/file/feed.xml") {
-    updater =
-        std::make_unique<Updater>(UpdaterConfiguration{.feedAddress = server.address(feedPath),
-                                                       .publicKey = publicKey,
-                                                       .runningVersion = "1.0",
-                                                       .shownVersion = "1.0",
-                                                       .stallLimit = std::chrono::seconds(1),
-                                                       .packageFolder = sandbox / "packages"},
-                                  UpdaterPreferences(sandbox / "updates"), UpdaterPorts{engine, driver, opener, alarm});
+    updater = std::make_unique<Updater>(configuration(feedPath), UpdaterPreferences(sandbox / "updates"),
+                                        UpdaterPorts{engine, driver, opener, alarm});
     updater->start();
+  }
+
+  /// Once the engine runs, which is not the only child of this process.
+  bool killsEngine() {
+    return becomes([] {
+      std::ifstream children("/proc/self/task/" + std::to_string(::getpid()) + "/children");
+      for (pid_t child = 0; children >> child;) {
+        std::string name;
+        std::ifstream("/proc/" + std::to_string(child) + "/comm") >> name;
+        if (name == "tarnwell-update") {
+          return ::kill(child, SIGKILL) == 0;
+        }
+      }
+      return false;
+    });
   }
 
   bool becomes(const std::function<bool()>& condition) { return loop.runUntil(condition); }
@@ -179,6 +200,48 @@ TEST_F(PublishedUpdateTest, aFeedThatNeverEndsIsRefused) {
   EXPECT_EQ(refusal(), "failure: The server localhost sends more than it should.");
   launch("/drip/feed.xml");
   EXPECT_EQ(refusal(), "failure: The server localhost takes too long to answer.");
+}
+
+// As by the system when memory is short, at each stage.
+TEST_F(PublishedUpdateTest, anEngineThatIsKilledIsAFailureAndCanBeTriedAgain) {
+  constexpr const char* interrupted = "failure: The work on the update was interrupted before it was done. Try again.";
+  launch("/silent");
+  updater->checkForUpdates();
+  ASSERT_TRUE(killsEngine());
+  EXPECT_TRUE(shows(interrupted)) << driver.screen;
+  driver.acknowledge();
+  publish("2.0", "half");
+  launch();
+  updater->checkForUpdates();
+  ASSERT_TRUE(shows("found"));
+  driver.choose(Choice::install);
+  EXPECT_TRUE(becomes([&] { return driver.progress.starts_with(std::to_string(package.size() / 2)); }));
+  ASSERT_TRUE(killsEngine());
+  EXPECT_TRUE(shows(interrupted)) << driver.screen;
+  EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
+  driver.retry();
+  EXPECT_TRUE(shows("downloading 2.0")) << driver.screen;
+}
+
+TEST_F(PublishedUpdateTest, twoProgramsAtOnceAreNotInEachOthersWay) {
+  FakeUserDriver otherDriver;
+  EngineProcess otherEngine{UPDATE_ENGINE, loop.watch()};
+  host_linux::PackageOpener otherOpener{loop.watch()};
+  TimerAlarm otherAlarm{loop.watch()};
+  launch();
+  Updater other(configuration("/file/feed.xml"), UpdaterPreferences(sandbox / "updates"),
+                UpdaterPorts{otherEngine, otherDriver, otherOpener, otherAlarm});
+  updater->checkForUpdates();
+  other.checkForUpdates();
+  for (const char* screen : {"found", "ready", "opened"}) {
+    EXPECT_TRUE(becomes([&] { return driver.screen.starts_with(screen) && otherDriver.screen.starts_with(screen); }))
+        << driver.screen << " and " << otherDriver.screen;
+    if (screen != std::string("opened")) {
+      driver.choose(Choice::install);
+      otherDriver.choose(Choice::install);
+    }
+  }
+  EXPECT_EQ(sandbox.read("opened"), package);
 }
 
 }  // namespace
