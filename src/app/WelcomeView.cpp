@@ -10,7 +10,7 @@ namespace tarnwell::app {
 view::View WelcomeView::body() const {
   return view::View(view::Text{"Hello, World!"}).onAppear([dismiss = dismissWindow] {
     kit::Application& application = kit::Application::shared();
-    application.platform().activate();
+    application.platform().activateIgnoringOtherApps();
     kit::postSettingsShortcut(application);
     dismiss(launcherIdentifier);
   });

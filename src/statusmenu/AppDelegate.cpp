@@ -54,7 +54,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::handleClick() {
-  const kit::Event* event = application_.events().current();
+  const kit::Event* event = application_.events().currentEvent();
   if (event == nullptr) {
     diagnostics::fault("the status item was clicked without a current event");
   }
@@ -80,7 +80,7 @@ void AppDelegate::showMenu() {
 void AppDelegate::itemClicked(const kit::MenuItem& item) { diagnostics::printLine(item.title() + " clicked"); }
 
 void AppDelegate::openSettingsInSonoma() {
-  application_.platform().activate();
+  application_.platform().activateIgnoringOtherApps();
   kit::postSettingsShortcut(application_);
 }
 

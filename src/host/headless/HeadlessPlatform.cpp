@@ -48,7 +48,7 @@ bool HeadlessPlatform::hearDescriptors() {
 
 void HeadlessPlatform::wakeUp(kit::Application& /*application*/) { turnIsDue_ = true; }
 
-void HeadlessPlatform::activate() { journal().note("activate"); }
+void HeadlessPlatform::activateIgnoringOtherApps() { journal().note("activate"); }
 
 void HeadlessPlatform::terminate() {
   journal().note("terminate");

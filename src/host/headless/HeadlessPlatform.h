@@ -64,7 +64,7 @@ class HeadlessPlatform final : public kit::Platform {
   kit::SystemVersion systemVersion() const override { return traits_.systemVersion; }
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return traits_.numberFormat; }
   void wakeUp(kit::Application& application) override;
-  void activate() override;
+  void activateIgnoringOtherApps() override;
   void terminate() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;

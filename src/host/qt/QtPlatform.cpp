@@ -115,7 +115,7 @@ void QtPlatform::wakeUp(kit::Application& application) {
 }
 
 // A window that is still to come asks for the keyboard itself, when it stands.
-void QtPlatform::activate() {
+void QtPlatform::activateIgnoringOtherApps() {
   forEachWindow([](WindowWidget& window) {
     if (window.isVisible()) {
       bringToFront(window);
@@ -128,7 +128,7 @@ void QtPlatform::reopen(const std::string& token) {
   if (kit::Application::isThere()) {
     kit::Application::shared().notificationCenter().post({.name = kit::reopenNotification});
   }
-  activate();
+  activateIgnoringOtherApps();
 }
 
 void QtPlatform::terminate() {

@@ -57,7 +57,7 @@ class QtPlatform final : public kit::Platform {
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   void wakeUp(kit::Application& application) override;
   kit::Subscription whenReady(const kit::Action& open) override { return startup_.whenOver(open); }
-  void activate() override;
+  void activateIgnoringOtherApps() override;
   void terminate() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;

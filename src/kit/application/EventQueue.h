@@ -25,7 +25,7 @@ class EventQueue {
   bool isEmpty() const { return posted_.empty() && work_.empty(); }
 
   /// The event being handled; null between events.
-  const Event* current() const { return current_; }
+  const Event* currentEvent() const { return current_; }
   /// Runs `handle` with `event` as the current one.
   void send(const Event& event, const Action& handle);
 

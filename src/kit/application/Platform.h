@@ -49,7 +49,7 @@ class Platform {
   }
 
   /// Brings this application to the front.
-  virtual void activate() = 0;
+  virtual void activateIgnoringOtherApps() = 0;
   /// Ends the event loop without asking or waiting.
   virtual void terminate() = 0;
   /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.

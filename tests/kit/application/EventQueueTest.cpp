@@ -93,21 +93,21 @@ TEST_F(EventQueueTest, anEventThatIsPostedMeanwhileComesBeforeTheNextWork) {
 }
 
 TEST_F(EventQueueTest, theEventIsTheCurrentOneOnlyWhileItIsHandled) {
-  EXPECT_EQ(application->events().current(), nullptr);
+  EXPECT_EQ(application->events().currentEvent(), nullptr);
   const Event outer = key("a");
   const Event inner = {.type = Event::Type::rightMouseUp};
   application->events().send(outer, [&] {
-    EXPECT_EQ(*application->events().current(), outer);
-    application->events().send(inner,
-                               [&] { EXPECT_EQ(application->events().current()->type, Event::Type::rightMouseUp); });
-    EXPECT_EQ(*application->events().current(), outer);
+    EXPECT_EQ(*application->events().currentEvent(), outer);
+    application->events().send(
+        inner, [&] { EXPECT_EQ(application->events().currentEvent()->type, Event::Type::rightMouseUp); });
+    EXPECT_EQ(*application->events().currentEvent(), outer);
   });
-  EXPECT_EQ(application->events().current(), nullptr);
+  EXPECT_EQ(application->events().currentEvent(), nullptr);
 }
 
 TEST_F(EventQueueTest, aPostedKeyIsTheCurrentEventOfItsEntry) {
   const auto item = MenuItem::create("A", "", "a");
-  item->setHandler([this] { EXPECT_EQ(*application->events().current(), key("a")); });
+  item->setHandler([this] { EXPECT_EQ(*application->events().currentEvent(), key("a")); });
   application->mainMenu().addItem(item);
   application->events().post(key("a"));
   application->events().runTurn();

@@ -171,7 +171,7 @@ TEST_F(StatusIconTest, iconWithoutAMenuSendsItsActionForEachButton) {
    public:
     Target() {
       respondTo("clicked:", [this](kit::Object* /*sender*/) {
-        types.push_back(kit::Application::shared().events().current()->type);
+        types.push_back(kit::Application::shared().events().currentEvent()->type);
       });
     }
     std::vector<kit::Event::Type> types;
