@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "diagnostics/Console.h"
+#include "system/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -27,7 +28,7 @@ milliseconds since(std::chrono::steady_clock::time_point start) {
 
 }  // namespace
 
-Supervisor::Supervisor(std::string dock) : dock_(std::move(dock)) {
+Supervisor::Supervisor() {
   ::sigemptyset(&signals_);
   for (const int signal : watched) {
     ::sigaddset(&signals_, signal);
@@ -59,10 +60,13 @@ void Supervisor::start() {
     face_ = FaceProcess::start();
   }
   // It lets SIGTERM through once it has spoken, so that no kill comes before the line in its log.
-  auto started = system::Process::start({.words = {dock_, face_ ? "--face=3" : "--no-window"},
-                                         .extra = face_ ? face_->socket() : -1,
-                                         .blockedSignals = {SIGTERM},
-                                         .endsWithStarter = true});
+  const auto own = system::runningExecutable();
+  auto started =
+      own ? system::Process::start({.words = {own->parent_path() / "Dock", face_ ? "--face=3" : "--no-window"},
+                                    .extra = face_ ? face_->socket() : -1,
+                                    .blockedSignals = {SIGTERM},
+                                    .endsWithStarter = true})
+          : own.error();
   if (!started) {
     diagnostics::printErrorLine("dock-supervisor: " + started.error().message);
   }

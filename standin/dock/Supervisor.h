@@ -4,7 +4,6 @@
 #include <csignal>
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "standin/dock/FaceProcess.h"
 #include "standin/dock/RestartPolicy.h"
@@ -17,8 +16,8 @@ namespace tarnwell::standin {
 /// Sleeps whenever there is nothing to do.
 class Supervisor {
  public:
-  /// `dock` is the path of its executable.
-  explicit Supervisor(std::string dock);
+  /// Of the Dock that lies beside this program.
+  Supervisor();
 
   /// Returns when asked to end, with the process gone and reaped.
   void run();
@@ -36,7 +35,6 @@ class Supervisor {
   // False when asked to end meanwhile.
   bool rest(std::chrono::milliseconds delay) const;
 
-  std::string dock_;
   sigset_t signals_{};
   RestartPolicy policy_;
   system::Process process_{-1};

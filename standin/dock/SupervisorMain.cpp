@@ -13,7 +13,6 @@
 #include "standin/store/SystemRoot.h"
 #include "system/FileLock.h"
 #include "system/Folders.h"
-#include "system/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -44,11 +43,7 @@ int supervise() {
     const bool isTaken = lock.error().error == EWOULDBLOCK;
     return fail(isTaken ? "another one is already running for " + *root : lock.error().message, 1);
   }
-  const auto own = system::runningExecutable();
-  if (!own) {
-    return fail(own.error().message, 1);
-  }
-  Supervisor(own->parent_path() / "Dock").run();
+  Supervisor().run();
   return 0;
 }
 
