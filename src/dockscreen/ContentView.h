@@ -9,7 +9,7 @@
 
 namespace tarnwell::dockscreen {
 
-/// The Dock tab: seven settings to edit, and the buttons that save and reset them. It reads the Dock at every showing;
+/// The Dock tab: the settings to edit, and the buttons that save and reset them. It reads the Dock at every showing;
 /// nothing reaches the Dock before Save. Needs a command runner and a number format in its environment.
 struct ContentView {
   view::StateObject<core::DockSettings> settings{makeSettings};
