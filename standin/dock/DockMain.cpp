@@ -1,7 +1,7 @@
 /// A stand-in for the Dock of macOS: a process of that name which reads its settings from the preferences when it
 /// starts, says in its log what it has read, and then waits to be killed. It never reads them again: as on macOS, a
 /// change takes effect when the Dock is killed and dock-supervisor starts it anew. Where there is a display it has a
-/// face show what the settings do, a process that outlives it: a toolkit takes its time to load, and each of several
+/// UI show what the settings do, a process that outlives it: a toolkit takes its time to load, and each of several
 /// kills in a row must find a Dock that has spoken.
 
 #include <unistd.h>
@@ -21,7 +21,7 @@
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
-#include "standin/dock/FaceProcess.h"
+#include "standin/dock/UiProcess.h"
 #include "standin/store/Domain.h"
 #include "standin/store/SystemRoot.h"
 #include "standin/store/Timestamp.h"
@@ -29,12 +29,12 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: Dock [--face=FILE | --no-window | --list | --help]
+constexpr std::string_view usageText = R"(Usage: Dock [--ui=FILE | --no-window | --list | --help]
 
 Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and shows a dock that goes
 by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
 
-  --face=FILE   show it on a face that is there, which listens to this open file
+  --ui=FILE     show it on a UI that is there, which listens to this open file
   --no-window   show nothing, as where there is no display
   --list        print the settings that it would go by, one "key value" a line, and end
   --help        this text
@@ -60,17 +60,17 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   }
 }
 
-// A Dock that is started by itself has a face of its own, which ends with it.
+// A Dock that is started by itself has a UI of its own, which ends with it.
 void show(std::optional<int> socket, const std::string& behavior) {
-  const std::unique_ptr<FaceProcess> own = socket ? nullptr : FaceProcess::start();
+  const std::unique_ptr<UiProcess> own = socket ? nullptr : UiProcess::start();
   if (socket || own) {
     showOn(socket ? *socket : own->socket(), behavior);
-    // Without a face it is no use; the next Dock brings another one.
+    // Without a UI it is no use; the next Dock brings another one.
     ::_exit(EXIT_FAILURE);
   }
 }
 
-enum class Mode { face, noWindow, list };
+enum class Mode { ui, noWindow, list };
 
 int run(Mode mode, std::optional<int> socket = std::nullopt) {
   const auto [root, problem] = systemRoot();
@@ -85,7 +85,7 @@ int run(Mode mode, std::optional<int> socket = std::nullopt) {
   setTermination(SIG_BLOCK);
   logSettings(*root, stored);
   setTermination(SIG_UNBLOCK);
-  if (mode == Mode::face) {
+  if (mode == Mode::ui) {
     // What was read and logged, since the preferences may have changed meanwhile.
     show(socket, listText(dockBehavior(stored)));
   }
@@ -102,7 +102,7 @@ std::optional<int> numberIn(std::string_view text) {
 
 int runAs(const std::vector<std::string_view>& arguments) {
   if (arguments.empty()) {
-    return run(Mode::face);
+    return run(Mode::ui);
   }
   // Each argument is a way of running by itself, so that there is none that a second one could be.
   const std::string_view argument = arguments.size() > 1 ? "" : arguments.front();
@@ -115,10 +115,10 @@ int runAs(const std::vector<std::string_view>& arguments) {
   if (argument == "--no-window") {
     return run(Mode::noWindow);
   }
-  constexpr std::string_view face = "--face=";
-  if (argument.starts_with(face)) {
-    if (const auto socket = numberIn(argument.substr(face.size()))) {
-      return run(Mode::face, socket);
+  constexpr std::string_view ui = "--ui=";
+  if (argument.starts_with(ui)) {
+    if (const auto socket = numberIn(argument.substr(ui.size()))) {
+      return run(Mode::ui, socket);
     }
   }
   diagnostics::printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));

@@ -46,8 +46,8 @@ void Supervisor::run() {
     if (!end) {
       return stop();
     }
-    if (face_) {
-      face_->tellEnd();
+    if (ui_) {
+      ui_->tellEnd();
     }
     if (!rest(policy_.delayAfter(endingOf(*end), since(begin)))) {
       return;
@@ -56,17 +56,16 @@ void Supervisor::run() {
 }
 
 void Supervisor::start() {
-  if (!face_ || !face_->isRunning()) {
-    face_ = FaceProcess::start();
+  if (!ui_ || !ui_->isRunning()) {
+    ui_ = UiProcess::start();
   }
   // It lets SIGTERM through once it has spoken, so that no kill comes before the line in its log.
   const auto own = system::runningExecutable();
-  auto started =
-      own ? system::Process::start({.words = {own->parent_path() / "Dock", face_ ? "--face=3" : "--no-window"},
-                                    .extra = face_ ? face_->socket() : -1,
-                                    .blockedSignals = {SIGTERM},
-                                    .endsWithStarter = true})
-          : own.error();
+  auto started = own ? system::Process::start({.words = {own->parent_path() / "Dock", ui_ ? "--ui=3" : "--no-window"},
+                                               .extra = ui_ ? ui_->socket() : -1,
+                                               .blockedSignals = {SIGTERM},
+                                               .endsWithStarter = true})
+                     : own.error();
   if (!started) {
     diagnostics::printErrorLine("dock-supervisor: " + started.error().message);
   }

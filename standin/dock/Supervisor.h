@@ -5,14 +5,14 @@
 #include <memory>
 #include <optional>
 
-#include "standin/dock/FaceProcess.h"
 #include "standin/dock/RestartPolicy.h"
+#include "standin/dock/UiProcess.h"
 #include "system/Process.h"
 
 namespace tarnwell::standin {
 
 /// Keeps a Dock running: starts it again whenever it ends, until a SIGTERM, SIGINT or SIGHUP asks both to end. The
-/// kernel kills the Dock when the supervisor dies in any other way. The face that shows it stays for the next one.
+/// kernel kills the Dock when the supervisor dies in any other way. The UI that shows it stays for the next one.
 /// Sleeps whenever there is nothing to do.
 class Supervisor {
  public:
@@ -38,7 +38,7 @@ class Supervisor {
   sigset_t signals_{};
   RestartPolicy policy_;
   system::Process process_{-1};
-  std::unique_ptr<FaceProcess> face_;
+  std::unique_ptr<UiProcess> ui_;
 };
 
 }  // namespace tarnwell::standin

@@ -162,7 +162,7 @@ TEST(DockTest, anUnknownEffectIsTheGenie) {
   EXPECT_THAT(list(system), HasSubstr("mineffect genie\n"));
 }
 
-TEST(DockTest, staysWithoutAFaceWhereThereIsNoneToStart) {
+TEST(DockTest, staysWithoutAUiWhereThereIsNoneToStart) {
   const MacSystem system;
   const std::string lonely = (system.folder() / "Dock").string();
   std::filesystem::copy_file(DOCK_PATH, lonely);

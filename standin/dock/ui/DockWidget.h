@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QWidget>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "standin/dock/model/Reveal.h"
+#include "standin/dock/model/ScrollGesture.h"
+#include "standin/dock/model/ShelfLayout.h"
+#include "standin/dock/ui/Frames.h"
+#include "standin/dock/ui/ShelfPainter.h"
+#include "standin/dock/ui/Surface.h"
+
+namespace tarnwell::standin {
+
+/// The dock itself, at the lower edge of its surface: comes and goes with the pointer, grows below it, and tells what
+/// was done to its items.
+class DockWidget final : public QWidget {
+ public:
+  /// What to do about the item of a number.
+  struct Actions {
+    std::function<void(std::size_t item)> click;
+    std::function<void(std::size_t item)> menu;
+    std::function<void(std::size_t item)> scrollUp;
+  };
+
+  DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions);
+
+  void setItems(std::vector<DockItem> items);
+  void setScheme(Scheme scheme);
+
+  /// Brings it and keeps it, as often as it is told so, until it was released as often.
+  void hold();
+  void release();
+
+  /// What can be seen of the whole surface now, without the dock as far as is known what is behind it.
+  QPixmap pictureWithout() const;
+
+  /// Something else is behind the dock until uncover(): what it shines through.
+  void cover(const QPixmap& cover);
+  void uncover();
+
+  /// Comes for the first time.
+  void greet();
+
+  /// Where the icon of an item is once the dock is shown and not pointed at, on the surface.
+  QRect iconPlace(std::size_t item) const;
+
+ private:
+  using Time = Reveal::Time;
+
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+  void place();
+  void setPointer(bool onDock, bool atEdge);
+  Frames::Next frame();
+  void wakeUp();
+  void show(double share);
+  void lookBehind();
+  bool isBouncing(Time now) const;
+  void growTowards(Time now);
+  ShelfPainter::Frame currentFrame() const;
+  std::optional<std::size_t> itemAt(QPointF place) const;
+
+  Surface& surface_;
+  Look look_ = Look::of(Scheme::light);
+  ShelfPainter painter_;
+  Actions actions_;
+  std::vector<DockItem> items_;
+  ShelfLayout layout_{{}, 0};
+  Reveal reveal_;
+  int holders_ = 0;
+  bool onDock_ = false;
+  bool atEdge_ = false;
+  double pointer_ = 0;
+  double strength_ = 0;  // of the growth below the pointer
+  Time lastFrame_;
+  double shown_ = 0;
+  QPixmap backdrop_;  // what was behind the dock when it came
+  QPixmap blurred_;
+  QPixmap uncovered_;
+  QRegion outline_;
+  Frames frames_;
+  QTimer deadline_;
+  std::optional<std::size_t> pressed_;
+  ScrollGesture& scrolling_;
+};
+
+}  // namespace tarnwell::standin
