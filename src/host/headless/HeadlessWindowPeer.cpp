@@ -11,8 +11,9 @@ HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, const kit::Window& wind
     : journal_(journal), window_(window), room_(room) {}
 
 void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
+  const std::string shown = window_.takesKeyboard() ? "shown" : "shown without the keyboard";
   const bool shows = aspect == kit::Aspect::visible;
-  const std::string what = shows ? (window_.isVisible() ? "shown" : "hidden") : aspectName(aspect);
+  const std::string what = shows ? (window_.isVisible() ? shown : "hidden") : aspectName(aspect);
   journal_.note("window " + window_.identifier() + ": " + what);
 }
 

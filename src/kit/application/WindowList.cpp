@@ -2,10 +2,14 @@
 
 #include <algorithm>
 
+#include "kit/controls/Window.h"
+
 namespace tarnwell::kit {
 
 void WindowList::add(Window& window) {
-  keyWindow_ = &window;
+  if (window.takesKeyboard()) {
+    keyWindow_ = &window;
+  }
   if (std::ranges::find(windows_, &window) == windows_.end()) {
     windows_.push_back(&window);
     observers_.tell(*this);

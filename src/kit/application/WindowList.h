@@ -13,7 +13,7 @@ class WindowList {
  public:
   /// In the order in which they came.
   const std::vector<Window*>& all() const { return windows_; }
-  /// At the end, unless it is there already; it becomes the key window.
+  /// At the end, unless it is there already; it becomes the key window if it takes the keyboard.
   void add(Window& window);
   void remove(Window& window);
 

@@ -35,6 +35,10 @@ class Window final : public Object {
   bool isVisible() const { return visible_; }
   void setVisible(bool visible);
 
+  /// Whether it takes the keyboard when it comes. One that does not waits until the user goes there.
+  bool takesKeyboard() const { return takesKeyboard_; }
+  void setTakesKeyboard(bool takesKeyboard) { takesKeyboard_ = takesKeyboard; }
+
   int level() const { return level_; }
   void setLevel(int level);
 
@@ -101,6 +105,7 @@ class Window final : public Object {
   Size contentSize_;
   int level_ = normalLevel;
   bool visible_ = false;
+  bool takesKeyboard_ = true;
 };
 
 }  // namespace tarnwell::kit

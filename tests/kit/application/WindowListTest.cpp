@@ -27,6 +27,18 @@ TEST_F(WindowListTest, theNewestWindowHasTheKeys) {
   EXPECT_EQ(windows.keyWindow(), nullptr);
 }
 
+TEST_F(WindowListTest, aWindowThatDoesNotTakeTheKeyboardLeavesTheKeysWhereTheyAre) {
+  Window first("first", "");
+  Window quiet("quiet", "");
+  quiet.setTakesKeyboard(false);
+  windows.add(first);
+  windows.add(quiet);
+  EXPECT_EQ(windows.all(), (std::vector<Window*>{&first, &quiet}));
+  EXPECT_EQ(windows.keyWindow(), &first);
+  windows.setKeyWindow(&quiet);
+  EXPECT_EQ(windows.keyWindow(), &quiet);
+}
+
 TEST_F(WindowListTest, observersHearOfEachChangeOfTheWindows) {
   Window window("", "");
   std::vector<std::size_t> counts;

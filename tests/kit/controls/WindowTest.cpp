@@ -56,6 +56,15 @@ TEST_F(WindowTest, attachingReplaysTheState) {
                            "window dock: 3 controls in order"}));
 }
 
+TEST_F(WindowTest, theHostHearsWhetherItTakesTheKeyboardWhenItComes) {
+  window.setTakesKeyboard(false);
+  window.setVisible(true);
+  window.setVisible(false);
+  window.setTakesKeyboard(true);
+  window.setVisible(true);
+  EXPECT_EQ(told(), (Lines{"window dock: shown without the keyboard", "window dock: hidden", "window dock: shown"}));
+}
+
 TEST_F(WindowTest, returnPressesTheDefaultButton) {
   EXPECT_TRUE(window.keyDown(returnDown));
   EXPECT_EQ(events, Lines{"save"});

@@ -120,12 +120,19 @@ void WindowPeer::show(kit::Aspect aspect) noexcept {
   if (aspect == kit::Aspect::title) {
     widget_->setWindowTitle(toQString(window_.title()));
   } else if (aspect == kit::Aspect::visible) {
-    widget_->setVisible(window_.isVisible());
-    if (window_.isVisible()) {
-      bringToFront(*widget_);
-    }
+    showOrHide();
   } else if (aspect == kit::Aspect::level) {
     showLevel();
+  }
+}
+
+void WindowPeer::showOrHide() {
+  widget_->setAttribute(Qt::WA_ShowWithoutActivating, !window_.takesKeyboard());
+  widget_->setVisible(window_.isVisible());
+  if (window_.isVisible() && window_.takesKeyboard()) {
+    bringToFront(*widget_);
+  } else if (window_.isVisible()) {
+    widget_->raise();
   }
 }
 

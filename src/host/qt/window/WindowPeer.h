@@ -54,6 +54,7 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   void orderFront() noexcept override;
 
  private:
+  void showOrHide();
   void showLevel();
 
   kit::Window& window_;

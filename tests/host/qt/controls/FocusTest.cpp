@@ -203,5 +203,18 @@ TEST_F(PageTest, contentMovesWithTheOffset) {
   EXPECT_EQ(driver::widget(*toggles[2]).mapTo(&driver::widget(stage.window()), QPoint()), QPoint(20, 50));
 }
 
+TEST(FocusTest, windowThatDoesNotTakeTheKeyboardIsShownWithoutIt) {
+  Stage stage;
+  const QWidget& widget = driver::widget(stage.window());
+  stage.window().setTakesKeyboard(false);
+  stage.window().setVisible(true);
+  EXPECT_TRUE(widget.isVisible());
+  EXPECT_TRUE(widget.testAttribute(Qt::WA_ShowWithoutActivating));
+  stage.window().setVisible(false);
+  stage.window().setTakesKeyboard(true);
+  stage.window().setVisible(true);
+  EXPECT_FALSE(widget.testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
 }  // namespace
 }  // namespace tarnwell::host_qt
