@@ -5,6 +5,7 @@
 #include "kit/controls/Button.h"
 #include "kit/controls/Pane.h"
 #include "kit/controls/PopUpButton.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -66,6 +67,25 @@ ControlFacts toggle() {
               },
           .seen = {.role = Role::toggle, .value = false, .actions = {Action::toggle}},
           .deeds = {{.request = {.action = Action::toggle}, .heard = {"on"}, .value = true}}};
+}
+
+ControlFacts checkBox() {
+  ControlFacts facts = toggle();
+  facts.name = "checkBox";
+  facts.make = [make = facts.make](const Hear& hear) {
+    auto box = make(hear);
+    static_cast<kit::Toggle&>(*box).setStyle(kit::Toggle::Style::checkBox);
+    static_cast<kit::Toggle&>(*box).setTitle("Download");
+    return box;
+  };
+  facts.seen.name = "Download";
+  return facts;
+}
+
+std::unique_ptr<kit::Control> makeProgressBar(std::optional<double> share) {
+  auto bar = std::make_unique<kit::ProgressBar>();
+  bar->setShare(share);
+  return bar;
 }
 
 ControlFacts slider(const std::string& name, bool upsideDown) {
@@ -160,6 +180,7 @@ const std::vector<ControlFacts>& controlFacts() {
   static const std::vector<ControlFacts> facts = {
       button(),
       toggle(),
+      checkBox(),
       slider("slider", false),
       slider("turnedSlider", true),
       stepper(),
@@ -167,6 +188,12 @@ const std::vector<ControlFacts>& controlFacts() {
       popUpButton(),
       tabBar(),
       label(),
+      {.name = "progressBar",
+       .make = [](const Hear& /*hear*/) { return makeProgressBar(0.25); },
+       .seen = {.role = Role::progressBar, .value = 0.25, .range = kit::AccessibleRange{.least = 0, .most = 1}}},
+      {.name = "progressBarOfUnknownShare",
+       .make = [](const Hear& /*hear*/) { return makeProgressBar(std::nullopt); },
+       .seen = {.role = Role::progressBar}},
       {.name = "namedSymbol",
        .make = [](const Hear& /*hear*/) { return makeSymbol("Timer"); },
        .seen = {.role = Role::image, .name = "Timer"}},

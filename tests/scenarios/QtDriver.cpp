@@ -47,6 +47,7 @@ kit::AccessibleRole roleOf(QAccessibleInterface& seen) {
       {QAccessible::SpinBox, kit::AccessibleRole::stepper},
       {QAccessible::EditableText, kit::AccessibleRole::textField},
       {QAccessible::ComboBox, kit::AccessibleRole::popUpButton},
+      {QAccessible::ProgressBar, kit::AccessibleRole::progressBar},
       {QAccessible::PageTabList, kit::AccessibleRole::tabBar}};
   const bool isLeftOut = seen.parent()->indexOfChild(&seen) < 0;
   return isLeftOut ? kit::AccessibleRole::decoration : roles.at(seen.role());
@@ -89,7 +90,9 @@ std::vector<kit::AccessibleAction> actionsOf(QAccessibleInterface& seen) {
       actions.push_back(action);
     }
   }
-  if (seen.valueInterface() != nullptr || seen.editableTextInterface() != nullptr) {
+  // What goes in no steps is only told.
+  const auto range = rangeOf(seen);
+  if ((range && range->step > 0) || seen.editableTextInterface() != nullptr) {
     actions.push_back(kit::AccessibleAction::setValue);
   }
   if (seen.state().hasPopup || seen.role() == QAccessible::PageTabList) {

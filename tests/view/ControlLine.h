@@ -32,6 +32,8 @@ inline std::string kindOf(kit::AccessibleRole role) {
       return "TextField";
     case kit::AccessibleRole::popUpButton:
       return "Picker";
+    case kit::AccessibleRole::progressBar:
+      return "ProgressBar";
     case kit::AccessibleRole::tabBar:
       return "TabBar";
   }

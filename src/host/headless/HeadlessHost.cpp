@@ -10,6 +10,7 @@
 #include "kit/controls/Button.h"
 #include "kit/controls/Pane.h"
 #include "kit/controls/PopUpButton.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -75,6 +76,10 @@ std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Pane& pane, kit::Peer& /*pare
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Peer& /*parent*/) {
   return host_painted::paintedPeer<ControlPeer>(button, *this, journal_, "pop-up button");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ProgressBar& bar, kit::Peer& /*parent*/) {
+  return host_painted::paintedPeer<ControlPeer>(bar, *this, journal_, "progress bar");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ScrollArea& area, kit::Peer& /*parent*/) {

@@ -19,6 +19,9 @@ inline constexpr double fieldIdealWidth = 80;
 inline constexpr double fieldInset = 7;
 inline constexpr kit::Size stepper = {.width = 16, .height = 22};
 inline constexpr kit::Size toggle = {.width = 38, .height = 22};
+inline constexpr double checkBoxSide = 15;
+inline constexpr double checkBoxGap = 7;  // From the box to its title.
+inline constexpr kit::Size progressBar = {.width = 160, .height = 6};
 inline constexpr double buttonHeight = 24;
 inline constexpr double buttonInset = 14;
 inline constexpr double buttonLeastWidth = 64;

@@ -10,6 +10,7 @@
 #include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
 #include "kit/controls/TextLabel.h"
+#include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_painted {
 namespace {
@@ -49,6 +50,11 @@ kit::Measurement naturalSize(const kit::PopUpButton& button, const TextMeasurer&
   return centredOnText({.width = width, .height = height}, text);
 }
 
+kit::Measurement naturalSize(const kit::ProgressBar& /*bar*/, const TextMeasurer& text, kit::Proposal proposal) {
+  const double width = proposal.width.value_or(metrics::progressBar.width);
+  return centredOnText({.width = width, .height = metrics::progressBar.height}, text);
+}
+
 kit::Measurement naturalSize(const kit::Slider& /*slider*/, const TextMeasurer& text, kit::Proposal proposal) {
   const double width = std::max(metrics::sliderLeastWidth, proposal.width.value_or(metrics::slider.width));
   return centredOnText({.width = width, .height = metrics::slider.height}, text);
@@ -78,7 +84,11 @@ kit::Measurement naturalSize(const kit::TextLabel& label, const TextMeasurer& te
   return text.measureText(label.text(), label.style().font, proposal.width);
 }
 
-kit::Measurement naturalSize(const kit::Toggle& /*toggle*/, const TextMeasurer& text, kit::Proposal /*proposal*/) {
+kit::Measurement naturalSize(const kit::Toggle& toggle, const TextMeasurer& text, kit::Proposal /*proposal*/) {
+  if (toggle.style() == kit::Toggle::Style::checkBox) {
+    const double width = metrics::checkBoxSide + metrics::checkBoxGap + widthOf(toggle.title(), text);
+    return centredOnText({.width = width, .height = heightAround(text, metrics::checkBoxSide, 0)}, text);
+  }
   return centredOnText(metrics::toggle, text);
 }
 

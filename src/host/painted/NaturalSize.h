@@ -5,6 +5,7 @@
 namespace tarnwell::kit {
 class Button;
 class PopUpButton;
+class ProgressBar;
 class Slider;
 class Stepper;
 class SymbolView;
@@ -21,6 +22,7 @@ namespace tarnwell::host_painted {
 kit::Measurement naturalSize(const kit::Button& button, const TextMeasurer& text, kit::Proposal proposal);
 /// As wide as the widest item, so that choosing another moves nothing.
 kit::Measurement naturalSize(const kit::PopUpButton& button, const TextMeasurer& text, kit::Proposal proposal);
+kit::Measurement naturalSize(const kit::ProgressBar& bar, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::Slider& slider, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::Stepper& stepper, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::SymbolView& symbol, const TextMeasurer& text, kit::Proposal proposal);

@@ -16,6 +16,7 @@
 #include "kit/controls/Box.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/Pane.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
@@ -51,6 +52,10 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {
   return host_painted::paintedPeer<PopUpButtonPeer>(button, *this, theme_, Container::contentOf(parent));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::ProgressBar& bar, kit::Peer& parent) {
+  return host_painted::paintedPeer<WidgetPeer>(bar, *this, makeWidget(bar, theme_, Container::contentOf(parent)));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent) {

@@ -19,6 +19,7 @@ enum class AccessibleRole {
   stepper,
   textField,
   popUpButton,
+  progressBar,
   tabBar
 };
 

@@ -6,10 +6,18 @@
 
 namespace tarnwell::kit {
 
-/// A switch that is on or off.
+/// A switch or a check box that is on or off.
 class Toggle final : public Control {
  public:
+  enum class Style { slidingSwitch, checkBox };
   using ToggleAction = std::function<void(bool)>;
+
+  Style style() const { return style_; }
+  void setStyle(Style style);
+
+  /// What stands beside a check box, and is a part of it.
+  const std::string& title() const { return title_; }
+  void setTitle(std::string title);
 
   bool isOn() const { return on_; }
   void setOn(bool on);
@@ -37,7 +45,9 @@ class Toggle final : public Control {
 
  private:
   ToggleAction action_;
+  std::string title_;
   Rect labelFrame_;
+  Style style_ = Style::slidingSwitch;
   bool on_ = false;
 };
 

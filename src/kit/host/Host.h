@@ -11,6 +11,7 @@ class Box;
 class Button;
 class Pane;
 class PopUpButton;
+class ProgressBar;
 class ScrollArea;
 class Slider;
 class Stepper;
@@ -34,6 +35,7 @@ class Host {
   virtual std::unique_ptr<Peer> peer(Button& button, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Pane& pane, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(PopUpButton& button, Peer& parent) = 0;
+  virtual std::unique_ptr<Peer> peer(ProgressBar& bar, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(ScrollArea& area, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Slider& slider, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Stepper& stepper, Peer& parent) = 0;

@@ -1,6 +1,5 @@
 #include "view/controls/Toggle.h"
 
-#include "kit/controls/Toggle.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {
@@ -17,7 +16,13 @@ class ToggleNode final : public ControlNode {
     return toggle;
   }
 
-  void updateControl() override { controlAs<kit::Toggle>().setOn(valueAs<Toggle>().isOn.get()); }
+  void updateControl() override {
+    const auto& value = valueAs<Toggle>();
+    auto& toggle = controlAs<kit::Toggle>();
+    toggle.setStyle(value.style);
+    toggle.setTitle(value.style == kit::Toggle::Style::checkBox ? value.title : std::string());
+    toggle.setOn(value.isOn.get());
+  }
 
   std::string ownName() const override { return valueAs<Toggle>().title; }
 };

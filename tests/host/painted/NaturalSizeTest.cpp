@@ -3,6 +3,7 @@
 #include "kit/ShownControl.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/PopUpButton.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
@@ -53,6 +54,19 @@ TEST(NaturalSizeTest, aSliderTakesTheWidthThatItIsOfferedDownToItsLeast) {
 TEST(NaturalSizeTest, switchesAndSteppersHaveOneSize) {
   EXPECT_EQ(ShownControl<kit::Toggle>()->measure({.width = 500}).size, (Size{.width = 38, .height = 22}));
   EXPECT_EQ(ShownControl<kit::Stepper>()->measure({.width = 500}).size, (Size{.width = 16, .height = 22}));
+}
+
+TEST(NaturalSizeTest, aCheckBoxHasRoomForItsTitle) {
+  ShownControl<kit::Toggle> box;
+  box->setStyle(kit::Toggle::Style::checkBox);
+  box->setTitle("0123456789");
+  EXPECT_EQ(box->measure({.width = 500}).size, (Size{.width = 15 + 7 + 70, .height = 16}));
+}
+
+TEST(NaturalSizeTest, aProgressBarIsAsWideAsOffered) {
+  const ShownControl<kit::ProgressBar> bar;
+  EXPECT_EQ(bar->measure({}).size, (Size{.width = 160, .height = 6}));
+  EXPECT_EQ(bar->measure({.width = 400}).size, (Size{.width = 400, .height = 6}));
 }
 
 TEST(NaturalSizeTest, aSymbolIsASquareCentredOnACapitalLetter) {

@@ -38,6 +38,16 @@ TEST(ToggleTest, choosingWhereItStandsIsNoAction) {
   EXPECT_EQ(toggle.told(), (Lines{"switch: value", "switch: value"}));
 }
 
+TEST(ToggleTest, aCheckBoxIsCalledWhatStandsBesideIt) {
+  ShownControl<Toggle> box;
+  const unsigned sizeBefore = box->sizeRevision();
+  box->setStyle(Toggle::Style::checkBox);
+  box->setTitle("Download");
+  EXPECT_EQ(box->accessible().name, "Download");
+  EXPECT_NE(box->sizeRevision(), sizeBefore);
+  EXPECT_EQ(box.told(), (Lines{"switch: style", "switch: title"}));
+}
+
 TEST(ToggleTest, aDisabledOneIgnoresPresses) {
   ShownControl<Toggle> toggle;
   toggle->setAction([](bool) { FAIL() << "a disabled switch sent its action"; });

@@ -6,6 +6,7 @@
 
 #include "host/headless/PointNumberFormat.h"
 #include "kit/controls/PopUpButton.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/TextField.h"
 #include "kit/controls/Toggle.h"
@@ -15,6 +16,7 @@
 #include "view/controls/Label.h"
 #include "view/controls/LabeledRow.h"
 #include "view/controls/Picker.h"
+#include "view/controls/ProgressBar.h"
 #include "view/controls/Stepper.h"
 #include "view/controls/Symbol.h"
 #include "view/controls/Text.h"
@@ -34,6 +36,26 @@ Binding<T> bindingTo(T& value) {
 template <class T>
 Binding<T> refusing(T value) {
   return {.get = [value] { return value; }, .set = [](T) {}};
+}
+
+TEST(ControlNodeTest, progressIsShownAndFollowed) {
+  Stage stage{ProgressBar{.title = "Download"}};
+  auto& bar = stage.find<kit::ProgressBar>("Download");
+  EXPECT_EQ(bar.share(), std::nullopt);
+  stage.show(ProgressBar{.title = "Download", .share = 0.5});
+  EXPECT_EQ(&stage.find<kit::ProgressBar>("Download"), &bar);
+  EXPECT_EQ(bar.share(), 0.5);
+}
+
+TEST(ControlNodeTest, checkBoxShowsTheTitleThatASwitchHides) {
+  bool on = false;
+  const Stage stage{
+      VStack{.children = {Toggle{.title = "switch", .isOn = bindingTo(on)},
+                          Toggle{.title = "box", .isOn = bindingTo(on), .style = kit::Toggle::Style::checkBox}}}};
+  EXPECT_EQ(stage.find<kit::Toggle>("switch").title(), "");
+  EXPECT_EQ(stage.find<kit::Toggle>("box").title(), "box");
+  stage.find<kit::Toggle>("box").press();
+  EXPECT_TRUE(on);
 }
 
 TEST(ControlNodeTest, inputReachesTheBinding) {

@@ -37,6 +37,8 @@ QAccessible::Role roleFor(kit::AccessibleRole role) {
       return QAccessible::EditableText;
     case kit::AccessibleRole::popUpButton:
       return QAccessible::ComboBox;
+    case kit::AccessibleRole::progressBar:
+      return QAccessible::ProgressBar;
     case kit::AccessibleRole::tabBar:
       return QAccessible::PageTabList;
   }

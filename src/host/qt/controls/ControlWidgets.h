@@ -6,6 +6,7 @@ namespace tarnwell::kit {
 class Box;
 class Button;
 class Pane;
+class ProgressBar;
 class Slider;
 class Stepper;
 class SymbolView;
@@ -22,6 +23,7 @@ class Theme;
 QWidget* makeWidget(kit::Box& box, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Button& button, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Pane& pane, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::ProgressBar& bar, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Slider& slider, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);

@@ -12,6 +12,7 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/ScrollArea.h"
 
 namespace tarnwell::host_qt {
@@ -196,6 +197,42 @@ TEST(TabBarTest, anotherTabCommitsWhatIsBeingTyped) {
 
 constexpr kit::Rect switchPlace = {.x = 200, .y = 20, .width = 38, .height = 22};
 constexpr kit::Rect labelPlace = {.x = 20, .y = 20, .width = 100, .height = 22};
+
+TEST(ToggleTest, clickOnTheTitleOfACheckBoxTurnsIt) {
+  Stage stage;
+  auto& box = stage.add(makeToggle(), usualPlace);
+  box.setStyle(kit::Toggle::Style::checkBox);
+  box.setTitle("Download");
+  stage.show();
+  const QImage off = driver::widget(box).grab().toImage();
+  driver::clickAt(box, {.x = 40, .y = box.bounds().height / 2});
+  EXPECT_TRUE(box.isOn());
+  EXPECT_NE(driver::widget(box).grab().toImage(), off);
+}
+
+TEST(ProgressBarTest, itFillsAsFarAsItSays) {
+  Stage stage;
+  auto& bar = stage.add(std::make_unique<kit::ProgressBar>(), {.x = 20, .y = 20, .width = 200, .height = 6});
+  stage.show();
+  const auto at = [&bar](int x) { return driver::widget(bar).grab().toImage().pixelColor(x, 3); };
+  bar.setShare(0.5);
+  EXPECT_EQ(at(50), testHost().theme().palette().accent);
+  EXPECT_NE(at(150), testHost().theme().palette().accent);
+  bar.setShare(1);
+  EXPECT_EQ(at(150), testHost().theme().palette().accent);
+}
+
+TEST(ProgressBarTest, somethingMovesWhileTheShareIsUnknown) {
+  Stage stage;
+  const auto& bar = stage.add(std::make_unique<kit::ProgressBar>(), {.x = 20, .y = 20, .width = 200, .height = 6});
+  stage.show();
+  QWidget& widget = driver::widget(bar);
+  const QImage first = widget.grab().toImage();
+  EXPECT_TRUE(fixtures::waitFor([&widget, &first] {
+    QApplication::processEvents();
+    return widget.grab().toImage() != first;
+  }));
+}
 
 TEST(ToggleTest, clickOnItsLabelPressesIt) {
   Stage stage;
