@@ -83,7 +83,7 @@ Installation::~Installation() {
 }
 
 system::Result<std::unique_ptr<Installation>> Installation::start(Engine& engine, PackageDesktop& desktop,
-                                                                  const PackageFile& package, Order order,
+                                                                  const PackageFile& package, const Order& order,
                                                                   Handed handed) {
   const Way* way = wayOf(order.kind);
   if (way == nullptr) {

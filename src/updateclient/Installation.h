@@ -32,7 +32,8 @@ class Installation {
   /// Returns why the package is nothing for this system, which trying again does not change. Otherwise `handed` is
   /// called once, later, from the event loop, and may end the installation. Everything is borrowed.
   static system::Result<std::unique_ptr<Installation>> start(Engine& engine, PackageDesktop& desktop,
-                                                             const PackageFile& package, Order order, Handed handed);
+                                                             const PackageFile& package, const Order& order,
+                                                             Handed handed);
   Installation(const Installation&) = delete;
   Installation& operator=(const Installation&) = delete;
   ~Installation();

@@ -70,8 +70,8 @@ void UpdateCheck::comeForward() {
   }
 }
 
-void UpdateCheck::run(Engine::Order order, std::function<bool(const release::Message&)> said,
-                      std::function<void(const system::Result<void>&)> ended) {
+void UpdateCheck::run(const Engine::Order& order, std::function<bool(const release::Message&)> said,
+                      const std::function<void(const system::Result<void>&)>& ended) {
   // Its end begins the next one.
   const auto take = [this, ended](const system::Result<void>& result) {
     const auto done = std::move(job_);

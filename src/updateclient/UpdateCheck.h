@@ -79,8 +79,8 @@ class UpdateCheck {
   template <class F>
   auto whileCurrent(F function);
   /// Has the engine do something for this stage; a failure to begin is one of `ended`.
-  void run(Engine::Order order, std::function<bool(const release::Message&)> said,
-           std::function<void(const system::Result<void>&)> ended);
+  void run(const Engine::Order& order, std::function<bool(const release::Message&)> said,
+           const std::function<void(const system::Result<void>&)>& ended);
 
   Setting setting_;
   Origin origin_;

@@ -50,7 +50,7 @@ int supervise() {
 }  // namespace
 }  // namespace tarnwell::standin
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): what is thrown past here is a fault
   using tarnwell::standin::usageText;
   tarnwell::diagnostics::prepareStandardStreams();
   // We outlive the parent process, and must not keep the other end of a pipe of theirs open.

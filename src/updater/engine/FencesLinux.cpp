@@ -49,6 +49,7 @@ int findLoader(dl_phdr_info* object, std::size_t /*size*/, void* path) {
   for (int index = 0; index < object->dlpi_phnum; ++index) {
     const auto& header = object->dlpi_phdr[index];
     if (header.p_type == PT_INTERP) {
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader tells an address as a number
       *static_cast<const char**>(path) = reinterpret_cast<const char*>(object->dlpi_addr + header.p_vaddr);
     }
   }

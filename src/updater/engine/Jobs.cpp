@@ -126,7 +126,7 @@ Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say
     }
     return {};
   };
-  const Done fetched = given.fetch(downloadOf(arguments, length, packageLimit), take);
+  Done fetched = given.fetch(downloadOf(arguments, length, packageLimit), take);
   if (fetched && received != length) {
     return untrusted("it is shorter than the feed says");
   }

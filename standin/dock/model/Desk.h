@@ -33,6 +33,7 @@ struct DocumentId {
   std::size_t application = 0;
   std::size_t document = 0;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): the tool takes the comparison's zero for a pointer
   auto operator<=>(const DocumentId&) const = default;
 };
 

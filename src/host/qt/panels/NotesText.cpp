@@ -98,7 +98,7 @@ class Markup {
 };
 
 void read(QTextDocument& document, const QString& notes) {
-  const QString start = notes.left(16 * 1024);
+  const QString start = notes.left(qsizetype{16} * 1024);
   if (Qt::mightBeRichText(start)) {
     document.setHtml(start);
   } else {
