@@ -36,7 +36,8 @@ function(tarnwell_test name)
   reuse_precompiled_headers(tarnwell_${name} "_test" ${arg_LINKS})
   if(arg_WHOLE)
     add_test(NAME ${name} COMMAND tarnwell_${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+    # What takes longest starts first.
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 COST 5 ENVIRONMENT "${arg_ENVIRONMENT}")
   else()
     gtest_discover_tests(tarnwell_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
                          PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")

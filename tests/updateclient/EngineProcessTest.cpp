@@ -88,7 +88,7 @@ TEST_F(EngineProcessTest, believesNoLineThatLies) {
   for (const char* script :
        {"echo engine 1; echo other word; echo 'done '", "echo engine 1; echo 'done '; echo word more",
         "echo engine 1; echo nonsense", "echo engine 1; echo engine 1", "echo engine 1; printf '\\377\\n'",
-        "echo engine 1; head -c 2000000 /dev/zero | tr '\\0' x", "echo engine 1; yes 'word x'"}) {
+        "echo engine 1; head -c 2000000 /dev/zero | tr '\\0' x", "echo engine 1; yes \"word $(printf %01000d 0)\""}) {
     EXPECT_EQ(endOf(script), nonsense) << script;
   }
   EXPECT_TRUE(losesItsChildren());

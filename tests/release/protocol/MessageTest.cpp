@@ -52,12 +52,13 @@ TEST(Message, isLimitedInItsLengthAndInItsNumber) {
   EXPECT_EQ(readIn(longest, longest.size()).size(), 1U);
   EXPECT_NE(readIn(longest, 4096).back(), "refused");
   EXPECT_EQ(readIn("x" + longest, 4096), std::vector<std::string>{"refused"});
+  const std::string line = "word " + std::string(1018, 'x') + '\n';
   std::string many;
-  while (many.size() <= MessageReader::maximumLength) {
-    many += "word text\n";
+  while (many.size() < MessageReader::maximumLength) {
+    many += line;
   }
-  EXPECT_EQ(readIn(many, 65536).back(), "refused");
-  EXPECT_NE(readIn(many.substr(0, MessageReader::maximumLength / 10 * 10), 65536).back(), "refused");
+  EXPECT_NE(readIn(many, 65536).back(), "refused");
+  EXPECT_EQ(readIn(many + line, 65536).back(), "refused");
 }
 
 }  // namespace
