@@ -204,11 +204,11 @@ TEST_F(PublishedUpdateTest, aFeedThatNeverEndsIsRefused) {
 
 // As by the system when memory is short, at each stage.
 TEST_F(PublishedUpdateTest, anEngineThatIsKilledIsAFailureAndCanBeTriedAgain) {
-  constexpr const char* interrupted = "failure: The work on the update was interrupted before it was done. Try again.";
+  constexpr const char* interruption = "failure: The work on the update was interrupted before it was done. Try again.";
   launch("/silent");
   updater->checkForUpdates();
   ASSERT_TRUE(killsEngine());
-  EXPECT_TRUE(shows(interrupted)) << driver.screen;
+  EXPECT_TRUE(shows(interruption)) << driver.screen;
   driver.acknowledge();
   publish("2.0", "half");
   launch();
@@ -217,7 +217,7 @@ TEST_F(PublishedUpdateTest, anEngineThatIsKilledIsAFailureAndCanBeTriedAgain) {
   driver.choose(Choice::install);
   EXPECT_TRUE(becomes([&] { return driver.progress.starts_with(std::to_string(package.size() / 2)); }));
   ASSERT_TRUE(killsEngine());
-  EXPECT_TRUE(shows(interrupted)) << driver.screen;
+  EXPECT_TRUE(shows(interruption)) << driver.screen;
   EXPECT_TRUE(fs::is_empty(sandbox / "packages"));
   driver.retry();
   EXPECT_TRUE(shows("downloading 2.0")) << driver.screen;
