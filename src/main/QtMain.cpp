@@ -27,7 +27,7 @@ int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, cons
   if (!instance.listen(toolkit)) {
     return EXIT_SUCCESS;
   }
-  host_qt::DesktopServices services(toolkit, product, start, updateclient::updateSource());
+  host_qt::DesktopServices services(product, start, updateclient::updateSource());
   auto answers = services.services();
   answers.launchEvent = launch.event();
   answers.menuWindow = view::SceneRunner::settingsWindowIdentifier;

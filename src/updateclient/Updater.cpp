@@ -104,7 +104,7 @@ void Updater::sayWhyNot() {
     saysWhyNot_ = false;
     tellWhetherItCanCheck();
   };
-  ports_.driver.showFailure(obstacle_, acknowledged, {});
+  ports_.driver.showObstacle(obstacle_, acknowledged);
 }
 
 void Updater::begin(UserDriver::Origin origin) {

@@ -44,6 +44,8 @@ class UserDriver {
   virtual void showHandedOver(const release::FeedItem& item, HandOver handOver, Origin origin,
                               kit::Action acknowledged) = 0;
   virtual void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) = 0;
+  /// Why no check is possible here, in a sentence for people.
+  virtual void showObstacle(const std::string& reason, kit::Action acknowledged) = 0;
   /// `reason` is a sentence for people. `retry` is empty where trying again cannot help.
   virtual void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) = 0;
   /// In the browser.

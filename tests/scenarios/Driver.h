@@ -46,6 +46,9 @@ class Driver {
   /// Gives the keyboard to `control` and presses the key.
   virtual void pressKey(kit::Window& window, kit::Control& control, Key key) = 0;
 
+  /// To whatever has the keyboard there.
+  virtual void pressKey(kit::Window& window, Key key) = 0;
+
   // As an assistive client, which knows of no pointer.
 
   virtual kit::Accessible look(kit::Control& control) = 0;

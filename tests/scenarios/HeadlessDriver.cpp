@@ -58,12 +58,19 @@ class HeadlessDriver final : public Driver {
 
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {
     leaveField(control);
+    window.setFocusedControl(&control);
+    if (key == Key::space) {
+      click(control);
+    } else {
+      pressKey(window, key);
+    }
+  }
+
+  void pressKey(kit::Window& window, Key key) override {
     if (key == Key::enter) {
       window.keyDown({.charactersIgnoringModifiers = kit::returnKey});
     } else if (key == Key::escape) {
       window.keyDown({.charactersIgnoringModifiers = kit::escapeKey});
-    } else if (key == Key::space) {
-      click(control);
     } else if (key == Key::tab) {
       window.endEditing();
     }

@@ -172,6 +172,8 @@ class QtDriver final : public Driver {
     driver::keyAt(control, keyCode(key));
   }
 
+  void pressKey(kit::Window& window, Key key) override { driver::key(window, keyCode(key)); }
+
   kit::Accessible look(kit::Control& control) override {
     QAccessibleInterface& seen = driver::seen(control);
     return {.role = roleOf(seen),

@@ -16,7 +16,6 @@
 #include "host/qt/Desktop.h"
 #include "host/qt/QtPlatform.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/panels/AboutPanel.h"
 #include "host/qt/session/RunLater.h"
 #include "host/qt/tray/FakePanel.h"
 #include "scenarios/System.h"
@@ -40,14 +39,11 @@ QMenuBar& menuBarOnScreen() {
 }
 
 /// Null while there is none on the screen.
-const host_qt::AboutPanel* aboutPanelOnScreen() {
-  for (const QWidget* widget : QApplication::topLevelWidgets()) {
-    const auto* panel = dynamic_cast<const host_qt::AboutPanel*>(widget);
-    if (panel != nullptr && panel->isVisible()) {
-      return panel;
-    }
-  }
-  return nullptr;
+const QWidget* aboutWindowOnScreen() {
+  const auto widgets = QApplication::topLevelWidgets();
+  const auto found = std::ranges::find_if(
+      widgets, [](const QWidget* widget) { return widget->isVisible() && widget->windowTitle() == "About Tarnwell"; });
+  return found != widgets.end() ? *found : nullptr;
 }
 
 /// Without the keys that stand beside each title, which are a host's own affair.
@@ -151,8 +147,8 @@ class QtSystem final : public System {
     return {.width = static_cast<double>(size.width()), .height = static_cast<double>(size.height())};
   }
 
-  bool aboutIsShown() override { return aboutPanelOnScreen() != nullptr; }
-  void closeAbout() override { driver::keyTo(*aboutPanelOnScreen(), Qt::Key_Escape); }
+  bool aboutIsShown() override { return aboutWindowOnScreen() != nullptr; }
+  void closeAbout() override { driver::keyTo(*aboutWindowOnScreen(), Qt::Key_Escape); }
 
   std::string openedAddress() override {
     host_qt::becomes([this] { return browser_.read("opened").ends_with('\n'); });

@@ -51,6 +51,10 @@ class FakeUserDriver final : public UserDriver {
     show("up to date " + shownVersion);
     acknowledge_ = std::move(acknowledged);
   }
+  void showObstacle(const std::string& reason, kit::Action acknowledged) override {
+    show("cannot check: " + reason);
+    acknowledge_ = std::move(acknowledged);
+  }
   void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override {
     show("failure: " + reason);
     acknowledge_ = std::move(acknowledged);

@@ -38,6 +38,10 @@ FontMetrics metricsOf(kit::FontRole font) {
       return {.characterWidth = 6, .lineHeight = 14, .baseline = 11, .capHeight = 8};
     case kit::FontRole::caption:
       return {.characterWidth = 5, .lineHeight = 12, .baseline = 9, .capHeight = 7};
+    case kit::FontRole::headline:
+      return {.characterWidth = 8, .lineHeight = 18, .baseline = 14, .capHeight = 10};
+    case kit::FontRole::title:
+      return {.characterWidth = 10, .lineHeight = 22, .baseline = 17, .capHeight = 13};
   }
   return {};
 }

@@ -6,6 +6,7 @@
 #include "host/painted/TabGeometry.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/PopUpButton.h"
+#include "kit/controls/ProgressBar.h"
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
@@ -64,8 +65,8 @@ kit::Measurement naturalSize(const kit::Stepper& /*stepper*/, const TextMeasurer
   return centredOnText(metrics::stepper, text);
 }
 
-kit::Measurement naturalSize(const kit::SymbolView& /*symbol*/, const TextMeasurer& text, kit::Proposal /*proposal*/) {
-  return centredOnText({.width = kit::SymbolView::side, .height = kit::SymbolView::side}, text);
+kit::Measurement naturalSize(const kit::SymbolView& symbol, const TextMeasurer& text, kit::Proposal /*proposal*/) {
+  return centredOnText({.width = symbol.side(), .height = symbol.side()}, text);
 }
 
 kit::Measurement naturalSize(const kit::TabBar& bar, const TextMeasurer& text, kit::Proposal proposal) {

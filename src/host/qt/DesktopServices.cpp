@@ -6,14 +6,13 @@
 #include "host/linux/LaunchArguments.h"
 #include "host/linux/NumberLocale.h"
 #include "host/linux/RunningAppImage.h"
-#include "host/qt/panels/DesktopUpdater.h"
+#include "host/qt/DesktopUpdater.h"
 
 namespace tarnwell::host_qt {
 
-DesktopServices::DesktopServices(QtApplication& toolkit, const kit::Product& product,
-                                 const host_linux::ProcessSetup& start, updateclient::UpdateSource updates)
-    : toolkit_(toolkit),
-      product_(product),
+DesktopServices::DesktopServices(const kit::Product& product, const host_linux::ProcessSetup& start,
+                                 updateclient::UpdateSource updates)
+    : product_(product),
       start_(start),
       updates_(std::move(updates)),
       loginItem_({.id = product.identifier,
@@ -30,8 +29,7 @@ QtPlatform::Services DesktopServices::services() {
       .loginItem = &loginItem_,
       .log = &log_,
       .makeUpdaterController = [this](kit::Application& application, const kit::UpdaterControllerArguments& arguments) {
-        return std::make_unique<DesktopUpdater>(application, toolkit_.host().theme(), arguments, updates_,
-                                                start_.executable);
+        return std::make_unique<DesktopUpdater>(application, arguments, updates_, start_.executable);
       }};
 }
 

@@ -11,15 +11,13 @@ namespace tarnwell::host_qt {
 /// What a desktop's toolkit cannot answer, answered by the Linux system below it.
 class DesktopServices {
  public:
-  /// The toolkit is borrowed and outlives the services.
-  DesktopServices(QtApplication& toolkit, const kit::Product& product, const host_linux::ProcessSetup& start,
+  DesktopServices(const kit::Product& product, const host_linux::ProcessSetup& start,
                   updateclient::UpdateSource updates);
 
   /// What is pointed to in it lives as long as this object.
   QtPlatform::Services services();
 
  private:
-  QtApplication& toolkit_;
   kit::Product product_;
   host_linux::ProcessSetup start_;
   updateclient::UpdateSource updates_;

@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "about/AboutWindow.h"
 #include "host/qt/bus/SessionBus.h"
 #include "host/qt/look/ApplicationIcon.h"
 #include "host/qt/menus/MenuBar.h"
-#include "host/qt/panels/Panel.h"
 #include "host/qt/session/ActivationToken.h"
 #include "host/qt/session/KeyboardFocus.h"
 #include "host/qt/session/RunLater.h"
@@ -36,13 +36,6 @@ void forEachWindow(const Visit& visit) {
       visit(*window);
     }
   }
-}
-
-bool isPanel(const QWindow* window) {
-  const auto widgets = QApplication::topLevelWidgets();
-  return window != nullptr && std::ranges::any_of(widgets, [window](QWidget* widget) {
-           return widget->windowHandle() == window && dynamic_cast<Panel*>(widget) != nullptr;
-         });
 }
 
 // The bars stand beside the content, so their heights come first.
@@ -117,7 +110,8 @@ void QtPlatform::wakeUp(kit::Application& application) {
 // A window that is still to come asks for the keyboard itself, when it stands.
 void QtPlatform::activateIgnoringOtherApps() {
   forEachWindow([](WindowWidget& window) {
-    if (window.isVisible()) {
+    // Panels stay with what they were opened for, without the keyboard perhaps.
+    if (window.isVisible() && window.kitWindow()->kind() == kit::Window::Kind::standard) {
       bringToFront(window);
     }
   });
@@ -141,15 +135,7 @@ void QtPlatform::terminate() {
 }
 
 void QtPlatform::orderFrontStandardAboutPanel(kit::Application& application) {
-  if (!aboutPanel_) {
-    aboutPanel_ = std::make_unique<AboutPanel>(services_.product);
-    aboutPanel_->setKeyEquivalents([known = weak(application)](const kit::KeyEvent& key) {
-      if (const auto alive = known.lock()) {
-        alive->responders().performKeyEquivalent(key);
-      }
-    });
-  }
-  aboutPanel_->orderFront(hasKeyboard() ? Panel::Manner::inFront : Panel::Manner::quiet);
+  about::orderFrontAboutWindow(application, hasKeyboard());
 }
 
 void QtPlatform::openUrl(const std::string& address) { application_.openUrl(address); }
@@ -181,23 +167,18 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
 }
 
 void QtPlatform::followKeyWindow(kit::Application& application) {
-  QObject::connect(
-      qApp, &QGuiApplication::focusWindowChanged, &context_, [known = weak(application)](QWindow* focused) noexcept {
-        const auto alive = known.lock();
-        if (!alive) {
-          return;
-        }
-        // Its keys must not act on the window behind it.
-        if (isPanel(focused)) {
-          alive->windows().setKeyWindow(nullptr);
-        }
-        forEachWindow([&](const WindowWidget& window) {
-          const auto& shown = alive->windows().all();
-          if (window.windowHandle() == focused && std::ranges::find(shown, window.kitWindow()) != shown.end()) {
-            alive->windows().setKeyWindow(window.kitWindow());
-          }
-        });
-      });
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context_,
+                   [known = weak(application)](QWindow* focused) noexcept {
+                     const auto alive = known.lock();
+                     if (!alive) {
+                       return;
+                     }
+                     forEachWindow([&](const WindowWidget& window) {
+                       if (window.windowHandle() == focused && window.kitWindow()->isVisible()) {
+                         alive->windows().setKeyWindow(window.kitWindow());
+                       }
+                     });
+                   });
 }
 
 }  // namespace tarnwell::host_qt

@@ -8,7 +8,6 @@
 #include <string>
 
 #include "host/qt/QtApplication.h"
-#include "host/qt/panels/AboutPanel.h"
 #include "host/qt/session/PortalSettings.h"
 #include "host/qt/session/StartupBarrier.h"
 #include "host/qt/tray/TrayWatch.h"
@@ -80,7 +79,6 @@ class QtPlatform final : public kit::Platform {
   PortalSettings portal_;
   TrayWatch tray_;
   QObject context_;  // Ends what was queued, and what listens to the toolkit.
-  std::unique_ptr<AboutPanel> aboutPanel_;
   std::optional<kit::AppleEvent> currentEvent_;
   bool turnIsDue_ = false;
 };

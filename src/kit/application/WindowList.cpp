@@ -17,13 +17,13 @@ void WindowList::add(Window& window) {
 }
 
 void WindowList::remove(Window& window) {
-  if (std::erase(windows_, &window) == 0) {
-    return;
-  }
+  const bool wasListed = std::erase(windows_, &window) > 0;
   if (keyWindow_ == &window) {
     keyWindow_ = windows_.empty() ? nullptr : windows_.back();
   }
-  observers_.tell(*this);
+  if (wasListed) {
+    observers_.tell(*this);
+  }
 }
 
 }  // namespace tarnwell::kit

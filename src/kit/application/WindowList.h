@@ -8,13 +8,14 @@ namespace tarnwell::kit {
 
 class Window;
 
-/// The application's windows that are on the screen, and which of them has the keys. All are borrowed.
+/// The windows of the application's scenes that are on the screen, and which window has the keys. All are borrowed.
 class WindowList {
  public:
   /// In the order in which they came.
   const std::vector<Window*>& all() const { return windows_; }
   /// At the end, unless it is there already; it becomes the key window if it takes the keyboard.
   void add(Window& window);
+  /// Also to be told of a panel that goes, which is not in the list.
   void remove(Window& window);
 
   /// Hears of each change of the list.
@@ -22,8 +23,7 @@ class WindowList {
     return observers_.add(std::move(changed));
   }
 
-  /// The one that keys go to: the last that came to the front. Null without windows, and while something that is no
-  /// window of the application's own has the keyboard, such as a panel of the platform's.
+  /// The one that keys go to, a panel perhaps: the last that came to the front. Null without windows.
   Window* keyWindow() const { return keyWindow_; }
   void setKeyWindow(Window* window) { keyWindow_ = window; }
 

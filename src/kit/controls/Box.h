@@ -4,10 +4,10 @@
 
 namespace tarnwell::kit {
 
-/// What is only drawn: the rounded ground of a group of rows, or the line between two of them.
+/// What is only drawn: the rounded ground of a group of rows, the line between two of them, or the ground of a field.
 class Box final : public Control {
  public:
-  enum class Kind { group, separator };
+  enum class Kind { group, separator, field };
 
   explicit Box(Kind kind) : kind_(kind) {}
 

@@ -13,6 +13,12 @@ void SymbolView::setSymbol(std::string name) {
   }
 }
 
+void SymbolView::setSide(double side) {
+  if (std::exchange(side_, side) != side) {
+    changed(Aspect::style);
+  }
+}
+
 void SymbolView::setColor(ColorRole color) {
   if (std::exchange(color_, color) != color) {
     changed(Aspect::style);

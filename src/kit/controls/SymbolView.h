@@ -5,14 +5,20 @@
 
 namespace tarnwell::kit {
 
-/// A symbol of the system's set, by its name, drawn in the colour of the text around it.
+/// A symbol of the system's set, by its name, drawn in the colour of the text around it; or the application's own icon.
 class SymbolView final : public Control {
  public:
-  /// Every symbol has a square of that side, in points, whatever its own shape, so that texts beside symbols line up.
-  static constexpr double side = 18;
+  /// The name of the application's icon, which has colours of its own.
+  static constexpr const char* applicationIcon = "NSApplicationIcon";
+
+  /// The side of the square, in points, that a symbol has whatever its own shape, so that texts beside symbols line up.
+  static constexpr double usualSide = 18;
 
   const std::string& symbol() const { return symbol_; }
   void setSymbol(std::string name);
+
+  double side() const { return side_; }
+  void setSide(double side);
 
   ColorRole color() const { return color_; }
   void setColor(ColorRole color);
@@ -26,6 +32,7 @@ class SymbolView final : public Control {
 
  private:
   std::string symbol_;
+  double side_ = usualSide;
   ColorRole color_ = ColorRole::primary;
 };
 

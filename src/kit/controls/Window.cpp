@@ -10,14 +10,16 @@
 
 namespace tarnwell::kit {
 
-Window::Window(std::string identifier, std::string title)
-    : identifier_(std::move(identifier)), title_(std::move(title)) {
+Window::Window(std::string identifier, std::string title, Kind kind)
+    : identifier_(std::move(identifier)), title_(std::move(title)), kind_(kind) {
   respondTo(selectors::performClose, [this](Object* /*sender*/) { performClose(); });
-  respondTo(selectors::performMiniaturize, [this](Object* /*sender*/) {
-    if (peer_) {
-      peer_->miniaturize();
-    }
-  });
+  if (kind_ == Kind::standard) {
+    respondTo(selectors::performMiniaturize, [this](Object* /*sender*/) {
+      if (peer_) {
+        peer_->miniaturize();
+      }
+    });
+  }
 }
 
 Window::~Window() { *handle_ = nullptr; }
@@ -31,6 +33,15 @@ void Window::setContentSize(Size size) {
 void Window::setVisible(bool visible) {
   if (std::exchange(visible_, visible) != visible && peer_) {
     peer_->show(Aspect::visible);
+  }
+}
+
+void Window::setAccessibleDescription(std::string description) {
+  if (description != accessibleDescription_) {
+    accessibleDescription_ = std::move(description);
+    if (peer_) {
+      peer_->show(Aspect::accessibleDescription);
+    }
   }
 }
 
@@ -101,9 +112,9 @@ bool Window::keyDown(const KeyEvent& event) {
     diagnostics::fault("a window was given a key in the middle of another event");
   }
   if (event.charactersIgnoringModifiers == escapeKey && event.modifierFlags == 0) {
-    return cancelEditing();
+    return cancelEditing() || closePanel();
   }
-  return event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0 && commitAndPressDefaultButton();
+  return event.charactersIgnoringModifiers == returnKey && event.modifierFlags == 0 && commitAndPressButton();
 }
 
 bool Window::respondsToSelector(const Selector& selector) const {
@@ -123,21 +134,39 @@ Peer* Window::editorFor(const Selector& command) const {
   return editor != nullptr && editor->canEdit(command) ? editor : nullptr;
 }
 
-bool Window::commitAndPressDefaultButton() {
+bool Window::commitAndPressButton() {
   const auto self = handle_;
   endEditing();
-  return *self == nullptr || pressDefaultButton();
+  if (*self == nullptr) {
+    return true;
+  }
+  Button* button = buttonForReturn();
+  if (button != nullptr) {
+    button->click();
+  }
+  return button != nullptr;
 }
 
-bool Window::pressDefaultButton() {
+Button* Window::buttonForReturn() const {
+  auto* focused = dynamic_cast<Button*>(focused_);
+  if (kind_ == Kind::panel && focused != nullptr && focused->isEnabled()) {
+    return focused;
+  }
   for (Control* control : controls_) {
     auto* button = dynamic_cast<Button*>(control);
     if (button != nullptr && button->isDefault() && button->isEnabled()) {
-      button->click();
-      return true;
+      return button;
     }
   }
-  return false;
+  return nullptr;
+}
+
+bool Window::closePanel() {
+  if (kind_ != Kind::panel) {
+    return false;
+  }
+  performClose();
+  return true;
 }
 
 bool Window::cancelEditing() {

@@ -22,12 +22,22 @@ class Window final : public Object {
  public:
   static constexpr int normalLevel = 0;
 
-  Window(std::string identifier, std::string title);
+  /// A panel is a dialog beside the application's other windows: it cannot be minimized, Escape closes it, and Return
+  /// presses the button that has the keyboard before it presses the default one.
+  enum class Kind { standard, panel };
+
+  Window(std::string identifier, std::string title, Kind kind = Kind::standard);
   ~Window() override;
 
   /// Empty for none.
   const std::string& identifier() const { return identifier_; }
   const std::string& title() const { return title_; }
+
+  Kind kind() const { return kind_; }
+
+  /// What a screen reader tells of it beside the title.
+  const std::string& accessibleDescription() const { return accessibleDescription_; }
+  void setAccessibleDescription(std::string description);
 
   Size contentSize() const { return contentSize_; }
   void setContentSize(Size size);
@@ -77,8 +87,9 @@ class Window final : public Object {
   void endEditing(const Control* kept = nullptr);
 
   /// One place for the keys that belong to no control: Return commits and presses the default button if that is
-  /// enabled then, Escape gives up what was typed. False for a key that means nothing here. An event of its own: what
-  /// the commit changes has to settle before the button is asked, so a call in the middle of another event is a fault.
+  /// enabled then, Escape gives up what was typed or closes a panel. False for a key that means nothing here. An event
+  /// of its own: what the commit changes has to settle before the button is asked, so a call in the middle of another
+  /// event is a fault.
   bool keyDown(const KeyEvent& event);
 
   /// The focused control's editing commands, close and miniaturize.
@@ -87,15 +98,18 @@ class Window final : public Object {
 
  private:
   Peer* editorFor(const Selector& command) const;
-  bool commitAndPressDefaultButton();
-  bool pressDefaultButton();
+  bool commitAndPressButton();
+  Button* buttonForReturn() const;
   bool cancelEditing();
+  bool closePanel();
 
   /// Points to null once the window is gone.
   std::shared_ptr<Window*> handle_ = std::make_shared<Window*>(this);
   Turn* turn_ = nullptr;
   std::string identifier_;
   std::string title_;
+  std::string accessibleDescription_;
+  Kind kind_;
   std::unique_ptr<WindowPeer> peer_;
   std::vector<Control*> controls_;
   Action closeAction_;

@@ -2,7 +2,8 @@
 
 namespace tarnwell::kit {
 
-enum class FontRole { body, subheadline, caption };
+/// The last two are bold, and larger than the body.
+enum class FontRole { body, subheadline, caption, headline, title };
 
 enum class ColorRole { primary, secondary };
 

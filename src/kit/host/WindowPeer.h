@@ -24,7 +24,7 @@ class WindowPeer : public Peer {
   /// Out of the way, into the taskbar.
   virtual void miniaturize() noexcept {}
 
-  /// In front of the others, with the keyboard.
+  /// In front of the others, with the keyboard where the window takes it.
   virtual void orderFront() noexcept {}
 };
 

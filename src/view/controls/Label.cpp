@@ -12,7 +12,7 @@ View Label::body() const {
     return Symbol{.name = symbol, .title = title};
   }
   return HStack{.alignment = VerticalAlignment::firstTextBaseline,
-                .spacing = titleInset - kit::SymbolView::side,
+                .spacing = titleInset - kit::SymbolView::usualSide,
                 .children = {Symbol{.name = symbol}, Text{title}}};
 }
 

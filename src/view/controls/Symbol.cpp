@@ -16,6 +16,7 @@ class SymbolNode final : public ControlNode {
   void updateControl() override {
     auto& symbol = controlAs<kit::SymbolView>();
     symbol.setSymbol(valueAs<Symbol>().name);
+    symbol.setSide(valueAs<Symbol>().side);
     symbol.setColor(environment().get<ForegroundKey>());
   }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "kit/controls/SymbolView.h"
 #include "view/values/View.h"
 
 namespace tarnwell::view {
@@ -11,6 +12,7 @@ namespace tarnwell::view {
 struct Symbol {
   std::string name = {};
   std::string title = {};
+  double side = kit::SymbolView::usualSide;  ///< Points.
 };
 
 std::shared_ptr<MountedNode> makeNode(const Symbol& symbol, const Place& place);

@@ -105,6 +105,47 @@ std::shared_ptr<MountedNode> makeNode(const FixedSizeModifier& /*modifier*/, con
   return std::make_shared<FixedSizeNode>(place);
 }
 
+struct PaddingModifier {
+  View content;
+  double length;
+};
+
+class PaddingNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+  std::string summary() const override { return "Padding " + plainText(length()); }
+
+ protected:
+  void apply() override { updateChildren({valueAs<PaddingModifier>().content}, environment()); }
+
+  bool laysOutLike(const Description& next) const override { return valueOf<PaddingModifier>(next).length == length(); }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    const kit::Measurement inner =
+        child().measure({.width = within(proposal.width), .height = within(proposal.height)});
+    return {.size = {.width = inner.size.width + 2 * length(), .height = inner.size.height + 2 * length()},
+            .firstBaseline = inner.firstBaseline + length()};
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    child().place({.x = frame.x + length(),
+                   .y = frame.y + length(),
+                   .width = *within(frame.width),
+                   .height = *within(frame.height)});
+  }
+
+ private:
+  double length() const { return valueAs<PaddingModifier>().length; }
+  std::optional<double> within(std::optional<double> proposed) const {
+    return proposed ? std::optional(std::max(0.0, *proposed - 2 * length())) : std::nullopt;
+  }
+};
+
+std::shared_ptr<MountedNode> makeNode(const PaddingModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<PaddingNode>(place);
+}
+
 struct BackgroundModifier {
   View content;
   View background;
@@ -144,6 +185,8 @@ std::shared_ptr<MountedNode> makeNode(const BackgroundModifier& /*modifier*/, co
 View View::frame(Frame frame) const { return FrameModifier{.content = *this, .frame = frame}; }
 
 View View::fixedSize() const { return FixedSizeModifier{.content = *this}; }
+
+View View::padding(double length) const { return PaddingModifier{.content = *this, .length = length}; }
 
 View View::background(View background) const {
   return BackgroundModifier{.content = *this, .background = std::move(background)};

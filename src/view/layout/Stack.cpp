@@ -136,7 +136,8 @@ class HStackNode final : public MountedNode {
   using MountedNode::MountedNode;
 
   std::string summary() const override {
-    return std::string("HStack ") + (onBaseline() ? "on baseline" : "centred") + gap(valueAs<HStack>().spacing);
+    const std::string notCentred = onBaseline() ? "on baseline" : "at the top";
+    return "HStack " + (isCentred() ? "centred" : notCentred) + gap(valueAs<HStack>().spacing);
   }
 
  protected:
@@ -163,7 +164,7 @@ class HStackNode final : public MountedNode {
     double x = frame.x;
     for (const auto& item : items) {
       const kit::Size size = item.measurement.size;
-      const double y = onBaseline() ? top(item, baseline) : (frame.height - size.height) / 2;
+      const double y = isCentred() ? (frame.height - size.height) / 2 : top(item, baseline);
       item.node->place({.x = x, .y = frame.y + y, .width = size.width, .height = size.height});
       x += size.width + valueAs<HStack>().spacing;
     }
@@ -171,6 +172,7 @@ class HStackNode final : public MountedNode {
 
  private:
   StackLayout layout() const { return {Axis::horizontal, valueAs<HStack>().spacing}; }
+  bool isCentred() const { return valueAs<HStack>().alignment == VerticalAlignment::center; }
   bool onBaseline() const { return valueAs<HStack>().alignment == VerticalAlignment::firstTextBaseline; }
 
   double sharedBaseline(const Items& items) const {
@@ -182,7 +184,7 @@ class HStackNode final : public MountedNode {
     }
     if (!onBaseline() && !items.empty()) {
       const auto& first = items.front().measurement;
-      return (height - first.size.height) / 2 + first.firstBaseline;
+      return (isCentred() ? (height - first.size.height) / 2 : 0) + first.firstBaseline;
     }
     return baseline;
   }

@@ -8,7 +8,7 @@
 
 namespace tarnwell::view {
 
-enum class VerticalAlignment { center, firstTextBaseline };
+enum class VerticalAlignment { top, center, firstTextBaseline };
 
 /// Children side by side.
 struct HStack {

@@ -9,7 +9,7 @@
 namespace tarnwell::view {
 
 HostedWindow::HostedWindow(kit::Turn& turn, kit::Host& host, const Content& content)
-    : turn_(turn), window_(content.identifier, content.title) {
+    : turn_(turn), window_(content.identifier, content.title, content.kind) {
   window_.joinTurn(turn);
   window_.attach(host.peer(window_));
   tree_ = std::make_unique<MountedTree>(turn, host, *window_.peer());

@@ -18,6 +18,7 @@ class HostedWindow {
     std::string title = {};
     View view;
     EnvironmentValues environment = {};
+    kit::Window::Kind kind = kit::Window::Kind::standard;
   };
 
   /// Turn and host are borrowed and outlive the window.

@@ -1,3 +1,6 @@
+#include <optional>
+#include <utility>
+
 #include "view/tree/MountedTree.h"
 #include "view/tree/PassThroughNode.h"
 #include "view/values/View.h"
@@ -109,7 +112,35 @@ std::shared_ptr<MountedNode> makeNode(const ReceiveModifier& /*modifier*/, const
   return std::make_shared<ReceiveNode>(place);
 }
 
+struct IdentityModifier {
+  View content;
+  int identity;
+};
+
+class IdentityNode final : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  void apply() override {
+    const auto& modifier = valueAs<IdentityModifier>();
+    if (std::exchange(shown_, modifier.identity) != modifier.identity) {
+      updateChildren({}, environment());
+    }
+    updateChildren({modifier.content}, environment());
+  }
+
+ private:
+  std::optional<int> shown_;
+};
+
+std::shared_ptr<MountedNode> makeNode(const IdentityModifier& /*modifier*/, const Place& place) {
+  return std::make_shared<IdentityNode>(place);
+}
+
 }  // namespace
+
+View View::identity(int identity) const { return IdentityModifier{.content = *this, .identity = identity}; }
 
 View View::onReceive(std::function<kit::Subscription(kit::NotificationCenter::Handler)> subscribe,
                      kit::NotificationCenter::Handler handler) const {

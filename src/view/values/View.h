@@ -48,6 +48,11 @@ class View {
   View frame(Frame frame) const;
   /// The ideal size, whatever the parent offers.
   View fixedSize() const;
+  /// With that much room on each side, in points.
+  View padding(double length) const;
+  /// Another identity makes what stands here anew, with a new state and without the keyboard.
+  View identity(int identity) const;
+
   /// Turns each slider below about its centre, by the nearest half turn; layout does not see it. Other controls stay.
   View rotation(double radians) const;
 

@@ -70,6 +70,9 @@ TEST(NaturalSizeTest, aProgressBarIsAsWideAsOffered) {
 }
 
 TEST(NaturalSizeTest, aSymbolIsASquareCentredOnACapitalLetter) {
+  ShownControl<kit::SymbolView> icon;
+  icon->setSide(96);
+  EXPECT_EQ(icon->measure({}).size, (Size{.width = 96, .height = 96}));
   EXPECT_EQ(ShownControl<kit::SymbolView>()->measure({.width = 100}),
             (Measurement{.size = {.width = 18, .height = 18}, .firstBaseline = 13.5}));
 }

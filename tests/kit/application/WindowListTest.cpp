@@ -39,6 +39,18 @@ TEST_F(WindowListTest, aWindowThatDoesNotTakeTheKeyboardLeavesTheKeysWhereTheyAr
   EXPECT_EQ(windows.keyWindow(), &quiet);
 }
 
+TEST_F(WindowListTest, aPanelThatGoesHandsTheKeysBackAndIsNoChangeOfTheList) {
+  Window window("window", "");
+  Window panel("panel", "", Window::Kind::panel);
+  windows.add(window);
+  int changes = 0;
+  const auto subscription = windows.observe([&](const WindowList& /*told*/) { ++changes; });
+  windows.setKeyWindow(&panel);
+  windows.remove(panel);
+  EXPECT_EQ(windows.keyWindow(), &window);
+  EXPECT_EQ(changes, 0);
+}
+
 TEST_F(WindowListTest, observersHearOfEachChangeOfTheWindows) {
   Window window("", "");
   std::vector<std::size_t> counts;

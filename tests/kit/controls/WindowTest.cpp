@@ -76,6 +76,37 @@ TEST_F(WindowTest, returnCommitsFirst) {
   EXPECT_EQ(events, (Lines{"commit 5", "save"}));
 }
 
+TEST_F(WindowTest, inAPanelReturnPressesTheButtonThatHasTheKeyboard) {
+  for (const auto kind : {Window::Kind::standard, Window::Kind::panel}) {
+    Window panel("panel", "Panel", kind);
+    Button other;
+    other.setAction([this] { events.emplace_back("other"); });
+    panel.setControls({&other, &save});
+    panel.setFocusedControl(&other);
+    EXPECT_TRUE(panel.keyDown(returnDown));
+    other.setEnabled(false);
+    EXPECT_TRUE(panel.keyDown(returnDown));
+    panel.setControls({});
+  }
+  EXPECT_EQ(events, (Lines{"save", "save", "other", "save"}));
+}
+
+TEST_F(WindowTest, escapeClosesAPanelAndNoOtherWindow) {
+  for (const auto kind : {Window::Kind::standard, Window::Kind::panel}) {
+    Window closed("panel", "Panel", kind);
+    closed.setCloseAction([this] { events.emplace_back("close"); });
+    EXPECT_EQ(closed.keyDown(escapeDown), kind == Window::Kind::panel);
+  }
+  EXPECT_EQ(events, Lines{"close"});
+}
+
+TEST_F(WindowTest, aPanelCannotBeMinimized) {
+  EXPECT_TRUE(window.respondsToSelector(selectors::performMiniaturize));
+  const Window panel("panel", "Panel", Window::Kind::panel);
+  EXPECT_FALSE(panel.respondsToSelector(selectors::performMiniaturize));
+  EXPECT_TRUE(panel.respondsToSelector(selectors::performClose));
+}
+
 // Enables the button only when everything is at rest, as a view tree does.
 class Enabler final : public Settler {
  public:

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "kit/controls/ScrollArea.h"
 #include "view/Block.h"
 #include "view/Stage.h"
+#include "view/controls/ScrollView.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"
 
@@ -35,6 +37,24 @@ TEST(FrameTest, aFixedHeightCentresWhatIsLower) {
   Opened stage{fixedBlock("a", 10, 20).frame({.height = 50})};
   EXPECT_EQ(stage.frame("a"), (kit::Rect{0, 15, 10, 20}));
   EXPECT_EQ(stage.window().contentSize(), (kit::Size{10, 50}));
+}
+
+TEST(PaddingTest, theContentHasRoomOnEachSideAndIsOfferedTheRest) {
+  Opened stage{View(wideBlock("a", 5, 20)).padding(8).frame({.width = 100})};
+  EXPECT_EQ(stage.frame("a"), (kit::Rect{8, 8, 84, 20}));
+  EXPECT_EQ(stage.window().contentSize(), (kit::Size{100, 36}));
+}
+
+TEST(ScrollViewTest, itIsAsHighAsItsContentUntilThatIsTooHigh) {
+  for (const auto& [content, height] : {std::pair(50.0, 52.0), std::pair(500.0, 190.0)}) {
+    Opened stage{View(ScrollView{.title = "Notes", .content = fixedBlock("a", 10, content)})
+                     .frame({.width = 100, .maxHeight = 190})};
+    EXPECT_EQ(stage.window().contentSize(), (kit::Size{100, height}));
+    const auto& area = stage.find<kit::ScrollArea>("Notes");
+    EXPECT_EQ(area.frame(), (kit::Rect{1, 1, 98, height - 2}));
+    EXPECT_EQ(area.contentHeight(), content);
+    EXPECT_EQ(stage.host().boxes(kit::Box::Kind::field), (std::vector<kit::Rect>{{0, 0, 100, height}}));
+  }
 }
 
 TEST(FrameTest, aTextBreaksInItsFrame) {

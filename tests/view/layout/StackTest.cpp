@@ -38,6 +38,14 @@ TEST(HStackTest, baselinesStandInOneLine) {
   EXPECT_EQ(stage.window().contentSize().height, 43);
 }
 
+TEST(HStackTest, atTheTopNothingIsCentred) {
+  LaidOut stage{HStack{.alignment = VerticalAlignment::top,
+                       .children = {fixedBlock("a", 10, 40, 30), fixedBlock("b", 20, 10, 5)}}};
+  EXPECT_EQ(stage.frame("a").y, 0);
+  EXPECT_EQ(stage.frame("b").y, 0);
+  EXPECT_EQ(stage.window().contentSize().height, 40);
+}
+
 TEST(HStackTest, aStackHasTheBaselineOfItsFirstTexts) {
   const View inner =
       VStack{.spacing = 0, .children = {fixedBlock("first", 10, 20, 16), fixedBlock("second", 10, 20, 16)}};

@@ -38,6 +38,16 @@ TEST(UpdateTest, anotherTypeReplacesIt) {
   EXPECT_EQ(stage.hosted().tree().controls().size(), 1U);
 }
 
+TEST(UpdateTest, anotherIdentityReplacesTheSameType) {
+  Stage stage{View(Text{"a"}).identity(1)};
+  stage.told();
+  stage.show(View(Text{"b"}).identity(1));
+  EXPECT_EQ(stage.told().back(), "text \"b\": title");
+  stage.show(View(Text{"c"}).identity(2));
+  EXPECT_EQ(stage.told().front(), "text \"b\": removed");
+  EXPECT_EQ(stage.dump(), "Text \"c\"\n");
+}
+
 TEST(UpdateTest, oneChangedValueIsOneCall) {
   Stage stage{column({Text{"a"}, fixedSwitch(false), Text{"b"}})};
   stage.open();

@@ -116,16 +116,14 @@ QAccessibleInterface* accessible(const QString& className, QObject* object) {
   if (!isField && className != QLatin1String("QWidget")) {
     return nullptr;
   }
-  if (dynamic_cast<WindowWidget*>(object) != nullptr) {
-    return new AccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
+  if (const auto* window = dynamic_cast<WindowWidget*>(object)) {
+    const bool isDialog = window->windowType() == Qt::Dialog;
+    return new AccessibleWidget(static_cast<QWidget*>(object), isDialog ? QAccessible::Dialog : QAccessible::Window);
   }
   if (dynamic_cast<ScrollBarOverlay*>(object) != nullptr) {
     return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::ScrollBar);
   }
   auto* widget = static_cast<QWidget*>(object);
-  if (widget->windowType() == Qt::Dialog) {
-    return new QAccessibleWidget(widget, QAccessible::Dialog);
-  }
   const bool shows = link != nullptr && link->control() != nullptr;
   return shows ? accessibleFor(widget, *link) : new AccessibleWidget(widget);
 }

@@ -10,6 +10,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr double groupRadius = 10;
+constexpr double fieldRadius = 6;
 
 class BoxWidget final : public ControlWidget {
  public:
@@ -19,6 +20,8 @@ class BoxWidget final : public ControlWidget {
   void draw(QPainter& painter) override {
     if (box_.kind() == kit::Box::Kind::group) {
       drawRounded(painter, bounds(), groupRadius, theme().palette().groupFill, theme().palette().hairline);
+    } else if (box_.kind() == kit::Box::Kind::field) {
+      drawRounded(painter, bounds(), fieldRadius, theme().palette().fieldFace, theme().palette().hairline);
     } else {
       drawSeparator(painter);
     }

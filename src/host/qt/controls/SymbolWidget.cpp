@@ -3,6 +3,7 @@
 
 #include "host/qt/controls/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
+#include "host/qt/look/ApplicationIcon.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/SymbolView.h"
 
@@ -19,6 +20,10 @@ class SymbolWidget final : public ControlWidget {
     const double side = std::min(bounds().width(), bounds().height());
     QRectF square(0, 0, side, side);
     square.moveCenter(bounds().center());
+    if (symbol_.symbol() == kit::SymbolView::applicationIcon) {
+      painter.drawPixmap(square.topLeft(), applicationPicture(static_cast<int>(side), devicePixelRatioF()));
+      return;
+    }
     theme().symbols().draw(painter, symbol_.symbol(), square, theme().textColor(symbol_.color()));
   }
 

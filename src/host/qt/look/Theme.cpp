@@ -18,13 +18,18 @@ QFont sized(QFont font, double bodyPixels, double share) {
   return font;
 }
 
+QFont bold(QFont font) {
+  font.setBold(true);
+  return font;
+}
+
 }  // namespace
 
 Typography::Typography(const QFont& applicationFont) {
   const double body = std::max(QFontInfo(applicationFont).pixelSize(), leastBody);
   // In the order of the roles.
-  fonts_ = {sized(applicationFont, body, bodyShare), sized(applicationFont, body, 11),
-            sized(applicationFont, body, 10)};
+  fonts_ = {sized(applicationFont, body, bodyShare), sized(applicationFont, body, 11), sized(applicationFont, body, 10),
+            bold(sized(applicationFont, body, 15)), bold(sized(applicationFont, body, 18))};
 }
 
 Theme::Theme() : desktopScheme_(schemeOf(QApplication::palette())), typography_(QApplication::font()) { apply(); }

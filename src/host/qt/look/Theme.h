@@ -12,7 +12,7 @@
 namespace tarnwell::host_qt {
 
 /// The fonts of the roles, all derived from the application's font. Body is that font itself, though at least 12
-/// pixels high; the smaller roles keep the proportions 13 : 11 : 10.
+/// pixels high; the other roles keep the proportions 13 : 11 : 10 : 15 : 18.
 class Typography {
  public:
   explicit Typography(const QFont& applicationFont);
@@ -20,7 +20,7 @@ class Typography {
   const QFont& font(kit::FontRole role) const { return fonts_.at(static_cast<std::size_t>(role)); }
 
  private:
-  std::array<QFont, 3> fonts_;
+  std::array<QFont, 5> fonts_;
 };
 
 /// What all widgets share: colours, fonts, symbols. Must outlive the widgets. Needs the application object.

@@ -121,6 +121,8 @@ void WindowPeer::show(kit::Aspect aspect) noexcept {
     widget_->setWindowTitle(toQString(window_.title()));
   } else if (aspect == kit::Aspect::visible) {
     showOrHide();
+  } else if (aspect == kit::Aspect::accessibleDescription) {
+    widget_->setAccessibleDescription(toQString(window_.accessibleDescription()));
   } else if (aspect == kit::Aspect::level) {
     showLevel();
   }
@@ -129,10 +131,8 @@ void WindowPeer::show(kit::Aspect aspect) noexcept {
 void WindowPeer::showOrHide() {
   widget_->setAttribute(Qt::WA_ShowWithoutActivating, !window_.takesKeyboard());
   widget_->setVisible(window_.isVisible());
-  if (window_.isVisible() && window_.takesKeyboard()) {
-    bringToFront(*widget_);
-  } else if (window_.isVisible()) {
-    widget_->raise();
+  if (window_.isVisible()) {
+    orderFront();
   }
 }
 
@@ -185,8 +185,15 @@ void WindowPeer::miniaturize() noexcept {
 }
 
 void WindowPeer::orderFront() noexcept {
-  if (widget_) {
+  if (!widget_) {
+    return;
+  }
+  if (window_.takesKeyboard()) {
     bringToFront(*widget_);
+  } else {
+    widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
+    widget_->raise();
+    static_cast<WindowWidget*>(widget_.data())->uncoverOnce();
   }
 }
 

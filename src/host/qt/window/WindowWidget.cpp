@@ -1,8 +1,10 @@
 #include "host/qt/window/WindowWidget.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QWindow>
 #include <algorithm>
 #include <optional>
 
@@ -19,6 +21,7 @@ namespace {
 constexpr Qt::WindowFlags fixedSizeWindow = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                             Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                                             Qt::WindowCloseButtonHint;
+constexpr Qt::WindowFlags panelWindow = (fixedSizeWindow & ~Qt::WindowFlags(Qt::WindowMinimizeButtonHint)) | Qt::Dialog;
 // Of the visible height: what stood at the edge is still seen after a page.
 constexpr double pageShare = 0.9;
 
@@ -47,10 +50,24 @@ std::optional<int> tabDistance(const QKeyEvent& event) {
 }  // namespace
 
 WindowWidget::WindowWidget(kit::Window& window, const KeyEquivalents& equivalents)
-    : QWidget(nullptr, fixedSizeWindow), window_(&window), equivalents_(equivalents) {
+    : QWidget(nullptr, window.kind() == kit::Window::Kind::panel ? panelWindow : fixedSizeWindow),
+      window_(&window),
+      equivalents_(equivalents) {
   // Nothing in the window has the focus until the user goes there, and a press on the ground takes it back.
   setFocusPolicy(Qt::ClickFocus);
   setFocus(Qt::OtherFocusReason);
+}
+
+void WindowWidget::uncoverOnce() {
+  disconnect(covering_);
+  covering_ = connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* focused) noexcept {
+    if (focused != nullptr && isVisible()) {
+      disconnect(covering_);
+      if (focused != windowHandle()) {
+        raise();
+      }
+    }
+  });
 }
 
 bool WindowWidget::event(QEvent* event) noexcept {

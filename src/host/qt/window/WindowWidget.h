@@ -23,6 +23,10 @@ class WindowWidget final : public QWidget {
   kit::Window* kitWindow() const { return window_; }
   void cut() { window_ = nullptr; }
 
+  /// In front again when the next window of ours takes the keyboard, which may have come above a window that came
+  /// quietly when the program started.
+  void uncoverOnce();
+
   bool event(QEvent* event) noexcept override;
 
  protected:
@@ -43,6 +47,7 @@ class WindowWidget final : public QWidget {
   kit::Window* window_;
   const KeyEquivalents& equivalents_;
   std::shared_ptr<kit::Control* const> pressed_;  // The switch whose label the button went down on.
+  QMetaObject::Connection covering_;
   FixedSizeGuard guard_{*this};
   FramePace pace_{*this};
 };

@@ -12,7 +12,6 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
-#include "host/qt/panels/AboutPanel.h"
 #include "kit/controls/Box.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/SymbolView.h"
@@ -194,10 +193,14 @@ TEST(AccessibilityTest, popUpButtonTellsWhatIsChosenAndOpens) {
 }
 
 TEST(AccessibilityTest, panelIsADialogOfItsName) {
-  AboutPanel panel({.name = "Tarnwell", .version = "1", .copyright = "us"});
-  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&panel);
+  kit::Window panel("about", "About Tarnwell", kit::Window::Kind::panel);
+  panel.attach(testHost().peer(panel));
+  panel.setAccessibleDescription("What it is.");
+  panel.setVisible(true);
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&driver::widget(panel));
   EXPECT_EQ(interface->role(), QAccessible::Dialog);
   EXPECT_EQ(interface->text(QAccessible::Name), "About Tarnwell");
+  EXPECT_EQ(interface->text(QAccessible::Description), "What it is.");
 }
 
 TEST(AccessibilityTest, tabBarTellsItsTabsAndChooses) {

@@ -1,25 +1,24 @@
 #pragma once
 
-#include <QtCore/QPointer>
 #include <functional>
 #include <memory>
 #include <string>
 
-#include "host/qt/panels/UpdatePanel.h"
 #include "kit/application/Application.h"
 #include "updateclient/UserDriver.h"
+#include "updatewindows/UpdateWindow.h"
 
-namespace tarnwell::host_qt {
-
-class DownloadProgress;
+namespace tarnwell::updatewindows {
 
 /// Shows the updater's steps in one window.
-class UpdatePanels final : public updateclient::UserDriver {
+class UpdateWindows final : public updateclient::UserDriver {
  public:
-  /// Answers are events of the application, and what the window has no use for is a key of its menus. Application and
-  /// theme are borrowed and outlive the panels; `shownVersion` is what people read of the version that runs.
-  UpdatePanels(kit::Application& application, const Theme& theme, std::string shownVersion);
-  ~UpdatePanels() override;
+  /// Answers are events of the application, which is borrowed and outlives the windows; `shownVersion` is what people
+  /// read of the version that runs.
+  UpdateWindows(kit::Application& application, std::string shownVersion);
+  UpdateWindows(const UpdateWindows&) = delete;
+  UpdateWindows& operator=(const UpdateWindows&) = delete;
+  ~UpdateWindows() override;
 
   void showPermission(std::function<void(Permission)> answer) override;
   void showChecking(kit::Action cancel) override;
@@ -32,25 +31,29 @@ class UpdatePanels final : public updateclient::UserDriver {
   void showHandedOver(const release::FeedItem& item, updateclient::HandOver handOver, Origin origin,
                       kit::Action acknowledged) override;
   void showUpToDate(const std::string& shownVersion, kit::Action acknowledged) override;
+  void showObstacle(const std::string& reason, kit::Action acknowledged) override;
   void showFailure(const std::string& reason, kit::Action acknowledged, kit::Action retry) override;
   void openPage(const std::string& address) override;
   void dismiss() override;
 
+  /// Whether it is on the screen or not.
+  view::Panel& panel() { return window_->panel(); }
+
  private:
   void show(UpdatePage page, Origin origin);
   /// Something goes on for an unknown time.
-  void showWork(const std::string& heading, const char* name, kit::Action cancel);
+  void showWork(const std::string& heading, const std::string& name, kit::Action cancel);
+  /// Something to know, and no more.
+  void showNotice(const std::string& heading, const std::string& message, Origin origin, kit::Action acknowledged);
   UpdatePage offer(const release::FeedItem& item, const std::function<void(Choice)>& answer) const;
-  kit::Action asEvent(kit::Action action) const;
+  std::string whatIsAvailable(const release::FeedItem& item, const std::string& how) const;
   const std::string& product() const;
   std::string nameOf(const release::FeedItem& item) const;
-  QWidget* makeNotes(const release::FeedItem& item) const;
 
   kit::Application& application_;
-  const Theme& theme_;
   std::string shownVersion_;
-  std::unique_ptr<UpdatePanel> panel_;
-  QPointer<DownloadProgress> progress_;
+  std::shared_ptr<UpdateWindow> window_;
+  bool isDownloading_ = false;
 };
 
-}  // namespace tarnwell::host_qt
+}  // namespace tarnwell::updatewindows

@@ -1,4 +1,4 @@
-#include "host/qt/panels/DesktopUpdater.h"
+#include "host/qt/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
 #include "host/linux/BaseFolders.h"
@@ -62,15 +62,14 @@ updateclient::Watch watchOf(kit::Application& application) {
 
 }  // namespace
 
-DesktopUpdater::DesktopUpdater(kit::Application& application, const Theme& theme,
-                               const kit::UpdaterControllerArguments& arguments,
+DesktopUpdater::DesktopUpdater(kit::Application& application, const kit::UpdaterControllerArguments& arguments,
                                const updateclient::UpdateSource& source, const fs::path& executable)
-    : panels_(application, theme, source.configuration.shownVersion),
+    : windows_(application, source.configuration.shownVersion),
       engine_(engineOf(source, application.platform().product().program, executable), watchOf(application)),
       opener_(watchOf(application)),
       alarm_(watchOf(application)),
       controller_(arguments, configurationOf(source, application.platform().product().program, executable),
                   updateclient::UpdaterPreferences(preferencesFile(application.platform().product().program)),
-                  {.engine = engine_, .driver = panels_, .desktop = opener_, .alarm = alarm_}) {}
+                  {.engine = engine_, .driver = windows_, .desktop = opener_, .alarm = alarm_}) {}
 
 }  // namespace tarnwell::host_qt

@@ -3,25 +3,25 @@
 #include <filesystem>
 
 #include "host/linux/PackageOpener.h"
-#include "host/qt/panels/UpdatePanels.h"
 #include "updateclient/EngineProcess.h"
 #include "updateclient/TimerAlarm.h"
 #include "updateclient/UpdateSource.h"
 #include "updateclient/Updater.h"
+#include "updatewindows/UpdateWindows.h"
 
 namespace tarnwell::host_qt {
 
 /// The updater on a Linux desktop, with everything that it works through.
 class DesktopUpdater final : public kit::UpdaterController {
  public:
-  /// Application and theme are borrowed and outlive the updater. `executable` is that of this process.
-  DesktopUpdater(kit::Application& application, const Theme& theme, const kit::UpdaterControllerArguments& arguments,
+  /// The application is borrowed and outlives the updater. `executable` is that of this process.
+  DesktopUpdater(kit::Application& application, const kit::UpdaterControllerArguments& arguments,
                  const updateclient::UpdateSource& source, const std::filesystem::path& executable);
 
   kit::Updater& updater() override { return controller_.updater(); }
 
  private:
-  UpdatePanels panels_;
+  updatewindows::UpdateWindows windows_;
   updateclient::EngineProcess engine_;
   host_linux::PackageOpener opener_;
   updateclient::TimerAlarm alarm_;

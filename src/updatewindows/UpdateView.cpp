@@ -1,0 +1,60 @@
+#include "updatewindows/UpdateView.h"
+
+#include "kit/controls/SymbolView.h"
+#include "view/controls/Button.h"
+#include "view/controls/Symbol.h"
+#include "view/controls/Text.h"
+#include "view/layout/Stack.h"
+
+namespace tarnwell::updatewindows {
+namespace {
+
+using view::EmptyView;
+using view::HStack;
+using view::KeyboardShortcut;
+using view::Text;
+using view::View;
+using view::VStack;
+
+constexpr double margin = 20;
+constexpr double iconSide = 56;
+constexpr double besideIcon = 16;
+constexpr double belowHeading = 5;
+constexpr double betweenParts = 14;
+
+View buttonFor(const std::optional<UpdatePage::Choice>& choice, KeyboardShortcut shortcut = KeyboardShortcut::none) {
+  if (!choice) {
+    return EmptyView{};
+  }
+  return view::Button{.title = choice->title, .keyboardShortcut = shortcut, .action = choice->chosen};
+}
+
+View textsOf(const UpdatePage& page) {
+  const View message = page.message.empty() ? View(EmptyView{}) : View(Text{page.message});
+  return VStack{.alignment = kit::TextAlignment::leading,
+                .spacing = belowHeading,
+                .children = {View(Text{page.heading}).font(kit::FontRole::headline), message}};
+}
+
+View buttonsOf(const UpdatePage& page) {
+  return View(HStack{.children = {buttonFor(page.farChoice), view::Spacer{}, buttonFor(page.otherChoice),
+                                  buttonFor(page.defaultChoice, KeyboardShortcut::defaultAction)}})
+      .frame({.width = UpdateView::textWidth});
+}
+
+}  // namespace
+
+View UpdateView::body() const {
+  const UpdatePage& page = shown->page();
+  const View parts = VStack{.alignment = kit::TextAlignment::leading,
+                            .spacing = betweenParts,
+                            .children = {textsOf(page), page.body, buttonsOf(page)}};
+  const View icon = view::Symbol{.name = kit::SymbolView::applicationIcon, .side = iconSide};
+  return View(HStack{.alignment = view::VerticalAlignment::top,
+                     .spacing = besideIcon,
+                     .children = {icon, parts.frame({.width = textWidth, .alignment = kit::TextAlignment::leading})}})
+      .padding(margin)
+      .identity(shown->number());
+}
+
+}  // namespace tarnwell::updatewindows

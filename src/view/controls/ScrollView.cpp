@@ -1,0 +1,85 @@
+#include "view/controls/ScrollView.h"
+
+#include <algorithm>
+
+#include "kit/controls/Box.h"
+#include "kit/controls/ScrollArea.h"
+#include "view/tree/ControlNode.h"
+#include "view/tree/MountedTree.h"
+
+namespace tarnwell::view {
+namespace {
+
+constexpr double frameWidth = 1;
+
+/// The ground, with a line around it.
+struct ScrollFrame {};
+
+class ScrollFrameNode final : public ControlNode {
+ public:
+  using ControlNode::ControlNode;
+
+ protected:
+  std::unique_ptr<kit::Control> makeControl() override { return std::make_unique<kit::Box>(kit::Box::Kind::field); }
+  void updateControl() override {}
+};
+
+std::shared_ptr<MountedNode> makeNode(const ScrollFrame& /*frame*/, const Place& place) {
+  return std::make_shared<ScrollFrameNode>(place);
+}
+
+/// What scrolls, without the frame.
+struct ScrolledContent {
+  std::string title = {};
+  View content;
+};
+
+class ScrolledContentNode final : public MountedNode {
+ public:
+  using MountedNode::MountedNode;
+
+  std::string summary() const override { return "Scrolled"; }
+  kit::Control* control() const override { return area_.get(); }
+  kit::Peer& peerForChildren() const override { return *area_->peer(); }
+
+ protected:
+  void apply() override {
+    if (!area_) {
+      area_ = std::make_unique<kit::ScrollArea>();
+      area_->attach(area_->makePeer(tree().host(), MountedNode::peerForChildren()));
+    }
+    area_->setAccessibleName(valueAs<ScrolledContent>().title);
+    updateChildren({valueAs<ScrolledContent>().content}, environment());
+  }
+
+  void willUnmount() override { area_->attach(nullptr); }
+
+  kit::Measurement layOut(kit::Proposal proposal) override {
+    kit::Measurement content = children().front()->measure({.width = proposal.width});
+    content.size.width = proposal.width.value_or(content.size.width);
+    content.size.height = std::min(content.size.height, proposal.height.value_or(content.size.height));
+    return content;
+  }
+
+  void placeContent(const kit::Rect& frame) override {
+    const kit::Size content = children().front()->measure({.width = frame.width}).size;
+    area_->setFrame(kit::onWholePoints(frame));
+    area_->setContentHeight(content.height);
+    children().front()->place({.width = frame.width, .height = content.height});
+  }
+
+ private:
+  std::unique_ptr<kit::ScrollArea> area_;
+};
+
+std::shared_ptr<MountedNode> makeNode(const ScrolledContent& /*scrolled*/, const Place& place) {
+  return std::make_shared<ScrolledContentNode>(place);
+}
+
+}  // namespace
+
+View ScrollView::body() const {
+  return View(ScrolledContent{.title = title, .content = content}).padding(frameWidth).background(ScrollFrame{});
+}
+
+}  // namespace tarnwell::view
