@@ -19,6 +19,8 @@ struct Rights {
   int readableFile = -1;
   /// Descriptors of folders in which files may be made, read, changed and removed. Borrowed.
   std::vector<int> writable = {};
+  /// One of a folder for which that holds of folders as well; none where it is -1.
+  int scratch = -1;
 
   std::uint64_t memory = 0;    // Bytes of address space.
   std::uint64_t fileSize = 0;  // Bytes; a longer file cannot be written.

@@ -1,6 +1,7 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "confinement/Confinement.h"
@@ -13,8 +14,13 @@ namespace {
 
 constexpr rlim_t mostDescriptors = 64;
 
+// One that is lower already stays as it is.
 bool limit(decltype(RLIMIT_AS) resource, rlim_t most) {
-  const rlimit both = {.rlim_cur = most, .rlim_max = most};
+  rlimit both = {};
+  if (::getrlimit(resource, &both) != 0) {
+    return false;
+  }
+  both.rlim_cur = both.rlim_max = std::min(most, both.rlim_max);
   return ::setrlimit(resource, &both) == 0;
 }
 

@@ -1,7 +1,11 @@
+#include <fcntl.h>
+#include <linux/netlink.h>
+#include <linux/sockios.h>
 #include <sched.h>
 #include <seccomp.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -19,11 +23,13 @@ constexpr std::array alwaysRefused = {
     // other processes
     SCMP_SYS(kill), SCMP_SYS(tkill), SCMP_SYS(ptrace), SCMP_SYS(process_vm_readv), SCMP_SYS(process_vm_writev),
     SCMP_SYS(process_madvise), SCMP_SYS(pidfd_open), SCMP_SYS(pidfd_getfd), SCMP_SYS(pidfd_send_signal), SCMP_SYS(kcmp),
-    SCMP_SYS(rt_sigqueueinfo), SCMP_SYS(rt_tgsigqueueinfo),
+    SCMP_SYS(rt_sigqueueinfo), SCMP_SYS(rt_tgsigqueueinfo), SCMP_SYS(setpriority), SCMP_SYS(ioprio_set),
+    SCMP_SYS(sched_setaffinity), SCMP_SYS(sched_setattr), SCMP_SYS(sched_setparam), SCMP_SYS(sched_setscheduler),
     // rooms of one's own, and what is mounted
     SCMP_SYS(unshare), SCMP_SYS(setns), SCMP_SYS(chroot), SCMP_SYS(pivot_root), SCMP_SYS(mount), SCMP_SYS(umount2),
     SCMP_SYS(move_mount), SCMP_SYS(open_tree), SCMP_SYS(fsopen), SCMP_SYS(fsconfig), SCMP_SYS(fsmount),
     SCMP_SYS(fspick), SCMP_SYS(mount_setattr), SCMP_SYS(open_by_handle_at), SCMP_SYS(name_to_handle_at),
+    SCMP_SYS(truncate),
     // the kernel itself
     SCMP_SYS(bpf), SCMP_SYS(perf_event_open), SCMP_SYS(userfaultfd), SCMP_SYS(io_uring_setup), SCMP_SYS(io_uring_enter),
     SCMP_SYS(io_uring_register), SCMP_SYS(keyctl), SCMP_SYS(add_key), SCMP_SYS(request_key), SCMP_SYS(init_module),
@@ -31,6 +37,23 @@ constexpr std::array alwaysRefused = {
     SCMP_SYS(swapon), SCMP_SYS(swapoff), SCMP_SYS(acct), SCMP_SYS(quotactl), SCMP_SYS(syslog), SCMP_SYS(personality),
     SCMP_SYS(settimeofday), SCMP_SYS(clock_settime), SCMP_SYS(adjtimex), SCMP_SYS(clock_adjtime), SCMP_SYS(sethostname),
     SCMP_SYS(setdomainname), SCMP_SYS(mq_open), SCMP_SYS(shmget), SCMP_SYS(semget), SCMP_SYS(msgget)};
+
+/// What a file says of itself: no fence around files covers it. Tools that unpack need it.
+constexpr std::array metadataCalls = {
+    SCMP_SYS(chmod),    SCMP_SYS(fchmodat),  SCMP_SYS(chown),       SCMP_SYS(lchown),       SCMP_SYS(fchownat),
+    SCMP_SYS(setxattr), SCMP_SYS(lsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr), SCMP_SYS(utime),
+    SCMP_SYS(utimes),   SCMP_SYS(futimesat), SCMP_SYS(utimensat)};
+/// Newer than the library's own list: `fchmodat2`, the same on every machine.
+constexpr int newerChangeMode = 452;
+
+/// What makes signals come to a process when something happens to a descriptor.
+constexpr std::array signallingControls = {F_SETOWN, F_SETSIG, F_SETOWN_EX};
+constexpr std::array signallingRequests = {FIOSETOWN, SIOCSPGRP};
+
+constexpr std::array namespaceFlags = {CLONE_NEWUSER, CLONE_NEWNS,  CLONE_NEWPID,   CLONE_NEWNET,
+                                       CLONE_NEWIPC,  CLONE_NEWUTS, CLONE_NEWCGROUP};
+
+constexpr scmp_datum_t whole = 0xffffffffU;  // Of an argument of the kernel's type int.
 
 constexpr std::array startingCalls = {SCMP_SYS(execve), SCMP_SYS(execveat), SCMP_SYS(fork), SCMP_SYS(vfork)};
 constexpr std::array socketCalls = {SCMP_SYS(socket), SCMP_SYS(socketpair), SCMP_SYS(connect), SCMP_SYS(bind),
@@ -68,14 +91,46 @@ class Filter {
   bool isGood_;
 };
 
-// Threads stay possible: a name is looked up by one. The newer call's flags cannot be seen by a filter, and who is told
-// that the kernel does not have it takes the older one.
+// The flags of the newer calls cannot be seen by a filter; where the kernel is said not to have them, the older ones
+// are taken.
+void refuseUnseen(Filter& filter) {
+  filter.add(SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3));
+  filter.add(SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(openat2));
+}
+
+void refuseReachingOthers(Filter& filter) {
+  filter.refuse(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_NE, static_cast<scmp_datum_t>(::getpid())));
+  filter.refuse(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_NE, 0));
+  for (const int control : signallingControls) {
+    filter.refuse(SCMP_SYS(fcntl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(control)));
+  }
+  for (const int request : signallingRequests) {
+    filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(request)));
+  }
+  // What is typed into the terminal of the program that started this.
+  filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, TIOCSTI));
+  for (const int flag : namespaceFlags) {
+    filter.refuse(SCMP_SYS(clone),
+                  SCMP_A0(SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(flag), static_cast<scmp_datum_t>(flag)));
+  }
+}
+
+// Ways to empty a file that a fence around files lets be read, or does not see: without a right to write, or with the
+// access mode that is for neither.
+void refuseEmptying(Filter& filter) {
+  constexpr scmp_datum_t noMode = O_ACCMODE;
+  filter.refuse(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
+  filter.refuse(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
+  filter.refuse(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
+  filter.refuse(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
+}
+
+// Threads stay possible: a name is looked up by one.
 void refuseStarting(Filter& filter) {
   for (const int call : startingCalls) {
     filter.refuse(call);
   }
   filter.refuse(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0));
-  filter.add(SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3));
 }
 
 void refuseOtherSockets(Filter& filter) {
@@ -85,6 +140,17 @@ void refuseOtherSockets(Filter& filter) {
     }
   }
   filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_GE, AF_MAX));
+  filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_EQ, AF_NETLINK), SCMP_A2(SCMP_CMP_NE, NETLINK_ROUTE));
+  // Of a pair that is no stream, either end could send to any socket of this machine's.
+  constexpr scmp_datum_t types = 0xf;
+  for (scmp_datum_t type = 0; type <= types; ++type) {
+    if (type != SOCK_STREAM) {
+      filter.refuse(SCMP_SYS(socketpair), SCMP_A1(SCMP_CMP_MASKED_EQ, types, type));
+    }
+  }
+  for (const int call : {SCMP_SYS(listen), SCMP_SYS(accept), SCMP_SYS(accept4)}) {
+    filter.refuse(call);
+  }
 }
 
 void refuseSockets(Filter& filter) {
@@ -100,10 +166,15 @@ bool filterSystemCalls(const Rights& rights) {
   for (const int call : alwaysRefused) {
     filter.refuse(call);
   }
-  // What is typed into the terminal of the program that started this.
-  filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, 0xffffffffU, TIOCSTI));
+  refuseUnseen(filter);
+  refuseReachingOthers(filter);
+  refuseEmptying(filter);
   if (rights.programs.empty()) {
     refuseStarting(filter);
+    for (const int call : metadataCalls) {
+      filter.refuse(call);
+    }
+    filter.refuse(newerChangeMode);
   }
   if (rights.usesNetwork) {
     refuseOtherSockets(filter);

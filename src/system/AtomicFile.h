@@ -35,12 +35,15 @@ class AtomicFile {
   /// Writes what the file `source` holds from its start to its end. Blocks for as long as that takes.
   Result<void> copy(int source);
 
+  /// What was written, to read; borrowed. -1 before that.
+  int descriptor() const { return file_.number(); }
+
   /// Puts the file in the target's place. On file systems that cannot promise more, a crash of the system may still
   /// lose it, never the bytes alone.
   Result<void> place();
 
   /// Puts the file in the target's place, for good. When the system cannot promise that it survives a crash, the target
-  /// is put back as it was, and that is a failure. Only for who keeps other writers away from the target.
+  /// is put back as it was, and that is a failure. Only where other writers are kept away from the target.
   Result<void> commit();
 
   /// Removes what a copy of this process left that was killed on its way.

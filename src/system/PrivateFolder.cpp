@@ -22,8 +22,8 @@ Failure folderFailure(const std::string& what, const fs::path& folder) {
   return {what + " the folder " + folder.string() + ": " + std::generic_category().message(errno)};
 }
 
-/// Whether no other user can rename what is in a folder: it is ours or the system's, and who else may write to it owns
-/// what he would rename (a sticky folder), or is of our own group.
+/// Whether no other user can rename what is in a folder: it is ours or the system's, and no others may write to it but
+/// our own group, unless a user can rename his own files alone there (a sticky folder).
 bool isSafeAncestor(const struct stat& status) {
   const bool isOwned = status.st_uid == 0 || status.st_uid == ::geteuid();
   const bool isSticky = (status.st_mode & S_ISVTX) != 0;
@@ -51,7 +51,11 @@ fs::path unsafeAncestorOf(const fs::path& path) {
 
 PrivateFolder::PrivateFolder(fs::path path, Descriptor folder) : path_(std::move(path)), folder_(std::move(folder)) {}
 
-Result<PrivateFolder> PrivateFolder::open(const fs::path& path) {
+Result<PrivateFolder> PrivateFolder::open(const fs::path& named) {
+  // Of a folder above, a link could be made to lead elsewhere later.
+  std::error_code error;
+  const fs::path above = fs::canonical(named.parent_path(), error);
+  const fs::path path = error ? named : above / named.filename();
   Descriptor folder =
       aboveStandardStreams(Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
   struct stat status = {};

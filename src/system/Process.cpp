@@ -19,6 +19,12 @@ void Process::send(int signal) const {
   }
 }
 
+void Process::sendToSession(int signal) const {
+  if (number_ > 0) {
+    ::kill(-number_, signal);
+  }
+}
+
 // One that the system does not know any more counts as ended: where SIGCHLD was inherited as ignored, nothing is left
 // of a child to reap.
 std::optional<ProcessEnd> Process::reap(bool blocks) {

@@ -72,6 +72,8 @@ class Process {
   ProcessEnd wait() { return *reap(true); }
   /// Nothing where its end was seen.
   void send(int signal) const;
+  /// To it and the processes of its session, where it has one of its own.
+  void sendToSession(int signal) const;
 
  private:
   std::optional<ProcessEnd> reap(bool blocks);

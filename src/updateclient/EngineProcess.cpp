@@ -20,12 +20,13 @@ namespace tarnwell::updateclient {
 namespace {
 
 constexpr std::chrono::milliseconds stopPatience(50);
+constexpr int mostUnfenced = 10;
 constexpr std::size_t longestSentence = 1000;  // Characters.
 
 /// Of this process's environment the engine finds these alone.
-constexpr std::array passedOn = {"LANG",          "LC_ALL",       "LC_MESSAGES",   "http_proxy", "https_proxy",
-                                 "HTTPS_PROXY",   "all_proxy",    "ALL_PROXY",     "no_proxy",   "NO_PROXY",
-                                 "SSL_CERT_FILE", "SSL_CERT_DIR", "CURL_CA_BUNDLE"};
+constexpr std::array passedOn = {"LANG",        "LC_ALL",      "LC_MESSAGES",   "http_proxy",
+                                 "https_proxy", "HTTPS_PROXY", "all_proxy",     "ALL_PROXY",
+                                 "no_proxy",    "NO_PROXY",    "SSL_CERT_FILE", "CURL_CA_BUNDLE"};
 
 std::vector<std::string> environmentWith(const std::filesystem::path& scratch) {
   std::vector<std::string> environment = {"PATH=/usr/bin:/bin", "TMPDIR=" + scratch.string()};
@@ -93,7 +94,7 @@ class EngineProcess::Run final : public Engine::Job {
     if (outcome_) {
       return false;
     }
-    if (message.word == release::unfencedWord) {
+    if (message.word == release::unfencedWord && ++unfenced_ <= mostUnfenced) {
       release::report(system::Failure{message.text});
     } else if (message.word == release::doneWord) {
       outcome_ = system::Result<void>();
@@ -123,7 +124,7 @@ class EngineProcess::Run final : public Engine::Job {
     if (reading_) {
       watch_ = {};
       reading_.close();
-      process_.send(SIGKILL);
+      process_.sendToSession(SIGKILL);
       // Usually it is gone at once, and what it was at can be cleared away. Only a disk that does not answer holds it.
       const system::Descriptor end = process_.endDescriptor();
       if (end.waitUntilReadable(std::chrono::steady_clock::now() + stopPatience) && process_.end()) {
@@ -143,6 +144,7 @@ class EngineProcess::Run final : public Engine::Job {
   std::shared_ptr<int> life_ = std::make_shared<int>();
   release::MessageReader messages_;
   bool isKnown_ = false;
+  int unfenced_ = 0;
   std::optional<system::Failure> refusal_;
   std::optional<system::Result<void>> outcome_;
 };

@@ -108,11 +108,12 @@ system::Result<void> Installation::place(Engine& engine, const Order& order) {
   if (!isOwn && !opened) {
     return notReplaceable(target_, std::generic_category().message(errno));
   }
-  auto job = engine.start({.words = {"place", std::to_string(order.item.enclosure.length),
-                                     order.item.enclosure.signature, order.key, target_.string()},
-                           .input = package_.descriptor(),
-                           .folder = isOwn ? package_.folder().descriptor() : opened.number()},
-                          {.ended = [this](const system::Result<void>& result) { takePlaced(result); }});
+  auto job =
+      engine.start({.words = {"place", order.item.version, std::to_string(order.item.enclosure.length),
+                              order.item.enclosure.signature, order.item.releaseSignature, order.key, target_.string()},
+                    .input = package_.descriptor(),
+                    .folder = isOwn ? package_.folder().descriptor() : opened.number()},
+                   {.ended = [this](const system::Result<void>& result) { takePlaced(result); }});
   if (!job) {
     return job.error();
   }

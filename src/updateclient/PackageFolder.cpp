@@ -14,10 +14,11 @@ void removePackages(const fs::path& folder, std::chrono::system_clock::time_poin
     return;
   }
   std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(folder, ignored)) {
-    const auto written = std::chrono::file_clock::to_sys(entry.last_write_time(ignored));
+  fs::directory_iterator entry(folder, ignored);
+  for (; entry != fs::directory_iterator(); entry.increment(ignored)) {
+    const auto written = std::chrono::file_clock::to_sys(entry->last_write_time(ignored));
     if (written < time) {
-      fs::remove_all(entry.path(), ignored);
+      fs::remove_all(entry->path(), ignored);
     }
   }
 }

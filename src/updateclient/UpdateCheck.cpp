@@ -1,13 +1,21 @@
 #include "updateclient/UpdateCheck.h"
 
-#include <charconv>
 #include <utility>
 
 #include "release/protocol/Engine.h"
+#include "release/text/Number.h"
+#include "release/text/PlainLine.h"
 #include "release/text/Report.h"
 #include "updateclient/ItemChooser.h"
 
 namespace tarnwell::updateclient {
+namespace {
+
+// Of what the engine makes of a feed, in characters.
+constexpr std::size_t longestTitle = 200;
+constexpr std::size_t longestObjection = 1000;
+
+}  // namespace
 
 UpdateCheck::UpdateCheck(Setting setting, Origin origin, Listener listener)
     : setting_(std::move(setting)), origin_(origin), listener_(std::move(listener)) {}
@@ -114,9 +122,10 @@ void UpdateCheck::takeFeed(const system::Result<void>& fetched) {
     return sayUpToDate();
   }
   item_ = *std::move(item);
+  item_.title = release::plainLine(item_.title, longestTitle);
   // What lacks a signature is refused before the user is asked to install it.
   if (!item_.objection.empty()) {
-    return fail(system::Failure{item_.objection}, [this] { start(); });
+    return fail({release::plainLine(item_.objection, longestObjection)}, [this] { start(); });
   }
   readNotes();
 }
@@ -191,13 +200,11 @@ void UpdateCheck::download() {
 }
 
 bool UpdateCheck::takeBytes(const release::Message& message) {
-  std::uint64_t received = 0;
-  const char* last = message.text.data() + message.text.size();
-  const auto [end, error] = std::from_chars(message.text.data(), last, received);
-  const bool isBelievable = message.word == release::bytesWord && error == std::errc() && end == last &&
-                            received >= received_ && received <= item_.enclosure.length;
+  const auto received = release::numberIn(message.text);
+  const bool isBelievable =
+      message.word == release::bytesWord && received && *received >= received_ && *received <= item_.enclosure.length;
   if (isBelievable) {
-    takeProgress(received);
+    takeProgress(*received);
   }
   return isBelievable;
 }

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <cstdint>
 #include <map>
 #include <system_error>
 
 #include "release/protocol/Message.h"
+#include "release/text/Number.h"
 #include "release/text/Report.h"
 #include "system/AtomicFile.h"
 #include "system/FileLock.h"
@@ -110,7 +110,7 @@ system::Result<void> setAside(const fs::path& path) {
   return !named || ::unlink(path.c_str()) == 0 ? named : systemFailure("cannot set aside", path);
 }
 
-/// What is stored; a damaged file is out of the way afterwards. Only for who holds the lock.
+/// What is stored; a damaged file is out of the way afterwards. Only under the lock.
 system::Result<Values> mended(const fs::path& path) {
   const auto values = loaded(path);
   if (!values) {
@@ -133,13 +133,6 @@ Values stored(const fs::path& path) {
     release::report(values.error());
   }
   return values ? *values : Values();
-}
-
-std::optional<std::int64_t> numberIn(const std::string& text) {
-  std::int64_t number = 0;
-  const char* last = text.data() + text.size();
-  const auto [end, error] = std::from_chars(text.data(), last, number);
-  return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
 }
 
 std::optional<bool> flagIn(const std::string& text) {
@@ -176,10 +169,9 @@ system::Result<void> UpdaterPreferences::setAutomaticDownloads(bool downloads) c
 }
 
 std::optional<UpdaterPreferences::Time> UpdaterPreferences::lastCheck() const {
-  constexpr std::int64_t latest = 1'000'000'000'000;
-  const auto seconds = numberIn(value(lastCheckName));
-  return seconds && *seconds >= 0 && *seconds < latest ? std::optional(Time(std::chrono::seconds(*seconds)))
-                                                       : std::nullopt;
+  constexpr std::uint64_t latest = 1'000'000'000'000;
+  const auto seconds = release::numberIn(value(lastCheckName));
+  return seconds && *seconds < latest ? std::optional(Time(std::chrono::seconds(*seconds))) : std::nullopt;
 }
 
 system::Result<void> UpdaterPreferences::setLastCheck(Time time) const {
@@ -188,8 +180,8 @@ system::Result<void> UpdaterPreferences::setLastCheck(Time time) const {
 }
 
 std::chrono::seconds UpdaterPreferences::interval() const {
-  const auto seconds = numberIn(value(intervalName));
-  if (!seconds || *seconds < 0 || *seconds > longestInterval.count()) {
+  const auto seconds = release::numberIn(value(intervalName));
+  if (!seconds || *seconds > static_cast<std::uint64_t>(longestInterval.count())) {
     return usualInterval;
   }
   return std::max(std::chrono::seconds(*seconds), shortestInterval);

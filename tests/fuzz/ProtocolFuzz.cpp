@@ -25,7 +25,10 @@ void run(std::string_view text) {
     notes.take(message);
     return true;
   });
-  release::sayNotes(notes.takeNotes(), [](const release::Message& message) { require(!message.word.empty()); });
+  const release::ReleaseNotes heard = notes.takeNotes();
+  require(heard.size() <= release::NotesReader::maximumParagraphs);
+  require(items.takeItems().size() <= release::ItemReader::maximumItems + 1);
+  release::sayNotes(heard, [](const release::Message& message) { require(!message.word.empty()); });
 }
 
 }  // namespace

@@ -3,13 +3,19 @@
 #include <arpa/inet.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <linux/netlink.h>
 #include <netinet/in.h>
+#include <sched.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -64,8 +70,51 @@ bool canConnectOut(const char* port) {
   return socket >= 0 && ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
+/// A datagram, by way of a pair of sockets that nothing was asked for.
+bool canSendLocally(const char* path) {
+  sockaddr_un address = {.sun_family = AF_UNIX, .sun_path = {}};
+  std::strncpy(address.sun_path, path, sizeof address.sun_path - 1);
+  int pair[2] = {-1, -1};
+  return ::socketpair(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0, pair) == 0 &&
+         ::sendto(pair[0], "x", 1, 0, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 1;
+}
+
+/// By any way that needs no right to write, or changes what the file says of itself.
+bool canHarm(const char* path) {
+  const bool isCut = ::truncate(path, 0) == 0;
+  const int neither = ::open(path, O_ACCMODE | O_TRUNC | O_CLOEXEC);
+  const int read = ::open(path, O_RDONLY | O_TRUNC | O_CLOEXEC);
+  return isCut || neither >= 0 || read >= 0;
+}
+
+bool canSlowDown(pid_t process) {
+  rlimit limit = {};
+  return ::syscall(SYS_prlimit64, process, RLIMIT_NOFILE, nullptr, &limit) == 0 ||
+         ::setpriority(PRIO_PROCESS, static_cast<id_t>(process), 0) == 0;
+}
+
+bool canHearTheKernel() {
+  const int socket = ::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_KOBJECT_UEVENT);
+  return socket >= 0 && ::close(socket) == 0;
+}
+
+bool canMakeARoomOfItsOwn() {
+  const long child = ::syscall(SYS_clone, CLONE_NEWUSER | SIGCHLD, nullptr, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    ::_exit(0);
+  }
+  return child > 0 && ::waitpid(static_cast<pid_t>(child), nullptr, 0) == child;
+}
+
 void probe() {
   note("settings", canRead(named("PROBE_SETTINGS")));
+  note("harm", canHarm(named("PROBE_SETTINGS")));
+  note("mode", ::chmod(named("PROBE_SETTINGS"), 0644) == 0);
+  note("datagram", canSendLocally(named("PROBE_DATAGRAMS")));
+  note("signal", ::syscall(SYS_tgkill, ::getppid(), ::getppid(), 0) == 0);
+  note("limits", canSlowDown(::getppid()));
+  note("events", canHearTheKernel());
+  note("namespace", canMakeARoomOfItsOwn());
   note("home", canWrite(std::string(named("PROBE_HOME")) + "/written"));
   note("shell", canStart("/bin/sh"));
   note("tool", canStart("/usr/bin/dpkg-deb"));

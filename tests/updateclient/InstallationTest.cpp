@@ -21,6 +21,7 @@
 #include "host/linux/PackageOpener.h"
 #include "system/AtomicFile.h"
 #include "updateclient/EngineProcess.h"
+#include "updater/package/PackageClaim.h"
 #include "updater/signature/SigningKey.h"
 
 namespace tarnwell::updateclient {
@@ -67,7 +68,9 @@ class InstallationTest : public testing::Test {
     return Installation::start(
         engine, *opener, file,
         {.kind = content == debianPackage ? "debian" : (content == appImage ? "app-image" : "other"),
-         .item = {.enclosure = {.length = content.size(), .signature = key.signatureOf(content)}},
+         .item = {.version = "2.0",
+                  .enclosure = {.length = content.size(), .signature = key.signatureOf(content)},
+                  .releaseSignature = key.signatureOf(*updater::releaseText("2.0", file.descriptor()))},
          .key = key.publicText(),
          .appImage = image},
         std::move(handed));

@@ -1,7 +1,6 @@
 #include "release/protocol/ItemMessages.h"
 
-#include <array>
-#include <charconv>
+#include "release/text/Number.h"
 
 namespace tarnwell::release {
 namespace {
@@ -43,9 +42,9 @@ bool read(const std::string& text, std::string& field) {
 bool read(const std::string& text, bool& field) { return field = text == yes; }
 
 bool read(const std::string& text, std::uint64_t& field) {
-  const char* last = text.data() + text.size();
-  const auto [end, error] = std::from_chars(text.data(), last, field);
-  return error == std::errc() && end == last;
+  const auto number = numberIn(text);
+  field = number.value_or(0);
+  return number.has_value();
 }
 
 }  // namespace
@@ -62,7 +61,7 @@ void sayItem(const FeedItem& item, const std::function<void(const Message&)>& sa
 bool ItemReader::take(const Message& message) {
   if (message.word == itemWord) {
     items_.emplace_back();
-    return true;
+    return items_.size() <= maximumItems;
   }
   bool isTaken = false;
   if (!items_.empty()) {

@@ -14,6 +14,8 @@ void sayItem(const FeedItem& item, const std::function<void(const Message&)>& sa
 /// Makes items of such lines.
 class ItemReader {
  public:
+  static constexpr std::size_t maximumItems = 1000;
+
   /// False for what is no line of an item, or one that was there already.
   bool take(const Message& message);
   std::vector<FeedItem> takeItems() { return std::move(items_); }

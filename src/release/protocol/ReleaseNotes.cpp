@@ -1,8 +1,10 @@
 #include "release/protocol/ReleaseNotes.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
 
+#include "release/text/Number.h"
+#include "release/text/PlainLine.h"
 #include "release/text/WebAddress.h"
 
 namespace tarnwell::release {
@@ -12,28 +14,35 @@ constexpr const char* paragraphWord = "paragraph";
 constexpr const char* runWord = "run";
 constexpr const char* linkWord = "link";
 
-constexpr std::array styleNames = {"body", "heading", "item", "quote", "code"};
+constexpr std::array<std::string_view, 5> styleNames = {"body", "heading", "item", "quote", "code"};
+constexpr unsigned highestNumber = 1'000'000;
 constexpr unsigned highestLevel = 256;  // Of elements within each other, as the library that reads them has it.
 
 /// "heading 2 0"
 std::string textOf(const NotesParagraph& paragraph) {
-  return styleNames.at(static_cast<std::size_t>(paragraph.style)) + (' ' + std::to_string(paragraph.level)) + ' ' +
-         std::to_string(paragraph.number);
+  return std::string(styleNames.at(static_cast<std::size_t>(paragraph.style))) +
+         (' ' + std::to_string(paragraph.level)) + ' ' + std::to_string(paragraph.number);
 }
 
-bool readParagraph(const std::string& text, NotesParagraph& paragraph) {
-  std::array<char, 16> name = {};
-  char rest = 0;
-  if (std::sscanf(text.c_str(), "%15[a-z] %u %u%c", name.data(), &paragraph.level, &paragraph.number, &rest) != 3) {
+/// Takes a word off a text, up to the next space.
+std::string_view takeWord(std::string_view& text) {
+  const std::string_view word = text.substr(0, text.find(' '));
+  text.remove_prefix(std::min(word.size() + 1, text.size()));
+  return word;
+}
+
+bool readParagraph(std::string_view text, NotesParagraph& paragraph) {
+  const auto* style = std::find(styleNames.begin(), styleNames.end(), takeWord(text));
+  const auto level = numberIn(takeWord(text));
+  const auto number = numberIn(text);
+  if (style == styleNames.end() || level.value_or(highestLevel + 1) > highestLevel ||
+      number.value_or(highestNumber + 1) > highestNumber) {
     return false;
   }
-  std::size_t index = 0;
-  while (index < styleNames.size() && name.data() != std::string_view(styleNames.at(index))) {
-    ++index;
-  }
-  const bool isKnown = index < styleNames.size();
-  paragraph.style = isKnown ? static_cast<NotesParagraph::Style>(index) : NotesParagraph::Style::body;
-  return isKnown && paragraph.level <= highestLevel;
+  paragraph.style = static_cast<NotesParagraph::Style>(style - styleNames.begin());
+  paragraph.level = static_cast<unsigned>(*level);
+  paragraph.number = static_cast<unsigned>(*number);
+  return true;
 }
 
 /// "bi bold and italic", " neither".
@@ -49,7 +58,7 @@ bool readRun(std::string_view text, NotesRun& run) {
   }
   const auto has = [marks](char mark) { return marks.find(mark) != std::string_view::npos; };
   run = {.text = std::string(text.substr(end + 1)), .isBold = has('b'), .isItalic = has('i'), .isCode = has('c')};
-  return true;
+  return !run.text.empty() && visibleLines(run.text) == run.text;
 }
 
 }  // namespace
@@ -68,14 +77,15 @@ void sayNotes(const ReleaseNotes& notes, const std::function<void(const Message&
 
 bool NotesReader::take(const Message& message) {
   if (message.word == paragraphWord) {
-    return readParagraph(message.text, notes_.emplace_back());
+    return notes_.size() < maximumParagraphs && readParagraph(message.text, notes_.emplace_back());
   }
   if (notes_.empty()) {
     return false;
   }
   auto& runs = notes_.back().runs;
   if (message.word == runWord) {
-    return readRun(message.text, runs.emplace_back());
+    length_ += message.text.size();
+    return length_ <= maximumLength && readRun(message.text, runs.emplace_back());
   }
   if (message.word != linkWord || runs.empty() || !isWebAddress(message.text)) {
     return false;

@@ -35,12 +35,16 @@ void sayNotes(const ReleaseNotes& notes, const std::function<void(const Message&
 /// Makes notes of such lines.
 class NotesReader {
  public:
-  /// False for what is no line of notes.
+  static constexpr std::size_t maximumParagraphs = 1000;
+  static constexpr std::size_t maximumLength = 64UL * 1024;  // Bytes of text.
+
+  /// False for what is no line of notes, is one too many, or holds what is not seen.
   bool take(const Message& message);
   ReleaseNotes takeNotes() { return std::move(notes_); }
 
  private:
   ReleaseNotes notes_;
+  std::size_t length_ = 0;
 };
 
 }  // namespace tarnwell::release

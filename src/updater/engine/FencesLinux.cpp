@@ -62,7 +62,7 @@ std::vector<std::string> fenceFetching() {
   Rights rights = {.usesNetwork = true, .memory = 1024 * mebibyte, .fileSize = largestPackage, .seconds = 15 * 60};
   add(rights.readable, libraries);
   add(rights.readable, network);
-  for (const char* variable : {"SSL_CERT_FILE", "SSL_CERT_DIR", "CURL_CA_BUNDLE"}) {
+  for (const char* variable : {"SSL_CERT_FILE", "CURL_CA_BUNDLE"}) {
     if (const char* path = ::getenv(variable)) {
       rights.readable.emplace_back(path);
     }
@@ -83,9 +83,7 @@ std::vector<std::string> fenceLooking() {
   if (loader != nullptr) {
     rights.programs.emplace_back(loader);
   }
-  if (working) {
-    rights.writable.push_back(working.number());
-  }
+  rights.scratch = working.number();
   return confinement::keepOnly(rights);
 }
 

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdlib>
 #include <optional>
 #include <system_error>
 
 #include "release/protocol/Engine.h"
 #include "release/protocol/ItemMessages.h"
+#include "release/text/Number.h"
 #include "system/AtomicFile.h"
 #include "system/Descriptor.h"
 #include "updater/engine/Fences.h"
@@ -39,16 +39,14 @@ constexpr std::uint64_t progressSteps = 250;
 
 system::Descriptor duplicate(int number) { return system::Descriptor(::fcntl(number, F_DUPFD_CLOEXEC, 0)); }
 
-std::uint64_t numberIn(const std::string& text) {
-  std::uint64_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
+// No number is none that suits.
+std::uint64_t numberOf(const std::string& text) { return release::numberIn(text).value_or(0); }
 
 /// The user's own authorities, by the name under which the network library's own tool takes them.
 std::string authorities() {
   for (const char* variable : {"CURL_CA_BUNDLE", "SSL_CERT_FILE"}) {
-    if (const char* path = ::getenv(variable)) {
+    const char* path = ::getenv(variable);
+    if (path != nullptr && *path != '\0') {
       return path;
     }
   }
@@ -76,7 +74,7 @@ Download downloadOf(const Arguments& arguments, std::uint64_t maximumLength, std
           .limit = limit,
           .userAgent = arguments[1],
           .authorities = authorities(),
-          .stallLimit = std::chrono::seconds(numberIn(arguments[2]))};
+          .stallLimit = std::chrono::seconds(numberOf(arguments[2]))};
 }
 
 Done fetchFeed(const Arguments& arguments, const Given& given, const Say& say) {
@@ -108,7 +106,7 @@ system::Failure untrusted(const std::string& reason) {
 }
 
 Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say) {
-  const std::uint64_t length = numberIn(arguments[3]);
+  const std::uint64_t length = numberOf(arguments[3]);
   const system::Descriptor file = duplicate(given.input);
   std::uint64_t received = 0;
   std::uint64_t said = 0;
@@ -133,16 +131,26 @@ Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say
   return fetched;
 }
 
-Done verify(const Arguments& arguments, const Given& given, const Say& say) {
-  const release::FeedItem item = {.version = arguments[0],
-                                  .enclosure = {.length = numberIn(arguments[1]), .signature = arguments[2]},
-                                  .releaseSignature = arguments[3]};
-  const auto claim = PackageClaim::create(item);
+struct Order {
+  PackageClaim claim;
+  PublicKey key;
+};
+
+/// What both jobs on a package begin with: version, length, signature, release signature, key.
+system::Result<Order> orderIn(const Arguments& arguments) {
+  const auto claim = PackageClaim::create({.version = arguments[0],
+                                           .enclosure = {.length = numberOf(arguments[1]), .signature = arguments[2]},
+                                           .releaseSignature = arguments[3]});
   const auto key = keyIn(arguments[4]);
   if (!claim || !key) {
     return claim ? key.error() : claim.error();
   }
-  const auto kind = claim->hold(*key, given.input);
+  return Order{.claim = *claim, .key = *key};
+}
+
+Done verify(const Arguments& arguments, const Given& given, const Say& say) {
+  const auto order = orderIn(arguments);
+  const auto kind = order ? order->claim.hold(order->key, given.input) : order.error();
   if (!kind) {
     return kind.error();
   }
@@ -160,27 +168,28 @@ Done readNotesAloud(const Arguments& /*arguments*/, const Given& given, const Sa
   return {};
 }
 
-/// Why the file at the input is not what was verified; none where it is.
-std::optional<system::Failure> mismatchIn(const Arguments& arguments, int input) {
-  const auto signature = Signature::parse(arguments[1]);
-  const auto key = PublicKey::parse(arguments[2]);
-  if (!signature || !key) {
-    return signature ? key.error() : signature.error();
-  }
-  return signature->verify(*key, input, numberIn(arguments[0]));
-}
-
-// Looked at again: what is placed is what was verified, whatever became of the file since.
+// What is looked at again is the copy, which no other process has open: it is what was verified, or it is not placed.
 Done place(const Arguments& arguments, const Given& given, const Say& /*say*/) {
-  const std::string& target = arguments[3];
-  const PackageKind* kind = packageKind(given.input);
-  if (const auto mismatch = mismatchIn(arguments, given.input); mismatch || kind == nullptr) {
-    return untrusted(mismatch ? mismatch->message : "it has changed since");
+  const auto order = orderIn(arguments);
+  if (!order) {
+    return order.error();
   }
+  const std::string& target = arguments[5];
   system::AtomicFile file(duplicate(given.folder), target, ownerReads);
   Done done = file.copy(given.input);
-  done = done ? file.place() : done;
-  return done ? done : kind->unplaced(target, std::generic_category().message(done.error().error));
+  const PackageKind* kind = packageKind(given.input);
+  if (done) {
+    const auto held = order->claim.holdSignatures(order->key, file.descriptor());
+    if (!held) {
+      return held.error();
+    }
+    kind = *held;
+    done = file.place();
+  }
+  if (done || kind == nullptr) {
+    return done;
+  }
+  return kind->unplaced(target, std::generic_category().message(done.error().error));
 }
 
 constexpr std::array jobs = {
@@ -188,7 +197,7 @@ constexpr std::array jobs = {
     Job{"fetch-package", 4, &fenceFetching, &fetchPackage},
     Job{"read-notes", 0, &fenceReading, &readNotesAloud},
     Job{"verify", 5, &fenceLooking, &verify},
-    Job{"place", 4, &fencePlacing, &place},
+    Job{"place", 6, &fencePlacing, &place},
 };
 
 }  // namespace

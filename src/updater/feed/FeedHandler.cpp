@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
+#include "release/text/Number.h"
 #include "release/text/PlainLine.h"
 #include "updater/feed/FeedNamespace.h"
 #include "updater/feed/FeedReader.h"
@@ -57,11 +57,7 @@ std::string extensionAttribute(const FeedHandler::Attributes& attributes, std::s
 }
 
 /// 0, which no package has, for what is no number of bytes.
-std::uint64_t lengthIn(const std::string& text) {
-  std::uint64_t length = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), length);
-  return error == std::errc() && end == text.data() + text.size() ? length : 0;
-}
+std::uint64_t lengthIn(const std::string& text) { return release::numberIn(text).value_or(0); }
 
 std::string withoutOuterBlanks(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n";

@@ -77,7 +77,7 @@ class Reader {
   release::ReleaseNotes takeNotes() { return std::move(notes_); }
 
   void readLines(std::string_view text) {
-    while (!text.empty()) {
+    while (!text.empty() && !isFull()) {
       const std::size_t end = std::min(text.find('\n'), text.size());
       write(text.substr(0, end), {});
       isOpen_ = false;
@@ -109,7 +109,7 @@ class Reader {
   // How deep elements may stand in each other is limited by the library.
   // NOLINTNEXTLINE(misc-no-recursion)
   void readSiblings(const xmlNode* first, const Place& place) {
-    for (const xmlNode* node = first; node != nullptr && length_ < longestNotes; node = node->next) {
+    for (const xmlNode* node = first; node != nullptr && !isFull(); node = node->next) {
       if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
         write(textOf(node->content), place);
       } else if (node->type == XML_ELEMENT_NODE) {
@@ -165,8 +165,11 @@ class Reader {
     }
   }
 
+  bool isFull() const { return length_ >= longestNotes || notes_.size() == release::NotesReader::maximumParagraphs; }
+
   void write(std::string_view text, const Place& place) {
     const bool isCode = place.paragraph.style == Style::code;
+    text = text.substr(0, longestNotes);
     std::string shown = isCode ? release::visibleLines(text) : release::visibleText(text);
     if (!isOpen_ || endsInBlank_) {
       shown.erase(0, isCode ? 0 : shown.find_first_not_of(' '));

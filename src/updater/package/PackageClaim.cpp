@@ -48,16 +48,21 @@ system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item)
 }
 
 system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int descriptor) const {
+  const auto signedKind = holdSignatures(key, descriptor);
+  if (!signedKind || *signedKind == nullptr || (*signedKind)->ownVersion == nullptr) {
+    return signedKind;
+  }
+  const auto confirmed = confirmOwnVersion(**signedKind, descriptor, version);
+  return confirmed ? signedKind : confirmed.error();
+}
+
+system::Result<const PackageKind*> PackageClaim::holdSignatures(const PublicKey& key, int descriptor) const {
   if (const auto mismatch = signature.verify(key, descriptor, length)) {
     return thrownAway(mismatch->message);
   }
   const PackageKind* kind = packageKind(descriptor);
-  if (kind == nullptr) {
+  if (kind == nullptr || kind->ownVersion != nullptr) {
     return kind;
-  }
-  if (kind->ownVersion != nullptr) {
-    const auto confirmed = confirmOwnVersion(*kind, descriptor, version);
-    return confirmed ? system::Result<const PackageKind*>(kind) : confirmed.error();
   }
   const auto text = releaseText(version, descriptor);
   if (!text || !releaseSignature || !releaseSignature->holdsFor(key, *text)) {

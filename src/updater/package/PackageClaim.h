@@ -24,6 +24,8 @@ struct PackageClaim {
   /// not that it is the one that the feed is about: an old one could be offered under a new number. Blocks for as long
   /// as reading the file takes. Returns its kind, null for none that is known.
   system::Result<const PackageKind*> hold(const PublicKey& key, int descriptor) const;
+  /// The same without asking a package that names its version itself, which takes a tool.
+  system::Result<const PackageKind*> holdSignatures(const PublicKey& key, int descriptor) const;
 
   std::string version = {};
   std::uint64_t length = 0;  // Bytes; at least 1.

@@ -136,7 +136,7 @@ class Transfer {
     } else if (code == CURLE_OK || (code == CURLE_WRITE_ERROR && status() != complete)) {
       code = CURLE_HTTP_RETURNED_ERROR;
     }
-    // Of a redirect that is refused, the one who redirects is to blame.
+    // Of a redirect that is refused, the server that redirects is to blame.
     const std::string blamed = code == CURLE_UNSUPPORTED_PROTOCOL ? download_.address : address();
     const std::string detail = error_.front() == '\0' ? ::curl_easy_strerror(code) : error_.data();
     return transferFailure(code, blamed, detail, status());

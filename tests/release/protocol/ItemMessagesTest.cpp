@@ -62,6 +62,14 @@ TEST(ItemMessages, carryEveryFieldThatCounts) {
   EXPECT_TRUE(messagesOf(items.at(1)).size() == 1 && items.at(1).version.empty());
 }
 
+TEST(ItemMessages, areOfAsManyItemsAsAFeedMayHold) {
+  ItemReader reader;
+  for (std::size_t item = 0; item < ItemReader::maximumItems; ++item) {
+    ASSERT_TRUE(reader.take({"item", ""}));
+  }
+  EXPECT_FALSE(reader.take({"item", ""}));
+}
+
 TEST(ItemMessages, thatMakeNoSenseAreRefused) {
   EXPECT_FALSE(ItemReader().take({"version", "2.0"}));
   for (const Message& message :

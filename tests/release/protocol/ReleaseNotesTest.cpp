@@ -15,7 +15,7 @@ TEST(ReleaseNotes, arriveAsTheyWereSaid) {
                 {.text = " and all", .isBold = true, .isItalic = true, .isCode = true}}},
       {.style = Style::item, .level = 3, .number = 12, .runs = {{.text = "here", .link = "https://updates.invalid/x"}}},
       {.style = Style::code, .runs = {{.text = "  two\n  lines"}}},
-      {.style = Style::quote, .runs = {{.text = ""}}}};
+      {.style = Style::quote, .runs = {{.text = " "}}}};
   NotesReader reader;
   sayNotes(notes, [&reader](const Message& message) { EXPECT_TRUE(reader.take(message)) << message.text; });
   const ReleaseNotes read = reader.takeNotes();
@@ -39,7 +39,8 @@ TEST(ReleaseNotes, arriveAsTheyWereSaid) {
 TEST(ReleaseNotes, areRefusedWhereTheyMakeNoSense) {
   EXPECT_FALSE(NotesReader().take({"run", " text"}));
   EXPECT_FALSE(NotesReader().take({"link", "https://updates.invalid/"}));
-  for (const char* text : {"", "body", "body 1", "body 1 2 3", "other 0 0", "body x 0", "body 0 0 ", "heading 999 0"}) {
+  for (const char* text : {"", "body", "body 1", "body 1 2 3", "other 0 0", "body x 0", "body 0 0 ", "heading 999 0",
+                           "item 1 99999999", "item -4294967200 0"}) {
     EXPECT_FALSE(NotesReader().take({"paragraph", text})) << text;
   }
   for (const Message& message : {Message{"run", "text"}, Message{"run", "x text"},
@@ -47,6 +48,29 @@ TEST(ReleaseNotes, areRefusedWhereTheyMakeNoSense) {
     NotesReader reader;
     EXPECT_TRUE(reader.take({"paragraph", "body 0 0"}));
     EXPECT_FALSE(reader.take(message)) << message.word << " " << message.text;
+  }
+}
+
+TEST(ReleaseNotes, areOfAsMuchAsPeopleRead) {
+  NotesReader paragraphs;
+  for (std::size_t count = 0; count < NotesReader::maximumParagraphs; ++count) {
+    ASSERT_TRUE(paragraphs.take({"paragraph", "body 0 0"}));
+  }
+  EXPECT_FALSE(paragraphs.take({"paragraph", "body 0 0"}));
+  NotesReader runs;
+  EXPECT_TRUE(runs.take({"paragraph", "body 0 0"}));
+  EXPECT_TRUE(runs.take({"run", " " + std::string(NotesReader::maximumLength - 1, 'x')}));
+  EXPECT_FALSE(runs.take({"run", " x"}));
+}
+
+TEST(ReleaseNotes, holdNothingThatIsNotSeen) {
+  for (const char* text : {" ", " a\x07",
+                           " \xe2\x80\xae"
+                           "a",
+                           " \t"}) {
+    NotesReader reader;
+    EXPECT_TRUE(reader.take({"paragraph", "body 0 0"}));
+    EXPECT_FALSE(reader.take({"run", text})) << text;
   }
 }
 

@@ -1,10 +1,11 @@
 #include "updater/engine/Jobs.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <optional>
+#include <filesystem>
 
 #include "fixtures/Sandbox.h"
 #include "system/Descriptor.h"
@@ -157,6 +158,27 @@ TEST_F(JobsTest, aReleaseSignatureOfAnotherFileVouchesForNothing) {
   const std::string image = appImageStart + "two";
   put(image);
   EXPECT_NE(verify("2.0", image, other), Messages{"kind app-image"});
+}
+
+TEST_F(JobsTest, whatIsPlacedIsTheCopyThatWasHeldAgainstItsSignatures) {
+  const fixtures::Sandbox sandbox;
+  const system::Descriptor folder(::open(sandbox.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  given.folder = folder.number();
+  const std::string image = appImageStart + "content";
+  put(image);
+  const auto place = [&](const std::string& signature) {
+    return run("place", {"2.0", std::to_string(image.size()), key.signatureOf(image), signature, key.publicText(),
+                         (sandbox / "Tarnwell.AppImage").string()});
+  };
+  EXPECT_EQ(place(releaseSignature("1.0")),
+            Messages{"failed The downloaded update was thrown away, because it cannot be trusted: nothing vouches for "
+                     "its being version 2.0."});
+  EXPECT_TRUE(std::filesystem::is_empty(sandbox.path()));
+  EXPECT_EQ(place(releaseSignature("2.0")), Messages());
+  EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), image);
+  put(appImageStart + "another");
+  EXPECT_NE(place(releaseSignature("2.0")), Messages());
+  EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), image);
 }
 
 TEST_F(JobsTest, whatIsOfNoKindIsSaidToBeSo) {
