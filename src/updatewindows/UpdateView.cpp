@@ -39,7 +39,11 @@ View textsOf(const UpdatePage& page) {
 View buttonsOf(const UpdatePage& page) {
   return View(HStack{.children = {buttonFor(page.farChoice), view::Spacer{}, buttonFor(page.otherChoice),
                                   buttonFor(page.defaultChoice, KeyboardShortcut::defaultAction)}})
-      .frame({.width = UpdateView::textWidth});
+      .frame({.minWidth = UpdateView::textWidth});
+}
+
+View column(const View& content) {
+  return content.frame({.width = UpdateView::textWidth, .alignment = kit::TextAlignment::leading});
 }
 
 }  // namespace
@@ -48,11 +52,9 @@ View UpdateView::body() const {
   const UpdatePage& page = shown->page();
   const View parts = VStack{.alignment = kit::TextAlignment::leading,
                             .spacing = betweenParts,
-                            .children = {textsOf(page), page.body, buttonsOf(page)}};
+                            .children = {column(textsOf(page)), column(page.body), buttonsOf(page)}};
   const View icon = view::Symbol{.name = kit::SymbolView::applicationIcon, .side = iconSide};
-  return View(HStack{.alignment = view::VerticalAlignment::top,
-                     .spacing = besideIcon,
-                     .children = {icon, parts.frame({.width = textWidth, .alignment = kit::TextAlignment::leading})}})
+  return View(HStack{.alignment = view::VerticalAlignment::top, .spacing = besideIcon, .children = {icon, parts}})
       .padding(margin)
       .identity(shown->number());
 }

@@ -51,7 +51,15 @@ TEST_F(UpdateScenarios, anUpdateThatWasFoundSaysWhatItIs) {
   EXPECT_THAT(texts(), ElementsAre("Spring release", "Tarnwell 1.2 is available; you have 1.0.", "Notes"));
   EXPECT_THAT(buttons(), ElementsAre("Skip This Version", "Remind Me Later", "Install Update"));
   EXPECT_TRUE(look("Install Update").isDefault);
-  EXPECT_EQ(stage.system().sizeOf(window()).width, 500);
+}
+
+TEST_F(UpdateScenarios, theWindowHasRoomForItsButtonsHoweverWideTheyAre) {
+  showFound();
+  for (const std::string& title : buttons()) {
+    const kit::Rect& frame = stage.control(window(), title).frame();
+    EXPECT_GE(frame.x, 92) << title;
+    EXPECT_LE(frame.right(), window().contentSize().width - 20) << title;
+  }
 }
 
 TEST_F(UpdateScenarios, eachButtonGivesItsAnswerOnceAndTheWindowGoes) {
@@ -95,6 +103,8 @@ TEST_F(UpdateScenarios, whatThereIsOnlyToReadIsNotInstalled) {
 }
 
 TEST_F(UpdateScenarios, textsOfTheFeedAreOfBearableLength) {
+  showFound();
+  const double usual = stage.system().sizeOf(window()).width;
   item.title = "<b>bold</b>\n" + std::string(5000, 'x');
   item.shownVersion = std::string(5000, '9');
   showFound();
@@ -102,7 +112,7 @@ TEST_F(UpdateScenarios, textsOfTheFeedAreOfBearableLength) {
   for (const std::string& text : texts()) {
     EXPECT_LT(text.size(), 130U);
   }
-  EXPECT_EQ(stage.system().sizeOf(window()).width, 500);
+  EXPECT_EQ(stage.system().sizeOf(window()).width, usual);
 }
 
 TEST_F(UpdateScenarios, longNotesScrollInWhatTheWindowHasRoomFor) {
@@ -165,6 +175,7 @@ TEST_F(UpdateScenarios, checkingCanBeCancelled) {
   EXPECT_THAT(texts(), ElementsAre("Checking for updates…"));
   EXPECT_THAT(progress(), ElementsAre("Checking for updates"));
   EXPECT_EQ(look("Checking for updates").range, std::nullopt);
+  EXPECT_EQ(stage.system().sizeOf(window()).width, 500);
   press("Cancel");
   windows.showChecking(answer);
   key(Key::escape);

@@ -21,6 +21,7 @@ class FrameNode final : public PassThroughNode {
   std::string summary() const override {
     const Frame& frame = valueAs<FrameModifier>().frame;
     return "Frame" + (frame.width ? " width " + plainText(*frame.width) : "") +
+           (frame.minWidth ? " at least " + plainText(*frame.minWidth) + " wide" : "") +
            (frame.height ? " height " + plainText(*frame.height) : "") +
            (frame.maxHeight ? " at most " + plainText(*frame.maxHeight) + " high" : "") + " " +
            alignmentName(frame.alignment);
@@ -42,7 +43,8 @@ class FrameNode final : public PassThroughNode {
       inner = child().measure({.width = within(proposal).width, .height = most});
     }
     const double height = std::min(inner.size.height, most.value_or(inner.size.height));
-    return {.size = {.width = frame.width.value_or(inner.size.width), .height = frame.height.value_or(height)},
+    const double width = std::max(inner.size.width, frame.minWidth.value_or(0));
+    return {.size = {.width = frame.width.value_or(width), .height = frame.height.value_or(height)},
             .firstBaseline = inner.firstBaseline};
   }
 
@@ -70,6 +72,8 @@ class FrameNode final : public PassThroughNode {
     const Frame& frame = valueAs<FrameModifier>().frame;
     if (frame.width) {
       proposal.width = frame.width;
+    } else if (frame.minWidth) {
+      proposal.width = std::max(*frame.minWidth, proposal.width.value_or(0));
     }
     if (frame.height) {
       proposal.height = frame.height;

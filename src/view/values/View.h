@@ -17,9 +17,11 @@
 
 namespace tarnwell::view {
 
-/// A fixed width, a fixed height, a greatest height (points), and where the content stands in what it does not fill.
+/// A fixed or a least width, a fixed or a greatest height (points), and where the content stands in what it does not
+/// fill.
 struct Frame {
   std::optional<double> width = std::nullopt;
+  std::optional<double> minWidth = std::nullopt;
   std::optional<double> height = std::nullopt;
   std::optional<double> maxHeight = std::nullopt;
   kit::TextAlignment alignment = kit::TextAlignment::center;

@@ -5,6 +5,7 @@
 #include "view/Stage.h"
 #include "view/controls/ScrollView.h"
 #include "view/controls/Text.h"
+#include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::view {
@@ -31,6 +32,14 @@ TEST(FrameTest, aWidthIsOfferedToTheContent) {
   Opened stage{wideBlock("a", 5, 20).frame({.width = 100})};
   EXPECT_EQ(stage.frame("a").width, 100);
   EXPECT_EQ(stage.find<BlockControl>("a").proposals().front(), (kit::Proposal{.width = 100}));
+}
+
+TEST(FrameTest, aLeastWidthGivesWayToWhatIsWider) {
+  for (const auto& [content, width] : {std::pair(30.0, 100.0), std::pair(130.0, 138.0)}) {
+    Opened stage{View(HStack{.children = {fixedBlock("a", content, 20), Spacer{}}}).frame({.minWidth = 100})};
+    EXPECT_EQ(stage.frame("a").x, 0);
+    EXPECT_EQ(stage.window().contentSize().width, width);
+  }
 }
 
 TEST(FrameTest, aFixedHeightCentresWhatIsLower) {
