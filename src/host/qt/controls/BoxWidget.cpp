@@ -10,7 +10,7 @@ namespace tarnwell::host_qt {
 namespace {
 
 constexpr double groupRadius = 10;
-constexpr double fieldRadius = 6;
+constexpr double fieldBoxRadius = 6;
 
 class BoxWidget final : public ControlWidget {
  public:
@@ -21,7 +21,7 @@ class BoxWidget final : public ControlWidget {
     if (box_.kind() == kit::Box::Kind::group) {
       drawRounded(painter, bounds(), groupRadius, theme().palette().groupFill, theme().palette().hairline);
     } else if (box_.kind() == kit::Box::Kind::field) {
-      drawRounded(painter, bounds(), fieldRadius, theme().palette().fieldFace, theme().palette().hairline);
+      drawRounded(painter, bounds(), fieldBoxRadius, theme().palette().fieldFace, theme().palette().hairline);
     } else {
       drawSeparator(painter);
     }
