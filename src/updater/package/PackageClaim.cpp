@@ -48,7 +48,7 @@ system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item)
 }
 
 system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int descriptor) const {
-  const auto signedKind = holdSignatures(key, descriptor);
+  auto signedKind = holdSignatures(key, descriptor);
   if (!signedKind || *signedKind == nullptr || (*signedKind)->ownVersion == nullptr) {
     return signedKind;
   }
