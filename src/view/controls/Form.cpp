@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/controls/ScrollArea.h"
-#include "kit/host/Host.h"
-#include "view/tree/MountedNode.h"
-#include "view/tree/MountedTree.h"
+#include "view/controls/ScrollAreaNode.h"
 #include "view/values/FormMetrics.h"
 
 namespace tarnwell::view {
@@ -13,24 +10,17 @@ namespace {
 
 namespace metrics = form_metrics;
 
-class FormNode final : public MountedNode {
+class FormNode final : public ScrollAreaNode {
  public:
-  using MountedNode::MountedNode;
+  using ScrollAreaNode::ScrollAreaNode;
 
   std::string summary() const override { return "Form"; }
-  kit::Control* control() const override { return area_.get(); }
-  kit::Peer& peerForChildren() const override { return *area_->peer(); }
 
  protected:
   void apply() override {
-    if (!area_) {
-      area_ = std::make_unique<kit::ScrollArea>();
-      area_->attach(area_->makePeer(tree().host(), MountedNode::peerForChildren()));
-    }
+    area();
     updateChildren(valueAs<Form>().sections, environment());
   }
-
-  void willUnmount() override { area_->attach(nullptr); }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     const double width = proposal.width.value_or(0);
@@ -39,8 +29,8 @@ class FormNode final : public MountedNode {
   }
 
   void placeContent(const kit::Rect& frame) override {
-    area_->setFrame(kit::onWholePoints(frame));
-    area_->setContentHeight(contentHeight(frame.width));
+    area().setFrame(kit::onWholePoints(frame));
+    area().setContentHeight(contentHeight(frame.width));
     const double width = frame.width - 2 * metrics::padding;
     double y = metrics::padding;
     for (MountedNode* section : visibleSections()) {
@@ -69,8 +59,6 @@ class FormNode final : public MountedNode {
     }
     return height + metrics::sectionGap * static_cast<double>(std::max<std::size_t>(sections.size(), 1) - 1);
   }
-
-  std::unique_ptr<kit::ScrollArea> area_;
 };
 
 }  // namespace

@@ -3,9 +3,8 @@
 #include <algorithm>
 
 #include "kit/controls/Box.h"
-#include "kit/controls/ScrollArea.h"
+#include "view/controls/ScrollAreaNode.h"
 #include "view/tree/ControlNode.h"
-#include "view/tree/MountedTree.h"
 
 namespace tarnwell::view {
 namespace {
@@ -34,25 +33,17 @@ struct ScrolledContent {
   View content;
 };
 
-class ScrolledContentNode final : public MountedNode {
+class ScrolledContentNode final : public ScrollAreaNode {
  public:
-  using MountedNode::MountedNode;
+  using ScrollAreaNode::ScrollAreaNode;
 
   std::string summary() const override { return "Scrolled"; }
-  kit::Control* control() const override { return area_.get(); }
-  kit::Peer& peerForChildren() const override { return *area_->peer(); }
 
  protected:
   void apply() override {
-    if (!area_) {
-      area_ = std::make_unique<kit::ScrollArea>();
-      area_->attach(area_->makePeer(tree().host(), MountedNode::peerForChildren()));
-    }
-    area_->setAccessibleName(valueAs<ScrolledContent>().title);
+    area().setAccessibleName(valueAs<ScrolledContent>().title);
     updateChildren({valueAs<ScrolledContent>().content}, environment());
   }
-
-  void willUnmount() override { area_->attach(nullptr); }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
     kit::Measurement content = children().front()->measure({.width = proposal.width});
@@ -63,13 +54,10 @@ class ScrolledContentNode final : public MountedNode {
 
   void placeContent(const kit::Rect& frame) override {
     const kit::Size content = children().front()->measure({.width = frame.width}).size;
-    area_->setFrame(kit::onWholePoints(frame));
-    area_->setContentHeight(content.height);
+    area().setFrame(kit::onWholePoints(frame));
+    area().setContentHeight(content.height);
     children().front()->place({.width = frame.width, .height = content.height});
   }
-
- private:
-  std::unique_ptr<kit::ScrollArea> area_;
 };
 
 std::shared_ptr<MountedNode> makeNode(const ScrolledContent& /*scrolled*/, const Place& place) {
