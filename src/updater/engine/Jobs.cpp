@@ -101,10 +101,6 @@ system::Failure unstored(const system::Failure& failure) {
   return {"The update could not be stored: " + failure.message + ". See to that, and try again."};
 }
 
-system::Failure untrusted(const std::string& reason) {
-  return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
-}
-
 Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say) {
   const std::uint64_t length = numberOf(arguments[3]);
   const system::Descriptor file = duplicate(given.input);
@@ -112,7 +108,7 @@ Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say
   std::uint64_t said = 0;
   const auto take = [&](std::string_view bytes) -> Done {
     if (bytes.size() > length - received) {
-      return untrusted("it is longer than the feed says");
+      return thrownAway("it is longer than the feed says");
     }
     if (!file.writeAll(bytes)) {
       return unstored(system::systemFailure("cannot keep the download"));
@@ -126,7 +122,7 @@ Done fetchPackage(const Arguments& arguments, const Given& given, const Say& say
   };
   Done fetched = given.fetch(downloadOf(arguments, length, packageLimit), take);
   if (fetched && received != length) {
-    return untrusted("it is shorter than the feed says");
+    return thrownAway("it is shorter than the feed says");
   }
   return fetched;
 }

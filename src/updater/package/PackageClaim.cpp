@@ -12,10 +12,6 @@ namespace {
 
 system::Failure untrusted(const std::string& reason) { return {"The update cannot be trusted: " + reason + "."}; }
 
-system::Failure thrownAway(const std::string& reason) {
-  return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
-}
-
 system::Result<void> confirmOwnVersion(const PackageKind& kind, int descriptor, const std::string& offered) {
   const auto own = kind.ownVersion(descriptor);
   if (!own) {
@@ -28,6 +24,10 @@ system::Result<void> confirmOwnVersion(const PackageKind& kind, int descriptor, 
 }
 
 }  // namespace
+
+system::Failure thrownAway(const std::string& reason) {
+  return {"The downloaded update was thrown away, because it cannot be trusted: " + reason + "."};
+}
 
 system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item) {
   const auto signature = Signature::parse(item.enclosure.signature);

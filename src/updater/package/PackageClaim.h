@@ -33,6 +33,9 @@ struct PackageClaim {
   std::optional<Signature> releaseSignature = {};
 };
 
+/// Says, as a sentence for people, that a download is not used, and why.
+system::Failure thrownAway(const std::string& reason);
+
 /// What a release signature is made over: "tarnwell-release", the version, the length, and the SHA-256 of the file
 /// behind `descriptor` in hexadecimal, a line each.
 system::Result<std::string> releaseText(const std::string& version, int descriptor);
