@@ -3,31 +3,30 @@
 #include "release/text/WebAddress.h"
 #include "updatewindows/UpdateView.h"
 #include "view/controls/Link.h"
+#include "view/controls/RichText.h"
 #include "view/controls/ScrollView.h"
-#include "view/controls/Text.h"
-#include "view/layout/Stack.h"
 
 namespace tarnwell::updatewindows {
 namespace {
 
-using release::NotesParagraph;
 using view::View;
 
 constexpr double mostHeight = 190;
-constexpr double inset = 9;
-constexpr double betweenParagraphs = 6;
 
-std::string markOf(const NotesParagraph& paragraph) {
-  return paragraph.number > 0 ? std::to_string(paragraph.number) + ". " : "• ";
-}
-
-View paragraphView(const NotesParagraph& paragraph) {
-  using Style = NotesParagraph::Style;
-  std::string text = paragraph.style == Style::item ? markOf(paragraph) : "";
-  for (const release::NotesRun& run : paragraph.runs) {
-    text += run.text;
+kit::StyledText styled(const release::ReleaseNotes& notes) {
+  kit::StyledText text;
+  for (const auto& paragraph : notes) {
+    // Both name the same styles in the same order.
+    auto& styled = text.paragraphs.emplace_back(
+        kit::StyledText::Paragraph{.style = static_cast<kit::StyledText::Paragraph::Style>(paragraph.style),
+                                   .level = paragraph.level,
+                                   .number = paragraph.number});
+    for (const auto& run : paragraph.runs) {
+      styled.runs.push_back(
+          {.text = run.text, .isBold = run.isBold, .isItalic = run.isItalic, .isCode = run.isCode, .link = run.link});
+    }
   }
-  return View(view::Text{text}).font(paragraph.style == Style::heading ? kit::FontRole::headline : kit::FontRole::body);
+  return text;
 }
 
 }  // namespace
@@ -38,11 +37,9 @@ View notesOf(const release::FeedItem& item) {
                ? View(view::Link{.title = "Read what is new", .destination = item.releaseNotesLink})
                : View(view::EmptyView{});
   }
-  view::VStack paragraphs{.alignment = kit::TextAlignment::leading, .spacing = betweenParagraphs};
-  for (const NotesParagraph& paragraph : item.readNotes) {
-    paragraphs.children.push_back(paragraphView(paragraph));
-  }
-  return View(view::ScrollView{.title = "Release notes", .content = View(paragraphs).padding(inset)})
+  return View(view::ScrollView{
+                  .title = "Release notes",
+                  .content = View(view::RichText{.title = "Release notes", .text = styled(item.readNotes)})})
       .frame({.width = UpdateView::textWidth, .maxHeight = mostHeight});
 }
 

@@ -6,6 +6,7 @@
 #include "kit/controls/Pane.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/ProgressBar.h"
+#include "kit/controls/RichText.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -174,6 +175,34 @@ ControlFacts label() {
           .seen = {.role = Role::text, .name = "Delay"}};
 }
 
+ControlFacts richText() {
+  return {
+      .name = "richText",
+      .make =
+          [](const Hear& hear) {
+            auto text = std::make_unique<kit::RichText>();
+            using Style = kit::StyledText::Paragraph::Style;
+            text->setText(
+                {{{.style = Style::heading, .level = 2, .runs = {{.text = "What is new"}}},
+                  {.style = Style::item, .level = 1, .runs = {{.text = "Less "}, {.text = "memory", .isBold = true}}},
+                  {.runs = {{.text = "More in "},
+                            {.text = "the notes", .link = "https://updates.invalid/notes"},
+                            {.text = " and "},
+                            {.text = "elsewhere", .link = "https://updates.invalid/else"}}}}});
+            text->setLinkAction([hear](const std::string& link) { hear(link); });
+            text->setAccessibleName("Release notes");
+            return text;
+          },
+      .seen = {.role = Role::document,
+               .name = "Release notes",
+               .value = std::string("What is new\n• Less memory\nMore in the notes and elsewhere"),
+               .actions = {Action::choosePart}},
+      .parts = {{.name = "the notes"}, {.name = "elsewhere"}},
+      .deeds = {{.request = {.action = Action::choosePart, .part = 1},
+                 .heard = {"https://updates.invalid/else"},
+                 .value = std::string("What is new\n• Less memory\nMore in the notes and elsewhere")}}};
+}
+
 }  // namespace
 
 const std::vector<ControlFacts>& controlFacts() {
@@ -194,6 +223,7 @@ const std::vector<ControlFacts>& controlFacts() {
       {.name = "progressBarOfUnknownShare",
        .make = [](const Hear& /*hear*/) { return makeProgressBar(std::nullopt); },
        .seen = {.role = Role::progressBar}},
+      richText(),
       {.name = "namedSymbol",
        .make = [](const Hear& /*hear*/) { return makeSymbol("Timer"); },
        .seen = {.role = Role::image, .name = "Timer"}},

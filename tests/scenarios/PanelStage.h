@@ -41,6 +41,16 @@ class PanelStage {
     throw std::out_of_range("nothing is called " + name);
   }
 
+  /// The first of that role.
+  kit::Control& control(const kit::Window& window, kit::AccessibleRole role) {
+    for (kit::Control* control : window.controls()) {
+      if (driver_->look(*control).role == role) {
+        return *control;
+      }
+    }
+    throw std::out_of_range("nothing has that role");
+  }
+
   void press(const kit::Window& window, const std::string& name) {
     driver_->click(control(window, name));
     system_->settle();

@@ -40,6 +40,7 @@ kit::AccessibleRole roleOf(QAccessibleInterface& seen) {
   static const std::map<QAccessible::Role, kit::AccessibleRole> roles = {
       {QAccessible::Pane, kit::AccessibleRole::group},
       {QAccessible::StaticText, kit::AccessibleRole::text},
+      {QAccessible::Document, kit::AccessibleRole::document},
       {QAccessible::Graphic, kit::AccessibleRole::image},
       {QAccessible::Button, kit::AccessibleRole::button},
       {QAccessible::CheckBox, kit::AccessibleRole::toggle},
@@ -60,7 +61,7 @@ kit::AccessibleValue valueOf(QAccessibleInterface& seen) {
   if (QAccessibleValueInterface* value = seen.valueInterface()) {
     return value->currentValue().toDouble();
   }
-  const bool hasText = seen.state().editable || seen.state().hasPopup;
+  const bool hasText = seen.state().editable || seen.state().hasPopup || seen.role() == QAccessible::Document;
   return hasText ? kit::AccessibleValue(seen.text(QAccessible::Value).toStdString()) : kit::AccessibleValue();
 }
 
@@ -95,7 +96,8 @@ std::vector<kit::AccessibleAction> actionsOf(QAccessibleInterface& seen) {
   if ((range && range->step > 0) || seen.editableTextInterface() != nullptr) {
     actions.push_back(kit::AccessibleAction::setValue);
   }
-  if (seen.state().hasPopup || seen.role() == QAccessible::PageTabList) {
+  const bool hasLinks = seen.role() == QAccessible::Document && seen.childCount() > 0;
+  if (seen.state().hasPopup || seen.role() == QAccessible::PageTabList || hasLinks) {
     actions.push_back(kit::AccessibleAction::choosePart);
   }
   return actions;
@@ -113,7 +115,7 @@ class Parts {
       doAction(seen, kit::AccessibleAction::showMenu);
       list_ = seen.child(0);
       menu_ = list_ != nullptr ? qobject_cast<QWidget*>(list_->object()) : nullptr;
-    } else if (seen.role() == QAccessible::PageTabList) {
+    } else if (seen.role() == QAccessible::PageTabList || seen.role() == QAccessible::Document) {
       list_ = &seen;
     }
   }

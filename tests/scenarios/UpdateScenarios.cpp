@@ -23,6 +23,9 @@ class UpdateScenarios : public testing::Test {
   kit::Window& window() { return windows.panel().window(); }
   bool isOpen() { return stage.system().isOnScreen(window()); }
   std::vector<std::string> texts() { return stage.names(window(), AccessibleRole::text); }
+  /// What the notes say, and what their links are called.
+  std::string notes() { return std::get<std::string>(stage.driver().look(notesControl()).value); }
+  kit::Control& notesControl() { return stage.control(window(), AccessibleRole::document); }
   std::vector<std::string> buttons() { return stage.names(window(), AccessibleRole::button); }
   std::vector<std::string> progress() { return stage.names(window(), AccessibleRole::progressBar); }
   kit::Accessible look(const std::string& name) { return stage.driver().look(stage.control(window(), name)); }
@@ -48,7 +51,8 @@ class UpdateScenarios : public testing::Test {
 TEST_F(UpdateScenarios, anUpdateThatWasFoundSaysWhatItIs) {
   showFound();
   EXPECT_EQ(window().title(), "Software Update");
-  EXPECT_THAT(texts(), ElementsAre("Spring release", "Tarnwell 1.2 is available; you have 1.0.", "Notes"));
+  EXPECT_THAT(texts(), ElementsAre("Spring release", "Tarnwell 1.2 is available; you have 1.0."));
+  EXPECT_EQ(notes(), "Notes");
   EXPECT_THAT(buttons(), ElementsAre("Skip This Version", "Remind Me Later", "Install Update"));
   EXPECT_TRUE(look("Install Update").isDefault);
 }
@@ -120,6 +124,18 @@ TEST_F(UpdateScenarios, longNotesScrollInWhatTheWindowHasRoomFor) {
   showFound();
   EXPECT_LT(stage.system().sizeOf(window()).height, 400);
   EXPECT_THAT(stage.names(window(), AccessibleRole::group), ElementsAre("Release notes"));
+}
+
+TEST_F(UpdateScenarios, linksInNotesOpenInTheBrowser) {
+  item.readNotes = {{.style = release::NotesParagraph::Style::item,
+                     .level = 1,
+                     .runs = {{.text = "More in "}, {.text = "the notes", .link = "https://tarnwell.example/notes"}}}};
+  showFound();
+  EXPECT_EQ(notes(), "• More in the notes");
+  EXPECT_THAT(stage.driver().parts(notesControl()), ElementsAre(kit::AccessiblePart{.name = "the notes"}));
+  stage.driver().perform(notesControl(), {.action = kit::AccessibleAction::choosePart, .part = 0});
+  EXPECT_EQ(stage.system().openedAddress(), "https://tarnwell.example/notes");
+  EXPECT_TRUE(isOpen());
 }
 
 TEST_F(UpdateScenarios, withoutNotesTheirPageIsALink) {
@@ -228,8 +244,8 @@ TEST_F(UpdateScenarios, oneThingIsOnTheScreenAtATime) {
   windows.showChecking(answer);
   windows.showDownloading(item, answer);
   windows.showReady(item, UserDriver::Origin::user, choose);
-  EXPECT_THAT(texts(), ElementsAre("Tarnwell 1.2 is ready to install",
-                                   "It has been downloaded and verified; you have 1.0.", "Notes"));
+  EXPECT_THAT(texts(),
+              ElementsAre("Tarnwell 1.2 is ready to install", "It has been downloaded and verified; you have 1.0."));
   EXPECT_THAT(progress(), IsEmpty());
   EXPECT_EQ(answers, 0);
   windows.dismiss();

@@ -20,6 +20,8 @@ inline std::string kindOf(kit::AccessibleRole role) {
       return "Group";
     case kit::AccessibleRole::text:
       return "Text";
+    case kit::AccessibleRole::document:
+      return "RichText";
     case kit::AccessibleRole::button:
       return "Button";
     case kit::AccessibleRole::toggle:

@@ -11,6 +11,7 @@
 #include "kit/controls/Pane.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/ProgressBar.h"
+#include "kit/controls/RichText.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
@@ -84,6 +85,10 @@ std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Pee
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ProgressBar& bar, kit::Peer& /*parent*/) {
   return host_painted::paintedPeer<ControlPeer>(bar, *this, journal_, "progress bar");
+}
+
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::RichText& text, kit::Peer& /*parent*/) {
+  return host_painted::paintedPeer<ControlPeer>(text, *this, journal_, "rich text");
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ScrollArea& area, kit::Peer& /*parent*/) {

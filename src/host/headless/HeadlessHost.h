@@ -22,6 +22,7 @@ class HeadlessHost : public host_painted::PaintingHost {
   std::unique_ptr<kit::Peer> peer(kit::Pane& pane, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::PopUpButton& button, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::ProgressBar& bar, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::RichText& text, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::ScrollArea& area, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;
   std::unique_ptr<kit::Peer> peer(kit::Stepper& stepper, kit::Peer& parent) override;

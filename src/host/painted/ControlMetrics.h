@@ -31,6 +31,8 @@ inline constexpr kit::Size tab = {.width = 72, .height = 48};
 inline constexpr double tabTitleTop = 29;
 inline constexpr double tabTitleBelow = 4;
 inline constexpr double tabBarInset = 6;
+inline constexpr double richTextInset = 8;
+inline constexpr double richTextIdealWidth = 320;
 inline constexpr double popUpInset = 10;
 inline constexpr double popUpSymbolSide = 16;
 inline constexpr double popUpGap = 6;

@@ -7,6 +7,7 @@
 #include "kit/controls/Button.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/ProgressBar.h"
+#include "kit/controls/RichText.h"
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
@@ -79,6 +80,18 @@ kit::Measurement naturalSize(const kit::TabBar& bar, const TextMeasurer& text, k
 kit::Measurement naturalSize(const kit::TextField& /*field*/, const TextMeasurer& text, kit::Proposal proposal) {
   const double height = heightAround(text, metrics::fieldHeight, metrics::fieldPadding);
   return centredOnText({.width = proposal.width.value_or(metrics::fieldIdealWidth), .height = height}, text);
+}
+
+kit::Measurement naturalSize(const kit::RichText& text, const TextMeasurer& measurer, kit::Proposal proposal) {
+  const double width = proposal.width.value_or(metrics::richTextIdealWidth);
+  double height = 2 * metrics::richTextInset;
+  for (const auto& paragraph : text.text().paragraphs) {
+    height +=
+        measurer
+            .measureText(kit::RichText::plainText(paragraph), kit::FontRole::body, width - 2 * metrics::richTextInset)
+            .size.height;
+  }
+  return {.size = {.width = width, .height = height}, .firstBaseline = metrics::richTextInset};
 }
 
 kit::Measurement naturalSize(const kit::TextLabel& label, const TextMeasurer& text, kit::Proposal proposal) {

@@ -11,6 +11,7 @@ class Stepper;
 class SymbolView;
 class TabBar;
 class TextField;
+class RichText;
 class TextLabel;
 class Toggle;
 }  // namespace tarnwell::kit
@@ -28,6 +29,7 @@ kit::Measurement naturalSize(const kit::Stepper& stepper, const TextMeasurer& te
 kit::Measurement naturalSize(const kit::SymbolView& symbol, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::TabBar& bar, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::TextField& field, const TextMeasurer& text, kit::Proposal proposal);
+kit::Measurement naturalSize(const kit::RichText& text, const TextMeasurer& measurer, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::TextLabel& label, const TextMeasurer& text, kit::Proposal proposal);
 kit::Measurement naturalSize(const kit::Toggle& toggle, const TextMeasurer& text, kit::Proposal proposal);
 

@@ -8,6 +8,7 @@
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/controls/PopUpButtonPeer.h"
+#include "host/qt/controls/RichTextPeer.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
 #include "host/qt/controls/TextFieldPeer.h"
 #include "host/qt/controls/TextLabelPeer.h"
@@ -56,6 +57,10 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& par
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::ProgressBar& bar, kit::Peer& parent) {
   return host_painted::paintedPeer<WidgetPeer>(bar, *this, makeWidget(bar, theme_, Container::contentOf(parent)));
+}
+
+std::unique_ptr<kit::Peer> QtHost::peer(kit::RichText& text, kit::Peer& parent) {
+  return std::make_unique<RichTextPeer>(text, theme_, Container::contentOf(parent));
 }
 
 std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent) {

@@ -12,6 +12,7 @@ enum class AccessibleRole {
   decoration,  ///< Means nothing to them; a host leaves it out.
   group,       ///< Others stand in it, and come and go with it.
   text,
+  document,  ///< Longer, to be read in; its parts are links.
   image,
   button,
   toggle,
@@ -47,7 +48,7 @@ struct AccessibleRequest {
 /// Where a request to increment, decrement or set leads from `value`.
 double valueAfter(const AccessibleRequest& request, double value, double step);
 
-/// What stands in a control and is none itself: a tab, or a row of a menu.
+/// What stands in a control and is none itself: a tab, a row of a menu, a link.
 struct AccessiblePart {
   std::string name = {};
   bool selected = false;

@@ -12,6 +12,7 @@ class Button;
 class Pane;
 class PopUpButton;
 class ProgressBar;
+class RichText;
 class ScrollArea;
 class Slider;
 class Stepper;
@@ -36,6 +37,7 @@ class Host {
   virtual std::unique_ptr<Peer> peer(Pane& pane, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(PopUpButton& button, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(ProgressBar& bar, Peer& parent) = 0;
+  virtual std::unique_ptr<Peer> peer(RichText& text, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(ScrollArea& area, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Slider& slider, Peer& parent) = 0;
   virtual std::unique_ptr<Peer> peer(Stepper& stepper, Peer& parent) = 0;

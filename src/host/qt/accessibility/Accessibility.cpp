@@ -9,6 +9,7 @@
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/window/WindowWidget.h"
+#include "kit/controls/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -104,9 +105,57 @@ class AccessibleTextField final : public AccessibleControl,
   QLineEdit* edit() const { return static_cast<QLineEdit*>(widget()); }
 };
 
+/// A text to read in. Where its letters stand is not told; its links say where they are.
+class AccessibleDocument final : public AccessibleControl, public QAccessibleTextInterface {
+ public:
+  using AccessibleControl::AccessibleControl;
+  using AccessibleControl::text;
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                              : AccessibleControl::interface_cast(type);
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = AccessibleControl::state();
+    state.readOnly = true;
+    state.multiLine = true;
+    return state;
+  }
+
+  QString text(int start, int end) const override { return content().mid(start, end - start); }
+  int characterCount() const override { return static_cast<int>(content().size()); }
+  int cursorPosition() const override { return cursor_; }
+  void setCursorPosition(int position) override { cursor_ = position; }
+  QRect characterRect(int /*offset*/) const override { return rect(); }
+  int offsetAtPoint(const QPoint& /*point*/) const override { return -1; }
+  void scrollToSubstring(int /*start*/, int /*end*/) override {}
+  QString attributes(int /*offset*/, int* start, int* end) const override {
+    *start = 0;
+    *end = characterCount();
+    return {};
+  }
+
+  // Nothing in it can be selected.
+  void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
+  int selectionCount() const override { return 0; }
+  void addSelection(int /*start*/, int /*end*/) override {}
+  void removeSelection(int /*index*/) override {}
+  void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+
+ private:
+  QString content() const { return AccessibleControl::text(QAccessible::Value); }
+
+  int cursor_ = 0;  // A screen reader's own.
+};
+
 QAccessibleInterface* accessibleFor(QWidget* widget, ControlLink& link) {
   auto* edit = qobject_cast<QLineEdit*>(widget);
-  return edit != nullptr ? new AccessibleTextField(edit, link) : new AccessibleControl(widget, link);
+  if (edit != nullptr) {
+    return new AccessibleTextField(edit, link);
+  }
+  const bool isDocument = link.control()->accessible().role == kit::AccessibleRole::document;
+  return isDocument ? new AccessibleDocument(widget, link) : new AccessibleControl(widget, link);
 }
 
 QAccessibleInterface* accessible(const QString& className, QObject* object) {

@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/painted/TabGeometry.h"
 #include "host/qt/controls/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/controls/Control.h"
-#include "kit/controls/TabBar.h"
 #include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
@@ -21,6 +19,8 @@ QAccessible::Role roleFor(kit::AccessibleRole role) {
       return QAccessible::Pane;
     case kit::AccessibleRole::text:
       return QAccessible::StaticText;
+    case kit::AccessibleRole::document:
+      return QAccessible::Document;
     // A symbol without a name is decoration until it gets one.
     case kit::AccessibleRole::decoration:
     case kit::AccessibleRole::image:
@@ -43,6 +43,17 @@ QAccessible::Role roleFor(kit::AccessibleRole role) {
       return QAccessible::PageTabList;
   }
   return QAccessible::NoRole;
+}
+
+std::optional<QAccessible::Role> roleOfParts(QAccessible::Role role) {
+  switch (role) {
+    case QAccessible::PageTabList:
+      return QAccessible::PageTab;
+    case QAccessible::Document:
+      return QAccessible::Link;
+    default:
+      return std::nullopt;
+  }
 }
 
 // Empty for what other interfaces do.
@@ -81,14 +92,15 @@ QString sentences(const QString& first, const QString& second) {
   return first + (first.isEmpty() || second.isEmpty() ? "" : ". ") + second;
 }
 
-/// One tab of a tab bar, as a screen reader is told of it.
-class AccessibleTab final : public QAccessibleInterface, public QAccessibleActionInterface {
+/// One tab of a tab bar, or one link in a text, as a screen reader is told of it.
+class AccessiblePartOfControl final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  AccessibleTab(QWidget* bar, int index) : bar_(bar), index_(index) {}
+  AccessiblePartOfControl(QWidget* widget, QAccessible::Role role, int index)
+      : widget_(widget), role_(role), index_(index) {}
 
   bool isValid() const override { return part().has_value(); }
   QObject* object() const override { return nullptr; }
-  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(bar_); }
+  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(widget_); }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
   QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
   int childCount() const override { return 0; }
@@ -104,21 +116,22 @@ class AccessibleTab final : public QAccessibleInterface, public QAccessibleActio
     if (!isValid()) {
       return {};
     }
-    const QRect inBar = toQRect(host_painted::rectOfTab(static_cast<const kit::TabBar&>(*bar()), index_));
-    return {bar_->mapToGlobal(inBar.topLeft()), inBar.size()};
+    const QRect inWidget = ControlLink::of(widget_)->partRect(index_).toAlignedRect();
+    return {widget_->mapToGlobal(inWidget.topLeft()), inWidget.size()};
   }
 
-  QAccessible::Role role() const override { return QAccessible::PageTab; }
+  QAccessible::Role role() const override { return role_; }
 
   QAccessible::State state() const override {
     QAccessible::State state;
     const auto shown = part();
-    state.selectable = true;
+    state.selectable = role_ == QAccessible::PageTab;
+    state.linked = role_ == QAccessible::Link;
     state.invalid = !shown;
     state.selected = shown && shown->selected;
     state.focusable = true;
-    state.focused = state.selected && bar_->hasFocus();
-    state.disabled = shown && !bar()->isEnabled();
+    state.focused = state.selected && widget_->hasFocus();
+    state.disabled = shown && !control()->isEnabled();
     return state;
   }
 
@@ -130,27 +143,28 @@ class AccessibleTab final : public QAccessibleInterface, public QAccessibleActio
 
   void doAction(const QString& name) override {
     if (isValid() && name == pressAction()) {
-      bar()->perform({.action = kit::AccessibleAction::choosePart, .part = index_});
+      control()->perform({.action = kit::AccessibleAction::choosePart, .part = index_});
     }
   }
 
   QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
  private:
-  /// Null once the bar is gone.
-  kit::Control* bar() const {
-    const ControlLink* link = ControlLink::of(bar_);
+  /// Null once it is gone.
+  kit::Control* control() const {
+    const ControlLink* link = ControlLink::of(widget_);
     return link != nullptr ? link->control() : nullptr;
   }
 
-  /// None once the bar, or the tab in it, is gone.
+  /// None once the control, or the part of it, is gone.
   std::optional<kit::AccessiblePart> part() const {
-    const auto parts = bar() != nullptr ? bar()->accessibleParts() : std::vector<kit::AccessiblePart>();
+    const auto parts = control() != nullptr ? control()->accessibleParts() : std::vector<kit::AccessiblePart>();
     const auto index = static_cast<std::size_t>(index_);
     return index < parts.size() ? std::optional(parts[index]) : std::nullopt;
   }
 
-  QPointer<QWidget> bar_;
+  QPointer<QWidget> widget_;
+  QAccessible::Role role_;
   int index_;
 };
 
@@ -160,8 +174,8 @@ AccessibleControl::AccessibleControl(QWidget* widget, ControlLink& link)
     : AccessibleWidget(widget, roleFor(link.control()->accessible().role)), link_(link) {}
 
 AccessibleControl::~AccessibleControl() {
-  for (const QAccessible::Id tab : tabs_) {
-    QAccessible::deleteAccessibleInterface(tab);
+  for (const QAccessible::Id part : parts_) {
+    QAccessible::deleteAccessibleInterface(part);
   }
 }
 
@@ -217,7 +231,7 @@ QVector<AccessibleControl::Relation> AccessibleControl::relations(QAccessible::R
 }
 
 QAccessibleInterface* AccessibleControl::focusChild() const {
-  const auto all = tabs();
+  const auto all = parts();
   const auto chosen = std::ranges::find_if(all, [](auto* tab) { return tab->state().focused; });
   return chosen != all.end() ? *chosen : AccessibleWidget::focusChild();
 }
@@ -260,7 +274,7 @@ void AccessibleControl::setCurrentValue(const QVariant& value) {
 
 QList<QAccessibleInterface*> AccessibleControl::children() const {
   if (!opensMenu(told())) {
-    return tabs() + AccessibleWidget::children();
+    return parts() + AccessibleWidget::children();
   }
   // The toolkit counts no menu among the children of a widget.
   auto* menu = widget()->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
@@ -278,19 +292,20 @@ void AccessibleControl::perform(const kit::AccessibleRequest& request) {
   }
 }
 
-QList<QAccessibleInterface*> AccessibleControl::tabs() const {
+QList<QAccessibleInterface*> AccessibleControl::parts() const {
   QList<QAccessibleInterface*> found;
-  if (role() != QAccessible::PageTabList || link_.control() == nullptr) {
+  const auto partRole = roleOfParts(role());
+  if (!partRole || link_.control() == nullptr) {
     return found;
   }
   const auto count = link_.control()->accessibleParts().size();
-  while (tabs_.size() < count) {
-    auto* tab = new AccessibleTab(widget(), static_cast<int>(tabs_.size()));
+  while (parts_.size() < count) {
+    auto* part = new AccessiblePartOfControl(widget(), *partRole, static_cast<int>(parts_.size()));
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): what is registered belongs to the registry.
-    tabs_.push_back(QAccessible::registerAccessibleInterface(tab));
+    parts_.push_back(QAccessible::registerAccessibleInterface(part));
   }
   for (std::size_t i = 0; i < count; ++i) {
-    found += QAccessible::accessibleInterface(tabs_.at(i));
+    found += QAccessible::accessibleInterface(parts_.at(i));
   }
   return found;
 }

@@ -38,7 +38,7 @@ class AccessibleControl : public AccessibleWidget, public QAccessibleValueInterf
   QVariant minimumStepSize() const override { return range().step; }
 
  protected:
-  /// The tabs of a tab bar; the menu of a pop-up button while it is open.
+  /// Tabs and links; the menu of a pop-up button while it is open.
   QList<QAccessibleInterface*> children() const override;
 
  private:
@@ -46,11 +46,11 @@ class AccessibleControl : public AccessibleWidget, public QAccessibleValueInterf
   kit::Accessible told() const;
   kit::AccessibleRange range() const { return told().range.value_or(kit::AccessibleRange()); }
   void perform(const kit::AccessibleRequest& request);
-  QList<QAccessibleInterface*> tabs() const;
+  QList<QAccessibleInterface*> parts() const;
 
   ControlLink& link_;
-  // The tabs are no widgets, so their interfaces belong to the bar's. Made when they are first asked for.
-  mutable std::vector<QAccessible::Id> tabs_;
+  // They are no widgets, so their interfaces belong to the control's. Made when they are first asked for.
+  mutable std::vector<QAccessible::Id> parts_;
 };
 
 }  // namespace tarnwell::host_qt

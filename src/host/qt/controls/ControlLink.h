@@ -31,6 +31,9 @@ class ControlLink {
   /// Whether the ring is shown while the widget has the focus.
   virtual bool showsFocus() const = 0;
 
+  /// Where a part of the control stands, in the widget's coordinates; empty for none.
+  virtual QRectF partRect(int /*index*/) const { return {}; }
+
   /// The fonts of the theme are new.
   virtual void fontsChanged() = 0;
 

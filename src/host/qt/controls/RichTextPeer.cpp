@@ -1,0 +1,255 @@
+#include "host/qt/controls/RichTextPeer.h"
+
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextList>
+#include <cmath>
+#include <vector>
+
+#include "host/painted/ControlMetrics.h"
+#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/look/Conversions.h"
+#include "host/qt/look/Theme.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+using Paragraph = kit::StyledText::Paragraph;
+using Style = Paragraph::Style;
+
+constexpr double paragraphGap = 6;
+constexpr double listIndent = 18;
+constexpr double quoteIndent = 14;
+constexpr double ringReach = 2;
+
+/// Where a link stands in the text.
+struct Link {
+  int start = 0;
+  int end = 0;
+};
+
+/// Writes paragraphs into a document of the toolkit's, which lays them out.
+class Composer {
+ public:
+  Composer(QTextDocument& document, const Theme& theme) : theme_(theme), cursor_(&document) {}
+
+  void write(const Paragraph& paragraph, bool isFirst) {
+    QTextBlockFormat block;
+    block.setTopMargin(isFirst || isItem(paragraph) ? 0 : paragraphGap);
+    block.setLeftMargin(paragraph.style == Style::quote ? quoteIndent : 0);
+    if (isFirst) {
+      cursor_.setBlockFormat(block);
+    } else {
+      cursor_.insertBlock(block);
+    }
+    place(paragraph);
+    for (const auto& run : paragraph.runs) {
+      write(run, paragraph.style);
+    }
+  }
+
+  std::vector<Link> links() const { return links_; }
+
+ private:
+  static bool isItem(const Paragraph& paragraph) { return paragraph.style == Style::item; }
+
+  void place(const Paragraph& paragraph) {
+    if (!isItem(paragraph)) {
+      // A body below an item stands as far in as the item does.
+      QTextBlockFormat block = cursor_.blockFormat();
+      block.setLeftMargin(block.leftMargin() + (paragraph.style == Style::heading ? 0 : listIndent * paragraph.level));
+      cursor_.setBlockFormat(block);
+      return;
+    }
+    QTextListFormat list;
+    list.setIndent(static_cast<int>(paragraph.level));
+    list.setStyle(paragraph.number == 0 ? QTextListFormat::ListDisc : QTextListFormat::ListDecimal);
+    QTextList* above = cursor_.block().previous().textList();
+    if (above != nullptr && above->format() == list && paragraph.number != 1) {
+      above->add(cursor_.block());
+    } else {
+      cursor_.createList(list);
+    }
+  }
+
+  void write(const kit::StyledText::Run& run, Style style) {
+    QTextCharFormat format;
+    QFont font = theme_.font(kit::FontRole::body);
+    font.setBold(run.isBold || style == Style::heading);
+    font.setItalic(run.isItalic);
+    if (run.isCode || style == Style::code) {
+      font.setFamilies({QStringLiteral("monospace")});
+      font.setFixedPitch(true);
+    }
+    format.setFont(font);
+    format.setForeground(theme_.textColor(style == Style::quote ? kit::ColorRole::secondary : kit::ColorRole::primary));
+    const int start = cursor_.position();
+    if (!run.link.empty()) {
+      format.setForeground(theme_.palette().accentOnWindow);
+      format.setFontUnderline(true);
+    }
+    cursor_.insertText(toQString(run.text).replace('\n', QChar::LineSeparator), format);
+    if (!run.link.empty()) {
+      links_.push_back({start, cursor_.position()});
+    }
+  }
+
+  const Theme& theme_;
+  QTextCursor cursor_;
+  std::vector<Link> links_;
+};
+
+std::vector<Link> compose(QTextDocument& document, const kit::RichText& text, const Theme& theme, double width) {
+  document.clear();
+  document.setDocumentMargin(host_painted::metrics::richTextInset);
+  document.setIndentWidth(listIndent);
+  document.setDefaultFont(theme.font(kit::FontRole::body));
+  document.setTextWidth(width);
+  Composer composer(document, theme);
+  bool isFirst = true;
+  for (const Paragraph& paragraph : text.text().paragraphs) {
+    composer.write(paragraph, isFirst);
+    isFirst = false;
+  }
+  return composer.links();
+}
+
+class RichTextWidget final : public ControlWidget {
+ public:
+  RichTextWidget(kit::RichText& text, const Theme& theme, QWidget* parent)
+      : ControlWidget(text, theme, parent), text_(text) {
+    document_.setUndoRedoEnabled(false);
+    setMouseTracking(true);
+  }
+
+  kit::Size sizeIn(double width) const {
+    QTextDocument copy;
+    compose(copy, text_, theme(), width);
+    return {.width = width, .height = std::ceil(copy.size().height())};
+  }
+
+  void layOutAnew() {
+    links_ = compose(document_, text_, theme(), width());
+    current_ = std::min(current_, std::max(0, static_cast<int>(links_.size()) - 1));
+    setFocusPolicy(links_.empty() ? Qt::NoFocus : Qt::StrongFocus);
+    update();
+  }
+
+  void fontsChanged() override { layOutAnew(); }
+  QRectF focusShape() const override {
+    return links_.empty() ? bounds() : partRect(current_).adjusted(-ringReach, 0, ringReach, 0);
+  }
+  double cornerRadius() const override { return 3; }
+
+  /// The first line of a link that is broken.
+  QRectF partRect(int index) const override {
+    if (index < 0 || index >= static_cast<int>(links_.size())) {
+      return {};
+    }
+    const Link& link = links_[static_cast<std::size_t>(index)];
+    const QTextBlock block = document_.findBlock(link.start);
+    const QTextLine line = block.layout()->lineForTextPosition(link.start - block.position());
+    if (!line.isValid()) {
+      return {};
+    }
+    const double left = line.cursorToX(link.start - block.position());
+    const double right = line.cursorToX(std::min(link.end - block.position(), line.textStart() + line.textLength()));
+    const QPointF corner = document_.documentLayout()->blockBoundingRect(block).topLeft();
+    return QRectF(left, line.y(), right - left, line.height()).translated(corner);
+  }
+
+ protected:
+  void draw(QPainter& painter) override { document_.drawContents(&painter, bounds()); }
+
+  void resizeEvent(QResizeEvent* /*event*/) override { layOutAnew(); }
+
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::PaletteChange) {
+      layOutAnew();
+    }
+    ControlWidget::changeEvent(event);
+  }
+
+  void mouseMoveEvent(QMouseEvent* event) override {
+    setCursor(linkAt(event->position()) >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    pressed_ = event->button() == Qt::LeftButton ? linkAt(event->position()) : -1;
+    current_ = std::max(pressed_, 0);
+  }
+
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton && pressed_ >= 0 && linkAt(event->position()) == pressed_) {
+      text_.follow(pressed_);
+    }
+    pressed_ = -1;
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      text_.follow(current_);
+    } else {
+      event->ignore();
+    }
+  }
+
+  void focusInEvent(QFocusEvent* event) override {
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+      current_ = event->reason() == Qt::TabFocusReason ? 0 : static_cast<int>(links_.size()) - 1;
+    }
+    ControlWidget::focusInEvent(event);
+  }
+
+  // From link to link, and then on.
+  bool focusNextPrevChild(bool next) override {
+    const int wanted = current_ + (next ? 1 : -1);
+    if (wanted < 0 || wanted >= static_cast<int>(links_.size())) {
+      return ControlWidget::focusNextPrevChild(next);
+    }
+    current_ = wanted;
+    stateChanged();
+    return true;
+  }
+
+ private:
+  int linkAt(const QPointF& position) const {
+    const int place = document_.documentLayout()->hitTest(position, Qt::ExactHit);
+    for (std::size_t index = 0; place >= 0 && index < links_.size(); ++index) {
+      if (place >= links_[index].start && place < links_[index].end) {
+        return static_cast<int>(index);
+      }
+    }
+    return -1;
+  }
+
+  kit::RichText& text_;
+  QTextDocument document_;
+  std::vector<Link> links_;
+  int current_ = 0;
+  int pressed_ = -1;
+};
+
+}  // namespace
+
+RichTextPeer::RichTextPeer(kit::RichText& text, const Theme& theme, QWidget* parent)
+    : WidgetPeer(text, new RichTextWidget(text, theme, parent)) {}
+
+std::optional<kit::Measurement> RichTextPeer::measure(kit::Proposal proposal) const {
+  namespace metrics = host_painted::metrics;
+  const double width = proposal.width.value_or(metrics::richTextIdealWidth);
+  if (widget() == nullptr) {
+    return std::nullopt;
+  }
+  return kit::Measurement{.size = static_cast<RichTextWidget*>(widget())->sizeIn(width),
+                          .firstBaseline = metrics::richTextInset};
+}
+
+void RichTextPeer::showState(kit::Aspect /*aspect*/) { static_cast<RichTextWidget*>(widget())->layOutAnew(); }
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/qt/controls/WidgetPeer.h"
+#include "kit/controls/RichText.h"
+
+namespace tarnwell::host_qt {
+
+class Theme;
+
+class RichTextPeer final : public WidgetPeer {
+ public:
+  RichTextPeer(kit::RichText& text, const Theme& theme, QWidget* parent);
+
+  /// As high as its width makes it, or as there is room.
+  std::optional<kit::Measurement> measure(kit::Proposal proposal) const override;
+
+ protected:
+  void showState(kit::Aspect aspect) override;
+};
+
+}  // namespace tarnwell::host_qt

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+
+#include "kit/controls/Control.h"
+
+namespace tarnwell::kit {
+
+/// Paragraphs of text in which words stand out. Nothing in it names anything that would be loaded.
+struct StyledText {
+  struct Run {
+    std::string text = {};  ///< Line ends stand for themselves.
+    bool isBold = false;
+    bool isItalic = false;
+    bool isCode = false;
+    std::string link = {};  ///< Where it leads; empty as a rule.
+    friend bool operator==(const Run&, const Run&) = default;
+  };
+  struct Paragraph {
+    enum class Style { body, heading, item, quote, code };
+
+    Style style = Style::body;
+    unsigned level = 0;   ///< Of a heading, from 1 to 6; of an item the lists that it stands in.
+    unsigned number = 0;  ///< Of an item in a numbered list; 0 in one with bullets.
+    std::vector<Run> runs = {};
+    friend bool operator==(const Paragraph&, const Paragraph&) = default;
+  };
+
+  std::vector<Paragraph> paragraphs = {};
+  friend bool operator==(const StyledText&, const StyledText&) = default;
+};
+
+/// A text to read, as high as its width makes it. Links are its parts: choosing one follows it.
+class RichText final : public Control {
+ public:
+  const StyledText& text() const { return text_; }
+  void setText(StyledText text);
+
+  /// Told where the user wants to go.
+  void setLinkAction(std::function<void(const std::string& link)> follow) { follow_ = std::move(follow); }
+
+  /// What stands in a paragraph, without its styles; in front of an item its mark.
+  static std::string plainText(const StyledText::Paragraph& paragraph);
+  /// A paragraph a line.
+  std::string plainText() const;
+
+  /// The user's doing: the link of that number, counted from 0. Nothing where there is none.
+  void follow(int link);
+
+  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  std::vector<AccessiblePart> accessibleParts() const override;
+  bool takesFocus() const override { return !links().empty(); }
+
+ protected:
+  Accessible ownAccessible() const override;
+  void act(const AccessibleRequest& request) override { follow(request.part); }
+  std::vector<Aspect> aspects() const override { return {Aspect::title}; }
+
+ private:
+  std::vector<const StyledText::Run*> links() const;
+
+  StyledText text_;
+  std::function<void(const std::string&)> follow_;
+};
+
+}  // namespace tarnwell::kit

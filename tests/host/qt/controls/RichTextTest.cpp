@@ -1,0 +1,92 @@
+#include "kit/controls/RichText.h"
+
+#include <gtest/gtest.h>
+
+#include <QtGui/QAccessible>
+#include <string>
+#include <vector>
+
+#include "host/qt/Stage.h"
+#include "host/qt/WidgetDriver.h"
+#include "host/qt/controls/ControlLink.h"
+#include "host/qt/controls/Controls.h"
+
+namespace tarnwell::host_qt {
+namespace {
+
+constexpr kit::Rect place = {.x = 20, .y = 20, .width = 300, .height = 120};
+
+class RichTextTest : public testing::Test {
+ protected:
+  kit::RichText& add() {
+    auto made = std::make_unique<kit::RichText>();
+    made->setText({{{.style = kit::StyledText::Paragraph::Style::heading, .level = 1, .runs = {{.text = "New"}}},
+                    {.runs = {{.text = "See "},
+                              {.text = "one", .link = "https://updates.invalid/1"},
+                              {.text = " and "},
+                              {.text = "two", .link = "https://updates.invalid/2"}}}}});
+    made->setLinkAction([this](const std::string& link) { followed.push_back(link); });
+    auto& text = stage.add(std::move(made), place);
+    stage.add(makeButton("after"), {.x = 20, .y = 160, .width = 80, .height = 24});
+    stage.show();
+    return text;
+  }
+
+  static kit::Point middleOf(const kit::RichText& text, int link) {
+    const QPointF centre = ControlLink::of(&driver::widget(text))->partRect(link).center();
+    return {.x = centre.x(), .y = centre.y()};
+  }
+
+  Stage stage;
+  std::vector<std::string> followed;
+};
+
+TEST_F(RichTextTest, clickOnALinkFollowsItAndBesideItDoesNothing) {
+  auto& text = add();
+  driver::clickAt(text, {.x = 12, .y = 12});
+  EXPECT_TRUE(followed.empty());
+  driver::clickAt(text, middleOf(text, 1));
+  driver::clickAt(text, middleOf(text, 0));
+  EXPECT_EQ(followed, (std::vector<std::string>{"https://updates.invalid/2", "https://updates.invalid/1"}));
+}
+
+TEST_F(RichTextTest, aPressThatIsLetGoElsewhereFollowsNothing) {
+  auto& text = add();
+  driver::press(text, middleOf(text, 0));
+  driver::release(text, middleOf(text, 1));
+  EXPECT_TRUE(followed.empty());
+}
+
+TEST_F(RichTextTest, tabGoesFromLinkToLinkAndReturnFollowsIt) {
+  auto& text = add();
+  driver::keyAt(text, Qt::Key_Return);
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_TRUE(driver::widget(text).hasFocus());
+  driver::key(stage.window(), Qt::Key_Space);
+  EXPECT_EQ(followed, (std::vector<std::string>{"https://updates.invalid/1", "https://updates.invalid/2"}));
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_FALSE(driver::widget(text).hasFocus());
+}
+
+TEST_F(RichTextTest, isAsHighAsItsWidthMakesIt) {
+  auto& text = add();
+  const double wide = text.measure({.width = 300}).size.height;
+  EXPECT_GT(text.measure({.width = 60}).size.height, wide);
+  text.setText({});
+  EXPECT_LT(text.measure({.width = 300}).size.height, wide);
+}
+
+TEST_F(RichTextTest, tellsItsLinksWhereTheyStand) {
+  auto& text = add();
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&driver::widget(text));
+  ASSERT_EQ(told->childCount(), 2);
+  EXPECT_EQ(told->child(1)->role(), QAccessible::Link);
+  EXPECT_EQ(told->child(1)->text(QAccessible::Name), "two");
+  EXPECT_GT(told->child(1)->rect().left(), told->child(0)->rect().right());
+  auto* content = told->textInterface();
+  ASSERT_NE(content, nullptr);
+  EXPECT_EQ(content->text(0, content->characterCount()), "New\nSee one and two");
+}
+
+}  // namespace
+}  // namespace tarnwell::host_qt
