@@ -62,6 +62,11 @@ constexpr std::array socketCalls = {SCMP_SYS(socket), SCMP_SYS(socketpair), SCMP
 /// Netlink tells the resolver which addresses this machine has.
 constexpr std::array internetFamilies = {AF_INET, AF_INET6, AF_NETLINK};
 
+/// The library's own macros for this are C.
+scmp_arg_cmp argument(unsigned index, scmp_compare comparison, scmp_datum_t first, scmp_datum_t second = 0) {
+  return {.arg = index, .op = comparison, .datum_a = first, .datum_b = second};
+}
+
 class Filter {
  public:
   Filter() : context_(::seccomp_init(SCMP_ACT_ALLOW), &::seccomp_release), isGood_(context_ != nullptr) {}
@@ -99,19 +104,19 @@ void refuseUnseen(Filter& filter) {
 }
 
 void refuseReachingOthers(Filter& filter) {
-  filter.refuse(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_NE, static_cast<scmp_datum_t>(::getpid())));
-  filter.refuse(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_NE, 0));
+  filter.refuse(SCMP_SYS(tgkill), argument(0, SCMP_CMP_NE, static_cast<scmp_datum_t>(::getpid())));
+  filter.refuse(SCMP_SYS(prlimit64), argument(0, SCMP_CMP_NE, 0));
   for (const int control : signallingControls) {
-    filter.refuse(SCMP_SYS(fcntl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(control)));
+    filter.refuse(SCMP_SYS(fcntl), argument(1, SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(control)));
   }
   for (const int request : signallingRequests) {
-    filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(request)));
+    filter.refuse(SCMP_SYS(ioctl), argument(1, SCMP_CMP_MASKED_EQ, whole, static_cast<scmp_datum_t>(request)));
   }
   // What is typed into the terminal of the program that started this.
-  filter.refuse(SCMP_SYS(ioctl), SCMP_A1(SCMP_CMP_MASKED_EQ, whole, TIOCSTI));
+  filter.refuse(SCMP_SYS(ioctl), argument(1, SCMP_CMP_MASKED_EQ, whole, TIOCSTI));
   for (const int flag : namespaceFlags) {
     filter.refuse(SCMP_SYS(clone),
-                  SCMP_A0(SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(flag), static_cast<scmp_datum_t>(flag)));
+                  argument(0, SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(flag), static_cast<scmp_datum_t>(flag)));
   }
 }
 
@@ -119,10 +124,10 @@ void refuseReachingOthers(Filter& filter) {
 // access mode that is for neither.
 void refuseEmptying(Filter& filter) {
   constexpr scmp_datum_t noMode = O_ACCMODE;
-  filter.refuse(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
-  filter.refuse(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
-  filter.refuse(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
-  filter.refuse(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
+  filter.refuse(SCMP_SYS(open), argument(1, SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
+  filter.refuse(SCMP_SYS(openat), argument(2, SCMP_CMP_MASKED_EQ, O_ACCMODE, noMode));
+  filter.refuse(SCMP_SYS(open), argument(1, SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
+  filter.refuse(SCMP_SYS(openat), argument(2, SCMP_CMP_MASKED_EQ, O_ACCMODE | O_TRUNC, O_TRUNC));
 }
 
 // Threads stay possible: a name is looked up by one.
@@ -130,22 +135,22 @@ void refuseStarting(Filter& filter) {
   for (const int call : startingCalls) {
     filter.refuse(call);
   }
-  filter.refuse(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0));
+  filter.refuse(SCMP_SYS(clone), argument(0, SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0));
 }
 
 void refuseOtherSockets(Filter& filter) {
   for (int family = 0; family < AF_MAX; ++family) {
     if (std::find(internetFamilies.begin(), internetFamilies.end(), family) == internetFamilies.end()) {
-      filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(family)));
+      filter.refuse(SCMP_SYS(socket), argument(0, SCMP_CMP_EQ, static_cast<scmp_datum_t>(family)));
     }
   }
-  filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_GE, AF_MAX));
-  filter.refuse(SCMP_SYS(socket), SCMP_A0(SCMP_CMP_EQ, AF_NETLINK), SCMP_A2(SCMP_CMP_NE, NETLINK_ROUTE));
+  filter.refuse(SCMP_SYS(socket), argument(0, SCMP_CMP_GE, AF_MAX));
+  filter.refuse(SCMP_SYS(socket), argument(0, SCMP_CMP_EQ, AF_NETLINK), argument(2, SCMP_CMP_NE, NETLINK_ROUTE));
   // Of a pair that is no stream, either end could send to any socket of this machine's.
   constexpr scmp_datum_t types = 0xf;
   for (scmp_datum_t type = 0; type <= types; ++type) {
     if (type != SOCK_STREAM) {
-      filter.refuse(SCMP_SYS(socketpair), SCMP_A1(SCMP_CMP_MASKED_EQ, types, type));
+      filter.refuse(SCMP_SYS(socketpair), argument(1, SCMP_CMP_MASKED_EQ, types, type));
     }
   }
   for (const int call : {SCMP_SYS(listen), SCMP_SYS(accept), SCMP_SYS(accept4)}) {
