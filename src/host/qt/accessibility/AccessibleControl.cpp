@@ -130,7 +130,7 @@ class AccessiblePartOfControl final : public QAccessibleInterface, public QAcces
     state.invalid = !shown;
     state.selected = shown && shown->selected;
     state.focusable = true;
-    state.focused = state.selected && widget_->hasFocus();
+    state.focused = shown && widget_->hasFocus() && ControlLink::of(widget_)->focusedPart() == index_;
     state.disabled = shown && !control()->isEnabled();
     return state;
   }

@@ -33,6 +33,8 @@ class ControlLink {
 
   /// Where a part of the control stands, in the widget's coordinates; empty for none.
   virtual QRectF partRect(int /*index*/) const { return {}; }
+  /// The part that has the keyboard while the widget has it; -1 where none does.
+  virtual int focusedPart() const { return -1; }
 
   /// The fonts of the theme are new.
   virtual void fontsChanged() = 0;

@@ -1,6 +1,7 @@
 #include "host/qt/controls/RichTextPeer.h"
 
 #include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -13,6 +14,7 @@
 
 #include "host/painted/ControlMetrics.h"
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ScrollAreaPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Theme.h"
 
@@ -145,6 +147,7 @@ class RichTextWidget final : public ControlWidget {
     return links_.empty() ? bounds() : partRect(current_).adjusted(-ringReach, 0, ringReach, 0);
   }
   double cornerRadius() const override { return 3; }
+  int focusedPart() const override { return links_.empty() ? -1 : current_; }
 
   /// The first line of a link that is broken.
   QRectF partRect(int index) const override {
@@ -214,6 +217,10 @@ class RichTextWidget final : public ControlWidget {
     }
     current_ = wanted;
     stateChanged();
+    ScrollAreaPeer::reveal(*this, focusShape());
+    QAccessibleEvent told(this, QAccessible::Focus);
+    told.setChild(current_);
+    QAccessible::updateAccessibility(&told);
     return true;
   }
 

@@ -70,16 +70,16 @@ ScrollAreaPeer::~ScrollAreaPeer() {
 
 QWidget* ScrollAreaPeer::content() const { return static_cast<Viewport*>(widget())->page(); }
 
-void ScrollAreaPeer::reveal(const QWidget& widget) {
+void ScrollAreaPeer::reveal(const QWidget& widget, const QRectF& part) {
   Viewport* viewport = viewportAround(widget);
   if (viewport == nullptr || viewport->control() == nullptr) {
     return;
   }
-  const QPoint corner = widget.mapTo(viewport->page(), QPoint());
-  viewport->area().reveal({.x = static_cast<double>(corner.x()),
+  const QPointF corner = widget.mapTo(viewport->page(), part.topLeft());
+  viewport->area().reveal({.x = corner.x(),
                            .y = corner.y() - roomAroundFocus,
-                           .width = static_cast<double>(widget.width()),
-                           .height = widget.height() + 2 * roomAroundFocus});
+                           .width = part.width(),
+                           .height = part.height() + 2 * roomAroundFocus});
 }
 
 void ScrollAreaPeer::showState(kit::Aspect /*aspect*/) { static_cast<Viewport*>(widget())->follow(); }

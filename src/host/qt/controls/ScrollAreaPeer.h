@@ -17,8 +17,8 @@ class ScrollAreaPeer final : public WidgetPeer {
 
   QWidget* content() const override;
 
-  /// Scrolls the area that `widget` stands in, if it stands in one, so that it can be seen.
-  static void reveal(const QWidget& widget);
+  /// Scrolls the area that `widget` stands in, if it stands in one, so that `part` of the widget can be seen.
+  static void reveal(const QWidget& widget, const QRectF& part);
 
  protected:
   void showState(kit::Aspect aspect) override;

@@ -32,6 +32,7 @@ class TabBarWidget final : public ControlWidget {
   }
 
   QRectF focusShape() const override { return shapeOf(std::max(0, bar_.selectedIndex())); }
+  int focusedPart() const override { return bar_.selectedIndex(); }
   double cornerRadius() const override { return tabRadius; }
   QRectF partRect(int index) const override { return toQRectF(host_painted::rectOfTab(bar_, index)); }
 

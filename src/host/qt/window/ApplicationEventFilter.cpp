@@ -73,7 +73,7 @@ void ApplicationEventFilter::focusMoved(QWidget* to) {
     return;
   }
   ring_ = new FocusRing(*to, *link, theme_);
-  ScrollAreaPeer::reveal(*to);
+  ScrollAreaPeer::reveal(*to, link->focusShape());
 }
 
 }  // namespace tarnwell::host_qt

@@ -10,6 +10,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/ControlLink.h"
 #include "host/qt/controls/Controls.h"
+#include "kit/controls/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -66,6 +67,32 @@ TEST_F(RichTextTest, tabGoesFromLinkToLinkAndReturnFollowsIt) {
   EXPECT_EQ(followed, (std::vector<std::string>{"https://updates.invalid/1", "https://updates.invalid/2"}));
   driver::key(stage.window(), Qt::Key_Tab);
   EXPECT_FALSE(driver::widget(text).hasFocus());
+}
+
+TEST_F(RichTextTest, tellsWhichLinkHasTheKeyboard) {
+  auto& text = add();
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&driver::widget(text));
+  EXPECT_EQ(told->focusChild(), nullptr);
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_TRUE(told->child(0)->state().focused);
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_FALSE(told->child(0)->state().focused);
+  EXPECT_TRUE(told->child(1)->state().focused);
+}
+
+TEST_F(RichTextTest, aLinkBelowWhatIsSeenIsScrolledIntoView) {
+  auto& area = stage.add(std::make_unique<kit::ScrollArea>(), {.x = 20, .y = 20, .width = 300, .height = 60});
+  const kit::StyledText::Run first = {.text = "one", .link = "https://updates.invalid/1"};
+  const kit::StyledText::Run last = {.text = "two", .link = "https://updates.invalid/2"};
+  auto text = std::make_unique<kit::RichText>();
+  text->setText({{{.runs = {first}}, {.runs = {{.text = std::string(20, '\n')}}}, {.runs = {last}}}});
+  stage.addTo(area, std::move(text), {.width = 300, .height = 600});
+  area.setContentHeight(600);
+  stage.show();
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_EQ(area.offset(), 0);
+  driver::key(stage.window(), Qt::Key_Tab);
+  EXPECT_GT(area.offset(), 100);
 }
 
 TEST_F(RichTextTest, isAsHighAsItsWidthMakesIt) {
