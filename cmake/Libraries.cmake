@@ -9,12 +9,21 @@ function(reuse_precompiled_headers target kind)
   endif()
 endfunction()
 
+# What differs between systems stands in files of each behind one header: PipeLinux.cpp, PipeMac.cpp.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  set(other_system Mac)
+elseif(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
+  set(other_system Linux)
+else()
+  message(FATAL_ERROR "nothing calls ${CMAKE_SYSTEM_NAME} yet")
+endif()
+
 # tarnwell_library(NAME [FOLDER FOLDER] LINKS ... PRIVATE_LINKS ...): all sources of one folder are one static library,
-# but for those where a program begins; headers alone are a target to link as well.
+# but for those of another system and those where a program begins; headers alone are a target to link as well.
 function(tarnwell_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "LINKS;PRIVATE_LINKS")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}/*.cpp")
-  list(FILTER sources EXCLUDE REGEX "(/m|M)ain\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "((/m|M)ain|${other_system})\\.cpp$")
   if(NOT sources)
     add_library(tarnwell_${name} INTERFACE)
     target_link_libraries(tarnwell_${name} INTERFACE ${arg_LINKS})

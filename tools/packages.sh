@@ -15,6 +15,11 @@ packages_for() {
     # The sources of locales are there for a test that makes a locale with a decimal comma.
     test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 shellcheck python3 ;;
+    # To compile for macOS. Many a system has npm without Debian's package of it, which brings hundreds.
+    macos)
+      echo clang-19 lld-19 llvm-19 libc++-19-dev googletest python3
+      command -v npm >/dev/null || echo npm
+      ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     desktop) echo at-spi2-core python3-pyatspi sway weston wtype qt6-wayland gir1.2-gtk-3.0 ;;
@@ -28,6 +33,7 @@ commands_for() {
     run) echo zsh ;;
     test) echo dpkg-deb localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
+    macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     desktop) echo sway swaymsg weston wtype ;;
   esac

@@ -1,0 +1,30 @@
+# Compiles for macOS on Debian 12. A Mac needs none of this: its own compiler and kit serve the same project.
+set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_PROCESSOR "${CMAKE_OSX_ARCHITECTURES}")
+set(CMAKE_OSX_SYSROOT "${CMAKE_CURRENT_LIST_DIR}/../build/macos/sysroot" CACHE PATH "What tools/macos/setup has made")
+
+set(tools /usr/lib/llvm-19/bin)
+foreach(language C CXX OBJC OBJCXX)
+  set(CMAKE_${language}_COMPILER_TARGET "${CMAKE_OSX_ARCHITECTURES}-apple-macos${CMAKE_OSX_DEPLOYMENT_TARGET}")
+endforeach()
+foreach(language C OBJC)
+  set(CMAKE_${language}_COMPILER "${tools}/clang")
+endforeach()
+foreach(language CXX OBJCXX)
+  set(CMAKE_${language}_COMPILER "${tools}/clang++")
+  # The compiler's own headers of the C++ library, told which macOS has what.
+  set(CMAKE_${language}_FLAGS_INIT "-isystem ${CMAKE_OSX_SYSROOT}/availability")
+endforeach()
+foreach(tool AR RANLIB NM OTOOL LIPO STRIP INSTALL_NAME_TOOL)
+  string(TOLOWER "llvm-${tool}" name)
+  string(REPLACE "_" "-" name "${name}")
+  set(CMAKE_${tool} "${tools}/${name}")
+endforeach()
+# It signs for one architecture by itself, for the other when it is asked to.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-fuse-ld=lld -Wl,-adhoc_codesign")
+
+set(CMAKE_FIND_ROOT_PATH "${CMAKE_OSX_SYSROOT}")
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
