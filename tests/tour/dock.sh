@@ -3,16 +3,6 @@
 #
 # shellcheck shell=sh disable=SC2154
 
-# In points of the screen. With only running applications there are three icons, a separator, perhaps a minimized window,
-# and the trash; else eight icons.
-icon_line=858
-running_notebook=602
-running_album=662
-running_gap=572 # between two icons: nothing but the shelf
-minimized_window=709
-files=392
-notebook=512
-gap=422
 minimize_button="314 18" # from the top left corner of a document
 effects="genie scale suck"
 slow_effect=3.36 # seconds, with Shift held
@@ -22,7 +12,11 @@ point_at() {
   xdotool mousemove $1
 }
 
-shows_window() { xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
+# Its number is then $shown. A search ends early when a window goes away meanwhile.
+shows_window() {
+  shown=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1)
+  [ -n "$shown" ]
+}
 
 shows_no_window() { ! shows_window "$1"; }
 
@@ -44,10 +38,34 @@ leave_dock() {
   wait_for 20 "the Dock to hide" shows_no_window Dock
 }
 
-# click_icon COLUMN [BUTTON]
-click_icon() {
+# Its middle is then $tile, in points of the screen.
+has_tile() {
+  tile=$("$tour/dock-tiles" 2>/dev/null | sed -n "s/ $1\$//p")
+  [ -n "$tile" ]
+}
+
+has_no_tile() { tiles=$("$tour/dock-tiles") && ! echo "$tiles" | grep -q " $1\$"; }
+
+# has_tile NAME, of a dock that has come or is coming.
+find_tile() { wait_for 20 "$1 on the Dock" has_tile "$1"; }
+
+# find_gap NAME NAME: $gap is then the column between two neighbours, in which there is nothing but the shelf.
+find_gap() {
+  find_tile "$1"
+  gap=${tile% *}
+  find_tile "$2"
+  gap=$(((gap + ${tile% *}) / 2))
+}
+
+point_at_tile() {
   reveal_dock
-  point_at "$1 $icon_line"
+  find_tile "$1"
+  point_at "$tile"
+}
+
+# click_tile NAME [BUTTON]
+click_tile() {
+  point_at_tile "$1"
   xdotool click "${2:-1}"
 }
 
@@ -63,11 +81,12 @@ restart_dock() {
   wait_for 20 "the Dock to start again" has_lines "$dock_log" "$((docks + 1))"
 }
 
-# Of an icon at rest: the pointer is at the edge.
+# photograph_icon PICTURE NAME: at rest, with the pointer at the edge.
 photograph_icon() {
   leave_dock
   reveal_dock
-  import -window root -crop "40x40+$(($2 - 20))+$((icon_line - 20))" +repage "$folder/icon-$1.png"
+  find_tile "$2"
+  import -window root -crop "40x40+$((${tile% *} - 20))+$((${tile#* } - 20))" +repage "$folder/icon-$1.png"
 }
 
 # The number of pixels in which two pictures differ.
@@ -86,22 +105,20 @@ expect_listed() { [ "$("$built/libexec/Dock" --list)" = "$1" ] || fail "the Dock
 photograph_effect() {
   leave_dock
   wait_for 20 "the document" shows_window Ideas
-  ideas=$(xdotool search --onlyvisible --name '^Ideas$')
+  ideas=$shown
   xdotool windowraise "$ideas"
   # shellcheck disable=SC2086 # two coordinates
   xdotool mousemove --window "$ideas" $minimize_button
   "$tour/watch-dock" photograph "$folder/effect-$1" $slow_effect "0.25 0.5 0.75" \
     xdotool keydown Shift_L click 1 keyup Shift_L
-  reveal_dock
-  point_at "$minimized_window $icon_line"
+  point_at_tile Ideas
   "$tour/watch-dock" photograph "$folder/effect-$1-back" $slow_effect 0.5 xdotool keydown Shift_L click 1 keyup Shift_L
   wait_for 20 "the document to come back" shows_window Ideas
   leave_dock
   # shellcheck disable=SC2086 # two coordinates
   xdotool mousemove --window "$ideas" $minimize_button
   "$tour/watch-dock" frames 700 xdotool click 1
-  reveal_dock
-  point_at "$minimized_window $icon_line"
+  point_at_tile Ideas
   "$tour/watch-dock" frames 700 xdotool click 1
 }
 
@@ -124,7 +141,7 @@ make_sheet() {
 }
 
 scroll_on() {
-  click_icon "$1" 4
+  click_tile "$1" 4
   wait_for 20 "the windows to spread out" shows_window Windows
   import -window root "$folder/spread.png"
   press Escape
@@ -136,12 +153,13 @@ watch_saved_dock() {
   echo "The Dock after Save:"
   expect_listed "$after"
   reveal_dock
-  "$tour/watch-dock" reveal $running_gap 0.7 0.3
-  photograph_icon shown $running_notebook
-  is_lit $files $icon_line && fail "applications that do not run are there"
-  click_icon $running_notebook
+  find_gap Notebook Album
+  "$tour/watch-dock" reveal "$gap" 0.7 0.3
+  photograph_icon shown Notebook
+  has_no_tile Letters || fail "applications that do not run are there"
+  click_tile Notebook
   wait_for 20 "a document" shows_window Ideas
-  scroll_on $running_notebook
+  scroll_on Notebook
   photograph_effect suck
   for effect in genie scale; do
     with_setting mineffect -string "$effect"
@@ -149,14 +167,14 @@ watch_saved_dock() {
   done
   expect_effects_unlike
   make_sheet
-  click_icon $running_album
+  click_tile Album
   wait_for 20 "the other application" shows_window Mountains
   wait_for 20 "the first application to hide" shows_no_window Ideas
-  photograph_icon dimmed $running_notebook
+  photograph_icon dimmed Notebook
   expect_unlike icon-shown icon-dimmed 800
 }
 
-is_shelf_light() { [ "$(brightness_at $gap 840)" -gt 100 ]; }
+is_shelf_light() { [ "$(brightness_at "$gap" 840)" -gt 100 ]; }
 
 is_shelf_dark() { ! is_shelf_light; }
 
@@ -166,7 +184,7 @@ start_dark_dock() {
   restart_dock
   point_at "640 899"
   # The uppermost line is too dark to be told from what is behind it.
-  wait_for 20 "the Dock to come" is_lit $gap 826
+  wait_for 20 "the Dock to come" is_lit "$gap" 826
   is_shelf_dark || fail "a Dock that starts on a dark desktop is light"
 }
 
@@ -175,19 +193,20 @@ watch_reset_dock() {
   echo "The Dock after Reset to Defaults:"
   expect_listed "$after"
   reveal_dock
-  "$tour/watch-dock" reveal $gap 0.2 0.5
-  photograph_icon hidden $notebook
+  find_gap Files Letters
+  "$tour/watch-dock" reveal "$gap" 0.2 0.5
+  photograph_icon hidden Notebook
   expect_alike icon-shown icon-hidden 40
-  is_lit $files $icon_line || fail "applications that do not run are missing"
-  click_icon $notebook
+  has_tile Letters || fail "applications that do not run are missing"
+  click_tile Notebook
   wait_for 20 "the first application" shows_window Ideas
-  click_icon $notebook 4
-  click_icon $files
+  click_tile Notebook 4
+  click_tile Files
   wait_for 20 "another application" shows_window Projects
   shows_window Ideas || fail "the first application has hidden"
   shows_no_window Windows || fail "the windows have spread out"
   leave_dock
-  "$tour/watch-dock" restart "$dock_log" $gap
+  "$tour/watch-dock" restart "$dock_log" "$gap"
   reveal_dock
   wait_for 20 "a light Dock" is_shelf_light
   kill -USR1 "$portal"

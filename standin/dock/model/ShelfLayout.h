@@ -27,6 +27,8 @@ class ShelfLayout {
   double shelfBottom() const { return gap; }
   double iconBottom() const;
   double shelfTop() const;
+  /// What no icon reaches above, however it grows.
+  double grownTop() const { return iconBottom() + iconSize_ * (1 + growth); }
 
   struct Placed {
     double center = 0;
@@ -47,6 +49,9 @@ class ShelfLayout {
     double right = 0;
   };
   Ends ends(const Attention& attention) const;
+
+  /// The ends of a slot at rest.
+  Ends slot(std::size_t slot) const { return {.left = rest_[slot], .right = rest_[slot + 1]}; }
 
   /// Which slot is at a place; nothing on a separator or beside the shelf. Growing does not change the answer.
   std::optional<std::size_t> slotAt(double x) const;

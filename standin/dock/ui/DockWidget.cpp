@@ -26,6 +26,17 @@ std::vector<SlotKind> kindsOf(const std::vector<DockItem>& items) {
 
 }  // namespace
 
+DockTile::DockTile(QWidget& dock, std::size_t item) : QAbstractButton(&dock), item_(item) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+// The dock hears of it as well, and grows where the pointer is.
+void DockTile::mouseMoveEvent(QMouseEvent* event) {
+  QAbstractButton::mouseMoveEvent(event);
+  event->ignore();
+}
+
 DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions)
     : surface_(surface),
       painter_(icons, look_),
@@ -45,6 +56,11 @@ DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, Scr
 
 void DockWidget::setItems(std::vector<DockItem> items) {
   items_ = std::move(items);
+  while (tiles_.size() < items_.size()) {
+    auto* const tile = new DockTile(*this, tiles_.size());
+    connect(tile, &DockTile::clicked, this, [this, tile] { actions_.click(tile->item()); });
+    tiles_.push_back(tile);
+  }
   place();
   if (isBouncing(Reveal::Clock::now())) {
     wakeUp();
@@ -91,8 +107,23 @@ void DockWidget::place() {
     setGeometry(geometry);
     backdrop_ = QPixmap();
   }
+  placeTiles();
   if (wasVisible) {
     show(shown_);
+  }
+}
+
+// From the lower edge of the screen up to where an icon may reach; what is not painted is cut off by the mask.
+void DockWidget::placeTiles() {
+  const int high = static_cast<int>(std::ceil(layout_.grownTop()));
+  for (std::size_t i = 0; i < tiles_.size(); ++i) {
+    const bool isThere = i < items_.size() && items_[i].kind != DockItem::Kind::separator;
+    tiles_[i]->setVisible(isThere);
+    if (isThere) {
+      const auto [left, right] = layout_.slot(i);
+      tiles_[i]->setAccessibleName(items_[i].label);
+      tiles_[i]->setGeometry(QRectF(left, height() - high, right - left, high).toRect());
+    }
   }
 }
 
@@ -248,28 +279,18 @@ void DockWidget::mouseMoveEvent(QMouseEvent* event) {
   wakeUp();
 }
 
-// Items reach from the lower edge of the screen to the top of the shelf, or of the icon where that has outgrown it.
 std::optional<std::size_t> DockWidget::itemAt(QPointF place) const {
-  const auto slot = layout_.slotAt(place.x());
-  if (!slot || !QRectF(rect()).contains(place)) {
-    return std::nullopt;
-  }
-  const auto placed = layout_.placed({.pointer = pointer_, .strength = strength_})[*slot];
-  const double top = std::max(layout_.shelfTop(), layout_.iconBottom() + placed.size);
-  return height() - place.y() <= top ? slot : std::nullopt;
+  const auto* const tile = dynamic_cast<const DockTile*>(childAt(place.toPoint()));
+  return tile == nullptr ? std::nullopt : std::optional(tile->item());
 }
 
+// A tile hears of the left button, and leaves the others to the dock.
 void DockWidget::mousePressEvent(QMouseEvent* event) { pressed_ = itemAt(event->position()); }
 
 // Who has pressed an item and moved away from it has thought better of it.
 void DockWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto pressed = std::exchange(pressed_, std::nullopt);
-  if (!pressed || itemAt(event->position()) != pressed) {
-    return;
-  }
-  if (event->button() == Qt::LeftButton) {
-    actions_.click(*pressed);
-  } else if (event->button() == Qt::RightButton) {
+  if (pressed && itemAt(event->position()) == pressed && event->button() == Qt::RightButton) {
     actions_.menu(*pressed);
   }
 }

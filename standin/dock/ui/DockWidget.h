@@ -2,7 +2,7 @@
 
 #include <QtCore/QTimer>
 #include <QtGui/QPixmap>
-#include <QtWidgets/QWidget>
+#include <QtWidgets/QAbstractButton>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -16,6 +16,20 @@
 #include "standin/dock/ui/Surface.h"
 
 namespace tarnwell::standin {
+
+/// What takes the pointer for an item, and tells a screen reader of it. The dock paints them all, since they grow.
+class DockTile final : public QAbstractButton {
+ public:
+  DockTile(QWidget& dock, std::size_t item);
+
+  std::size_t item() const { return item_; }
+
+ private:
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* /*event*/) override {}
+
+  std::size_t item_;
+};
 
 /// The dock itself, at the lower edge of its surface: comes and goes with the pointer, grows below it, and tells what
 /// was done to its items.
@@ -63,6 +77,7 @@ class DockWidget final : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
 
   void place();
+  void placeTiles();
   void setPointer(bool onDock, bool atEdge);
   Frames::Next frame();
   void wakeUp();
@@ -78,6 +93,7 @@ class DockWidget final : public QWidget {
   ShelfPainter painter_;
   Actions actions_;
   std::vector<DockItem> items_;
+  std::vector<DockTile*> tiles_;  // at least one for each item
   ShelfLayout layout_{{}, 0};
   Reveal reveal_;
   int holders_ = 0;

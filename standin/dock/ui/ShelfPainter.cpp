@@ -53,8 +53,7 @@ std::optional<QRectF> labelOf(const ShelfPainter::Frame& frame) {
   const double farthest = std::max(frame.canvas.width() - wide - margin, margin);
   const double left = std::clamp(center - wide / 2, margin, farthest);
   // Above what an icon that has fully grown reaches, so that it does not bob while the pointer moves.
-  const double top = frame.canvas.height() - frame.layout.iconBottom() -
-                     frame.layout.iconSize() * (1 + ShelfLayout::growth) - labelGap - labelHeight;
+  const double top = frame.canvas.height() - frame.layout.grownTop() - labelGap - labelHeight;
   return QRectF(std::round(left), std::round(top), wide, labelHeight);
 }
 
@@ -99,8 +98,7 @@ QRegion ShelfPainter::outline(const Frame& frame) {
 }
 
 int ShelfPainter::heightFor(const ShelfLayout& layout) {
-  return static_cast<int>(
-      std::ceil(layout.iconBottom() + layout.iconSize() * (1 + ShelfLayout::growth) + labelGap + labelHeight + 4));
+  return static_cast<int>(std::ceil(layout.grownTop() + labelGap + labelHeight + 4));
 }
 
 void ShelfPainter::paintShelf(QPainter& painter, const Frame& frame, const QPixmap& behind) {
