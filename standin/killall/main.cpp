@@ -5,17 +5,21 @@
 ///   - Several that run at once take turns, and each meets a Dock that was not yet asked to end: where each of many
 ///     settings restarts the Dock, the Dock is restarted as many times.
 
+#include <algorithm>
 #include <chrono>
+#include <csignal>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "standin/killall/RunningProcess.h"
 #include "standin/store/SystemRoot.h"
 #include "system/FileLock.h"
 #include "system/FolderWatch.h"
+#include "system/RunningProcess.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -30,21 +34,38 @@ using Clock = std::chrono::steady_clock;
 // For a process that comes, and again for one that goes.
 constexpr std::chrono::seconds patience{2};
 
+bool playsIn(const system::RunningProcess& process, const std::string& root) {
+  const std::vector<std::string> environment = process.environment();
+  const auto folder = systemRoot([&](const std::string& name) {
+                        const auto variable = std::ranges::find_if(
+                            environment, [&](const std::string& each) { return each.starts_with(name + "="); });
+                        return variable == environment.end() ? std::string() : variable->substr(name.size() + 1);
+                      }).folder;
+  std::error_code error;
+  return folder && std::filesystem::equivalent(process.workingFolder() / *folder, root, error);
+}
+
+std::vector<system::RunningProcess> processesOf(std::string_view name, const std::string& root) {
+  std::vector<system::RunningProcess> processes = system::RunningProcess::named(name);
+  std::erase_if(processes, [&](const system::RunningProcess& each) { return !playsIn(each, root); });
+  return processes;
+}
+
 bool isStartedAgain(std::string_view name, const std::string& root) {
-  return name == "Dock" && !RunningProcess::named("dock-supervisor", root).empty();
+  return name == "Dock" && !processesOf("dock-supervisor", root).empty();
 }
 
 // One that was found may have ended before it is asked, as if it had not been there.
-std::vector<RunningProcess> askThoseThere(std::string_view name, const std::string& root) {
-  std::vector<RunningProcess> found = RunningProcess::named(name, root);
-  std::erase_if(found, [](const RunningProcess& each) { return !each.terminate(); });
+std::vector<system::RunningProcess> askThoseThere(std::string_view name, const std::string& root) {
+  std::vector<system::RunningProcess> found = processesOf(name, root);
+  std::erase_if(found, [](const system::RunningProcess& each) { return !each.send(SIGTERM); });
   return found;
 }
 
 // A Dock writes to its log when it starts, which tells when to look again.
-std::vector<RunningProcess> askToEnd(std::string_view name, const std::string& root) {
+std::vector<system::RunningProcess> askToEnd(std::string_view name, const std::string& root) {
   const system::FolderWatch logs(logsFolder(root));
-  std::vector<RunningProcess> asked = askThoseThere(name, root);
+  std::vector<system::RunningProcess> asked = askThoseThere(name, root);
   if (!asked.empty() || !isStartedAgain(name, root)) {
     return asked;
   }
@@ -62,10 +83,10 @@ std::vector<RunningProcess> askToEnd(std::string_view name, const std::string& r
 bool killAll(std::string_view name, const std::string& root) {
   // Where there is no lock to be had, they meet what they meet.
   const auto turn = system::FileLock::take(root + "/.killall.lock", system::FileLock::unlimited);
-  const std::vector<RunningProcess> asked = askToEnd(name, root);
+  const std::vector<system::RunningProcess> asked = askToEnd(name, root);
   const Clock::time_point end = Clock::now() + patience;
-  for (const RunningProcess& each : asked) {
-    each.waitForEnding(end);
+  for (const system::RunningProcess& each : asked) {
+    each.waitForEnd(end);
   }
   return !asked.empty();
 }
