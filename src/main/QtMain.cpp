@@ -30,13 +30,14 @@ int run(host_qt::QtApplication& toolkit, host_qt::SingleInstance& instance, cons
   host_qt::DesktopServices services(product, start, updateclient::updateSource());
   auto answers = services.services();
   answers.launchEvent = launch.event();
+  answers.startAgainAtEnd = [&instance] { instance.startAgainAtEnd(); };
   answers.menuWindow = view::SceneRunner::settingsWindowIdentifier;
   host_qt::QtPlatform platform(toolkit, std::move(answers));
   instance.setAsked([&platform](const auto& request) { platform.reopen(request.token); });
   return app::run(platform);
 }
 
-/// For a further start that was told that this process runs, which then ended.
+/// For an update, or a further start that was told that this process runs, which then ended.
 void startAnew(const host_linux::ProcessSetup& start, const std::string& token) {
   const auto program = host_linux::programToStart(start.executable).string();
   if (const auto started = host_linux::startProgram({"env", "XDG_ACTIVATION_TOKEN=" + token, program}); !started) {

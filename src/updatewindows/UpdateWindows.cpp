@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "kit/application/Platform.h"
+#include "kit/turn/Selectors.h"
 #include "release/text/PlainLine.h"
 #include "updateclient/ByteCount.h"
 #include "updatewindows/NotesView.h"
@@ -108,15 +109,23 @@ void UpdateWindows::showInstalling(const FeedItem& item, kit::Action cancel) {
 }
 
 void UpdateWindows::showHandedOver(const FeedItem& item, HandOver handOver, Origin origin, kit::Action acknowledged) {
-  const std::string anew = "quit " + product() + " and start it again";
-  if (handOver == HandOver::opened) {
-    showNotice("The installer has been opened",
-               "Go on there to install " + nameOf(item) + ". When that is done, " + anew + ".", origin,
-               std::move(acknowledged));
-  } else {
-    showNotice(nameOf(item) + " is installed", "Quit " + product() + " and start it again to use it.", origin,
-               std::move(acknowledged));
-  }
+  const UpdatePage::Choice restart = {"Restart " + product(), [this, acknowledged] {
+                                        acknowledged();
+                                        this->restart();
+                                      }};
+  // What stands open in an installer is not there yet.
+  show(handOver == HandOver::opened ? UpdatePage{.heading = "The installer has been opened",
+                                                 .message = "Go on there to install " + nameOf(item) +
+                                                            ". When that is done, restart " + product() + " to use it.",
+                                                 .defaultChoice = {{"OK", acknowledged}},
+                                                 .otherChoice = restart,
+                                                 .closed = acknowledged}
+                                    : UpdatePage{.heading = nameOf(item) + " is installed",
+                                                 .message = "Restart " + product() + " to use it.",
+                                                 .defaultChoice = restart,
+                                                 .otherChoice = {{"Later", acknowledged}},
+                                                 .closed = acknowledged},
+       origin);
 }
 
 void UpdateWindows::showUpToDate(const std::string& shownVersion, kit::Action acknowledged) {
@@ -148,6 +157,11 @@ void UpdateWindows::openPage(const std::string& address) { application_.platform
 void UpdateWindows::dismiss() {
   isDownloading_ = false;
   window_->dismiss();
+}
+
+void UpdateWindows::restart() {
+  application_.platform().startAgainAtEnd();
+  application_.perform(kit::selectors::terminate, nullptr);
 }
 
 void UpdateWindows::showWork(const std::string& heading, const std::string& name, kit::Action cancel) {

@@ -45,6 +45,7 @@ class UpdateWindows final : public updateclient::UserDriver {
   void showWork(const std::string& heading, const std::string& name, kit::Action cancel);
   /// Something to know, and no more.
   void showNotice(const std::string& heading, const std::string& message, Origin origin, kit::Action acknowledged);
+  void restart();
   UpdatePage offer(const release::FeedItem& item, const std::function<void(Choice)>& answer) const;
   std::string whatIsAvailable(const release::FeedItem& item, const std::string& how) const;
   const std::string& product() const;

@@ -68,6 +68,7 @@ class QtSystem final : public System {
                        [this](auto&, const auto&) {
                          return std::make_unique<host_headless::HeadlessUpdaterController>(updater_);
                        },
+                   .startAgainAtEnd = [this] { journal_.note("startAgainAtEnd"); },
                    .menuWindow = view::SceneRunner::settingsWindowIdentifier}) {
     browser_.write("xdg-open", "#!/bin/sh\necho \"$1\" >>'" + (browser_ / "opened").string() + "'\n");
     std::filesystem::permissions(browser_ / "xdg-open", std::filesystem::perms::owner_all);

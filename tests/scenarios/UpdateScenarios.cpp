@@ -11,8 +11,10 @@ namespace {
 
 using kit::AccessibleRole;
 using release::FeedItem;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 using updateclient::HandOver;
@@ -228,16 +230,26 @@ TEST_F(UpdateScenarios, whatIsLeftToDoIsSaidWithoutCoveringTheInstaller) {
   windows.showHandedOver(item, HandOver::opened, UserDriver::Origin::schedule, answer);
   EXPECT_FALSE(window().takesKeyboard());
   EXPECT_THAT(texts(), ElementsAre("The installer has been opened",
-                                   "Go on there to install Tarnwell 1.2. When that is done, quit Tarnwell and start it "
-                                   "again."));
-  EXPECT_THAT(buttons(), ElementsAre("OK"));
+                                   "Go on there to install Tarnwell 1.2. When that is done, restart Tarnwell to use "
+                                   "it."));
+  EXPECT_THAT(buttons(), ElementsAre("Restart Tarnwell", "OK"));
+  EXPECT_TRUE(look("OK").isDefault);
   press("OK");
   windows.showHandedOver(item, HandOver::replaced, UserDriver::Origin::user, answer);
   EXPECT_TRUE(window().takesKeyboard());
-  EXPECT_THAT(texts(), ElementsAre("Tarnwell 1.2 is installed", "Quit Tarnwell and start it again to use it."));
-  key(Key::enter);
+  EXPECT_THAT(texts(), ElementsAre("Tarnwell 1.2 is installed", "Restart Tarnwell to use it."));
+  EXPECT_THAT(buttons(), ElementsAre("Later", "Restart Tarnwell"));
+  press("Later");
   EXPECT_EQ(answers, 2);
   EXPECT_FALSE(isOpen());
+  EXPECT_THAT(stage.system().journal(), Not(Contains("startAgainAtEnd")));
+}
+
+TEST_F(UpdateScenarios, aNewVersionIsStartedByAButton) {
+  windows.showHandedOver(item, HandOver::replaced, UserDriver::Origin::user, answer);
+  EXPECT_TRUE(stage.system().endsBy([this] { key(Key::enter); }));
+  EXPECT_EQ(answers, 1);
+  EXPECT_THAT(stage.system().journal(), Contains("startAgainAtEnd"));
 }
 
 TEST_F(UpdateScenarios, oneThingIsOnTheScreenAtATime) {

@@ -50,6 +50,8 @@ void HeadlessPlatform::wakeUp(kit::Application& /*application*/) { turnIsDue_ = 
 
 void HeadlessPlatform::activateIgnoringOtherApps() { journal().note("activate"); }
 
+void HeadlessPlatform::startAgainAtEnd() { journal().note("startAgainAtEnd"); }
+
 void HeadlessPlatform::terminate() {
   journal().note("terminate");
   terminated_ = true;

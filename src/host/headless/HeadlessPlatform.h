@@ -66,6 +66,7 @@ class HeadlessPlatform final : public kit::Platform {
   void wakeUp(kit::Application& application) override;
   void activateIgnoringOtherApps() override;
   void terminate() override;
+  void startAgainAtEnd() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;
   bool makesEvents() const override { return traits_.makesEvents; }

@@ -134,6 +134,12 @@ void QtPlatform::terminate() {
   }
 }
 
+void QtPlatform::startAgainAtEnd() {
+  if (services_.startAgainAtEnd) {
+    services_.startAgainAtEnd();
+  }
+}
+
 void QtPlatform::orderFrontStandardAboutPanel(kit::Application& application) {
   about::orderFrontAboutWindow(application, hasKeyboard());
 }

@@ -30,6 +30,8 @@ class QtPlatform final : public kit::Platform {
         makeUpdaterController = {};
     /// With which the system has started this process.
     kit::AppleEvent launchEvent = {.eventID = kit::openApplicationEvent};
+    /// Has this program started once more when it has ended; nothing where it is empty.
+    kit::Action startAgainAtEnd = {};
     /// The identifier of the window that carries the main menu.
     std::string menuWindow = {};
     /// For what the desktop is asked when the application starts.
@@ -58,6 +60,7 @@ class QtPlatform final : public kit::Platform {
   kit::Subscription whenReady(const kit::Action& open) override { return startup_.whenOver(open); }
   void activateIgnoringOtherApps() override;
   void terminate() override;
+  void startAgainAtEnd() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;
   /// In windows that are made from now on. Keys are matched with it from now on.

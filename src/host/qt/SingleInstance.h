@@ -30,6 +30,9 @@ class SingleInstance {
   /// to come to the front. The application is borrowed.
   bool listen(QtApplication& application);
 
+  /// Has `release` ask for a start, as one that came too late would.
+  void startAgainAtEnd() { waiting_.emplace(); }
+
   /// When the event loop has ended: lets the next start run. The token of one that has left its message too late for
   /// the loop, and has ended; the program is to be started for it.
   std::optional<std::string> release();

@@ -52,6 +52,8 @@ class Platform {
   virtual void activateIgnoringOtherApps() = 0;
   /// Ends the event loop without asking or waiting.
   virtual void terminate() = 0;
+  /// Has this program started once more when it has ended.
+  virtual void startAgainAtEnd() = 0;
   /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.
   virtual void orderFrontStandardAboutPanel(Application& application) = 0;
   /// Opens an address in the user's browser, without waiting for it.
