@@ -4,10 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <string>
 #include <utility>
-
-#include "system/UnnamedFile.h"
 
 namespace tarnwell::updateclient {
 namespace {
@@ -15,17 +13,15 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t draftMode = 0600;
-/// Of a file for the moment in which it has one.
-constexpr const char* passingName = ".package";
 
-// Not every file system has files without a name.
+// It has a name for a moment: not every file system has files without one.
 system::Descriptor namelessFile(int folder) {
-  system::Descriptor file = system::openUnnamedFile(folder, draftMode);
-  if (!file && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
-    ::unlinkat(folder, passingName, 0);
-    file = system::Descriptor(
-        ::openat(folder, passingName, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
-    ::unlinkat(folder, passingName, 0);
+  const std::string passingName = ".package-" + std::to_string(::getpid());
+  ::unlinkat(folder, passingName.c_str(), 0);
+  system::Descriptor file(
+      ::openat(folder, passingName.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, draftMode));
+  if (file) {
+    ::unlinkat(folder, passingName.c_str(), 0);
   }
   return system::aboveStandardStreams(std::move(file));
 }

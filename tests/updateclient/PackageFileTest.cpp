@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <fstream>
 #include <optional>
 #include <string>
 
@@ -46,6 +47,15 @@ TEST_F(PackageFileTest, hasNoName) {
   const PackageFile package = create();
   EXPECT_TRUE(package.write("one two"));
   EXPECT_EQ(contentOf(package.descriptor()), "one two");
+  EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(PackageFileTest, isNewWhereOneOfAProcessThatWasKilledHasStayed) {
+  fs::create_directories(folder);
+  const fs::path left = folder / (".package-" + std::to_string(::getpid()));
+  std::ofstream(left) << "left";
+  const PackageFile package = create();
+  EXPECT_EQ(contentOf(package.descriptor()), "");
   EXPECT_TRUE(fs::is_empty(folder));
 }
 
