@@ -31,7 +31,8 @@ inline constexpr kit::Size tab = {.width = 72, .height = 48};
 inline constexpr double tabTitleTop = 29;
 inline constexpr double tabTitleBelow = 4;
 inline constexpr double tabBarInset = 6;
-inline constexpr double richTextInset = 8;
+/// Leaves room for a scroll bar that lies over it.
+inline constexpr double richTextInset = 12;
 inline constexpr double richTextIdealWidth = 320;
 inline constexpr double popUpInset = 10;
 inline constexpr double popUpSymbolSide = 16;

@@ -2,6 +2,7 @@
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QAccessible>
+#include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -9,6 +10,7 @@
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextList>
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -27,6 +29,7 @@ using Style = Paragraph::Style;
 constexpr double paragraphGap = 6;
 constexpr double listIndent = 18;
 constexpr double quoteIndent = 14;
+constexpr unsigned deepestList = 6;
 constexpr double ringReach = 2;
 
 /// Where a link stands in the text.
@@ -42,7 +45,10 @@ class Composer {
 
   void write(const Paragraph& paragraph, bool isFirst) {
     QTextBlockFormat block;
-    block.setTopMargin(isFirst || isItem(paragraph) ? 0 : paragraphGap);
+    block.setTopMargin(isFirst || (isItem(paragraph) && !lists_.empty()) ? 0 : paragraphGap);
+    if (depthOf(paragraph) == 0) {
+      lists_.clear();
+    }
     block.setLeftMargin(paragraph.style == Style::quote ? quoteIndent : 0);
     if (isFirst) {
       cursor_.setBlockFormat(block);
@@ -60,22 +66,30 @@ class Composer {
  private:
   static bool isItem(const Paragraph& paragraph) { return paragraph.style == Style::item; }
 
+  // Lists within each other; deeper ones would leave no room for their text.
+  static unsigned depthOf(const Paragraph& paragraph) {
+    const unsigned level = paragraph.style == Style::heading ? 0 : paragraph.level;
+    return std::clamp(level, isItem(paragraph) ? 1U : 0U, deepestList);
+  }
+
   void place(const Paragraph& paragraph) {
     if (!isItem(paragraph)) {
       // A body below an item stands as far in as the item does.
       QTextBlockFormat block = cursor_.blockFormat();
-      block.setLeftMargin(block.leftMargin() + (paragraph.style == Style::heading ? 0 : listIndent * paragraph.level));
+      block.setLeftMargin(block.leftMargin() + listIndent * depthOf(paragraph));
       cursor_.setBlockFormat(block);
       return;
     }
     QTextListFormat list;
-    list.setIndent(static_cast<int>(paragraph.level));
+    const unsigned depth = depthOf(paragraph);
+    list.setIndent(static_cast<int>(depth));
     list.setStyle(paragraph.number == 0 ? QTextListFormat::ListDisc : QTextListFormat::ListDecimal);
-    QTextList* above = cursor_.block().previous().textList();
-    if (above != nullptr && above->format() == list && paragraph.number != 1) {
-      above->add(cursor_.block());
+    // An item may follow what stands in the one before it.
+    lists_.resize(depth, nullptr);
+    if (lists_.back() != nullptr && lists_.back()->format().style() == list.style() && paragraph.number != 1) {
+      lists_.back()->add(cursor_.block());
     } else {
-      cursor_.createList(list);
+      lists_.back() = cursor_.createList(list);
     }
   }
 
@@ -85,7 +99,7 @@ class Composer {
     font.setBold(run.isBold || style == Style::heading);
     font.setItalic(run.isItalic);
     if (run.isCode || style == Style::code) {
-      font.setFamilies({QStringLiteral("monospace")});
+      font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
       font.setFixedPitch(true);
     }
     format.setFont(font);
@@ -104,6 +118,7 @@ class Composer {
   const Theme& theme_;
   QTextCursor cursor_;
   std::vector<Link> links_;
+  std::vector<QTextList*> lists_;  // The last of each depth; the document's.
 };
 
 std::vector<Link> compose(QTextDocument& document, const kit::RichText& text, const Theme& theme, double width) {

@@ -95,6 +95,38 @@ TEST_F(RichTextTest, aLinkBelowWhatIsSeenIsScrolledIntoView) {
   EXPECT_GT(area.offset(), 100);
 }
 
+TEST_F(RichTextTest, numbersGoOnBehindAListWithinTheList) {
+  using Paragraph = kit::StyledText::Paragraph;
+  const Paragraph one = {.style = Paragraph::Style::item, .level = 1, .number = 1, .runs = {{.text = "one"}}};
+  const Paragraph within = {.style = Paragraph::Style::item, .level = 2, .runs = {{.text = "within"}}};
+  const Paragraph two = {.style = Paragraph::Style::item, .level = 1, .number = 2, .runs = {{.text = "two"}}};
+  const auto lastLine = [this](std::vector<Paragraph> paragraphs) {
+    auto text = std::make_unique<kit::RichText>();
+    text->setText({std::move(paragraphs)});
+    kit::RichText& added = stage.add(std::move(text), place);
+    const double height = added.measure({.width = 300}).size.height;
+    added.setFrame({.width = 300, .height = height});
+    stage.show();
+    return driver::widget(added).grab(QRect(0, static_cast<int>(height) - 26, 300, 26)).toImage();
+  };
+  Paragraph alone = two;
+  alone.number = 1;
+  EXPECT_EQ(lastLine({one, within, two}), lastLine({one, two}));
+  EXPECT_NE(lastLine({one, within, two}), lastLine({alone}));
+}
+
+TEST_F(RichTextTest, listsThatAreFarWithinEachOtherLeaveRoomForTheirText) {
+  const auto heightAt = [this](unsigned level) {
+    auto text = std::make_unique<kit::RichText>();
+    text->setText({{{.style = kit::StyledText::Paragraph::Style::item,
+                     .level = level,
+                     .runs = {{.text = "one two three four five six seven eight nine ten"}}}}});
+    return stage.add(std::move(text), place).measure({.width = 300}).size.height;
+  };
+  EXPECT_EQ(heightAt(256), heightAt(6));
+  EXPECT_EQ(heightAt(0), heightAt(1));
+}
+
 TEST_F(RichTextTest, isAsHighAsItsWidthMakesIt) {
   auto& text = add();
   const double wide = text.measure({.width = 300}).size.height;
