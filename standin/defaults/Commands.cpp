@@ -31,21 +31,15 @@ constexpr std::array<DomainVerb, 6> domainVerbs = {{{"read", readDomain, 0, 1},
                                                     {"export", exportDomain, 1, 1},
                                                     {"import", importDomain, 1, 1}}};
 
-Status noRoot(const std::string& problem) {
-  logLine(problem);
-  return Status::failure;
-}
-
 Status runForDomain(const DomainVerb& verb, Arguments arguments) {
-  const auto [root, problem] = systemRoot();
+  const auto root = systemRoot();
   // An absolute path says by itself where the store is.
   if (!root && !arguments.front().starts_with('/')) {
-    return noRoot(problem);
+    return failed(root.error());
   }
-  std::optional<Domain> domain = Domain::resolve(arguments.front(), root.value_or(std::string()));
+  std::optional<Domain> domain = Domain::resolve(arguments.front(), root ? *root : std::string());
   if (!domain) {
-    logLine(quotedText(arguments.front()) + " is not the name of a domain; leaving defaults unchanged.");
-    return Status::failure;
+    return refused(quotedText(arguments.front()) + " is not the name of a domain");
   }
   const Invocation invocation{std::move(*domain), arguments.subspan(1)};
   if (invocation.arguments.size() < verb.least) {
@@ -55,8 +49,8 @@ Status runForDomain(const DomainVerb& verb, Arguments arguments) {
 }
 
 Status runForAll(Status (*run)(const std::string&)) {
-  const auto [root, problem] = systemRoot();
-  return root ? run(*root) : noRoot(problem);
+  const auto root = systemRoot();
+  return root ? run(*root) : failed(root.error());
 }
 
 Status couldNotWrite(const Domain& domain, const system::Failure& failure) {
@@ -113,24 +107,23 @@ void logLine(std::string_view message) {
 }
 
 Status unexpectedArgument(const Invocation& invocation, std::size_t count) {
-  logLine("Unexpected argument " + std::string(invocation.arguments[count]) + "; leaving defaults unchanged.");
-  return Status::failure;
+  return refused("Unexpected argument " + std::string(invocation.arguments[count]));
 }
 
 Status noSuchPair(const Domain& domain, std::string_view key) {
-  logLine("\nThe domain/default pair of (" + domain.name + ", " + std::string(key) + ") does not exist");
-  return Status::failure;
+  return failed({"\nThe domain/default pair of (" + domain.name + ", " + std::string(key) + ") does not exist"});
 }
 
 Status couldNotRead(const Domain& domain, const StoredPreferences& stored) {
-  logLine("Could not read domain " + domain.name + "; " + domain.path + " " + stored.reason);
-  return Status::failure;
+  return failed({"Could not read domain " + domain.name + "; " + domain.path + " " + stored.reason});
 }
 
 Status failed(const system::Failure& failure) {
   logLine(failure.message);
   return Status::failure;
 }
+
+Status refused(const std::string& reason) { return failed({reason + "; leaving defaults unchanged."}); }
 
 Status show(std::string_view text) {
   return diagnostics::print(text) ? Status::success : failed(system::systemFailure("cannot write to standard output"));

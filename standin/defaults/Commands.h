@@ -57,6 +57,9 @@ Status couldNotRead(const Domain& domain, const StoredPreferences& stored);
 /// Says why nothing came of a command.
 Status failed(const system::Failure& failure);
 
+/// Says why a command was not begun.
+Status refused(const std::string& reason);
+
 /// Prints a text on standard output, and says so when that fails.
 Status show(std::string_view text);
 

@@ -4,8 +4,7 @@ namespace tarnwell::standin {
 namespace {
 
 Status notFound(const Domain& domain) {
-  logLine("\nDomain (" + domain.name + ") not found.\nDefaults have not been changed.");
-  return Status::failure;
+  return failed({"\nDomain (" + domain.name + ") not found.\nDefaults have not been changed."});
 }
 
 Status deleteKey(PreferenceTransaction& transaction, const Domain& domain, const std::string& key) {

@@ -1,9 +1,6 @@
-#include <dirent.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <memory>
-#include <string_view>
+#include <filesystem>
+#include <system_error>
 #include <vector>
 
 #include "standin/defaults/Commands.h"
@@ -13,8 +10,6 @@
 
 namespace tarnwell::standin {
 namespace {
-
-constexpr std::string_view extension = ".plist";
 
 bool isThere(const StoredPreferences& stored) {
   return stored.state == StoreState::sound || stored.state == StoreState::absent;
@@ -37,28 +32,19 @@ Status showValue(const Invocation& invocation, std::string (*text)(plist_t)) {
   return node == nullptr ? noSuchPair(invocation.domain, key) : show(text(node));
 }
 
-// Null at the end, with errno 0, and when the folder cannot be read.
-const dirent* nextEntry(DIR* folder) {
-  errno = 0;
-  return ::readdir(folder);  // NOLINT(concurrency-mt-unsafe): one thread
-}
-
 // The domains in the preferences folder of `root`, sorted; the global one is not among them.
 system::Result<std::vector<std::string>> domainNames(const std::string& root) {
   std::vector<std::string> names;
-  const std::string path = preferencesFolder(root);
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
-  if (!folder && errno == ENOENT) {
-    return names;
-  }
-  while (const dirent* entry = folder ? nextEntry(folder.get()) : nullptr) {
-    const std::string_view name = entry->d_name;
-    if (!name.starts_with('.') && name.ends_with(extension)) {
-      names.emplace_back(name.substr(0, name.size() - extension.size()));
+  const std::string folder = preferencesFolder(root);
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::filesystem::path& path = entry->path();
+    if (path.extension() == ".plist" && !path.filename().string().starts_with('.')) {
+      names.push_back(path.stem());
     }
   }
-  if (errno != 0) {
-    return system::systemFailure("cannot read " + path);
+  if (error && error != std::errc::no_such_file_or_directory) {
+    return system::Failure{"cannot read " + folder + ": " + error.message()};
   }
   std::sort(names.begin(), names.end());
   return names;
@@ -77,8 +63,7 @@ Status readDomain(const Invocation& invocation) {
   if (stored.state == StoreState::sound) {
     return show(shownText(stored.dictionary.get()));
   }
-  logLine("\nDomain " + invocation.domain.name + " does not exist");
-  return Status::failure;
+  return failed({"\nDomain " + invocation.domain.name + " does not exist"});
 }
 
 Status readType(const Invocation& invocation) { return showValue(invocation, typeText); }

@@ -46,11 +46,10 @@ Status writeOut(const std::string& path, plist_t dictionary) {
   if (!bytes) {
     return fileFailure("write", path, bytes.error());
   }
-  const auto& text = *bytes;
   if (isStream) {
-    return show(text);
+    return show(*bytes);
   }
-  const auto written = writeFile(path, text);
+  const auto written = writeFile(path, *bytes);
   return written ? Status::success : fileFailure("write", path, written.error());
 }
 

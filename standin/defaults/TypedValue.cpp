@@ -5,10 +5,10 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdlib>
-#include <ctime>
 #include <utility>
 
 #include "standin/store/OldStyleText.h"
+#include "standin/store/Timestamp.h"
 #include "standin/store/XmlList.h"
 #include "system/Utf8.h"
 
@@ -57,59 +57,19 @@ PropertyList makeReal(const std::string& text) {
   return PropertyList(*rest == '\0' ? plist_new_real(static_cast<double>(value)) : nullptr);
 }
 
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') {
-    return c - '0';
-  }
-  if (c >= 'a' && c <= 'f') {
-    return c - 'a' + 10;
-  }
-  if (c >= 'A' && c <= 'F') {
-    return c - 'A' + 10;
-  }
-  return -1;
-}
-
 PropertyList makeData(const std::string& text) {
-  if (text.size() % 2 != 0) {
-    return nullptr;
-  }
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); i += 2) {
-    const int high = hexDigit(text[i]);
-    const int low = hexDigit(text[i + 1]);
-    if (high < 0 || low < 0) {
-      return nullptr;
-    }
-    bytes += static_cast<char>(high * 16 + low);
-  }
-  return PropertyList(plist_new_data(bytes.data(), bytes.size()));
+  const bool isHexadecimal = text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+  return isHexadecimal ? parseOldStyleText("<" + text + ">") : nullptr;
 }
 
-// Seconds since 1970, for a text in one of the forms of the usage. Without a zone the date is in UTC.
-bool parseDate(const std::string& text, std::time_t& seconds) {
-  for (const char* format : {"%Y-%m-%d %H:%M:%S %z", "%Y-%m-%dT%H:%M:%S%z", "%Y-%m-%d"}) {
-    tm parts{};
-    const char* rest = ::strptime(text.c_str(), format, &parts);
-    if (rest == nullptr || *rest != '\0') {
-      continue;
-    }
-    const int day = parts.tm_mday;
-    const long zone = parts.tm_gmtoff;
-    seconds = ::timegm(&parts);
-    // The thirtieth of February has become a day in March.
-    if (parts.tm_mday != day) {
-      return false;
-    }
-    seconds -= zone;
-    return true;
-  }
-  return false;
-}
-
+// In one of the forms of the usage.
 PropertyList makeDate(const std::string& text) {
-  std::time_t seconds = 0;
-  return parseDate(text, seconds) ? newDate(static_cast<double>(seconds - dateReference)) : nullptr;
+  for (const char* form : {"%Y-%m-%d %H:%M:%S %z", "%Y-%m-%dT%H:%M:%S%z", "%Y-%m-%d"}) {
+    if (const auto seconds = secondsIn(text, form)) {
+      return newDate(static_cast<double>(*seconds - dateReference));
+    }
+  }
+  return nullptr;
 }
 
 struct ScalarType {
@@ -138,27 +98,15 @@ bool isFlag(std::string_view text) {
          ((text[1] >= 'a' && text[1] <= 'z') || (text[1] >= 'A' && text[1] <= 'Z'));
 }
 
-TypedValue failed(const std::string& reason) {
-  TypedValue result;
-  result.error = reason + "; leaving defaults unchanged.";
-  return result;
-}
+TypedValue failed(const std::string& reason) { return {.error = reason + "; leaving defaults unchanged."}; }
 
-TypedValue made(PropertyList value, std::size_t used) {
-  TypedValue result;
-  result.value = std::move(value);
-  result.used = used;
-  return result;
-}
+TypedValue made(PropertyList value, std::size_t used) { return {.value = std::move(value), .used = used}; }
 
 TypedValue parsed(const std::string& text, PropertyList value) {
   if (value) {
     return made(std::move(value), 1);
   }
-  TypedValue result;
-  result.error = "Could not parse: " + text + "; Try single-quoting it.";
-  result.status = Status::usage;
-  return result;
+  return {.error = "Could not parse: " + text + "; Try single-quoting it.", .status = Status::usage};
 }
 
 PropertyList parseListText(const std::string& text) {

@@ -14,10 +14,10 @@ enum class Placement {
 
 /// What follows the key of a `write`, understood.
 struct TypedValue {
-  PropertyList value;  // none when it could not be understood
+  PropertyList value = nullptr;  // none when it could not be understood
   Placement placement = Placement::replace;
   std::size_t used = 0;             // how many arguments belong to the value
-  std::string error;                // what to tell the user; empty when only the usage can tell what is wrong
+  std::string error = {};           // what to tell the user; empty when only the usage can tell what is wrong
   Status status = Status::failure;  // of the tool, with such an error
 };
 

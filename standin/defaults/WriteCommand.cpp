@@ -5,11 +5,6 @@
 namespace tarnwell::standin {
 namespace {
 
-Status refused(const std::string& reason) {
-  logLine(reason + "; leaving defaults unchanged.");
-  return Status::failure;
-}
-
 Status reported(const TypedValue& typed) {
   logLine(typed.error);
   return typed.status;

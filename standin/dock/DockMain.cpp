@@ -73,9 +73,9 @@ void show(std::optional<int> socket, const std::string& behavior) {
 enum class Mode { ui, noWindow, list };
 
 int run(Mode mode, std::optional<int> socket = std::nullopt) {
-  const auto [root, problem] = systemRoot();
+  const auto root = systemRoot();
   if (!root) {
-    diagnostics::printErrorLine("Dock: " + problem);
+    diagnostics::printErrorLine("Dock: " + root.error().message);
     return 1;
   }
   const StoredPreferences stored = loadPreferences(Domain::resolve("com.apple.dock", *root)->path);

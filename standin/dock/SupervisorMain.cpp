@@ -30,9 +30,9 @@ int fail(const std::string& message, int status) {
 }
 
 int supervise() {
-  const auto [root, problem] = systemRoot();
+  const auto root = systemRoot();
   if (!root) {
-    return fail(problem, 1);
+    return fail(root.error().message, 1);
   }
   const std::string lockPath = *root + "/.dock-supervisor.lock";
   if (!system::makeFolders(*root)) {

@@ -37,10 +37,10 @@ constexpr std::chrono::seconds patience{2};
 bool playsIn(const system::RunningProcess& process, const std::string& root) {
   const std::vector<std::string> environment = process.environment();
   const auto folder = systemRoot([&](const std::string& name) {
-                        const auto variable = std::ranges::find_if(
-                            environment, [&](const std::string& each) { return each.starts_with(name + "="); });
-                        return variable == environment.end() ? std::string() : variable->substr(name.size() + 1);
-                      }).folder;
+    const auto variable =
+        std::ranges::find_if(environment, [&](const std::string& each) { return each.starts_with(name + "="); });
+    return variable == environment.end() ? std::string() : variable->substr(name.size() + 1);
+  });
   std::error_code error;
   return folder && std::filesystem::equivalent(process.workingFolder() / *folder, root, error);
 }
@@ -99,9 +99,9 @@ int run(const std::vector<std::string_view>& arguments) {
     diagnostics::printError(usageText);
     return 1;
   }
-  const auto [root, problem] = systemRoot();
+  const auto root = systemRoot();
   if (!root) {
-    diagnostics::printErrorLine("killall: " + problem);
+    diagnostics::printErrorLine("killall: " + root.error().message);
     return 1;
   }
   int status = 0;

@@ -8,23 +8,23 @@ namespace tarnwell::standin {
 namespace {
 
 // Messages name files below it, and what reads those takes them for UTF-8.
-SystemRoot rootBelow(const std::string& variable, const std::string& value, const std::string& below) {
+system::Result<std::string> rootBelow(const std::string& variable, const std::string& value, const std::string& below) {
   if (!system::isUtf8(value)) {
-    return {.problem = variable + " is not UTF-8, so that no file below it can be told by its name."};
+    return system::Failure{variable + " is not UTF-8, so that no file below it can be told by its name."};
   }
-  return {.folder = value + below};
+  return value + below;
 }
 
 }  // namespace
 
-SystemRoot systemRoot() {
+system::Result<std::string> systemRoot() {
   return systemRoot([](const std::string& name) {
     const char* value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
     return value == nullptr ? std::string() : value;
   });
 }
 
-SystemRoot systemRoot(const std::function<std::string(const std::string& name)>& variable) {
+system::Result<std::string> systemRoot(const std::function<std::string(const std::string& name)>& variable) {
   if (const std::string root = variable("MACOS_ROOT"); !root.empty()) {
     return rootBelow("MACOS_ROOT", root, "");
   }
@@ -35,7 +35,7 @@ SystemRoot systemRoot(const std::function<std::string(const std::string& name)>&
   if (const std::string home = variable("HOME"); !home.empty()) {
     return rootBelow("HOME", home, "/.local/share/macos-standin");
   }
-  return {.problem = "None of MACOS_ROOT, XDG_DATA_HOME and HOME says where preferences are."};
+  return system::Failure{"None of MACOS_ROOT, XDG_DATA_HOME and HOME says where preferences are."};
 }
 
 std::string preferencesFolder(const std::string& root) { return root + "/Library/Preferences"; }

@@ -1,22 +1,18 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
+
+#include "system/Result.h"
 
 namespace tarnwell::standin {
 
-/// The folder that plays the user's home on macOS.
-struct SystemRoot {
-  std::optional<std::string> folder = {};  ///< In UTF-8. Need not exist yet.
-  std::string problem = {};                ///< Why there is none, as a sentence for the user.
-};
-
-/// $MACOS_ROOT, else macos-standin in $XDG_DATA_HOME, which itself falls back on ~/.local/share.
-SystemRoot systemRoot();
+/// The folder that plays the user's home on macOS, in UTF-8; it need not exist yet. $MACOS_ROOT, else macos-standin in
+/// $XDG_DATA_HOME, which itself falls back on ~/.local/share. A failure is a sentence for the user.
+system::Result<std::string> systemRoot();
 
 /// The same of another environment, whose variables `variable` gives; an empty text where there is none of that name.
-SystemRoot systemRoot(const std::function<std::string(const std::string& name)>& variable);
+system::Result<std::string> systemRoot(const std::function<std::string(const std::string& name)>& variable);
 
 std::string preferencesFolder(const std::string& root);
 std::string logsFolder(const std::string& root);

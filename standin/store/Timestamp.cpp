@@ -31,4 +31,19 @@ std::string timestamp() {
 
 std::string fileStamp() { return formatted(now(), "%Y%m%d-%H%M%S"); }
 
+std::optional<std::int64_t> secondsIn(const std::string& text, const char* form) {
+  tm read{};
+  const char* rest = ::strptime(text.c_str(), form, &read);
+  if (rest == nullptr || *rest != '\0') {
+    return std::nullopt;
+  }
+  tm found = read;
+  const std::time_t seconds = ::timegm(&found);
+  // The thirtieth of February has become a day in March.
+  if (found.tm_mday != read.tm_mday || found.tm_sec != read.tm_sec) {
+    return std::nullopt;
+  }
+  return seconds - read.tm_gmtoff;
+}
+
 }  // namespace tarnwell::standin

@@ -35,48 +35,22 @@ std::string dataText(plist_t node) {
 // 2025-03-20T18:05:18Z becomes 2025-03-20 18:05:18 +0000.
 std::string dateText(plist_t node) {
   std::string text = xmlContent(node);
-  if (const std::size_t separator = text.find('T'); separator != std::string::npos) {
-    text[separator] = ' ';
-  }
-  if (text.ends_with('Z')) {
-    text.pop_back();
-  }
-  return text + " +0000";
+  return text.replace(text.find('T'), 1, " ").replace(text.find('Z'), 1, " +0000");
 }
 
 std::string stringText(plist_t node) {
   std::uint64_t length = 0;
   const char* bytes = plist_get_string_ptr(node, &length);
-  return bytes == nullptr ? std::string() : std::string(bytes, length);
+  return {bytes, length};
 }
 
 }  // namespace
 
 const char* typeName(plist_t node) {
-  switch (plist_get_node_type(node)) {
-    case PLIST_BOOLEAN:
-      return "boolean";
-    case PLIST_UINT:
-      return "integer";
-    case PLIST_REAL:
-      return "float";
-    case PLIST_STRING:
-    case PLIST_KEY:
-      return "string";
-    case PLIST_DATA:
-      return "data";
-    case PLIST_DATE:
-      return "date";
-    case PLIST_ARRAY:
-      return "array";
-    case PLIST_DICT:
-      return "dictionary";
-    case PLIST_UID:
-      return "uid";
-    case PLIST_NONE:
-      break;
-  }
-  return "unknown";
+  // In the library's order.
+  constexpr std::array names = {"boolean", "integer", "float",  "string", "array",  "dictionary",
+                                "date",    "data",    "string", "uid",    "unknown"};
+  return names.at(plist_get_node_type(node));
 }
 
 std::string valueText(plist_t node) {

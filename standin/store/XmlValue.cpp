@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <system_error>
+
+#include "standin/store/Timestamp.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -70,33 +72,15 @@ PropertyList xmlReal(const std::string& text) {
 }
 
 PropertyList xmlDate(const std::string& text) {
-  constexpr std::string_view form = "-00-00T00:00:00Z";
-  constexpr std::size_t longestYear = 4;
-  const std::string_view date = trimmed(text);
-  const std::size_t year = date.size() - std::min(date.size(), form.size());
-  const std::string wanted = std::string(year, '0').append(form);
-  if (year == 0 || year > longestYear || !std::equal(date.begin(), date.end(), wanted.begin(), [](char c, char each) {
-        return each == '0' ? c >= '0' && c <= '9' : c == each;
-      })) {
-    return nullptr;
-  }
-  const auto number = [&](std::size_t at, std::size_t size) {
-    int value = 0;
-    std::from_chars(date.data() + at, date.data() + at + size, value);
-    return value;
-  };
-  const std::chrono::year_month_day day(std::chrono::year(number(0, year)),
-                                        std::chrono::month(static_cast<unsigned>(number(year + 1, 2))),
-                                        std::chrono::day(static_cast<unsigned>(number(year + 4, 2))));
-  const int hour = number(year + 7, 2);
-  const int minute = number(year + 10, 2);
-  const int second = number(year + 13, 2);
-  if (!day.ok() || hour > 23 || minute > 59 || second > 59) {
-    return nullptr;
-  }
-  const std::chrono::sys_seconds time = std::chrono::sys_days(day) + std::chrono::hours(hour) +
-                                        std::chrono::minutes(minute) + std::chrono::seconds(second);
-  return newDate(static_cast<double>(time.time_since_epoch().count() - dateReference));
+  constexpr std::string_view longest = "0000-00-00T00:00:00Z";
+  const std::string date(trimmed(text));
+  const std::size_t missing = longest.size() - std::min(date.size(), longest.size());
+  // The year has one digit at least.
+  const std::string_view form = longest.substr(std::min<std::size_t>(missing, 3));
+  const bool isForm =
+      std::ranges::equal(date, form, [](char c, char each) { return each == '0' ? c >= '0' && c <= '9' : c == each; });
+  const auto seconds = isForm ? secondsIn(date, "%Y-%m-%dT%H:%M:%SZ") : std::nullopt;
+  return seconds ? newDate(static_cast<double>(*seconds - dateReference)) : nullptr;
 }
 
 PropertyList xmlData(const std::string& text) {

@@ -13,9 +13,9 @@ namespace {
 
 int run(int argc, char** argv) {
   diagnostics::prepareStandardStreams();
-  const auto [root, problem] = systemRoot();
+  const auto root = systemRoot();
   if (!root) {
-    diagnostics::printErrorLine("dock-ui: " + problem);
+    diagnostics::printErrorLine("dock-ui: " + root.error().message);
     return 1;
   }
   return showUi(argc, argv, *root + "/Library/Application Support/Dock/desk");
