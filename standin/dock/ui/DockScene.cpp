@@ -3,7 +3,12 @@
 #include <QtGui/QGuiApplication>
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <utility>
+
+#include "system/Folders.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -13,10 +18,11 @@ Reveal makeReveal(const DockBehavior& behavior) {
           Reveal::Clock::now()};
 }
 
-std::chrono::milliseconds durationOf(DocumentWindow::Pace pace) {
+// In slow motion where Shift is held.
+std::chrono::milliseconds effectDuration() {
   constexpr std::chrono::milliseconds usual{420};
   constexpr int slower = 8;
-  return pace == DocumentWindow::Pace::slow ? usual * slower : usual;
+  return QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier) ? usual * slower : usual;
 }
 
 }  // namespace
@@ -24,7 +30,7 @@ std::chrono::milliseconds durationOf(DocumentWindow::Pace pace) {
 DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme scheme, std::string deskPath)
     : behavior_(behavior),
       surface_(surface),
-      file_(std::move(deskPath)),
+      deskPath_(std::move(deskPath)),
       bounces_(desk_.applications().size()),
       scheme_(scheme),
       effect_(surface),
@@ -33,7 +39,8 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme sche
             {.click = [this](std::size_t item) { click(item); },
              .menu = [this](std::size_t item) { openMenu(item); },
              .scrollUp = [this](std::size_t item) { scrollUp(item); }}) {
-  file_.restore(desk_);
+  std::ifstream file(deskPath_);
+  desk_.restoreFrom(std::string(std::istreambuf_iterator<char>(file), {}));
   dock_.setScheme(scheme);
   show();
   lowerWindows();
@@ -64,7 +71,22 @@ void DockScene::show() {
     }
   }
   showItems();
-  file_.save(desk_);
+  save();
+}
+
+// The applications outlive the dock, as real ones do. It may be killed at any time, so that a file is either whole or
+// not there; one that cannot be written costs nothing but the places of a few windows.
+void DockScene::save() const {
+  if (!system::makeFolders(system::folderOf(deskPath_))) {
+    return;
+  }
+  const std::string fresh = deskPath_ + ".new";
+  std::ofstream file(fresh);
+  file << desk_.text();
+  file.close();
+  if (file) {
+    (void)std::rename(fresh.c_str(), deskPath_.c_str());
+  }
 }
 
 void DockScene::showWindow(DocumentId id) {
@@ -91,7 +113,7 @@ std::unique_ptr<DocumentWindow> DockScene::makeWindow(DocumentId id) {
       DocumentWindow::Content{.application = desk_.applications()[id.application].id,
                               .variant = static_cast<int>(id.document),
                               .title = QString::fromStdString(document.title)},
-      DocumentWindow::Actions{.minimize = [this, id](DocumentWindow::Pace pace) { minimize(id, pace); },
+      DocumentWindow::Actions{.minimize = [this, id] { minimize(id); },
                               .close =
                                   [this, id] {
                                     desk_.close(id);
@@ -106,7 +128,7 @@ std::unique_ptr<DocumentWindow> DockScene::makeWindow(DocumentId id) {
                                   [this, id] {
                                     const QPoint place = window(id).pos() - surface_.area().topLeft();
                                     desk_.move(id, {static_cast<double>(place.x()), static_cast<double>(place.y())});
-                                    file_.save(desk_);
+                                    save();
                                   }});
   made->setScheme(scheme_);
   const QRect area = surface_.area();
@@ -250,46 +272,42 @@ void DockScene::spread(std::size_t application) {
   dock_.cover(spread_.backdrop(dock_.geometry()));
 }
 
-void DockScene::minimize(DocumentId id, DocumentWindow::Pace pace) {
+void DockScene::minimize(DocumentId id) {
   if (travelling_ || spread_.isVisible() || !desk_.isVisible(id)) {
     return;
   }
-  DocumentWindow& shown = window(id);
   travelling_ = id;
   desk_.minimize(id);
   dock_.hold();
   show();
-  effect_.start(shown.picture(),
-                {.effect = behavior_.minimizeEffect,
-                 .window = shown.geometry(),
-                 .icon = dock_.iconPlace(*itemOf(id)),
-                 .direction = EffectOverlay::Direction::intoDock,
-                 .duration = durationOf(pace)},
-                [this] {
-                  arrive();
-                  effect_.hide();
-                });
-  shown.hide();
+  travel(id, QVariantAnimation::Forward, iconOf(id), [this] {
+    arrive();
+    effect_.hide();
+  });
+  window(id).hide();
 }
 
 void DockScene::restore(DocumentId id) {
   if (travelling_) {
     return;
   }
-  const bool isSlow = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
-  const QRect icon = dock_.iconPlace(*itemOf(id));
-  DocumentWindow& shown = window(id);
+  const QRect icon = iconOf(id);
   travelling_ = id;
   desk_.restore(id);
   dock_.hold();
   show();
-  effect_.start(shown.picture(),
+  travel(id, QVariantAnimation::Backward, icon, [this, id] { comeBack(id); });
+}
+
+void DockScene::travel(DocumentId id, QVariantAnimation::Direction direction, const QRect& icon,
+                       std::function<void()> arrived) {
+  effect_.start(window(id).picture(),
                 {.effect = behavior_.minimizeEffect,
-                 .window = shown.geometry(),
+                 .window = window(id).geometry(),
                  .icon = icon,
-                 .direction = EffectOverlay::Direction::outOfDock,
-                 .duration = durationOf(isSlow ? DocumentWindow::Pace::slow : DocumentWindow::Pace::usual)},
-                [this, id] { comeBack(id); });
+                 .direction = direction,
+                 .duration = effectDuration()},
+                std::move(arrived));
 }
 
 void DockScene::comeBack(DocumentId id) {
@@ -311,9 +329,9 @@ void DockScene::arrive() {
   show();
 }
 
-std::optional<std::size_t> DockScene::itemOf(DocumentId id) const {
+QRect DockScene::iconOf(DocumentId id) const {
   const auto found = std::ranges::find(meanings_, std::optional(id), &Meaning::document);
-  return found == meanings_.end() ? std::nullopt : std::optional<std::size_t>(found - meanings_.begin());
+  return dock_.iconPlace(static_cast<std::size_t>(found - meanings_.begin()));
 }
 
 }  // namespace tarnwell::standin

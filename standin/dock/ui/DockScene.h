@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -10,7 +11,6 @@
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/model/Desk.h"
 #include "standin/dock/model/ScrollGesture.h"
-#include "standin/dock/ui/DeskFile.h"
 #include "standin/dock/ui/DockMenu.h"
 #include "standin/dock/ui/DockWidget.h"
 #include "standin/dock/ui/DocumentWindow.h"
@@ -42,6 +42,7 @@ class DockScene {
 
   // Brings items and windows in line with the desk, and keeps the desk.
   void show();
+  void save() const;
   void showItems();
   void showWindow(DocumentId id);
   DocumentWindow& window(DocumentId id);
@@ -56,15 +57,16 @@ class DockScene {
   void scrollUp(std::size_t item);
   void spread(std::size_t application);
 
-  void minimize(DocumentId id, DocumentWindow::Pace pace);
+  void minimize(DocumentId id);
   void restore(DocumentId id);
-  std::optional<std::size_t> itemOf(DocumentId id) const;
+  void travel(DocumentId id, QVariantAnimation::Direction direction, const QRect& icon, std::function<void()> arrived);
+  QRect iconOf(DocumentId id) const;
   void comeBack(DocumentId id);
   void arrive();
 
   DockBehavior behavior_;
   Surface& surface_;
-  DeskFile file_;
+  std::string deskPath_;
   Desk desk_;
   std::vector<Bounce> bounces_;  // of the applications
   Icons icons_;

@@ -38,17 +38,12 @@ void DockTile::mouseMoveEvent(QMouseEvent* event) {
 }
 
 DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions)
-    : surface_(surface),
-      painter_(icons, look_),
-      actions_(std::move(actions)),
-      reveal_(reveal),
-      frames_([this] { return frame(); }),
-      scrolling_(scrolling) {
+    : surface_(surface), painter_(icons, look_), actions_(std::move(actions)), reveal_(reveal), scrolling_(scrolling) {
   setWindowTitle(QStringLiteral("Dock"));
   setMouseTracking(true);
-  deadline_.setSingleShot(true);
-  deadline_.setTimerType(Qt::PreciseTimer);
-  connect(&deadline_, &QTimer::timeout, this, [this] { wakeUp(); });
+  alarm_.setSingleShot(true);
+  alarm_.setTimerType(Qt::PreciseTimer);
+  connect(&alarm_, &QTimer::timeout, this, [this] { wakeUp(); });
   surface_.adopt(*this, Surface::Role::dock);
   surface_.onEdge([this](bool isThere) { setPointer(onDock_, isThere); });
   surface_.onArea([this] { place(); });
@@ -135,15 +130,10 @@ void DockWidget::setPointer(bool onDock, bool atEdge) {
   wakeUp();
 }
 
-// Does what is due, and sees to it that frames or a deadline follow where there is more to come.
+// Does what is due, and sees to it that it is called again where there is more to come.
 void DockWidget::wakeUp() {
-  lastFrame_ = frames_.isRunning() ? lastFrame_ : Reveal::Clock::now();
-  if (frame() == Frames::Next::wanted) {
-    frames_.start();
-  }
-}
-
-Frames::Next DockWidget::frame() {
+  constexpr std::chrono::milliseconds frameTime{16};
+  lastFrame_ = isMoving_ ? lastFrame_ : Reveal::Clock::now();
   if (reveal_.isMoving(Reveal::Clock::now())) {
     // Takes a while the first time, in which the dock has come a bit further.
     lookBehind();
@@ -152,16 +142,12 @@ Frames::Next DockWidget::frame() {
   growTowards(now);
   show(reveal_.shown(now));
   const bool grows = strength_ != (onDock_ ? 1 : 0);
-  if (grows || reveal_.isMoving(now) || (shown_ > 0 && isBouncing(now))) {
-    deadline_.stop();
-    return Frames::Next::wanted;
-  }
-  if (const auto deadline = reveal_.deadline()) {
-    deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
+  isMoving_ = grows || reveal_.isMoving(now) || (shown_ > 0 && isBouncing(now));
+  if (const auto next = isMoving_ ? now + frameTime : reveal_.deadline()) {
+    alarm_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*next - Reveal::Clock::now()), {}));
   } else {
-    deadline_.stop();
+    alarm_.stop();
   }
-  return Frames::Next::none;
 }
 
 bool DockWidget::isBouncing(Time now) const {

@@ -11,7 +11,6 @@
 #include "standin/dock/model/Reveal.h"
 #include "standin/dock/model/ScrollGesture.h"
 #include "standin/dock/model/ShelfLayout.h"
-#include "standin/dock/ui/Frames.h"
 #include "standin/dock/ui/ShelfPainter.h"
 #include "standin/dock/ui/Surface.h"
 
@@ -79,7 +78,6 @@ class DockWidget final : public QWidget {
   void place();
   void placeTiles();
   void setPointer(bool onDock, bool atEdge);
-  Frames::Next frame();
   void wakeUp();
   void show(double share);
   void lookBehind();
@@ -102,13 +100,13 @@ class DockWidget final : public QWidget {
   double pointer_ = 0;
   double strength_ = 0;  // of the growth below the pointer
   Time lastFrame_;
+  bool isMoving_ = false;  // so that another frame follows
   double shown_ = 0;
   QPixmap backdrop_;  // what was behind the dock when it came
   QPixmap blurred_;
   QPixmap uncovered_;
   QRegion outline_;
-  Frames frames_;
-  QTimer deadline_;
+  QTimer alarm_;  // for the next frame, or for what is due
   std::optional<std::size_t> pressed_;
   ScrollGesture& scrolling_;
 };

@@ -1,12 +1,15 @@
 #include "standin/dock/ui/DocumentWindow.h"
 
 #include <QtGui/QCloseEvent>
-#include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QShortcut>
+#include <QtWidgets/QAbstractButton>
+#include <utility>
 
 #include "standin/dock/ui/DocumentPainter.h"
+#include "standin/dock/ui/Panel.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -14,7 +17,46 @@ namespace {
 constexpr QSize windowSize(360, 260);
 constexpr int titleHeight = 36;
 constexpr int buttonSize = 20;
+constexpr int buttonMargin = (titleHeight - buttonSize) / 2;
 constexpr double documentRadius = 10;
+
+/// A button of a title bar, with strokes around its middle.
+class TitleButton final : public QAbstractButton {
+ public:
+  TitleButton(QWidget& window, const Look& look, const QString& name, QPainterPath strokes)
+      : QAbstractButton(&window), look_(look), strokes_(std::move(strokes)) {
+    setAccessibleName(name);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::NoFocus);
+  }
+
+ private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(underMouse() ? look_.buttonHovered : look_.button);
+    painter.drawRoundedRect(rect(), 6, 6);
+    painter.strokePath(strokes_.translated(QRectF(rect()).center()), QPen(look_.ink, 1.6, Qt::SolidLine, Qt::RoundCap));
+  }
+
+  const Look& look_;
+  QPainterPath strokes_;
+};
+
+QPainterPath minimizeStrokes() {
+  QPainterPath path({-4, 3});
+  path.lineTo(4, 3);
+  return path;
+}
+
+QPainterPath closeStrokes() {
+  QPainterPath path({-4, -4});
+  path.lineTo(4, 4);
+  path.moveTo(4, -4);
+  path.lineTo(-4, 4);
+  return path;
+}
 
 }  // namespace
 
@@ -22,14 +64,24 @@ DocumentWindow::DocumentWindow(Surface& surface, Content content, Actions action
     : content_(std::move(content)), actions_(std::move(actions)) {
   surface.adopt(*this, Surface::Role::document);
   setWindowTitle(content_.title);
-  setMouseTracking(true);
   setFocusPolicy(Qt::ClickFocus);
   setFixedSize(windowSize);
   if (!surface.blends()) {
-    QPainterPath path;
-    path.addRoundedRect(QRectF(rect()), documentRadius, documentRadius);
-    setMask(QRegion(path.toFillPolygon().toPolygon()));
+    setMask(panelRegion(QRectF(rect()), documentRadius));
   }
+  const auto addButton = [this](const char* name, const QPainterPath& strokes, int number, const auto& action) {
+    auto* const button = new TitleButton(*this, look_, QString::fromUtf8(name), strokes);
+    button->setGeometry(width() - number * (buttonMargin + buttonSize), buttonMargin, buttonSize, buttonSize);
+    connect(button, &QAbstractButton::clicked, this, action);
+  };
+  addButton("Close", closeStrokes(), 1, [this] { actions_.close(); });
+  addButton("Minimize", minimizeStrokes(), 2, [this] { actions_.minimize(); });
+  new QShortcut(
+      Qt::CTRL | Qt::Key_M, this, [this] { actions_.minimize(); }, Qt::WidgetShortcut);
+  new QShortcut(
+      Qt::CTRL | Qt::Key_W, this, [this] { actions_.close(); }, Qt::WidgetShortcut);
+  new QShortcut(
+      Qt::CTRL | Qt::Key_H, this, [this] { actions_.hide(); }, Qt::WidgetShortcut);
 }
 
 void DocumentWindow::setScheme(Scheme scheme) {
@@ -73,8 +125,6 @@ void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(font);
   painter.setPen(look_.ink);
   painter.drawText(QRect(0, 0, width(), titleHeight), Qt::AlignCenter, windowTitle());
-  paintButton(painter, Part::closeButton);
-  paintButton(painter, Part::minimizeButton);
   constexpr int margin = 20;
   paintDocument(painter, QRectF(rect()).adjusted(margin, titleHeight + margin, -margin, -margin), content_.application,
                 content_.variant, look_);
@@ -86,89 +136,23 @@ void DocumentWindow::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-void DocumentWindow::paintButton(QPainter& painter, Part part) const {
-  const QRectF place = buttonPlace(part);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(hovered_ == part ? look_.buttonHovered : look_.button);
-  painter.drawRoundedRect(place, 6, 6);
-  painter.setPen(QPen(look_.ink, 1.6, Qt::SolidLine, Qt::RoundCap));
-  const QPointF center = place.center();
-  constexpr double arm = 4;
-  if (part == Part::minimizeButton) {
-    painter.drawLine(center + QPointF(-arm, 3), center + QPointF(arm, 3));
-  } else {
-    painter.drawLine(center + QPointF(-arm, -arm), center + QPointF(arm, arm));
-    painter.drawLine(center + QPointF(arm, -arm), center + QPointF(-arm, arm));
-  }
-}
-
-QRect DocumentWindow::buttonPlace(Part part) {
-  constexpr int margin = (titleHeight - buttonSize) / 2;
-  const int number = part == Part::closeButton ? 1 : 2;
-  return {windowSize.width() - number * (margin + buttonSize), margin, buttonSize, buttonSize};
-}
-
-DocumentWindow::Part DocumentWindow::partAt(QPoint place) {
-  for (const Part button : {Part::closeButton, Part::minimizeButton}) {
-    if (buttonPlace(button).contains(place)) {
-      return button;
-    }
-  }
-  return place.y() < titleHeight ? Part::titleBar : Part::page;
-}
-
 void DocumentWindow::mousePressEvent(QMouseEvent* event) {
   raise();
-  if (event->button() != Qt::LeftButton) {
-    return;
+  if (event->button() == Qt::LeftButton && event->pos().y() < titleHeight) {
+    grip_ = event->globalPosition().toPoint() - pos();
   }
-  pressed_ = partAt(event->pos());
-  grip_ = event->globalPosition().toPoint() - pos();
 }
 
 void DocumentWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (pressed_ == Part::titleBar) {
-    move(event->globalPosition().toPoint() - grip_);
-  } else if (const Part part = partAt(event->pos()); hovered_ != part) {
-    hovered_ = part;
-    update(0, 0, width(), titleHeight);
+  if (grip_) {
+    move(event->globalPosition().toPoint() - *grip_);
   }
 }
 
 void DocumentWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) {
-    return;
-  }
-  const std::optional<Part> pressed = std::exchange(pressed_, std::nullopt);
-  if (pressed == Part::titleBar) {
+  if (grip_ && event->button() == Qt::LeftButton) {
+    grip_.reset();
     actions_.moved();
-  } else if (pressed != partAt(event->pos())) {
-    return;
-  } else if (pressed == Part::minimizeButton) {
-    actions_.minimize(event->modifiers().testFlag(Qt::ShiftModifier) ? Pace::slow : Pace::usual);
-  } else if (pressed == Part::closeButton) {
-    actions_.close();
-  }
-}
-
-void DocumentWindow::leaveEvent(QEvent* /*event*/) {
-  hovered_.reset();
-  update(0, 0, width(), titleHeight);
-}
-
-void DocumentWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->modifiers() != Qt::ControlModifier) {
-    return QWidget::keyPressEvent(event);
-  }
-  switch (event->key()) {
-    case Qt::Key_M:
-      return actions_.minimize(Pace::usual);
-    case Qt::Key_W:
-      return actions_.close();
-    case Qt::Key_H:
-      return actions_.hide();
-    default:
-      return QWidget::keyPressEvent(event);
   }
 }
 

@@ -12,13 +12,11 @@
 namespace tarnwell::standin {
 
 /// A window that belongs to one of the dock's own applications. It can be moved by its title bar, closed, and
-/// minimized: with Shift held in slow motion.
+/// minimized.
 class DocumentWindow final : public QWidget {
  public:
-  enum class Pace { usual, slow };
-
   struct Actions {
-    std::function<void(Pace)> minimize;
+    std::function<void()> minimize;
     std::function<void()> close;
     std::function<void()> hide;  // the whole application
     std::function<void()> moved;
@@ -45,26 +43,16 @@ class DocumentWindow final : public QWidget {
   QPixmap picture();
 
  private:
-  enum class Part { minimizeButton, closeButton, titleBar, page };
-
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-
-  static QRect buttonPlace(Part part);
-  static Part partAt(QPoint place);
-  void paintButton(QPainter& painter, Part part) const;
 
   Content content_;
   Actions actions_;
   Look look_ = Look::of(Scheme::light);
-  std::optional<Part> pressed_;
-  std::optional<Part> hovered_;
-  QPoint grip_;  // where the title bar was taken
+  std::optional<QPoint> grip_;  // where the title bar is held
   std::function<void()> painted_;
   bool isPictured_ = false;  // painted for picture(), with smooth corners
 };

@@ -49,10 +49,17 @@ std::uint32_t opaque(std::uint32_t color) { return qUnpremultiply(color) | 0xff0
 
 }  // namespace
 
-EffectOverlay::EffectOverlay(Surface& surface) : surface_(surface), frames_([this] { return frame(); }) {
+EffectOverlay::EffectOverlay(Surface& surface) : surface_(surface) {
   setWindowTitle(QStringLiteral("Minimizing"));
   setAttribute(Qt::WA_TransparentForMouseEvents);
   surface_.adopt(*this, Surface::Role::effect);
+  progress_.setStartValue(0.0);
+  progress_.setEndValue(1.0);
+  connect(&progress_, &QVariantAnimation::valueChanged, this, [this] {
+    draw();
+    repaint();
+  });
+  connect(&progress_, &QVariantAnimation::finished, this, [this] { std::exchange(arrived_, {})(); });
 }
 
 void EffectOverlay::start(const QPixmap& picture, const Journey& journey, std::function<void()> arrived) {
@@ -63,30 +70,18 @@ void EffectOverlay::start(const QPixmap& picture, const Journey& journey, std::f
   picture_.emplace(pixelsOf(picture));
   setGeometry(journey.window.united(journey.icon).adjusted(-margin, -margin, margin, margin));
   canvas_ = Pixels(static_cast<int>(std::ceil(width() * ratio_)), static_cast<int>(std::ceil(height() * ratio_)));
-  began_ = std::chrono::steady_clock::now();
-  draw(0);
+  progress_.setDuration(static_cast<int>(journey.duration.count()));
+  progress_.setDirection(journey.direction);
+  progress_.start();
+  draw();
   show();
   raise();
   repaint();
-  frames_.start();
 }
 
-Frames::Next EffectOverlay::frame() {
-  const auto elapsed = std::chrono::steady_clock::now() - began_;
-  const double progress = std::min(std::chrono::duration<double>(elapsed) / journey_.duration, 1.0);
-  draw(progress);
-  repaint();
-  if (progress < 1) {
-    return Frames::Next::wanted;
-  }
-  std::exchange(arrived_, {})();
-  return Frames::Next::none;
-}
-
-void EffectOverlay::draw(double progress) {
-  const bool isInward = journey_.direction == Direction::intoDock;
+void EffectOverlay::draw() {
   const Warp warp(journey_.effect, rectangleOf(journey_.window), rectangleOf(journey_.icon));
-  const double share = isInward ? progress : 1 - progress;
+  const double share = progress_.currentValue().toDouble();
   std::ranges::fill(canvas_.values, 0U);
   const double wide = picture_->width() - 2 * rim;
   const double high = picture_->height() - 2 * rim;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGui/QImage>
+#include <QtCore/QVariantAnimation>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 #include <chrono>
@@ -9,7 +9,6 @@
 
 #include "standin/dock/model/MeshPainter.h"
 #include "standin/dock/model/Warp.h"
-#include "standin/dock/ui/Frames.h"
 #include "standin/dock/ui/Surface.h"
 
 namespace tarnwell::standin {
@@ -17,13 +16,11 @@ namespace tarnwell::standin {
 /// The picture of a window on its way into the dock, or out of it.
 class EffectOverlay final : public QWidget {
  public:
-  enum class Direction { intoDock, outOfDock };
-
   struct Journey {
     MinimizeEffect effect = MinimizeEffect::genie;
     QRect window;
     QRect icon;
-    Direction direction = Direction::intoDock;
+    QVariantAnimation::Direction direction = QVariantAnimation::Forward;  // into the dock; else out of it
     std::chrono::milliseconds duration{0};
   };
 
@@ -35,8 +32,7 @@ class EffectOverlay final : public QWidget {
 
  private:
   void paintEvent(QPaintEvent* event) override;
-  Frames::Next frame();
-  void draw(double progress);
+  void draw();
   QRegion outline() const;
 
   Surface& surface_;
@@ -44,9 +40,8 @@ class EffectOverlay final : public QWidget {
   std::optional<Picture> picture_;
   Pixels canvas_;
   double ratio_ = 1;
-  std::chrono::steady_clock::time_point began_;
   std::function<void()> arrived_;
-  Frames frames_;
+  QVariantAnimation progress_;  // from the window, at 0, to the icon
 };
 
 }  // namespace tarnwell::standin

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "standin/dock/model/Easing.h"
 #include "standin/dock/model/SpreadLayout.h"
 #include "standin/dock/ui/Blur.h"
 #include "standin/dock/ui/Conversions.h"
@@ -14,7 +13,7 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr double secondsToSpread = 0.24;
+constexpr int millisecondsToSpread = 240;
 constexpr int titleRoom = 34;
 
 // What was on the screen, out of focus and darker, so that the windows that stand there do not show twice.
@@ -27,11 +26,19 @@ QPixmap dimmed(const QPixmap& picture) {
 
 }  // namespace
 
-SpreadOverlay::SpreadOverlay(Surface& surface, ScrollGesture& scrolling)
-    : surface_(surface), scrolling_(scrolling), frames_([this] { return frame(); }) {
+SpreadOverlay::SpreadOverlay(Surface& surface, ScrollGesture& scrolling) : surface_(surface), scrolling_(scrolling) {
   setWindowTitle(QStringLiteral("Windows"));
   setMouseTracking(true);
   surface_.adopt(*this, Surface::Role::overlay);
+  spreading_.setStartValue(0.0);
+  spreading_.setEndValue(1.0);
+  spreading_.setDuration(millisecondsToSpread);
+  connect(&spreading_, &QVariantAnimation::valueChanged, this, [this] { repaint(); });
+  connect(&spreading_, &QVariantAnimation::finished, this, [this] {
+    if (!isOpen()) {
+      finish();
+    }
+  });
   surface_.onEscape([this] { close(); });
   surface_.onArea([this] {
     if (isVisible()) {
@@ -51,8 +58,8 @@ void SpreadOverlay::open(std::vector<Window> windows, const QPixmap& behind,
   behind_ = behind;
   backdrop_ = dimmed(behind);
   // They go on from where they are.
-  from_ = isVisible() ? share() : 0;
-  turn(true);
+  spreading_.setDirection(QVariantAnimation::Forward);
+  spreading_.start();
   show();
   raise();
   surface_.raiseDock();
@@ -71,10 +78,10 @@ void SpreadOverlay::arrange() {
 }
 
 void SpreadOverlay::close() {
-  if (isOpening_) {
+  if (isOpen()) {
     surface_.watchEscape(false);
-    from_ = share();
-    turn(false);
+    spreading_.setDirection(QVariantAnimation::Backward);
+    spreading_.start();
   }
 }
 
@@ -82,28 +89,6 @@ QPixmap SpreadOverlay::backdrop(const QRect& part) const {
   const double ratio = backdrop_.devicePixelRatio();
   const QRectF place(part.translated(-pos()));
   return backdrop_.copy(QRectF(place.topLeft() * ratio, place.size() * ratio).toAlignedRect());
-}
-
-void SpreadOverlay::turn(bool isOpening) {
-  isOpening_ = isOpening;
-  began_ = std::chrono::steady_clock::now();
-  frames_.start();
-}
-
-double SpreadOverlay::share() const {
-  const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - began_).count();
-  const double way = elapsed / secondsToSpread;
-  return std::clamp(isOpening_ ? from_ + way : from_ - way, 0.0, 1.0);
-}
-
-Frames::Next SpreadOverlay::frame() {
-  const double now = share();
-  repaint();
-  if (!isOpening_ && now <= 0) {
-    finish();
-    return Frames::Next::none;
-  }
-  return isOpening_ && now >= 1 ? Frames::Next::none : Frames::Next::wanted;
 }
 
 void SpreadOverlay::finish() {
@@ -124,7 +109,7 @@ QRectF SpreadOverlay::placeOf(std::size_t window) const {
   const QRect& stands = windows_[window].place;
   const Rectangle& spread = spread_[window];
   const double scale = spread.height / (stands.height() + titleRoom);
-  const double share = smooth(this->share());
+  const double share = this->share();
   return {mixed(stands.x(), spread.x, share) - x(), mixed(stands.y(), spread.y, share) - y(),
           mixed(stands.width(), spread.width, share), mixed(stands.height(), stands.height() * scale, share)};
 }
@@ -161,7 +146,7 @@ void SpreadOverlay::paintWindow(QPainter& painter, std::size_t window) const {
   font.setWeight(QFont::Medium);
   painter.setFont(font);
   painter.setPen(Qt::white);
-  painter.setOpacity(smooth(share()));
+  painter.setOpacity(share());
   painter.drawText(QRectF(place.x(), place.bottom() + 8, place.width(), titleRoom - 8), Qt::AlignCenter,
                    windows_[window].title);
   painter.setOpacity(1);

@@ -1,17 +1,17 @@
 #pragma once
 
 #include <QtCore/QRect>
+#include <QtCore/QVariantAnimation>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <vector>
 
+#include "standin/dock/model/Easing.h"
 #include "standin/dock/model/Geometry.h"
 #include "standin/dock/model/ScrollGesture.h"
-#include "standin/dock/ui/Frames.h"
 #include "standin/dock/ui/Surface.h"
 
 namespace tarnwell::standin {
@@ -32,7 +32,7 @@ class SpreadOverlay final : public QWidget {
   /// one was. While it is still closing, it opens anew at once.
   void open(std::vector<Window> windows, const QPixmap& behind, std::function<void(std::optional<std::size_t>)> chosen);
   void close();
-  bool isOpen() const { return isOpening_; }
+  bool isOpen() const { return isVisible() && spreading_.direction() == QVariantAnimation::Forward; }
 
   /// What can be seen without it, as long as it has not gone.
   const QPixmap& behind() const { return behind_; }
@@ -47,9 +47,7 @@ class SpreadOverlay final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
-  Frames::Next frame();
-  double share() const;
-  void turn(bool isOpening);
+  double share() const { return smooth(spreading_.currentValue().toDouble()); }
   void arrange();
   void finish();
   void tellChoice();
@@ -67,10 +65,7 @@ class SpreadOverlay final : public QWidget {
   std::optional<std::size_t> choice_;
   std::optional<std::size_t> hovered_;
   bool isPressed_ = false;
-  bool isOpening_ = false;
-  double from_ = 0;
-  std::chrono::steady_clock::time_point began_;
-  Frames frames_;
+  QVariantAnimation spreading_;  // forwards as it opens, backwards as it closes
 };
 
 }  // namespace tarnwell::standin
