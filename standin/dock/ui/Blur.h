@@ -4,7 +4,7 @@
 
 namespace tarnwell::standin {
 
-/// The picture out of focus, as through frosted glass. Takes about a millisecond for a whole screen.
+/// The picture out of focus, as through frosted glass. Takes some milliseconds for a whole screen.
 QPixmap blurred(const QPixmap& picture);
 
 }  // namespace tarnwell::standin

@@ -25,8 +25,8 @@ DockMenu::DockMenu(Surface& surface, const Look& look) : surface_(surface), look
 }
 
 void DockMenu::openAbove(QPoint place) {
-  const QSize size = sizeHint();
-  popup(surface_.toScreen(place - QPoint(size.width() / 2, size.height())));
+  const QPoint corner = place - QPoint(sizeHint().width() / 2, sizeHint().height());
+  popup(parentWidget() == nullptr ? corner : parentWidget()->mapToGlobal(corner));
 }
 
 // The last moment at which the screen shows what is behind it.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QtCore/QSocketNotifier>
-#include <QtCore/QTimer>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,13 +29,8 @@ class DockUi {
   std::optional<DockBehavior> told_;
   std::unique_ptr<DockScene> scene_;
   std::optional<Scheme> scheme_;  // nothing while the desktop has not said
-  QTimer patience_;
   Appearance appearance_;
   QSocketNotifier arrival_;
 };
-
-/// Shows the Docks of which standard input tells until that ends; nothing, but as long, where no display can be
-/// reached.
-int showUi(int& argc, char** argv, const std::string& deskPath);
 
 }  // namespace tarnwell::standin

@@ -237,13 +237,6 @@ ShelfPainter::Frame DockWidget::currentFrame() const {
           .now = lastFrame_};
 }
 
-bool DockWidget::event(QEvent* event) {
-  if (event->type() == QEvent::Hide) {
-    onDock_ = false;
-  }
-  return QWidget::event(event);
-}
-
 void DockWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const bool isOpaque = !surface_.blends() && !backdrop_.isNull();

@@ -66,7 +66,7 @@ class DockWidget final : public QWidget {
  private:
   using Time = Reveal::Time;
 
-  bool event(QEvent* event) override;
+  void hideEvent(QHideEvent* /*event*/) override { onDock_ = false; }
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;

@@ -74,7 +74,7 @@ QRegion roundedRegion(const QRectF& rectangle, double radius) {
 
 void ShelfPainter::paint(QPainter& painter, const Frame& frame, const QPixmap& behind) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  paintShelf(painter, frame, behind);
+  paintPanel(painter, shelfOf(frame), shelfRadius, look_.shelf, look_, behind);
   const auto places = frame.layout.placed(frame.attention);
   for (std::size_t i = 0; i < places.size(); ++i) {
     paintSlot(painter, frame, frame.items[i], places[i]);
@@ -99,10 +99,6 @@ QRegion ShelfPainter::outline(const Frame& frame) {
 
 int ShelfPainter::heightFor(const ShelfLayout& layout) {
   return static_cast<int>(std::ceil(layout.grownTop() + labelGap + labelHeight + 4));
-}
-
-void ShelfPainter::paintShelf(QPainter& painter, const Frame& frame, const QPixmap& behind) {
-  paintPanel(painter, shelfOf(frame), shelfRadius, look_.shelf, look_, behind);
 }
 
 void ShelfPainter::paintSlot(QPainter& painter, const Frame& frame, const DockItem& item,

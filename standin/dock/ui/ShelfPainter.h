@@ -55,7 +55,6 @@ class ShelfPainter {
   static int heightFor(const ShelfLayout& layout);
 
  private:
-  void paintShelf(QPainter& painter, const Frame& frame, const QPixmap& behind);
   void paintSlot(QPainter& painter, const Frame& frame, const DockItem& item, const ShelfLayout::Placed& place);
   void paintPicture(QPainter& painter, const DockItem& item, const QRectF& square);
   void paintLabel(QPainter& painter, const Frame& frame);

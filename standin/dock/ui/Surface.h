@@ -40,16 +40,13 @@ class Surface {
   /// What can be seen now.
   virtual QPixmap picture(const QRect& part) const = 0;
 
-  /// From the coordinates of widgets that were put here to those of the screen.
-  virtual QPoint toScreen(QPoint place) const = 0;
-
   /// Puts every adopted dock above whatever else there is.
   virtual void raiseDock() = 0;
 
   /// How far up from the lower edge the pointer counts as being at the edge, in points.
   virtual void setEdgeHeight(int points) = 0;
 
-  virtual void setScheme(Scheme scheme) = 0;
+  virtual void setScheme(Scheme /*scheme*/) {}
 
   /// Whether onEscape() hears of the key, wherever the focus is: nothing here may take it from another program's
   /// window. Another program may have asked for the key before; then nothing is heard.

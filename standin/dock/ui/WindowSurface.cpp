@@ -8,6 +8,7 @@
 #include <QtGui/QWindow>
 
 namespace tarnwell::standin {
+
 WindowSurface::WindowSurface() : floor_(new QWidget(this)) {
   constexpr QSize size(1000, 640);
   constexpr QSize least(480, 360);
@@ -19,8 +20,6 @@ WindowSurface::WindowSurface() : floor_(new QWidget(this)) {
   // Hears of the pointer wherever in the window it is.
   windowHandle()->installEventFilter(this);
 }
-
-WindowSurface::~WindowSurface() = default;
 
 void WindowSurface::adopt(QWidget& widget, Role role) {
   if (role == Role::menu) {

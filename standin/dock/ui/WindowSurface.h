@@ -11,13 +11,11 @@ namespace tarnwell::standin {
 class WindowSurface final : public Surface, private QWidget {
  public:
   WindowSurface();
-  ~WindowSurface() override;
 
   QRect area() const override { return rect(); }
   void adopt(QWidget& widget, Role role) override;
   bool blends() const override { return true; }
   QPixmap picture(const QRect& part) const override;
-  QPoint toScreen(QPoint place) const override { return mapToGlobal(place); }
   void raiseDock() override {}
   void setEdgeHeight(int /*points*/) override {}
   void setScheme(Scheme scheme) override;

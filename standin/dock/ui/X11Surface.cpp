@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,11 @@ struct FreeReply {
 };
 template <class T>
 using Reply = std::unique_ptr<T, FreeReply>;
+
+template <class Event>
+const Event& as(const xcb_generic_event_t& event) {
+  return reinterpret_cast<const Event&>(event);
+}
 
 xcb_window_t rootOf(xcb_connection_t* display, int number) {
   xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(display));
@@ -203,8 +209,6 @@ void X11Surface::setEdgeHeight(int points) {
   }
 }
 
-void X11Surface::setScheme(Scheme /*scheme*/) {}
-
 void X11Surface::reset() {
   Surface::reset();
   // It may have come or gone meanwhile.
@@ -216,7 +220,6 @@ void X11Surface::makeEdge() {
   constexpr std::uint32_t stacking = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
   xcb_change_window_attributes(display_.get(), root_, XCB_CW_EVENT_MASK, &stacking);
   edge_ = xcb_generate_id(display_.get());
-  above_ = WindowsAbove(edge_);
   const std::array<std::uint32_t, 2> values = {1, XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW};
   xcb_create_window(display_.get(), 0, edge_, root_, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
                     XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
@@ -274,35 +277,61 @@ void X11Surface::hearAll() {
 
 void X11Surface::hear(const xcb_generic_event_t& event) {
   constexpr std::uint8_t sentByClient = 0x80;
-  above_.take(event);
-  switch (event.response_type & ~sentByClient) {
+  const int kind = event.response_type & ~sentByClient;
+  switch (kind) {
     case XCB_ENTER_NOTIFY:
-    case XCB_LEAVE_NOTIFY: {
-      const auto& crossing = reinterpret_cast<const xcb_enter_notify_event_t&>(event);
-      if (crossing.event == edge_) {
-        tellEdge((event.response_type & ~sentByClient) == XCB_ENTER_NOTIFY);
+    case XCB_LEAVE_NOTIFY:
+      if (as<xcb_enter_notify_event_t>(event).event == edge_) {
+        tellEdge(kind == XCB_ENTER_NOTIFY);
       }
       break;
-    }
     case XCB_BUTTON_PRESS:
-      passOn(reinterpret_cast<const xcb_button_press_event_t&>(event));
+      passOn(as<xcb_button_press_event_t>(event));
       break;
     case XCB_KEY_PRESS:
       tellEscape();
       break;
-    case XCB_MAP_NOTIFY: {
-      const auto& mapped = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-      goAbove(mapped.window, mapped.override_redirect != 0);
+    case XCB_CREATE_NOTIFY:
+      // A window begins on top.
+      above_.insert(as<xcb_create_notify_event_t>(event).window);
       break;
-    }
-    case XCB_CONFIGURE_NOTIFY: {
-      const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-      goAbove(configured.window, configured.override_redirect != 0);
+    case XCB_DESTROY_NOTIFY:
+      above_.erase(as<xcb_destroy_notify_event_t>(event).window);
       break;
-    }
+    case XCB_REPARENT_NOTIFY:
+      noteParent(as<xcb_reparent_notify_event_t>(event));
+      break;
+    case XCB_MAP_NOTIFY:
+      goAbove(as<xcb_map_notify_event_t>(event).window, as<xcb_map_notify_event_t>(event).override_redirect != 0);
+      break;
+    case XCB_CONFIGURE_NOTIFY:
+      noteOrder(as<xcb_configure_notify_event_t>(event));
+      break;
     default:
       break;
   }
+}
+
+void X11Surface::noteParent(const xcb_reparent_notify_event_t& moved) {
+  above_.erase(moved.window);
+  if (moved.parent == moved.event) {
+    above_.insert(moved.window);
+  }
+}
+
+void X11Surface::noteOrder(const xcb_configure_notify_event_t& configured) {
+  const xcb_window_t below = configured.above_sibling;
+  if (configured.window == edge_) {
+    if (above_.contains(below)) {
+      // It never goes anywhere but to the top, or below everything for a moment.
+      above_.clear();
+    }
+  } else if (below == edge_ || above_.contains(below)) {
+    above_.insert(configured.window);
+  } else {
+    above_.erase(configured.window);
+  }
+  goAbove(configured.window, configured.override_redirect != 0);
 }
 
 // A window that is only moved about is none of its business. Another program that wants to be on top of everything is

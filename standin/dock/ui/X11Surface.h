@@ -7,10 +7,10 @@
 #include <QtCore/QTimer>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "standin/dock/ui/Surface.h"
-#include "standin/dock/ui/WindowsAbove.h"
 
 namespace tarnwell::standin {
 
@@ -26,10 +26,8 @@ class X11Surface final : public Surface {
   void adopt(QWidget& widget, Role role) override;
   bool blends() const override { return blends_; }
   QPixmap picture(const QRect& part) const override;
-  QPoint toScreen(QPoint place) const override { return place; }
   void raiseDock() override;
   void setEdgeHeight(int points) override;
-  void setScheme(Scheme scheme) override;
   void watchEscape(bool isWatched) override;
   void reset() override;
 
@@ -48,6 +46,8 @@ class X11Surface final : public Surface {
   int lastRow(int bottom) const;
   void stackEdge(std::uint32_t place);
   void passOn(const xcb_button_press_event_t& press);
+  void noteParent(const xcb_reparent_notify_event_t& moved);
+  void noteOrder(const xcb_configure_notify_event_t& configured);
   void goAbove(xcb_window_t window, bool isOnTop);
   bool isOwn(xcb_window_t window) const;
 
@@ -56,7 +56,7 @@ class X11Surface final : public Surface {
   xcb_window_t root_ = 0;
   xcb_window_t edge_ = 0;
   std::vector<xcb_keycode_t> escapes_;
-  WindowsAbove above_;
+  std::set<xcb_window_t> above_;  // the edge, as far as the server's events tell
   int edgeHeight_ = 1;
   int screenNumber_;
   bool blends_;
