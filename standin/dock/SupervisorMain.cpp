@@ -3,16 +3,25 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "standin/dock/Supervisor.h"
+#include "standin/dock/RestartPolicy.h"
+#include "standin/dock/UiProcess.h"
 #include "standin/store/SystemRoot.h"
 #include "system/FileLock.h"
 #include "system/Folders.h"
+#include "system/Process.h"
+#include "system/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -23,6 +32,121 @@ Keeps the Dock that lies beside this program running until it is ended itself.
 
   --help   this text
 )";
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds grace{2000};  // for a process that was asked to end
+constexpr std::array<int, 4> watched = {SIGTERM, SIGINT, SIGHUP, SIGCHLD};
+
+/// Keeps the Dock that lies beside this program running, until a SIGTERM, SIGINT or SIGHUP asks both to end. The kernel
+/// kills the Dock when the supervisor dies in any other way. The UI that shows it stays for the next one. Sleeps
+/// whenever there is nothing to do.
+class Supervisor {
+ public:
+  /// Returns when asked to end, with the process gone and reaped.
+  void run() {
+    ::sigemptyset(&signals_);
+    for (const int signal : watched) {
+      ::sigaddset(&signals_, signal);
+    }
+    ::sigprocmask(SIG_BLOCK, &signals_, nullptr);
+    // An inherited SIG_IGN would have the kernel reap for us and lose the status.
+    (void)std::signal(SIGCHLD, SIG_DFL);
+    for (;;) {
+      const Clock::time_point begin = Clock::now();
+      start();
+      const auto end = waitForEnding();
+      if (!end) {
+        return stop();
+      }
+      if (ui_) {
+        ui_->tellEnd();
+      }
+      const auto lifetime = std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
+      if (!rest(policy_.delayAfter(endingOf(*end), lifetime))) {
+        return;
+      }
+    }
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void start() {
+    if (!ui_ || !ui_->isRunning()) {
+      ui_ = UiProcess::start();
+    }
+    // It lets SIGTERM through once it has spoken, so that no kill comes before the line in its log.
+    const auto own = system::runningExecutable();
+    auto started = own ? system::Process::start({.words = {own->parent_path() / "Dock", ui_ ? "--ui=3" : "--no-window"},
+                                                 .extra = ui_ ? ui_->socket() : -1,
+                                                 .blockedSignals = {SIGTERM},
+                                                 .endsWithStarter = true})
+                       : own.error();
+    if (!started) {
+      diagnostics::printErrorLine("dock-supervisor: " + started.error().message);
+    }
+    process_ = started ? *std::move(started) : system::Process(-1);
+  }
+
+  // Nothing when asked to end before the process has ended.
+  std::optional<system::ProcessEnd> waitForEnding() {
+    for (;;) {
+      if (const auto end = ended()) {
+        return end;
+      }
+      if (signalBefore(Clock::time_point::max()) != SIGCHLD) {
+        return std::nullopt;
+      }
+    }
+  }
+
+  // A process that could not even be made has failed.
+  std::optional<system::ProcessEnd> ended() { return process_.number() > 0 ? process_.end() : system::ProcessEnd{}; }
+
+  void stop() {
+    process_.send(SIGTERM);
+    const Clock::time_point deadline = Clock::now() + grace;
+    while (!ended()) {
+      if (!signalBefore(deadline)) {
+        process_.send(SIGKILL);
+        process_.wait();
+      }
+    }
+  }
+
+  // The next signal, or nothing when `end` has come first.
+  std::optional<int> signalBefore(Clock::time_point end) const {
+    for (;;) {
+      const auto left = std::max(end - Clock::now(), Clock::duration::zero());
+      const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
+      const timespec time{seconds.count(), std::chrono::nanoseconds(left - seconds).count()};
+      const int signal = ::sigtimedwait(&signals_, nullptr, &time);
+      if (signal > 0) {
+        return signal;
+      }
+      if (errno == EAGAIN) {
+        return std::nullopt;
+      }
+    }
+  }
+
+  // False when asked to end meanwhile.
+  bool rest(milliseconds delay) const {
+    const Clock::time_point end = Clock::now() + delay;
+    while (const auto signal = signalBefore(end)) {
+      if (*signal != SIGCHLD) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  sigset_t signals_{};
+  RestartPolicy policy_;
+  system::Process process_{-1};
+  std::unique_ptr<UiProcess> ui_;
+};
 
 int fail(const std::string& message, int status) {
   diagnostics::printErrorLine("dock-supervisor: " + message);

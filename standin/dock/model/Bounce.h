@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 
@@ -18,14 +19,14 @@ class Bounce {
   Bounce() = default;
   explicit Bounce(Time begin) : begin_(begin) {}
 
-  /// 0 on the shelf, 1 at the top.
-  double height(Time now) const;
+  /// 0 on the shelf, 1 at the top: as of what is thrown straight up, fast at both ends and slow at the top.
+  double height(Time now) const { return 4 * share(now) * (1 - share(now)); }
 
   /// Whether the next frame differs from this one.
-  bool isMoving(Time now) const;
+  bool isMoving(Time now) const { return share(now) < 1; }
 
  private:
-  double share(Time now) const;
+  double share(Time now) const { return begin_ ? std::clamp(Seconds(now - *begin_) / duration, 0.0, 1.0) : 1; }
 
   std::optional<Time> begin_;
 };

@@ -1,6 +1,7 @@
 #include "standin/dock/model/Desk.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <locale>
 #include <sstream>
@@ -19,28 +20,18 @@ Document makeDocument(const char* title, Point place) { return {.title = title, 
 
 constexpr const char* orderWord = "order";  // starts the last line of the text
 
-constexpr const char* wordOf(DocumentState state) {
-  switch (state) {
-    case DocumentState::open:
-      return "open";
-    case DocumentState::minimized:
-      return "minimized";
-    case DocumentState::closed:
-      break;
-  }
-  return "closed";
-}
+// In the order of the states.
+constexpr std::array<std::string_view, 3> stateWords = {"closed", "open", "minimized"};
 
 bool read(std::istream& text, DocumentState& state) {
   std::string word;
   text >> word;
-  for (const auto each : {DocumentState::closed, DocumentState::open, DocumentState::minimized}) {
-    if (word == wordOf(each)) {
-      state = each;
-      return true;
-    }
+  const auto* const found = std::ranges::find(stateWords, word);
+  if (found == stateWords.end()) {
+    return false;
   }
-  return false;
+  state = static_cast<DocumentState>(found - stateWords.begin());
+  return true;
 }
 
 bool read(std::istream& text, Document& document) {
@@ -142,7 +133,8 @@ std::string Desk::text() const {
     text << application.id << (application.isRunning ? " running" : " ended")
          << (application.isHidden ? " hidden" : " shown");
     for (const Document& document : application.documents) {
-      text << ' ' << wordOf(document.state) << ' ' << document.place.x << ' ' << document.place.y;
+      text << ' ' << stateWords.at(static_cast<std::size_t>(document.state)) << ' ' << document.place.x << ' '
+           << document.place.y;
     }
     text << '\n';
   }

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::array effects = {MinimizeEffect::genie, MinimizeEffect::scale, MinimizeEffect::suck};
+// In the order of the effects.
+constexpr std::array<std::string_view, 3> names = {"genie", "scale", "suck"};
 
 char lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; }
 
@@ -14,21 +16,11 @@ bool isSame(std::string_view left, std::string_view right) { return std::ranges:
 
 }  // namespace
 
-std::string_view effectName(MinimizeEffect effect) {
-  switch (effect) {
-    case MinimizeEffect::scale:
-      return "scale";
-    case MinimizeEffect::suck:
-      return "suck";
-    case MinimizeEffect::genie:
-      break;
-  }
-  return "genie";
-}
+std::string_view effectName(MinimizeEffect effect) { return names.at(static_cast<std::size_t>(effect)); }
 
 MinimizeEffect effectNamed(std::string_view name) {
-  const auto* found = std::ranges::find_if(effects, [&](auto each) { return isSame(effectName(each), name); });
-  return found == effects.end() ? MinimizeEffect::genie : *found;
+  const auto* const found = std::ranges::find_if(names, [&](std::string_view each) { return isSame(each, name); });
+  return found == names.end() ? MinimizeEffect::genie : static_cast<MinimizeEffect>(found - names.begin());
 }
 
 }  // namespace tarnwell::standin
