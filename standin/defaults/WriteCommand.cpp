@@ -10,12 +10,6 @@ Status reported(const TypedValue& typed) {
   return typed.status;
 }
 
-void appendItems(plist_t array, plist_t items) {
-  for (std::uint32_t i = 0; i < plist_array_get_size(items); ++i) {
-    plist_array_append_item(array, plist_copy(plist_array_get_item(items, i)));
-  }
-}
-
 // False when what is there is of another type.
 bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
   plist_t there = plist_dict_get_item(dictionary, key.c_str());
@@ -26,10 +20,12 @@ bool place(plist_t dictionary, const std::string& key, TypedValue typed) {
   if (plist_get_node_type(there) != plist_get_node_type(typed.value.get())) {
     return false;
   }
-  if (typed.placement == Placement::appendItems) {
-    appendItems(there, typed.value.get());
-  } else {
+  if (typed.placement == Placement::mergeEntries) {
     plist_dict_merge(&there, typed.value.get());
+    return true;
+  }
+  for (plist_t item : itemsOf(typed.value.get())) {
+    plist_array_append_item(there, plist_copy(item));
   }
   return true;
 }

@@ -56,13 +56,11 @@ std::string dictionaryText(plist_t node, std::size_t level) {
 }
 
 std::string arrayText(plist_t node, std::size_t level) {
-  std::string text = indent(level) + "(\n";
-  const std::uint32_t count = plist_array_get_size(node);
-  for (std::uint32_t i = 0; i < count; ++i) {
-    text += indent(level + 1) + oldStyleText(plist_array_get_item(node, i), level + 1);
-    text += i + 1 < count ? ",\n" : "\n";
+  std::string text;
+  for (plist_t item : itemsOf(node)) {
+    text += (text.empty() ? "" : ",\n") + indent(level + 1) + oldStyleText(item, level + 1);
   }
-  return text + indent(level) + ")";
+  return indent(level) + "(\n" + text + (text.empty() ? "" : "\n") + indent(level) + ")";
 }
 
 }  // namespace

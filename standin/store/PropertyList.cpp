@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::string_view binaryMagic = "bplist";
 
+using Entry = std::pair<std::string, plist_t>;
 using Writer = void (*)(plist_t, char**, std::uint32_t*);
 
 std::string written(plist_t node, Writer write) {
@@ -63,19 +64,10 @@ double realOf(plist_t node) {
   return value;
 }
 
-bool areSameArrays(plist_t one, plist_t other) {
-  const std::uint32_t count = plist_array_get_size(one);
-  bool same = count == plist_array_get_size(other);
-  for (std::uint32_t i = 0; same && i < count; ++i) {
-    same = isSame(plist_array_get_item(one, i), plist_array_get_item(other, i));
-  }
-  return same;
-}
+bool areSameArrays(plist_t one, plist_t other) { return std::ranges::equal(itemsOf(one), itemsOf(other), isSame); }
 
 bool areSameDictionaries(plist_t one, plist_t other) {
-  const auto left = entriesOf(one);
-  const auto right = entriesOf(other);
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](const auto& entry, const auto& another) {
+  return std::ranges::equal(entriesOf(one), entriesOf(other), [](const auto& entry, const auto& another) {
     return entry.first == another.first && isSame(entry.second, another.second);
   });
 }
@@ -83,20 +75,14 @@ bool areSameDictionaries(plist_t one, plist_t other) {
 /// Anywhere below; the library keeps both entries of such a key and finds one.
 bool hasRepeatedKey(plist_t node) {
   if (PLIST_IS_ARRAY(node)) {
-    for (std::uint32_t i = 0; i < plist_array_get_size(node); ++i) {
-      if (hasRepeatedKey(plist_array_get_item(node, i))) {
-        return true;
-      }
-    }
+    return std::ranges::any_of(itemsOf(node), hasRepeatedKey);
   }
   if (!PLIST_IS_DICT(node)) {
     return false;
   }
   const auto entries = entriesOf(node);
-  const auto repeated = std::adjacent_find(
-      entries.begin(), entries.end(), [](const auto& entry, const auto& next) { return entry.first == next.first; });
-  return repeated != entries.end() ||
-         std::any_of(entries.begin(), entries.end(), [](const auto& entry) { return hasRepeatedKey(entry.second); });
+  return std::ranges::adjacent_find(entries, {}, &Entry::first) != entries.end() ||
+         std::ranges::any_of(entries, hasRepeatedKey, &Entry::second);
 }
 
 system::Result<PropertyList> parseBinaryList(std::string_view bytes) {
@@ -182,6 +168,14 @@ std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary) {
   std::free(iterator);  // NOLINT(cppcoreguidelines-no-malloc): as above
   std::sort(entries.begin(), entries.end());
   return entries;
+}
+
+std::vector<plist_t> itemsOf(plist_t array) {
+  std::vector<plist_t> items;
+  for (std::uint32_t i = 0; i < plist_array_get_size(array); ++i) {
+    items.push_back(plist_array_get_item(array, i));
+  }
+  return items;
 }
 
 std::string xmlContent(plist_t node) {

@@ -40,6 +40,9 @@ bool isSame(plist_t one, plist_t other);
 /// The entries of a dictionary, sorted by key.
 std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary);
 
+/// The items of an array.
+std::vector<plist_t> itemsOf(plist_t array);
+
 /// What stands between the tags of an integer, a date or another plain value in XML. Unlike the library's getters it
 /// knows unsigned integers from negative ones, and dates after 2068.
 std::string xmlContent(plist_t node);
