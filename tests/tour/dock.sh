@@ -3,7 +3,6 @@
 #
 # shellcheck shell=sh disable=SC2154
 
-minimize_button="314 18" # from the top left corner of a document
 effects="genie scale suck"
 slow_effect=3.36 # seconds, with Shift held
 
@@ -106,6 +105,7 @@ photograph_effect() {
   leave_dock
   wait_for 20 "the document" shows_window Ideas
   ideas=$shown
+  minimize_button=$("$tour/place-of" Ideas "push button" Minimize) || fail "Ideas has no button that minimizes it"
   xdotool windowraise "$ideas"
   # shellcheck disable=SC2086 # two coordinates
   xdotool mousemove --window "$ideas" $minimize_button
