@@ -7,12 +7,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,12 +27,12 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: Dock [--ui=FILE | --no-window | --list | --help]
+constexpr std::string_view usageText = R"(Usage: Dock [--ui | --no-window | --list | --help]
 
 Reads the settings of com.apple.dock once, writes them to $MACOS_ROOT/Library/Logs/Dock.log and shows a dock that goes
 by them until it is killed. MACOS_ROOT is ~/.local/share/macos-standin unless set.
 
-  --ui=FILE     show it on a UI that is there, which listens to this open file
+  --ui          show it on a UI that is there, which listens at its open file 3
   --no-window   show nothing, as where there is no display
   --list        print the settings that it would go by, one "key value" a line, and end
   --help        this text
@@ -60,19 +58,20 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   }
 }
 
+enum class Mode { ownUi, givenUi, noWindow, list };
+
 // A Dock that is started by itself has a UI of its own, which ends with it.
-void show(std::optional<int> socket, const std::string& behavior) {
-  const std::unique_ptr<UiProcess> own = socket ? nullptr : UiProcess::start();
-  if (socket || own) {
-    showOn(socket ? *socket : own->socket(), behavior);
+void show(Mode mode, const std::string& behavior) {
+  constexpr int given = 3;
+  const std::unique_ptr<UiProcess> own = mode == Mode::ownUi ? UiProcess::start() : nullptr;
+  if (mode == Mode::givenUi || own) {
+    showOn(own ? own->socket() : given, behavior);
     // Without a UI it is no use; the next Dock brings another one.
     ::_exit(EXIT_FAILURE);
   }
 }
 
-enum class Mode { ui, noWindow, list };
-
-int run(Mode mode, std::optional<int> socket = std::nullopt) {
+int run(Mode mode) {
   const auto root = systemRoot();
   if (!root) {
     diagnostics::printErrorLine("Dock: " + root.error().message);
@@ -85,41 +84,30 @@ int run(Mode mode, std::optional<int> socket = std::nullopt) {
   setTermination(SIG_BLOCK);
   logSettings(*root, stored);
   setTermination(SIG_UNBLOCK);
-  if (mode == Mode::ui) {
-    // What was read and logged, since the preferences may have changed meanwhile.
-    show(socket, listText(dockBehavior(stored)));
-  }
+  // What was read and logged, since the preferences may have changed meanwhile.
+  show(mode, listText(dockBehavior(stored)));
   for (;;) {
     ::pause();
   }
 }
 
-std::optional<int> numberIn(std::string_view text) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
-}
-
 int runAs(const std::vector<std::string_view>& arguments) {
   if (arguments.empty()) {
-    return run(Mode::ui);
+    return run(Mode::ownUi);
   }
   // Each argument is a way of running by itself, so that there is none that a second one could be.
   const std::string_view argument = arguments.size() > 1 ? "" : arguments.front();
   if (argument == "--help") {
     return diagnostics::print(usageText) ? 0 : 1;
   }
-  if (argument == "--list") {
-    return run(Mode::list);
+  if (argument == "--ui") {
+    return run(Mode::givenUi);
   }
   if (argument == "--no-window") {
     return run(Mode::noWindow);
   }
-  constexpr std::string_view ui = "--ui=";
-  if (argument.starts_with(ui)) {
-    if (const auto socket = numberIn(argument.substr(ui.size()))) {
-      return run(Mode::ui, socket);
-    }
+  if (argument == "--list") {
+    return run(Mode::list);
   }
   diagnostics::printError("Dock: unknown argument " + std::string(arguments.back()) + "\n" + std::string(usageText));
   return 2;

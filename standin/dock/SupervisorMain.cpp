@@ -78,7 +78,7 @@ class Supervisor {
     }
     // It lets SIGTERM through once it has spoken, so that no kill comes before the line in its log.
     const auto own = system::runningExecutable();
-    auto started = own ? system::Process::start({.words = {own->parent_path() / "Dock", ui_ ? "--ui=3" : "--no-window"},
+    auto started = own ? system::Process::start({.words = {own->parent_path() / "Dock", ui_ ? "--ui" : "--no-window"},
                                                  .extra = ui_ ? ui_->socket() : -1,
                                                  .blockedSignals = {SIGTERM},
                                                  .endsWithStarter = true})

@@ -13,9 +13,6 @@ namespace tarnwell::standin {
 namespace {
 
 bool fitsFloat(double value) {
-  if (!std::isfinite(value)) {
-    return true;
-  }
   return std::fabs(value) <= FLT_MAX && static_cast<double>(static_cast<float>(value)) == value;
 }
 

@@ -35,7 +35,7 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme sche
       scheme_(scheme),
       effect_(surface),
       spread_(surface, scrolling_),
-      dock_(surface, icons_, makeReveal(behavior), scrolling_,
+      dock_(surface, makeReveal(behavior), scrolling_,
             {.click = [this](std::size_t item) { click(item); },
              .menu = [this](std::size_t item) { openMenu(item); },
              .scrollUp = [this](std::size_t item) { scrollUp(item); }}) {

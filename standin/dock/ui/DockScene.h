@@ -15,7 +15,6 @@
 #include "standin/dock/ui/DockWidget.h"
 #include "standin/dock/ui/DocumentWindow.h"
 #include "standin/dock/ui/EffectOverlay.h"
-#include "standin/dock/ui/Icons.h"
 #include "standin/dock/ui/SpreadOverlay.h"
 #include "standin/dock/ui/Surface.h"
 
@@ -69,7 +68,6 @@ class DockScene {
   std::string deskPath_;
   Desk desk_;
   std::vector<Bounce> bounces_;  // of the applications
-  Icons icons_;
   Scheme scheme_;
   std::vector<Meaning> meanings_;
   std::map<DocumentId, std::unique_ptr<DocumentWindow>> windows_;

@@ -37,8 +37,8 @@ void DockTile::mouseMoveEvent(QMouseEvent* event) {
   event->ignore();
 }
 
-DockWidget::DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions)
-    : surface_(surface), painter_(icons, look_), actions_(std::move(actions)), reveal_(reveal), scrolling_(scrolling) {
+DockWidget::DockWidget(Surface& surface, const Reveal& reveal, ScrollGesture& scrolling, Actions actions)
+    : surface_(surface), painter_(look_), actions_(std::move(actions)), reveal_(reveal), scrolling_(scrolling) {
   setWindowTitle(QStringLiteral("Dock"));
   setMouseTracking(true);
   alarm_.setSingleShot(true);

@@ -41,7 +41,7 @@ class DockWidget final : public QWidget {
     std::function<void(std::size_t item)> scrollUp;
   };
 
-  DockWidget(Surface& surface, Icons& icons, const Reveal& reveal, ScrollGesture& scrolling, Actions actions);
+  DockWidget(Surface& surface, const Reveal& reveal, ScrollGesture& scrolling, Actions actions);
 
   void setItems(std::vector<DockItem> items);
   void setScheme(Scheme scheme);

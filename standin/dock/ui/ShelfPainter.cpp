@@ -2,6 +2,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
+#include <QtSvg/QSvgRenderer>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -118,7 +119,7 @@ void ShelfPainter::paintSlot(QPainter& painter, const Frame& frame, const DockIt
     // What does not grow is drawn at its size, what does is made a little smaller from the largest size.
     const bool atRest = place.size <= frame.layout.iconSize();
     const double size = frame.layout.iconSize() * (atRest ? 1 : 1 + ShelfLayout::growth);
-    const QPixmap& pixmap = icons_.icon(item.icon, size, painter.device()->devicePixelRatioF());
+    const QPixmap& pixmap = icon(item.icon, size, painter.device()->devicePixelRatioF());
     painter.setOpacity(item.isDimmed ? dimming : 1);
     painter.drawPixmap(square, pixmap, QRectF(pixmap.rect()));
     painter.setOpacity(1);
@@ -138,8 +139,23 @@ void ShelfPainter::paintPicture(QPainter& painter, const DockItem& item, const Q
   place.moveCenter(square.center());
   painter.drawPixmap(place, item.picture, QRectF(item.picture.rect()));
   const double badge = square.width() * 0.42;
-  const QPixmap& icon = icons_.icon(item.icon, badge, painter.device()->devicePixelRatioF());
-  painter.drawPixmap(QRectF(square.right() - badge, square.bottom() - badge, badge, badge), icon, QRectF(icon.rect()));
+  const QPixmap& small = icon(item.icon, badge, painter.device()->devicePixelRatioF());
+  painter.drawPixmap(QRectF(square.right() - badge, square.bottom() - badge, badge, badge), small,
+                     QRectF(small.rect()));
+}
+
+// Sharp on a screen of `ratio` pixels a point.
+const QPixmap& ShelfPainter::icon(const std::string& name, double points, double ratio) {
+  const int pixels = static_cast<int>(std::lround(points * ratio));
+  QPixmap& pixmap = icons_[{name, pixels}];
+  if (pixmap.isNull()) {
+    pixmap = QPixmap(pixels, pixels);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    QSvgRenderer(QStringLiteral(":/dock/%1.svg").arg(QString::fromStdString(name))).render(&painter);
+  }
+  pixmap.setDevicePixelRatio(ratio);
+  return pixmap;
 }
 
 void ShelfPainter::paintLabel(QPainter& painter, const Frame& frame) {

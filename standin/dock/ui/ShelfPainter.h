@@ -5,13 +5,14 @@
 #include <QtGui/QPixmap>
 #include <QtGui/QRegion>
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standin/dock/model/Bounce.h"
 #include "standin/dock/model/ShelfLayout.h"
-#include "standin/dock/ui/Icons.h"
 #include "standin/dock/ui/Look.h"
 
 namespace tarnwell::standin {
@@ -21,7 +22,7 @@ struct DockItem {
   enum class Kind { application, window, separator, trash };
 
   Kind kind = Kind::application;
-  std::string icon = {};  // the drawing; a minimized window shows a small one on its picture
+  std::string icon = {};  // the name of a file in icons/; a minimized window shows a small one on its picture
   QString label = {};
   bool isRunning = false;
   bool isDimmed = false;
@@ -43,7 +44,7 @@ class ShelfPainter {
     Bounce::Time now = {};
   };
 
-  ShelfPainter(Icons& icons, const Look& look) : icons_(icons), look_(look) {}
+  explicit ShelfPainter(const Look& look) : look_(look) {}
 
   /// `behind`, where there is one, is what can be seen through the shelf.
   void paint(QPainter& painter, const Frame& frame, const QPixmap& behind);
@@ -58,9 +59,10 @@ class ShelfPainter {
   void paintSlot(QPainter& painter, const Frame& frame, const DockItem& item, const ShelfLayout::Placed& place);
   void paintPicture(QPainter& painter, const DockItem& item, const QRectF& square);
   void paintLabel(QPainter& painter, const Frame& frame);
+  const QPixmap& icon(const std::string& name, double points, double ratio);
 
-  Icons& icons_;
   const Look& look_;
+  std::map<std::pair<std::string, int>, QPixmap> icons_;  // each drawn once for each size in pixels
 };
 
 }  // namespace tarnwell::standin

@@ -1,15 +1,26 @@
 /// Shows the Dock of which it is told on its standard input, and then the next one; its windows need not come and go as
 /// often as the Dock is ended. It has another name, so that killall leaves it alone.
 
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <QtCore/QSocketNotifier>
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+#include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "standin/dock/ui/DockUi.h"
+#include "standin/dock/DockBehavior.h"
+#include "standin/dock/UiProcess.h"
+#include "standin/dock/ui/Appearance.h"
+#include "standin/dock/ui/DockScene.h"
 #include "standin/dock/ui/WindowSurface.h"
 #include "standin/dock/ui/X11Surface.h"
 #include "standin/store/SystemRoot.h"
@@ -37,6 +48,73 @@ std::unique_ptr<Surface> makeSurface() {
   }
   return std::make_unique<WindowSurface>();
 }
+
+/// Shows the Dock of which it was told last, or none, on a surface that stays.
+class DockUi {
+ public:
+  /// `socket` is what it is told on; the application ends with it. What becomes of the demonstration applications is
+  /// kept in `deskPath`.
+  DockUi(int socket, std::unique_ptr<Surface> surface, std::string deskPath)
+      : surface_(std::move(surface)),
+        deskPath_(std::move(deskPath)),
+        appearance_([this](Scheme scheme) { setScheme(scheme); }),
+        arrival_(socket, QSocketNotifier::Read) {
+    // A desktop that does not answer at once is not waited for.
+    constexpr std::chrono::milliseconds patience{40};
+    QObject::connect(&arrival_, &QSocketNotifier::activated, &arrival_, [this] { hearAll(); });
+    QTimer::singleShot(appearance_.isAsked() ? patience : std::chrono::milliseconds(0), &arrival_,
+                       [this] { setScheme(scheme_.value_or(Scheme::light)); });
+  }
+
+ private:
+  // One record, or nothing where none has come yet; empty at the end.
+  std::optional<std::string> nextRecord() const {
+    constexpr std::size_t longest = 4096;
+    std::string record(longest, '\0');
+    const ssize_t length = ::recv(static_cast<int>(arrival_.socket()), record.data(), record.size(), MSG_DONTWAIT);
+    if (length < 0 && (errno == EAGAIN || errno == EINTR)) {
+      return std::nullopt;
+    }
+    record.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+    return record;
+  }
+
+  // Of several Docks that came and went meanwhile, only the last one is shown.
+  void hearAll() {
+    while (const auto record = nextRecord()) {
+      scene_.reset();
+      if (record->empty()) {
+        arrival_.setEnabled(false);
+        return QCoreApplication::quit();
+      }
+      told_ = *record == noDock ? std::nullopt : std::optional(listedBehavior(*record));
+    }
+    begin();
+  }
+
+  void setScheme(Scheme scheme) {
+    scheme_ = scheme;
+    surface_->setScheme(scheme);
+    if (scene_) {
+      scene_->setScheme(scheme);
+    }
+    begin();
+  }
+
+  void begin() {
+    if (!scene_ && told_ && scheme_) {
+      scene_ = std::make_unique<DockScene>(*surface_, *told_, *scheme_, deskPath_);
+    }
+  }
+
+  std::unique_ptr<Surface> surface_;
+  std::string deskPath_;
+  std::optional<DockBehavior> told_;
+  std::unique_ptr<DockScene> scene_;
+  std::optional<Scheme> scheme_;  // nothing while the desktop has not said
+  Appearance appearance_;
+  QSocketNotifier arrival_;
+};
 
 int run(int argc, char** argv) {
   diagnostics::prepareStandardStreams();
