@@ -26,14 +26,16 @@ using testing::IsEmpty;
 
 /// A child of a name of its own, which the system may cut, that does nothing.
 class RunningProcessTest : public testing::Test {
+ public:
+  RunningProcessTest(const RunningProcessTest&) = delete;
+  RunningProcessTest& operator=(const RunningProcessTest&) = delete;
+
  protected:
   RunningProcessTest() {
     std::filesystem::copy_file("/bin/sleep", sandbox_ / name_);
     const std::string line = "cd '" + sandbox_.path().string() + "' && exec './" + name_ + "' 600";
     child_ = *Process::start({.words = {"/bin/sh", "-c", line}, .environment = {{"ONE=1", "TWO=2\n3"}}});
   }
-  RunningProcessTest(const RunningProcessTest&) = delete;
-  RunningProcessTest& operator=(const RunningProcessTest&) = delete;
   ~RunningProcessTest() override {
     child_.send(SIGKILL);
     child_.wait();

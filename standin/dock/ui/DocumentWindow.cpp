@@ -23,8 +23,8 @@ constexpr double documentRadius = 10;
 /// A button of a title bar, with strokes around its middle.
 class TitleButton final : public QAbstractButton {
  public:
-  TitleButton(QWidget& window, const Look& look, const QString& name, QPainterPath strokes)
-      : QAbstractButton(&window), look_(look), strokes_(std::move(strokes)) {
+  TitleButton(QWidget& window, const Look& look, const QString& name, const QPainterPath& strokes)
+      : QAbstractButton(&window), look_(look), strokes_(strokes) {
     setAccessibleName(name);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::NoFocus);

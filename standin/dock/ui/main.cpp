@@ -62,8 +62,9 @@ class DockUi {
     // A desktop that does not answer at once is not waited for.
     constexpr std::chrono::milliseconds patience{40};
     QObject::connect(&arrival_, &QSocketNotifier::activated, &arrival_, [this] { hearAll(); });
-    QTimer::singleShot(appearance_.isAsked() ? patience : std::chrono::milliseconds(0), &arrival_,
-                       [this] { setScheme(scheme_.value_or(Scheme::light)); });
+    patience_.setSingleShot(true);
+    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { setScheme(scheme_.value_or(Scheme::light)); });
+    patience_.start(appearance_.isAsked() ? patience : std::chrono::milliseconds(0));
   }
 
  private:
@@ -112,6 +113,7 @@ class DockUi {
   std::optional<DockBehavior> told_;
   std::unique_ptr<DockScene> scene_;
   std::optional<Scheme> scheme_;  // nothing while the desktop has not said
+  QTimer patience_;
   Appearance appearance_;
   QSocketNotifier arrival_;
 };
