@@ -9,10 +9,13 @@ function(reuse_precompiled_headers target kind)
   endif()
 endfunction()
 
-# What differs between systems stands in files of each behind one header: PipeLinux.cpp, PipeMac.cpp.
+# What differs between systems stands in files of each behind one header: PipeLinux.cpp, PipeMac.cpp. Where they are
+# many, those of a system have a folder.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  set(system_folder linux)
   set(other_system Mac)
 elseif(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
+  set(system_folder mac)
   set(other_system Linux)
 else()
   message(FATAL_ERROR "nothing calls ${CMAKE_SYSTEM_NAME} yet")
@@ -22,7 +25,8 @@ endif()
 # but for those of another system and those where a program begins; headers alone are a target to link as well.
 function(tarnwell_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "LINKS;PRIVATE_LINKS")
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}/*.cpp")
+  set(folder "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}")
+  file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/${system_folder}/*.cpp")
   list(FILTER sources EXCLUDE REGEX "((/m|M)ain|${other_system})\\.cpp$")
   if(NOT sources)
     add_library(tarnwell_${name} INTERFACE)
@@ -39,6 +43,7 @@ endfunction()
 # WHOLE: for tests that leave the process as they found it, since starting it takes longer than most tests.
 function(tarnwell_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE" "" "SOURCES;LINKS;ENVIRONMENT")
+  list(FILTER arg_SOURCES EXCLUDE REGEX "${other_system}\\.cpp$")
   add_executable(tarnwell_${name} ${arg_SOURCES})
   target_include_directories(tarnwell_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(tarnwell_${name} PRIVATE tarnwell_options tarnwell_warnings ${arg_LINKS} GTest::gtest_main)

@@ -7,6 +7,7 @@
 #include "system/Fault.h"
 #include "system/Pipe.h"
 #include "system/Process.h"
+#include "system/UnreadPipe.h"
 #include "system/Utf8.h"
 
 namespace tarnwell::core {
@@ -14,9 +15,12 @@ namespace tarnwell::core {
 namespace {
 
 /// Both outputs are one open file, so that they keep the order in which the child writes.
-system::Process launch(const std::string& commandLine, const system::Descriptor& output) {
-  auto shell = system::Process::start(
-      {.words = {"/bin/zsh", "-c", commandLine}, .output = output.number(), .errors = output.number()});
+system::Process launch(const std::string& commandLine, const system::Descriptor& output,
+                       const system::Descriptor& extra = {}) {
+  auto shell = system::Process::start({.words = {"/bin/zsh", "-c", commandLine},
+                                       .output = output.number(),
+                                       .errors = output.number(),
+                                       .extra = extra.number()});
   if (!shell) {
     system::fault("launch /bin/zsh", shell.error().error);
   }
@@ -26,16 +30,10 @@ system::Process launch(const std::string& commandLine, const system::Descriptor&
 }  // namespace
 
 void ShellCommandRunner::runDetached(const std::string& commandLine) {
-  system::Pipe pipe = system::Pipe::create();
-  pipe.grow();
-  system::Descriptor output = pipe.bothEnds();
-  if (!output) {
-    system::fault("make a pipe", errno);
-  }
-  pipe = {};
-  system::Process child = launch(commandLine, output);
+  auto pipe = system::UnreadPipe::create();
+  system::Process child = launch(commandLine, pipe.output, pipe.otherEnd);
   // Before the child is watched, so that there are descriptors left to watch it with.
-  output.close();
+  pipe = {};
   reaper_.watch(std::move(child));
 }
 

@@ -8,11 +8,11 @@ namespace tarnwell::core {
 /// Runs command lines with /bin/zsh. A launch that fails, and captured output that is not UTF-8, are faults.
 ///
 /// A child sees the null device as its standard input, default signal dispositions, an empty signal mask, and no
-/// descriptor of this process but its three streams. All calls belong on one thread.
+/// descriptor of this process but its three streams and what an unread pipe takes. All calls belong on one thread.
 class ShellCommandRunner final : public CommandRunner {
  public:
-  /// The child's output goes to a pipe of the largest size (`Pipe::grow`) that is never read: a child that prints more
-  /// than it holds blocks, itself alone and for good.
+  /// The child's output goes to a pipe that is never read (`system::UnreadPipe`): a child that prints more than it
+  /// holds blocks, itself alone and for good.
   void runDetached(const std::string& commandLine) override;
 
   /// Returns when the output ends, even if the child lives on.

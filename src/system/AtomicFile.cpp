@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "system/Folders.h"
+#include "system/Sync.h"
 #include "system/UnnamedFile.h"
 
 namespace tarnwell::system {
@@ -109,7 +110,7 @@ bool AtomicFile::finish() {
   const bool isFile =
       ::fstatat(folder_.number(), target_.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(old.st_mode);
   return ::fchmod(file_.number(), isFile ? old.st_mode & permissionBits : newMode_) == 0 &&
-         ::fsync(file_.number()) == 0;
+         sync(file_.number());
 }
 
 bool AtomicFile::holds(std::string_view bytes) const {
@@ -137,7 +138,7 @@ Result<void> AtomicFile::place() {
     isNamed_ = false;
   }
   // The new name survives a power failure only once the folder is on the disk, which not every file system can promise.
-  ::fsync(folder);
+  sync(folder);
   return {};
 }
 
@@ -148,7 +149,7 @@ Result<void> AtomicFile::commit() {
     return failure("replace");
   }
   // Some file systems have nothing to do here and say EINVAL.
-  if (::fsync(folder_.number()) == 0 || errno == EINVAL) {
+  if (sync(folder_.number()) || errno == EINVAL) {
     return {};
   }
   Failure unsafe = failure("sync the folder of");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <clocale>
+#include <locale>  // on some systems the C header lacks locale_t
 
 namespace tarnwell::system {
 

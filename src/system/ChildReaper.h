@@ -5,6 +5,7 @@
 #include <map>
 #include <vector>
 
+#include "system/DescriptorSet.h"
 #include "system/Process.h"
 
 namespace tarnwell::system {
@@ -15,15 +16,15 @@ class ChildReaper {
  public:
   using Ended = std::function<void(const ProcessEnd&)>;
 
-  ChildReaper();
-
   /// Readable when a watched child has ended.
-  int descriptor() const { return events_.number(); }
+  int descriptor() const { return ending_.descriptor().number(); }
   /// Whether no child is left whose end was not seen.
   bool isIdle() const { return watched_.empty() && unwatched_.empty(); }
 
   /// Blocks until a watched child has ended. False when `end` has come first.
-  bool waitForEnd(std::chrono::steady_clock::time_point end) const { return events_.waitUntilReadable(end); }
+  bool waitForEnd(std::chrono::steady_clock::time_point end) const {
+    return ending_.descriptor().waitUntilReadable(end);
+  }
 
   /// Takes over a child. If the system cannot watch it now, its end is looked for at each later call. `ended` is called
   /// once, from such a call, and from `reap` as the last thing of it: it may end the reaper.
@@ -34,7 +35,7 @@ class ChildReaper {
 
  private:
   struct Child {
-    Descriptor descriptor;
+    Descriptor ending;  // readable once it has ended
     Process process;
     Ended ended;
   };
@@ -44,8 +45,8 @@ class ChildReaper {
   Ends unwatchedEnds();
   static void tell(const Ends& ends);
 
-  Descriptor events_;
-  std::map<int, Child> watched_;
+  DescriptorSet ending_ = DescriptorSet("watch children");
+  std::map<int, Child> watched_;  // by that descriptor
   std::vector<Child> unwatched_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace tarnwell::system {
 
-/// Sleeps until a file in a folder has been written.
+/// Sleeps until a file in a folder has been written. For systems without macOS: no host needs it.
 class FolderWatch {
  public:
   using Time = std::chrono::steady_clock::time_point;

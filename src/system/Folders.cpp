@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "system/Descriptor.h"
+#include "system/Sync.h"
 
 namespace tarnwell::system {
 namespace {
@@ -30,7 +31,7 @@ bool makeFolders(const std::filesystem::path& folder) {
 bool syncFolder(const std::filesystem::path& folder) {
   const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   // Some file systems have nothing to do here and say EINVAL.
-  return opened && (::fsync(opened.number()) == 0 || errno == EINVAL);
+  return opened && (sync(opened.number()) || errno == EINVAL);
 }
 
 std::filesystem::path folderOf(const std::filesystem::path& path) {

@@ -62,7 +62,8 @@ class Process {
 
   /// -1 once its end was seen.
   pid_t number() const { return number_; }
-  /// Readable once it has ended, and closed on exec. None, with errno set, when there is none to be had.
+  /// Readable once it has ended, from when on `wait` is no wait to speak of; closed on exec. None, with errno set, when
+  /// there is none to be had.
   Descriptor endDescriptor() const { return processDescriptor(number_); }
   static Descriptor processDescriptor(pid_t number);
 

@@ -10,7 +10,7 @@ class SignalPause {
  public:
   SignalPause() {
     sigset_t all;
-    ::sigfillset(&all);
+    sigfillset(&all);  // a macro on some systems
     ::pthread_sigmask(SIG_SETMASK, &all, &before_);
   }
   SignalPause(const SignalPause&) = delete;

@@ -26,6 +26,9 @@ class Timer {
 
  private:
   void arm() const;
+  void disarm() const;
+  /// Takes what the system says of the time: that it has come, or that the clock was set.
+  bool hear() const;
 
   Descriptor descriptor_;
   Clock::time_point time_ = {};

@@ -127,7 +127,8 @@ class EngineProcess::Run final : public Engine::Job {
       process_.sendToSession(SIGKILL);
       // Usually it is gone at once, and what it was at can be cleared away. Only a disk that does not answer holds it.
       const system::Descriptor end = process_.endDescriptor();
-      if (end.waitUntilReadable(std::chrono::steady_clock::now() + stopPatience) && process_.end()) {
+      if (end.waitUntilReadable(std::chrono::steady_clock::now() + stopPatience)) {
+        process_.wait();
         removeFolder(scratch_);
       } else {
         engine_.ended_.watch(std::move(process_), [scratch = scratch_](const auto&) { removeFolder(scratch); });

@@ -1,22 +1,10 @@
 #include "updateclient/UpdaterConfiguration.h"
 
-#include <sys/utsname.h>
-
 #include "release/text/Channels.h"
 #include "release/text/WebAddress.h"
+#include "system/SystemVersion.h"
 
 namespace tarnwell::updateclient {
-namespace {
-
-/// "6.1.0" of "6.1.0-13-amd64": what distributions append says nothing about the system's age.
-std::string kernelVersion() {
-  utsname names = {};
-  ::uname(&names);
-  const std::string release = names.release;
-  return release.substr(0, release.find_first_not_of("0123456789."));
-}
-
-}  // namespace
 
 UpdaterConfiguration UpdaterConfiguration::compiledIn() {
   return {.feedAddress = TARNWELL_FEED_URL,
@@ -24,7 +12,7 @@ UpdaterConfiguration UpdaterConfiguration::compiledIn() {
           .userAgent = "Tarnwell/" TARNWELL_VERSION,
           .runningVersion = TARNWELL_VERSION,
           .shownVersion = TARNWELL_VERSION,
-          .systemVersion = kernelVersion(),
+          .systemVersion = system::systemVersion(),
           .channels = release::channelsIn(TARNWELL_FEED_CHANNELS)};
 }
 

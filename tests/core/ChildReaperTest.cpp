@@ -10,6 +10,7 @@
 #include <string>
 
 #include "core/ShellTest.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
 
@@ -17,7 +18,9 @@ namespace tarnwell::core {
 namespace {
 
 using fixtures::exitStatusOf;
+using fixtures::openDescriptorCount;
 using fixtures::waitFor;
+using fixtures::zombieCount;
 
 pid_t forkToExit(int status = 0) {
   const pid_t child = ::fork();

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/ShellTest.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
 
@@ -93,16 +94,13 @@ TEST_F(ShellCommandRunnerTest, detachedChildrenRunConcurrently) {
 TEST_F(ShellCommandRunnerTest, aDetachedChildWithTooMuchOutputBlocksItselfAlone) {
   runner.runDetached("print $$ > " + path("pid") + "; for i in {1..1000}; do print -r -- ${(l:4096::x:)}; print $i > " +
                      path("progress") + "; done");
-  const auto isAsleep = [this] {
-    const std::string process = runner.runCaptured("cat /proc/$(<" + path("pid") + ")/stat");
-    return process.find(") S ") != std::string::npos;
-  };
   EXPECT_TRUE(waitFor([this] { return sandbox.read("progress").size() > 1; }));
-  EXPECT_TRUE(waitFor(isAsleep));
+  const pid_t child = std::stoi(sandbox.read("pid"));
+  EXPECT_TRUE(waitFor([child] { return fixtures::isAsleep(child); }));
   EXPECT_LT(std::stoi(sandbox.read("progress")), 1000);
   runner.runDetached(": > " + path("other"));
   EXPECT_TRUE(waitFor([this] { return sandbox.holds("other"); }));
-  EXPECT_EQ(::kill(std::stoi(sandbox.read("pid")), SIGKILL), 0);
+  EXPECT_EQ(::kill(child, SIGKILL), 0);
 }
 
 TEST_F(ShellCommandRunnerTest, sevenDetachedChildrenAtOncePrintMuchAndStillDoTheirWork) {
@@ -187,7 +185,7 @@ TEST_F(ShellCommandRunnerTest, aLaunchThatFailsIsAFault) {
 }
 
 // The sanitizer would look at the runner's type through a pipe, and there is none to be had.
-[[gnu::noinline, gnu::no_sanitize("vptr")]] void runWithoutDescriptors(ShellCommandRunner& runner) {
+__attribute__((noinline, no_sanitize("vptr"))) void runWithoutDescriptors(ShellCommandRunner& runner) {
   const rlimit none = {.rlim_cur = 0, .rlim_max = 0};
   ::setrlimit(RLIMIT_NOFILE, &none);
   runner.runDetached(":");

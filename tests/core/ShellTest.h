@@ -42,10 +42,7 @@ class ShellTest : public testing::Test {
   int gate_ = -1;
 };
 
-/// Children of this process that have ended and were not reaped.
-int zombieCount();
 /// Whether this process has a child, ended or not.
 bool hasChildren();
-int openDescriptorCount();
 
 }  // namespace tarnwell::core

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
@@ -16,19 +17,38 @@ namespace {
 
 using fixtures::exitStatusOf;
 
-// In the place of a standard stream, a pipe that keeps each write as a packet of its own.
-class PacketPipe {
+/// To read from and to write to.
+using Ends = std::array<int, 2>;
+
+Ends pipe() {
+  Ends ends{};
+  EXPECT_EQ(::pipe(ends.data()), 0);
+  return ends;
+}
+
+/// Keeps each write as a packet of its own. Nothing waits for one.
+Ends packets() {
+  Ends ends{};
+  EXPECT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends.data()), 0);
+  const int room = 65536;
+  for (const int end : ends) {
+    ::setsockopt(end, SOL_SOCKET, SO_SNDBUF, &room, sizeof room);
+    ::setsockopt(end, SOL_SOCKET, SO_RCVBUF, &room, sizeof room);
+  }
+  ::fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  return ends;
+}
+
+/// What is printed to a standard stream.
+class Printed {
  public:
-  explicit PacketPipe(int stream) : stream_(stream), previous_(::dup(stream)) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(::pipe2(ends.data(), O_DIRECT | O_CLOEXEC), 0);
-    readEnd_ = ends[0];
+  Printed(int stream, Ends ends) : stream_(stream), previous_(::dup(stream)), readEnd_(ends[0]) {
     ::dup2(ends[1], stream_);
     ::close(ends[1]);
   }
-  PacketPipe(const PacketPipe&) = delete;
-  PacketPipe& operator=(const PacketPipe&) = delete;
-  ~PacketPipe() {
+  Printed(const Printed&) = delete;
+  Printed& operator=(const Printed&) = delete;
+  ~Printed() {
     restoreStream();
     ::close(readEnd_);
   }
@@ -41,7 +61,7 @@ class PacketPipe {
     }
   }
 
-  // The next packet; empty once there is no writer.
+  // The next piece; empty once there is none to come.
   std::string read() const {
     std::string packet(8192, '\0');
     const ssize_t size = ::read(readEnd_, packet.data(), packet.size());
@@ -52,41 +72,41 @@ class PacketPipe {
  private:
   int stream_;
   int previous_;
-  int readEnd_ = -1;
+  int readEnd_;
 };
 
 TEST(ConsoleTest, aLineReachesAPipeAtOnceAndInOnePiece) {
   for (const std::string& line : {std::string("0.2"), std::string(), std::string(4000, 'x'), std::string("a\nb")}) {
-    PacketPipe pipe(STDOUT_FILENO);
+    Printed printed(STDOUT_FILENO, packets());
     printLine(line);
-    const std::string first = pipe.read();
-    pipe.restoreStream();
+    const std::string first = printed.read();
+    printed.restoreStream();
     EXPECT_EQ(first, line + "\n");
-    EXPECT_EQ(pipe.read(), "") << "more than one write";
+    EXPECT_EQ(printed.read(), "") << "more than one write";
   }
 }
 
 TEST(ConsoleTest, anErrorLineGoesToStandardErrorInOnePiece) {
-  PacketPipe pipe(STDERR_FILENO);
+  Printed printed(STDERR_FILENO, packets());
   printErrorLine("trouble");
-  const std::string first = pipe.read();
-  pipe.restoreStream();
+  const std::string first = printed.read();
+  printed.restoreStream();
   EXPECT_EQ(first, "trouble\n");
-  EXPECT_EQ(pipe.read(), "");
+  EXPECT_EQ(printed.read(), "");
 }
 
 TEST(ConsoleTest, aLineThatIsLongerThanAPipeArrivesWhole) {
-  PacketPipe pipe(STDOUT_FILENO);
-  auto received = std::async(std::launch::async, [&pipe] {
+  Printed printed(STDOUT_FILENO, pipe());
+  auto received = std::async(std::launch::async, [&printed] {
     std::string text;
-    for (std::string packet = pipe.read(); !packet.empty(); packet = pipe.read()) {
+    for (std::string packet = printed.read(); !packet.empty(); packet = printed.read()) {
       text += packet;
     }
     return text;
   });
   const std::string line(1000000, 'x');
   printLine(line);
-  pipe.restoreStream();
+  printed.restoreStream();
   EXPECT_EQ(received.get(), line + "\n");
 }
 
@@ -103,7 +123,7 @@ TEST(ConsoleTest, aBrokenPipeSwallowsTheLineWhereItsSignalIsIgnored) {
   const auto body = [] {
     (void)std::signal(SIGPIPE, SIG_IGN);
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+    if (::pipe(ends.data()) != 0) {
       return 1;
     }
     ::close(ends[0]);

@@ -2,9 +2,11 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <string>
 #include <utility>
 
@@ -69,12 +71,17 @@ TEST(DescriptorTest, readsNoMoreThanShowsThatThereIsMore) {
   }
 }
 
-TEST(DescriptorTest, tellsOfAFullDeviceAndOfWhatCannotBeRead) {
-  const Descriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
-  EXPECT_FALSE(full.writeAll("text"));
-  EXPECT_EQ(errno, ENOSPC);
-  EXPECT_FALSE(full.readAll());
-  EXPECT_EQ(errno, EBADF);
+TEST(DescriptorTest, tellsOfWhatCannotBeWrittenOrRead) {
+  const fixtures::Sandbox sandbox;
+  const int status = fixtures::exitStatusOf([&sandbox] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit room = {.rlim_cur = 3, .rlim_max = 3};
+    ::setrlimit(RLIMIT_FSIZE, &room);
+    const Descriptor full(::open((sandbox / "file").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    const bool isRefused = !full.writeAll("text") && errno == EFBIG;
+    return isRefused && !full.readAll() && errno == EBADF ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 TEST(DescriptorTest, copiesAFileFromItsStart) {

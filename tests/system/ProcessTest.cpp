@@ -10,6 +10,7 @@
 #include <csignal>
 #include <string>
 
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
@@ -60,15 +61,15 @@ TEST(ProcessTest, findsItsDescriptorsAndNoOthers) {
   const Descriptor inheritable(::open("/dev/zero", O_RDONLY));
   EXPECT_EQ(outputOf("cat; cat <&3", {.input = input.number(), .extra = extra.number()}), "input\nextra\n");
   // The last one is the folder that is being listed.
-  EXPECT_EQ(outputOf("exec ls /proc/self/fd", {.extra = extra.number()}), "0\n1\n2\n3\n4\n");
-  EXPECT_EQ(outputOf("readlink /proc/self/fd/0; exec ls /proc/self/fd"), "/dev/null\n0\n1\n2\n3\n");
+  EXPECT_EQ(outputOf("exec ls /dev/fd/", {.extra = extra.number()}), "0\n1\n2\n3\n4\n");
+  EXPECT_EQ(outputOf("test /dev/stdin -ef /dev/null && exec ls /dev/fd/"), "0\n1\n2\n3\n");
 }
 
 TEST(ProcessTest, findsADescriptorThatHasTheRightNumberAlready) {
   const int status = fixtures::exitStatusOf([] {
-    const int file = ::fcntl(::open("/dev/null", O_RDONLY | O_CLOEXEC), F_DUPFD_CLOEXEC, 10);
-    const Descriptor extra(::dup3(file, STDERR_FILENO + 1, O_CLOEXEC));
-    return outputOf("readlink /proc/self/fd/3", {.extra = extra.number()}) == "/dev/null\n" ? 0 : 1;
+    const Descriptor extra(::dup2(::open("/dev/null", O_RDONLY | O_CLOEXEC), STDERR_FILENO + 1));
+    ::fcntl(extra.number(), F_SETFD, FD_CLOEXEC);
+    return outputOf("test /dev/fd/3 -ef /dev/null && echo same", {.extra = extra.number()}) == "same\n" ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
 }
@@ -77,16 +78,15 @@ TEST(ProcessTest, startsWithTheSignalsThatAreAskedForWhateverOursAre) {
   const int status = fixtures::exitStatusOf([] {
     std::signal(SIGPIPE, SIG_IGN);
     sigset_t blocked;
-    ::sigemptyset(&blocked);
-    ::sigaddset(&blocked, SIGUSR1);
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGUSR1);
     ::sigprocmask(SIG_BLOCK, &blocked, nullptr);
-    const std::string text = "exec sed -n -E '/^Sig(Blk|Ign)/p' /proc/self/status";
-    const std::string clean = "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n";
-    const std::string held = "SigBlk:\t0000000000004000\nSigIgn:\t0000000000000000\n";
+    const std::string text = fixtures::tellingSignals();
     sigset_t after;
-    const bool isRight = outputOf(text) == clean && outputOf(text, {.blockedSignals = {SIGTERM}}) == held;
+    const bool isRight = outputOf(text) == "blocked\nignored\n" &&
+                         outputOf(text, {.blockedSignals = {SIGTERM}}) == "blocked TERM\nignored\n";
     ::sigprocmask(SIG_BLOCK, nullptr, &after);
-    return isRight && ::sigismember(&after, SIGUSR1) == 1 && ::sigismember(&after, SIGTERM) == 0 ? 0 : 1;
+    return isRight && sigismember(&after, SIGUSR1) == 1 && sigismember(&after, SIGTERM) == 0 ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
 }
@@ -98,9 +98,13 @@ TEST(ProcessTest, hasTheEnvironmentThatItIsGiven) {
 }
 
 TEST(ProcessTest, hasASessionOfItsOwnWhereThatIsAskedFor) {
-  const std::string text = "test $$ = $(cut -d' ' -f6 /proc/$$/stat) && echo own || echo ours";
-  EXPECT_EQ(outputOf(text), "ours\n");
-  EXPECT_EQ(outputOf(text, {.hasOwnSession = true}), "own\n");
+  for (const bool isOwn : {false, true}) {
+    auto process = Process::start({.words = {"sleep", "1000"}, .hasOwnSession = isOwn});
+    ASSERT_TRUE(process);
+    EXPECT_EQ(::getsid(process->number()), isOwn ? process->number() : ::getsid(0));
+    process->send(SIGKILL);
+    process->wait();
+  }
 }
 
 TEST(ProcessTest, isEndedWhenItsTimeIsUp) {
@@ -131,7 +135,7 @@ TEST(ProcessTest, itsEndCanBeWaitedForAtADescriptor) {
   EXPECT_FALSE(process->end());
   process->send(SIGKILL);
   EXPECT_TRUE(end.waitUntilReadable(std::chrono::steady_clock::now() + std::chrono::minutes(1)));
-  EXPECT_TRUE(process->end());
+  EXPECT_EQ(process->wait().number, SIGKILL);
   EXPECT_EQ(process->number(), -1);
 }
 

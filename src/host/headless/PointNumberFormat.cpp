@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <locale>
+#include <sstream>
 
 namespace tarnwell::host_headless {
 namespace {
@@ -134,10 +136,11 @@ std::optional<double> PointNumberFormat::value(std::string_view text) const {
   if (!whole || !areDigits(fraction) || (whole->empty() && fraction.empty())) {
     return std::nullopt;
   }
-  const std::string plain = *whole + "." + std::string(fraction);
+  // Not every system's library has from_chars for these.
+  std::istringstream plain(*whole + "." + std::string(fraction));
+  plain.imbue(std::locale::classic());
   double magnitude = 0;
-  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
-  if (result.ec != std::errc()) {
+  if (!(plain >> magnitude)) {
     return std::nullopt;
   }
   return isNegative ? -magnitude : magnitude;

@@ -1,8 +1,10 @@
 #include "host/headless/HeadlessPlatform.h"
 
 #include <gtest/gtest.h>
-#include <sys/eventfd.h>
 #include <unistd.h>
+
+#include <array>
+#include <string>
 
 #include "kit/application/Application.h"
 
@@ -12,20 +14,24 @@ namespace {
 TEST(HeadlessPlatformTest, hearsOfADescriptorUntilItsWatchEnds) {
   HeadlessPlatform platform;
   const auto application = kit::Application::create(platform);
-  const int counter = ::eventfd(0, EFD_CLOEXEC);
-  ASSERT_GE(counter, 0);
-  eventfd_t heard = 0;
-  kit::Subscription watch = platform.watch(counter, [&] { ::eventfd_read(counter, &heard); });
+  std::array<int, 2> ends = {};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  std::string heard;
+  kit::Subscription watch = platform.watch(ends[0], [&] {
+    std::array<char, 16> bytes = {};
+    heard.append(bytes.data(), static_cast<std::size_t>(::read(ends[0], bytes.data(), bytes.size())));
+  });
   platform.runUntilIdle(*application);
-  EXPECT_EQ(heard, 0U);
-  ::eventfd_write(counter, 3);
+  EXPECT_EQ(heard, "");
+  EXPECT_EQ(::write(ends[1], "one", 3), 3);
   platform.runUntilIdle(*application);
-  EXPECT_EQ(heard, 3U);
+  EXPECT_EQ(heard, "one");
   watch.invalidate();
-  ::eventfd_write(counter, 5);
+  EXPECT_EQ(::write(ends[1], "two", 3), 3);
   platform.runUntilIdle(*application);
-  EXPECT_EQ(heard, 3U);
-  ::close(counter);
+  EXPECT_EQ(heard, "one");
+  ::close(ends[0]);
+  ::close(ends[1]);
 }
 
 }  // namespace

@@ -14,24 +14,13 @@
 
 #include "system/Process.h"
 #include "system/SignalPause.h"
+#include "system/WordPointers.h"
 
 namespace tarnwell::system {
 namespace {
 
 constexpr int extraNumber = STDERR_FILENO + 1;
 constexpr int notStarted = 127;
-
-// As the system takes them; they stay the caller's.
-std::vector<char*> pointers(const std::vector<std::string>& texts) {
-  std::vector<char*> pointers;
-  pointers.reserve(texts.size() + 1);
-  for (const std::string& text : texts) {
-    // The system's signature lacks a const; it does not touch the texts.
-    pointers.push_back(const_cast<char*>(text.c_str()));
-  }
-  pointers.push_back(nullptr);
-  return pointers;
-}
 
 /// All that the new process needs, made beforehand: it has this process's memory until it is another program.
 struct Prepared {
@@ -41,9 +30,9 @@ struct Prepared {
   sigset_t blocked = {};
   pid_t starter = ::getpid();
 
-  explicit Prepared(const Launch& wanted) : launch(wanted), arguments(pointers(wanted.words)) {
+  explicit Prepared(const Launch& wanted) : launch(wanted), arguments(wordPointers(wanted.words)) {
     if (wanted.environment) {
-      environment = pointers(*wanted.environment);
+      environment = wordPointers(*wanted.environment);
     }
     ::sigemptyset(&blocked);
     for (const int signal : wanted.blockedSignals) {

@@ -25,30 +25,15 @@ itimerspec at(Timer::Clock::time_point time) {
 Timer::Timer()
     : descriptor_(requiredDescriptor(::timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK), "make a timer")) {}
 
-void Timer::set(Clock::time_point time) {
-  time_ = time;
-  isSet_ = true;
-  arm();
-}
-
-void Timer::cancel() {
-  isSet_ = false;
+void Timer::disarm() const {
   const itimerspec never = {};
   ::timerfd_settime(descriptor_.number(), 0, &never, nullptr);
 }
 
-bool Timer::isDue() {
+bool Timer::hear() const {
   std::uint64_t expirations = 0;
   // Fails when the clock was set: then the time may have come, or be farther away than before.
-  const bool isHeard = ::read(descriptor_.number(), &expirations, sizeof expirations) > 0 || errno == ECANCELED;
-  if (!isHeard || !isSet_) {
-    return false;
-  }
-  isSet_ = Clock::now() < time_;
-  if (isSet_) {
-    arm();
-  }
-  return !isSet_;
+  return ::read(descriptor_.number(), &expirations, sizeof expirations) > 0 || errno == ECANCELED;
 }
 
 void Timer::arm() const {

@@ -1,0 +1,27 @@
+#include <sys/epoll.h>
+
+#include "system/DescriptorSet.h"
+
+namespace tarnwell::system {
+
+DescriptorSet::DescriptorSet(std::string_view action)
+    : set_(requiredDescriptor(::epoll_create1(EPOLL_CLOEXEC), action)) {}
+
+bool DescriptorSet::add(int number) const {
+  epoll_event event = {.events = EPOLLIN, .data = {.fd = number}};
+  return ::epoll_ctl(set_.number(), EPOLL_CTL_ADD, number, &event) == 0;
+}
+
+void DescriptorSet::remove(int number) const { ::epoll_ctl(set_.number(), EPOLL_CTL_DEL, number, nullptr); }
+
+std::vector<int> DescriptorSet::readable(std::size_t most) const {
+  std::vector<epoll_event> events(most);
+  const int count = ::epoll_wait(set_.number(), events.data(), static_cast<int>(most), 0);
+  std::vector<int> numbers;
+  for (int index = 0; index < count; ++index) {
+    numbers.push_back(events[static_cast<std::size_t>(index)].data.fd);
+  }
+  return numbers;
+}
+
+}  // namespace tarnwell::system
