@@ -4,7 +4,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "confinement/FileFence.h"
+#include "confinement/Fences.h"
 #include "system/Descriptor.h"
 
 namespace tarnwell::confinement {

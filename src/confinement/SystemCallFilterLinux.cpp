@@ -12,7 +12,7 @@
 #include <cerrno>
 #include <memory>
 
-#include "confinement/SystemCallFilter.h"
+#include "confinement/Fences.h"
 
 namespace tarnwell::confinement {
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,7 +24,10 @@ struct PackageKind {
 extern const PackageKind debianPackage;
 extern const PackageKind appImage;
 
-/// Nothing for what no system of ours installs.
+/// Those that this system installs.
+std::span<const PackageKind* const> installedKinds();
+
+/// Nothing for what this system does not install.
 const PackageKind* packageKind(int descriptor);
 
 }  // namespace tarnwell::updater

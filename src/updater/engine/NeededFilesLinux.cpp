@@ -1,22 +1,13 @@
-#include <fcntl.h>
 #include <link.h>
 
-#include <cstdlib>
 #include <initializer_list>
 
-#include "confinement/Confinement.h"
-#include "release/protocol/Engine.h"
-#include "system/Descriptor.h"
-#include "updater/engine/Fences.h"
-#include "updater/package/PackageClaim.h"
+#include "updater/engine/NeededFiles.h"
 
 namespace tarnwell::updater {
 namespace {
 
 using confinement::Rights;
-
-constexpr std::uint64_t mebibyte = 1024UL * 1024;
-constexpr std::uint64_t largestPackage = PackageClaim::maximumLength;
 
 /// Where libraries are that are loaded when they are needed, as those that look up names.
 constexpr std::initializer_list<const char*> libraries = {"/usr/lib", "/usr/lib64", "/lib", "/lib64",
@@ -58,23 +49,12 @@ int findLoader(dl_phdr_info* object, std::size_t /*size*/, void* path) {
 
 }  // namespace
 
-std::vector<std::string> fenceFetching() {
-  Rights rights = {.usesNetwork = true, .memory = 1024 * mebibyte, .fileSize = largestPackage, .seconds = 15 * 60};
+void addNetworkFiles(Rights& rights) {
   add(rights.readable, libraries);
   add(rights.readable, network);
-  for (const char* variable : {"SSL_CERT_FILE", "CURL_CA_BUNDLE"}) {
-    if (const char* path = ::getenv(variable)) {
-      rights.readable.emplace_back(path);
-    }
-  }
-  return confinement::keepOnly(rights);
 }
 
-std::vector<std::string> fenceLooking() {
-  const char* folder = ::getenv("TMPDIR");
-  const system::Descriptor working(folder == nullptr ? -1 : ::open(folder, O_PATH | O_DIRECTORY | O_CLOEXEC));
-  Rights rights = {
-      .readableFile = release::engineInput, .memory = 2048 * mebibyte, .fileSize = 64 * mebibyte, .seconds = 2 * 60};
+void addPackageTools(Rights& rights) {
   add(rights.readable, libraries);
   add(rights.readable, {"/dev/null"});
   add(rights.programs, packageTools);
@@ -83,17 +63,6 @@ std::vector<std::string> fenceLooking() {
   if (loader != nullptr) {
     rights.programs.emplace_back(loader);
   }
-  rights.scratch = working.number();
-  return confinement::keepOnly(rights);
-}
-
-std::vector<std::string> fenceReading() {
-  return confinement::keepOnly({.memory = 512 * mebibyte, .fileSize = mebibyte, .seconds = 10});
-}
-
-std::vector<std::string> fencePlacing() {
-  return confinement::keepOnly(
-      {.writable = {release::engineFolder}, .memory = 1024 * mebibyte, .fileSize = largestPackage, .seconds = 2 * 60});
 }
 
 }  // namespace tarnwell::updater

@@ -1,0 +1,8 @@
+#include "updater/package/PackageKind.h"
+
+namespace tarnwell::updater {
+
+// None is installed here yet: every download is refused.
+std::span<const PackageKind* const> installedKinds() { return {}; }
+
+}  // namespace tarnwell::updater
