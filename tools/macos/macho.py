@@ -1,0 +1,109 @@
+"""Reads programs of macOS: <mach-o/loader.h>, <mach-o/fixup-chains.h> and the blobs of <kern/cs_blobs.h>."""
+
+import struct
+
+ARCHITECTURES = {0x0100000C: "arm64", 0x01000007: "x86_64"}
+
+EXECUTABLE = 2
+POSITION_INDEPENDENT = 0x200000
+
+SEGMENT, MAIN, BUILD_VERSION, CODE_SIGNATURE, CHAINED_FIXUPS, RUN_PATH = 0x19, 0x80000028, 0x32, 0x1D, 0x80000034, 0x8000001C
+# Ordinary, weak, re-exported, upward.
+LIBRARIES = (0xC, 0x80000018, 0x8000001F, 0x80000023)
+
+# How the entries of the table of imports are laid out, by its format: bits of the library and of the name's place.
+IMPORTS = {1: ("<I", 8, 9), 2: ("<Ii", 8, 9), 3: ("<QQ", 16, 32)}
+CODE_DIRECTORY = 0
+
+
+class Malformed(Exception):
+    """Not what a linker writes."""
+
+
+def text_at(data, at):
+    return data[at:data.index(b"\0", at)].decode()
+
+
+class Segment:
+    def __init__(self, data, at):
+        self.name = data[at + 8:at + 24].rstrip(b"\0").decode()
+        self.offset, self.size, _, self.protection = struct.unpack_from("<2Q2I", data, at + 40)
+
+
+class CodeDirectory:
+    """What was signed: the pages of the program up to `limit`, by their hashes."""
+
+    def __init__(self, data, at):
+        self.flags, hashes, _, _, count, self.limit, size, self.hash_type, _, page = struct.unpack_from(
+            ">6I4B", data, at + 12)
+        self.page_size = 1 << page
+        self.hashes = [data[at + hashes + size * slot:at + hashes + size * (slot + 1)] for slot in range(count)]
+
+
+class Slice:
+    """A program for one architecture."""
+
+    def __init__(self, data):
+        self.data = data
+        if struct.unpack_from("<I", data)[0] != 0xFEEDFACF:
+            raise Malformed("it is no 64-bit program of macOS")
+        processor, _, self.kind, count, _, self.flags = struct.unpack_from("<6I", data, 4)
+        self.architecture = ARCHITECTURES.get(processor, hex(processor))
+        self.commands = []
+        at = 32
+        for _ in range(count):
+            command, size = struct.unpack_from("<2I", data, at)
+            self.commands.append((command, at))
+            at += size
+
+    def places_of(self, *commands):
+        return [at for command, at in self.commands if command in commands]
+
+    def segments(self):
+        return [Segment(self.data, at) for at in self.places_of(SEGMENT)]
+
+    def platforms(self):
+        """(platform, least version, version of the kit), each version as (major, minor)."""
+        found = [struct.unpack_from("<3I", self.data, at + 8) for at in self.places_of(BUILD_VERSION)]
+        return [(platform, (least >> 16, least >> 8 & 255), (kit >> 16, kit >> 8 & 255)) for platform, least, kit in found]
+
+    def libraries(self):
+        """In the order in which imports count them, from 1."""
+        return [text_at(self.data, at + struct.unpack_from("<I", self.data, at + 8)[0]) for at in self.places_of(*LIBRARIES)]
+
+    def linked_data(self, command):
+        """(offset, size) of what a command of the linker's tells of; None without it."""
+        return next((struct.unpack_from("<2I", self.data, at + 8) for at in self.places_of(command)), None)
+
+    def imports(self):
+        """(number of the library, symbol); None where nothing says what the loader has to fill in."""
+        found = self.linked_data(CHAINED_FIXUPS)
+        if found is None:
+            return None
+        start = found[0]
+        _, _, table, names, count, form, _ = struct.unpack_from("<7I", self.data, start)
+        layout, bits, name_bit = IMPORTS[form]
+        imports = []
+        for index in range(count):
+            entry = struct.unpack_from(layout, self.data, start + table + index * struct.calcsize(layout))[0]
+            number = entry & (1 << bits) - 1
+            # The largest stand for something else than a library, as negative numbers.
+            imports.append((number - (1 << bits) if number >> 4 == (1 << bits) - 1 >> 4 else number,
+                            text_at(self.data, start + names + (entry >> name_bit))))
+        return imports
+
+    def code_directory(self):
+        start = self.linked_data(CODE_SIGNATURE)[0]
+        for index in range(struct.unpack_from(">I", self.data, start + 8)[0]):
+            kind, offset = struct.unpack_from(">2I", self.data, start + 12 + 8 * index)
+            if kind == CODE_DIRECTORY:
+                return CodeDirectory(self.data, start + offset)
+        raise Malformed("its signature does not say what was signed")
+
+
+def slices_of(data):
+    """Those of a file: one, or one for each architecture."""
+    if struct.unpack_from(">I", data)[0] != 0xCAFEBABE:
+        return [Slice(data)]
+    places = [struct.unpack_from(">2I", data, 16 + 20 * index) for index in range(struct.unpack_from(">I", data, 4)[0])]
+    return [Slice(data[offset:offset + size]) for offset, size in places]
