@@ -169,9 +169,10 @@ system::Result<void> UpdaterPreferences::setAutomaticDownloads(bool downloads) c
 }
 
 std::optional<UpdaterPreferences::Time> UpdaterPreferences::lastCheck() const {
-  constexpr std::uint64_t latest = 1'000'000'000'000;
+  // The clock counts nanoseconds.
+  constexpr std::uint64_t latest = std::chrono::floor<std::chrono::seconds>(Time::max().time_since_epoch()).count();
   const auto seconds = release::numberIn(value(lastCheckName));
-  return seconds && *seconds < latest ? std::optional(Time(std::chrono::seconds(*seconds))) : std::nullopt;
+  return seconds && *seconds <= latest ? std::optional(Time(std::chrono::seconds(*seconds))) : std::nullopt;
 }
 
 system::Result<void> UpdaterPreferences::setLastCheck(Time time) const {

@@ -100,8 +100,10 @@ TEST(UpdaterPreferences, passOverValuesThatAreNone) {
   EXPECT_EQ(setting.preferences.lastCheck(), std::nullopt);
   EXPECT_EQ(setting.preferences.skippedVersion(), "");
   EXPECT_FALSE(setting.preferences.hasLaunchedBefore());
-  setting.write("last-check 9999999999999999\n");
-  EXPECT_EQ(setting.preferences.lastCheck(), std::nullopt);
+  for (const char* year : {"71795255203", "9999999999999999"}) {
+    setting.write("last-check " + std::string(year) + "\n");
+    EXPECT_EQ(setting.preferences.lastCheck(), std::nullopt);
+  }
   EXPECT_TRUE(setting.preferences.setAutomaticChecks(true));
   EXPECT_EQ(setting.preferences.automaticChecks(), true);
 }
