@@ -1,4 +1,4 @@
-"""Reads what libraries of macOS export, as text stubs (.tbd) tell it to a linker."""
+"""What libraries of macOS export, as text stubs (.tbd) tell it to a linker."""
 
 import collections
 import pathlib
@@ -36,3 +36,12 @@ def read(sysroot):
         text = path.read_text(encoding="utf-8")
         libraries[re.search(r"install-name:\s+'?([^'\s]+)", text)[1]] = exports_of(text)
     return libraries
+
+
+def text_of(library, symbols, **more):
+    """Of the library that lies there on macOS, for both architectures; symbols of C lack their underscore."""
+    targets = "[ arm64-macos, x86_64-macos ]"
+    entries = {"symbols": {"_" + name for name in symbols}, **more}
+    lines = [f"    {kind}: [ {', '.join(sorted(names))} ]" for kind, names in entries.items()]
+    return "\n".join(["--- !tapi-tbd", "tbd-version: 4", f"targets: {targets}", f"install-name: '{library}'", "exports:",
+                      f"  - targets: {targets}", *lines, "...", ""])
