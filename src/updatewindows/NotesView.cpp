@@ -16,7 +16,8 @@ constexpr double mostHeight = 190;
 kit::StyledText styled(const release::ReleaseNotes& notes) {
   kit::StyledText text;
   for (const auto& paragraph : notes) {
-    // Both name the same styles in the same order.
+    static_assert(static_cast<int>(kit::StyledText::Paragraph::Style::code) ==
+                  static_cast<int>(release::NotesParagraph::Style::code));  // The last of both.
     auto& styled = text.paragraphs.emplace_back(
         kit::StyledText::Paragraph{.style = static_cast<kit::StyledText::Paragraph::Style>(paragraph.style),
                                    .level = paragraph.level,

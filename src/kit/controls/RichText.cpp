@@ -7,6 +7,7 @@ namespace tarnwell::kit {
 void RichText::setText(StyledText text) {
   if (text != text_) {
     text_ = std::move(text);
+    findLinks();
     changed(Aspect::title);
   }
 }
@@ -30,37 +31,39 @@ std::string RichText::plainText() const {
   return text;
 }
 
-std::vector<const StyledText::Run*> RichText::links() const {
-  std::vector<const StyledText::Run*> links;
+void RichText::findLinks() {
+  links_.clear();
   for (const StyledText::Paragraph& paragraph : text_.paragraphs) {
-    for (const StyledText::Run& run : paragraph.runs) {
-      if (!run.link.empty()) {
-        links.push_back(&run);
+    for (std::size_t run = 0; run < paragraph.runs.size(); ++run) {
+      const StyledText::Run& read = paragraph.runs[run];
+      if (paragraph.beginsLink(run)) {
+        links_.push_back({.address = read.link});
+      }
+      if (!read.link.empty()) {
+        links_.back().name += read.text;
       }
     }
   }
-  return links;
 }
 
 void RichText::follow(int link) {
-  const auto all = links();
   const auto index = static_cast<std::size_t>(link);
-  if (follow_ && isEnabled() && link >= 0 && index < all.size()) {
-    send([follow = follow_, address = all[index]->link] { follow(address); });
+  if (follow_ && isEnabled() && link >= 0 && index < links_.size()) {
+    send([follow = follow_, address = links_[index].address] { follow(address); });
   }
 }
 
 std::vector<AccessiblePart> RichText::accessibleParts() const {
   std::vector<AccessiblePart> parts;
-  for (const StyledText::Run* link : links()) {
-    parts.push_back({.name = link->text});
+  for (const Link& link : links_) {
+    parts.push_back({.name = link.name});
   }
   return parts;
 }
 
 Accessible RichText::ownAccessible() const {
   Accessible told = {.role = AccessibleRole::document, .value = plainText()};
-  if (!links().empty()) {
+  if (!links_.empty()) {
     told.actions = {AccessibleAction::choosePart};
   }
   return told;

@@ -23,6 +23,11 @@ struct StyledText {
     unsigned level = 0;   ///< Of a heading, from 1 to 6; of an item the lists that it stands in.
     unsigned number = 0;  ///< Of an item in a numbered list; 0 in one with bullets.
     std::vector<Run> runs = {};
+
+    /// Runs in a row that lead to the same place are one link.
+    bool beginsLink(std::size_t run) const {
+      return !runs[run].link.empty() && (run == 0 || runs[run - 1].link != runs[run].link);
+    }
     friend bool operator==(const Paragraph&, const Paragraph&) = default;
   };
 
@@ -49,7 +54,7 @@ class RichText final : public Control {
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
   std::vector<AccessiblePart> accessibleParts() const override;
-  bool takesFocus() const override { return !links().empty(); }
+  bool takesFocus() const override { return !links_.empty(); }
 
  protected:
   Accessible ownAccessible() const override;
@@ -57,9 +62,15 @@ class RichText final : public Control {
   std::vector<Aspect> aspects() const override { return {Aspect::title}; }
 
  private:
-  std::vector<const StyledText::Run*> links() const;
+  struct Link {
+    std::string name = {};
+    std::string address = {};
+  };
+
+  void findLinks();
 
   StyledText text_;
+  std::vector<Link> links_;
   std::function<void(const std::string&)> follow_;
 };
 

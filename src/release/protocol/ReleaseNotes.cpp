@@ -85,9 +85,9 @@ bool NotesReader::take(const Message& message) {
   auto& runs = notes_.back().runs;
   if (message.word == runWord) {
     length_ += message.text.size();
-    return length_ <= maximumLength && readRun(message.text, runs.emplace_back());
+    return length_ <= maximumLength && ++runs_ <= maximumRuns && readRun(message.text, runs.emplace_back());
   }
-  if (message.word != linkWord || runs.empty() || !isWebAddress(message.text)) {
+  if (message.word != linkWord || runs.empty() || ++links_ > maximumLinks || !isWebAddress(message.text)) {
     return false;
   }
   runs.back().link = message.text;

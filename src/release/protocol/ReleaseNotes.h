@@ -15,6 +15,10 @@ struct NotesRun {
   bool isItalic = false;
   bool isCode = false;
   std::string link = {};  // The web page that it leads to; empty as a rule.
+
+  bool looksLike(const NotesRun& other) const {
+    return isBold == other.isBold && isItalic == other.isItalic && isCode == other.isCode && link == other.link;
+  }
 };
 
 struct NotesParagraph {
@@ -36,6 +40,8 @@ void sayNotes(const ReleaseNotes& notes, const std::function<void(const Message&
 class NotesReader {
  public:
   static constexpr std::size_t maximumParagraphs = 1000;
+  static constexpr std::size_t maximumRuns = 2000;
+  static constexpr std::size_t maximumLinks = 100;           // Runs with one.
   static constexpr std::size_t maximumLength = 64UL * 1024;  // Bytes of text.
 
   /// False for what is no line of notes, is one too many, or holds what is not seen.
@@ -45,6 +51,8 @@ class NotesReader {
  private:
   ReleaseNotes notes_;
   std::size_t length_ = 0;
+  std::size_t runs_ = 0;
+  std::size_t links_ = 0;
 };
 
 }  // namespace tarnwell::release

@@ -28,6 +28,7 @@ enum class Kind {
   italic,
   mono,
   link,
+  cell,
   lineEnd,
   unseen
 };
@@ -47,10 +48,11 @@ constexpr std::array elements = {
     Elements{Kind::item, " li "},
     Elements{Kind::quote, " blockquote "},
     Elements{Kind::code, " pre "},
-    Elements{Kind::bold, " b strong th "},
+    Elements{Kind::bold, " b strong "},
     Elements{Kind::italic, " i em cite "},
     Elements{Kind::mono, " code kbd samp tt "},
     Elements{Kind::link, " a "},
+    Elements{Kind::cell, " td th "},
     Elements{Kind::lineEnd, " br "},
     Elements{Kind::unseen, " head script style template title noscript iframe object svg math select textarea "}};
 
@@ -125,7 +127,10 @@ class Reader {
       return;
     }
     if (kind == Kind::lineEnd) {
-      return endLine(place);
+      return part("\n", place);
+    }
+    if (kind == Kind::cell && !endsInBlank_) {
+      part(" ", place);
     }
     isOpen_ = isOpen_ && !isBlock(kind);
     List list = {.isNumbered = kind == Kind::numberedList};
@@ -159,13 +164,17 @@ class Reader {
     }
   }
 
-  void endLine(const Place& place) {
+  /// What follows from what stands before it.
+  void part(const char* between, const Place& place) {
     if (isOpen_) {
-      tell("\n", place);
+      tell(between, place);
     }
   }
 
-  bool isFull() const { return length_ >= longestNotes || notes_.size() == release::NotesReader::maximumParagraphs; }
+  bool isFull() const {
+    return length_ >= longestNotes || notes_.size() == release::NotesReader::maximumParagraphs ||
+           runs_ == release::NotesReader::maximumRuns;
+  }
 
   void write(std::string_view text, const Place& place) {
     const bool isCode = place.paragraph.style == Style::code;
@@ -195,12 +204,23 @@ class Reader {
   void tell(std::string text, const Place& place) {
     endsInBlank_ = text.back() == ' ' || text.back() == '\n';
     length_ += text.size();
-    notes_.back().runs.push_back(place.run);
-    notes_.back().runs.back().text = std::move(text);
+    auto& runs = notes_.back().runs;
+    release::NotesRun run = place.run;
+    if (links_ == release::NotesReader::maximumLinks) {
+      run.link.clear();
+    }
+    if (runs.empty() || !runs.back().looksLike(run)) {
+      links_ += run.link.empty() ? 0 : 1;
+      ++runs_;
+      runs.push_back(std::move(run));
+    }
+    runs.back().text += text;
   }
 
   release::ReleaseNotes notes_;
   std::size_t length_ = 0;
+  std::size_t runs_ = 0;
+  std::size_t links_ = 0;
   bool isOpen_ = false;  // A paragraph is.
   bool endsInBlank_ = false;
 };

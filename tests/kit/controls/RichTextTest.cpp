@@ -44,6 +44,14 @@ TEST(RichTextTest, leadsWhereItsLinksLeadAndNowhereElse) {
   EXPECT_EQ(followed, (std::vector<std::string>{"a", "b"}));
 }
 
+TEST(RichTextTest, runsInARowThatLeadToOnePlaceAreOneLink) {
+  RichText text;
+  text.setText({{{.runs = {{.text = "the ", .link = "a"}, {.text = "bold", .isBold = true, .link = "a"}}},
+                 {.runs = {{.text = "again", .link = "a"}, {.text = "else", .link = "b"}}}}});
+  EXPECT_EQ(text.accessibleParts(),
+            (std::vector<AccessiblePart>{{.name = "the bold"}, {.name = "again"}, {.name = "else"}}));
+}
+
 TEST(RichTextTest, isReachedByTheKeyboardForItsLinks) {
   RichText text;
   EXPECT_FALSE(text.takesFocus());

@@ -57,9 +57,16 @@ TEST(ReleaseNotes, areOfAsMuchAsPeopleRead) {
     ASSERT_TRUE(paragraphs.take({"paragraph", "body 0 0"}));
   }
   EXPECT_FALSE(paragraphs.take({"paragraph", "body 0 0"}));
+  NotesReader text;
+  EXPECT_TRUE(text.take({"paragraph", "body 0 0"}));
+  EXPECT_TRUE(text.take({"run", " " + std::string(NotesReader::maximumLength - 1, 'x')}));
+  EXPECT_FALSE(text.take({"run", " x"}));
   NotesReader runs;
   EXPECT_TRUE(runs.take({"paragraph", "body 0 0"}));
-  EXPECT_TRUE(runs.take({"run", " " + std::string(NotesReader::maximumLength - 1, 'x')}));
+  for (std::size_t count = 0; count < NotesReader::maximumRuns; ++count) {
+    ASSERT_TRUE(runs.take({"run", " x"}));
+    ASSERT_EQ(runs.take({"link", "https://updates.invalid/"}), count < NotesReader::maximumLinks);
+  }
   EXPECT_FALSE(runs.take({"run", " x"}));
 }
 

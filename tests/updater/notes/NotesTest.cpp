@@ -55,6 +55,23 @@ TEST(Notes, haveListsWithinLists) {
   EXPECT_EQ(shown("<li>alone"), "li1[alone]");
 }
 
+TEST(Notes, areOneRunWhereTheyLookAlike) {
+  EXPECT_EQ(readNotes("<b>one</b><strong> two</strong>").at(0).runs.size(), 1U);
+  EXPECT_EQ(readNotes("<a href='https://updates.invalid/'>one <u>two</u><br>three</a>").at(0).runs.size(), 1U);
+}
+
+TEST(Notes, haveAsManyRunsAndLinksAsPeopleRead) {
+  std::string runs;
+  std::string links;
+  for (int count = 0; count < 3000; ++count) {
+    runs += "<b>x</b>y";
+    links += "<a href='https://updates.invalid/" + std::to_string(count) + "'>x</a>";
+  }
+  EXPECT_EQ(readNotes(runs).at(0).runs.size(), release::NotesReader::maximumRuns);
+  // What follows the last one is text.
+  EXPECT_EQ(readNotes(links).at(0).runs.size(), release::NotesReader::maximumLinks + 1);
+}
+
 TEST(Notes, leadToPagesOfTheWebAlone) {
   EXPECT_EQ(shown("<a href='https://updates.invalid/x?a=1&amp;b=2'>here</a>"),
             "p[here<https://updates.invalid/x?a=1&b=2>]");
@@ -68,7 +85,7 @@ TEST(Notes, areTheTextAloneOfWhatIsNotLetThrough) {
   EXPECT_EQ(
       shown("<html><head><title>t</title><style>p{}</style></head><body>a<script>alert(1)</script>b</body></html>"),
       "p[ab]");
-  EXPECT_EQ(shown("<table><tr><td>one</td><td>two</td></tr><tr><td>three</table>"), "p[onetwo]p[three]");
+  EXPECT_EQ(shown("<table><tr><td>one</td><td>two</td></tr><tr><td>three</table>"), "p[one two]p[three]");
   EXPECT_EQ(shown("<iframe src=x>no</iframe><svg><text>no</text></svg><!-- no --><b>yes</b>"), "p[b(yes)]");
 }
 

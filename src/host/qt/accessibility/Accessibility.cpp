@@ -136,7 +136,7 @@ class AccessibleDocument final : public AccessibleControl, public QAccessibleTex
     return {};
   }
 
-  // Nothing in it can be selected.
+  // What is selected in it is the mouse's.
   void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
   int selectionCount() const override { return 0; }
   void addSelection(int /*start*/, int /*end*/) override {}

@@ -2,13 +2,16 @@
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QAccessible>
+#include <QtGui/QClipboard>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
+#include <QtGui/QTextDocumentFragment>
 #include <QtGui/QTextList>
 #include <algorithm>
 #include <cmath>
@@ -56,8 +59,8 @@ class Composer {
       cursor_.insertBlock(block);
     }
     place(paragraph);
-    for (const auto& run : paragraph.runs) {
-      write(run, paragraph.style);
+    for (std::size_t run = 0; run < paragraph.runs.size(); ++run) {
+      write(paragraph, run);
     }
   }
 
@@ -93,8 +96,18 @@ class Composer {
     }
   }
 
-  void write(const kit::StyledText::Run& run, Style style) {
-    QTextCharFormat format;
+  void write(const Paragraph& paragraph, std::size_t index) {
+    const kit::StyledText::Run& run = paragraph.runs[index];
+    const int start = cursor_.position();
+    cursor_.insertText(toQString(run.text).replace('\n', QChar::LineSeparator), formatOf(run, paragraph.style));
+    if (paragraph.beginsLink(index)) {
+      links_.push_back({start, cursor_.position()});
+    } else if (!run.link.empty()) {
+      links_.back().end = cursor_.position();
+    }
+  }
+
+  QTextCharFormat formatOf(const kit::StyledText::Run& run, Style style) const {
     QFont font = theme_.font(kit::FontRole::body);
     font.setBold(run.isBold || style == Style::heading);
     font.setItalic(run.isItalic);
@@ -102,17 +115,12 @@ class Composer {
       font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
       font.setFixedPitch(true);
     }
+    QTextCharFormat format;
     format.setFont(font);
-    format.setForeground(theme_.textColor(style == Style::quote ? kit::ColorRole::secondary : kit::ColorRole::primary));
-    const int start = cursor_.position();
-    if (!run.link.empty()) {
-      format.setForeground(theme_.palette().accentOnWindow);
-      format.setFontUnderline(true);
-    }
-    cursor_.insertText(toQString(run.text).replace('\n', QChar::LineSeparator), format);
-    if (!run.link.empty()) {
-      links_.push_back({start, cursor_.position()});
-    }
+    const auto role = style == Style::quote ? kit::ColorRole::secondary : kit::ColorRole::primary;
+    format.setForeground(run.link.empty() ? theme_.textColor(role) : theme_.palette().accentOnWindow);
+    format.setFontUnderline(!run.link.empty());
+    return format;
   }
 
   const Theme& theme_;
@@ -126,13 +134,17 @@ std::vector<Link> compose(QTextDocument& document, const kit::RichText& text, co
   document.setDocumentMargin(host_painted::metrics::richTextInset);
   document.setIndentWidth(listIndent);
   document.setDefaultFont(theme.font(kit::FontRole::body));
-  document.setTextWidth(width);
+  // Laid out once, and not with each run.
+  QTextCursor whole(&document);
+  whole.beginEditBlock();
   Composer composer(document, theme);
   bool isFirst = true;
   for (const Paragraph& paragraph : text.text().paragraphs) {
     composer.write(paragraph, isFirst);
     isFirst = false;
   }
+  whole.endEditBlock();
+  document.setTextWidth(width);
   return composer.links();
 }
 
@@ -144,16 +156,20 @@ class RichTextWidget final : public ControlWidget {
     setMouseTracking(true);
   }
 
-  kit::Size sizeIn(double width) const {
+  kit::Measurement measureIn(double width) const {
     QTextDocument copy;
     compose(copy, text_, theme(), width);
-    return {.width = width, .height = std::ceil(copy.size().height())};
+    const double height = std::ceil(copy.size().height());
+    const QTextLine first = copy.firstBlock().layout()->lineAt(0);
+    return {.size = {.width = width, .height = height},
+            .firstBaseline = host_painted::metrics::richTextInset + (first.isValid() ? first.ascent() : 0)};
   }
 
   void layOutAnew() {
     links_ = compose(document_, text_, theme(), width());
     current_ = std::min(current_, std::max(0, static_cast<int>(links_.size()) - 1));
-    setFocusPolicy(links_.empty() ? Qt::NoFocus : Qt::StrongFocus);
+    // By the mouse for what is selected, by Tab for links.
+    setFocusPolicy(links_.empty() ? Qt::ClickFocus : Qt::StrongFocus);
     update();
   }
 
@@ -182,7 +198,16 @@ class RichTextWidget final : public ControlWidget {
   }
 
  protected:
-  void draw(QPainter& painter) override { document_.drawContents(&painter, bounds()); }
+  void draw(QPainter& painter) override {
+    QAbstractTextDocumentLayout::PaintContext context;
+    if (selected_.hasSelection()) {
+      QTextCharFormat format;
+      format.setBackground(palette().highlight());
+      format.setForeground(palette().highlightedText());
+      context.selections.push_back({selected_, format});
+    }
+    document_.documentLayout()->draw(&painter, context);
+  }
 
   void resizeEvent(QResizeEvent* /*event*/) override { layOutAnew(); }
 
@@ -194,23 +219,35 @@ class RichTextWidget final : public ControlWidget {
   }
 
   void mouseMoveEvent(QMouseEvent* event) override {
-    setCursor(linkAt(event->position()) >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    setCursor(linkAt(event->position()) >= 0 ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    if (event->buttons().testFlag(Qt::LeftButton)) {
+      select(event->position(), QTextCursor::KeepAnchor);
+    }
   }
 
   void mousePressEvent(QMouseEvent* event) override {
     pressed_ = event->button() == Qt::LeftButton ? linkAt(event->position()) : -1;
-    current_ = std::max(pressed_, 0);
+    current_ = pressed_ >= 0 ? pressed_ : current_;
+    if (event->button() == Qt::LeftButton) {
+      select(event->position(), QTextCursor::MoveAnchor);
+    }
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
-    if (event->button() == Qt::LeftButton && pressed_ >= 0 && linkAt(event->position()) == pressed_) {
+    const bool isClick = event->button() == Qt::LeftButton && !selected_.hasSelection();
+    if (isClick && pressed_ >= 0 && linkAt(event->position()) == pressed_) {
       text_.follow(pressed_);
     }
     pressed_ = -1;
   }
 
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->matches(QKeySequence::Copy)) {
+      QGuiApplication::clipboard()->setText(selected_.selection().toPlainText());
+    } else if (event->matches(QKeySequence::SelectAll)) {
+      selected_.select(QTextCursor::Document);
+      update();
+    } else if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
       text_.follow(current_);
     } else {
       event->ignore();
@@ -240,6 +277,11 @@ class RichTextWidget final : public ControlWidget {
   }
 
  private:
+  void select(const QPointF& position, QTextCursor::MoveMode mode) {
+    selected_.setPosition(document_.documentLayout()->hitTest(position, Qt::FuzzyHit), mode);
+    update();
+  }
+
   int linkAt(const QPointF& position) const {
     const int place = document_.documentLayout()->hitTest(position, Qt::ExactHit);
     for (std::size_t index = 0; place >= 0 && index < links_.size(); ++index) {
@@ -252,6 +294,7 @@ class RichTextWidget final : public ControlWidget {
 
   kit::RichText& text_;
   QTextDocument document_;
+  QTextCursor selected_{&document_};
   std::vector<Link> links_;
   int current_ = 0;
   int pressed_ = -1;
@@ -268,8 +311,7 @@ std::optional<kit::Measurement> RichTextPeer::measure(kit::Proposal proposal) co
   if (widget() == nullptr) {
     return std::nullopt;
   }
-  return kit::Measurement{.size = static_cast<RichTextWidget*>(widget())->sizeIn(width),
-                          .firstBaseline = metrics::richTextInset};
+  return static_cast<RichTextWidget*>(widget())->measureIn(width);
 }
 
 void RichTextPeer::showState(kit::Aspect /*aspect*/) { static_cast<RichTextWidget*>(widget())->layOutAnew(); }

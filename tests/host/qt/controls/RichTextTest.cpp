@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QtGui/QAccessible>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -125,6 +128,32 @@ TEST_F(RichTextTest, listsThatAreFarWithinEachOtherLeaveRoomForTheirText) {
   };
   EXPECT_EQ(heightAt(256), heightAt(6));
   EXPECT_EQ(heightAt(0), heightAt(1));
+}
+
+TEST_F(RichTextTest, whatIsSelectedByTheMouseIsCopied) {
+  auto& text = add();
+  QGuiApplication::clipboard()->clear();
+  driver::press(text, {.x = 0, .y = 0});
+  driver::moveTo(text, middleOf(text, 0));
+  driver::release(text, middleOf(text, 0));
+  EXPECT_TRUE(followed.empty());
+  driver::key(stage.window(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString().substr(0, 8), "New\nSee ");
+  driver::key(stage.window(), Qt::Key_A, Qt::ControlModifier);
+  driver::key(stage.window(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "New\nSee one and two");
+}
+
+TEST_F(RichTextTest, isLaidOutInLittleTimeHoweverManyPartsItHas) {
+  kit::StyledText many = {{{}}};
+  for (int count = 0; count < 4000; ++count) {
+    many.paragraphs.front().runs.push_back({.text = "x", .isBold = true});
+    many.paragraphs.front().runs.push_back({.text = "y "});
+  }
+  auto& text = add();
+  const auto began = std::chrono::steady_clock::now();
+  text.setText(std::move(many));
+  EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10));
 }
 
 TEST_F(RichTextTest, isAsHighAsItsWidthMakesIt) {
