@@ -24,10 +24,17 @@ def text_at(data, at):
     return data[at:data.index(b"\0", at)].decode()
 
 
+def name_at(data, at):
+    return data[at:at + 16].rstrip(b"\0").decode()
+
+
 class Segment:
     def __init__(self, data, at):
-        self.name = data[at + 8:at + 24].rstrip(b"\0").decode()
-        self.offset, self.size, _, self.protection = struct.unpack_from("<2Q2I", data, at + 40)
+        self.name = name_at(data, at + 8)
+        self.address, _, self.offset, self.size, _, self.protection, count = struct.unpack_from("<4Q3I", data, at + 24)
+        # Name -> address and size.
+        self.sections = {name_at(data, place): struct.unpack_from("<2Q", data, place + 32)
+                         for place in range(at + 72, at + 72 + 80 * count, 80)}
 
 
 class CodeDirectory:
@@ -55,12 +62,33 @@ class Slice:
             command, size = struct.unpack_from("<2I", data, at)
             self.commands.append((command, at))
             at += size
+        self.segments = [Segment(data, place) for place in self.places_of(SEGMENT)]
 
     def places_of(self, *commands):
         return [at for command, at in self.commands if command in commands]
 
-    def segments(self):
-        return [Segment(self.data, at) for at in self.places_of(SEGMENT)]
+    def offset_of(self, address):
+        for segment in self.segments:
+            if segment.address <= address < segment.address + segment.size:
+                return segment.offset + address - segment.address
+        raise Malformed(f"nothing is at the address {address:#x}")
+
+    def number_at(self, address, form):
+        return struct.unpack_from("<" + form, self.data, self.offset_of(address))[0]
+
+    def text_at(self, address):
+        return text_at(self.data, self.offset_of(address))
+
+    def pointer_at(self, address):
+        """Where it will point to; 0 for nowhere and for what the loader takes from a library."""
+        number = self.number_at(address, "Q")
+        target = number & (1 << 36) - 1
+        base = next(segment.address for segment in self.segments if segment.name == "__TEXT")
+        return 0 if number >> 63 or not number else target if target >= base else base + target
+
+    def pointers_in(self, section):
+        address, size = next((each.sections[section] for each in self.segments if section in each.sections), (0, 0))
+        return [self.pointer_at(place) for place in range(address, address + size, 8)]
 
     def platforms(self):
         """(platform, least version, version of the kit), each version as (major, minor)."""
