@@ -149,10 +149,8 @@ TypedValue parseUntyped(const std::string& text) {
   return made(std::move(quoted ? quoted : value), 1);
 }
 
+// Of one argument at least.
 TypedValue parseScalar(Arguments arguments) {
-  if (arguments.empty()) {
-    return {};
-  }
   const ScalarType* type = scalarType(arguments[0]);
   if (type == nullptr) {
     return parseUntyped(std::string(arguments[0]));
@@ -203,9 +201,6 @@ TypedValue parseDictionary(Arguments arguments, Placement placement) {
 }
 
 TypedValue parseTypedValue(Arguments arguments) {
-  if (arguments.empty()) {
-    return {};
-  }
   const std::string_view flag = arguments.front();
   const Arguments values = arguments.subspan(1);
   TypedValue result;
