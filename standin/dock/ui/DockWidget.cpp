@@ -41,7 +41,6 @@ DockWidget::DockWidget(Surface& surface, const Reveal& reveal, ScrollGesture& sc
     : surface_(surface), painter_(look_), actions_(std::move(actions)), reveal_(reveal), scrolling_(scrolling) {
   setWindowTitle(QStringLiteral("Dock"));
   setMouseTracking(true);
-  alarm_.setSingleShot(true);
   alarm_.setTimerType(Qt::PreciseTimer);
   connect(&alarm_, &QTimer::timeout, this, [this] { wakeUp(); });
   surface_.adopt(*this, Surface::Role::dock);
@@ -142,9 +141,14 @@ void DockWidget::wakeUp() {
   growTowards(now);
   show(reveal_.shown(now));
   const bool grows = strength_ != (onDock_ ? 1 : 0);
-  isMoving_ = grows || reveal_.isMoving(now) || (shown_ > 0 && isBouncing(now));
-  if (const auto next = isMoving_ ? now + frameTime : reveal_.deadline()) {
-    alarm_.start(std::max(std::chrono::ceil<std::chrono::milliseconds>(*next - Reveal::Clock::now()), {}));
+  const bool moves = grows || reveal_.isMoving(now) || (shown_ > 0 && isBouncing(now));
+  if (const bool wasMoving = std::exchange(isMoving_, moves); moves) {
+    // Goes on by itself, and keeps the pace.
+    if (!wasMoving) {
+      alarm_.start(frameTime);
+    }
+  } else if (const auto deadline = reveal_.deadline()) {
+    alarm_.start(std::chrono::ceil<std::chrono::milliseconds>(*deadline - now));
   } else {
     alarm_.stop();
   }
