@@ -40,7 +40,8 @@ class Menu final {
     return nullptr;
   }
 
-  /// Run before the menu is shown, so that what it shows is made then. One at a time.
+  /// Run before the menu is shown, so that what it shows is made then, as an event (`ResponderChain::menuNeedsUpdate`).
+  /// One at a time.
   void setOpenAction(Action willOpen) { willOpen_ = std::move(willOpen); }
   void willOpen() const;
 

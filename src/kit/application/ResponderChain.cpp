@@ -32,17 +32,25 @@ bool ResponderChain::giveToKeyWindow(const KeyEvent& event) {
   return meant;
 }
 
-void ResponderChain::menuOpens(Menu& menu) {
+void ResponderChain::menuNeedsUpdate(Menu& menu) {
   if (std::ranges::find(openMenus_, &menu) == openMenus_.end()) {
     turn_.perform([&menu] { menu.willOpen(); });
   }
-  openMenus_.push_back(&menu);
+}
+
+// Of two menus side by side the platform may open the next one before it closes the last.
+void ResponderChain::menuCloses(Menu& menu) {
+  const auto last = std::find(openMenus_.rbegin(), openMenus_.rend(), &menu);
+  if (last != openMenus_.rend()) {
+    openMenus_.erase(std::next(last).base());
+  }
 }
 
 void ResponderChain::trackMenu(Menu& menu, const Action& show) {
+  menuNeedsUpdate(menu);
   menuOpens(menu);
   turn_.nestedLoop(show);
-  menuCloses();
+  menuCloses(menu);
 }
 
 bool ResponderChain::sendAction(const Selector& action, const std::shared_ptr<Object>& target, Object* sender) {

@@ -23,12 +23,18 @@ class ResponderChain {
   /// that means nothing.
   bool performKeyEquivalent(const KeyEvent& event);
 
-  /// A menu that is not the main one opens: its entries are made, unless it is open already, and its keys come first.
-  /// It must live until it closes; those close first that opened last.
-  void menuOpens(Menu& menu);
-  void menuCloses() { openMenus_.pop_back(); }
+  // Menus. Where the platform opens them by itself, in a loop of its own, the host tells.
 
-  /// For a host that shows menus itself: opens one and runs `show` as a nested loop, which ends when it has closed.
+  /// The entries of a menu are wanted, shown or not: it makes them, as an event. One that is open keeps its entries.
+  void menuNeedsUpdate(Menu& menu);
+
+  /// A menu that was updated is on the screen, and its keys come before those of menus that opened earlier; it must
+  /// live until it closes. The main menu needs not be told of.
+  void menuOpens(Menu& menu) { openMenus_.push_back(&menu); }
+  void menuCloses(Menu& menu);
+
+  /// For a host that shows menus itself: does all of this around `show`, a nested loop which ends when the menu has
+  /// closed.
   void trackMenu(Menu& menu, const Action& show);
 
   // Actions.

@@ -56,8 +56,8 @@ class StatusItemPeer {
   /// Shows `menu` at the icon and returns when it has closed.
   virtual void popUp(Menu& menu) = 0;
 
-  /// The item has another menu, or none. A platform that opens menus by itself is given it now, and tells the
-  /// application when it opens and closes it.
+  /// The item has another menu, or none. A platform that opens menus by itself is given it now; it then tells of no
+  /// `mouseUp` there, but the responder chain of what becomes of the menu.
   virtual void menuChanged() {}
 };
 
@@ -86,7 +86,7 @@ class StatusItem final {
   /// As if the button had been clicked with the left mouse button; returns when a menu that opened has closed.
   void performClick();
 
-  /// The user's doing: a button of the mouse was released over the icon.
+  /// The user's doing: a button of the mouse was released over the icon, and the platform did nothing itself.
   void mouseUp(Event::Type type);
 
  private:

@@ -30,7 +30,7 @@ struct SceneRunner::Extra {
         tree(application.turn(), *menu),
         item(application, kit::StatusItem::variableLength, scene.title) {
     application.turn().perform([&] { tree.mount(scene.content, environment); });
-    menu->setOpenAction([this, &application] { application.turn().perform([this] { tree.root().markDirty(); }); });
+    menu->setOpenAction([this] { tree.root().markDirty(); });
     item.setMenu(menu);
     if (item.button()) {
       item.button()->setImage({.symbol = scene.systemImage, .accessibilityDescription = scene.title});

@@ -78,9 +78,12 @@ TEST_F(ResponderChainTest, menusThatThePlatformOpensComeFirstWhileTheyAreOpen) {
   Menu inner;
   inner.setOpenAction([&] { inner.setItems({entry("inner", "q")}); });
   EXPECT_EQ(chosenAfter([&] { application->responders().menuOpens(outer); }), Lines{"outer"});
+  EXPECT_EQ(chosenAfter([&] { application->responders().menuNeedsUpdate(inner); }), Lines{"outer"});
   EXPECT_EQ(chosenAfter([&] { application->responders().menuOpens(inner); }), Lines{"inner"});
-  EXPECT_EQ(chosenAfter([&] { application->responders().menuCloses(); }), Lines{"outer"});
-  EXPECT_EQ(chosenAfter([&] { application->responders().menuCloses(); }), Lines{"main"});
+  // In whatever order they close.
+  EXPECT_EQ(chosenAfter([&] { application->responders().menuCloses(outer); }), Lines{"inner"});
+  EXPECT_EQ(chosenAfter([&] { application->responders().menuCloses(inner); }), Lines{"main"});
+  EXPECT_EQ(chosenAfter([&] { application->responders().menuCloses(inner); }), Lines{"main"});
 }
 
 TEST_F(ResponderChainTest, aMenuThatIsOpenAlreadyKeepsItsEntries) {
@@ -88,14 +91,16 @@ TEST_F(ResponderChainTest, aMenuThatIsOpenAlreadyKeepsItsEntries) {
   menu.setOpenAction([&] { menu.addItem(entry("made now", "")); });
   application->responders().trackMenu(menu, [&] {
     // The platform tells of the menu that it was asked to show.
+    application->responders().menuNeedsUpdate(menu);
     application->responders().menuOpens(menu);
     EXPECT_EQ(menu.items().size(), 1U);
-    application->responders().menuCloses();
+    application->responders().menuCloses(menu);
+    application->responders().menuNeedsUpdate(menu);
   });
   EXPECT_EQ(menu.items().size(), 1U);
 }
 
-TEST_F(ResponderChainTest, whatAMenuChangesWhenThePlatformOpensItSettles) {
+TEST_F(ResponderChainTest, whatAMenuChangesWhenItIsUpdatedSettles) {
   class Counting final : public Settler {
    public:
     bool settleStep() override { return false; }
@@ -105,9 +110,8 @@ TEST_F(ResponderChainTest, whatAMenuChangesWhenThePlatformOpensItSettles) {
   Counting settler;
   application->turn().join(settler);
   Menu menu;
-  application->responders().menuOpens(menu);
+  application->responders().menuNeedsUpdate(menu);
   EXPECT_EQ(settler.count, 1);
-  application->responders().menuCloses();
   application->turn().leave(settler);
 }
 

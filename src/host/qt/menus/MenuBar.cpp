@@ -65,7 +65,9 @@ void MenuBar::rebuild() {
 void MenuBar::addTopMenu(const kit::MenuItem& item, QString& taken) {
   auto* menu = new MenuWidget(application_, *item.submenu(), theme_, this);
   menu->setTitle(withMnemonic(toQString(item.title()), taken));
-  connect(menu, &QMenu::aboutToShow, this, [opened = item.submenu()]() noexcept { opened->willOpen(); });
+  connect(menu, &QMenu::aboutToShow, this, [&application = application_, opened = item.submenu()]() noexcept {
+    application.responders().menuNeedsUpdate(*opened);
+  });
   addMenu(menu);
 }
 

@@ -166,7 +166,7 @@ BusReply<QList<int>, QList<int>> BusMenu::aboutToShowGroup(const BusList<int>& i
 
 bool BusMenu::updateToShow() {
   const uint shown = revision_;
-  menu_->willOpen();
+  application_.responders().menuNeedsUpdate(*menu_);
   return revision_ != shown;
 }
 

@@ -111,10 +111,13 @@ TEST(MenuBarTest, followsEntriesThatChangeWhileTheMenuIsOpen) {
   desktop.menu(0).close();
 }
 
-TEST(MenuBarTest, tellsTheMenuThatItOpens) {
+TEST(MenuBarTest, aMenuIsMadeByAnEventWhenItOpens) {
   Desktop desktop;
   const auto menu = desktop.addMenu("Menu", {});
-  menu->setOpenAction([&menu] { menu->setItems({entry("Made now", nothing)}); });
+  menu->setOpenAction([&] {
+    EXPECT_TRUE(desktop.application().turn().isPerforming());
+    menu->setItems({entry("Made now", nothing)});
+  });
   desktop.showWindow();
   desktop.menu(0).popup({0, 0});
   EXPECT_THAT(linesOf(desktop.menu(0)), ElementsAre("Made now"));

@@ -87,10 +87,13 @@ TEST_F(StatusIconTest, panelReadsTheMenu) {
               ElementsAre("Settings... [Control ,]", "-", "Check__for & Updates", "Quit Tarnwell [Control Q]"));
 }
 
-TEST_F(StatusIconTest, menuIsMadeWhenThePanelOpensIt) {
+TEST_F(StatusIconTest, menuIsMadeByAnEventWhenThePanelOpensIt) {
   const FakePanel panel;
   ASSERT_TRUE(panel.hasIcon());
-  menu_->setOpenAction([this] { menu_->setItems({entry("Made now", [] {})}); });
+  menu_->setOpenAction([this] {
+    EXPECT_TRUE(desktop_.application().turn().isPerforming());
+    menu_->setItems({entry("Made now", [] {})});
+  });
   EXPECT_THAT(panel.openMenu(), ElementsAre("Made now"));
 }
 
