@@ -19,14 +19,5 @@ TEST(CompositionTest, runsTheApplicationOnAPlatformThatIsHandedToIt) {
   EXPECT_FALSE(kit::Application::isThere());
 }
 
-TEST(CompositionTest, startingItAgainOpensTheSettings) {
-  HeadlessApplication application;
-  application.start();
-  application.settings().performClose();
-  ASSERT_FALSE(application.settingsAreOpen());
-  application.application().notificationCenter().post({.name = kit::reopenNotification});
-  EXPECT_TRUE(application.settingsAreOpen());
-}
-
 }  // namespace
 }  // namespace tarnwell::app

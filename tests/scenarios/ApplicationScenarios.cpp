@@ -5,6 +5,7 @@
 #include "app/Product.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
+#include "kit/Responder.h"
 #include "kit/application/Platform.h"
 #include "kit/controls/Window.h"
 #include "scenarios/Tarnwell.h"
@@ -304,9 +305,30 @@ TEST(ApplicationScenarios, commandWClosesTheWindowAndTheApplicationGoesOn) {
   EXPECT_TRUE(tarnwell.settingsAreOpen());
 }
 
-TEST(ApplicationScenarios, commandQEndsTheApplication) {
+TEST(ApplicationScenarios, startedOnceMoreItShowsItsSettings) {
   Tarnwell tarnwell;
-  EXPECT_TRUE(tarnwell.system().endsBy([&tarnwell] { tarnwell.system().pressCommand('q'); }));
+  tarnwell.system().closeWindow(tarnwell.settings());
+  tarnwell.system().reopen();
+  EXPECT_TRUE(tarnwell.settingsAreOpen());
+  tarnwell.chooseTab(generalTab);
+  tarnwell.system().reopen();
+  EXPECT_EQ(tarnwell.chosenTab(), "General");
+}
+
+/// What the delegate of an application that ends by `action` hears of that.
+Lines heardOfAnEndBy(const std::function<void(System&)>& action) {
+  Lines heard;
+  Tarnwell tarnwell;
+  const auto delegate = std::make_shared<kit::Responder>("delegate", kit::selectors::applicationWillTerminate, heard);
+  tarnwell.application().setDelegate(delegate);
+  EXPECT_TRUE(tarnwell.system().endsBy([&] { action(tarnwell.system()); }));
+  return heard;
+}
+
+TEST(ApplicationScenarios, anEndIsToldOnceAskedForOrNot) {
+  const Lines once = {"delegate applicationWillTerminate:"};
+  EXPECT_EQ(heardOfAnEndBy([](System& system) { system.pressCommand('q'); }), once);
+  EXPECT_EQ(heardOfAnEndBy([](System& system) { system.end(); }), once);
 }
 
 TEST(ApplicationScenarios, quitOfEachMenuEndsTheApplication) {

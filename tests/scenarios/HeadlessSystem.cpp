@@ -70,6 +70,11 @@ class HeadlessSystem final : public System {
     return opened;
   }
 
+  void reopen() override {
+    application().reopen();
+    settle();
+  }
+  void end() override { platform_.end(application()); }
   bool endsBy(const std::function<void()>& action) override {
     action();
     return platform_.hasTerminated();

@@ -159,6 +159,11 @@ class QtSystem final : public System {
     return opened;
   }
 
+  void reopen() override {
+    platform_.reopen({});
+    settle();
+  }
+  void end() override { host_qt::testApplication().quit(); }
   bool endsBy(const std::function<void()>& action) override {
     QTimer tooLate;
     QObject::connect(&tooLate, &QTimer::timeout, [] { host_qt::testApplication().quit(EXIT_FAILURE); });

@@ -55,6 +55,10 @@ class System {
   /// What the browser was given since the last call; waits for it.
   virtual std::string openedAddress() = 0;
 
+  /// The user starts the application once more.
+  virtual void reopen() = 0;
+  /// The system ends the application, with the session for one.
+  virtual void end() = 0;
   /// Whether the application ends by this, from within its main loop.
   virtual bool endsBy(const std::function<void()>& action) = 0;
 };

@@ -52,9 +52,14 @@ void HeadlessPlatform::activateIgnoringOtherApps() { journal().note("activate");
 
 void HeadlessPlatform::startAgainAtEnd() { journal().note("startAgainAtEnd"); }
 
-void HeadlessPlatform::terminate() {
+void HeadlessPlatform::terminate(kit::Application& application) {
   journal().note("terminate");
+  end(application);
+}
+
+void HeadlessPlatform::end(kit::Application& application) {
   terminated_ = true;
+  application.willTerminate();
 }
 
 void HeadlessPlatform::orderFrontStandardAboutPanel(kit::Application& /*application*/) {

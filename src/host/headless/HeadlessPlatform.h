@@ -48,6 +48,8 @@ class HeadlessPlatform final : public kit::Platform {
   /// Null until it is shown.
   kit::Menu* shownMainMenu() const { return mainMenu_; }
   bool hasTerminated() const { return terminated_; }
+  /// As at the end of a session.
+  void end(kit::Application& application);
 
   /// Ends the launch, with `event` as the current one meanwhile.
   void launch(kit::Application& application, const kit::AppleEvent& event);
@@ -65,7 +67,7 @@ class HeadlessPlatform final : public kit::Platform {
   std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return traits_.numberFormat; }
   void wakeUp(kit::Application& application) override;
   void activateIgnoringOtherApps() override;
-  void terminate() override;
+  void terminate(kit::Application& application) override;
   void startAgainAtEnd() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;

@@ -63,6 +63,12 @@ QtPlatform::QtPlatform(QtApplication& application, Services services)
   QApplication::setDesktopFileName(QString::fromStdString(services_.product.identifier));
   QApplication::setWindowIcon(applicationIcon());
   host().setMetricsChanged([] { takeMetrics(); });
+  // However the loop ends.
+  QObject::connect(qApp, &QCoreApplication::aboutToQuit, &context_, []() noexcept {
+    if (kit::Application::isThere()) {
+      kit::Application::shared().willTerminate();
+    }
+  });
 }
 
 QtPlatform::~QtPlatform() {
@@ -120,12 +126,12 @@ void QtPlatform::activateIgnoringOtherApps() {
 void QtPlatform::reopen(const std::string& token) {
   useActivationToken(token);
   if (kit::Application::isThere()) {
-    kit::Application::shared().notificationCenter().post({.name = kit::reopenNotification});
+    kit::Application::shared().reopen();
   }
   activateIgnoringOtherApps();
 }
 
-void QtPlatform::terminate() {
+void QtPlatform::terminate(kit::Application& /*application*/) {
   if (QThread::currentThread()->loopLevel() > 0) {
     application_.quit();
   } else {

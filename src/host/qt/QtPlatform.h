@@ -59,7 +59,7 @@ class QtPlatform final : public kit::Platform {
   void wakeUp(kit::Application& application) override;
   kit::Subscription whenReady(const kit::Action& open) override { return startup_.whenOver(open); }
   void activateIgnoringOtherApps() override;
-  void terminate() override;
+  void terminate(kit::Application& application) override;
   void startAgainAtEnd() override;
   void orderFrontStandardAboutPanel(kit::Application& application) override;
   void openUrl(const std::string& address) override;

@@ -1,5 +1,7 @@
 #include "kit/application/Application.h"
 
+#include <utility>
+
 #include "diagnostics/Fault.h"
 #include "kit/application/Platform.h"
 
@@ -38,14 +40,21 @@ Application::Application(Platform& platform)
           [this] { platform_.wakeUp(*this); }) {
   respondTo(selectors::orderFrontStandardAboutPanel,
             [this](Object* /*sender*/) { platform_.orderFrontStandardAboutPanel(*this); });
-  respondTo(selectors::terminate, [this](Object* sender) {
-    tellDelegate(selectors::applicationWillTerminate, sender);
-    platform_.terminate();
-  });
+  respondTo(selectors::terminate, [this](Object* /*sender*/) { platform_.terminate(*this); });
 }
 
 void Application::finishLaunching() {
   turn_.perform([this] { tellDelegate(selectors::applicationDidFinishLaunching, this); });
+}
+
+void Application::reopen() {
+  turn_.perform([this] { notifications_.post({.name = reopenNotification}); });
+}
+
+void Application::willTerminate() {
+  if (!std::exchange(ends_, true)) {
+    turn_.perform([this] { tellDelegate(selectors::applicationWillTerminate, this); });
+  }
 }
 
 bool Application::respondsToSelector(const Selector& selector) const {

@@ -46,10 +46,17 @@ class Application final : public Object {
   std::shared_ptr<Object> delegate() const { return delegate_.lock(); }
   void setDelegate(const std::shared_ptr<Object>& delegate) { delegate_ = delegate; }
 
-  /// Tells the delegate that the application runs. A host calls it once, before its event loop.
-  void finishLaunching();
+  // What the host tells.
 
-  /// About, terminate (which tells the delegate, then ends the event loop), and what the delegate responds to.
+  /// The application runs: the delegate hears of it. Once, before the event loop.
+  void finishLaunching();
+  /// The user starts the application that runs already, or clicks its icon in the Dock: the settings open.
+  void reopen();
+  /// The application ends, asked by `Platform::terminate` or not, and nothing can keep it: the delegate hears of it,
+  /// the first time.
+  void willTerminate();
+
+  /// About, terminate (which asks the platform to end the application), and what the delegate responds to.
   bool respondsToSelector(const Selector& selector) const override;
   void perform(const Selector& selector, Object* sender) override;
 
@@ -67,6 +74,7 @@ class Application final : public Object {
   NotificationCenter notifications_;
   std::weak_ptr<Object> delegate_;
   std::map<std::type_index, std::any> singles_;
+  bool ends_ = false;
 };
 
 }  // namespace tarnwell::kit

@@ -31,7 +31,8 @@ class Platform {
   virtual SystemVersion systemVersion() const = 0;
   virtual std::shared_ptr<const NumberFormat> numberFormat() const = 0;
 
-  /// Ends the launch, then runs the event loop until `terminate`; returns the status of the process.
+  /// Ends the launch, then runs the event loop until the application ends; returns the status of the process, unless
+  /// the platform ends that itself.
   virtual int run(Application& application) = 0;
 
   /// Runs `readable` from the event loop whenever `descriptor`, which stays the caller's, can be read, until the
@@ -50,8 +51,9 @@ class Platform {
 
   /// Brings this application to the front.
   virtual void activateIgnoringOtherApps() = 0;
-  /// Ends the event loop without asking or waiting.
-  virtual void terminate() = 0;
+  /// Ends the application without asking or waiting. The platform, which may also end it unasked, tells the
+  /// application (`willTerminate`): at once or when its event loop has ended.
+  virtual void terminate(Application& application) = 0;
   /// Has this program started once more when it has ended.
   virtual void startAgainAtEnd() = 0;
   /// Shows the panel with icon, name, version and copyright, without bringing the application to the front.

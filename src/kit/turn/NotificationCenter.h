@@ -19,7 +19,7 @@ struct Notification {
 /// Posted by a window that is about to close, while it still stands.
 inline constexpr const char* windowWillCloseNotification = "NSWindowWillCloseNotification";
 
-/// Posted by the platform when the user starts the application that runs already.
+/// Posted when the user starts the application that runs already.
 inline constexpr const char* reopenNotification = "NSApplicationReopenNotification";
 
 class NotificationCenter {

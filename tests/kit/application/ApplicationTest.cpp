@@ -28,12 +28,21 @@ TEST_F(ApplicationTest, aboutReachesThePlatform) {
   EXPECT_EQ(platform.journal().lines(), Lines{"about panel"});
 }
 
-TEST_F(ApplicationTest, theDelegateHearsOfTheEndFirst) {
+TEST_F(ApplicationTest, theDelegateHearsOfTheEndOnceFromThePlatform) {
   const auto delegate = std::make_shared<Responder>("delegate", "applicationWillTerminate:", notes);
   application->setDelegate(delegate);
   application->perform("terminate:", nullptr);
-  EXPECT_EQ(notes, Lines{"delegate applicationWillTerminate:"});
   EXPECT_TRUE(platform.hasTerminated());
+  platform.end(*application);
+  EXPECT_EQ(notes, Lines{"delegate applicationWillTerminate:"});
+}
+
+TEST_F(ApplicationTest, theDelegateHearsOfAnEndThatNoneAskedFor) {
+  const auto delegate = std::make_shared<Responder>("delegate", "applicationWillTerminate:", notes);
+  application->setDelegate(delegate);
+  platform.end(*application);
+  EXPECT_EQ(notes, Lines{"delegate applicationWillTerminate:"});
+  EXPECT_EQ(platform.journal().lines(), Lines{});
 }
 
 TEST_F(ApplicationTest, noTurnRunsAfterTheEnd) {
