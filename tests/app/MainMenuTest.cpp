@@ -24,6 +24,22 @@ TEST(MainMenu, offersToHideTheApplicationWhereTheSystemCan) {
   fixtures::expectDump("app/MainMenuThatHides.dump", application.mainMenuPicture());
 }
 
+TEST(MainMenu, whatThePlatformsWindowsAndFieldsDoIsLeftToItsOwnResponders) {
+  HeadlessApplication application;
+  application.platform().traits().hidesApplications = true;
+  application.start();
+  Lines titles;
+  for (const auto& menu : application.platform().shownMainMenu()->items()) {
+    for (const auto& item : menu->submenu()->items()) {
+      if (item->isPlatforms()) {
+        titles.push_back(item->title());
+      }
+    }
+  }
+  EXPECT_EQ(titles, (Lines{"Hide Tarnwell", "Hide Others", "Show All", "Close", "Undo", "Redo", "Cut", "Copy", "Paste",
+                           "Delete", "Select All", "Minimize"}));
+}
+
 TEST(MainMenu, linksOpenThePages) {
   HeadlessApplication application;
   application.start().newMilestones();

@@ -21,6 +21,13 @@ std::shared_ptr<MenuItem> MenuItem::create(std::string title, Selector action, s
   return item;
 }
 
+std::shared_ptr<MenuItem> MenuItem::platformItem(std::string title, Selector action, KeyEquivalent keyEquivalent) {
+  auto item = create(std::move(title), std::move(action), {});
+  item->keyEquivalent_ = std::move(keyEquivalent);
+  item->platforms_ = true;
+  return item;
+}
+
 std::shared_ptr<MenuItem> MenuItem::separatorItem() {
   auto item = std::make_shared<MenuItem>();
   item->separator_ = true;

@@ -24,6 +24,8 @@ class MenuItem final : public Object {
 
   /// An entry with a selector, which may be empty; its key goes with Command.
   static std::shared_ptr<MenuItem> create(std::string title, Selector action, std::string keyEquivalent);
+  /// One whose action is the platform's own: "copy:", "hide:".
+  static std::shared_ptr<MenuItem> platformItem(std::string title, Selector action, KeyEquivalent keyEquivalent);
   static std::shared_ptr<MenuItem> separatorItem();
   static std::shared_ptr<MenuItem> withSubmenu(std::string title, std::shared_ptr<Menu> submenu);
 
@@ -35,6 +37,10 @@ class MenuItem final : public Object {
   const Selector& action() const { return action_; }
   std::shared_ptr<Object> target() const { return target_.lock(); }
   void setTarget(const std::shared_ptr<Object>& target) { target_ = target; }
+
+  /// A platform with a responder chain of its own, in which windows and fields stand that are not the application's,
+  /// sends the action there, and asks there whether it can be chosen. Elsewhere it is an entry like any other.
+  bool isPlatforms() const { return platforms_; }
 
   const Action& handler() const { return handler_; }
   void setHandler(Action handler) { handler_ = std::move(handler); }
@@ -63,6 +69,7 @@ class MenuItem final : public Object {
   std::shared_ptr<Menu> submenu_;
   Action changed_;
   bool separator_ = false;
+  bool platforms_ = false;
   bool enabled_ = true;
 };
 

@@ -23,7 +23,8 @@ class Peer {
   /// How large the control is; nothing where that is for what stands in it to say.
   virtual std::optional<Measurement> measure(Proposal /*proposal*/) const { return std::nullopt; }
 
-  /// An editing command of the main menu, "copy:" and its kin: whether it would do something now, and doing it.
+  /// An editing command of the main menu, "copy:" and its kin: whether it would do something now, and doing it. Not for
+  /// a platform that sends such commands itself (`MenuItem::isPlatforms`).
   virtual bool canEdit(const Selector& /*command*/) const { return false; }
   virtual void edit(const Selector& /*command*/) {}
 

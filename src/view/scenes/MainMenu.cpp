@@ -15,10 +15,10 @@ std::shared_ptr<kit::MenuItem> entry(std::string title, kit::Selector action, st
   return kit::MenuItem::create(std::move(title), std::move(action), std::move(key));
 }
 
-std::shared_ptr<kit::MenuItem> entryWith(std::string title, kit::Selector action, kit::MenuItem::KeyEquivalent key) {
-  auto item = entry(std::move(title), std::move(action));
-  item->setKeyEquivalent(std::move(key));
-  return item;
+std::shared_ptr<kit::MenuItem> platformEntry(std::string title, kit::Selector action, std::string key = {},
+                                             unsigned modifierFlags = kit::commandFlag) {
+  return kit::MenuItem::platformItem(std::move(title), std::move(action),
+                                     {.key = std::move(key), .modifierFlags = modifierFlags});
 }
 
 std::shared_ptr<kit::MenuItem> settingsEntry(kit::Action open) {
@@ -89,10 +89,10 @@ void MainMenu::addApplicationMenu() {
                  {entry("About " + name, selectors::orderFrontStandardAboutPanel)});
   addReplaceable(top, CommandGroupPlacement::appSettings, {settingsEntry(environment_.get<OpenSettingsSceneKey>())});
   if (application_.platform().hidesApplications()) {
-    addItems(top, {entry("Hide " + name, selectors::hide, "h"),
-                   entryWith("Hide Others", selectors::hideOtherApplications,
-                             {.key = "h", .modifierFlags = kit::commandFlag | kit::optionFlag}),
-                   entry("Show All", selectors::unhideAllApplications)});
+    addItems(top,
+             {platformEntry("Hide " + name, selectors::hide, "h"),
+              platformEntry("Hide Others", selectors::hideOtherApplications, "h", kit::commandFlag | kit::optionFlag),
+              platformEntry("Show All", selectors::unhideAllApplications)});
   }
   addItems(top, {entry("Quit " + name, selectors::terminate, "q")});
 }
@@ -100,21 +100,23 @@ void MainMenu::addApplicationMenu() {
 void MainMenu::addFileMenu() {
   TopMenu& top = addMenu("File");
   addReplaceable(top, CommandGroupPlacement::newItem, {entry("New Window", selectors::newWindow, "n")});
-  addItems(top, {entry("Close", selectors::performClose, "w")});
+  addItems(top, {platformEntry("Close", selectors::performClose, "w")});
 }
 
 void MainMenu::addEditMenu() {
   TopMenu& top = addMenu("Edit");
-  addItems(top, {entry("Undo", selectors::undo, "z"),
-                 entryWith("Redo", selectors::redo, {.key = "Z", .modifierFlags = kit::commandFlag | kit::shiftFlag})});
-  addItems(top, {entry("Cut", selectors::cut, "x"), entry("Copy", selectors::copy, "c"),
-                 entry("Paste", selectors::paste, "v"), entry("Delete", selectors::deleteSelection),
-                 entry("Select All", selectors::selectAll, "a")});
+  addItems(top, {platformEntry("Undo", selectors::undo, "z"),
+                 platformEntry("Redo", selectors::redo, "Z", kit::commandFlag | kit::shiftFlag)});
+  addItems(top, {platformEntry("Cut", selectors::cut, "x"), platformEntry("Copy", selectors::copy, "c"),
+                 platformEntry("Paste", selectors::paste, "v"), platformEntry("Delete", selectors::deleteSelection),
+                 platformEntry("Select All", selectors::selectAll, "a")});
 }
 
 void MainMenu::addViewMenu() { addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {}); }
 
-void MainMenu::addWindowMenu() { addItems(addMenu("Window"), {entry("Minimize", selectors::performMiniaturize, "m")}); }
+void MainMenu::addWindowMenu() {
+  addItems(addMenu("Window"), {platformEntry("Minimize", selectors::performMiniaturize, "m")});
+}
 
 void MainMenu::addHelpMenu() { addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {}); }
 
