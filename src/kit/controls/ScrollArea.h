@@ -15,6 +15,9 @@ class ScrollArea final : public Control {
   double offset() const { return offset_; }
   /// Held between the content's top and its end.
   void scrollTo(double offset);
+  /// The user's doing, where the platform scrolls by itself: the peer shows it already, springs back at the ends, and
+  /// is told nothing.
+  void scrolled(double offset) { offset_ = held(offset); }
   /// Scrolls as little as shows `rect` of the content.
   void reveal(const Rect& rect);
 

@@ -35,6 +35,17 @@ TEST_F(ScrollAreaTest, scrollingStopsAtTheContentsEnds) {
   EXPECT_EQ(area->offset(), 0);
 }
 
+TEST_F(ScrollAreaTest, whatThePlatformHasScrolledIsNotToldBack) {
+  area->scrolled(60);
+  EXPECT_EQ(area->offset(), 60);
+  area->scrolled(230);
+  EXPECT_EQ(area->offset(), 200);
+  EXPECT_EQ(area.told(), Lines{});
+  area->reveal({.y = 20, .height = 30});
+  EXPECT_EQ(area->offset(), 20);
+  EXPECT_EQ(area.told(), Lines{"scroll area: value"});
+}
+
 TEST_F(ScrollAreaTest, contentThatFitsDoesNotScroll) {
   area->setContentHeight(80);
   area->scrollTo(10);
