@@ -26,6 +26,7 @@ void ChoiceControl::setSelectedIndex(int index) {
 
 void ChoiceControl::choose(int index) {
   if (!isEnabled() || index == selected_) {
+    refuse();
     return;
   }
   setSelectedIndex(index);

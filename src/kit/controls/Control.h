@@ -18,7 +18,8 @@ class Turn;
 class Window;
 
 /// What stands in a window: state and logic that need no toolkit. A host's peer shows it; without one the same object
-/// is the control of a test. Setting from code tells the peer and sends no action; a user's input always does.
+/// is the control of a test. Setting from code tells the peer and sends no action; a user's input always does. The peer
+/// of what has a value is shown it after each input, taken or not: a platform's own control changes before it tells.
 class Control {
  public:
   Control() = default;
@@ -98,6 +99,8 @@ class Control {
   virtual void act(const AccessibleRequest& /*request*/) {}
 
   void changed(Aspect aspect);
+  /// After a report of the host that changes nothing.
+  void refuse() { changed(Aspect::value); }
   void sizeChangedByItself();
   void send(Action action);
   Turn* turn() const { return turn_; }

@@ -64,9 +64,11 @@ void Slider::nudge(double fraction) { choose(value_ + (upsideDown_ ? -fraction :
 
 void Slider::choose(double value) {
   if (!isEnabled()) {
+    refuse();
     return;
   }
-  setDoubleValue(value);
+  value_ = clamped(value);
+  changed(Aspect::value);
   // A copy: the action may end the slider.
   send([this, action = action_] {
     if (action) {

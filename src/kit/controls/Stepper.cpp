@@ -18,9 +18,11 @@ void Stepper::setValue(double value) {
 
 void Stepper::choose(double value) {
   if (!isEnabled() || std::isnan(value)) {
+    refuse();
     return;
   }
-  setValue(std::clamp(value, range_.least, range_.most));
+  value_ = std::clamp(value, range_.least, range_.most);
+  changed(Aspect::value);
   send([action = action_, value = value_] {
     if (action) {
       action(value);

@@ -21,12 +21,15 @@ void TextField::type(std::string text) {
   if (window() != nullptr) {
     window()->endEditing(this);
   }
-  // The other field's commit may end this one.
-  if (*self != nullptr && isEnabled()) {
+  if (*self == nullptr) {
+    // The other field's commit has ended this one.
+    return;
+  }
+  if (isEnabled()) {
     typed_ = std::move(text);
     editing_ = true;
-    changed(Aspect::value);
   }
+  changed(Aspect::value);
 }
 
 void TextField::commit() {

@@ -27,6 +27,7 @@ void Toggle::setOn(bool on) {
 
 void Toggle::choose(bool on) {
   if (!isEnabled() || on == on_) {
+    refuse();
     return;
   }
   setOn(on);

@@ -24,6 +24,14 @@ class Toggle;
 class Window;
 
 /// All that a toolkit must do. A host that forgets a kind of control does not compile.
+///
+/// What the user does a host reports by the operations that say so at each control and at `Window`. A platform's own
+/// control, which has changed by then, reports the value that it has: `choose`, `type`, `scrolled`. Its peer is then
+/// shown the state, which may be the one from before, and shows that.
+///
+/// Of a window it tells besides where the keyboard goes in it (`setFocusedControl`), before it delivers a press
+/// elsewhere that editing ends (`endEditing`), and which keys no control wants (`ResponderChain::performKeyEquivalent`,
+/// or `keyDown` where the platform matches the keys of menus itself).
 class Host {
  public:
   virtual ~Host() = default;

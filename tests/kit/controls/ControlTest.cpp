@@ -12,6 +12,7 @@
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
+#include "kit/controls/TabBar.h"
 #include "kit/controls/TextField.h"
 #include "kit/controls/TextLabel.h"
 #include "kit/controls/Toggle.h"
@@ -38,6 +39,41 @@ TEST(ControlTest, aChangedPropertyIsToldOnceAndTheSameOneNot) {
     row.change(*toggle);
     EXPECT_EQ(toggle.told(), Lines{}) << row.told.front();
   }
+}
+
+/// What the peer of a control that is disabled is told when its host reports an input.
+template <class C, class Report>
+Lines toldAfterInTheDisabled(ShownControl<C> control, const Report& report) {
+  control->setEnabled(false);
+  control.told();
+  report(*control);
+  return control.told();
+}
+
+TEST(ControlTest, whatAHostReportsIsFollowedByTheStateThoughItIsRefused) {
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<Toggle>(), [](auto& control) { control.choose(true); }),
+            Lines{"switch: value"});
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<Stepper>(), [](auto& control) { control.choose(5); }),
+            Lines{"stepper: value"});
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<Slider>(Rect{}), [](auto& control) { control.choose(0.5); }),
+            Lines{"slider: value"});
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<PopUpButton>(), [](auto& control) { control.choose(1); }),
+            Lines{"pop-up button: value"});
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<TabBar>(), [](auto& control) { control.choose(1); }),
+            Lines{"tabs: value"});
+  EXPECT_EQ(toldAfterInTheDisabled(ShownControl<TextField>(), [](auto& control) { control.type("typed"); }),
+            Lines{"field: value"});
+}
+
+TEST(ControlTest, whatAHostReportsIsFollowedByTheStateThoughItIsNoOther) {
+  ShownControl<Stepper> stepper;
+  stepper->setValue(stepper->range().most);
+  ShownControl<Toggle> toggle;
+  stepper.told();
+  stepper->increment();
+  EXPECT_EQ(stepper.told(), Lines{"stepper: value"});
+  toggle->choose(false);
+  EXPECT_EQ(toggle.told(), Lines{"switch: value"});
 }
 
 TEST(ControlTest, attachingReplaysTheState) {
