@@ -3,6 +3,7 @@
 #include "about/AboutWindow.h"
 #include "app/Product.h"
 #include "scenarios/PanelStage.h"
+#include "view/scenes/Panel.h"
 
 namespace tarnwell::scenarios {
 namespace {
@@ -15,6 +16,10 @@ class AboutScenarios : public testing::Test {
     about::orderFrontAboutWindow(stage.application(), takesKeyboard);
     stage.system().settle();
   }
+  /// Once it was shown.
+  kit::Window& window() {
+    return stage.application().single<view::Panel>([] { return std::shared_ptr<view::Panel>(); })->window();
+  }
   kit::Window* keyWindow() { return stage.application().windows().keyWindow(); }
 
   PanelStage stage;
@@ -23,45 +28,45 @@ class AboutScenarios : public testing::Test {
 TEST_F(AboutScenarios, itSaysWhatTheProgramIs) {
   orderFront();
   const kit::Product product = app::product();
-  EXPECT_EQ(keyWindow()->title(), "About Tarnwell");
-  EXPECT_EQ(stage.names(*keyWindow(), kit::AccessibleRole::text),
+  EXPECT_EQ(window().title(), "About Tarnwell");
+  EXPECT_EQ(stage.names(window(), kit::AccessibleRole::text),
             (Lines{"Tarnwell", "Version " + product.version, product.copyright}));
-  EXPECT_EQ(stage.system().sizeOf(*keyWindow()).width, 300);
+  EXPECT_EQ(stage.system().sizeOf(window()).width, 300);
 }
 
 TEST_F(AboutScenarios, thereIsOneWhichIsNoneOfTheListedWindows) {
   orderFront();
-  const kit::Window* first = keyWindow();
+  const kit::Window* first = &window();
   orderFront();
+  EXPECT_EQ(&window(), first);
   EXPECT_EQ(keyWindow(), first);
   EXPECT_TRUE(stage.application().windows().all().empty());
 }
 
-TEST_F(AboutScenarios, unaskedForTheKeyboardItLeavesItWhereItIs) {
+TEST_F(AboutScenarios, itTakesTheKeyboardOnlyWhereThatIsAsked) {
   orderFront(false);
-  EXPECT_EQ(keyWindow(), nullptr);
+  EXPECT_FALSE(window().takesKeyboard());
   orderFront();
-  EXPECT_TRUE(keyWindow()->takesKeyboard());
-  EXPECT_TRUE(stage.system().isOnScreen(*keyWindow()));
+  EXPECT_TRUE(window().takesKeyboard());
+  EXPECT_EQ(keyWindow(), &window());
+  EXPECT_TRUE(stage.system().isOnScreen(window()));
 }
 
 TEST_F(AboutScenarios, escapeClosesItAndItCanBeShownAgain) {
   orderFront();
-  kit::Window& window = *keyWindow();
-  stage.key(window, Key::escape);
-  EXPECT_FALSE(stage.system().isOnScreen(window));
+  stage.key(window(), Key::escape);
+  EXPECT_FALSE(stage.system().isOnScreen(window()));
   EXPECT_EQ(keyWindow(), nullptr);
   orderFront();
-  EXPECT_TRUE(stage.system().isOnScreen(window));
+  EXPECT_TRUE(stage.system().isOnScreen(window()));
 }
 
 TEST_F(AboutScenarios, itIsClosedByTheMenuAndNotMinimized) {
   orderFront();
-  const kit::Window& window = *keyWindow();
   auto& responders = stage.application().responders();
   EXPECT_FALSE(responders.sendAction(kit::selectors::performMiniaturize, nullptr, nullptr));
   EXPECT_TRUE(responders.sendAction(kit::selectors::performClose, nullptr, nullptr));
-  EXPECT_FALSE(stage.system().isOnScreen(window));
+  EXPECT_FALSE(stage.system().isOnScreen(window()));
 }
 
 }  // namespace

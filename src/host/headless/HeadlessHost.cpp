@@ -64,7 +64,7 @@ class ControlPeer : public JournalPeer {
 }  // namespace
 
 std::unique_ptr<kit::WindowPeer> HeadlessHost::peer(kit::Window& window) {
-  return std::make_unique<HeadlessWindowPeer>(journal_, window, room_);
+  return std::make_unique<HeadlessWindowPeer>(journal_, window, screen_);
 }
 
 std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent*/) {

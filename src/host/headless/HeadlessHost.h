@@ -13,8 +13,10 @@ class HeadlessHost : public host_painted::PaintingHost {
   Journal& journal() { return journal_; }
 
   /// The tallest content of a window, in points.
-  void setAvailableHeight(double height) { room_.availableHeight = height; }
-  void setChromeHeight(double height) { room_.chromeHeight = height; }
+  void setAvailableHeight(double height) { screen_.availableHeight = height; }
+  void setChromeHeight(double height) { screen_.chromeHeight = height; }
+  /// Told that the keyboard went to another window; null for none.
+  void setKeyWindowAction(std::function<void(kit::Window*)> action) { screen_.keyWindowChanged = std::move(action); }
 
   std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;
   std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
@@ -37,7 +39,7 @@ class HeadlessHost : public host_painted::PaintingHost {
 
  private:
   Journal journal_;
-  HeadlessWindowPeer::Room room_ = {};
+  HeadlessWindowPeer::Screen screen_ = {};
 };
 
 }  // namespace tarnwell::host_headless

@@ -8,6 +8,14 @@
 
 namespace tarnwell::host_headless {
 
+HeadlessPlatform::HeadlessPlatform(kit::Product product) : product_(std::move(product)) {
+  host_.setKeyWindowAction([this](kit::Window* window) {
+    if (kit::Application::isThere()) {
+      kit::Application::shared().windows().setKeyWindow(traits_.isInBackground ? nullptr : window);
+    }
+  });
+}
+
 void HeadlessPlatform::launch(kit::Application& application, const kit::AppleEvent& event) {
   traits_.currentAppleEvent = event;
   application.finishLaunching();

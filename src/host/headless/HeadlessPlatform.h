@@ -26,13 +26,13 @@ class HeadlessPlatform final : public kit::Platform {
     bool makesEvents = true;
     bool hasStatusButtons = true;
     bool hidesApplications = false;
+    bool isInBackground = false;  // Another program has the keyboard, whatever window comes.
     kit::SystemVersion systemVersion = {};
     std::shared_ptr<const kit::NumberFormat> numberFormat = std::make_shared<const PointNumberFormat>();
     std::optional<kit::AppleEvent> currentAppleEvent = std::nullopt;
   };
 
-  HeadlessPlatform() = default;
-  explicit HeadlessPlatform(kit::Product product) : product_(std::move(product)) {}
+  explicit HeadlessPlatform(kit::Product product = {});
 
   // For the test.
 

@@ -7,14 +7,19 @@
 
 namespace tarnwell::host_headless {
 
-HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, const kit::Window& window, const Room& room)
-    : journal_(journal), window_(window), room_(room) {}
+HeadlessWindowPeer::HeadlessWindowPeer(Journal& journal, kit::Window& window, Screen& screen)
+    : journal_(journal), window_(window), screen_(screen) {}
+
+HeadlessWindowPeer::~HeadlessWindowPeer() { putKeyboard(false); }
 
 void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
   const std::string shown = window_.takesKeyboard() ? "shown" : "shown without the keyboard";
   const bool shows = aspect == kit::Aspect::visible;
   const std::string what = shows ? (window_.isVisible() ? shown : "hidden") : aspectName(aspect);
   journal_.note("window " + window_.identifier() + ": " + what);
+  if (shows && (!window_.isVisible() || window_.takesKeyboard())) {
+    putKeyboard(window_.isVisible());
+  }
 }
 
 void HeadlessWindowPeer::place(const kit::Rect& frame) noexcept {
@@ -26,8 +31,30 @@ void HeadlessWindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) 
   journal_.note("window " + window_.identifier() + ": " + std::to_string(inTreeOrder.size()) + " controls in order");
 }
 
-void HeadlessWindowPeer::miniaturize() noexcept { journal_.note("window " + window_.identifier() + ": miniaturized"); }
+void HeadlessWindowPeer::miniaturize() noexcept {
+  journal_.note("window " + window_.identifier() + ": miniaturized");
+  putKeyboard(false);
+}
 
-void HeadlessWindowPeer::orderFront() noexcept { journal_.note("window " + window_.identifier() + ": in front"); }
+void HeadlessWindowPeer::orderFront() noexcept {
+  journal_.note("window " + window_.identifier() + ": in front");
+  if (window_.takesKeyboard()) {
+    putKeyboard(true);
+  }
+}
+
+// From one that leaves it goes back to the window that had it before.
+void HeadlessWindowPeer::putKeyboard(bool here) {
+  auto& windows = screen_.byKeyboard;
+  const auto key = [&windows] { return windows.empty() ? nullptr : windows.back(); };
+  const kit::Window* before = key();
+  std::erase(windows, &window_);
+  if (here) {
+    windows.push_back(&window_);
+  }
+  if (key() != before && screen_.keyWindowChanged) {
+    screen_.keyWindowChanged(key());
+  }
+}
 
 }  // namespace tarnwell::host_headless

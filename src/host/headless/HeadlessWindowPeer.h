@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "host/headless/Journal.h"
 #include "kit/controls/Window.h"
 
@@ -8,27 +11,36 @@ namespace tarnwell::host_headless {
 /// A window that is only told about.
 class HeadlessWindowPeer final : public kit::WindowPeer {
  public:
-  /// Of a window on the screen, and in it beside the content.
-  struct Room {
+  /// What windows have in common.
+  struct Screen {
     double availableHeight = 1000;
-    double chromeHeight = 0;
+    double chromeHeight = 0;  // Of each window.
+    /// Those on it that took the keyboard, the one that has it last.
+    std::vector<kit::Window*> byKeyboard = {};
+    /// Told that another one has it; null for none.
+    std::function<void(kit::Window*)> keyWindowChanged = {};
   };
 
-  /// `room` is read at each layout and outlives the peer.
-  HeadlessWindowPeer(Journal& journal, const kit::Window& window, const Room& room);
+  /// `screen` is read at each layout and outlives the peer.
+  HeadlessWindowPeer(Journal& journal, kit::Window& window, Screen& screen);
+  HeadlessWindowPeer(const HeadlessWindowPeer&) = delete;
+  HeadlessWindowPeer& operator=(const HeadlessWindowPeer&) = delete;
+  ~HeadlessWindowPeer() override;
 
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
-  double availableHeight(double /*width*/) const override { return room_.availableHeight; }
-  double chromeHeight(double /*width*/) const override { return room_.chromeHeight; }
+  double availableHeight(double /*width*/) const override { return screen_.availableHeight; }
+  double chromeHeight(double /*width*/) const override { return screen_.chromeHeight; }
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;
 
  private:
   Journal& journal_;
-  const kit::Window& window_;
-  const Room& room_;
+  void putKeyboard(bool here);
+
+  kit::Window& window_;
+  Screen& screen_;
 };
 
 }  // namespace tarnwell::host_headless

@@ -63,6 +63,8 @@ QtPlatform::QtPlatform(QtApplication& application, Services services)
   QApplication::setDesktopFileName(QString::fromStdString(services_.product.identifier));
   QApplication::setWindowIcon(applicationIcon());
   host().setMetricsChanged([] { takeMetrics(); });
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context_,
+                   []() noexcept { WindowPeer::tellKeyWindow(); });
   // However the loop ends.
   QObject::connect(qApp, &QCoreApplication::aboutToQuit, &context_, []() noexcept {
     if (kit::Application::isThere()) {
@@ -158,7 +160,6 @@ void QtPlatform::showMainMenu(kit::Application& application) {
     return alive && alive->responders().performKeyEquivalent(event);
   });
   host().setChromeMaker([this](kit::Window& window, QWidget& parent) { return makeChrome(window, parent); });
-  followKeyWindow(application);
 }
 
 std::unique_ptr<kit::StatusItemPeer> QtPlatform::peer(kit::StatusItem& item) {
@@ -176,21 +177,6 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
   }
   return WindowChrome{.above = new MenuBar(kit::Application::shared(), host().theme(), parent),
                       .below = new TrayNotice(services_.product.name, host().theme(), tray_, parent)};
-}
-
-void QtPlatform::followKeyWindow(kit::Application& application) {
-  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context_,
-                   [known = weak(application)](QWindow* focused) noexcept {
-                     const auto alive = known.lock();
-                     if (!alive) {
-                       return;
-                     }
-                     forEachWindow([&](const WindowWidget& window) {
-                       if (window.windowHandle() == focused && window.kitWindow()->isVisible()) {
-                         alive->windows().setKeyWindow(window.kitWindow());
-                       }
-                     });
-                   });
 }
 
 }  // namespace tarnwell::host_qt

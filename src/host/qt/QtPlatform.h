@@ -74,7 +74,6 @@ class QtPlatform final : public kit::Platform {
 
  private:
   std::optional<WindowChrome> makeChrome(kit::Window& window, QWidget& parent);
-  void followKeyWindow(kit::Application& application);
 
   QtApplication& application_;
   Services services_;

@@ -20,7 +20,9 @@ class LoginItem;
 class UpdaterController;
 struct UpdaterControllerArguments;
 
-/// What the application asks of the system beside windows and controls. Everything is called on the main thread.
+/// What the application asks of the system beside windows and controls. Everything is called on the main thread. What a
+/// platform tells unasked stands at `Application`, `WindowList::setKeyWindow`, and `ResponderChain`, whose `choose`
+/// takes what the user chooses from a menu.
 class Platform {
  public:
   virtual ~Platform() = default;

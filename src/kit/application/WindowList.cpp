@@ -2,14 +2,9 @@
 
 #include <algorithm>
 
-#include "kit/controls/Window.h"
-
 namespace tarnwell::kit {
 
 void WindowList::add(Window& window) {
-  if (window.takesKeyboard()) {
-    keyWindow_ = &window;
-  }
   if (std::ranges::find(windows_, &window) == windows_.end()) {
     windows_.push_back(&window);
     observers_.tell(*this);
@@ -19,7 +14,7 @@ void WindowList::add(Window& window) {
 void WindowList::remove(Window& window) {
   const bool wasListed = std::erase(windows_, &window) > 0;
   if (keyWindow_ == &window) {
-    keyWindow_ = windows_.empty() ? nullptr : windows_.back();
+    keyWindow_ = nullptr;
   }
   if (wasListed) {
     observers_.tell(*this);

@@ -21,9 +21,6 @@ Panel::~Panel() { application_.windows().remove(window()); }
 void Panel::orderFront(bool takesKeyboard) {
   application_.turn().perform([this, takesKeyboard] {
     window().setTakesKeyboard(takesKeyboard);
-    if (takesKeyboard) {
-      application_.windows().setKeyWindow(&window());
-    }
     if (window().isVisible()) {
       window().peer()->orderFront();
     } else {

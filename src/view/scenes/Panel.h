@@ -8,7 +8,7 @@
 namespace tarnwell::view {
 
 /// A dialog with a view in it, beside the windows of the scenes: it is none of the application's listed windows, but
-/// has the keys while it is in front.
+/// has the keys while the user is in it.
 class Panel {
  public:
   /// The application is borrowed and outlives the panel.

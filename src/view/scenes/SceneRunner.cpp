@@ -68,7 +68,6 @@ void SceneRunner::openSettings() {
         makeWindow(settingsWindowIdentifier, application_.platform().product().name + " Settings", *settingsContent_);
   }
   if (settings_->window().isVisible()) {
-    application_.windows().setKeyWindow(&settings_->window());
     settings_->window().peer()->orderFront();
   } else {
     openWindow(*settings_);

@@ -10,6 +10,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "kit/application/Menu.h"
 #include "kit/application/StatusItem.h"
+#include "view/scenes/Panel.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -23,6 +24,11 @@ class RecordingDelegate final : public kit::Object {
 
   std::optional<kit::AppleEvent> event;
 };
+
+/// Once it was shown.
+kit::Window& aboutWindow(Desktop& desktop) {
+  return desktop.application().single<view::Panel>([] { return std::shared_ptr<view::Panel>(); })->window();
+}
 
 TEST(PlatformTest, queuedWorkRunsFromTheEventLoop) {
   Desktop desktop;
@@ -181,17 +187,19 @@ TEST(PlatformTest, aWindowOfAHigherLevelStaysOnTop) {
 TEST(PlatformTest, aboutLeavesTheKeyboardToAnotherProgram) {
   Desktop desktop;
   desktop.platform().orderFrontStandardAboutPanel(desktop.application());
-  EXPECT_EQ(desktop.application().windows().keyWindow(), nullptr);
+  EXPECT_FALSE(aboutWindow(desktop).takesKeyboard());
   desktop.showWindow();
+  driver::settle();
   desktop.platform().orderFrontStandardAboutPanel(desktop.application());
-  EXPECT_EQ(desktop.application().windows().keyWindow()->title(), "About Tarnwell");
+  EXPECT_TRUE(aboutWindow(desktop).takesKeyboard());
+  EXPECT_TRUE(becomes([&] { return desktop.application().windows().keyWindow() == &aboutWindow(desktop); }));
 }
 
 TEST(PlatformTest, aPanelDoesNotStayMaximized) {
   Desktop desktop;
   desktop.showWindow();
   desktop.platform().orderFrontStandardAboutPanel(desktop.application());
-  const QWidget& panel = driver::widget(*desktop.application().windows().keyWindow());
+  const QWidget& panel = driver::widget(aboutWindow(desktop));
   bool hasGone = false;
   QObject::connect(panel.windowHandle(), &QWindow::visibleChanged, [&](bool visible) { hasGone |= !visible; });
   panel.windowHandle()->setWindowStates(Qt::WindowMaximized);

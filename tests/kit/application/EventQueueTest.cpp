@@ -128,12 +128,12 @@ TEST_F(EventQueueTest, aPostedReturnPressesTheButtonThatItsCommitEnables) {
   }
   window.setControls({&field, &save});
   const NotingSettler settler(application->turn(), notes, [&] { save.setEnabled(committed); });
-  application->windows().add(window);
+  application->windows().setKeyWindow(&window);
   field.type("5");
   application->events().post(key(returnKey, 0));
   application->events().runTurn();
   EXPECT_EQ(notes, (Lines{"settled", "settled", "save", "settled", "settled"}));
-  application->windows().remove(window);
+  application->windows().setKeyWindow(nullptr);
 }
 
 }  // namespace

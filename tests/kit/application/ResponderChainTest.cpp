@@ -120,10 +120,10 @@ TEST_F(ResponderChainTest, theKeyWindowGetsWhatNoEntryWants) {
   TextField field;
   field.type("typed");
   window.setControls({&field});
-  application->windows().add(window);
+  application->windows().setKeyWindow(&window);
   EXPECT_TRUE(application->responders().performKeyEquivalent({.charactersIgnoringModifiers = escapeKey}));
   EXPECT_FALSE(field.isEditing());
-  application->windows().remove(window);
+  application->windows().setKeyWindow(nullptr);
   EXPECT_FALSE(application->responders().performKeyEquivalent({.charactersIgnoringModifiers = escapeKey}));
 }
 
@@ -156,7 +156,7 @@ TEST_F(ResponderChainTest, theKeyWindowComesBeforeTheApplication) {
   Window window("", "");
   window.setCloseAction([this] { notes.emplace_back("closed"); });
   EXPECT_FALSE(application->responders().sendAction("performClose:", nullptr, nullptr));
-  application->windows().add(window);
+  application->windows().setKeyWindow(&window);
   EXPECT_TRUE(application->responders().sendAction("performClose:", nullptr, nullptr));
   EXPECT_EQ(notes, Lines{"closed"});
 }
@@ -164,8 +164,6 @@ TEST_F(ResponderChainTest, theKeyWindowComesBeforeTheApplication) {
 TEST_F(ResponderChainTest, aPanelOfThePlatformTakesTheKeysFromTheWindowBehindIt) {
   Window window("", "");
   application->windows().add(window);
-  application->windows().setKeyWindow(nullptr);
-  EXPECT_EQ(application->windows().keyWindow(), nullptr);
   EXPECT_FALSE(application->responders().sendAction("performClose:", nullptr, nullptr));
   EXPECT_EQ(application->windows().all(), std::vector<Window*>{&window});
   application->windows().setKeyWindow(&window);

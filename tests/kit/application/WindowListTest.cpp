@@ -12,42 +12,28 @@ class WindowListTest : public testing::Test {
   WindowList windows;
 };
 
-TEST_F(WindowListTest, theNewestWindowHasTheKeys) {
+TEST_F(WindowListTest, onlyTheHostSaysWhichWindowHasTheKeys) {
   Window first("first", "");
   Window second("second", "");
-  EXPECT_EQ(windows.keyWindow(), nullptr);
   windows.add(first);
   windows.add(second);
   EXPECT_EQ(windows.all(), (std::vector<Window*>{&first, &second}));
-  EXPECT_EQ(windows.keyWindow(), &second);
+  EXPECT_EQ(windows.keyWindow(), nullptr);
   windows.setKeyWindow(&first);
-  windows.remove(first);
-  EXPECT_EQ(windows.keyWindow(), &second);
   windows.remove(second);
+  EXPECT_EQ(windows.keyWindow(), &first);
+  windows.add(second);
+  windows.remove(first);
   EXPECT_EQ(windows.keyWindow(), nullptr);
 }
 
-TEST_F(WindowListTest, aWindowThatDoesNotTakeTheKeyboardLeavesTheKeysWhereTheyAre) {
-  Window first("first", "");
-  Window quiet("quiet", "");
-  quiet.setTakesKeyboard(false);
-  windows.add(first);
-  windows.add(quiet);
-  EXPECT_EQ(windows.all(), (std::vector<Window*>{&first, &quiet}));
-  EXPECT_EQ(windows.keyWindow(), &first);
-  windows.setKeyWindow(&quiet);
-  EXPECT_EQ(windows.keyWindow(), &quiet);
-}
-
-TEST_F(WindowListTest, aPanelThatGoesHandsTheKeysBackAndIsNoChangeOfTheList) {
-  Window window("window", "");
+TEST_F(WindowListTest, aPanelThatGoesHasTheKeysNoLongerAndIsNoChangeOfTheList) {
   Window panel("panel", "", Window::Kind::panel);
-  windows.add(window);
   int changes = 0;
   const auto subscription = windows.observe([&](const WindowList& /*told*/) { ++changes; });
   windows.setKeyWindow(&panel);
   windows.remove(panel);
-  EXPECT_EQ(windows.keyWindow(), &window);
+  EXPECT_EQ(windows.keyWindow(), nullptr);
   EXPECT_EQ(changes, 0);
 }
 

@@ -104,11 +104,22 @@ TEST_F(SceneRunnerTest, thereIsOneSettingsWindow) {
 TEST_F(SceneRunnerTest, aWindowThatIsOpenAlreadyComesToTheFront) {
   scenes.install({WindowGroup{.id = "first", .content = Text{"a"}}, Settings{.content = Text{"settings"}}});
   scenes.openSettings();
-  application->windows().setKeyWindow(application->windows().all().front());
+  application->windows().all().front()->peer()->orderFront();
+  EXPECT_EQ(application->windows().keyWindow()->identifier(), "first");
   platform.journal().clear();
   scenes.openSettings();
   EXPECT_EQ(application->windows().keyWindow(), &scenes.settingsWindow()->window());
   EXPECT_EQ(platform.journal().lines(), Lines{"window com_apple_SwiftUI_Settings_window: in front"});
+}
+
+TEST_F(SceneRunnerTest, aWindowThatComesBehindAnotherProgramHasNoKeys) {
+  platform.traits().isInBackground = true;
+  scenes.install({Settings{.content = Text{"settings"}}});
+  scenes.openSettings();
+  EXPECT_EQ(identifiers(), Lines{SceneRunner::settingsWindowIdentifier});
+  EXPECT_EQ(application->windows().keyWindow(), nullptr);
+  scenes.openSettings();
+  EXPECT_EQ(application->windows().keyWindow(), nullptr);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "host/qt/window/WindowPeer.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include "host/qt/look/Conversions.h"
 #include "host/qt/session/ActivationToken.h"
 #include "host/qt/window/WindowWidget.h"
+#include "kit/application/Application.h"
 #include "kit/controls/Control.h"
 #include "kit/controls/Window.h"
 
@@ -113,6 +115,15 @@ void WindowPeer::chromeChanged(const QWidget& inWindow) {
   window->metricsChanged();
 }
 
+void WindowPeer::tellKeyWindow() {
+  const QWindow* focused = QGuiApplication::focusWindow();
+  const QWidget* widget = focused != nullptr ? QWidget::find(focused->winId()) : nullptr;
+  kit::Window* window = widget != nullptr ? windowOf(*widget) : nullptr;
+  if (window != nullptr && window->isVisible() && kit::Application::isThere()) {
+    kit::Application::shared().windows().setKeyWindow(window);
+  }
+}
+
 void WindowPeer::show(kit::Aspect aspect) noexcept {
   if (!widget_) {
     return;
@@ -133,6 +144,8 @@ void WindowPeer::showOrHide() {
   widget_->setVisible(window_.isVisible());
   if (window_.isVisible()) {
     orderFront();
+    // To the toolkit a window that comes back at once may never have been without the keyboard.
+    tellKeyWindow();
   }
 }
 

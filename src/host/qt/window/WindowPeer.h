@@ -45,6 +45,10 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   /// The window that `widget` stands in; null for a widget that stands in none of ours.
   static kit::Window* windowOf(const QWidget& widget);
 
+  /// To be called when the toolkit's focus window is another one: tells the application which of its windows has the
+  /// keys. A menu or another program only borrows them.
+  static void tellKeyWindow();
+
   void show(kit::Aspect aspect) noexcept override;
   void place(const kit::Rect& frame) noexcept override;
   double availableHeight(double width) const override;
