@@ -283,6 +283,19 @@ TEST(DockTabScenarios, spaceTurnsASwitch) {
   EXPECT_EQ(tab.value("Scroll to Exposé"), "on");
 }
 
+TEST(DockTabScenarios, nothingHasTheKeyboardEachTimeThatItOpens) {
+  DockTab tab;
+  tab.holdingDefaults();
+  for (int i = 0; i < 2; ++i) {
+    tab.open();
+    tab.driver().pressKey(tab.hosted().window(), Key::space);
+    EXPECT_EQ(tab.value("Scroll to Exposé"), "off");
+    tab.pressKey("Scroll to Exposé", Key::space);
+    EXPECT_EQ(tab.value("Scroll to Exposé"), "on");
+    tab.close();
+  }
+}
+
 TEST(DockTabScenarios, resetWritesTheDefaultsShowsThemAndDisablesBothButtons) {
   DockTab tab;
   tab.holding("autohide-delay", "3").holding("mineffect", "suck").holding("showhidden", "1");

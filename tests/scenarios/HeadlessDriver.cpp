@@ -59,11 +59,7 @@ class HeadlessDriver final : public Driver {
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {
     leaveField(control);
     window.setFocusedControl(&control);
-    if (key == Key::space) {
-      click(control);
-    } else {
-      pressKey(window, key);
-    }
+    pressKey(window, key);
   }
 
   void pressKey(kit::Window& window, Key key) override {
@@ -73,6 +69,8 @@ class HeadlessDriver final : public Driver {
       window.keyDown({.charactersIgnoringModifiers = kit::escapeKey});
     } else if (key == Key::tab) {
       window.endEditing();
+    } else if (window.focusedControl() != nullptr) {
+      click(*window.focusedControl());
     }
   }
 

@@ -170,6 +170,26 @@ TEST_F(UpdateScenarios, aBackgroundCheckDoesNotTakeTheKeyboard) {
   EXPECT_EQ(stage.application().windows().keyWindow(), &window());
 }
 
+TEST_F(UpdateScenarios, spacePressesTheDefaultButtonOfEachPage) {
+  showFound();
+  key(Key::space);
+  EXPECT_THAT(choices, ElementsAre(UserDriver::Choice::install));
+  windows.showChecking(answer);
+  key(Key::space);
+  EXPECT_EQ(answers, 0);
+  windows.showUpToDate("1.0", answer);
+  key(Key::space);
+  EXPECT_EQ(answers, 1);
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(UpdateScenarios, spacePressesNothingWhereTheWindowCameWithoutTheKeyboard) {
+  showFound(UserDriver::Origin::schedule);
+  key(Key::space);
+  EXPECT_THAT(choices, IsEmpty());
+  EXPECT_TRUE(isOpen());
+}
+
 TEST_F(UpdateScenarios, permissionIsGivenWithAndWithoutDownloads) {
   std::optional<UserDriver::Permission> given;
   const auto ask = [&] { windows.showPermission([&](UserDriver::Permission permission) { given = permission; }); };

@@ -34,11 +34,12 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;
+  void focus(kit::Control* control) noexcept override { window_.setFocusedControl(control); }
 
  private:
-  Journal& journal_;
   void putKeyboard(bool here);
 
+  Journal& journal_;
   kit::Window& window_;
   Screen& screen_;
 };

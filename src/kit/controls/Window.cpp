@@ -33,6 +33,9 @@ void Window::setContentSize(Size size) {
 void Window::setVisible(bool visible) {
   if (std::exchange(visible_, visible) != visible && peer_) {
     peer_->show(Aspect::visible);
+    if (visible_) {
+      focusInitialControl();
+    }
   }
 }
 
@@ -75,6 +78,7 @@ void Window::setControls(std::vector<Control*> inTreeOrder) {
     }
     if (peer_) {
       peer_->reorder(controls_);
+      focusNextPage();
     }
   }
 }
@@ -149,9 +153,11 @@ bool Window::commitAndPressButton() {
 
 Button* Window::buttonForReturn() const {
   auto* focused = dynamic_cast<Button*>(focused_);
-  if (kind_ == Kind::panel && focused != nullptr && focused->isEnabled()) {
-    return focused;
-  }
+  const bool pressesFocused = kind_ == Kind::panel && focused != nullptr && focused->isEnabled();
+  return pressesFocused ? focused : defaultButton();
+}
+
+Button* Window::defaultButton() const {
   for (Control* control : controls_) {
     auto* button = dynamic_cast<Button*>(control);
     if (button != nullptr && button->isDefault() && button->isEnabled()) {
@@ -159,6 +165,22 @@ Button* Window::buttonForReturn() const {
     }
   }
   return nullptr;
+}
+
+Button* Window::initialControl() const { return kind_ == Kind::panel && takesKeyboard_ ? defaultButton() : nullptr; }
+
+void Window::focusInitialControl() {
+  Button* initial = initialControl();
+  initial_ = initial != nullptr ? initial->handle() : nullptr;
+  peer_->focus(initial);
+}
+
+// Of a panel that stays where it is.
+void Window::focusNextPage() {
+  const Button* initial = initialControl();
+  if (visible_ && initial != nullptr && initial->handle() != initial_) {
+    focusInitialControl();
+  }
 }
 
 bool Window::closePanel() {

@@ -23,7 +23,8 @@ class Window final : public Object {
   static constexpr int normalLevel = 0;
 
   /// A panel is a dialog beside the application's other windows: it cannot be minimized, Escape closes it, and Return
-  /// presses the button that has the keyboard before it presses the default one.
+  /// presses the button that has the keyboard before it presses the default one. That one has it at first, if the panel
+  /// takes the keyboard, so that Space presses it; in any other window nothing has.
   enum class Kind { standard, panel };
 
   Window(std::string identifier, std::string title, Kind kind = Kind::standard);
@@ -99,7 +100,11 @@ class Window final : public Object {
  private:
   Peer* editorFor(const Selector& command) const;
   bool commitAndPressButton();
+  Button* defaultButton() const;
   Button* buttonForReturn() const;
+  Button* initialControl() const;
+  void focusInitialControl();
+  void focusNextPage();
   bool cancelEditing();
   bool closePanel();
 
@@ -115,6 +120,7 @@ class Window final : public Object {
   Action closeAction_;
   Action metricsAction_;
   Control* focused_ = nullptr;
+  std::shared_ptr<Control* const> initial_;  // What was last given the keyboard from here.
   std::weak_ptr<Object> delegate_;
   Size contentSize_;
   int level_ = normalLevel;

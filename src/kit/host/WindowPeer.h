@@ -26,6 +26,11 @@ class WindowPeer : public Peer {
 
   /// In front of the others, with the keyboard where the window takes it.
   virtual void orderFront() noexcept {}
+
+  /// Gives the keyboard, while the window has it, to a control of the window or, for null, to none. Said after each
+  /// showing, so that nothing has it because it is the first, or had it last. On a platform whose buttons take no
+  /// keyboard, a button does not get it.
+  virtual void focus(Control* control) noexcept = 0;
 };
 
 }  // namespace tarnwell::kit

@@ -91,6 +91,46 @@ TEST_F(WindowTest, inAPanelReturnPressesTheButtonThatHasTheKeyboard) {
   EXPECT_EQ(events, (Lines{"save", "save", "other", "save"}));
 }
 
+TEST_F(WindowTest, nothingHasTheKeyboardEachTimeThatAWindowComes) {
+  for (int i = 0; i < 2; ++i) {
+    window.setFocusedControl(&field);
+    window.setVisible(true);
+    EXPECT_EQ(window.focusedControl(), nullptr);
+    window.setVisible(false);
+  }
+}
+
+/// A panel with that button, which has just come.
+std::unique_ptr<Window> openPanel(host_headless::HeadlessHost& host, Button& button, bool takesKeyboard) {
+  auto panel = std::make_unique<Window>("panel", "Panel", Window::Kind::panel);
+  panel->attach(host.peer(*panel));
+  panel->setTakesKeyboard(takesKeyboard);
+  panel->setControls({&button});
+  panel->setVisible(true);
+  return panel;
+}
+
+TEST_F(WindowTest, theDefaultButtonOfAPanelHasTheKeyboardAtFirst) {
+  const auto panel = openPanel(host, save, true);
+  EXPECT_EQ(panel->focusedControl(), &save);
+  panel->setControls({&save, &plain});
+  panel->setFocusedControl(&plain);
+  panel->setControls({&plain, &save});
+  EXPECT_EQ(panel->focusedControl(), &plain);
+  Button next;
+  next.setDefault(true);
+  panel->setControls({&plain, &next});
+  EXPECT_EQ(panel->focusedControl(), &next);
+  panel->setControls({});
+}
+
+TEST_F(WindowTest, inAPanelNothingHasTheKeyboardWhereItTakesNoneOrCannotBePressed) {
+  EXPECT_EQ(openPanel(host, save, false)->focusedControl(), nullptr);
+  save.setEnabled(false);
+  EXPECT_EQ(openPanel(host, save, true)->focusedControl(), nullptr);
+  EXPECT_EQ(openPanel(host, plain, true)->focusedControl(), nullptr);
+}
+
 TEST_F(WindowTest, escapeClosesAPanelAndNoOtherWindow) {
   for (const auto kind : {Window::Kind::standard, Window::Kind::panel}) {
     Window closed("panel", "Panel", kind);

@@ -210,6 +210,12 @@ void WindowPeer::orderFront() noexcept {
   }
 }
 
+void WindowPeer::focus(kit::Control* control) noexcept {
+  if (QWidget* focused = control != nullptr ? WidgetPeer::widgetOf(*control) : widget_.data()) {
+    focused->setFocus(Qt::OtherFocusReason);
+  }
+}
+
 void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {
   if (widget_) {
     const std::vector<QWidget*> widgets = widgetsOf(inTreeOrder);

@@ -56,6 +56,7 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   void reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept override;
   void miniaturize() noexcept override;
   void orderFront() noexcept override;
+  void focus(kit::Control* control) noexcept override;
 
  private:
   void showOrHide();
