@@ -50,7 +50,7 @@ class Application final : public Object {
 
   /// The application runs: the delegate hears of it. Once, before the event loop.
   void finishLaunching();
-  /// The user starts the application that runs already, or clicks its icon in the Dock: the settings open.
+  /// The user starts the application that runs already, or clicks its icon in the Dock: what observes that hears of it.
   void reopen();
   /// The application ends, asked by `Platform::terminate` or not, and nothing can keep it: the delegate hears of it,
   /// the first time.
