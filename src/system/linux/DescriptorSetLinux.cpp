@@ -1,5 +1,8 @@
 #include <sys/epoll.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "system/DescriptorSet.h"
 
 namespace tarnwell::system {
@@ -17,10 +20,9 @@ void DescriptorSet::remove(int number) const { ::epoll_ctl(set_.number(), EPOLL_
 std::vector<int> DescriptorSet::readable(std::size_t most) const {
   std::vector<epoll_event> events(most);
   const int count = ::epoll_wait(set_.number(), events.data(), static_cast<int>(most), 0);
-  std::vector<int> numbers;
-  for (int index = 0; index < count; ++index) {
-    numbers.push_back(events[static_cast<std::size_t>(index)].data.fd);
-  }
+  std::vector<int> numbers(static_cast<std::size_t>(std::max(count, 0)));
+  std::transform(events.begin(), events.begin() + std::ssize(numbers), numbers.begin(),
+                 [](const epoll_event& event) { return event.data.fd; });
   return numbers;
 }
 

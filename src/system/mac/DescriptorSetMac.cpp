@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cerrno>
 
 #include "system/DescriptorSet.h"
@@ -17,10 +18,10 @@ bool DescriptorSet::add(int number) const { return changeKernelQueue(set_, kerne
 void DescriptorSet::remove(int number) const { changeKernelQueue(set_, kernelEvent(number, EVFILT_READ, EV_DELETE)); }
 
 std::vector<int> DescriptorSet::readable(std::size_t most) const {
-  std::vector<int> numbers;
-  for (const auto& event : takeFromKernelQueue(set_, most)) {
-    numbers.push_back(static_cast<int>(event.ident));
-  }
+  const auto events = takeFromKernelQueue(set_, most);
+  std::vector<int> numbers(events.size());
+  std::transform(events.begin(), events.end(), numbers.begin(),
+                 [](const struct kevent& event) { return static_cast<int>(event.ident); });
   return numbers;
 }
 
