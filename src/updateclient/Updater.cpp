@@ -36,6 +36,7 @@ Updater::~Updater() {
 }
 
 void Updater::start() {
+  clearAway();
   const bool isFirstLaunch = !preferences_.hasLaunchedBefore();
   if (isFirstLaunch) {
     release::report(preferences_.setHasLaunchedBefore());

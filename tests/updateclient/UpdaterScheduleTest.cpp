@@ -284,6 +284,17 @@ TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
   EXPECT_TRUE(stage.holdsNoPackage());
 }
 
+TEST(UpdaterSchedule, aStartLeavesAnInstallerItsPackageForADay) {
+  UpdaterStage stage;
+  stage.checkedJustNow();
+  stage.nameAPackage();
+  stage.launch();
+  EXPECT_FALSE(stage.holdsNoPackage());
+  stage.alarm.setClock(stage.alarm.now() + hours(25));
+  stage.launch();
+  EXPECT_TRUE(stage.holdsNoPackage());
+}
+
 TEST(UpdaterSchedule, keepsForADayWhatTheUserDidNotWaitFor) {
   UpdaterStage stage;
   stage.beginToInstall("2.0");

@@ -6,7 +6,6 @@
 #include "host/linux/SearchPath.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
-#include "updateclient/PackageFolder.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -14,15 +13,13 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Empty where there is none; a download then fails, and says so.
-fs::path emptiedPackageFolder(const std::string& program) {
+fs::path packageFolder(const std::string& program) {
   const fs::path base = host_linux::cacheFolder();
   if (base.empty()) {
     diagnostics::reportError("neither XDG_CACHE_HOME nor HOME names a folder for downloads");
     return {};
   }
-  fs::path folder = base / program / "updates";
-  updateclient::removePackages(folder, std::chrono::system_clock::time_point::max());
-  return folder;
+  return base / program / "updates";
 }
 
 // A user without any folder is told so when something is to be kept: no other user's folder takes it.
@@ -34,7 +31,7 @@ fs::path preferencesFile(const std::string& program) {
 updateclient::UpdaterConfiguration configurationOf(const updateclient::UpdateSource& source, const std::string& program,
                                                    const fs::path& executable) {
   updateclient::UpdaterConfiguration configuration = source.configuration;
-  configuration.packageFolder = emptiedPackageFolder(program);
+  configuration.packageFolder = packageFolder(program);
   configuration.appImage = host_linux::runningAppImage(executable).value_or(fs::path());
   return configuration;
 }
