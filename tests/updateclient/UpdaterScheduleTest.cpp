@@ -287,6 +287,7 @@ TEST(UpdaterSchedule, keepsWhatWasHandedOverForADay) {
 TEST(UpdaterSchedule, aStartLeavesAnInstallerItsPackageForADay) {
   UpdaterStage stage;
   stage.checkedJustNow();
+  std::filesystem::create_directory(stage.sandbox / "packages");
   stage.nameAPackage();
   stage.launch();
   EXPECT_FALSE(stage.holdsNoPackage());
