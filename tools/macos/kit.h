@@ -75,12 +75,44 @@ static const NSTextAlignment NSTextAlignmentRight = 2;
 #endif
 static const NSTextAlignment NSTextAlignmentNatural = 4;
 
+// A descriptor that the event loop watches.
+typedef const struct __CFAllocator* CFAllocatorRef;
+typedef const struct __CFString* CFStringRef;
+typedef struct __CFFileDescriptor* CFFileDescriptorRef;
+typedef struct __CFRunLoop* CFRunLoopRef;
+typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
+typedef unsigned long CFOptionFlags;
+typedef void (*CFFileDescriptorCallBack)(CFFileDescriptorRef, CFOptionFlags, void*);
+typedef struct {
+  long version;
+  void* info;
+  void* (*retain)(void*);
+  void (*release)(void*);
+  CFStringRef (*copyDescription)(void*);
+} CFFileDescriptorContext;
+enum { kCFFileDescriptorReadCallBack = 1 };
+KIT_EXTERN const CFStringRef kCFRunLoopCommonModes;
+KIT_EXTERN void CFRelease(const void*);
+KIT_EXTERN CFRunLoopRef CFRunLoopGetMain(void);
+KIT_EXTERN void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef, CFStringRef);
+KIT_EXTERN CFFileDescriptorRef CFFileDescriptorCreate(CFAllocatorRef, int, unsigned char, CFFileDescriptorCallBack,
+                                                      const CFFileDescriptorContext*);
+KIT_EXTERN void CFFileDescriptorEnableCallBacks(CFFileDescriptorRef, CFOptionFlags);
+KIT_EXTERN void CFFileDescriptorInvalidate(CFFileDescriptorRef);
+KIT_EXTERN CFRunLoopSourceRef CFFileDescriptorCreateRunLoopSource(CFAllocatorRef, CFFileDescriptorRef, long);
+
 #define NSBackingStoreBuffered NSBackingStoreTypeBuffered
 #define NSWindowTitleVisible NSWindowTitleVisibilityVisible
 #define NSNumberFormatterDecimalStyle NSNumberFormatterStyleDecimal
 #define NSNumberFormatterRoundHalfEven NSNumberFormatterRoundingModeHalfEven
+#define NSLineBreakByWordWrapping NSLineBreakModeWordWrapping
 #define NSBoxSeparator NSBoxTypeSeparator
 #define NSBoxCustom NSBoxTypeCustom
+#define NSNoBorder NSBorderTypeNone
+#define NSStringDrawingUsesLineFragmentOrigin NSStringDrawingOptionUsesLineFragmentOrigin
+#define NSStringDrawingUsesFontLeading NSStringDrawingOptionUsesFontLeading
+#define NSImageScaleProportionallyDown NSImageScalingImageScaleProportionallyDown
+#define NSImageScaleProportionallyUpOrDown NSImageScalingImageScaleProportionallyUpOrDown
 #define NSImageLeading NSCellImagePositionImageLeading
 #define NSImageTrailing NSCellImagePositionImageTrailing
 #define NSNoTitle NSTitlePositionNoTitle

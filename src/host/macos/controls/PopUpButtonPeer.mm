@@ -1,0 +1,55 @@
+#include "host/macos/controls/ControlPeers.h"
+#include "host/macos/controls/ViewPeer.h"
+#include "host/macos/look/Conversions.h"
+#include "host/macos/look/Symbols.h"
+#include "kit/controls/PopUpButton.h"
+
+namespace tarnwell::host_macos {
+namespace {
+
+NSPopUpButton* makeButton() { return [[[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO] autorelease]; }
+
+NSMenuItem* makeItem(const kit::ChoiceControl::Item& item) {
+  NSMenuItem* entry =
+      [[[NSMenuItem alloc] initWithTitle:toNSString(item.title) action:nullptr keyEquivalent:@""] autorelease];
+  if (!item.symbol.empty()) {
+    [entry setImage:imageOf(item.symbol)];
+  }
+  return entry;
+}
+
+class PopUpButtonPeer final : public PeerOf<kit::PopUpButton, NSPopUpButton> {
+ public:
+  PopUpButtonPeer(kit::PopUpButton& button, NSView* parent) : PeerOf(button, makeButton(), parent) {
+    // The symbol stands behind the title.
+    [view() setImagePosition:NSImageTrailing];
+    connect([this] { control().choose(static_cast<int>([view() indexOfSelectedItem])); });
+  }
+
+ protected:
+  void showState(kit::Aspect aspect) override {
+    if (aspect == kit::Aspect::title) {
+      showItems();
+    }
+    if (aspect == kit::Aspect::title || aspect == kit::Aspect::value) {
+      [view() selectItemAtIndex:control().selectedIndex()];
+    }
+  }
+
+ private:
+  // Through the menu: the button itself has no two items of the same title.
+  void showItems() {
+    [view() removeAllItems];
+    for (const auto& item : control().items()) {
+      [[view() menu] addItem:makeItem(item)];
+    }
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<kit::Peer> makePeer(kit::PopUpButton& button, NSView* parent) {
+  return std::make_unique<PopUpButtonPeer>(button, parent);
+}
+
+}  // namespace tarnwell::host_macos

@@ -1,0 +1,93 @@
+#include "host/macos/controls/ViewPeer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "host/macos/look/Conversions.h"
+#include "host/macos/look/TextLook.h"
+
+namespace tarnwell::host_macos {
+namespace {
+
+// The width of what does not say how wide it is and is offered none.
+constexpr double idealWidth = 200;
+
+// The platform has no place for it at a view.
+std::map<NSView*, kit::Control*>& controls() {
+  static std::map<NSView*, kit::Control*> all;
+  return all;
+}
+
+NSControl* asControl(NSView* view) {
+  return [view isKindOfClass:[NSControl class]] ? static_cast<NSControl*>(view) : nil;
+}
+
+NSString* orNil(const std::string& text) { return text.empty() ? nil : toNSString(text); }
+
+}  // namespace
+
+ViewPeer::ViewPeer(kit::Control& control, NSView* view, NSView* parent) : control_(control), view_(view) {
+  [parent addSubview:view];
+  controls()[view] = &control;
+}
+
+ViewPeer::~ViewPeer() {
+  controls().erase(view_.get());
+  [asControl(view_.get()) setTarget:nil];
+  [view_.get() removeFromSuperview];
+}
+
+void ViewPeer::show(kit::Aspect aspect) noexcept {
+  if (aspect == kit::Aspect::enabled) {
+    showEnabled();
+  } else if (aspect == kit::Aspect::accessibleName) {
+    showAccessibleName();
+  } else if (aspect == kit::Aspect::accessibleDescription) {
+    [view_.get() setAccessibilityHelp:orNil(control_.accessibleDescription())];
+  }
+  showState(aspect);
+}
+
+void ViewPeer::showEnabled() { [asControl(view_.get()) setEnabled:control_.isEnabled()]; }
+
+void ViewPeer::showAccessibleName() {
+  [view_.get() setAccessibilityLabel:orNil(control_.accessibleName())];
+  if (control_.accessible().role == kit::AccessibleRole::decoration) {
+    [view_.get() setAccessibilityElement:NO];
+  }
+}
+
+void ViewPeer::place(const kit::Rect& frame) noexcept {
+  // The layout speaks of what is seen; a control of the platform's has a shadow around it.
+  [view_.get() setFrame:[view_.get() frameForAlignmentRect:toNSRect(frame)]];
+}
+
+std::optional<kit::Measurement> ViewPeer::measure(kit::Proposal proposal) const {
+  const NSSize natural = [view_.get() intrinsicContentSize];
+  const double width = natural.width >= 0 ? std::ceil(natural.width) : proposal.width.value_or(idealWidth);
+  const double height = std::ceil(std::max(natural.height, 0.0));
+  return kit::Measurement{.size = {.width = width, .height = height}, .firstBaseline = baselineBesideText(height)};
+}
+
+NSView* ViewPeer::viewOf(const kit::Control& control) {
+  const auto* peer = dynamic_cast<const ViewPeer*>(control.peer());
+  return peer != nullptr ? peer->nsView() : nil;
+}
+
+kit::Control* ViewPeer::controlOf(NSView* view) {
+  for (; view != nil; view = [view superview]) {
+    if (const auto found = controls().find(view); found != controls().end()) {
+      return found->second;
+    }
+  }
+  return nullptr;
+}
+
+void ViewPeer::connect(std::function<void()> report) {
+  action_.emplace(std::move(report));
+  [asControl(view_.get()) setTarget:action_->target()];
+  [asControl(view_.get()) setAction:ActionTarget::action()];
+}
+
+}  // namespace tarnwell::host_macos

@@ -1,0 +1,20 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <string>
+#include <string_view>
+
+#include "kit/host/Geometry.h"
+
+namespace tarnwell::host_macos {
+
+/// Autoreleased; empty for what is no UTF-8.
+NSString* toNSString(std::string_view text);
+/// Empty for nil.
+std::string toString(NSString* text);
+
+NSRect toNSRect(const kit::Rect& rect);
+kit::Rect toRect(NSRect rect);
+
+}  // namespace tarnwell::host_macos
