@@ -92,6 +92,7 @@ typedef struct {
 } CFFileDescriptorContext;
 enum { kCFFileDescriptorReadCallBack = 1 };
 KIT_EXTERN const CFStringRef kCFRunLoopCommonModes;
+KIT_EXTERN const void* CFRetain(const void*);
 KIT_EXTERN void CFRelease(const void*);
 KIT_EXTERN CFRunLoopRef CFRunLoopGetMain(void);
 KIT_EXTERN void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef, CFStringRef);
@@ -108,7 +109,6 @@ KIT_EXTERN CFRunLoopSourceRef CFFileDescriptorCreateRunLoopSource(CFAllocatorRef
 #define NSLineBreakByWordWrapping NSLineBreakModeWordWrapping
 #define NSBoxSeparator NSBoxTypeSeparator
 #define NSBoxCustom NSBoxTypeCustom
-#define NSNoBorder NSBorderTypeNone
 #define NSStringDrawingUsesLineFragmentOrigin NSStringDrawingOptionUsesLineFragmentOrigin
 #define NSStringDrawingUsesFontLeading NSStringDrawingOptionUsesFontLeading
 #define NSImageScaleProportionallyDown NSImageScalingImageScaleProportionallyDown

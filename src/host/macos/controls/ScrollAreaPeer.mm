@@ -14,7 +14,6 @@ class ScrollAreaPeer final : public PeerOf<kit::ScrollArea, NSScrollView> {
       : PeerOf(area, makeView<NSScrollView>(), parent), page_(makeView<TWFlippedView>()), moved_([this] { tell(); }) {
     [view() setHasVerticalScroller:YES];
     [view() setAutohidesScrollers:YES];
-    [view() setBorderType:NSNoBorder];
     [view() setDrawsBackground:NO];
     [view() setDocumentView:page_.get()];
     [clip() setPostsBoundsChangedNotifications:YES];
