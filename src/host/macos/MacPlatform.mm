@@ -13,8 +13,7 @@
 
 namespace tarnwell::host_macos {
 
-MacPlatform::MacPlatform(kit::Product product, Services services)
-    : product_(std::move(product)), services_(services) {
+MacPlatform::MacPlatform(kit::Product product, Services services) : product_(std::move(product)), services_(services) {
   const ApplicationEvents events = {
       .launched = [this] { launched(); },
       .reopened = [] { kit::Application::shared().reopen(); },

@@ -15,6 +15,8 @@ class PanePeer final : public PeerOf<kit::Pane, TWFlippedView> {
 
 }  // namespace
 
-std::unique_ptr<kit::Peer> makePeer(kit::Pane& pane, NSView* parent) { return std::make_unique<PanePeer>(pane, parent); }
+std::unique_ptr<kit::Peer> makePeer(kit::Pane& pane, NSView* parent) {
+  return std::make_unique<PanePeer>(pane, parent);
+}
 
 }  // namespace tarnwell::host_macos

@@ -10,8 +10,8 @@ namespace {
 NSPopUpButton* makeButton() { return [[[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO] autorelease]; }
 
 NSMenuItem* makeItem(const kit::ChoiceControl::Item& item) {
-  NSMenuItem* entry =
-      [[[NSMenuItem alloc] initWithTitle:toNSString(item.title) action:nullptr keyEquivalent:@""] autorelease];
+  NSMenuItem* entry = [[[NSMenuItem alloc] initWithTitle:toNSString(item.title) action:nullptr
+                                           keyEquivalent:@""] autorelease];
   if (!item.symbol.empty()) {
     [entry setImage:imageOf(item.symbol)];
   }

@@ -70,9 +70,8 @@ class RichTextPeer final : public PeerOf<kit::RichText, NSTextView> {
 
   std::optional<kit::Measurement> measure(kit::Proposal proposal) const override {
     const double width = proposal.width.value_or(idealWidth);
-    const auto options = NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading;
-    const NSRect text = [string_.get() boundingRectWithSize:NSMakeSize(width - 2 * inset, unlimited)
-                                                    options:options];
+    const NSStringDrawingOptions options = NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading;
+    const NSRect text = [string_.get() boundingRectWithSize:NSMakeSize(width - 2 * inset, unlimited) options:options];
     return kit::Measurement{.size = {.width = width, .height = std::ceil(text.size.height) + 2 * inset},
                             .firstBaseline = inset};
   }

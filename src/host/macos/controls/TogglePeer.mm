@@ -6,9 +6,7 @@
 namespace tarnwell::host_macos {
 namespace {
 
-NSInteger stateOf(const kit::Toggle& toggle) {
-  return toggle.isOn() ? NSControlStateValueOn : NSControlStateValueOff;
-}
+NSInteger stateOf(const kit::Toggle& toggle) { return toggle.isOn() ? NSControlStateValueOn : NSControlStateValueOff; }
 
 class SwitchPeer final : public PeerOf<kit::Toggle, NSSwitch> {
  public:

@@ -16,7 +16,7 @@ NSNumberFormatter* makeFormatter() {
 
 std::string LocaleNumberFormat::text(double value, int mostFractionDigits) const {
   NSNumberFormatter* formatter = makeFormatter();
-  [formatter setMaximumFractionDigits:mostFractionDigits];
+  [formatter setMaximumFractionDigits:static_cast<NSUInteger>(mostFractionDigits)];
   [formatter setRoundingMode:NSNumberFormatterRoundHalfEven];
   return toString([formatter stringFromNumber:[NSNumber numberWithDouble:value]]);
 }

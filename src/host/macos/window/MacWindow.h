@@ -6,7 +6,8 @@ namespace tarnwell::kit {
 class Window;
 }
 
-/// A window of the program's: tells where the keyboard is, ends editing before a press elsewhere, asks before it closes.
+/// A window of the program's: tells where the keyboard is, ends editing before a press elsewhere, asks before it
+/// closes.
 @interface TWWindow : NSWindow <NSWindowDelegate> {
   tarnwell::kit::Window* window_;
 }

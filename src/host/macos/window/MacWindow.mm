@@ -57,7 +57,11 @@ kit::KeyEvent keyOf(NSEvent* event) {
 - (BOOL)makeFirstResponder:(NSResponder*)responder {
   const BOOL made = [super makeFirstResponder:responder];
   if (window_ != nullptr) {
-    window_->setFocusedControl(controlOf([self firstResponder]));
+    kit::Control* focused = controlOf([self firstResponder]);
+    window_->setFocusedControl(focused);
+    if (NSView* view = focused != nullptr ? ViewPeer::viewOf(*focused) : nil) {
+      [view scrollRectToVisible:[view bounds]];
+    }
   }
   return made;
 }
