@@ -103,7 +103,7 @@ void MacPlatform::terminate(kit::Application& /*application*/) { [NSApp terminat
 
 void MacPlatform::orderFrontStandardAboutPanel(kit::Application& /*application*/) {
   // Icon, name, version and copyright come from the bundle.
-  [NSApp orderFrontStandardAboutPanelWithOptions:@{}];
+  [NSApp orderFrontStandardAboutPanelWithOptions:[NSDictionary dictionary]];
 }
 
 void MacPlatform::openUrl(const std::string& address) {

@@ -22,7 +22,7 @@ NSString* textStyleOf(kit::FontRole role) {
 }  // namespace
 
 NSFont* fontOf(kit::FontRole role) {
-  NSFont* font = [NSFont preferredFontForTextStyle:textStyleOf(role) options:@{}];
+  NSFont* font = [NSFont preferredFontForTextStyle:textStyleOf(role) options:[NSDictionary dictionary]];
   // The system's second title is not bold.
   return role == kit::FontRole::title ? [NSFont boldSystemFontOfSize:[font pointSize]] : font;
 }
