@@ -216,8 +216,7 @@ void UpdateCheck::verify() {
   run(
       {.words = {"verify", item_.version, std::to_string(enclosure.length), enclosure.signature, item_.releaseSignature,
                  setting_.configuration.publicKey},
-       .input = package_->descriptor(),
-       .scratch = package_->folder().path()},
+       .input = package_->descriptor()},
       [this](const release::Message& message) {
         kind_ = message.text;
         return message.word == release::kindWord;

@@ -145,20 +145,9 @@ TEST_F(EngineProcessTest, findsNothingButWhatItIsGiven) {
   EXPECT_EQ(outcome.said[1].find("SECRET"), std::string::npos) << outcome.said[1];
   EXPECT_NE(outcome.said[1].find("https_proxy=http://proxy:1 "), std::string::npos) << outcome.said[1];
   EXPECT_NE(outcome.said[1].find("PATH=/usr/bin:/bin "), std::string::npos) << outcome.said[1];
+  EXPECT_EQ(outcome.said[1].find("TMPDIR"), std::string::npos) << outcome.said[1];
   EXPECT_EQ(outcome.said[2].substr(0, 14), "word 0 1 10 2 ") << outcome.said[2];
   EXPECT_EQ(outcome.said[3], "word " + fs::canonical(sandbox / "input").string());
-}
-
-TEST_F(EngineProcessTest, hasAFolderForItsToolsThatGoesWithIt) {
-  Outcome outcome;
-  {
-    const auto job = begin("echo engine 1; echo x >\"$TMPDIR/file\"; echo \"word $TMPDIR\"; exec sleep 60", outcome,
-                           {.scratch = sandbox.path()});
-    EXPECT_TRUE(loop.runUntil([&] { return !outcome.said.empty(); }));
-    EXPECT_TRUE(fs::exists(outcome.said.at(0).substr(5) + "/file"));
-  }
-  EXPECT_TRUE(losesItsChildren());
-  EXPECT_FALSE(fs::exists(outcome.said.at(0).substr(5)));
 }
 
 TEST_F(EngineProcessTest, thatIsNotThereIsSaidToBeSo) {
