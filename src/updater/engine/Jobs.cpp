@@ -189,11 +189,11 @@ Done place(const Arguments& arguments, const Given& given, const Say& /*say*/) {
 }
 
 constexpr std::array jobs = {
-    Job{"fetch-feed", 4, &fenceFetching, &fetchFeed},
-    Job{"fetch-package", 4, &fenceFetching, &fetchPackage},
-    Job{"read-notes", 0, &fenceReading, &readNotesAloud},
-    Job{"verify", 5, &fenceLooking, &verify},
-    Job{"place", 6, &fencePlacing, &place},
+    Job{"fetch-feed", 4, feedLimit + std::chrono::minutes(1), &fenceFetching, &fetchFeed},
+    Job{"fetch-package", 4, packageLimit + std::chrono::hours(1), &fenceFetching, &fetchPackage},
+    Job{"read-notes", 0, std::chrono::seconds(30), &fenceReading, &readNotesAloud},
+    Job{"verify", 5, std::chrono::minutes(10), &fenceLooking, &verify},
+    Job{"place", 6, std::chrono::minutes(10), &fencePlacing, &place},
 };
 
 }  // namespace

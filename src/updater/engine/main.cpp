@@ -24,7 +24,7 @@ void say(const release::Message& message) {
 }
 
 int run(const Job& job, const std::vector<std::string>& arguments) {
-  const auto missing = job.confine();
+  const auto missing = job.confine(job.limit);
   say({release::engineWord, release::engineVersion});
   for (const std::string& fence : missing) {
     say({release::unfencedWord, fence});

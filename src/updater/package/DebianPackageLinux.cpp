@@ -69,7 +69,8 @@ system::Result<std::optional<std::string>> controlOf(int package) {
   control.readEnd.close();
   const bool isUnpacked = unpacking->wait().isSuccess();
   const bool isRead = reading && reading->wait().isSuccess();
-  return isUnpacked && isRead ? text : std::nullopt;
+  const bool isWhole = text && text->size() <= longestControl;
+  return isUnpacked && isRead && isWhole ? text : std::nullopt;
 }
 
 // As the system's own tools read it. They write no file.

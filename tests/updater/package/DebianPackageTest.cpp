@@ -103,6 +103,8 @@ TEST_F(DebianTool, hasToFindOneVersion) {
 TEST_F(DebianTool, mayFindALongVersionButNoneWithoutEnd) {
   EXPECT_EQ(versionFrom("printf 'Version: %0200d\\n' 1"), std::string(199, '0') + "1");
   EXPECT_EQ(versionFrom("printf 'Version: %0201d\\n' 1"), noVersion);
+  EXPECT_EQ(versionFrom("printf 'Version: 1.2\\n %01048562d' 1"), "1.2");
+  EXPECT_EQ(versionFrom("printf 'Version: 1.2\\n %01048563d' 1"), noVersion);
 }
 
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
