@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "standin/MacSystem.h"
-#include "standin/ui/Display.h"
+#include "standin/dock/ui/Display.h"
 
 namespace tarnwell::standin {
 

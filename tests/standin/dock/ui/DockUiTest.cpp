@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "fixtures/WaitFor.h"
-#include "standin/ui/ShownDock.h"
-#include "standin/ui/WindowHistory.h"
+#include "standin/dock/ui/ShownDock.h"
+#include "standin/dock/ui/WindowHistory.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "fixtures/WaitFor.h"
-#include "standin/ui/ShownDock.h"
+#include "standin/dock/ui/ShownDock.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "fixtures/WaitFor.h"
 #include "standin/dock/model/ScrollGesture.h"
-#include "standin/ui/ShownDock.h"
+#include "standin/dock/ui/ShownDock.h"
 
 namespace tarnwell::standin {
 namespace {

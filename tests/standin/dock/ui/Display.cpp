@@ -1,4 +1,4 @@
-#include "standin/ui/Display.h"
+#include "standin/dock/ui/Display.h"
 
 #include <algorithm>
 #include <array>

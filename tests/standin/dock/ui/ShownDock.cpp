@@ -1,4 +1,4 @@
-#include "standin/ui/ShownDock.h"
+#include "standin/dock/ui/ShownDock.h"
 
 #include <gtest/gtest.h>
 

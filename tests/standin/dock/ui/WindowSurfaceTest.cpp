@@ -8,7 +8,7 @@
 
 #include "fixtures/WaitFor.h"
 #include "standin/MacSystem.h"
-#include "standin/ui/Display.h"
+#include "standin/dock/ui/Display.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -1,9 +1,9 @@
-#include "standin/ui/WindowHistory.h"
+#include "standin/dock/ui/WindowHistory.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-#include "standin/ui/Display.h"
+#include "standin/dock/ui/Display.h"
 
 namespace tarnwell::standin {
 namespace {
