@@ -25,8 +25,8 @@ struct UpdaterConfiguration {
   /// How long a server may send next to nothing.
   std::chrono::seconds stallLimit = std::chrono::seconds(30);
   std::filesystem::path packageFolder = {};
-  /// The file that this program runs from, where it is one that can be replaced; empty otherwise.
-  std::filesystem::path appImage = {};
+  /// What an update may take the place of: the AppImage that this program runs from; empty for nothing.
+  std::filesystem::path program = {};
 };
 
 }  // namespace tarnwell::updateclient

@@ -67,12 +67,12 @@ class InstallationTest : public testing::Test {
     const updater::SigningKey key;
     return Installation::start(
         engine, *opener, file,
-        {.kind = content == debianPackage ? "debian" : (content == appImage ? "app-image" : "other"),
+        {.way = content == debianPackage ? debianWay : appImageWay,
          .item = {.version = "2.0",
                   .enclosure = {.length = content.size(), .signature = key.signatureOf(content)},
                   .releaseSignature = key.signatureOf(*updater::releaseText("2.0", file.descriptor()))},
          .key = key.publicText(),
-         .appImage = image},
+         .program = image},
         std::move(handed));
   }
 
@@ -244,13 +244,6 @@ TEST_F(InstallationTest, anAppImageIsNothingForAnInstalledProgram) {
   EXPECT_EQ(outcomeOf(appImage),
             "for good: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
             "from where you got Tarnwell.");
-}
-
-TEST_F(InstallationTest, anythingElseIsRefused) {
-  EXPECT_EQ(
-      outcomeOf("#!/bin/sh\n"),
-      "for good: The update is neither a Debian package nor an AppImage, and cannot be installed on this system.");
-  EXPECT_FALSE(sandbox.holds("opened"));
 }
 
 TEST_F(InstallationTest, whatChangedSinceItWasVerifiedIsNotPlaced) {

@@ -150,7 +150,7 @@ Done verify(const Arguments& arguments, const Given& given, const Say& say) {
   if (!kind) {
     return kind.error();
   }
-  say({release::kindWord, *kind == nullptr ? "other" : (*kind)->name});
+  say({release::kindWord, (*kind)->name});
   return {};
 }
 
@@ -167,25 +167,21 @@ Done readNotesAloud(const Arguments& /*arguments*/, const Given& given, const Sa
 // What is looked at again is the copy, which no other process has open: it is what was verified, or it is not placed.
 Done place(const Arguments& arguments, const Given& given, const Say& /*say*/) {
   const auto order = orderIn(arguments);
-  if (!order) {
-    return order.error();
+  const PackageKind* kind = packageKind(arguments[5]);
+  if (!order || kind == nullptr) {
+    return order ? unknownKind() : order.error();
   }
-  const std::string& target = arguments[5];
-  system::AtomicFile file(duplicate(given.folder), target, ownerReads);
-  Done done = file.copy(given.input);
-  const PackageKind* kind = packageKind(given.input);
+  const std::string& target = arguments[6];
+  system::AtomicFile copy(duplicate(given.folder), target, ownerReads);
+  Done done = copy.copy(given.input);
   if (done) {
-    const auto held = order->claim.holdSignatures(order->key, file.descriptor());
-    if (!held) {
-      return held.error();
+    const auto held = order->claim.holdSignatures(order->key, copy.descriptor());
+    if (!held || *held != kind) {
+      return held ? thrownAway("it is not of the kind that was verified") : held.error();
     }
-    kind = *held;
-    done = file.place();
+    done = kind->place(copy, given.folder, target);
   }
-  if (done || kind == nullptr) {
-    return done;
-  }
-  return kind->unplaced(target, std::generic_category().message(done.error().error));
+  return done ? done : kind->unplaced(target, std::generic_category().message(done.error().error));
 }
 
 constexpr std::array jobs = {
@@ -193,7 +189,7 @@ constexpr std::array jobs = {
     Job{"fetch-package", 4, packageLimit + std::chrono::hours(1), &fenceFetching, &fetchPackage},
     Job{"read-notes", 0, std::chrono::seconds(30), &fenceReading, &readNotesAloud},
     Job{"verify", 5, std::chrono::minutes(10), &fenceLooking, &verify},
-    Job{"place", 6, std::chrono::minutes(10), &fencePlacing, &place},
+    Job{"place", 7, std::chrono::minutes(10), &fencePlacing, &place},
 };
 
 }  // namespace

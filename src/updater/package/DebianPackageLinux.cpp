@@ -101,6 +101,7 @@ constinit const PackageKind debianPackage = {.name = "debian",
                                              .isOne = &isDebianPackage,
                                              .ownVersion = &debianVersion,
                                              .isVersionOf = &isDebianVersionOf,
+                                             .place = &placeFile,
                                              .unplaced = &unplacedPackage};
 
 }  // namespace tarnwell::updater

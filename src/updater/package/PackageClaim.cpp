@@ -49,7 +49,7 @@ system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item)
 
 system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int descriptor) const {
   auto signedKind = holdSignatures(key, descriptor);
-  if (!signedKind || *signedKind == nullptr || (*signedKind)->ownVersion == nullptr) {
+  if (!signedKind || (*signedKind)->ownVersion == nullptr) {
     return signedKind;
   }
   const auto confirmed = confirmOwnVersion(**signedKind, descriptor, version);
@@ -61,7 +61,10 @@ system::Result<const PackageKind*> PackageClaim::holdSignatures(const PublicKey&
     return thrownAway(mismatch->message);
   }
   const PackageKind* kind = packageKind(descriptor);
-  if (kind == nullptr || kind->ownVersion != nullptr) {
+  if (kind == nullptr) {
+    return unknownKind();
+  }
+  if (kind->ownVersion != nullptr) {
     return kind;
   }
   const auto text = releaseText(version, descriptor);
