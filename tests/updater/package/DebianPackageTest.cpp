@@ -107,6 +107,16 @@ TEST_F(DebianTool, mayFindALongVersionButNoneWithoutEnd) {
   EXPECT_EQ(versionFrom("printf 'Version: 1.2\\n %01048563d' 1"), noVersion);
 }
 
+// An alarm lives on when a process becomes another program.
+TEST_F(DebianTool, isGivenHalfAMinute) {
+  for (const char* tool : {"dpkg-deb", "tar"}) {
+    versionFrom("exec perl -e 'print alarm(0)' >'" + (sandbox / "seconds").string() + "'", tool);
+    const int seconds = std::stoi(sandbox.read("seconds"));
+    EXPECT_GT(seconds, 0) << tool;
+    EXPECT_LE(seconds, 30) << tool;
+  }
+}
+
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
   const system::Descriptor secret(::memfd_create("secret", 0));
   const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
