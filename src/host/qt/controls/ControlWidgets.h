@@ -1,18 +1,8 @@
 #pragma once
 
-class QWidget;
+#include "kit/host/AnyControl.h"
 
-namespace tarnwell::kit {
-class Box;
-class Button;
-class Pane;
-class ProgressBar;
-class Slider;
-class Stepper;
-class SymbolView;
-class TabBar;
-class Toggle;
-}  // namespace tarnwell::kit
+class QWidget;
 
 namespace tarnwell::host_qt {
 
