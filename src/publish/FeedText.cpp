@@ -94,7 +94,8 @@ std::string emptyFeed() {
   return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
          "<rss version=\"2.0\">\n"
          "  <channel>\n"
-         "    <title>Tarnwell</title>\n"
+         "    <title>" TARNWELL_NAME
+         "</title>\n"
          "  </channel>\n"
          "</rss>\n";
 }

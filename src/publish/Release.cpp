@@ -51,7 +51,7 @@ std::string publicationDate() {
 /// The title that people read, unless the release has one of its own.
 std::string titleOf(const Release& release) {
   const std::string& version = release.shownVersion.empty() ? release.version : release.shownVersion;
-  return release.title.empty() ? "Tarnwell " + version : release.title;
+  return release.title.empty() ? TARNWELL_NAME " " + version : release.title;
 }
 
 system::Result<std::string> notesOf(const Release& release) {
@@ -94,8 +94,8 @@ system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, 
     return system::Failure{feed.string() + ": " + after.error().message};
   }
   auto& [text, itemAsRead] = *after;
-  if (auto objection = objectionTo(itemAsRead, package, key)) {
-    return *std::move(objection);
+  if (const auto checked = checkItem(itemAsRead, package, key); !checked) {
+    return checked.error();
   }
   return std::move(text);
 }
@@ -116,8 +116,8 @@ fs::path realPathOf(const fs::path& feed) {
 }  // namespace
 
 system::Result<void> publishRelease(const Release& release, const fs::path& feed) {
-  if (auto objection = objectionTo(release)) {
-    return *std::move(objection);
+  if (auto checked = checkRelease(release); !checked) {
+    return checked;
   }
   const auto key = SecretKey::read(release.privateKey);
   if (!key) {

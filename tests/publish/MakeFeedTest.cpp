@@ -66,8 +66,8 @@ struct Publisher {
     const auto key = *updater::PublicKey::parse(publicKey);
     const auto claim = *updater::PackageClaim::create(item);
     const system::Descriptor file(::open((sandbox / name).c_str(), O_RDONLY | O_CLOEXEC));
-    const auto failure = claim.signature.verify(key, file.number(), claim.length);
-    return failure ? failure->message : "";
+    const auto held = claim.signature.verify(key, file.number(), claim.length);
+    return held ? "" : held.error().message;
   }
 
   fixtures::Sandbox sandbox;

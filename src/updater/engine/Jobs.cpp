@@ -55,8 +55,7 @@ std::string authorities() {
 
 system::Result<PublicKey> keyIn(const std::string& text) {
   auto key = PublicKey::parse(text);
-  return key ? key
-             : system::Failure{"This build of Tarnwell cannot verify a newer version: " + key.error().message + "."};
+  return key ? key : system::Failure{"This version cannot verify a newer one: " + key.error().message + "."};
 }
 
 // What lacks a signature is refused before the user is asked to install it.
@@ -83,10 +82,7 @@ Done fetchFeed(const Arguments& arguments, const Given& given, const Say& say) {
   }
   FeedReader reader;
   const Done fetched = given.fetch(downloadOf(arguments, FeedReader::maximumLength, feedLimit),
-                                   [&reader](std::string_view bytes) -> Done {
-                                     const auto refusal = reader.feed(bytes);
-                                     return refusal ? Done(*refusal) : Done();
-                                   });
+                                   [&reader](std::string_view bytes) { return reader.feed(bytes); });
   const auto items = fetched ? reader.finish() : fetched.error();
   if (!items) {
     return items.error();

@@ -46,7 +46,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): what is
   const std::vector<std::string> words(argv + 1, argv + argc);
   const updater::Job* job = words.empty() ? nullptr : updater::jobCalled(words.front());
   if (job == nullptr || words.size() != job->parameters + 1) {
-    diagnostics::reportError("the update engine is started by Tarnwell, and does nothing by itself");
+    diagnostics::reportError("the update engine is started by the application, and does nothing by itself");
     return EXIT_FAILURE;
   }
   // At once: what libraries do in their end may need what was given up.

@@ -57,8 +57,8 @@ system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int 
 }
 
 system::Result<const PackageKind*> PackageClaim::holdSignatures(const PublicKey& key, int descriptor) const {
-  if (const auto mismatch = signature.verify(key, descriptor, length)) {
-    return thrownAway(mismatch->message);
+  if (const auto held = signature.verify(key, descriptor, length); !held) {
+    return thrownAway(held.error().message);
   }
   const PackageKind* kind = packageKind(descriptor);
   if (kind == nullptr) {
