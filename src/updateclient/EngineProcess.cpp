@@ -77,7 +77,7 @@ class EngineProcess::Run final : public Engine::Job {
       isKnown_ = message.word == release::engineWord && message.text == release::engineVersion;
       if (!isKnown_) {
         refusal_ = system::Failure{
-            "The update engine does not belong to the version that runs. Quit Tarnwell and start it again."};
+            "The update engine does not belong to the version that runs. Quit the application and start it again."};
       }
       return isKnown_;
     }

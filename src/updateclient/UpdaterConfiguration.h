@@ -17,7 +17,7 @@ struct UpdaterConfiguration {
 
   std::string feedAddress = {};
   std::string publicKey = {};              // Base64 of 32 bytes.
-  std::string userAgent = {};              // What servers are told of us, "Tarnwell/1.0".
+  std::string userAgent = {};              // What servers are told of us, "Name/1.0".
   std::string runningVersion = {};         // What is compared.
   std::string shownVersion = {};           // What people read.
   std::string systemVersion = {};          // Of the kernel, "6.1.0".

@@ -13,7 +13,6 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
-#include "updateclient/PackageFolder.h"
 
 namespace tarnwell::updateclient {
 namespace {

@@ -93,7 +93,7 @@ TEST(UpdaterCheck, saysWhenThereIsNothingNewer) {
 TEST(UpdaterCheck, runsOnceAtATime) {
   UpdaterStage stage;
   std::vector<bool> told;
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   EXPECT_TRUE(updater.canCheckForUpdates());
   const auto subscription = updater.observeCanCheckForUpdates([&told](bool canCheck) { told.push_back(canCheck); });
   updater.checkForUpdates();
@@ -211,8 +211,8 @@ TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.driver.screen,
-            "failure: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
-            "from where you got Tarnwell.");
+            "failure: The update is an AppImage, but this version does not run from one. Get the package for your "
+            "system from where you got this version.");
   EXPECT_FALSE(stage.driver.canRetry());
   stage.driver.acknowledge();
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
@@ -296,13 +296,12 @@ TEST(UpdaterCheck, withoutAFeedSaysSoPlainly) {
     configuration.feedAddress = address;
     configuration.publicKey = key;
     stage.preferences.setAutomaticChecks(true);
-    Updater& updater = stage.launch(configuration);
+    FeedUpdater& updater = stage.launch(configuration);
     EXPECT_FALSE(stage.alarm.time());
     updater.checkForUpdates();
     updater.checkForUpdates();
-    EXPECT_EQ(
-        stage.driver.journal,
-        Journal{"cannot check: This build of Tarnwell has no update feed, so it cannot look for a newer version."});
+    EXPECT_EQ(stage.driver.journal,
+              Journal{"cannot check: This version has no update feed, so it cannot look for a newer one."});
     EXPECT_FALSE(updater.canCheckForUpdates());
     stage.driver.acknowledge();
     EXPECT_TRUE(updater.canCheckForUpdates());

@@ -1,41 +1,36 @@
-#include "updateclient/Updater.h"
+#include "updateclient/FeedUpdater.h"
 
 #include <chrono>
 #include <utility>
 
 #include "release/text/Report.h"
-#include "updateclient/PackageFolder.h"
+#include "updateclient/PackageFile.h"
 #include "updateclient/UpdateCheck.h"
 
 namespace tarnwell::updateclient {
 namespace {
 
-std::string obstacleIn(const UpdaterConfiguration& configuration) {
-  if (!configuration.hasFeed()) {
-    return "This build of Tarnwell has no update feed, so it cannot look for a newer version.";
-  }
-  return {};
-}
+constexpr const char* noFeed = "This version has no update feed, so it cannot look for a newer one.";
 
 }  // namespace
 
-Updater::Updater(UpdaterConfiguration configuration, UpdaterPreferences preferences, Ports ports)
+FeedUpdater::FeedUpdater(UpdaterConfiguration configuration, UpdaterPreferences preferences, UpdaterPorts ports)
     : configuration_(std::move(configuration)),
       preferences_(std::move(preferences)),
       ports_(ports),
       schedule_(preferences_, ports_.alarm),
-      obstacle_(obstacleIn(configuration_)) {
+      obstacle_(configuration_.hasFeed() ? "" : noFeed) {
   setCanCheckForUpdates(true);
 }
 
-Updater::~Updater() {
+FeedUpdater::~FeedUpdater() {
   ports_.alarm.cancel();
   if (check_ || saysWhyNot_ || asksForPermission_) {
     ports_.driver.dismiss();
   }
 }
 
-void Updater::start() {
+void FeedUpdater::start() {
   clearAway();
   const bool isFirstLaunch = !preferences_.hasLaunchedBefore();
   if (isFirstLaunch) {
@@ -48,7 +43,7 @@ void Updater::start() {
   }
 }
 
-void Updater::askForPermission() {
+void FeedUpdater::askForPermission() {
   if (check_ || preferences_.automaticChecks()) {
     return;
   }
@@ -56,7 +51,7 @@ void Updater::askForPermission() {
   ports_.driver.showPermission([this](UserDriver::Permission permission) { takePermission(permission); });
 }
 
-void Updater::takePermission(UserDriver::Permission permission) {
+void FeedUpdater::takePermission(UserDriver::Permission permission) {
   if (!std::exchange(asksForPermission_, false)) {
     return;
   }
@@ -67,14 +62,14 @@ void Updater::takePermission(UserDriver::Permission permission) {
   setAutomaticallyChecksForUpdates(permission.checks);
 }
 
-void Updater::setAlarm() {
+void FeedUpdater::setAlarm() {
   if (obstacle_.empty() && !check_) {
     schedule_.set([this] { wake(); });
   }
 }
 
 // Much may have changed since the alarm was set: the clock, the switch, another process's check.
-void Updater::wake() {
+void FeedUpdater::wake() {
   if (check_) {
     return;
   }
@@ -85,7 +80,7 @@ void Updater::wake() {
   }
 }
 
-void Updater::checkForUpdates() {
+void FeedUpdater::checkForUpdates() {
   if (!canCheckForUpdates()) {
     return;
   }
@@ -98,7 +93,7 @@ void Updater::checkForUpdates() {
   }
 }
 
-void Updater::sayWhyNot() {
+void FeedUpdater::sayWhyNot() {
   saysWhyNot_ = true;
   tellWhetherItCanCheck();
   const auto acknowledged = [this] {
@@ -108,7 +103,7 @@ void Updater::sayWhyNot() {
   ports_.driver.showObstacle(obstacle_, acknowledged);
 }
 
-void Updater::begin(UserDriver::Origin origin) {
+void FeedUpdater::begin(UserDriver::Origin origin) {
   ports_.alarm.cancel();
   asksForPermission_ = false;  // The check takes the question's place on the screen.
   clearAway();
@@ -122,23 +117,25 @@ void Updater::begin(UserDriver::Origin origin) {
 }
 
 // An installer reads its package when the user gets round to it, and does not tell us when that was.
-void Updater::clearAway() {
+void FeedUpdater::clearAway() {
   constexpr std::chrono::hours longEnough(24);
   removePackages(configuration_.packageFolder, ports_.alarm.now() - longEnough);
 }
 
-void Updater::ended() {
+void FeedUpdater::ended() {
   const auto check = std::exchange(check_, nullptr);
   ports_.driver.dismiss();
   setAlarm();
   tellWhetherItCanCheck();
 }
 
-void Updater::tellWhetherItCanCheck() { setCanCheckForUpdates(!saysWhyNot_ && (!check_ || check_->canComeForward())); }
+void FeedUpdater::tellWhetherItCanCheck() {
+  setCanCheckForUpdates(!saysWhyNot_ && (!check_ || check_->canComeForward()));
+}
 
-bool Updater::automaticallyChecksForUpdates() const { return preferences_.automaticChecks().value_or(false); }
+bool FeedUpdater::automaticallyChecksForUpdates() const { return preferences_.automaticChecks().value_or(false); }
 
-void Updater::setAutomaticallyChecksForUpdates(bool checks) {
+void FeedUpdater::setAutomaticallyChecksForUpdates(bool checks) {
   release::report(preferences_.setAutomaticChecks(checks));
   if (std::exchange(asksForPermission_, false)) {
     ports_.driver.dismiss();
@@ -146,9 +143,9 @@ void Updater::setAutomaticallyChecksForUpdates(bool checks) {
   setAlarm();
 }
 
-bool Updater::automaticallyDownloadsUpdates() const { return preferences_.automaticDownloads(); }
+bool FeedUpdater::automaticallyDownloadsUpdates() const { return preferences_.automaticDownloads(); }
 
-void Updater::setAutomaticallyDownloadsUpdates(bool downloads) {
+void FeedUpdater::setAutomaticallyDownloadsUpdates(bool downloads) {
   release::report(preferences_.setAutomaticDownloads(downloads));
 }
 

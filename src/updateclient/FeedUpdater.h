@@ -17,14 +17,12 @@ class UpdateCheck;
 
 /// Looks for new versions when the user asks and, where that is switched on, when the last look is long enough ago.
 /// Everything is called on the main thread; what it shows, it shows from the event loop.
-class Updater final : public kit::Updater {
+class FeedUpdater final : public kit::Updater {
  public:
-  using Ports = UpdaterPorts;
-
-  Updater(UpdaterConfiguration configuration, UpdaterPreferences preferences, Ports ports);
-  Updater(const Updater&) = delete;
-  Updater& operator=(const Updater&) = delete;
-  ~Updater() override;
+  FeedUpdater(UpdaterConfiguration configuration, UpdaterPreferences preferences, UpdaterPorts ports);
+  FeedUpdater(const FeedUpdater&) = delete;
+  FeedUpdater& operator=(const FeedUpdater&) = delete;
+  ~FeedUpdater() override;
 
   /// To be called once, when the application starts: counts the launch, asks for permission when it is the second one,
   /// and sets the alarm for the next check.
@@ -51,7 +49,7 @@ class Updater final : public kit::Updater {
 
   UpdaterConfiguration configuration_;
   UpdaterPreferences preferences_;
-  Ports ports_;
+  UpdaterPorts ports_;
   CheckSchedule schedule_;
   /// Why no check is possible with this configuration; empty where one is.
   std::string obstacle_;
@@ -66,7 +64,7 @@ class Updater final : public kit::Updater {
 class UpdaterController final : public kit::UpdaterController {
  public:
   UpdaterController(const kit::UpdaterControllerArguments& arguments, UpdaterConfiguration configuration,
-                    UpdaterPreferences preferences, Updater::Ports ports)
+                    UpdaterPreferences preferences, UpdaterPorts ports)
       : updater_(std::move(configuration), std::move(preferences), ports) {
     if (arguments.startingUpdater) {
       updater_.start();
@@ -76,7 +74,7 @@ class UpdaterController final : public kit::UpdaterController {
   kit::Updater& updater() override { return updater_; }
 
  private:
-  Updater updater_;
+  FeedUpdater updater_;
 };
 
 }  // namespace tarnwell::updateclient
