@@ -10,8 +10,6 @@
 #include "host/qt/controls/PopUpButtonPeer.h"
 #include "host/qt/controls/RichTextPeer.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
-#include "host/qt/controls/TextFieldPeer.h"
-#include "host/qt/controls/TextLabelPeer.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/controls/Box.h"
@@ -22,6 +20,8 @@
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/TextLabel.h"
 #include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
@@ -41,8 +41,6 @@ struct PeerMaker {
   Made operator()(kit::PopUpButton* button) const { return painted<PopUpButtonPeer>(*button, theme, parent); }
   Made operator()(kit::RichText* text) const { return std::make_unique<RichTextPeer>(*text, theme, parent); }
   Made operator()(kit::ScrollArea* area) const { return std::make_unique<ScrollAreaPeer>(*area, theme, parent); }
-  Made operator()(kit::TextField* field) const { return painted<TextFieldPeer>(*field, theme, parent); }
-  Made operator()(kit::TextLabel* label) const { return painted<TextLabelPeer>(*label, theme, parent); }
 
   template <class C>
   Made container(C& control) const {

@@ -173,6 +173,7 @@ class RichTextWidget final : public ControlWidget {
     update();
   }
 
+  void showState() override { layOutAnew(); }
   void fontsChanged() override { layOutAnew(); }
   QRectF focusShape() const override {
     return links_.empty() ? bounds() : partRect(current_).adjusted(-ringReach, 0, ringReach, 0);
@@ -313,7 +314,5 @@ std::optional<kit::Measurement> RichTextPeer::measure(kit::Proposal proposal) co
   }
   return static_cast<RichTextWidget*>(widget())->measureIn(width);
 }
-
-void RichTextPeer::showState(kit::Aspect /*aspect*/) { static_cast<RichTextWidget*>(widget())->layOutAnew(); }
 
 }  // namespace tarnwell::host_qt

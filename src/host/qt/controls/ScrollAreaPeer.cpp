@@ -25,7 +25,7 @@ class Viewport final : public ControlWidget {
   kit::ScrollArea& area() { return area_; }
   void cutBar() { bar_.cut(); }
 
-  void follow() {
+  void showState() override {
     const int pageHeight = std::max(height(), static_cast<int>(std::ceil(area_.contentHeight())));
     page_.setGeometry(0, -static_cast<int>(std::lround(area_.offset())), width(), pageHeight);
     bar_.follow();
@@ -82,8 +82,6 @@ void ScrollAreaPeer::reveal(const QWidget& widget, const QRectF& part) {
                            .height = part.height() + 2 * roomAroundFocus});
 }
 
-void ScrollAreaPeer::showState(kit::Aspect /*aspect*/) { static_cast<Viewport*>(widget())->follow(); }
-
-void ScrollAreaPeer::placed() { static_cast<Viewport*>(widget())->follow(); }
+void ScrollAreaPeer::placed() { static_cast<Viewport*>(widget())->showState(); }
 
 }  // namespace tarnwell::host_qt

@@ -21,7 +21,6 @@ class ScrollAreaPeer final : public WidgetPeer {
   static void reveal(const QWidget& widget, const QRectF& part);
 
  protected:
-  void showState(kit::Aspect aspect) override;
   void placed() override;
 };
 

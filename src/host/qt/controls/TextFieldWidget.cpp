@@ -1,5 +1,3 @@
-#include "host/qt/controls/TextFieldPeer.h"
-
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
@@ -10,6 +8,7 @@
 
 #include "host/painted/ControlMetrics.h"
 #include "host/qt/controls/ControlLink.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
@@ -91,13 +90,20 @@ class LineEdit final : public QLineEdit, public ControlLink {
     return heard && QLineEdit::event(event);
   }
 
-  void showText() {
+  void showState() override {
     const QString shown = toQString(field_.shownText());
     // Setting a text moves the caret, even the text that is there.
     if (shown != text()) {
       setText(shown);
     }
   }
+
+  bool canEdit(const kit::Selector& command) const override {
+    const EditingCommand* known = editingCommand(command);
+    return known != nullptr && known->isPossible(*this);
+  }
+
+  void edit(const kit::Selector& command) override { editingCommand(command)->perform(*this); }
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override {
@@ -146,7 +152,7 @@ class LineEdit final : public QLineEdit, public ControlLink {
       field_.type(text.toStdString());
       // Another field's commit may have ended this one.
       if (control() != nullptr) {
-        showText();
+        showState();
       }
     }
   }
@@ -157,20 +163,8 @@ class LineEdit final : public QLineEdit, public ControlLink {
 
 }  // namespace
 
-TextFieldPeer::TextFieldPeer(kit::TextField& field, const Theme& theme, QWidget* parent)
-    : WidgetPeer(field, new LineEdit(field, theme, parent)) {}
-
-bool TextFieldPeer::canEdit(const kit::Selector& command) const {
-  const EditingCommand* known = editingCommand(command);
-  return known != nullptr && widget() != nullptr && known->isPossible(static_cast<const LineEdit&>(*widget()));
+QWidget* makeWidget(kit::TextField& field, const Theme& theme, QWidget* parent) {
+  return new LineEdit(field, theme, parent);
 }
-
-void TextFieldPeer::edit(const kit::Selector& command) {
-  if (canEdit(command)) {
-    editingCommand(command)->perform(static_cast<LineEdit&>(*widget()));
-  }
-}
-
-void TextFieldPeer::showState(kit::Aspect /*aspect*/) { static_cast<LineEdit*>(widget())->showText(); }
 
 }  // namespace tarnwell::host_qt

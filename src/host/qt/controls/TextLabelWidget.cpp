@@ -1,9 +1,8 @@
-#include "host/qt/controls/TextLabelPeer.h"
-
 #include <QtGui/QPainter>
 #include <optional>
 
 #include "host/qt/controls/ControlWidget.h"
+#include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
 #include "kit/controls/TextLabel.h"
@@ -16,9 +15,9 @@ class LabelWidget final : public ControlWidget {
   LabelWidget(kit::TextLabel& label, const Theme& theme, QWidget* parent)
       : ControlWidget(label, theme, parent), label_(label) {}
 
-  void fontsChanged() override { layOutAnew(); }
+  void fontsChanged() override { showState(); }
 
-  void layOutAnew() {
+  void showState() override {
     lines_.reset();
     update();
   }
@@ -41,9 +40,8 @@ class LabelWidget final : public ControlWidget {
 
 }  // namespace
 
-TextLabelPeer::TextLabelPeer(kit::TextLabel& label, const Theme& theme, QWidget* parent)
-    : WidgetPeer(label, new LabelWidget(label, theme, parent)) {}
-
-void TextLabelPeer::showState(kit::Aspect /*aspect*/) { static_cast<LabelWidget*>(widget())->layOutAnew(); }
+QWidget* makeWidget(kit::TextLabel& label, const Theme& theme, QWidget* parent) {
+  return new LabelWidget(label, theme, parent);
+}
 
 }  // namespace tarnwell::host_qt
