@@ -19,11 +19,10 @@ constexpr double roomAroundFocus = 12;
 class Viewport final : public ControlWidget {
  public:
   Viewport(kit::ScrollArea& area, const Theme& theme, QWidget* parent)
-      : ControlWidget(area, theme, parent), area_(area), page_(this), bar_(area, theme, this) {}
+      : ControlWidget(area, theme, parent), area_(area), page_(this), bar_(area, theme, *this) {}
 
   QWidget* page() { return &page_; }
   kit::ScrollArea& area() { return area_; }
-  void cutBar() { bar_.cut(); }
 
   void showState() override {
     const int pageHeight = std::max(height(), static_cast<int>(std::ceil(area_.contentHeight())));
@@ -61,12 +60,6 @@ Viewport* viewportAround(const QWidget& widget) {
 
 ScrollAreaPeer::ScrollAreaPeer(kit::ScrollArea& area, const Theme& theme, QWidget* parent)
     : WidgetPeer(area, new Viewport(area, theme, parent)) {}
-
-ScrollAreaPeer::~ScrollAreaPeer() {
-  if (auto* viewport = static_cast<Viewport*>(widget())) {
-    viewport->cutBar();
-  }
-}
 
 QWidget* ScrollAreaPeer::content() const { return static_cast<Viewport*>(widget())->page(); }
 

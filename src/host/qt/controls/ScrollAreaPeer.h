@@ -13,7 +13,6 @@ class Theme;
 class ScrollAreaPeer final : public WidgetPeer {
  public:
   ScrollAreaPeer(kit::ScrollArea& area, const Theme& theme, QWidget* parent);
-  ~ScrollAreaPeer() override;
 
   QWidget* content() const override;
 
