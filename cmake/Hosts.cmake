@@ -1,0 +1,10 @@
+# The hosts, folders of src/host: one without a screen, which always is built, and those of desktops.
+if(NOT APPLE)
+  set(desktop_host qt)
+endif()
+set(TARNWELL_HOSTS "headless;${desktop_host}" CACHE STRING "Hosts to build: headless, which always is, and qt")
+set(unknown_hosts "${TARNWELL_HOSTS}")
+list(REMOVE_ITEM unknown_hosts headless qt)
+if(unknown_hosts)
+  message(FATAL_ERROR "TARNWELL_HOSTS names \"${unknown_hosts}\"; there are headless and qt")
+endif()
