@@ -42,11 +42,11 @@ system::Result<void> checkVersions(const Release& release) {
 }
 
 system::Result<void> checkAddress(const std::string& url) {
-  const std::string scheme = "https://";
-  if (!release::isWebAddress(url) || !url.starts_with(scheme)) {
+  if (!release::isWebAddress(url) || !release::isSecureAddress(url)) {
     return system::Failure{quoted(url) + " is not an address that starts with https://"};
   }
-  const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
+  const std::size_t start = url.find("//") + 2;
+  const std::string server = url.substr(start, url.find_first_of("/?#", start) - start);
   if (server.find('@') != std::string::npos) {
     return system::Failure{quoted(url) + " names a user, and the updater asks without one"};
   }
