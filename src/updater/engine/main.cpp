@@ -13,13 +13,8 @@ namespace {
 
 // Without a reader there is nothing left to do.
 void say(const release::Message& message) {
-  const std::string line = release::lineOf(message);
-  for (std::string_view rest = line; !rest.empty();) {
-    const ssize_t count = ::write(STDOUT_FILENO, rest.data(), rest.size());
-    if (count <= 0) {
-      ::_exit(EXIT_FAILURE);
-    }
-    rest.remove_prefix(static_cast<std::size_t>(count));
+  if (!diagnostics::print(release::lineOf(message))) {
+    ::_exit(EXIT_FAILURE);
   }
 }
 
