@@ -2,9 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <list>
 #include <optional>
@@ -12,6 +10,7 @@
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/EventLoop.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "system/Descriptor.h"
 
@@ -54,9 +53,8 @@ class EngineProcessTest : public testing::Test {
     return *std::move(job);
   }
 
-  static bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
   bool losesItsChildren() {
-    return loop.runUntil([] { return !hasChildren(); });
+    return loop.runUntil([] { return !fixtures::hasChildren(); });
   }
 
   fixtures::Sandbox sandbox;

@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "fixtures/EnvironmentScope.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "system/Descriptor.h"
 #include "updater/package/PackageKind.h"
@@ -27,8 +26,6 @@ std::string versionOf(const std::string& content) {
   return version ? *version : version.error().message;
 }
 
-bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
-
 constexpr const char* noVersion =
     "The downloaded update was thrown away, because it cannot be seen which version it is: "
     "dpkg-deb does not find a version in it.";
@@ -36,7 +33,7 @@ constexpr const char* noVersion =
 TEST(DebianPackage, saysItsVersion) {
   EXPECT_EQ(versionOf(realPackage("1.2")), "1.2");
   EXPECT_EQ(versionOf(realPackage("1.2-1~deb12", std::string(1'000'000, 'x'))), "1.2-1~deb12");
-  EXPECT_FALSE(hasChildren());
+  EXPECT_FALSE(fixtures::hasChildren());
 }
 
 TEST(DebianPackage, saysItsVersionHoweverItIsCompressed) {
@@ -87,7 +84,7 @@ TEST_F(DebianTool, hasToEndWell) {
   EXPECT_EQ(versionFrom("exit 0", "dpkg-deb"), "1.2");
   EXPECT_EQ(versionFrom("exit 1", "dpkg-deb"), noVersion);
   EXPECT_EQ(versionFrom("kill -9 $$", "dpkg-deb"), noVersion);
-  EXPECT_FALSE(hasChildren());
+  EXPECT_FALSE(fixtures::hasChildren());
 }
 
 TEST_F(DebianTool, hasToFindOneVersion) {
@@ -97,7 +94,7 @@ TEST_F(DebianTool, hasToFindOneVersion) {
                              "echo Version: 1.2; echo Version: 1.2", "yes", "yes Version: 1.2"}) {
     EXPECT_EQ(versionFrom(script), noVersion) << script;
   }
-  EXPECT_FALSE(hasChildren());
+  EXPECT_FALSE(fixtures::hasChildren());
 }
 
 TEST_F(DebianTool, mayFindALongVersionButNoneWithoutEnd) {

@@ -1,8 +1,4 @@
-#include "system/ChildReaper.h"
-
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,31 +14,15 @@ namespace tarnwell::core {
 namespace {
 
 using fixtures::exitStatusOf;
+using fixtures::hasChildren;
 using fixtures::openDescriptorCount;
 using fixtures::waitFor;
 using fixtures::zombieCount;
 
-pid_t forkToExit(int status = 0) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::_exit(status);
-  }
-  return child;
-}
-
-void watchWithoutDescriptors(system::ChildReaper& reaper, pid_t child) {
-  rlimit limit = {};
-  ::getrlimit(RLIMIT_NOFILE, &limit);
-  const rlimit none = {.rlim_cur = 0, .rlim_max = limit.rlim_max};
-  ::setrlimit(RLIMIT_NOFILE, &none);
-  reaper.watch(system::Process(child));
-  ::setrlimit(RLIMIT_NOFILE, &limit);
-}
-
 /// How the runner's children leave the system's list.
-class ChildReaperTest : public ShellTest {};
+class ShellReapingTest : public ShellTest {};
 
-TEST_F(ChildReaperTest, theDescriptorTellsWhenAChildHasEnded) {
+TEST_F(ShellReapingTest, theDescriptorTellsWhenAChildHasEnded) {
   EXPECT_FALSE(isReadable());
   runner.runDetached(wait());
   EXPECT_FALSE(isReadable());
@@ -54,7 +34,7 @@ TEST_F(ChildReaperTest, theDescriptorTellsWhenAChildHasEnded) {
   EXPECT_FALSE(hasChildren());
 }
 
-TEST_F(ChildReaperTest, aRunningChildIsLeftAlone) {
+TEST_F(ShellReapingTest, aRunningChildIsLeftAlone) {
   runner.runDetached(wait() + "; : > " + path("ended"));
   runner.reap();
   EXPECT_TRUE(hasChildren());
@@ -62,7 +42,7 @@ TEST_F(ChildReaperTest, aRunningChildIsLeftAlone) {
   EXPECT_TRUE(waitFor([this] { return sandbox.holds("ended"); }));
 }
 
-TEST_F(ChildReaperTest, aBurstIsReapedInSeveralCalls) {
+TEST_F(ShellReapingTest, aBurstIsReapedInSeveralCalls) {
   for (int count = 0; count < 20; ++count) {
     runner.runDetached(":");
   }
@@ -75,8 +55,11 @@ TEST_F(ChildReaperTest, aBurstIsReapedInSeveralCalls) {
   EXPECT_FALSE(isReadable());
 }
 
-TEST_F(ChildReaperTest, aChildThatIsNotItsOwnIsNotReaped) {
-  const pid_t foreign = forkToExit(3);
+TEST_F(ShellReapingTest, aChildThatIsNotItsOwnIsNotReaped) {
+  const pid_t foreign = ::fork();
+  if (foreign == 0) {
+    ::_exit(3);
+  }
   runner.runCaptured(":");
   EXPECT_TRUE(waitFor([this] {
     runner.reap();
@@ -87,7 +70,7 @@ TEST_F(ChildReaperTest, aChildThatIsNotItsOwnIsNotReaped) {
   EXPECT_EQ(WEXITSTATUS(status), 3);
 }
 
-TEST_F(ChildReaperTest, manyRunsLeaveNoDescriptorAndNoZombie) {
+TEST_F(ShellReapingTest, manyRunsLeaveNoDescriptorAndNoZombie) {
   runner.runCaptured(":");
   EXPECT_TRUE(waitFor([this] { return allReaped(); }));
   const int before = openDescriptorCount();
@@ -101,7 +84,7 @@ TEST_F(ChildReaperTest, manyRunsLeaveNoDescriptorAndNoZombie) {
   EXPECT_FALSE(isReadable());
 }
 
-TEST_F(ChildReaperTest, anIgnoredChildSignalIsNoTrouble) {
+TEST_F(ShellReapingTest, anIgnoredChildSignalIsNoTrouble) {
   const auto body = [this] {
     std::signal(SIGCHLD, SIG_IGN);
     for (int count = 0; count < 20; ++count) {
@@ -117,7 +100,7 @@ TEST_F(ChildReaperTest, anIgnoredChildSignalIsNoTrouble) {
   EXPECT_EQ(exitStatusOf(body), 0);
 }
 
-TEST_F(ChildReaperTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
+TEST_F(ShellReapingTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
   runner.runDetached(wait());
   const pid_t copy = ::fork();
   while (copy == 0) {
@@ -129,43 +112,6 @@ TEST_F(ChildReaperTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
   EXPECT_FALSE(isReadable());
   EXPECT_EQ(::kill(copy, SIGKILL), 0);
   EXPECT_EQ(::waitpid(copy, nullptr, 0), copy);
-}
-
-TEST_F(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {
-  const pid_t gone = forkToExit();
-  EXPECT_EQ(::waitpid(gone, nullptr, 0), gone);
-  system::ChildReaper reaper;
-  reaper.watch(system::Process(gone));
-  reaper.reap();
-  pollfd descriptor = {.fd = reaper.descriptor(), .events = POLLIN, .revents = 0};
-  EXPECT_EQ(::poll(&descriptor, 1, 0), 0);
-}
-
-TEST_F(ChildReaperTest, aChildThatCannotBeWatchedIsReapedAllTheSame) {
-  const auto body = [] {
-    system::ChildReaper reaper;
-    watchWithoutDescriptors(reaper, forkToExit());
-    const auto isReaped = [&] {
-      reaper.reap();
-      return !hasChildren();
-    };
-    return waitFor(isReaped) ? 0 : 1;
-  };
-  EXPECT_EQ(exitStatusOf(body), 0);
-}
-
-TEST_F(ChildReaperTest, theNextChildsWatchReapsWhatCouldNotBeWatched) {
-  const auto body = [] {
-    system::ChildReaper reaper;
-    const pid_t first = forkToExit();
-    watchWithoutDescriptors(reaper, first);
-    if (!waitFor([] { return zombieCount() == 1; })) {
-      return 1;
-    }
-    reaper.watch(system::Process(forkToExit()));
-    return ::waitpid(first, nullptr, WNOHANG) == -1 ? 0 : 2;
-  };
-  EXPECT_EQ(exitStatusOf(body), 0);
 }
 
 }  // namespace
