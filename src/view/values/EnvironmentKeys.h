@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -7,7 +8,6 @@
 #include "kit/application/Product.h"
 #include "kit/host/TextStyle.h"
 #include "kit/ports/NumberFormat.h"
-#include "kit/ports/OpenUrl.h"
 #include "kit/ports/SystemVersion.h"
 
 namespace tarnwell::view {
@@ -47,7 +47,7 @@ struct NumberFormatKey : KeyOf<std::shared_ptr<const kit::NumberFormat>> {};
 
 /// Does nothing outside an application.
 struct OpenUrlKey {
-  using Value = kit::OpenUrl;
+  using Value = std::function<void(const std::string& address)>;
   static Value initial() {
     return [](const std::string&) {};
   }
