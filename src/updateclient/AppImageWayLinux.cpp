@@ -15,14 +15,14 @@ using Target = InstallationWay::Target;
 
 system::Failure notReplaceable(const std::filesystem::path& image, const std::string& reason) {
   return {"The new version cannot take the place of " + image.string() + ": " + reason +
-          ". Get the new version from where you got this one."};
+          ". Get the new version from where you got " TARNWELL_NAME "."};
 }
 
 system::Result<Target> imageTarget(const PackageFile& /*package*/, const std::filesystem::path& image) {
   if (image.empty()) {
-    return system::Failure{
-        "The update is an AppImage, but this version does not run from one. Get the package for your system from "
-        "where you got this version."};
+    return system::Failure{"The update is an AppImage, but " TARNWELL_NAME
+                           " does not run from one. Get the package for your system from "
+                           "where you got " TARNWELL_NAME "."};
   }
   system::Descriptor folder(::open(system::folderOf(image).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   struct stat status = {};

@@ -76,8 +76,8 @@ class EngineProcess::Run final : public Engine::Job {
     if (!isKnown_) {
       isKnown_ = message.word == release::engineWord && message.text == release::engineVersion;
       if (!isKnown_) {
-        refusal_ = system::Failure{
-            "The update engine does not belong to the version that runs. Quit the application and start it again."};
+        refusal_ = system::Failure{"The update engine does not belong to the version that runs. Quit " TARNWELL_NAME
+                                   " and start it again."};
       }
       return isKnown_;
     }

@@ -10,7 +10,8 @@
 namespace tarnwell::updateclient {
 namespace {
 
-constexpr const char* noFeed = "This version has no update feed, so it cannot look for a newer one.";
+constexpr const char* noFeed =
+    "This build of " TARNWELL_NAME " has no update feed, so it cannot look for a newer version.";
 
 }  // namespace
 

@@ -78,7 +78,7 @@ TEST_F(EngineProcessTest, saysWhyItFailedInOnePlainLine) {
 
 TEST_F(EngineProcessTest, takesNoEngineOfAnotherVersion) {
   const std::string other =
-      "The update engine does not belong to the version that runs. Quit the application and start it again.";
+      "The update engine does not belong to the version that runs. Quit Tarnwell and start it again.";
   EXPECT_EQ(endOf("echo engine 2; echo 'done '"), other);
   EXPECT_EQ(endOf("echo 'done '"), other);
 }

@@ -214,7 +214,7 @@ TEST_F(InstallationTest, aNewAppImageLosesSetUserAndSetGroup) {
 TEST_F(InstallationTest, anAppImageThatIsGoneOrNoFileIsNotReplaced) {
   const auto refusal = [](const fs::path& target, const std::string& reason) {
     return "for good: The new version cannot take the place of " + target.string() + ": " + reason +
-           ". Get the new version from where you got this one.";
+           ". Get the new version from where you got Tarnwell.";
   };
   image = sandbox / "gone/Tarnwell.AppImage";
   EXPECT_EQ(outcomeOf(appImage), refusal(sandbox / "gone/Tarnwell.AppImage", "No such file or directory"));
@@ -240,8 +240,8 @@ TEST_F(InstallationTest, anAppImageThatCannotBeReplacedNowMayBeTriedAgain) {
 
 TEST_F(InstallationTest, anAppImageIsNothingForAnInstalledProgram) {
   EXPECT_EQ(outcomeOf(appImage),
-            "for good: The update is an AppImage, but this version does not run from one. Get the package for your "
-            "system from where you got this version.");
+            "for good: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
+            "from where you got Tarnwell.");
 }
 
 TEST_F(InstallationTest, whatChangedSinceItWasVerifiedIsNotPlaced) {

@@ -211,8 +211,8 @@ TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
   stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.driver.screen,
-            "failure: The update is an AppImage, but this version does not run from one. Get the package for your "
-            "system from where you got this version.");
+            "failure: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
+            "from where you got Tarnwell.");
   EXPECT_FALSE(stage.driver.canRetry());
   stage.driver.acknowledge();
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
@@ -300,8 +300,9 @@ TEST(UpdaterCheck, withoutAFeedSaysSoPlainly) {
     EXPECT_FALSE(stage.alarm.time());
     updater.checkForUpdates();
     updater.checkForUpdates();
-    EXPECT_EQ(stage.driver.journal,
-              Journal{"cannot check: This version has no update feed, so it cannot look for a newer one."});
+    EXPECT_EQ(
+        stage.driver.journal,
+        Journal{"cannot check: This build of Tarnwell has no update feed, so it cannot look for a newer version."});
     EXPECT_FALSE(updater.canCheckForUpdates());
     stage.driver.acknowledge();
     EXPECT_TRUE(updater.canCheckForUpdates());

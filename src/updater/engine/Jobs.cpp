@@ -55,7 +55,9 @@ std::string authorities() {
 
 system::Result<PublicKey> keyIn(const std::string& text) {
   auto key = PublicKey::parse(text);
-  return key ? key : system::Failure{"This version cannot verify a newer one: " + key.error().message + "."};
+  return key ? key
+             : system::Failure{"This build of " TARNWELL_NAME " cannot verify a newer version: " + key.error().message +
+                               "."};
 }
 
 // What lacks a signature is refused before the user is asked to install it.

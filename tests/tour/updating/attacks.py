@@ -168,7 +168,7 @@ class Attacks:
         self.start_download()
         self.program.sees("is ready to install")
         self.program.press("Return")
-        self.reads("this version does not run from one")
+        self.reads("Tarnwell does not run from one")
         self.program.press("Escape")
         self.program.is_left_alone()
         self.has_done_no_harm()

@@ -118,8 +118,9 @@ TEST_F(JobsTest, aFeedThatIsRefusedIsNotReadOn) {
 
 TEST_F(JobsTest, aBuildWithAKeyThatIsNoneSendsNoRequest) {
   answer({});
-  EXPECT_EQ(run("fetch-feed", {"https://updates.invalid/feed", "", "30", "AAAA"}),
-            Messages{"failed This version cannot verify a newer one: the key is not 32 bytes in base64."});
+  EXPECT_EQ(
+      run("fetch-feed", {"https://updates.invalid/feed", "", "30", "AAAA"}),
+      Messages{"failed This build of Tarnwell cannot verify a newer version: the key is not 32 bytes in base64."});
   EXPECT_TRUE(downloads.empty());
 }
 
