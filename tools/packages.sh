@@ -87,13 +87,15 @@ prepare() {
     missing=$(missing_packages "$@")
     [ -n "$missing" ] || return 0
     # shellcheck disable=SC2086 # one argument for each package
-    install_packages $missing && return 0
-    echo "Could not install: $missing" >&2
-  else
-    echo "This system has no apt-get. Tarnwell needs what Debian 12 has in these packages:" >&2
-    for_each packages_for "$@" | tr '\n' ' ' | sed 's/^/  /;s/ $//' >&2
-    echo >&2
+    install_packages $missing || true
+    missing=$(missing_packages "$@")
+    [ -n "$missing" ] || return 0
+    echo "These packages are missing and could not be installed: $missing" >&2
+    return 1
   fi
+  echo "This system has no apt-get. Tarnwell needs what Debian 12 has in these packages:" >&2
+  for_each packages_for "$@" | tr '\n' ' ' | sed 's/^/  /;s/ $//' >&2
+  echo >&2
   missing=$(missing_commands "$@")
   [ -n "$missing" ] || { echo "The programs among them are here; going on." >&2 && return 0; }
   echo "These programs are missing: $missing" >&2

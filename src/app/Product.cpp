@@ -3,7 +3,7 @@
 namespace tarnwell::app {
 
 kit::Product product() {
-  return {.name = "Tarnwell",
+  return {.name = TARNWELL_NAME,
           .program = "tarnwell",
           .identifier = TARNWELL_IDENTIFIER,
           .version = TARNWELL_VERSION,

@@ -11,11 +11,6 @@ namespace {
 
 constexpr rlim_t mostDescriptors = 64;
 
-bool limitAll(const Rights& rights) {
-  return limitResource(RLIMIT_FSIZE, rights.fileSize) && limitResource(RLIMIT_CPU, rights.seconds) &&
-         limitResource(RLIMIT_NOFILE, mostDescriptors) && limitResource(RLIMIT_CORE, 0);
-}
-
 }  // namespace
 
 std::vector<std::string> keepOnly(const Rights& rights) {
@@ -27,7 +22,11 @@ std::vector<std::string> keepOnly(const Rights& rights) {
   };
   raise(refuseNewPrivileges(), "giving up new privileges");
   raise(limitMemory(rights.memory), "a limit of memory");
-  raise(limitAll(rights), "limits of time and files");
+  raise(limitResource(RLIMIT_FSIZE, rights.fileSize), "a limit of file size");
+  raise(limitResource(RLIMIT_NOFILE, mostDescriptors), "a limit of descriptors");
+  raise(limitResource(RLIMIT_CORE, 0), "giving up core dumps");
+  raise(limitResource(RLIMIT_CPU, rights.seconds), "a limit of processor time");
+  raise(limitTime(rights.time), "a limit of time");
   raise(fenceFiles(rights), "a fence around files");
   raise(filterSystemCalls(rights), "a filter of system calls");
   return missing;

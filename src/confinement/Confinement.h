@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -19,12 +20,12 @@ struct Rights {
   int readableFile = -1;
   /// Descriptors of folders in which files may be made, read, changed and removed. Borrowed.
   std::vector<int> writable = {};
-  /// One of a folder for which that holds of folders as well; none where it is -1.
-  int scratch = -1;
 
   std::uint64_t memory = 0;    // Bytes of address space.
   std::uint64_t fileSize = 0;  // Bytes; a longer file cannot be written.
   unsigned seconds = 0;        // Of the processor's time.
+  /// By the clock, from now on: the process is killed then, and cannot put it off. What it has started is not.
+  std::chrono::milliseconds time = {};
 };
 
 /// Keeps those rights alone from now on, and for all processes that come of this one; there is no way back. To be

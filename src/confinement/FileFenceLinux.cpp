@@ -31,8 +31,6 @@ constexpr std::uint64_t reading = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS
 constexpr std::uint64_t starting = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_EXECUTE;
 constexpr std::uint64_t writing = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_WRITE_FILE |
                                   LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_REMOVE_FILE | truncate;
-constexpr std::uint64_t unpacking =
-    writing | LANDLOCK_ACCESS_FS_READ_DIR | LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_REMOVE_DIR;
 /// What can be allowed on a file.
 constexpr std::uint64_t ofFiles = starting | LANDLOCK_ACCESS_FS_WRITE_FILE | truncate;
 
@@ -103,9 +101,6 @@ bool openAll(const Fence& fence, const Rights& rights) {
   }
   for (const int folder : rights.writable) {
     areOpen = fence.open(folder, writing) && areOpen;
-  }
-  if (rights.scratch >= 0) {
-    areOpen = fence.open(rights.scratch, unpacking) && areOpen;
   }
   return areOpen;
 }

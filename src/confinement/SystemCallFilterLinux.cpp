@@ -30,6 +30,14 @@ constexpr std::array alwaysRefused = {
     SCMP_SYS(move_mount), SCMP_SYS(open_tree), SCMP_SYS(fsopen), SCMP_SYS(fsconfig), SCMP_SYS(fsmount),
     SCMP_SYS(fspick), SCMP_SYS(mount_setattr), SCMP_SYS(open_by_handle_at), SCMP_SYS(name_to_handle_at),
     SCMP_SYS(truncate),
+    // what a file says of itself: no fence around files covers it
+    SCMP_SYS(chmod), SCMP_SYS(fchmodat), SCMP_SYS(chown), SCMP_SYS(lchown), SCMP_SYS(fchownat), SCMP_SYS(setxattr),
+    SCMP_SYS(lsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr), SCMP_SYS(utime), SCMP_SYS(utimes),
+    SCMP_SYS(futimesat), SCMP_SYS(utimensat),
+    // programs that no file system has, as a fence around files does not see them
+    SCMP_SYS(memfd_create), SCMP_SYS(execveat),
+    // out of the time limit, and out of the session that is killed
+    SCMP_SYS(timer_settime), SCMP_SYS(timer_delete), SCMP_SYS(setsid), SCMP_SYS(setpgid),
     // the kernel itself
     SCMP_SYS(bpf), SCMP_SYS(perf_event_open), SCMP_SYS(userfaultfd), SCMP_SYS(io_uring_setup), SCMP_SYS(io_uring_enter),
     SCMP_SYS(io_uring_register), SCMP_SYS(keyctl), SCMP_SYS(add_key), SCMP_SYS(request_key), SCMP_SYS(init_module),
@@ -38,11 +46,6 @@ constexpr std::array alwaysRefused = {
     SCMP_SYS(settimeofday), SCMP_SYS(clock_settime), SCMP_SYS(adjtimex), SCMP_SYS(clock_adjtime), SCMP_SYS(sethostname),
     SCMP_SYS(setdomainname), SCMP_SYS(mq_open), SCMP_SYS(shmget), SCMP_SYS(semget), SCMP_SYS(msgget)};
 
-/// What a file says of itself: no fence around files covers it. Tools that unpack need it.
-constexpr std::array metadataCalls = {
-    SCMP_SYS(chmod),    SCMP_SYS(fchmodat),  SCMP_SYS(chown),       SCMP_SYS(lchown),       SCMP_SYS(fchownat),
-    SCMP_SYS(setxattr), SCMP_SYS(lsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr), SCMP_SYS(utime),
-    SCMP_SYS(utimes),   SCMP_SYS(futimesat), SCMP_SYS(utimensat)};
 /// Newer than the library's own list: `fchmodat2`, the same on every machine.
 constexpr int newerChangeMode = 452;
 
@@ -55,7 +58,7 @@ constexpr std::array namespaceFlags = {CLONE_NEWUSER, CLONE_NEWNS,  CLONE_NEWPID
 
 constexpr scmp_datum_t whole = 0xffffffffU;  // Of an argument of the kernel's type int.
 
-constexpr std::array startingCalls = {SCMP_SYS(execve), SCMP_SYS(execveat), SCMP_SYS(fork), SCMP_SYS(vfork)};
+constexpr std::array startingCalls = {SCMP_SYS(execve), SCMP_SYS(fork), SCMP_SYS(vfork)};
 constexpr std::array socketCalls = {SCMP_SYS(socket), SCMP_SYS(socketpair), SCMP_SYS(connect), SCMP_SYS(bind),
                                     SCMP_SYS(listen), SCMP_SYS(accept),     SCMP_SYS(accept4)};
 
@@ -171,15 +174,12 @@ bool filterSystemCalls(const Rights& rights) {
   for (const int call : alwaysRefused) {
     filter.refuse(call);
   }
+  filter.refuse(newerChangeMode);
   refuseUnseen(filter);
   refuseReachingOthers(filter);
   refuseEmptying(filter);
   if (rights.programs.empty()) {
     refuseStarting(filter);
-    for (const int call : metadataCalls) {
-      filter.refuse(call);
-    }
-    filter.refuse(newerChangeMode);
   }
   if (rights.usesNetwork) {
     refuseOtherSockets(filter);

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "core/CommandRunner.h"
+#include "view/values/EnvironmentKeys.h"
 
 namespace tarnwell::dockscreen {
 
 /// How views run command lines; the application sets it. Null outside of one.
-struct CommandRunnerKey {
-  using Value = core::CommandRunner*;
-  static Value initial() { return nullptr; }
-};
+struct CommandRunnerKey : view::KeyOf<core::CommandRunner*> {};
 
 }  // namespace tarnwell::dockscreen

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/ports/Logger.h"
+#include "kit/ports/Log.h"
 
 namespace tarnwell::launchatlogin {
 

@@ -1,6 +1,4 @@
 // The program on macOS.
-#import <AppKit/AppKit.h>
-
 #include "app/Composition.h"
 #include "app/Product.h"
 #include "diagnostics/StandardStreams.h"

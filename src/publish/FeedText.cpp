@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "release/text/Version.h"
+#include "updater/feed/FeedNamespace.h"
 #include "updater/feed/FeedReader.h"
 
 namespace tarnwell::publish {
@@ -77,15 +78,64 @@ bool hasVersion(const Items& items, const std::string& version) {
 }
 
 // A feed in another encoding than ours would be read without complaint, as something else.
-bool saysTheSame(const FeedItem& read, const NewItem& meant) {
+bool saysTheSame(const FeedItem& read, const FeedItem& meant) {
   const std::string& shownVersion = meant.shownVersion.empty() ? meant.version : meant.shownVersion;
   return std::tie(read.title, read.version, read.shownVersion, read.publicationDate, read.channel,
                   read.minimumSystemVersion, read.isCritical, read.enclosure.url, read.enclosure.length,
                   read.enclosure.signature, read.releaseSignature) ==
              std::tie(meant.title, meant.version, shownVersion, meant.publicationDate, meant.channel,
-                      meant.minimumSystemVersion, meant.isCritical, meant.url, meant.length, meant.signature,
-                      meant.releaseSignature) &&
+                      meant.minimumSystemVersion, meant.isCritical, meant.enclosure.url, meant.enclosure.length,
+                      meant.enclosure.signature, meant.releaseSignature) &&
          meant.notes.find(read.notes) != std::string::npos;
+}
+
+std::string_view escapeOf(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\r':
+      return "&#13;";
+    default:
+      return {};
+  }
+}
+
+std::string escaped(std::string_view text) {
+  std::string xml;
+  for (const char c : text) {
+    const std::string_view escape = escapeOf(c);
+    xml += escape.empty() ? std::string_view(&c, 1) : escape;
+  }
+  return xml;
+}
+
+std::string element(const std::string& name, const std::string& text) {
+  return text.empty() ? "" : "      <" + name + ">" + escaped(text) + "</" + name + ">\n";
+}
+
+std::string attribute(const std::string& name, const std::string& value) {
+  return " " + name + "=\"" + escaped(value) + "\"";
+}
+
+// The item declares the namespace itself, so that it does not depend on what the feed declares.
+std::string xmlOf(const FeedItem& item) {
+  return "<item" + attribute("xmlns:update", std::string(updater::feedExtensions)) +
+         attribute("xmlns:tarnwell", std::string(updater::ownExtensions)) + ">\n" + element("title", item.title) +
+         element("pubDate", item.publicationDate) + element("update:version", item.version) +
+         element("update:shortVersionString", item.shownVersion) + element("update:channel", item.channel) +
+         element("update:minimumSystemVersion", item.minimumSystemVersion) +
+         (item.isCritical ? "      <update:criticalUpdate/>\n" : "") +
+         element("tarnwell:releaseSignature", item.releaseSignature) + element("description", item.notes) +
+         "      <enclosure" + attribute("url", item.enclosure.url) +
+         attribute("length", std::to_string(item.enclosure.length)) + attribute("type", item.enclosure.type) +
+         attribute("update:os", item.enclosure.system) + attribute("update:edSignature", item.enclosure.signature) +
+         "/>\n    </item>";
 }
 
 }  // namespace
@@ -94,12 +144,13 @@ std::string emptyFeed() {
   return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
          "<rss version=\"2.0\">\n"
          "  <channel>\n"
-         "    <title>Tarnwell</title>\n"
+         "    <title>" TARNWELL_NAME
+         "</title>\n"
          "  </channel>\n"
          "</rss>\n";
 }
 
-system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item) {
+system::Result<FeedWithItem> withItem(const std::string& feed, const FeedItem& item) {
   const auto before = itemsIn(feed);
   if (!before) {
     return before.error();
@@ -109,7 +160,7 @@ system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& it
   }
   const auto place = PlaceFinder(feed).place();
   std::string text = feed;
-  text.insert(place.value_or(text.size()), item.xml() + "\n    ");
+  text.insert(place.value_or(text.size()), xmlOf(item) + "\n    ");
   auto after = itemsIn(text);
   if (!after) {
     return system::Failure{"the item does not fit into the feed. " + after.error().message};

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "publish/NewItem.h"
 #include "release/protocol/FeedItem.h"
 #include "system/Result.h"
 
@@ -17,9 +16,9 @@ struct FeedWithItem {
 /// A feed without items.
 std::string emptyFeed();
 
-/// `feed` with one more item before its first one; everything else in it stays as it is, to the byte. Refuses a feed
-/// that the updater could not read, before or after, one that has this version for Linux already, and one in which the
-/// item would not say what it is to say.
-system::Result<FeedWithItem> withItem(const std::string& feed, const NewItem& item);
+/// `feed` with one more item, without what is empty in it, before its first one; everything else in it stays as it is,
+/// to the byte. Refuses a feed that the updater could not read, before or after, one that has this version for Linux
+/// already, and one in which the item would not say what it is to say.
+system::Result<FeedWithItem> withItem(const std::string& feed, const release::FeedItem& item);
 
 }  // namespace tarnwell::publish

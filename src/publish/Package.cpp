@@ -29,8 +29,8 @@ system::Result<Package> Package::open(const std::filesystem::path& file) {
                            " MiB, and the updater takes no more"};
   }
   if (updater::packageKind(opened.number()) == nullptr) {
-    return system::Failure{file.string() +
-                           " is neither a Debian package nor an AppImage, and the updater installs nothing else"};
+    return system::Failure{file.string() + " is " + updater::noInstalledKind +
+                           ", and the updater installs nothing else"};
   }
   return Package(std::move(opened), length);
 }

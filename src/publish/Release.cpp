@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "publish/FeedText.h"
-#include "publish/NewItem.h"
 #include "publish/Package.h"
 #include "publish/ReleaseCheck.h"
 #include "publish/SecretKey.h"
@@ -51,14 +50,18 @@ std::string publicationDate() {
 /// The title that people read, unless the release has one of its own.
 std::string titleOf(const Release& release) {
   const std::string& version = release.shownVersion.empty() ? release.version : release.shownVersion;
-  return release.title.empty() ? "Tarnwell " + version : release.title;
+  return release.title.empty() ? TARNWELL_NAME " " + version : release.title;
 }
 
 system::Result<std::string> notesOf(const Release& release) {
   return release.notes.empty() ? system::Result<std::string>(std::string()) : textIn(release.notes);
 }
 
-system::Result<NewItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
+std::string mediaType(const std::string& url) {
+  return url.ends_with(".deb") ? "application/vnd.debian.binary-package" : "application/octet-stream";
+}
+
+system::Result<release::FeedItem> itemOf(const Release& release, const Package& package, const SecretKey& key) {
   auto notes = notesOf(release);
   if (!notes) {
     return notes.error();
@@ -68,22 +71,24 @@ system::Result<NewItem> itemOf(const Release& release, const Package& package, c
   if (!signature || !text) {
     return system::Failure{release.package.string() + ": " + (signature ? text.error() : signature.error()).message};
   }
-  return NewItem{.title = titleOf(release),
-                 .version = release.version,
-                 .shownVersion = release.shownVersion,
-                 .publicationDate = publicationDate(),
-                 .notes = *std::move(notes),
-                 .channel = release.channel,
-                 .minimumSystemVersion = release.minimumSystemVersion,
-                 .isCritical = release.isCritical,
-                 .url = release.url,
-                 .length = package.length(),
-                 .signature = *std::move(signature),
-                 .releaseSignature = key.sign(*text)};
+  return release::FeedItem{.title = titleOf(release),
+                           .version = release.version,
+                           .shownVersion = release.shownVersion,
+                           .publicationDate = publicationDate(),
+                           .notes = *std::move(notes),
+                           .minimumSystemVersion = release.minimumSystemVersion,
+                           .channel = release.channel,
+                           .isCritical = release.isCritical,
+                           .enclosure = {.url = release.url,
+                                         .length = package.length(),
+                                         .type = mediaType(release.url),
+                                         .signature = *std::move(signature),
+                                         .system = "linux"},
+                           .releaseSignature = key.sign(*text)};
 }
 
 /// The feed with the item, when the updater would take it from there.
-system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, const Package& package,
+system::Result<std::string> feedWith(const release::FeedItem& item, const fs::path& feed, const Package& package,
                                      const SecretKey& key) {
   const auto before = feedIn(feed);
   if (!before) {
@@ -94,8 +99,8 @@ system::Result<std::string> feedWith(const NewItem& item, const fs::path& feed, 
     return system::Failure{feed.string() + ": " + after.error().message};
   }
   auto& [text, itemAsRead] = *after;
-  if (auto objection = objectionTo(itemAsRead, package, key)) {
-    return *std::move(objection);
+  if (const auto checked = checkItem(itemAsRead, package, key); !checked) {
+    return checked.error();
   }
   return std::move(text);
 }
@@ -116,8 +121,8 @@ fs::path realPathOf(const fs::path& feed) {
 }  // namespace
 
 system::Result<void> publishRelease(const Release& release, const fs::path& feed) {
-  if (auto objection = objectionTo(release)) {
-    return *std::move(objection);
+  if (auto checked = checkRelease(release); !checked) {
+    return checked;
   }
   const auto key = SecretKey::read(release.privateKey);
   if (!key) {

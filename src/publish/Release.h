@@ -13,7 +13,7 @@ struct Release {
   std::filesystem::path package = {};
   std::filesystem::path privateKey = {};
   std::filesystem::path notes = {};  // A file with plain or simple rich text.
-  std::string title = {};            // "Tarnwell" and the shown version where it is empty.
+  std::string title = {};            // The product's name and the shown version where it is empty.
   std::string version = {};
   std::string shownVersion = {};
   std::string url = {};

@@ -22,7 +22,7 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 bool isOneLine(const std::string& text, std::size_t most) { return release::plainLine(text, most) == text; }
 
-std::optional<system::Failure> objectionToVersions(const Release& release) {
+system::Result<void> checkVersions(const Release& release) {
   constexpr std::size_t longestShownVersion = 100;
   if (!release::isVersion(release.version)) {
     return system::Failure{
@@ -38,15 +38,15 @@ std::optional<system::Failure> objectionToVersions(const Release& release) {
   if (!release.minimumSystemVersion.empty() && !release::isNumericVersion(release.minimumSystemVersion)) {
     return system::Failure{"minimum system " + quoted(release.minimumSystemVersion) + " is not a version like 5.10"};
   }
-  return std::nullopt;
+  return {};
 }
 
-std::optional<system::Failure> objectionToAddress(const std::string& url) {
-  const std::string scheme = "https://";
-  if (!release::isWebAddress(url) || !url.starts_with(scheme)) {
+system::Result<void> checkAddress(const std::string& url) {
+  if (!release::isWebAddress(url) || !release::isSecureAddress(url)) {
     return system::Failure{quoted(url) + " is not an address that starts with https://"};
   }
-  const std::string server = url.substr(scheme.size(), url.find_first_of("/?#", scheme.size()) - scheme.size());
+  const std::size_t start = url.find("//") + 2;
+  const std::string server = url.substr(start, url.find_first_of("/?#", start) - start);
   if (server.find('@') != std::string::npos) {
     return system::Failure{quoted(url) + " names a user, and the updater asks without one"};
   }
@@ -54,13 +54,13 @@ std::optional<system::Failure> objectionToAddress(const std::string& url) {
     return system::Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) +
                            " characters"};
   }
-  return std::nullopt;
+  return {};
 }
 
-std::optional<system::Failure> objectionToVersionOf(const Package& package, const std::string& offered) {
+system::Result<void> checkVersionOf(const Package& package, const std::string& offered) {
   const auto* kind = updater::packageKind(package.descriptor());
   if (kind->ownVersion == nullptr) {
-    return std::nullopt;
+    return {};
   }
   const auto own = kind->ownVersion(package.descriptor());
   if (!own) {
@@ -71,14 +71,14 @@ std::optional<system::Failure> objectionToVersionOf(const Package& package, cons
     return system::Failure{"the package is version " + *own + ", and the updater would not take it for " + offered +
                            advice};
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
 
-std::optional<system::Failure> objectionTo(const Release& release) {
-  if (auto objection = objectionToVersions(release)) {
-    return objection;
+system::Result<void> checkRelease(const Release& release) {
+  if (auto checked = checkVersions(release); !checked) {
+    return checked;
   }
   if (!isOneLine(release.title, FeedReader::maximumTitleLength)) {
     return system::Failure{"the title is not one plain line of at most " +
@@ -88,11 +88,10 @@ std::optional<system::Failure> objectionTo(const Release& release) {
     return system::Failure{"channel " + quoted(release.channel) +
                            " cannot be chosen: its name is up to 50 letters, digits and characters of -_."};
   }
-  return objectionToAddress(release.url);
+  return checkAddress(release.url);
 }
 
-std::optional<system::Failure> objectionTo(const release::FeedItem& item, const Package& package,
-                                           const SecretKey& key) {
+system::Result<void> checkItem(const release::FeedItem& item, const Package& package, const SecretKey& key) {
   // The oldest program there can be, on the newest system, that takes every channel.
   const updateclient::ItemChooser anyProgram({.runningVersion = "0",
                                               .systemVersion = item.minimumSystemVersion,
@@ -105,8 +104,8 @@ std::optional<system::Failure> objectionTo(const release::FeedItem& item, const 
     return system::Failure{"the updater shows no more than " + std::to_string(updater::longestNotes) +
                            " bytes of the notes"};
   }
-  if (auto objection = objectionToVersionOf(package, item.version)) {
-    return objection;
+  if (auto checked = checkVersionOf(package, item.version); !checked) {
+    return checked;
   }
   const auto publicKey = updater::PublicKey::parse(key.publicText());
   if (!publicKey) {
@@ -117,7 +116,7 @@ std::optional<system::Failure> objectionTo(const release::FeedItem& item, const 
     return claim.error();
   }
   const auto held = claim->hold(*publicKey, package.descriptor());
-  return held ? std::nullopt : std::optional(held.error());
+  return held ? system::Result<void>() : held.error();
 }
 
 }  // namespace tarnwell::publish

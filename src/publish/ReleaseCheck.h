@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "publish/Package.h"
 #include "publish/Release.h"
 #include "publish/SecretKey.h"
@@ -10,11 +8,11 @@
 
 namespace tarnwell::publish {
 
-/// Why the updater would pass over what is said in this release, in words for the publisher.
-std::optional<system::Failure> objectionTo(const Release& release);
+/// Fails where the updater would pass over what is said in this release, in words for the publisher.
+system::Result<void> checkRelease(const Release& release);
 
 /// Holds the item that the updater reads against the package, with the updater's own means: would it offer the item,
 /// and believe the package?
-std::optional<system::Failure> objectionTo(const release::FeedItem& item, const Package& package, const SecretKey& key);
+system::Result<void> checkItem(const release::FeedItem& item, const Package& package, const SecretKey& key);
 
 }  // namespace tarnwell::publish

@@ -85,7 +85,7 @@ void addAddCommand(CLI::App& app, Command& command) {
   add->add_option("--url", release.url, "Where it will be fetched from, https://...")->required();
   add->add_option("--version", release.version, "What is compared, 1.2")->required();
   add->add_option("--shown-version", release.shownVersion, "What people read instead");
-  add->add_option("--title", release.title, "Of the item; \"Tarnwell\" and the version unless given");
+  add->add_option("--title", release.title, "Of the item; the product's name and the version unless given");
   add->add_option("--notes", release.notes, "File with plain or simple rich text");
   add->add_option("--channel", release.channel, "Offer it to this channel only");
   add->add_option("--minimum-system", release.minimumSystemVersion, "Oldest Linux that it runs on, 5.10");

@@ -109,8 +109,7 @@ bool AtomicFile::finish() {
   struct stat old = {};
   const bool isFile =
       ::fstatat(folder_.number(), target_.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(old.st_mode);
-  return ::fchmod(file_.number(), isFile ? old.st_mode & permissionBits : newMode_) == 0 &&
-         sync(file_.number());
+  return ::fchmod(file_.number(), isFile ? old.st_mode & permissionBits : newMode_) == 0 && sync(file_.number());
 }
 
 bool AtomicFile::holds(std::string_view bytes) const {

@@ -3,21 +3,14 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 
-#include <cerrno>
-#include <system_error>
 #include <utility>
 
 namespace tarnwell::system {
-namespace {
-
-Failure cannotRead() { return {"cannot read the file: " + std::system_category().message(errno)}; }
-
-}  // namespace
 
 Result<MappedFile> MappedFile::create(int descriptor) {
   struct stat status = {};
   if (::fstat(descriptor, &status) != 0) {
-    return cannotRead();
+    return systemFailure("cannot read the file");
   }
   const auto length = static_cast<std::size_t>(status.st_size);
   if (length == 0) {
@@ -25,7 +18,7 @@ Result<MappedFile> MappedFile::create(int descriptor) {
   }
   void* start = ::mmap(nullptr, length, PROT_READ, MAP_PRIVATE, descriptor, 0);
   if (start == MAP_FAILED) {
-    return cannotRead();
+    return systemFailure("cannot read the file");
   }
   // Read once from start to end: what was looked at need not stay in memory.
   ::madvise(start, length, MADV_SEQUENTIAL);

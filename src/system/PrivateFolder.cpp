@@ -18,10 +18,6 @@ namespace fs = std::filesystem;
 constexpr mode_t ownerAlone = 0700;
 constexpr mode_t others = 0077;
 
-Failure folderFailure(const std::string& what, const fs::path& folder) {
-  return {what + " the folder " + folder.string() + ": " + std::generic_category().message(errno)};
-}
-
 /// Whether no other user can rename what is in a folder: it is ours or the system's, and no others may write to it but
 /// our own group, unless a user can rename his own files alone there (a sticky folder).
 bool isSafeAncestor(const struct stat& status) {
@@ -60,7 +56,7 @@ Result<PrivateFolder> PrivateFolder::open(const fs::path& named) {
       aboveStandardStreams(Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
   struct stat status = {};
   if (!folder || ::fstat(folder.number(), &status) != 0) {
-    return folderFailure("cannot enter", path);
+    return systemFailure("cannot enter the folder " + path.string());
   }
   if (status.st_uid != ::geteuid()) {
     return Failure{"the folder " + path.string() + " belongs to another user"};
@@ -73,7 +69,7 @@ Result<PrivateFolder> PrivateFolder::open(const fs::path& named) {
 
 Result<PrivateFolder> PrivateFolder::make(const fs::path& path) {
   if (!makeFolders(path)) {
-    return folderFailure("cannot make", path);
+    return systemFailure("cannot make the folder " + path.string());
   }
   auto folder = open(path);
   if (!folder) {
@@ -81,7 +77,7 @@ Result<PrivateFolder> PrivateFolder::make(const fs::path& path) {
   }
   struct stat status = {};
   if (::fchmod(folder->descriptor(), ownerAlone) != 0 || ::fstat(folder->descriptor(), &status) != 0) {
-    return folderFailure("cannot keep others out of", path);
+    return systemFailure("cannot keep others out of the folder " + path.string());
   }
   // Some file systems take a mode and forget it.
   if ((status.st_mode & others) != 0) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -28,8 +27,6 @@ class Engine {
     /// The file that it works on and the folder in which it makes files; borrowed until `start` has returned.
     int input = -1;
     int folder = -1;
-    /// Where a folder is made for what the job's tools leave behind, and removed with the job; none where it is empty.
-    std::filesystem::path scratch = {};
   };
   /// All of it is called from the event loop.
   struct Listener {

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <optional>
@@ -19,7 +18,6 @@
 namespace tarnwell::updateclient {
 namespace {
 
-constexpr std::chrono::milliseconds stopPatience(50);
 constexpr int mostUnfenced = 10;
 constexpr std::size_t longestSentence = 1000;  // Characters.
 
@@ -28,19 +26,14 @@ constexpr std::array passedOn = {"LANG",        "LC_ALL",      "LC_MESSAGES",   
                                  "https_proxy", "HTTPS_PROXY", "all_proxy",     "ALL_PROXY",
                                  "no_proxy",    "NO_PROXY",    "SSL_CERT_FILE", "CURL_CA_BUNDLE"};
 
-std::vector<std::string> environmentWith(const std::filesystem::path& scratch) {
-  std::vector<std::string> environment = {"PATH=/usr/bin:/bin", "TMPDIR=" + scratch.string()};
+std::vector<std::string> engineEnvironment() {
+  std::vector<std::string> environment = {"PATH=/usr/bin:/bin"};
   for (const char* name : passedOn) {
     if (const char* value = ::getenv(name)) {
       environment.push_back(std::string(name) + '=' + value);
     }
   }
   return environment;
-}
-
-void removeFolder(const std::filesystem::path& folder) {
-  std::error_code ignored;  // What stays is removed at the next start.
-  std::filesystem::remove_all(folder, ignored);
 }
 
 system::Failure unstarted(const system::Failure& failure) {
@@ -52,12 +45,10 @@ system::Failure unstarted(const system::Failure& failure) {
 /// One start of it.
 class EngineProcess::Run final : public Engine::Job {
  public:
-  Run(EngineProcess& engine, system::Descriptor reading, system::Process process, std::filesystem::path scratch,
-      Listener listener)
+  Run(EngineProcess& engine, system::Descriptor reading, system::Process process, Listener listener)
       : engine_(engine),
         reading_(std::move(reading)),
         process_(std::move(process)),
-        scratch_(std::move(scratch)),
         listener_(std::make_shared<Listener>(std::move(listener))) {
     watch_ = engine_.watch_(reading_.number(), [this] { read(); });
   }
@@ -85,8 +76,8 @@ class EngineProcess::Run final : public Engine::Job {
     if (!isKnown_) {
       isKnown_ = message.word == release::engineWord && message.text == release::engineVersion;
       if (!isKnown_) {
-        refusal_ = system::Failure{
-            "The update engine does not belong to the version that runs. Quit Tarnwell and start it again."};
+        refusal_ = system::Failure{"The update engine does not belong to the version that runs. Quit " TARNWELL_NAME
+                                   " and start it again."};
       }
       return isKnown_;
     }
@@ -125,21 +116,13 @@ class EngineProcess::Run final : public Engine::Job {
       watch_ = {};
       reading_.close();
       process_.sendToSession(SIGKILL);
-      // Usually it is gone at once, and what it was at can be cleared away. Only a disk that does not answer holds it.
-      const system::Descriptor end = process_.endDescriptor();
-      if (end.waitUntilReadable(std::chrono::steady_clock::now() + stopPatience)) {
-        process_.wait();
-        removeFolder(scratch_);
-      } else {
-        engine_.ended_.watch(std::move(process_), [scratch = scratch_](const auto&) { removeFolder(scratch); });
-      }
+      engine_.ended_.watch(std::move(process_));
     }
   }
 
   EngineProcess& engine_;
   system::Descriptor reading_;
   system::Process process_;
-  std::filesystem::path scratch_;
   std::shared_ptr<Listener> listener_;
   kit::Subscription watch_;
   std::shared_ptr<int> life_ = std::make_shared<int>();
@@ -156,20 +139,13 @@ EngineProcess::EngineProcess(std::filesystem::path program, Watch watch)
 }
 
 system::Result<std::unique_ptr<Engine::Job>> EngineProcess::start(const Order& order, Listener listener) {
-  std::string scratch;
-  if (!order.scratch.empty()) {
-    scratch = order.scratch / "work-XXXXXX";
-    if (::mkdtemp(scratch.data()) == nullptr) {
-      return unstarted(system::systemFailure("cannot make a folder in " + order.scratch.string()));
-    }
-  }
   system::Pipe pipe = system::Pipe::create("start the update engine");
   const system::Descriptor nothing(::open("/dev/null", O_WRONLY | O_CLOEXEC));
   std::vector<std::string> words = {program_.string()};
   words.insert(words.end(), order.words.begin(), order.words.end());
   // What it prints beside its lines could be a stranger's words to the user's terminal.
   auto process = system::Process::start({.words = std::move(words),
-                                         .environment = environmentWith(scratch),
+                                         .environment = engineEnvironment(),
                                          .input = order.input,
                                          .output = pipe.writeEnd.number(),
                                          .errors = nothing.number(),
@@ -177,10 +153,9 @@ system::Result<std::unique_ptr<Engine::Job>> EngineProcess::start(const Order& o
                                          .hasOwnSession = true,
                                          .endsWithStarter = true});
   if (!process) {
-    removeFolder(scratch);
     return unstarted(process.error());
   }
-  return std::make_unique<Run>(*this, std::move(pipe.readEnd), *std::move(process), scratch, std::move(listener));
+  return std::make_unique<Run>(*this, std::move(pipe.readEnd), *std::move(process), std::move(listener));
 }
 
 }  // namespace tarnwell::updateclient

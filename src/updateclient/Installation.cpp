@@ -1,32 +1,14 @@
 #include "updateclient/Installation.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <string_view>
 #include <utility>
 
 #include "system/AtomicFile.h"
-#include "system/Folders.h"
 
 namespace tarnwell::updateclient {
 namespace {
-
-namespace fs = std::filesystem;
-
-constexpr const char* packageName = "tarnwell-update.deb";
-
-system::Failure notReplaced(const fs::path& target, const std::string& reason, const std::string& advice) {
-  return {"The new version cannot take the place of " + target.string() + ": " + reason + ". " + advice};
-}
-
-system::Failure notReplaceable(const fs::path& target, const std::string& reason) {
-  return notReplaced(target, reason, "Get the new version from where you got Tarnwell.");
-}
 
 system::Failure misplaced(const PackageFile& package) {
   return {"The update could not be stored: another file was put in the place of the package in " +
@@ -35,49 +17,15 @@ system::Failure misplaced(const PackageFile& package) {
 
 }  // namespace
 
-/// How a kind of package is installed.
-struct Installation::Way {
-  std::string_view kind;
-  /// Where it is put, or why it is nothing for this system.
-  system::Result<fs::path> (*target)(const PackageFile& package, const Order& order);
-  HandOver handOver;
-};
-
-const Installation::Way* Installation::wayOf(const std::string& kind) {
-  static constexpr std::array ways = {
-      Way{"debian", &packageTarget, HandOver::opened},
-      Way{"app-image", &appImageTarget, HandOver::replaced},
-  };
-  const auto* found = std::find_if(ways.begin(), ways.end(), [&kind](const Way& way) { return way.kind == kind; });
-  return found == ways.end() ? nullptr : found;
-}
-
-system::Result<fs::path> Installation::packageTarget(const PackageFile& package, const Order& /*order*/) {
-  return package.folder().path() / packageName;
-}
-
-system::Result<fs::path> Installation::appImageTarget(const PackageFile& /*package*/, const Order& order) {
-  const fs::path& target = order.appImage;
-  if (target.empty()) {
-    return system::Failure{
-        "The update is an AppImage, but Tarnwell does not run from one. Get the package for your system from where "
-        "you got Tarnwell."};
-  }
-  struct stat status = {};
-  if (::lstat(target.c_str(), &status) != 0) {
-    return notReplaceable(target, std::generic_category().message(errno));
-  }
-  return S_ISREG(status.st_mode) ? system::Result<fs::path>(target) : notReplaceable(target, "it is not a file");
-}
-
-Installation::Installation(PackageDesktop& desktop, const PackageFile& package, const Way& way, fs::path target,
-                           Handed handed)
+Installation::Installation(PackageDesktop& desktop, const PackageFile& package, const InstallationWay& way,
+                           InstallationWay::Target target, Handed handed)
     : desktop_(desktop), package_(package), way_(way), target_(std::move(target)), handed_(std::move(handed)) {}
 
 Installation::~Installation() {
   desktop_.stopWaiting();
   if (placing_) {
     placing_.reset();
+    // The engine's end is not waited for: what gets its name in this very moment goes with old packages.
     removeRemains();
   }
 }
@@ -85,35 +33,23 @@ Installation::~Installation() {
 system::Result<std::unique_ptr<Installation>> Installation::start(Engine& engine, PackageDesktop& desktop,
                                                                   const PackageFile& package, const Order& order,
                                                                   Handed handed) {
-  const Way* way = wayOf(order.kind);
-  if (way == nullptr) {
-    return system::Failure{
-        "The update is neither a Debian package nor an AppImage, and cannot be installed on this system."};
-  }
-  auto target = way->target(package, order);
+  auto target = order.way.target(package, order.program);
   if (!target) {
     return target.error();
   }
   std::unique_ptr<Installation> installation(
-      new Installation(desktop, package, *way, *std::move(target), std::move(handed)));
+      new Installation(desktop, package, order.way, *std::move(target), std::move(handed)));
   const auto begun = installation->place(engine, order);
   return begun ? system::Result<std::unique_ptr<Installation>>(std::move(installation)) : begun.error();
 }
 
-// Downloads have a folder that is held open, whatever its path leads to by now.
 system::Result<void> Installation::place(Engine& engine, const Order& order) {
-  const fs::path folder = system::folderOf(target_);
-  const bool isOwn = folder == package_.folder().path();
-  const system::Descriptor opened(isOwn ? -1 : ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!isOwn && !opened) {
-    return notReplaceable(target_, std::generic_category().message(errno));
-  }
-  auto job =
-      engine.start({.words = {"place", order.item.version, std::to_string(order.item.enclosure.length),
-                              order.item.enclosure.signature, order.item.releaseSignature, order.key, target_.string()},
-                    .input = package_.descriptor(),
-                    .folder = isOwn ? package_.folder().descriptor() : opened.number()},
-                   {.ended = [this](const system::Result<void>& result) { takePlaced(result); }});
+  auto job = engine.start({.words = {"place", order.item.version, std::to_string(order.item.enclosure.length),
+                                     order.item.enclosure.signature, order.item.releaseSignature, order.key,
+                                     std::string(order.way.kind), target_.path.string()},
+                           .input = package_.descriptor(),
+                           .folder = target_.folder.number()},
+                          {.ended = [this](const system::Result<void>& result) { takePlaced(result); }});
   if (!job) {
     return job.error();
   }
@@ -134,13 +70,14 @@ void Installation::takePlaced(const system::Result<void>& placed) {
 
 // The installer opens the package by its path.
 void Installation::open() {
-  const std::string name = target_.filename().string();
+  const std::string name = target_.path.filename().string();
   const system::Descriptor file(
       ::openat(package_.folder().descriptor(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
   system::Result<void> begun = misplaced(package_);
   if (file && package_.folder().leadsTo(name, file.number())) {
-    begun = desktop_.open(
-        target_, [this](const system::Result<void>& opened) { opened ? hand(way_.handOver) : refuse(opened.error()); });
+    begun = desktop_.open(target_.path, [this](const system::Result<void>& opened) {
+      opened ? hand(way_.handOver) : refuse(opened.error());
+    });
   }
   if (!begun) {
     refuse(begun.error());
@@ -153,10 +90,10 @@ void Installation::refuse(const system::Failure& failure) {
 }
 
 void Installation::removeRemains() const {
-  std::error_code ignored;
-  fs::remove(system::AtomicFile::passingPath(target_), ignored);
+  const int folder = target_.folder.number();
+  ::unlinkat(folder, system::AtomicFile::passingPath(target_.path).filename().c_str(), 0);
   if (way_.handOver == HandOver::opened) {
-    ::unlinkat(package_.folder().descriptor(), target_.filename().c_str(), 0);
+    ::unlinkat(folder, target_.path.filename().c_str(), 0);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "system/Result.h"
 #include "updateclient/Engine.h"
 #include "updateclient/HandOver.h"
+#include "updateclient/InstallationWay.h"
 #include "updateclient/PackageDesktop.h"
 #include "updateclient/PackageFile.h"
 
@@ -20,12 +21,11 @@ namespace tarnwell::updateclient {
 class Installation {
  public:
   struct Order {
-    /// What the engine found the package to be.
-    std::string kind = {};
+    const InstallationWay& way;
     release::FeedItem item = {};
     std::string key = {};
-    /// The program's own file, which an AppImage takes the place of; empty where it does not run from one.
-    std::filesystem::path appImage = {};
+    /// What can be replaced of the program that runs; empty for nothing.
+    std::filesystem::path program = {};
   };
   using Handed = std::function<void(const system::Result<HandOver>&)>;
 
@@ -39,14 +39,8 @@ class Installation {
   ~Installation();
 
  private:
-  struct Way;
-
-  Installation(PackageDesktop& desktop, const PackageFile& package, const Way& way, std::filesystem::path target,
-               Handed handed);
-
-  static const Way* wayOf(const std::string& kind);
-  static system::Result<std::filesystem::path> packageTarget(const PackageFile& package, const Order& order);
-  static system::Result<std::filesystem::path> appImageTarget(const PackageFile& package, const Order& order);
+  Installation(PackageDesktop& desktop, const PackageFile& package, const InstallationWay& way,
+               InstallationWay::Target target, Handed handed);
 
   system::Result<void> place(Engine& engine, const Order& order);
   void takePlaced(const system::Result<void>& placed);
@@ -57,8 +51,8 @@ class Installation {
 
   PackageDesktop& desktop_;
   const PackageFile& package_;
-  const Way& way_;
-  std::filesystem::path target_;
+  const InstallationWay& way_;
+  InstallationWay::Target target_;
   Handed handed_;
   std::unique_ptr<Engine::Job> placing_;
 };

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace tarnwell::updateclient {
@@ -46,6 +47,21 @@ system::Result<PackageFile> PackageFile::create(const fs::path& folder) {
 
 bool PackageFile::write(std::string_view bytes) const {
   return file_.writeAll(bytes) && ::lseek(file_.number(), 0, SEEK_SET) == 0;
+}
+
+void removePackages(const fs::path& folder, std::chrono::system_clock::time_point time) {
+  // A link could lead to any folder of the user's.
+  if (!system::PrivateFolder::open(folder)) {
+    return;
+  }
+  std::error_code ignored;
+  fs::directory_iterator entry(folder, ignored);
+  for (; entry != fs::directory_iterator(); entry.increment(ignored)) {
+    const auto written = std::chrono::file_clock::to_sys(entry->last_write_time(ignored));
+    if (written < time) {
+      fs::remove_all(entry->path(), ignored);
+    }
+  }
 }
 
 }  // namespace tarnwell::updateclient

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string_view>
 
@@ -29,5 +30,9 @@ class PackageFile {
   system::PrivateFolder folder_;
   system::Descriptor file_;
 };
+
+/// Removes what has lain in the folder of downloads since before `time`. A folder that is not there, or that is another
+/// user's, is left alone.
+void removePackages(const std::filesystem::path& folder, std::chrono::system_clock::time_point time);
 
 }  // namespace tarnwell::updateclient

@@ -212,19 +212,26 @@ bool UpdateCheck::takeBytes(const release::Message& message) {
 void UpdateCheck::verify() {
   enter(Stage::verifying);
   const auto& enclosure = item_.enclosure;
-  kind_.clear();
+  way_ = nullptr;
   run(
       {.words = {"verify", item_.version, std::to_string(enclosure.length), enclosure.signature, item_.releaseSignature,
                  setting_.configuration.publicKey},
-       .input = package_->descriptor(),
-       .scratch = package_->folder().path()},
+       .input = package_->descriptor()},
       [this](const release::Message& message) {
-        kind_ = message.text;
+        way_ = installationWay(message.text);
         return message.word == release::kindWord;
       },
-      [this](const system::Result<void>& verified) {
-        verified ? enter(Stage::ready) : fail(verified.error(), [this] { download(); });
-      });
+      [this](const system::Result<void>& verified) { takeVerified(verified); });
+}
+
+void UpdateCheck::takeVerified(const system::Result<void>& verified) {
+  if (verified && way_ != nullptr) {
+    enter(Stage::ready);
+  } else {
+    fail(
+        verified ? system::Failure{"The update is of no kind that can be installed on this system."} : verified.error(),
+        [this] { download(); });
+  }
 }
 
 void UpdateCheck::takeProgress(std::uint64_t received) {
@@ -248,12 +255,10 @@ void UpdateCheck::answerReady(Choice choice) {
 void UpdateCheck::install() {
   enter(Stage::installing);
   installation_.reset();
-  auto begun = Installation::start(setting_.ports.engine, setting_.ports.desktop, *package_,
-                                   {.kind = kind_,
-                                    .item = item_,
-                                    .key = setting_.configuration.publicKey,
-                                    .appImage = setting_.configuration.appImage},
-                                   [this](const system::Result<HandOver>& result) { takeHandOver(result); });
+  auto begun = Installation::start(
+      setting_.ports.engine, setting_.ports.desktop, *package_,
+      {.way = *way_, .item = item_, .key = setting_.configuration.publicKey, .program = setting_.configuration.program},
+      [this](const system::Result<HandOver>& result) { takeHandOver(result); });
   if (!begun) {
     fail(begun.error(), {});
   } else {

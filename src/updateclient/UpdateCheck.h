@@ -64,6 +64,7 @@ class UpdateCheck {
   void takeProgress(std::uint64_t received);
   std::string stallLimit() const;
   void verify();
+  void takeVerified(const system::Result<void>& verified);
   void answerReady(Choice choice);
   void install();
   void takeHandOver(const system::Result<HandOver>& result);
@@ -93,7 +94,7 @@ class UpdateCheck {
   release::ItemReader items_;
   release::NotesReader notes_;
   std::optional<PackageFile> package_;
-  std::string kind_;                            // Of the package, once that is verified.
+  const InstallationWay* way_ = nullptr;        // Of the package, once that is verified.
   std::unique_ptr<Engine::Job> job_;            // On the package, or on what comes before it.
   std::unique_ptr<Installation> installation_;  // Of the package.
 };

@@ -9,7 +9,7 @@ namespace tarnwell::updateclient {
 UpdaterConfiguration UpdaterConfiguration::compiledIn() {
   return {.feedAddress = TARNWELL_FEED_URL,
           .publicKey = TARNWELL_PUBLIC_ED_KEY,
-          .userAgent = "Tarnwell/" TARNWELL_VERSION,
+          .userAgent = TARNWELL_NAME "/" TARNWELL_VERSION,
           .runningVersion = TARNWELL_VERSION,
           .shownVersion = TARNWELL_VERSION,
           .systemVersion = system::systemVersion(),

@@ -17,7 +17,7 @@ struct UpdaterConfiguration {
 
   std::string feedAddress = {};
   std::string publicKey = {};              // Base64 of 32 bytes.
-  std::string userAgent = {};              // What servers are told of us, "Tarnwell/1.0".
+  std::string userAgent = {};              // What servers are told of us, "Name/1.0".
   std::string runningVersion = {};         // What is compared.
   std::string shownVersion = {};           // What people read.
   std::string systemVersion = {};          // Of the kernel, "6.1.0".
@@ -25,8 +25,8 @@ struct UpdaterConfiguration {
   /// How long a server may send next to nothing.
   std::chrono::seconds stallLimit = std::chrono::seconds(30);
   std::filesystem::path packageFolder = {};
-  /// The file that this program runs from, where it is one that can be replaced; empty otherwise.
-  std::filesystem::path appImage = {};
+  /// What an update may take the place of: the AppImage that this program runs from; empty for nothing.
+  std::filesystem::path program = {};
 };
 
 }  // namespace tarnwell::updateclient

@@ -15,6 +15,7 @@
 #include "system/FileLock.h"
 #include "system/Folders.h"
 #include "system/ReadFile.h"
+#include "system/SetAside.h"
 
 namespace tarnwell::updateclient {
 namespace {
@@ -32,7 +33,6 @@ constexpr const char* yes = "yes";
 constexpr const char* no = "no";
 
 constexpr std::size_t largestFile = 64UL * 1024;  // Bytes; a hundred are usual.
-constexpr int mostFilesSetAside = 1000;
 
 using Values = std::map<std::string, std::string>;
 
@@ -90,24 +90,13 @@ system::Result<system::FileLock> locked(const std::string& what, const fs::path&
       (error == EWOULDBLOCK ? "another program does not let go of it" : std::generic_category().message(error))};
 }
 
-/// Gives the file a second name, so that there is no moment without it.
-system::Result<void> namedAside(const fs::path& path) {
-  for (int number = 1; number <= mostFilesSetAside; ++number) {
-    const fs::path aside = path.string() + ".damaged-" + std::to_string(number);
-    if (::link(path.c_str(), aside.c_str()) == 0) {
-      release::report(system::Failure{path.string() + " is damaged; it is kept as " + aside.string()});
-      return {};
-    }
-    if (errno != EEXIST) {
-      return systemFailure("cannot set aside", path);
-    }
+system::Result<void> moveAside(const fs::path& path) {
+  const auto aside = system::setAside(path);
+  if (!aside) {
+    return aside.error();
   }
-  return system::Failure{"cannot set aside " + path.string() + ": there are too many damaged ones"};
-}
-
-system::Result<void> setAside(const fs::path& path) {
-  const auto named = namedAside(path);
-  return !named || ::unlink(path.c_str()) == 0 ? named : systemFailure("cannot set aside", path);
+  release::report(system::Failure{path.string() + " is damaged; it is kept as " + aside->string()});
+  return ::unlink(path.c_str()) == 0 ? system::Result<void>() : systemFailure("cannot set aside", path);
 }
 
 /// What is stored; a damaged file is out of the way afterwards. Only under the lock.
@@ -119,7 +108,7 @@ system::Result<Values> mended(const fs::path& path) {
   if (*values) {
     return **values;
   }
-  const auto moved = setAside(path);
+  const auto moved = moveAside(path);
   return moved ? system::Result<Values>(Values()) : moved.error();
 }
 

@@ -7,7 +7,7 @@
 namespace tarnwell::standin {
 
 enum class Ending {
-  killed,  // by a signal from outside: someone wants a new one
+  killed,  // by a signal from outside: another process wants a new one
   failed,  // by itself, or by a fault of its own
 };
 

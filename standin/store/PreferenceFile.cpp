@@ -7,10 +7,10 @@
 #include <system_error>
 #include <utility>
 
-#include "standin/store/Timestamp.h"
 #include "system/AtomicFile.h"
 #include "system/Folders.h"
 #include "system/ReadFile.h"
+#include "system/SetAside.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -94,23 +94,16 @@ system::Result<void> PreferenceTransaction::remove() {
   return {};
 }
 
-// A second name for the same file: there is no moment in which the store has neither its old nor its new content.
 system::Result<void> PreferenceTransaction::setAside() {
   if (state() != StoreState::damaged) {
     return {};
   }
-  const std::string base = path_ + ".damaged-" + fileStamp();
-  for (int attempt = 1; attempt <= 1000; ++attempt) {
-    std::string aside = attempt == 1 ? base : base + "-" + std::to_string(attempt);
-    if (::link(path_.c_str(), aside.c_str()) == 0) {
-      setAsidePath_ = std::move(aside);
-      return {};
-    }
-    if (errno != EEXIST) {
-      break;
-    }
+  auto aside = system::setAside(path_);
+  if (!aside) {
+    return aside.error();
   }
-  return system::systemFailure("cannot set aside " + path_);
+  setAsidePath_ = aside->string();
+  return {};
 }
 
 }  // namespace tarnwell::standin

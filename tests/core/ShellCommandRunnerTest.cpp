@@ -17,6 +17,7 @@ namespace tarnwell::core {
 namespace {
 
 using fixtures::exitStatusOf;
+using fixtures::hasChildren;
 using fixtures::waitFor;
 
 class ShellCommandRunnerTest : public ShellTest {};

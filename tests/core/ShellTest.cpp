@@ -3,11 +3,9 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-
+#include "fixtures/Processes.h"
 #include "fixtures/WaitFor.h"
 
 namespace tarnwell::core {
@@ -27,17 +25,12 @@ void ShellTest::release() const { EXPECT_EQ(::write(gate_, "\n", 1), 1); }
 
 bool ShellTest::allReaped() {
   runner.reap();
-  return !hasChildren();
+  return !fixtures::hasChildren();
 }
 
 bool ShellTest::isReadable() const {
   pollfd descriptor = {.fd = runner.descriptor(), .events = POLLIN, .revents = 0};
   return ::poll(&descriptor, 1, 0) == 1;
-}
-
-bool hasChildren() {
-  siginfo_t info = {};
-  return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD;
 }
 
 }  // namespace tarnwell::core

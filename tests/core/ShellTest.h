@@ -42,7 +42,4 @@ class ShellTest : public testing::Test {
   int gate_ = -1;
 };
 
-/// Whether this process has a child, ended or not.
-bool hasChildren();
-
 }  // namespace tarnwell::core

@@ -6,7 +6,10 @@
 #include <linux/netlink.h>
 #include <netinet/in.h>
 #include <sched.h>
+#include <sys/auxv.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/sendfile.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -18,11 +21,13 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <string>
 
 namespace {
 
 int journal = -1;
+int shell = -1;
 
 void note(const char* what, bool isDone) {
   const std::string line = std::string(what) + (isDone ? " yes\n" : " no\n");
@@ -44,14 +49,52 @@ bool canWrite(const std::string& path) {
   return file >= 0 && ::close(file) == 0;
 }
 
-bool canStart(const char* program) {
+template <class Start>
+bool isSuccess(Start start) {
   const pid_t child = ::fork();
   if (child == 0) {
-    ::execl(program, program, "--version", nullptr);
+    start();
     ::_exit(127);
   }
   int status = 0;
-  return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) != 127;
+  return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+template <class... Word>
+bool canStart(Word... words) {
+  const char* const arguments[] = {words..., nullptr};
+  return isSuccess([&arguments] { ::execv(arguments[0], const_cast<char* const*>(arguments)); });
+}
+
+bool canStartByDescriptor(int program, const char* word, const char* more = nullptr) {
+  const char* const arguments[] = {"program", word, more, nullptr};
+  return isSuccess([&] { ::syscall(SYS_execveat, program, "", arguments, environ, AT_EMPTY_PATH); });
+}
+
+bool canStartCopyOfShell() {
+  const int copy = ::memfd_create("program", MFD_CLOEXEC);
+  return copy >= 0 && ::sendfile(copy, shell, nullptr, std::size_t{1} << 24U) > 0 &&
+         canStartByDescriptor(copy, "-c", "exit 0");
+}
+
+bool canMakeFileOfMemory() {
+  const int file = ::memfd_create("file", MFD_CLOEXEC);
+  return file >= 0 && ::close(file) == 0;
+}
+
+/// By the program that starts programs, which takes what it may read.
+bool canLoad(const char* program) {
+  Dl_info loader = {};
+  return ::dladdr(reinterpret_cast<const void*>(::getauxval(AT_BASE)), &loader) != 0 &&
+         canStart(loader.dli_fname, program, "--version");
+}
+
+/// Where the first timer of the process is no limit, or can be put off.
+bool canGoOnForEver() {
+  itimerspec left = {};
+  const itimerspec never = {};
+  const bool isLimited = ::syscall(SYS_timer_gettime, 0, &left) == 0 && left.it_value.tv_sec > 0;
+  return !isLimited || ::syscall(SYS_timer_settime, 0, 0, &never, nullptr) == 0 || ::syscall(SYS_timer_delete, 0) == 0;
 }
 
 bool canConnectLocally(const char* path) {
@@ -116,13 +159,21 @@ void probe() {
   note("events", canHearTheKernel());
   note("namespace", canMakeARoomOfItsOwn());
   note("home", canWrite(std::string(named("PROBE_HOME")) + "/written"));
-  note("shell", canStart("/bin/sh"));
-  note("tool", canStart("/usr/bin/dpkg-deb"));
+  note("folder", canWrite(std::string(named("PROBE_FOLDER")) + "/written"));
+  note("shell", canStart("/bin/sh", "-c", "exit 0"));
+  note("tool", canStart("/usr/bin/dpkg-deb", "--version"));
+  note("descriptor", canStartByDescriptor(::open("/usr/bin/dpkg-deb", O_PATH | O_CLOEXEC), "--version"));
+  note("copy", canStartCopyOfShell());
+  note("memfile", canMakeFileOfMemory());
+  note("loader", canLoad(named("PROBE_PROGRAM")));
   note("bus", canConnectLocally(named("PROBE_BUS")));
   note("network", canConnectOut(named("PROBE_PORT")));
   note("kill", ::kill(::getppid(), 0) == 0);
   note("memory", std::malloc(std::size_t{8} << 30U) != nullptr);
   note("certificates", canRead("/etc/ssl/openssl.cnf") || canRead("/etc/ssl/certs"));
+  note("plugins", canRead(named("PROBE_PLUGINS")));
+  note("time", canGoOnForEver());
+  note("session", ::setpgid(0, 0) == 0 || ::setsid() > 0);
 }
 
 }  // namespace
@@ -130,6 +181,7 @@ void probe() {
 // Before main, when nothing is closed yet.
 __attribute__((constructor)) static void openJournal() {
   journal = ::open(named("PROBE_JOURNAL"), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  shell = ::open("/bin/sh", O_RDONLY | O_CLOEXEC);
 }
 
 // In the place of the C library's.

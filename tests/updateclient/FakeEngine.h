@@ -10,6 +10,7 @@
 #include "system/Descriptor.h"
 #include "updateclient/Engine.h"
 #include "updater/engine/Jobs.h"
+#include "updater/package/PackageKind.h"
 
 namespace tarnwell::updateclient {
 
@@ -108,15 +109,18 @@ class FakeEngine final : public Engine {
                             const std::function<bool(const release::Message&)>& said) const {
     const updater::Given given = {
         .input = run.input.number(), .folder = run.folder.number(), .fetch = std::move(fetch)};
-    return updater::jobCalled(run.words.front())
-        ->run({run.words.begin() + 1, run.words.end()}, given, [&](release::Message message) {
-          if (message.word == release::kindWord && message.text == "other") {
-            message.text = kind;
-          }
-          if (message.word != release::bytesWord) {
-            said(message);
-          }
-        });
+    const auto result =
+        updater::jobCalled(run.words.front())
+            ->run({run.words.begin() + 1, run.words.end()}, given, [&](const release::Message& message) {
+              if (message.word != release::bytesWord) {
+                said(message);
+              }
+            });
+    if (result || result.error().message != updater::unknownKind().message) {
+      return result;
+    }
+    said({release::kindWord, kind});
+    return {};
   }
 
   /// A package of any kind.

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -15,6 +13,7 @@
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/EventLoop.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
@@ -67,12 +66,12 @@ class InstallationTest : public testing::Test {
     const updater::SigningKey key;
     return Installation::start(
         engine, *opener, file,
-        {.kind = content == debianPackage ? "debian" : (content == appImage ? "app-image" : "other"),
+        {.way = content == debianPackage ? debianWay : appImageWay,
          .item = {.version = "2.0",
                   .enclosure = {.length = content.size(), .signature = key.signatureOf(content)},
                   .releaseSignature = key.signatureOf(*updater::releaseText("2.0", file.descriptor()))},
          .key = key.publicText(),
-         .appImage = image},
+         .program = image},
         std::move(handed));
   }
 
@@ -99,9 +98,8 @@ class InstallationTest : public testing::Test {
 
   void setPatience(std::chrono::milliseconds patience) { opener.emplace(loop.watch(), patience); }
 
-  static bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
   bool losesItsChildren() {
-    return loop.runUntil([] { return !hasChildren(); });
+    return loop.runUntil([] { return !fixtures::hasChildren(); });
   }
 
   /// Puts something else under every name that is used on the way to the desktop.
@@ -149,7 +147,7 @@ TEST_F(InstallationTest, aDesktopThatStaysWithThePackageIsNotWaitedFor) {
   setPatience(std::chrono::milliseconds(50));
   makeOpener("while [ ! -e " + (sandbox / "released").string() + " ]; do sleep 0.01; done; exit 4");
   EXPECT_EQ(outcomeOf(debianPackage), "opened");
-  EXPECT_TRUE(hasChildren());
+  EXPECT_TRUE(fixtures::hasChildren());
   sandbox.write("released", "");
   EXPECT_TRUE(losesItsChildren());
 }
@@ -244,13 +242,6 @@ TEST_F(InstallationTest, anAppImageIsNothingForAnInstalledProgram) {
   EXPECT_EQ(outcomeOf(appImage),
             "for good: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
             "from where you got Tarnwell.");
-}
-
-TEST_F(InstallationTest, anythingElseIsRefused) {
-  EXPECT_EQ(
-      outcomeOf("#!/bin/sh\n"),
-      "for good: The update is neither a Debian package nor an AppImage, and cannot be installed on this system.");
-  EXPECT_FALSE(sandbox.holds("opened"));
 }
 
 TEST_F(InstallationTest, whatChangedSinceItWasVerifiedIsNotPlaced) {

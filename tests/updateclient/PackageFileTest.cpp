@@ -12,7 +12,7 @@
 
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
-#include "updateclient/PackageFolder.h"
+#include "fixtures/Subprocess.h"
 
 namespace tarnwell::updateclient {
 namespace {
@@ -74,6 +74,22 @@ TEST_F(PackageFileTest, keepsOthersOut) {
   EXPECT_EQ(modeOf(folder), 0700U);
   EXPECT_EQ(modeOf(sandbox / "cache/tarnwell"), 0755U & modeOf(sandbox / "cache"));
   EXPECT_NE(::fcntl(package.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
+}
+
+TEST_F(PackageFileTest, isItsUsersAlone) {
+  const mode_t mask = ::umask(0);
+  const PackageFile package = create();
+  ::umask(mask);
+  EXPECT_EQ(fs::status("/proc/self/fd/" + std::to_string(package.descriptor())).permissions(), fs::perms(0600));
+}
+
+// Where the engine finds its file.
+TEST_F(PackageFileTest, standsClearOfTheStandardStreams) {
+  EXPECT_EQ(fixtures::exitStatusOf([this] {
+              ::close(STDIN_FILENO);
+              return create().descriptor() > STDERR_FILENO ? 0 : 1;
+            }),
+            0);
 }
 
 TEST_F(PackageFileTest, newFoldersAreTheUsersAlone) {

@@ -15,8 +15,8 @@
 #include "publish/SecretKey.h"
 #include "updateclient/EngineProcess.h"
 #include "updateclient/FakeUserDriver.h"
+#include "updateclient/FeedUpdater.h"
 #include "updateclient/TimerAlarm.h"
-#include "updateclient/Updater.h"
 #include "updater/package/RealPackage.h"
 #include "updater/transfer/LoopbackServer.h"
 
@@ -62,8 +62,8 @@ class PublishedUpdateTest : public testing::Test {
   }
 
   void launch(const std::string& feedPath = "/file/feed.xml") {
-    updater = std::make_unique<Updater>(configuration(feedPath), UpdaterPreferences(sandbox / "updates"),
-                                        UpdaterPorts{engine, driver, opener, alarm});
+    updater = std::make_unique<FeedUpdater>(configuration(feedPath), UpdaterPreferences(sandbox / "updates"),
+                                            UpdaterPorts{engine, driver, opener, alarm});
     updater->start();
   }
 
@@ -111,7 +111,7 @@ class PublishedUpdateTest : public testing::Test {
   host_linux::PackageOpener opener{loop.watch()};
   TimerAlarm alarm{loop.watch()};
   FakeUserDriver driver;
-  std::unique_ptr<Updater> updater;
+  std::unique_ptr<FeedUpdater> updater;
 };
 
 TEST_F(PublishedUpdateTest, arrivesAtTheDesktop) {
@@ -229,8 +229,8 @@ TEST_F(PublishedUpdateTest, twoProgramsAtOnceAreNotInEachOthersWay) {
   host_linux::PackageOpener otherOpener{loop.watch()};
   TimerAlarm otherAlarm{loop.watch()};
   launch();
-  Updater other(configuration("/file/feed.xml"), UpdaterPreferences(sandbox / "updates"),
-                UpdaterPorts{otherEngine, otherDriver, otherOpener, otherAlarm});
+  FeedUpdater other(configuration("/file/feed.xml"), UpdaterPreferences(sandbox / "updates"),
+                    UpdaterPorts{otherEngine, otherDriver, otherOpener, otherAlarm});
   updater->checkForUpdates();
   other.checkForUpdates();
   for (const char* screen : {"found", "ready", "opened"}) {

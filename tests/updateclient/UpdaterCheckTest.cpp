@@ -40,7 +40,7 @@ TEST(UpdaterCheck, saysWhatBecameOfThePackage) {
     stage.engine.kind = kind;
     stage.sandbox.write("Tarnwell.AppImage", "1.0");
     auto configuration = stage.configuration();
-    configuration.appImage = stage.sandbox / "Tarnwell.AppImage";
+    configuration.program = stage.sandbox / "Tarnwell.AppImage";
     stage.launch(configuration);
     stage.askAndDownload("2.0");
     stage.driver.choose(Choice::install);
@@ -93,7 +93,7 @@ TEST(UpdaterCheck, saysWhenThereIsNothingNewer) {
 TEST(UpdaterCheck, runsOnceAtATime) {
   UpdaterStage stage;
   std::vector<bool> told;
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   EXPECT_TRUE(updater.canCheckForUpdates());
   const auto subscription = updater.observeCanCheckForUpdates([&told](bool canCheck) { told.push_back(canCheck); });
   updater.checkForUpdates();
@@ -196,14 +196,23 @@ TEST(UpdaterCheck, handsOverAgainAfterAFailure) {
   EXPECT_EQ(stage.driver.screen, "opened 2.0 unasked");
 }
 
-TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
+TEST(UpdaterCheck, refusesWhatItCannotInstallBeforeItOffersTo) {
   UpdaterStage stage;
   stage.engine.kind = "other";
   stage.launch();
   stage.askAndDownload("2.0");
+  EXPECT_EQ(stage.driver.screen, "failure: The update is of no kind that can be installed on this system.");
+}
+
+TEST(UpdaterCheck, doesNotOfferToTryAgainWhatCannotSucceed) {
+  UpdaterStage stage;
+  stage.engine.kind = "app-image";
+  stage.launch();
+  stage.askAndDownload("2.0");
   stage.driver.choose(Choice::install);
   EXPECT_EQ(stage.driver.screen,
-            "failure: The update is neither a Debian package nor an AppImage, and cannot be installed on this system.");
+            "failure: The update is an AppImage, but Tarnwell does not run from one. Get the package for your system "
+            "from where you got Tarnwell.");
   EXPECT_FALSE(stage.driver.canRetry());
   stage.driver.acknowledge();
   EXPECT_TRUE(stage.updater->canCheckForUpdates());
@@ -287,7 +296,7 @@ TEST(UpdaterCheck, withoutAFeedSaysSoPlainly) {
     configuration.feedAddress = address;
     configuration.publicKey = key;
     stage.preferences.setAutomaticChecks(true);
-    Updater& updater = stage.launch(configuration);
+    FeedUpdater& updater = stage.launch(configuration);
     EXPECT_FALSE(stage.alarm.time());
     updater.checkForUpdates();
     updater.checkForUpdates();

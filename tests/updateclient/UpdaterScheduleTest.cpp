@@ -82,7 +82,7 @@ TEST(UpdaterSchedule, takesTheIntervalFromThePreferences) {
 TEST(UpdaterSchedule, setsTheAlarmAsSoonAsChecksAreSwitchedOn) {
   UpdaterStage stage;
   stage.preferences.setAutomaticChecks(false);
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   EXPECT_FALSE(stage.alarm.time());
   updater.setAutomaticallyChecksForUpdates(true);
   EXPECT_TRUE(updater.automaticallyChecksForUpdates());
@@ -94,7 +94,7 @@ TEST(UpdaterSchedule, setsTheAlarmAsSoonAsChecksAreSwitchedOn) {
 
 TEST(UpdaterSchedule, keepsTheTwoSwitchesApart) {
   UpdaterStage stage;
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   updater.setAutomaticallyDownloadsUpdates(true);
   EXPECT_FALSE(updater.automaticallyChecksForUpdates());
   updater.setAutomaticallyChecksForUpdates(true);

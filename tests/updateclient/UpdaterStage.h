@@ -14,7 +14,7 @@
 #include "updateclient/FakeDesktop.h"
 #include "updateclient/FakeEngine.h"
 #include "updateclient/FakeUserDriver.h"
-#include "updateclient/Updater.h"
+#include "updateclient/FeedUpdater.h"
 #include "updater/feed/FeedText.h"
 #include "updater/signature/SigningKey.h"
 
@@ -41,10 +41,10 @@ struct UpdaterStage {
   }
 
   /// As the program does when it starts; what ran before has ended.
-  Updater& launch() { return launch(configuration()); }
-  Updater& launch(const UpdaterConfiguration& with) {
+  FeedUpdater& launch() { return launch(configuration()); }
+  FeedUpdater& launch(const UpdaterConfiguration& with) {
     updater.reset();
-    updater = std::make_unique<Updater>(with, preferences, UpdaterPorts{engine, driver, desktop, alarm});
+    updater = std::make_unique<FeedUpdater>(with, preferences, UpdaterPorts{engine, driver, desktop, alarm});
     updater->start();
     return *updater;
   }
@@ -113,7 +113,7 @@ struct UpdaterStage {
   FakeUserDriver driver;
   FakeDesktop desktop{engine};
   FakeAlarm alarm;
-  std::unique_ptr<Updater> updater;
+  std::unique_ptr<FeedUpdater> updater;
 };
 
 }  // namespace tarnwell::updateclient

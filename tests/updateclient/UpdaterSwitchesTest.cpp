@@ -37,7 +37,7 @@ class Writes {
 TEST(UpdaterSwitches, areWrittenOnceEach) {
   UpdaterStage stage;
   stage.checkedJustNow();
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   const Writes writes(stage.sandbox.path());
   for (const bool isOn : {false, true}) {
     updater.setAutomaticallyChecksForUpdates(isOn);
@@ -51,7 +51,7 @@ TEST(UpdaterSwitches, areWrittenOnceEach) {
 
 TEST(UpdaterSwitches, areReadWithoutAWrite) {
   UpdaterStage stage;
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   const Writes writes(stage.sandbox.path());
   EXPECT_FALSE(updater.automaticallyChecksForUpdates());
   EXPECT_FALSE(updater.automaticallyDownloadsUpdates());
@@ -61,7 +61,7 @@ TEST(UpdaterSwitches, areReadWithoutAWrite) {
 TEST(UpdaterSwitches, changeNothingWhereTheyAreSetToWhatTheyAre) {
   UpdaterStage stage;
   stage.checkedJustNow();
-  Updater& updater = stage.launch();
+  FeedUpdater& updater = stage.launch();
   updater.setAutomaticallyDownloadsUpdates(false);
   const std::string before = stage.sandbox.read("updates");
   const auto alarm = stage.alarm.time();

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "kit/controls/Control.h"
+#include "kit/controls/Pane.h"
 #include "view/tree/Representable.h"
 
 namespace tarnwell::view {
 
 /// A control of any size, which notes what it was proposed.
-class BlockControl final : public kit::Control {
+class BlockControl final : public kit::Pane {
  public:
   /// How far it gives way to a proposal, in points.
   struct Sizes {
@@ -30,9 +30,7 @@ class BlockControl final : public kit::Control {
   std::unique_ptr<kit::Peer> makePeer(kit::Host& host, kit::Peer& parent) override;
 
  protected:
-  kit::Accessible ownAccessible() const override { return {.role = kit::AccessibleRole::group}; }
   kit::Measurement sizeThatFits(kit::Proposal proposal) const override;
-  std::vector<kit::Aspect> aspects() const override { return {}; }
 
  private:
   Sizes sizes_;

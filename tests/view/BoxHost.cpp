@@ -25,10 +25,15 @@ class WatchedPeer final : public kit::Peer {
 
 }  // namespace
 
-std::unique_ptr<kit::Peer> BoxHost::peer(kit::Box& box, kit::Peer& parent) {
-  boxes_.push_back(&box);
+std::unique_ptr<kit::Peer> BoxHost::peer(kit::AnyControl control, kit::Peer& parent) {
+  auto peer = HeadlessHost::peer(control, parent);
+  kit::Box* const* box = std::get_if<kit::Box*>(&control);
+  if (box == nullptr) {
+    return peer;
+  }
+  boxes_.push_back(*box);
   ++made_;
-  return std::make_unique<WatchedPeer>(HeadlessHost::peer(box, parent), [this, &box] { std::erase(boxes_, &box); });
+  return std::make_unique<WatchedPeer>(std::move(peer), [this, box = *box] { std::erase(boxes_, box); });
 }
 
 std::vector<kit::Rect> BoxHost::boxes(kit::Box::Kind kind) const {

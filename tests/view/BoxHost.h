@@ -12,7 +12,7 @@ class BoxHost final : public host_headless::HeadlessHost {
  public:
   using HeadlessHost::peer;
 
-  std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::AnyControl control, kit::Peer& parent) override;
 
   /// The frames of the boxes of that kind, in the order in which they were made.
   std::vector<kit::Rect> boxes(kit::Box::Kind kind) const;

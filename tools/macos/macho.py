@@ -7,7 +7,8 @@ ARCHITECTURES = {0x0100000C: "arm64", 0x01000007: "x86_64"}
 EXECUTABLE = 2
 POSITION_INDEPENDENT = 0x200000
 
-SEGMENT, MAIN, BUILD_VERSION, CODE_SIGNATURE, CHAINED_FIXUPS, RUN_PATH = 0x19, 0x80000028, 0x32, 0x1D, 0x80000034, 0x8000001C
+SYMBOLS, SEGMENT, BUILD_VERSION, CODE_SIGNATURE = 2, 0x19, 0x32, 0x1D
+MAIN, CHAINED_FIXUPS, RUN_PATH = 0x80000028, 0x80000034, 0x8000001C
 # Ordinary, weak, re-exported, upward.
 LIBRARIES = (0xC, 0x80000018, 0x8000001F, 0x80000023)
 
@@ -119,6 +120,18 @@ class Slice:
             imports.append((number - (1 << bits) if number >> 4 == (1 << bits) - 1 >> 4 else number,
                             text_at(self.data, start + names + (entry >> name_bit))))
         return imports
+
+    def own_symbols(self):
+        """Those that others may see."""
+        found = set()
+        for at in self.places_of(SYMBOLS):
+            table, count, names = struct.unpack_from("<3I", self.data, at + 8)
+            for place in range(table, table + 16 * count, 16):
+                name, kind = struct.unpack_from("<IB", self.data, place)
+                # External, and in a section.
+                if kind & 0x0F == 0x0F:
+                    found.add(text_at(self.data, names + name))
+        return found
 
     def code_directory(self):
         start = self.linked_data(CODE_SIGNATURE)[0]

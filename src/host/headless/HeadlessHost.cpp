@@ -61,66 +61,43 @@ class ControlPeer : public JournalPeer {
         }) {}
 };
 
+/// The peer of each kind of control, under the name that it has in the journal.
+struct PeerMaker {
+  auto operator()(kit::Box* control) const { return container(*control, "box"); }
+  auto operator()(kit::Button* control) const { return painted(*control, "button"); }
+  auto operator()(kit::Pane* control) const { return container(*control, "pane"); }
+  auto operator()(kit::PopUpButton* control) const { return painted(*control, "pop-up button"); }
+  auto operator()(kit::ProgressBar* control) const { return painted(*control, "progress bar"); }
+  auto operator()(kit::RichText* control) const { return painted(*control, "rich text"); }
+  auto operator()(kit::ScrollArea* control) const { return container(*control, "scroll area"); }
+  auto operator()(kit::Slider* control) const { return painted(*control, "slider"); }
+  auto operator()(kit::Stepper* control) const { return painted(*control, "stepper"); }
+  auto operator()(kit::SymbolView* control) const { return painted(*control, "symbol"); }
+  auto operator()(kit::TabBar* control) const { return painted(*control, "tabs"); }
+  auto operator()(kit::TextField* control) const { return painted(*control, "field"); }
+  auto operator()(kit::TextLabel* control) const { return painted(*control, "text"); }
+  auto operator()(kit::Toggle* control) const { return painted(*control, "switch"); }
+
+  std::unique_ptr<kit::Peer> container(kit::Control& control, const std::string& kind) const {
+    return std::make_unique<ControlPeer>(control, host.journal(), kind);
+  }
+
+  template <class C>
+  std::unique_ptr<kit::Peer> painted(C& control, const std::string& kind) const {
+    return host_painted::paintedPeer<ControlPeer>(control, host, host.journal(), kind);
+  }
+
+  HeadlessHost& host;
+};
+
 }  // namespace
 
 std::unique_ptr<kit::WindowPeer> HeadlessHost::peer(kit::Window& window) {
   return std::make_unique<HeadlessWindowPeer>(journal_, window, screen_);
 }
 
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Box& box, kit::Peer& /*parent*/) {
-  return std::make_unique<ControlPeer>(box, journal_, "box");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Button& button, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(button, *this, journal_, "button");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Pane& pane, kit::Peer& /*parent*/) {
-  return std::make_unique<ControlPeer>(pane, journal_, "pane");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::PopUpButton& button, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(button, *this, journal_, "pop-up button");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ProgressBar& bar, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(bar, *this, journal_, "progress bar");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::RichText& text, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(text, *this, journal_, "rich text");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::ScrollArea& area, kit::Peer& /*parent*/) {
-  return std::make_unique<ControlPeer>(area, journal_, "scroll area");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Slider& slider, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(slider, *this, journal_, "slider");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Stepper& stepper, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(stepper, *this, journal_, "stepper");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::SymbolView& symbol, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(symbol, *this, journal_, "symbol");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TabBar& bar, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(bar, *this, journal_, "tabs");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextField& field, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(field, *this, journal_, "field");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::TextLabel& label, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(label, *this, journal_, "text");
-}
-
-std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::Toggle& toggle, kit::Peer& /*parent*/) {
-  return host_painted::paintedPeer<ControlPeer>(toggle, *this, journal_, "switch");
+std::unique_ptr<kit::Peer> HeadlessHost::peer(kit::AnyControl control, kit::Peer& /*parent*/) {
+  return std::visit(PeerMaker{*this}, control);
 }
 
 kit::Measurement HeadlessHost::measureText(std::string_view text, kit::FontRole font,

@@ -19,20 +19,7 @@ class HeadlessHost : public host_painted::PaintingHost {
   void setKeyWindowAction(std::function<void(kit::Window*)> action) { screen_.keyWindowChanged = std::move(action); }
 
   std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;
-  std::unique_ptr<kit::Peer> peer(kit::Box& box, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::Button& button, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::Pane& pane, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::PopUpButton& button, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::ProgressBar& bar, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::RichText& text, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::ScrollArea& area, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::Slider& slider, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::Stepper& stepper, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::SymbolView& symbol, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::TabBar& bar, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::TextField& field, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::TextLabel& label, kit::Peer& parent) override;
-  std::unique_ptr<kit::Peer> peer(kit::Toggle& toggle, kit::Peer& parent) override;
+  std::unique_ptr<kit::Peer> peer(kit::AnyControl control, kit::Peer& parent) override;
 
   kit::Measurement measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const override;
   double capHeight(kit::FontRole font) const override;

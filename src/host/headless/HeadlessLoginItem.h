@@ -25,10 +25,20 @@ class HeadlessLoginItem final : public kit::LoginItem {
   void setStatus(Status status) { status_ = status; }
 
   Status status() const override { return status_; }
-  std::optional<std::string> registerItem() override;
-  std::optional<std::string> unregisterItem() override;
+  std::optional<std::string> registerItem() override {
+    return answer("register", answers_.registerFailure, answers_.onceRegistered);
+  }
+  std::optional<std::string> unregisterItem() override {
+    return answer("unregister", answers_.unregisterFailure, Status::notRegistered);
+  }
 
  private:
+  std::optional<std::string> answer(const std::string& asked, const std::optional<std::string>& failure, Status then) {
+    journal_.note("login item: " + asked);
+    status_ = failure ? status_ : then;
+    return failure;
+  }
+
   Journal& journal_;
   Answers answers_;
   Status status_ = Status::notRegistered;

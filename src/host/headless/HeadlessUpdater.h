@@ -17,17 +17,26 @@ class HeadlessUpdater final : public kit::Updater {
 
   using Updater::setCanCheckForUpdates;
 
-  void checkForUpdates() override;
+  void checkForUpdates() override { journal_.note("updater: checkForUpdates"); }
 
   bool automaticallyChecksForUpdates() const override { return preferences_.checks; }
-  void setAutomaticallyChecksForUpdates(bool checks) override;
+  void setAutomaticallyChecksForUpdates(bool checks) override {
+    set(preferences_.checks, checks, "automaticallyChecksForUpdates");
+  }
   bool automaticallyDownloadsUpdates() const override { return preferences_.downloads; }
-  void setAutomaticallyDownloadsUpdates(bool downloads) override;
+  void setAutomaticallyDownloadsUpdates(bool downloads) override {
+    set(preferences_.downloads, downloads, "automaticallyDownloadsUpdates");
+  }
 
   /// As kept; another program may change them.
   Preferences& preferences() { return preferences_; }
 
  private:
+  void set(bool& preference, bool value, const std::string& name) {
+    journal_.note("updater: " + name + " = " + (value ? "1" : "0"));
+    preference = value;
+  }
+
   Journal& journal_;
   Preferences preferences_;
 };

@@ -15,29 +15,27 @@ HeadlessWindowPeer::~HeadlessWindowPeer() { putKeyboard(false); }
 void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
   const std::string shown = window_.takesKeyboard() ? "shown" : "shown without the keyboard";
   const bool shows = aspect == kit::Aspect::visible;
-  const std::string what = shows ? (window_.isVisible() ? shown : "hidden") : aspectName(aspect);
-  journal_.note("window " + window_.identifier() + ": " + what);
+  note(shows ? (window_.isVisible() ? shown : "hidden") : aspectName(aspect));
   if (shows && (!window_.isVisible() || window_.takesKeyboard())) {
     putKeyboard(window_.isVisible());
   }
 }
 
 void HeadlessWindowPeer::place(const kit::Rect& frame) noexcept {
-  journal_.note("window " + window_.identifier() + ": " + std::to_string(std::lround(frame.width)) + " x " +
-                std::to_string(std::lround(frame.height)));
+  note(std::to_string(std::lround(frame.width)) + " x " + std::to_string(std::lround(frame.height)));
 }
 
 void HeadlessWindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept {
-  journal_.note("window " + window_.identifier() + ": " + std::to_string(inTreeOrder.size()) + " controls in order");
+  note(std::to_string(inTreeOrder.size()) + " controls in order");
 }
 
 void HeadlessWindowPeer::miniaturize() noexcept {
-  journal_.note("window " + window_.identifier() + ": miniaturized");
+  note("miniaturized");
   putKeyboard(false);
 }
 
 void HeadlessWindowPeer::orderFront() noexcept {
-  journal_.note("window " + window_.identifier() + ": in front");
+  note("in front");
   if (window_.takesKeyboard()) {
     putKeyboard(true);
   }

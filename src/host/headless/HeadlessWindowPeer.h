@@ -37,6 +37,7 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
   void focus(kit::Control* control) noexcept override { window_.setFocusedControl(control); }
 
  private:
+  void note(const std::string& what) { journal_.note("window " + window_.identifier() + ": " + what); }
   void putKeyboard(bool here);
 
   Journal& journal_;

@@ -1,7 +1,7 @@
 #include "host/linux/IcuNumberFormat.h"
 
 #include "host/linux/NumberLocale.h"
-#include "host/linux/TypedNumber.h"
+#include "kit/ports/TypedNumber.h"
 
 #include <unicode/decimfmt.h>
 #include <unicode/numberformatter.h>
@@ -35,7 +35,7 @@ char32_t characterOf(const icu::DecimalFormatSymbols& symbols, Symbol symbol) {
 }
 
 // Some locales write ASCII digits and have digits of their own on the keyboard all the same.
-void addNativeZero(const icu::Locale& locale, NumberSymbols& symbols) {
+void addNativeZero(const icu::Locale& locale, kit::NumberSymbols& symbols) {
   UErrorCode status = U_ZERO_ERROR;
   icu::Locale native = locale;
   native.setKeywordValue("numbers", "native", status);
@@ -46,8 +46,8 @@ void addNativeZero(const icu::Locale& locale, NumberSymbols& symbols) {
   symbols.zeros.push_back(static_cast<char32_t>(system->getDescription().char32At(0)));
 }
 
-NumberSymbols symbolsOf(const icu::Locale& locale) {
-  NumberSymbols symbols;
+kit::NumberSymbols symbolsOf(const icu::Locale& locale) {
+  kit::NumberSymbols symbols;
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
   const auto* decimal = dynamic_cast<const icu::DecimalFormat*>(format.get());
@@ -83,7 +83,7 @@ struct IcuNumberFormat::Locale {
   icu::Locale name;
   icu::number::LocalizedNumberFormatter formatter;
   /// Not needed before something is typed, and they take as long as all else here.
-  std::optional<NumberSymbols> symbols = {};
+  std::optional<kit::NumberSymbols> symbols = {};
 };
 
 IcuNumberFormat::IcuNumberFormat(const std::string& locale)
@@ -108,7 +108,7 @@ std::optional<double> IcuNumberFormat::value(std::string_view text) const {
   if (!locale_->symbols) {
     locale_->symbols = symbolsOf(locale_->name);
   }
-  return typedNumber(codePoints(text), *locale_->symbols);
+  return kit::typedNumber(codePoints(text), *locale_->symbols);
 }
 
 }  // namespace tarnwell::host_linux

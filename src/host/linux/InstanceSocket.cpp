@@ -14,6 +14,8 @@
 #include <system_error>
 #include <utility>
 
+#include "system/PrivateFolder.h"
+
 namespace tarnwell::host_linux {
 namespace {
 
@@ -22,7 +24,6 @@ using Clock = std::chrono::steady_clock;
 constexpr auto lockPatience = std::chrono::seconds(2);
 constexpr auto pause = std::chrono::milliseconds(20);
 constexpr std::size_t longestMessage = 4096;
-constexpr mode_t socketFolderMode = 0700;
 constexpr mode_t othersMay = 0077;
 
 std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
@@ -134,14 +135,8 @@ system::Result<std::filesystem::path> InstanceSocket::folder(const std::string& 
   if (error) {
     return system::Failure{"no folder for temporary files: " + error.message()};
   }
-  const std::filesystem::path own = temporary / (program + "-" + std::to_string(::geteuid()));
-  if (::mkdir(own.c_str(), socketFolderMode) != 0 && errno != EEXIST) {
-    return system::systemFailure(own.string());
-  }
-  if (!isOursAlone(own)) {
-    return system::Failure{own.string() + " is not the user's alone"};
-  }
-  return own;
+  const auto own = system::PrivateFolder::make(temporary / (program + "-" + std::to_string(::geteuid())));
+  return own ? system::Result<std::filesystem::path>(own->path()) : own.error();
 }
 
 }  // namespace tarnwell::host_linux

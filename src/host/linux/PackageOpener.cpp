@@ -1,6 +1,5 @@
 #include "host/linux/PackageOpener.h"
 
-#include <csignal>
 #include <utility>
 
 #include "host/linux/StartProgram.h"
@@ -33,11 +32,6 @@ system::Result<void> PackageOpener::open(const std::filesystem::path& file, Open
   if (!started) {
     return system::Failure{"The package could not be opened: " + started.error().message +
                            ". Install the program, which is in the package xdg-utils, and try again."};
-  }
-  if (!started->endDescriptor()) {
-    started->send(SIGKILL);
-    started->wait();
-    return system::Failure{"It cannot be told whether the package was opened. Try again."};
   }
   opened_ = std::move(opened);
   awaited_ = started->number();

@@ -115,11 +115,10 @@ system::Result<void> XdgLoginItem::tryRegister() const {
   if (!content) {
     return content.error();
   }
-  const auto& text = *content;
-  if (text.empty()) {
+  if (content->empty()) {
     return system::replaceFile(target, ownText(*exec));
   }
-  DesktopEntry entry(text);
+  DesktopEntry entry(*content);
   switchOn(entry);
   setWhereMissing(entry, "Name", program_.name);
   setWhereMissing(entry, "Type", "Application");
@@ -133,28 +132,26 @@ system::Result<void> XdgLoginItem::tryRegister() const {
 }
 
 system::Result<void> XdgLoginItem::tryUnregister() const {
-  const auto found = file();
-  if (!found) {
-    return found.error();
+  const auto path = file();
+  if (!path) {
+    return path.error();
   }
-  const auto& path = *found;
-  const auto content = contentOf(path);
+  const auto content = contentOf(*path);
   if (!content) {
     return content.error();
   }
-  const auto& text = *content;
   const auto exec = execLine();
-  if (text.empty()) {
+  if (content->empty()) {
     return {};
   }
-  if (exec && text == ownText(*exec) && !isLink(path)) {
+  if (exec && *content == ownText(*exec) && !isLink(*path)) {
     std::error_code error;
-    fs::remove(path, error);
-    return error ? system::Failure{"cannot remove " + path.string() + ": " + error.message()} : system::Result<void>();
+    fs::remove(*path, error);
+    return error ? system::Failure{"cannot remove " + path->string() + ": " + error.message()} : system::Result<void>();
   }
-  DesktopEntry entry(text);
+  DesktopEntry entry(*content);
   entry.set(hiddenKey, "true");
-  return system::replaceFile(behindLinks(path), entry.text());
+  return system::replaceFile(behindLinks(*path), entry.text());
 }
 
 system::Result<fs::path> XdgLoginItem::file() const {

@@ -1,20 +1,7 @@
 #pragma once
 
 #include "host/painted/TextMeasurer.h"
-
-namespace tarnwell::kit {
-class Button;
-class PopUpButton;
-class ProgressBar;
-class Slider;
-class Stepper;
-class SymbolView;
-class TabBar;
-class TextField;
-class RichText;
-class TextLabel;
-class Toggle;
-}  // namespace tarnwell::kit
+#include "kit/host/AnyControl.h"
 
 namespace tarnwell::host_painted {
 

@@ -32,7 +32,7 @@ updateclient::UpdaterConfiguration configurationOf(const updateclient::UpdateSou
                                                    const fs::path& executable) {
   updateclient::UpdaterConfiguration configuration = source.configuration;
   configuration.packageFolder = packageFolder(program);
-  configuration.appImage = host_linux::runningAppImage(executable).value_or(fs::path());
+  configuration.program = host_linux::runningAppImage(executable).value_or(fs::path());
   return configuration;
 }
 

@@ -4,9 +4,9 @@
 
 #include "host/linux/PackageOpener.h"
 #include "updateclient/EngineProcess.h"
+#include "updateclient/FeedUpdater.h"
 #include "updateclient/TimerAlarm.h"
 #include "updateclient/UpdateSource.h"
-#include "updateclient/Updater.h"
 #include "updatewindows/UpdateWindows.h"
 
 namespace tarnwell::host_qt {

@@ -1,5 +1,6 @@
 #include "host/qt/QtApplication.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
 #include <QtWidgets/QStyleFactory>
 #include <cstdlib>
@@ -46,15 +47,22 @@ QtApplication::QtApplication(int argc, char** argv) : argc_(argc), application_(
   qInstallMessageHandler(nullptr);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setQuitLockEnabled(false);
-  watch(openers_.descriptor(), [this] { openers_.reap(); });
+  reaping_ = watch(openers_.descriptor(), [this] { openers_.reap(); });
 }
 
 QtApplication::~QtApplication() = default;
 
-void QtApplication::watch(int descriptor, kit::Action readable) {
+kit::Subscription QtApplication::watch(int descriptor, kit::Action readable) {
   auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &application_);
   QObject::connect(notifier, &QSocketNotifier::activated, &application_,
                    [readable = std::move(readable)]() noexcept { readable(); });
+  return kit::Subscription([known = QPointer(notifier)] {
+    if (known) {
+      // It may be what is being heard.
+      known->setEnabled(false);
+      known->deleteLater();
+    }
+  });
 }
 
 void QtApplication::openUrl(const std::string& address) {

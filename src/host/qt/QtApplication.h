@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/qt/QtHost.h"
-#include "kit/turn/Action.h"
+#include "kit/turn/Subscription.h"
 #include "system/ChildReaper.h"
 
 namespace tarnwell::host_qt {
@@ -21,8 +21,9 @@ class QtApplication {
 
   QtHost& host() { return host_; }
 
-  /// Runs `readable` from the event loop whenever `descriptor`, which stays the caller's, can be read.
-  void watch(int descriptor, kit::Action readable);
+  /// Runs `readable` from the event loop whenever `descriptor`, which stays the caller's, can be read, until the
+  /// subscription ends.
+  [[nodiscard]] kit::Subscription watch(int descriptor, kit::Action readable);
 
   /// Opens `address` in the user's browser, without waiting for it.
   void openUrl(const std::string& address);
@@ -39,6 +40,7 @@ class QtApplication {
   int argc_;  // The toolkit keeps a reference to it.
   system::ChildReaper openers_;
   QApplication application_;
+  kit::Subscription reaping_;
   QtHost host_;
   bool isQuitting_ = false;
 };

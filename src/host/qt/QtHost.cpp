@@ -10,8 +10,6 @@
 #include "host/qt/controls/PopUpButtonPeer.h"
 #include "host/qt/controls/RichTextPeer.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
-#include "host/qt/controls/TextFieldPeer.h"
-#include "host/qt/controls/TextLabelPeer.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/controls/Box.h"
@@ -22,9 +20,44 @@
 #include "kit/controls/Stepper.h"
 #include "kit/controls/SymbolView.h"
 #include "kit/controls/TabBar.h"
+#include "kit/controls/TextField.h"
+#include "kit/controls/TextLabel.h"
 #include "kit/controls/Toggle.h"
 
 namespace tarnwell::host_qt {
+namespace {
+
+using Made = std::unique_ptr<kit::Peer>;
+
+/// A widget of natural size, but for what needs more.
+struct PeerMaker {
+  template <class C>
+  Made operator()(C* control) const {
+    return painted<WidgetPeer>(*control, makeWidget(*control, theme, parent));
+  }
+
+  Made operator()(kit::Box* box) const { return container(*box); }
+  Made operator()(kit::Pane* pane) const { return container(*pane); }
+  Made operator()(kit::PopUpButton* button) const { return painted<PopUpButtonPeer>(*button, theme, parent); }
+  Made operator()(kit::RichText* text) const { return std::make_unique<RichTextPeer>(*text, theme, parent); }
+  Made operator()(kit::ScrollArea* area) const { return std::make_unique<ScrollAreaPeer>(*area, theme, parent); }
+
+  template <class C>
+  Made container(C& control) const {
+    return std::make_unique<WidgetPeer>(control, makeWidget(control, theme, parent));
+  }
+
+  template <class P, class C, class... Rest>
+  Made painted(C& control, Rest&&... rest) const {
+    return host_painted::paintedPeer<P>(control, measurer, std::forward<Rest>(rest)...);
+  }
+
+  const host_painted::TextMeasurer& measurer;
+  const Theme& theme;
+  QWidget* parent;
+};
+
+}  // namespace
 
 QtHost::QtHost() : input_(theme_) {
   installAccessibility();
@@ -39,61 +72,8 @@ std::unique_ptr<kit::WindowPeer> QtHost::peer(kit::Window& window) {
   return peer;
 }
 
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Box& box, kit::Peer& parent) {
-  return std::make_unique<WidgetPeer>(box, makeWidget(box, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Button& button, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(button, *this, makeWidget(button, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Pane& pane, kit::Peer& parent) {
-  return std::make_unique<WidgetPeer>(pane, makeWidget(pane, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::PopUpButton& button, kit::Peer& parent) {
-  return host_painted::paintedPeer<PopUpButtonPeer>(button, *this, theme_, Container::contentOf(parent));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::ProgressBar& bar, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(bar, *this, makeWidget(bar, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::RichText& text, kit::Peer& parent) {
-  return std::make_unique<RichTextPeer>(text, theme_, Container::contentOf(parent));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::ScrollArea& area, kit::Peer& parent) {
-  return std::make_unique<ScrollAreaPeer>(area, theme_, Container::contentOf(parent));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Slider& slider, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(slider, *this, makeWidget(slider, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Stepper& stepper, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(stepper, *this,
-                                               makeWidget(stepper, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::SymbolView& symbol, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(symbol, *this, makeWidget(symbol, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::TabBar& bar, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(bar, *this, makeWidget(bar, theme_, Container::contentOf(parent)));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::TextField& field, kit::Peer& parent) {
-  return host_painted::paintedPeer<TextFieldPeer>(field, *this, theme_, Container::contentOf(parent));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::TextLabel& label, kit::Peer& parent) {
-  return host_painted::paintedPeer<TextLabelPeer>(label, *this, theme_, Container::contentOf(parent));
-}
-
-std::unique_ptr<kit::Peer> QtHost::peer(kit::Toggle& toggle, kit::Peer& parent) {
-  return host_painted::paintedPeer<WidgetPeer>(toggle, *this, makeWidget(toggle, theme_, Container::contentOf(parent)));
+std::unique_ptr<kit::Peer> QtHost::peer(kit::AnyControl control, kit::Peer& parent) {
+  return std::visit(PeerMaker{*this, theme_, Container::contentOf(parent)}, control);
 }
 
 kit::Measurement QtHost::measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const {

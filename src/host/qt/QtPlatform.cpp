@@ -1,6 +1,5 @@
 #include "host/qt/QtPlatform.h"
 
-#include <QtCore/QSocketNotifier>
 #include <QtCore/QThread>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
@@ -85,16 +84,7 @@ int QtPlatform::run(kit::Application& application) {
 }
 
 kit::Subscription QtPlatform::watch(int descriptor, kit::Action readable) {
-  auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &context_);
-  QObject::connect(notifier, &QSocketNotifier::activated, &context_,
-                   [readable = std::move(readable)]() noexcept { readable(); });
-  return kit::Subscription([known = QPointer(notifier)] {
-    if (known) {
-      // It may be what is being heard.
-      known->setEnabled(false);
-      known->deleteLater();
-    }
-  });
+  return application_.watch(descriptor, std::move(readable));
 }
 
 void QtPlatform::launch(kit::Application& application) {

@@ -33,7 +33,7 @@ bool SingleInstance::listen(QtApplication& application) {
   application_ = &application;
   useActivationToken(token_);
   if (socket_) {
-    application.watch(socket_->descriptor(), [this] {
+    hearing_ = application.watch(socket_->descriptor(), [this] {
       if (const auto token = socket_->receive()) {
         ask({.token = *token});
       }

@@ -7,6 +7,7 @@
 #include "host/linux/InstanceSocket.h"
 #include "host/qt/session/ApplicationService.h"
 #include "kit/application/Product.h"
+#include "kit/turn/Subscription.h"
 
 namespace tarnwell::host_qt {
 
@@ -48,6 +49,7 @@ class SingleInstance {
   std::string identifier_;
   std::string token_;
   std::unique_ptr<host_linux::InstanceSocket> socket_;
+  kit::Subscription hearing_;
   std::unique_ptr<ApplicationService> service_;
   ApplicationService::Asked asked_;
   QtApplication* application_ = nullptr;

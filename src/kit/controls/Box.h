@@ -13,7 +13,7 @@ class Box final : public Control {
 
   Kind kind() const { return kind_; }
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::decoration}; }

@@ -11,24 +11,24 @@ class Button final : public Control {
   enum class Role { none, destructive };
 
   const std::string& title() const { return title_; }
-  void setTitle(std::string title);
+  void setTitle(std::string title) { set(title_, std::move(title), Aspect::title); }
 
   BezelStyle bezelStyle() const { return bezelStyle_; }
-  void setBezelStyle(BezelStyle style);
+  void setBezelStyle(BezelStyle style) { set(bezelStyle_, style, Aspect::style); }
 
   Role role() const { return role_; }
-  void setRole(Role role);
+  void setRole(Role role) { set(role_, role, Aspect::style); }
 
   /// The window's default button answers Return.
   bool isDefault() const { return default_; }
-  void setDefault(bool isDefault);
+  void setDefault(bool isDefault) { set(default_, isDefault, Aspect::style); }
 
   void setAction(Action action) { action_ = std::move(action); }
 
   /// The user's doing.
   void click();
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }
 
  protected:

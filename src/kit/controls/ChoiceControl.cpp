@@ -19,9 +19,7 @@ void ChoiceControl::setSelectedIndex(int index) {
   if (index < -1 || index >= static_cast<int>(items_.size())) {
     diagnostics::fault("a control was told to select an item that it does not have");
   }
-  if (std::exchange(selected_, index) != index) {
-    changed(Aspect::value);
-  }
+  set(selected_, index, Aspect::value);
 }
 
 void ChoiceControl::choose(int index) {
@@ -30,11 +28,7 @@ void ChoiceControl::choose(int index) {
     return;
   }
   setSelectedIndex(index);
-  send([action = action_, index] {
-    if (action) {
-      action(index);
-    }
-  });
+  send(deferred(action_, index));
 }
 
 std::vector<AccessiblePart> ChoiceControl::accessibleParts() const {

@@ -4,17 +4,12 @@
 #include <utility>
 
 #include "kit/controls/Window.h"
+#include "kit/host/Host.h"
 #include "kit/turn/Turn.h"
 
 namespace tarnwell::kit {
 
 Control::~Control() { *handle_ = nullptr; }
-
-void Control::setEnabled(bool enabled) {
-  if (std::exchange(enabled_, enabled) != enabled) {
-    changed(Aspect::enabled);
-  }
-}
 
 void Control::setFrame(const Rect& frame) {
   if (std::exchange(frame_, frame) == frame) {
@@ -24,20 +19,6 @@ void Control::setFrame(const Rect& frame) {
     peer_->place(frame);
   }
   placed();
-}
-
-void Control::setAccessibleName(std::string name) {
-  if (name != accessibleName_) {
-    accessibleName_ = std::move(name);
-    changed(Aspect::accessibleName);
-  }
-}
-
-void Control::setAccessibleDescription(std::string description) {
-  if (description != accessibleDescription_) {
-    accessibleDescription_ = std::move(description);
-    changed(Aspect::accessibleDescription);
-  }
 }
 
 void Control::setLabel(const Control* label) { label_ = label != nullptr ? label->handle() : nullptr; }
@@ -81,6 +62,8 @@ void Control::attach(std::unique_ptr<Peer> peer) {
   }
   attached();
 }
+
+std::unique_ptr<Peer> Control::makePeer(Host& host, Peer& parent) { return host.peer(any(), parent); }
 
 Measurement Control::measure(Proposal proposal) const {
   const auto measured = peer_ ? peer_->measure(proposal) : std::nullopt;

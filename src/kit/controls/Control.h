@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "kit/controls/Accessible.h"
+#include "kit/host/AnyControl.h"
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
 #include "kit/host/Peer.h"
@@ -28,7 +29,7 @@ class Control {
   virtual ~Control();
 
   bool isEnabled() const { return enabled_; }
-  void setEnabled(bool enabled);
+  void setEnabled(bool enabled) { set(enabled_, enabled, Aspect::enabled); }
 
   /// In the parent's coordinates; empty until it was placed.
   const Rect& frame() const { return frame_; }
@@ -37,11 +38,13 @@ class Control {
 
   /// What a screen reader calls it.
   const std::string& accessibleName() const { return accessibleName_; }
-  void setAccessibleName(std::string name);
+  void setAccessibleName(std::string name) { set(accessibleName_, std::move(name), Aspect::accessibleName); }
 
   /// What it tells beside the name.
   const std::string& accessibleDescription() const { return accessibleDescription_; }
-  void setAccessibleDescription(std::string description);
+  void setAccessibleDescription(std::string description) {
+    set(accessibleDescription_, std::move(description), Aspect::accessibleDescription);
+  }
 
   /// The text on the screen that names it; null for none.
   Control* label() const { return label_ ? *label_ : nullptr; }
@@ -69,7 +72,9 @@ class Control {
   void attach(std::unique_ptr<Peer> peer);
   Peer* peer() const { return peer_.get(); }
 
-  virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) = 0;
+  virtual std::unique_ptr<Peer> makePeer(Host& host, Peer& parent);
+  /// Itself, as what a host knows it as.
+  virtual AnyControl any() = 0;
 
   /// What it takes of a proposal: the peer says, or `sizeThatFits`.
   Measurement measure(Proposal proposal) const;
@@ -101,7 +106,16 @@ class Control {
   void changed(Aspect aspect);
   /// After a report of the host that changes nothing.
   void refuse() { changed(Aspect::value); }
+  /// Tells the peer if `state` becomes another.
+  template <class T>
+  void set(T& state, T value, Aspect aspect) {
+    if (value != state) {
+      state = std::move(value);
+      changed(aspect);
+    }
+  }
   void sizeChangedByItself();
+  /// As part of the turn. It may end the control.
   void send(Action action);
   Turn* turn() const { return turn_; }
 

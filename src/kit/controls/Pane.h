@@ -7,7 +7,7 @@ namespace tarnwell::kit {
 /// A control that is only there to hold others: its peer is their parent.
 class Pane : public Control {
  public:
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }

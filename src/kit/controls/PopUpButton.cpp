@@ -1,10 +1,6 @@
 #include "kit/controls/PopUpButton.h"
 
-#include "kit/host/Host.h"
-
 namespace tarnwell::kit {
-
-std::unique_ptr<Peer> PopUpButton::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Accessible PopUpButton::ownAccessible() const {
   return {.role = AccessibleRole::popUpButton,

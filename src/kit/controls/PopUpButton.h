@@ -15,7 +15,7 @@ class MenuPeer {
 /// A button that shows the chosen item and offers the others in a menu.
 class PopUpButton final : public ChoiceControl {
  public:
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override;

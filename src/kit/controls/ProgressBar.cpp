@@ -2,21 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
-
-#include "kit/host/Host.h"
 
 namespace tarnwell::kit {
 
 void ProgressBar::setShare(std::optional<double> share) {
   const bool isKnown = share && !std::isnan(*share);
-  const auto next = isKnown ? std::optional(std::clamp(*share, 0.0, 1.0)) : std::nullopt;
-  if (std::exchange(share_, next) != next) {
-    changed(Aspect::value);
-  }
+  set(share_, isKnown ? std::optional(std::clamp(*share, 0.0, 1.0)) : std::nullopt, Aspect::value);
 }
-
-std::unique_ptr<Peer> ProgressBar::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Accessible ProgressBar::ownAccessible() const {
   if (!share_) {

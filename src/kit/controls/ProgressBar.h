@@ -14,7 +14,7 @@ class ProgressBar final : public Control {
   /// Held to that range; a share that is no number is an unknown one.
   void setShare(std::optional<double> share);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   /// Without value and range while the share is unknown.

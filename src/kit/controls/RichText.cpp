@@ -1,7 +1,5 @@
 #include "kit/controls/RichText.h"
 
-#include "kit/host/Host.h"
-
 namespace tarnwell::kit {
 
 void RichText::setText(StyledText text) {
@@ -48,8 +46,8 @@ void RichText::findLinks() {
 
 void RichText::follow(int link) {
   const auto index = static_cast<std::size_t>(link);
-  if (follow_ && isEnabled() && link >= 0 && index < links_.size()) {
-    send([follow = follow_, address = links_[index].address] { follow(address); });
+  if (isEnabled() && link >= 0 && index < links_.size()) {
+    send(deferred(follow_, links_[index].address));
   }
 }
 
@@ -68,7 +66,5 @@ Accessible RichText::ownAccessible() const {
   }
   return told;
 }
-
-std::unique_ptr<Peer> RichText::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 }  // namespace tarnwell::kit

@@ -52,7 +52,7 @@ class RichText final : public Control {
   /// The user's doing: the link of that number, counted from 0. Nothing where there is none.
   void follow(int link);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   std::vector<AccessiblePart> accessibleParts() const override;
   bool takesFocus() const override { return !links_.empty(); }
 

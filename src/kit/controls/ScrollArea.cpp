@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "kit/host/Host.h"
-
 namespace tarnwell::kit {
 
 void ScrollArea::setContentHeight(double height) {
@@ -16,12 +14,7 @@ void ScrollArea::setContentHeight(double height) {
   }
 }
 
-void ScrollArea::scrollTo(double offset) {
-  const double next = held(offset);
-  if (std::exchange(offset_, next) != next) {
-    changed(Aspect::value);
-  }
-}
+void ScrollArea::scrollTo(double offset) { set(offset_, held(offset), Aspect::value); }
 
 void ScrollArea::reveal(const Rect& rect) {
   if (rect.y < offset_) {
@@ -30,8 +23,6 @@ void ScrollArea::reveal(const Rect& rect) {
     scrollTo(rect.bottom() - bounds().height);
   }
 }
-
-std::unique_ptr<Peer> ScrollArea::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Measurement ScrollArea::sizeThatFits(Proposal proposal) const {
   return {.size = {.width = proposal.width.value_or(0), .height = proposal.height.value_or(contentHeight_)}};

@@ -21,7 +21,7 @@ class ScrollArea final : public Control {
   /// Scrolls as little as shows `rect` of the content.
   void reveal(const Rect& rect);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::group}; }

@@ -36,25 +36,6 @@ Slider::Range Slider::rangeIn(const Coder& coder) {
   return std::isfinite(length) && length >= 0 ? range : Range{};
 }
 
-void Slider::setDoubleValue(double value) {
-  const double next = clamped(value);
-  if (std::exchange(value_, next) != next) {
-    changed(Aspect::value);
-  }
-}
-
-void Slider::setNumberOfTickMarks(int count) {
-  if (std::exchange(tickMarks_, count) != count) {
-    changed(Aspect::style);
-  }
-}
-
-void Slider::setUpsideDown(bool upsideDown) {
-  if (std::exchange(upsideDown_, upsideDown) != upsideDown) {
-    changed(Aspect::style);
-  }
-}
-
 Rect Slider::rectOfTickMarkAtIndex(int index) const {
   const bool exists = index >= 0 && index < tickMarks_;
   return exists && host_ != nullptr ? host_->rectOfTickMark(*this, index) : Rect{};
@@ -69,17 +50,12 @@ void Slider::choose(double value) {
   }
   value_ = clamped(value);
   changed(Aspect::value);
-  // A copy: the action may end the slider.
-  send([this, action = action_] {
-    if (action) {
-      action(*this);
-    }
-  });
+  send(deferred(action_, std::ref(*this)));
 }
 
 std::unique_ptr<Peer> Slider::makePeer(Host& host, Peer& parent) {
   joinHost(host);
-  return host.peer(*this, parent);
+  return Control::makePeer(host, parent);
 }
 
 Accessible Slider::ownAccessible() const {

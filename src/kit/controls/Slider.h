@@ -27,17 +27,17 @@ class Slider : public Control {
 
   /// Always within the range; a value that is no number counts as the minimum.
   double doubleValue() const { return value_; }
-  void setDoubleValue(double value);
+  void setDoubleValue(double value) { set(value_, clamped(value), Aspect::value); }
 
   double minValue() const { return minValue_; }
   double maxValue() const { return maxValue_; }
 
   int numberOfTickMarks() const { return tickMarks_; }
-  void setNumberOfTickMarks(int count);
+  void setNumberOfTickMarks(int count) { set(tickMarks_, count, Aspect::style); }
 
   /// Drawn, tick marks and all, turned about its centre by half a turn; its own coordinates turn with it.
   bool isUpsideDown() const { return upsideDown_; }
-  void setUpsideDown(bool upsideDown);
+  void setUpsideDown(bool upsideDown) { set(upsideDown_, upsideDown, Aspect::style); }
 
   /// `host`, borrowed, says where tick marks are. The one that makes its peer joins by itself.
   void joinHost(const Host& host) { host_ = &host; }
@@ -53,6 +53,7 @@ class Slider : public Control {
   void choose(double value);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }
 
  protected:

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "kit/host/Host.h"
-
 namespace tarnwell::kit {
 
 void Stepper::setValue(double value) {
@@ -23,11 +21,7 @@ void Stepper::choose(double value) {
   }
   value_ = std::clamp(value, range_.least, range_.most);
   changed(Aspect::value);
-  send([action = action_, value = value_] {
-    if (action) {
-      action(value);
-    }
-  });
+  send(deferred(action_, value_));
 }
 
 int Stepper::repeatDelay(int steps) {
@@ -37,8 +31,6 @@ int Stepper::repeatDelay(int steps) {
   constexpr double faster = 0.94;
   return steps <= 1 ? first : std::max(shortest, static_cast<int>(longest * std::pow(faster, steps - 2)));
 }
-
-std::unique_ptr<Peer> Stepper::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Accessible Stepper::ownAccessible() const {
   return {.role = AccessibleRole::stepper,

@@ -38,7 +38,7 @@ class Stepper final : public Control {
   /// then less and less.
   static int repeatDelay(int steps);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }
 
  protected:

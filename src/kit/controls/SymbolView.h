@@ -15,19 +15,21 @@ class SymbolView final : public Control {
   static constexpr double usualSide = 18;
 
   const std::string& symbol() const { return symbol_; }
-  void setSymbol(std::string name);
+  void setSymbol(std::string name) { set(symbol_, std::move(name), Aspect::value); }
 
   double side() const { return side_; }
-  void setSide(double side);
+  void setSide(double side) { set(side_, side, Aspect::style); }
 
   ColorRole color() const { return color_; }
-  void setColor(ColorRole color);
+  void setColor(ColorRole color) { set(color_, color, Aspect::style); }
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   /// Decoration unless it has a name: beside a title that says the same it needs none.
-  Accessible ownAccessible() const override;
+  Accessible ownAccessible() const override {
+    return {.role = accessibleName().empty() ? AccessibleRole::decoration : AccessibleRole::image};
+  }
   std::vector<Aspect> aspects() const override { return {Aspect::value, Aspect::style}; }
 
  private:

@@ -1,7 +1,5 @@
 #include "kit/controls/TabBar.h"
 
-#include "kit/host/Host.h"
-
 namespace tarnwell::kit {
 
 void TabBar::chooseBeside(int distance) {
@@ -10,8 +8,6 @@ void TabBar::chooseBeside(int distance) {
     choose(((selectedIndex() + distance) % count + count) % count);
   }
 }
-
-std::unique_ptr<Peer> TabBar::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Accessible TabBar::ownAccessible() const {
   return {.role = AccessibleRole::tabBar, .actions = {AccessibleAction::choosePart}};

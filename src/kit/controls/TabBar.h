@@ -10,7 +10,7 @@ class TabBar final : public ChoiceControl {
   /// The user's doing: the one that many tabs to the right, to the left where negative; the first follows the last.
   void chooseBeside(int distance);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override;

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "kit/controls/Window.h"
-#include "kit/host/Host.h"
 
 namespace tarnwell::kit {
 
@@ -38,11 +37,7 @@ void TextField::commit() {
   }
   // The typed text is not the text yet: the owner decides, and the field then shows what it decided.
   changed(Aspect::value);
-  send([action = action_, typed = typed_] {
-    if (action) {
-      action(typed);
-    }
-  });
+  send(deferred(action_, typed_));
 }
 
 void TextField::cancel() {
@@ -50,8 +45,6 @@ void TextField::cancel() {
     changed(Aspect::value);
   }
 }
-
-std::unique_ptr<Peer> TextField::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
 
 Accessible TextField::ownAccessible() const {
   return {.role = AccessibleRole::textField, .value = shownText(), .actions = {AccessibleAction::setValue}};

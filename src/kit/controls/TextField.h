@@ -30,7 +30,7 @@ class TextField final : public Control {
   /// Gives up what was typed.
   void cancel();
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }
 
  protected:

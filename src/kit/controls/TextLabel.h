@@ -15,12 +15,12 @@ class TextLabel final : public Control {
   };
 
   const std::string& text() const { return text_; }
-  void setText(std::string text);
+  void setText(std::string text) { set(text_, std::move(text), Aspect::title); }
 
   const Style& style() const { return style_; }
-  void setStyle(const Style& style);
+  void setStyle(const Style& style) { set(style_, style, Aspect::style); }
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
 
  protected:
   Accessible ownAccessible() const override { return {.role = AccessibleRole::text, .name = text_}; }

@@ -13,14 +13,14 @@ class Toggle final : public Control {
   using ToggleAction = std::function<void(bool)>;
 
   Style style() const { return style_; }
-  void setStyle(Style style);
+  void setStyle(Style style) { set(style_, style, Aspect::style); }
 
   /// What stands beside a check box, and is a part of it.
   const std::string& title() const { return title_; }
-  void setTitle(std::string title);
+  void setTitle(std::string title) { set(title_, std::move(title), Aspect::title); }
 
   bool isOn() const { return on_; }
-  void setOn(bool on);
+  void setOn(bool on) { set(on_, on, Aspect::value); }
 
   void setAction(ToggleAction action) { action_ = std::move(action); }
 
@@ -35,7 +35,7 @@ class Toggle final : public Control {
   /// Where it stands already is no action.
   void choose(bool on);
 
-  std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
+  AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }
 
  protected:

@@ -56,7 +56,8 @@ std::string authorities() {
 system::Result<PublicKey> keyIn(const std::string& text) {
   auto key = PublicKey::parse(text);
   return key ? key
-             : system::Failure{"This build of Tarnwell cannot verify a newer version: " + key.error().message + "."};
+             : system::Failure{"This build of " TARNWELL_NAME " cannot verify a newer version: " + key.error().message +
+                               "."};
 }
 
 // What lacks a signature is refused before the user is asked to install it.
@@ -83,10 +84,7 @@ Done fetchFeed(const Arguments& arguments, const Given& given, const Say& say) {
   }
   FeedReader reader;
   const Done fetched = given.fetch(downloadOf(arguments, FeedReader::maximumLength, feedLimit),
-                                   [&reader](std::string_view bytes) -> Done {
-                                     const auto refusal = reader.feed(bytes);
-                                     return refusal ? Done(*refusal) : Done();
-                                   });
+                                   [&reader](std::string_view bytes) { return reader.feed(bytes); });
   const auto items = fetched ? reader.finish() : fetched.error();
   if (!items) {
     return items.error();
@@ -150,7 +148,7 @@ Done verify(const Arguments& arguments, const Given& given, const Say& say) {
   if (!kind) {
     return kind.error();
   }
-  say({release::kindWord, *kind == nullptr ? "other" : (*kind)->name});
+  say({release::kindWord, (*kind)->name});
   return {};
 }
 
@@ -167,33 +165,29 @@ Done readNotesAloud(const Arguments& /*arguments*/, const Given& given, const Sa
 // What is looked at again is the copy, which no other process has open: it is what was verified, or it is not placed.
 Done place(const Arguments& arguments, const Given& given, const Say& /*say*/) {
   const auto order = orderIn(arguments);
-  if (!order) {
-    return order.error();
+  const PackageKind* kind = packageKind(arguments[5]);
+  if (!order || kind == nullptr) {
+    return order ? unknownKind() : order.error();
   }
-  const std::string& target = arguments[5];
-  system::AtomicFile file(duplicate(given.folder), target, ownerReads);
-  Done done = file.copy(given.input);
-  const PackageKind* kind = packageKind(given.input);
+  const std::string& target = arguments[6];
+  system::AtomicFile copy(duplicate(given.folder), target, ownerReads);
+  Done done = copy.copy(given.input);
   if (done) {
-    const auto held = order->claim.holdSignatures(order->key, file.descriptor());
-    if (!held) {
-      return held.error();
+    const auto held = order->claim.holdSignatures(order->key, copy.descriptor());
+    if (!held || *held != kind) {
+      return held ? thrownAway("it is not of the kind that was verified") : held.error();
     }
-    kind = *held;
-    done = file.place();
+    done = kind->place(copy, given.folder, target);
   }
-  if (done || kind == nullptr) {
-    return done;
-  }
-  return kind->unplaced(target, std::generic_category().message(done.error().error));
+  return done ? done : kind->unplaced(target, std::generic_category().message(done.error().error));
 }
 
 constexpr std::array jobs = {
-    Job{"fetch-feed", 4, &fenceFetching, &fetchFeed},
-    Job{"fetch-package", 4, &fenceFetching, &fetchPackage},
-    Job{"read-notes", 0, &fenceReading, &readNotesAloud},
-    Job{"verify", 5, &fenceLooking, &verify},
-    Job{"place", 6, &fencePlacing, &place},
+    Job{"fetch-feed", 4, feedLimit + std::chrono::minutes(1), &fenceFetching, &fetchFeed},
+    Job{"fetch-package", 4, packageLimit + std::chrono::hours(1), &fenceFetching, &fetchPackage},
+    Job{"read-notes", 0, std::chrono::seconds(30), &fenceReading, &readNotesAloud},
+    Job{"verify", 5, std::chrono::minutes(10), &fenceLooking, &verify},
+    Job{"place", 7, std::chrono::minutes(10), &fencePlacing, &place},
 };
 
 }  // namespace

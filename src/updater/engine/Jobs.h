@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,8 +26,11 @@ struct Given {
 struct Job {
   const char* name;
   std::size_t parameters;
-  /// Gives up all rights that the job does not need. Returns what could not be given up, as sentences for the log.
-  std::vector<std::string> (*confine)();
+  /// When it is killed, by the clock. Where the work has limits of its own, they end it sooner and say why.
+  std::chrono::seconds limit;
+  /// Gives up all rights that the job does not need, and time past that limit. Returns what could not be given up, as
+  /// sentences for the log.
+  std::vector<std::string> (*confine)(std::chrono::seconds limit);
   /// Blocks until it is done. A failure is a sentence for people.
   system::Result<void> (*run)(const std::vector<std::string>& arguments, const Given& given, const Say& say);
 };

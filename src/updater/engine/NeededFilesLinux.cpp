@@ -1,6 +1,8 @@
 #include <link.h>
 
 #include <initializer_list>
+#include <system_error>
+#include <vector>
 
 #include "updater/engine/NeededFiles.h"
 
@@ -9,9 +11,7 @@ namespace {
 
 using confinement::Rights;
 
-/// Where libraries are that are loaded when they are needed, as those that look up names.
-constexpr std::initializer_list<const char*> libraries = {"/usr/lib", "/usr/lib64", "/lib", "/lib64",
-                                                          "/etc/ld.so.cache"};
+constexpr const char* loaderCache = "/etc/ld.so.cache";
 
 /// What the C library asks about names, and where distributions keep the certificates of authorities.
 constexpr std::initializer_list<const char*> network = {"/etc/resolv.conf",
@@ -27,9 +27,8 @@ constexpr std::initializer_list<const char*> network = {"/etc/resolv.conf",
                                                         "/usr/local/share/ca-certificates",
                                                         "/dev/urandom"};
 
-/// What reads a Debian package, and what that starts.
-constexpr std::initializer_list<const char*> packageTools = {"/usr/bin/dpkg-deb", "/usr/bin/tar", "/usr/bin/rm",
-                                                             "/bin/tar", "/bin/rm"};
+/// What reads a Debian package.
+constexpr std::initializer_list<const char*> packageTools = {"/usr/bin/dpkg-deb", "/usr/bin/tar", "/bin/tar"};
 
 void add(std::vector<std::filesystem::path>& paths, std::initializer_list<const char*> more) {
   paths.insert(paths.end(), more.begin(), more.end());
@@ -47,22 +46,52 @@ int findLoader(dl_phdr_info* object, std::size_t /*size*/, void* path) {
   return 1;  // The first object is the program itself.
 }
 
+std::filesystem::path loader() {
+  const char* path = "";
+  ::dl_iterate_phdr(&findLoader, &path);
+  return path;
+}
+
+/// Where this system has its libraries: the loader's own folder, and the one that belongs to it where libraries are
+/// parted between / and /usr.
+std::vector<std::filesystem::path> libraryFolders() {
+  std::error_code error;
+  const auto folder = std::filesystem::canonical(loader(), error).parent_path();
+  if (error) {
+    return {};
+  }
+  return {folder, std::filesystem::path("/usr") / folder.relative_path()};
+}
+
+/// Shared libraries, but none of the folders beside them: the loader would start the programs in there.
+void addLibraries(Rights& rights, const std::filesystem::path& folder) {
+  std::error_code ignored;  // What is not there is passed over.
+  for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+    const bool isNamedSo = entry.path().filename().string().find(".so") != std::string::npos;
+    if (isNamedSo && !entry.is_directory(ignored)) {
+      rights.readable.push_back(entry.path());
+    }
+  }
+}
+
 }  // namespace
 
 void addNetworkFiles(Rights& rights) {
-  add(rights.readable, libraries);
+  // With the folders in there: libraries of names, of certificates and of ciphers are loaded when they are needed.
+  for (const auto& folder : libraryFolders()) {
+    rights.readable.push_back(folder);
+  }
+  add(rights.readable, {loaderCache});
   add(rights.readable, network);
 }
 
 void addPackageTools(Rights& rights) {
-  add(rights.readable, libraries);
-  add(rights.readable, {"/dev/null"});
-  add(rights.programs, packageTools);
-  const char* loader = nullptr;
-  ::dl_iterate_phdr(&findLoader, &loader);
-  if (loader != nullptr) {
-    rights.programs.emplace_back(loader);
+  for (const auto& folder : libraryFolders()) {
+    addLibraries(rights, folder);
   }
+  add(rights.readable, {loaderCache, "/dev/null"});
+  add(rights.programs, packageTools);
+  rights.programs.push_back(loader());
 }
 
 }  // namespace tarnwell::updater

@@ -13,18 +13,13 @@ namespace {
 
 // Without a reader there is nothing left to do.
 void say(const release::Message& message) {
-  const std::string line = release::lineOf(message);
-  for (std::string_view rest = line; !rest.empty();) {
-    const ssize_t count = ::write(STDOUT_FILENO, rest.data(), rest.size());
-    if (count <= 0) {
-      ::_exit(EXIT_FAILURE);
-    }
-    rest.remove_prefix(static_cast<std::size_t>(count));
+  if (!diagnostics::print(release::lineOf(message))) {
+    ::_exit(EXIT_FAILURE);
   }
 }
 
 int run(const Job& job, const std::vector<std::string>& arguments) {
-  const auto missing = job.confine();
+  const auto missing = job.confine(job.limit);
   say({release::engineWord, release::engineVersion});
   for (const std::string& fence : missing) {
     say({release::unfencedWord, fence});
@@ -46,7 +41,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): what is
   const std::vector<std::string> words(argv + 1, argv + argc);
   const updater::Job* job = words.empty() ? nullptr : updater::jobCalled(words.front());
   if (job == nullptr || words.size() != job->parameters + 1) {
-    diagnostics::reportError("the update engine is started by Tarnwell, and does nothing by itself");
+    diagnostics::reportError("the update engine is started by the application, and does nothing by itself");
     return EXIT_FAILURE;
   }
   // At once: what libraries do in their end may need what was given up.

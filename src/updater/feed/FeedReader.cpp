@@ -90,13 +90,13 @@ FeedReader::FeedReader() : handler_(std::make_unique<FeedHandler>()), parser_(st
 
 FeedReader::~FeedReader() = default;
 
-std::optional<system::Failure> FeedReader::feed(std::string_view bytes) {
-  while (!failure_ && !bytes.empty()) {
+system::Result<void> FeedReader::feed(std::string_view bytes) {
+  while (usable_ && !bytes.empty()) {
     const std::string_view piece = bytes.substr(0, block - pending_.size());
     bytes.remove_prefix(piece.size());
     length_ += piece.size();
     if (length_ > maximumLength) {
-      failure_ = unusable("it is larger than " + std::to_string(maximumLength / 1024) + " KiB");
+      usable_ = unusable("it is larger than " + std::to_string(maximumLength / 1024) + " KiB");
       break;
     }
     pending_ += piece;
@@ -104,27 +104,27 @@ std::optional<system::Failure> FeedReader::feed(std::string_view bytes) {
       parse(false);
     }
   }
-  return failure_;
+  return usable_;
 }
 
 void FeedReader::parse(bool isLast) {
   const std::string bytes = std::exchange(pending_, {});
   const auto status = XML_Parse(parser_->handle, bytes.data(), static_cast<int>(bytes.size()), isLast ? 1 : 0);
   if (handler_->refusal()) {
-    failure_ = unusable(*handler_->refusal());
+    usable_ = unusable(*handler_->refusal());
   } else if (status != XML_STATUS_OK) {
-    failure_ = malformed(parser_->handle);
+    usable_ = malformed(parser_->handle);
   } else if (isLast && !handler_->hasChannel()) {
-    failure_ = unusable("it has no channel");
+    usable_ = unusable("it has no channel");
   }
 }
 
 system::Result<std::vector<release::FeedItem>> FeedReader::finish() {
-  if (!failure_) {
+  if (usable_) {
     parse(true);
   }
-  if (failure_) {
-    return *failure_;
+  if (!usable_) {
+    return usable_.error();
   }
   return handler_->takeItems();
 }

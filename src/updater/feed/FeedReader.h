@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,7 +35,7 @@ class FeedReader {
   ~FeedReader();
 
   /// Returns why the feed cannot be used, from the first time on that this is known.
-  std::optional<system::Failure> feed(std::string_view bytes);
+  system::Result<void> feed(std::string_view bytes);
   /// To be called once, behind the last byte: the items in the order of the feed.
   system::Result<std::vector<release::FeedItem>> finish();
 
@@ -47,7 +46,7 @@ class FeedReader {
   std::unique_ptr<XmlParser> parser_;
   std::string pending_;
   std::size_t length_ = 0;
-  std::optional<system::Failure> failure_;
+  system::Result<void> usable_;
 };
 
 }  // namespace tarnwell::updater

@@ -25,6 +25,7 @@ constinit const PackageKind appImage = {.name = "app-image",
                                         .isOne = &isAppImage,
                                         .ownVersion = nullptr,
                                         .isVersionOf = nullptr,
+                                        .place = &placeFile,
                                         .unplaced = &unplacedAppImage};
 
 }  // namespace tarnwell::updater

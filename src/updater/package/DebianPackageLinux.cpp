@@ -2,6 +2,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "system/Pipe.h"
 #include "system/Process.h"
@@ -11,7 +15,8 @@ namespace tarnwell::updater {
 namespace {
 
 constexpr std::chrono::seconds toolLimit(30);
-constexpr std::size_t longestVersion = 200;  // Bytes.
+constexpr std::size_t longestControl = std::size_t{1} << 20U;  // Bytes.
+constexpr std::size_t longestVersion = 200;                    // Bytes.
 
 system::Failure unreadable(const std::string& reason) {
   return {"The downloaded update was thrown away, because it cannot be seen which version it is: " + reason + "."};
@@ -19,32 +24,65 @@ system::Failure unreadable(const std::string& reason) {
 
 bool isDebianPackage(std::string_view start) { return start.starts_with("!<arch>\ndebian-binary"); }
 
-// As the system's own tool reads it.
-system::Result<std::string> debianVersion(int descriptor) {
-  system::Pipe pipe = system::Pipe::create("look into a package");
-  // The tool's own standard streams would take its place.
-  const system::Descriptor package(::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+// No value where there is none, or more than one.
+std::optional<std::string> versionIn(const std::string& control) {
+  constexpr std::string_view field = "\nVersion:";
+  constexpr const char* blanks = " \t";
+  const std::string text = "\n" + control;
+  const std::size_t place = text.find(field);
+  if (place == std::string::npos || text.find(field, place + 1) != std::string::npos) {
+    return std::nullopt;
+  }
+  const std::size_t start = place + field.size();
+  const std::string value = text.substr(start, text.find('\n', start) - start);
+  const std::size_t first = value.find_first_not_of(blanks);
+  const std::size_t last = value.find_last_not_of(blanks);
+  return first == std::string::npos || last - first >= longestVersion
+             ? std::nullopt
+             : std::optional(value.substr(first, last - first + 1));
+}
+
+system::Result<system::Process> startTool(std::vector<std::string> words, int input, int output, int extra) {
   const system::Descriptor nothing(::open("/dev/null", O_WRONLY | O_CLOEXEC));
-  // It finds the package at 3, reads nothing else, and goes with us or when its time is up.
-  auto tool = system::Process::start({.words = {"dpkg-deb", "--field", "/proc/self/fd/3", "Version"},
-                                      .output = pipe.writeEnd.number(),
-                                      .errors = nothing.number(),
-                                      .extra = package.number(),
-                                      .endsWithStarter = true,
-                                      .limit = toolLimit});
-  if (!tool) {
+  return system::Process::start({.words = std::move(words),
+                                 .input = input,
+                                 .output = output,
+                                 .errors = nothing.number(),
+                                 .extra = extra,
+                                 .endsWithStarter = true,
+                                 .limit = toolLimit});
+}
+
+// Nothing where the tools do not end well; a failure where there is none.
+system::Result<std::optional<std::string>> controlOf(int package) {
+  system::Pipe archive = system::Pipe::create("look into a package");
+  system::Pipe control = system::Pipe::create("look into a package");
+  // It finds the package at 3, and reads nothing else.
+  auto unpacking = startTool({"dpkg-deb", "--ctrl-tarfile", "/proc/self/fd/3"}, -1, archive.writeEnd.number(), package);
+  if (!unpacking) {
+    return unpacking.error();
+  }
+  auto reading = startTool({"tar", "-xOf", "-", "./control"}, archive.readEnd.number(), control.writeEnd.number(), -1);
+  archive = {};
+  control.writeEnd.close();
+  auto text = control.readEnd.readAll(longestControl);
+  control.readEnd.close();
+  const bool isUnpacked = unpacking->wait().isSuccess();
+  const bool isRead = reading && reading->wait().isSuccess();
+  const bool isWhole = text && text->size() <= longestControl;
+  return isUnpacked && isRead && isWhole ? text : std::nullopt;
+}
+
+// As the system's own tools read it. They write no file.
+system::Result<std::string> debianVersion(int descriptor) {
+  // The tools' own standard streams would take its place.
+  const system::Descriptor package(::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+  const auto control = controlOf(package.number());
+  if (!control) {
     return unreadable("it is a Debian package, and this system has no dpkg-deb to look into it");
   }
-  pipe.writeEnd.close();
-  std::string version = pipe.readEnd.readAll(longestVersion).value_or("");
-  pipe.readEnd.close();
-  const bool isRead = tool->wait().isSuccess();
-  const bool isOneLine = version.size() > 1 && version.find('\n') == version.size() - 1;
-  if (!isRead || version.size() > longestVersion || !isOneLine) {
-    return unreadable("dpkg-deb does not find a version in it");
-  }
-  version.pop_back();
-  return version;
+  const auto version = *control ? versionIn(**control) : std::nullopt;
+  return version ? system::Result<std::string>(*version) : unreadable("dpkg-deb does not find a version in it");
 }
 
 // The same text but for a Debian revision. A feed that counts revisions is refused: the running program does not know
@@ -63,6 +101,7 @@ constinit const PackageKind debianPackage = {.name = "debian",
                                              .isOne = &isDebianPackage,
                                              .ownVersion = &debianVersion,
                                              .isVersionOf = &isDebianVersionOf,
+                                             .place = &placeFile,
                                              .unplaced = &unplacedPackage};
 
 }  // namespace tarnwell::updater

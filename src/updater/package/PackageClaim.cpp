@@ -49,7 +49,7 @@ system::Result<PackageClaim> PackageClaim::create(const release::FeedItem& item)
 
 system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int descriptor) const {
   auto signedKind = holdSignatures(key, descriptor);
-  if (!signedKind || *signedKind == nullptr || (*signedKind)->ownVersion == nullptr) {
+  if (!signedKind || (*signedKind)->ownVersion == nullptr) {
     return signedKind;
   }
   const auto confirmed = confirmOwnVersion(**signedKind, descriptor, version);
@@ -57,11 +57,14 @@ system::Result<const PackageKind*> PackageClaim::hold(const PublicKey& key, int 
 }
 
 system::Result<const PackageKind*> PackageClaim::holdSignatures(const PublicKey& key, int descriptor) const {
-  if (const auto mismatch = signature.verify(key, descriptor, length)) {
-    return thrownAway(mismatch->message);
+  if (const auto held = signature.verify(key, descriptor, length); !held) {
+    return thrownAway(held.error().message);
   }
   const PackageKind* kind = packageKind(descriptor);
-  if (kind == nullptr || kind->ownVersion != nullptr) {
+  if (kind == nullptr) {
+    return unknownKind();
+  }
+  if (kind->ownVersion != nullptr) {
     return kind;
   }
   const auto text = releaseText(version, descriptor);

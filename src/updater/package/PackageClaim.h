@@ -22,7 +22,7 @@ struct PackageClaim {
   /// Whether the file behind `descriptor` is that package: its length and signature, and that it is of that version,
   /// which it names itself or `releaseSignature` vouches for. A signature of the package alone says who made it, but
   /// not that it is the one that the feed is about: an old one could be offered under a new number. Blocks for as long
-  /// as reading the file takes. Returns its kind, null for none that is known.
+  /// as reading the file takes. Returns its kind; what is of none that this system installs is refused.
   system::Result<const PackageKind*> hold(const PublicKey& key, int descriptor) const;
   /// The same without asking a package that names its version itself, which takes a tool.
   system::Result<const PackageKind*> holdSignatures(const PublicKey& key, int descriptor) const;

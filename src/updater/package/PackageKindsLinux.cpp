@@ -9,4 +9,6 @@ std::span<const PackageKind* const> installedKinds() {
   return kinds;
 }
 
+const char* const noInstalledKind = "neither a Debian package nor an AppImage";
+
 }  // namespace tarnwell::updater

@@ -41,7 +41,7 @@ system::Result<Signature> Signature::parse(std::string_view base64) {
 
 // The algorithm wants the whole message at once. The file is mapped rather than copied: its pages are in the cache, as
 // it was just written, and half a gigabyte of our own could be more than there is.
-std::optional<system::Failure> Signature::verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const {
+system::Result<void> Signature::verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const {
   const auto mapped = system::MappedFile::create(descriptor);
   if (!mapped) {
     return mapped.error();
@@ -53,7 +53,7 @@ std::optional<system::Failure> Signature::verify(const PublicKey& key, int descr
   if (!holdsFor(key, {reinterpret_cast<const char*>(file.bytes()), file.length()})) {
     return system::Failure{"the signature does not belong to this file and key"};
   }
-  return std::nullopt;
+  return {};
 }
 
 bool Signature::holdsFor(const PublicKey& key, std::string_view bytes) const {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "system/Result.h"
@@ -18,9 +17,9 @@ class Signature {
   /// From base64. Refuses a second half that is not reduced, with which one signature could be made from another.
   static system::Result<Signature> parse(std::string_view base64);
 
-  /// Returns nothing only when the file behind `descriptor` is `fileLength` bytes long and this is its signature by the
+  /// Holds only when the file behind `descriptor` is `fileLength` bytes long and this is its signature by the
   /// owner of `key`. Blocks for as long as reading the file takes. The file must not change meanwhile.
-  std::optional<system::Failure> verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const;
+  system::Result<void> verify(const PublicKey& key, int descriptor, std::uint64_t fileLength) const;
   /// Whether it is the signature of these bytes by the owner of `key`.
   bool holdsFor(const PublicKey& key, std::string_view bytes) const;
 

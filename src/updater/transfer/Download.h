@@ -17,7 +17,7 @@ struct Download {
   /// For all of it, however fast it goes on; none where it is zero.
   std::chrono::milliseconds limit = {};
 
-  /// What the server is told of us, "Tarnwell/1.0".
+  /// What the server is told of us, "Name/1.0".
   std::string userAgent = {};
   /// The authorities that certificates are verified with, in PEM; the system's where it is empty.
   std::filesystem::path authorities = {};

@@ -12,7 +12,9 @@ namespace {
 constexpr double frameWidth = 1;
 
 /// The ground, with a line around it.
-struct ScrollFrame {};
+struct ScrollFrame {
+  using Node = class ScrollFrameNode;
+};
 
 class ScrollFrameNode final : public ControlNode {
  public:
@@ -23,12 +25,9 @@ class ScrollFrameNode final : public ControlNode {
   void updateControl() override {}
 };
 
-std::shared_ptr<MountedNode> makeNode(const ScrollFrame& /*frame*/, const Place& place) {
-  return std::make_shared<ScrollFrameNode>(place);
-}
-
 /// What scrolls, without the frame.
 struct ScrolledContent {
+  using Node = class ScrolledContentNode;
   std::string title = {};
   View content;
 };
@@ -59,10 +58,6 @@ class ScrolledContentNode final : public ScrollAreaNode {
     children().front()->place({.width = frame.width, .height = content.height});
   }
 };
-
-std::shared_ptr<MountedNode> makeNode(const ScrolledContent& /*scrolled*/, const Place& place) {
-  return std::make_shared<ScrolledContentNode>(place);
-}
 
 }  // namespace
 

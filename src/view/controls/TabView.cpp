@@ -10,6 +10,7 @@ namespace tarnwell::view {
 namespace {
 
 struct TabBarView {
+  using Node = class TabBarNode;
   std::vector<kit::TabBar::Item> items;
   Binding<int> selectedIndex;
 };
@@ -22,13 +23,10 @@ class TabBarNode final : public ChoiceNode<TabBarView, kit::TabBar> {
   std::string ownName() const override { return "Tabs"; }
 };
 
-std::shared_ptr<MountedNode> makeNode(const TabBarView& /*bar*/, const Place& place) {
-  return std::make_shared<TabBarNode>(place);
-}
-
 /// Knows its tab and its showing, so that another tab's content, or what was there before the window closed, is never
 /// taken for an update of this one's.
 struct Page {
+  using Node = class PageNode;
   int index = -1;
   int showing = 0;
   View content = EmptyView{};
@@ -69,10 +67,6 @@ class PageNode final : public MountedNode {
   int shownIndex_ = -1;
   int showing_ = 0;
 };
-
-std::shared_ptr<MountedNode> makeNode(const Page& /*page*/, const Place& place) {
-  return std::make_shared<PageNode>(place);
-}
 
 class TabViewNode final : public MountedNode {
  public:

@@ -10,16 +10,17 @@ namespace tarnwell::view {
 namespace {
 
 struct FrameModifier {
+  using Node = class FrameNode;
   View content;
   Frame frame;
 };
 
-class FrameNode final : public PassThroughNode {
+class FrameNode final : public ModifierNode<FrameModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
   std::string summary() const override {
-    const Frame& frame = valueAs<FrameModifier>().frame;
+    const Frame& frame = modifier().frame;
     return "Frame" + (frame.width ? " width " + plainText(*frame.width) : "") +
            (frame.minWidth ? " at least " + plainText(*frame.minWidth) + " wide" : "") +
            (frame.height ? " height " + plainText(*frame.height) : "") +
@@ -28,14 +29,12 @@ class FrameNode final : public PassThroughNode {
   }
 
  protected:
-  void apply() override { updateChildren({valueAs<FrameModifier>().content}, environment()); }
-
   bool laysOutLike(const Description& next) const override {
-    return valueOf<FrameModifier>(next).frame == valueAs<FrameModifier>().frame;
+    return valueOf<FrameModifier>(next).frame == modifier().frame;
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
-    const Frame& frame = valueAs<FrameModifier>().frame;
+    const Frame& frame = modifier().frame;
     kit::Measurement inner = child().measure(within(proposal));
     const std::optional<double> most = maxHeight(inner.size.width);
     if (most && inner.size.height > *most) {
@@ -50,11 +49,11 @@ class FrameNode final : public PassThroughNode {
 
   void placeContent(const kit::Rect& frame) override {
     kit::Size size = child().measure(within({.width = frame.width, .height = frame.height})).size;
-    if (!valueAs<FrameModifier>().frame.height) {
+    if (!modifier().frame.height) {
       // Content that insists on its size would lose its upper end on a low screen; so it learns of it and scrolls.
       size.height = std::min(size.height, frame.height);
     }
-    const double x = aligned(valueAs<FrameModifier>().frame.alignment, size.width, frame.width);
+    const double x = aligned(modifier().frame.alignment, size.width, frame.width);
     child().place({.x = frame.x + x,
                    .y = frame.y + (frame.height - size.height) / 2,
                    .width = size.width,
@@ -63,13 +62,13 @@ class FrameNode final : public PassThroughNode {
 
  private:
   std::optional<double> maxHeight(double width) const {
-    const std::optional<double> most = valueAs<FrameModifier>().frame.maxHeight;
+    const std::optional<double> most = modifier().frame.maxHeight;
     // What frames the whole content of a window frames a menu bar in it too.
     return most && isOutermost() ? std::max(0.0, *most - tree().chromeHeight(width)) : most;
   }
 
   kit::Proposal within(kit::Proposal proposal) const {
-    const Frame& frame = valueAs<FrameModifier>().frame;
+    const Frame& frame = modifier().frame;
     if (frame.width) {
       proposal.width = frame.width;
     } else if (frame.minWidth) {
@@ -85,44 +84,35 @@ class FrameNode final : public PassThroughNode {
   }
 };
 
-std::shared_ptr<MountedNode> makeNode(const FrameModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<FrameNode>(place);
-}
-
 struct FixedSizeModifier {
+  using Node = class FixedSizeNode;
   View content;
 };
 
-class FixedSizeNode final : public PassThroughNode {
+class FixedSizeNode final : public ModifierNode<FixedSizeModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
   std::string summary() const override { return "Fixed size"; }
 
  protected:
-  void apply() override { updateChildren({valueAs<FixedSizeModifier>().content}, environment()); }
   // Placed where there is less room, on a low screen, the content still learns of it.
   kit::Measurement layOut(kit::Proposal /*proposal*/) override { return child().measure({}); }
 };
 
-std::shared_ptr<MountedNode> makeNode(const FixedSizeModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<FixedSizeNode>(place);
-}
-
 struct PaddingModifier {
+  using Node = class PaddingNode;
   View content;
   double length;
 };
 
-class PaddingNode final : public PassThroughNode {
+class PaddingNode final : public ModifierNode<PaddingModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
   std::string summary() const override { return "Padding " + plainText(length()); }
 
  protected:
-  void apply() override { updateChildren({valueAs<PaddingModifier>().content}, environment()); }
-
   bool laysOutLike(const Description& next) const override { return valueOf<PaddingModifier>(next).length == length(); }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
@@ -140,17 +130,14 @@ class PaddingNode final : public PassThroughNode {
   }
 
  private:
-  double length() const { return valueAs<PaddingModifier>().length; }
+  double length() const { return modifier().length; }
   std::optional<double> within(std::optional<double> proposed) const {
     return proposed ? std::optional(std::max(0.0, *proposed - 2 * length())) : std::nullopt;
   }
 };
 
-std::shared_ptr<MountedNode> makeNode(const PaddingModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<PaddingNode>(place);
-}
-
 struct BackgroundModifier {
+  using Node = class BackgroundNode;
   View content;
   View background;
 };
@@ -179,10 +166,6 @@ class BackgroundNode final : public MountedNode {
     children()[1]->place(frame);
   }
 };
-
-std::shared_ptr<MountedNode> makeNode(const BackgroundModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<BackgroundNode>(place);
-}
 
 }  // namespace
 

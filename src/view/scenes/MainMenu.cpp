@@ -34,9 +34,9 @@ MainMenu::MainMenu(kit::Application& application, std::vector<CommandGroup> comm
   addApplicationMenu();
   addFileMenu();
   addEditMenu();
-  addViewMenu();
-  addWindowMenu();
-  addHelpMenu();
+  addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {});
+  addItems(addMenu("Window"), {platformEntry("Minimize", selectors::performMiniaturize, "m")});
+  addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {});
   application_.platform().showMainMenu(application_);
 }
 
@@ -111,13 +111,5 @@ void MainMenu::addEditMenu() {
                  platformEntry("Paste", selectors::paste, "v"), platformEntry("Delete", selectors::deleteSelection),
                  platformEntry("Select All", selectors::selectAll, "a")});
 }
-
-void MainMenu::addViewMenu() { addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {}); }
-
-void MainMenu::addWindowMenu() {
-  addItems(addMenu("Window"), {platformEntry("Minimize", selectors::performMiniaturize, "m")});
-}
-
-void MainMenu::addHelpMenu() { addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {}); }
 
 }  // namespace tarnwell::view

@@ -43,9 +43,6 @@ class MainMenu {
   void addApplicationMenu();
   void addFileMenu();
   void addEditMenu();
-  void addViewMenu();
-  void addWindowMenu();
-  void addHelpMenu();
 
   kit::Application& application_;
   const std::vector<CommandGroup> commands_;

@@ -53,7 +53,7 @@ void SceneRunner::install(const std::vector<Scene>& scenes) {
   mainMenu_ = std::make_unique<MainMenu>(application_, commandsOf(scenes), environment_);
   for (const Scene& scene : scenes) {
     if (const auto* extra = std::get_if<MenuBarExtra>(&scene)) {
-      add(*extra);
+      extras_.push_back(std::make_unique<Extra>(application_, *extra, environment_));
     }
   }
   opening_ = application_.platform().whenReady([this, scenes] { open(scenes); });
@@ -98,10 +98,6 @@ void SceneRunner::open(const std::vector<Scene>& scenes) {
       openWindow(*groupWindows_.back());
     });
   }
-}
-
-void SceneRunner::add(const MenuBarExtra& extra) {
-  extras_.push_back(std::make_unique<Extra>(application_, extra, environment_));
 }
 
 std::shared_ptr<HostedWindow> SceneRunner::makeWindow(const std::string& identifier, const std::string& title,

@@ -46,7 +46,6 @@ class SceneRunner {
   struct Extra;
 
   void open(const std::vector<Scene>& scenes);
-  void add(const MenuBarExtra& extra);
   std::shared_ptr<HostedWindow> makeWindow(const std::string& identifier, const std::string& title,
                                            const View& content);
   void openWindow(HostedWindow& hosted);

@@ -5,24 +5,18 @@ namespace tarnwell::view {
 namespace {
 
 struct EnvironmentModifier {
+  using Node = class EnvironmentNode;
   View content;
   std::function<EnvironmentValues(const EnvironmentValues&)> change;
 };
 
-class EnvironmentNode final : public PassThroughNode {
+class EnvironmentNode final : public ModifierNode<EnvironmentModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
  protected:
-  void apply() override {
-    const auto& modifier = valueAs<EnvironmentModifier>();
-    updateChildren({modifier.content}, modifier.change(environment()));
-  }
+  void apply() override { updateChildren({modifier().content}, modifier().change(environment())); }
 };
-
-std::shared_ptr<MountedNode> makeNode(const EnvironmentModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<EnvironmentNode>(place);
-}
 
 }  // namespace
 

@@ -9,13 +9,14 @@ namespace tarnwell::view {
 namespace {
 
 struct AppearModifier {
+  using Node = class AppearNode;
   View content;
   kit::Action action;
 };
 
-class AppearNode final : public PassThroughNode {
+class AppearNode final : public ModifierNode<AppearModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
   void showingChanged(bool shown) override {
     ++showingChanges_;
@@ -26,70 +27,60 @@ class AppearNode final : public PassThroughNode {
       const auto node = std::static_pointer_cast<AppearNode>(weak.lock());
       // A window may have closed in the same event, and opened once more: only the last showing is one.
       if (node && node->isMounted() && node->showingChanges_ == change) {
-        const kit::Action action = node->valueAs<AppearModifier>().action;
+        const kit::Action action = node->modifier().action;
         action();
       }
     });
   }
 
- protected:
-  void apply() override { updateChildren({valueAs<AppearModifier>().content}, environment()); }
-
  private:
   int showingChanges_ = 0;
 };
 
-std::shared_ptr<MountedNode> makeNode(const AppearModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<AppearNode>(place);
-}
-
 struct ChangeModifier {
+  using Node = class ChangeNode;
   View content;
   std::any value;
   bool (*same)(const std::any&, const std::any&);
   std::function<void(const std::any&)> action;
 };
 
-class ChangeNode final : public PassThroughNode {
+class ChangeNode final : public ModifierNode<ChangeModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
  protected:
   void apply() override {
-    const auto& modifier = valueAs<ChangeModifier>();
     // A value of another type is a first one: there is nothing to compare it with.
-    if (last_.type() == modifier.value.type() && !modifier.same(last_, modifier.value)) {
-      tree().addHandler([action = modifier.action, value = modifier.value] { action(value); });
+    if (last_.type() == modifier().value.type() && !modifier().same(last_, modifier().value)) {
+      tree().addHandler([action = modifier().action, value = modifier().value] { action(value); });
     }
-    last_ = modifier.value;
-    updateChildren({modifier.content}, environment());
+    last_ = modifier().value;
+    updateChildren({modifier().content}, environment());
   }
 
  private:
   std::any last_;
 };
 
-std::shared_ptr<MountedNode> makeNode(const ChangeModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<ChangeNode>(place);
-}
-
 struct ReceiveModifier {
+  using Node = class ReceiveNode;
   View content;
   std::function<kit::Subscription(kit::NotificationCenter::Handler)> subscribe;
   kit::NotificationCenter::Handler handler;
 };
 
-class ReceiveNode final : public PassThroughNode {
+class ReceiveNode final : public ModifierNode<ReceiveModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
  protected:
   void apply() override {
     if (!subscribed_) {
       subscribed_ = true;
-      subscription_ = valueAs<ReceiveModifier>().subscribe(receiving());
+      subscription_ = modifier().subscribe(receiving());
     }
-    updateChildren({valueAs<ReceiveModifier>().content}, environment());
+    updateChildren({modifier().content}, environment());
   }
 
   void willUnmount() override { subscription_.invalidate(); }
@@ -98,7 +89,7 @@ class ReceiveNode final : public PassThroughNode {
   kit::NotificationCenter::Handler receiving() {
     return [weak = weak_from_this()](const kit::Notification& notification) {
       if (const auto node = std::static_pointer_cast<ReceiveNode>(weak.lock())) {
-        const auto handler = node->valueAs<ReceiveModifier>().handler;
+        const auto handler = node->modifier().handler;
         node->tree().turn().perform([&] { handler(notification); });
       }
     };
@@ -108,35 +99,27 @@ class ReceiveNode final : public PassThroughNode {
   bool subscribed_ = false;
 };
 
-std::shared_ptr<MountedNode> makeNode(const ReceiveModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<ReceiveNode>(place);
-}
-
 struct IdentityModifier {
+  using Node = class IdentityNode;
   View content;
   int identity;
 };
 
-class IdentityNode final : public PassThroughNode {
+class IdentityNode final : public ModifierNode<IdentityModifier> {
  public:
-  using PassThroughNode::PassThroughNode;
+  using ModifierNode::ModifierNode;
 
  protected:
   void apply() override {
-    const auto& modifier = valueAs<IdentityModifier>();
-    if (std::exchange(shown_, modifier.identity) != modifier.identity) {
+    if (std::exchange(shown_, modifier().identity) != modifier().identity) {
       updateChildren({}, environment());
     }
-    updateChildren({modifier.content}, environment());
+    updateChildren({modifier().content}, environment());
   }
 
  private:
   std::optional<int> shown_;
 };
-
-std::shared_ptr<MountedNode> makeNode(const IdentityModifier& /*modifier*/, const Place& place) {
-  return std::make_shared<IdentityNode>(place);
-}
 
 }  // namespace
 

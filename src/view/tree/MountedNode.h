@@ -9,7 +9,8 @@
 #include "kit/host/Measurement.h"
 #include "kit/turn/Action.h"
 #include "view/tree/AccessibleContext.h"
-#include "view/tree/Place.h"
+#include "view/values/EnvironmentValues.h"
+#include "view/values/View.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -18,6 +19,16 @@ class Peer;
 }  // namespace tarnwell::kit
 
 namespace tarnwell::view {
+
+class MountedTree;
+
+/// Where a node is made: its tree, its parent (null for the root), what it describes, what flows down to it.
+struct Place {
+  MountedTree& tree;
+  MountedNode* parent;
+  View view;
+  EnvironmentValues environment;
+};
 
 /// A view that stands in a tree. It outlives the descriptions that come and go: an update of the same type is taken
 /// over, any other replaces the node. Held by its parent alone; every other pointer to it is weak.
@@ -128,5 +139,12 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   bool placed_ = false;
   bool dirty_ = false;
 };
+
+/// For a kind of view that names the class of its nodes.
+template <class V>
+requires requires { typename V::Node; }
+std::shared_ptr<MountedNode> makeNode(const V& /*value*/, const Place& place) {
+  return std::make_shared<typename V::Node>(place);
+}
 
 }  // namespace tarnwell::view

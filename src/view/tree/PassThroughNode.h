@@ -19,4 +19,15 @@ class PassThroughNode : public MountedNode {
   void placeContent(const kit::Rect& frame) override { child().place(frame); }
 };
 
+/// The node of a modifier `M`, a value with a view as its `content`.
+template <class M>
+class ModifierNode : public PassThroughNode {
+ public:
+  using PassThroughNode::PassThroughNode;
+
+ protected:
+  const M& modifier() const { return valueAs<M>(); }
+  void apply() override { updateChildren({modifier().content}, environment()); }
+};
+
 }  // namespace tarnwell::view

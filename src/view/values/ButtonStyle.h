@@ -20,9 +20,7 @@ struct ButtonConfiguration {
 /// style: a button in it is plain.
 using PrimitiveButtonStyle = std::function<View(const ButtonConfiguration&)>;
 
-struct ButtonStyleKey {
-  using Value = PrimitiveButtonStyle;
-  static Value initial() { return nullptr; }
-};
+/// Null for none.
+struct ButtonStyleKey : KeyOf<PrimitiveButtonStyle> {};
 
 }  // namespace tarnwell::view

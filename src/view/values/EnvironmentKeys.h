@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -7,20 +8,22 @@
 #include "kit/application/Product.h"
 #include "kit/host/TextStyle.h"
 #include "kit/ports/NumberFormat.h"
-#include "kit/ports/OpenUrl.h"
 #include "kit/ports/SystemVersion.h"
 
 namespace tarnwell::view {
 
-struct FontKey {
-  using Value = kit::FontRole;
-  static Value initial() { return kit::FontRole::body; }
+/// A key of that type; where no view above set a value, its first or empty one is read.
+template <class V>
+struct KeyOf {
+  using Value = V;
+  static Value initial() { return {}; }
 };
 
-struct ForegroundKey {
-  using Value = kit::ColorRole;
-  static Value initial() { return kit::ColorRole::primary; }
-};
+/// The body's, unless set.
+struct FontKey : KeyOf<kit::FontRole> {};
+
+/// Primary, unless set.
+struct ForegroundKey : KeyOf<kit::ColorRole> {};
 
 struct EnabledKey {
   using Value = bool;
@@ -29,51 +32,30 @@ struct EnabledKey {
 
 enum class LabelStyle { titleAndIcon, iconOnly };
 
-struct LabelStyleKey {
-  using Value = LabelStyle;
-  static Value initial() { return LabelStyle::titleAndIcon; }
-};
+struct LabelStyleKey : KeyOf<LabelStyle> {};
 
 /// What a screen reader calls the controls below; empty leaves them their own titles.
-struct AccessibleNameKey {
-  using Value = std::string;
-  static Value initial() { return {}; }
-};
+struct AccessibleNameKey : KeyOf<std::string> {};
 
 /// Radians by which each slider below is turned about its own centre.
-struct RotationKey {
-  using Value = double;
-  static Value initial() { return 0; }
-};
+struct RotationKey : KeyOf<double> {};
 
-struct KeyEquivalentKey {
-  using Value = kit::MenuItem::KeyEquivalent;
-  static Value initial() { return {}; }
-};
+struct KeyEquivalentKey : KeyOf<kit::MenuItem::KeyEquivalent> {};
 
 /// Null outside an application; a view that shows a number needs one.
-struct NumberFormatKey {
-  using Value = std::shared_ptr<const kit::NumberFormat>;
-  static Value initial() { return nullptr; }
-};
+struct NumberFormatKey : KeyOf<std::shared_ptr<const kit::NumberFormat>> {};
 
 /// Does nothing outside an application.
 struct OpenUrlKey {
-  using Value = kit::OpenUrl;
+  using Value = std::function<void(const std::string& address)>;
   static Value initial() {
     return [](const std::string&) {};
   }
 };
 
 /// Without a name outside an application.
-struct ProductKey {
-  using Value = kit::Product;
-  static Value initial() { return {}; }
-};
+struct ProductKey : KeyOf<kit::Product> {};
 
-struct SystemVersionKey {
-  using Value = kit::SystemVersion;
-  static Value initial() { return {}; }
-};
+struct SystemVersionKey : KeyOf<kit::SystemVersion> {};
 
 }  // namespace tarnwell::view

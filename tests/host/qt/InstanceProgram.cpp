@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   }
   int status = 0;
   if (argc < 2 || std::string_view(argv[1]) != "ending") {
-    application->watch(STDIN_FILENO, [&application] { application->quit(); });
+    const auto ending = application->watch(STDIN_FILENO, [&application] { application->quit(); });
     status = application->run();
   }
   if (const auto late = instance->release()) {

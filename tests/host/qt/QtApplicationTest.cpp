@@ -100,7 +100,7 @@ TEST(QtApplicationTest, watchedDescriptorWakesTheLoop) {
               if (::pipe(ends.data()) != 0) {
                 return 1;
               }
-              application->watch(ends[0], [&application, &ends] {
+              const kit::Subscription hearing = application->watch(ends[0], [&application, &ends] {
                 char byte = 0;
                 application->quit(::read(ends[0], &byte, 1) == 1 ? byte : 2);
               });

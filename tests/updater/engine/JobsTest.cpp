@@ -3,8 +3,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "fixtures/Sandbox.h"
@@ -23,6 +25,9 @@ const std::string appImageStart = std::string(
     "ELF\x02\x01\x01\x00"
     "AI\x02",
     11);
+
+constexpr const char* unknownKind =
+    "failed The update is neither a Debian package nor an AppImage, and cannot be installed on this system.";
 
 /// Jobs with files and a network of the test's own.
 class JobsTest : public testing::Test {
@@ -69,13 +74,20 @@ class JobsTest : public testing::Test {
     return run("verify",
                {version, std::to_string(file.size()), key.signatureOf(file), releaseSignature, key.publicText()});
   }
+  /// As version 2.0, in a folder of its own.
+  Messages place(const std::string& file, const std::string& releaseSignature, const std::string& kind = "app-image") {
+    return run("place", {"2.0", std::to_string(file.size()), key.signatureOf(file), releaseSignature, key.publicText(),
+                         kind, (sandbox / "Tarnwell.AppImage").string()});
+  }
   std::string releaseSignature(const std::string& version) const {
     return key.signatureOf(*releaseText(version, input.number()));
   }
 
   SigningKey key;
   system::Descriptor input{::memfd_create("input", MFD_CLOEXEC)};
-  Given given{.input = input.number()};
+  fixtures::Sandbox sandbox;
+  system::Descriptor folder{::open(sandbox.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+  Given given{.input = input.number(), .folder = folder.number()};
   std::vector<Download> downloads;
 };
 
@@ -161,29 +173,52 @@ TEST_F(JobsTest, aReleaseSignatureOfAnotherFileVouchesForNothing) {
 }
 
 TEST_F(JobsTest, whatIsPlacedIsTheCopyThatWasHeldAgainstItsSignatures) {
-  const fixtures::Sandbox sandbox;
-  const system::Descriptor folder(::open(sandbox.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  given.folder = folder.number();
   const std::string image = appImageStart + "content";
   put(image);
-  const auto place = [&](const std::string& signature) {
-    return run("place", {"2.0", std::to_string(image.size()), key.signatureOf(image), signature, key.publicText(),
-                         (sandbox / "Tarnwell.AppImage").string()});
-  };
-  EXPECT_EQ(place(releaseSignature("1.0")),
+  EXPECT_EQ(place(image, releaseSignature("1.0")),
             Messages{"failed The downloaded update was thrown away, because it cannot be trusted: nothing vouches for "
                      "its being version 2.0."});
   EXPECT_TRUE(std::filesystem::is_empty(sandbox.path()));
-  EXPECT_EQ(place(releaseSignature("2.0")), Messages());
+  EXPECT_EQ(place(image, releaseSignature("2.0")), Messages());
   EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), image);
   put(appImageStart + "another");
-  EXPECT_NE(place(releaseSignature("2.0")), Messages());
+  EXPECT_NE(place(image, releaseSignature("2.0")), Messages());
   EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), image);
 }
 
-TEST_F(JobsTest, whatIsOfNoKindIsSaidToBeSo) {
+// Of a file that says something else each time it is looked at, the copy is what counts. This one can be read, but is
+// empty for who maps it.
+TEST_F(JobsTest, whatIsLookedAtBeforeItIsPlacedIsNotTheFileThatWasCopied) {
+  const std::string name =
+      "\x7f"
+      "ELF----AI\x02-";
+  const std::string image = name + "\n";
+  put(image);
+  const std::string vouching = releaseSignature("2.0");
+  std::array<char, 16> previous = {};
+  ::prctl(PR_GET_NAME, previous.data());
+  ::prctl(PR_SET_NAME, name.c_str());
+  const system::Descriptor file(::open("/proc/thread-self/comm", O_RDONLY | O_CLOEXEC));
+  given.input = file.number();
+  const Messages said = place(image, vouching);
+  ::prctl(PR_SET_NAME, previous.data());
+  EXPECT_EQ(said, Messages());
+  EXPECT_EQ(sandbox.read("Tarnwell.AppImage"), image);
+}
+
+TEST_F(JobsTest, aPackageOfAnotherKindThanTheOneThatWasOrderedIsNotPlaced) {
+  const std::string image = appImageStart + "content";
+  put(image);
+  EXPECT_EQ(place(image, releaseSignature("2.0"), "debian"),
+            Messages{"failed The downloaded update was thrown away, because it cannot be trusted: it is not of the "
+                     "kind that was verified."});
+  EXPECT_EQ(place(image, releaseSignature("2.0"), "other"), Messages{unknownKind});
+  EXPECT_TRUE(std::filesystem::is_empty(sandbox.path()));
+}
+
+TEST_F(JobsTest, whatIsOfNoKindIsRefused) {
   put("text");
-  EXPECT_EQ(verify("2.0", "text", ""), Messages{"kind other"});
+  EXPECT_EQ(verify("2.0", "text", ""), Messages{unknownKind});
 }
 
 TEST_F(JobsTest, notesAreSaidRunByRun) {

@@ -32,9 +32,9 @@ int refuse(const Source& source, const std::string& reason) {
   const long before = peakMemory();
   const auto start = Clock::now();
   FeedReader reader;
-  std::optional<system::Failure> failure;
-  for (std::string_view piece = source(); !failure && !piece.empty(); piece = source()) {
-    failure = reader.feed(piece);
+  system::Result<void> fed;
+  for (std::string_view piece = source(); fed && !piece.empty(); piece = source()) {
+    fed = reader.feed(piece);
   }
   const auto end = reader.finish();
   const std::string message = end ? "accepted" : end.error().message;

@@ -13,8 +13,8 @@ using Items = std::vector<release::FeedItem>;
 
 system::Result<Items> read(const std::string& text) {
   FeedReader reader;
-  if (const auto failure = reader.feed(text)) {
-    return *failure;
+  if (const auto fed = reader.feed(text); !fed) {
+    return fed.error();
   }
   return reader.finish();
 }
@@ -186,7 +186,7 @@ TEST(FeedReader, readsTheSameInPiecesOfAnySize) {
   for (const std::size_t size : {std::size_t{1}, std::size_t{7}, std::size_t{16384}, text.size()}) {
     FeedReader reader;
     for (std::size_t at = 0; at < text.size(); at += size) {
-      ASSERT_FALSE(reader.feed(std::string_view(text).substr(at, size)));
+      ASSERT_TRUE(reader.feed(std::string_view(text).substr(at, size)));
     }
     const auto items = reader.finish();
     ASSERT_EQ(items->size(), 901U);
@@ -227,9 +227,9 @@ TEST(FeedReader, staysWithItsFirstRefusal) {
   FeedReader reader;
   reader.feed("<html>" + std::string(20'000, ' '));
   const auto again = reader.feed(feedOf("<item/>"));
-  ASSERT_TRUE(again);
-  EXPECT_EQ(again->message, "The update feed cannot be used: it is not a feed.");
-  EXPECT_EQ(reader.finish().error().message, again->message);
+  ASSERT_FALSE(again);
+  EXPECT_EQ(again.error().message, "The update feed cannot be used: it is not a feed.");
+  EXPECT_EQ(reader.finish().error().message, again.error().message);
 }
 
 TEST(FeedReader, takesAsMuchAsItsLimitsSay) {

@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "fixtures/EnvironmentScope.h"
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "system/Descriptor.h"
 #include "updater/package/PackageKind.h"
@@ -27,8 +26,6 @@ std::string versionOf(const std::string& content) {
   return version ? *version : version.error().message;
 }
 
-bool hasChildren() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD; }
-
 constexpr const char* noVersion =
     "The downloaded update was thrown away, because it cannot be seen which version it is: "
     "dpkg-deb does not find a version in it.";
@@ -36,7 +33,13 @@ constexpr const char* noVersion =
 TEST(DebianPackage, saysItsVersion) {
   EXPECT_EQ(versionOf(realPackage("1.2")), "1.2");
   EXPECT_EQ(versionOf(realPackage("1.2-1~deb12", std::string(1'000'000, 'x'))), "1.2-1~deb12");
-  EXPECT_FALSE(hasChildren());
+  EXPECT_FALSE(fixtures::hasChildren());
+}
+
+TEST(DebianPackage, saysItsVersionHoweverItIsCompressed) {
+  for (const char* compression : {"gzip", "xz", "zstd", "none"}) {
+    EXPECT_EQ(versionOf(realPackage("1.2", std::string(1'000'000, 'x'), compression)), "1.2") << compression;
+  }
 }
 
 TEST(DebianPackage, whatIsDamagedHasNoVersion) {
@@ -55,46 +58,72 @@ TEST(DebianPackage, aSystemWithoutTheToolIsToldSo) {
             "package, and this system has no dpkg-deb to look into it.");
 }
 
-/// What a tool of our own prints decides.
+/// What a tool of our own finds decides.
 class DebianTool : public testing::Test {
  protected:
-  std::string versionFrom(const std::string& script) const {
-    sandbox.write("dpkg-deb", "#!/bin/sh\n" + script + "\n");
-    fs::permissions(sandbox / "dpkg-deb", fs::perms::owner_all);
+  /// Of the script in the place of one tool, beside another that does well.
+  std::string versionFrom(const std::string& script, const std::string& tool = "tar") const {
+    put("dpkg-deb", "true");
+    put("tar", "cat >/dev/null; echo Version: 1.2");
+    put(tool, script);
     const fixtures::EnvironmentScope path("PATH", sandbox.path().string() + ":/usr/bin:/bin");
     return versionOf("any");
+  }
+  void put(const std::string& tool, const std::string& script) const {
+    sandbox.write(tool, "#!/bin/sh\n" + script + "\n");
+    fs::permissions(sandbox / tool, fs::perms::owner_all);
   }
 
   fixtures::Sandbox sandbox;
 };
 
 TEST_F(DebianTool, hasToEndWell) {
-  EXPECT_EQ(versionFrom("echo 1.2"), "1.2");
-  EXPECT_EQ(versionFrom("echo 1.2; exit 1"), noVersion);
-  EXPECT_EQ(versionFrom("echo 1.2; kill -9 $$"), noVersion);
+  EXPECT_EQ(versionFrom("echo Version: 1.2"), "1.2");
+  EXPECT_EQ(versionFrom("echo Version: 1.2; exit 1"), noVersion);
+  EXPECT_EQ(versionFrom("echo Version: 1.2; kill -9 $$"), noVersion);
+  EXPECT_EQ(versionFrom("exit 0", "dpkg-deb"), "1.2");
+  EXPECT_EQ(versionFrom("exit 1", "dpkg-deb"), noVersion);
+  EXPECT_EQ(versionFrom("kill -9 $$", "dpkg-deb"), noVersion);
+  EXPECT_FALSE(fixtures::hasChildren());
 }
 
-TEST_F(DebianTool, hasToPrintOneVersionAndNothingElse) {
-  for (const char* script : {"true", "echo", "printf 1.2", "echo 1.2; echo 1.3", "yes", "printf '%0999d\\n' 1"}) {
+TEST_F(DebianTool, hasToFindOneVersion) {
+  EXPECT_EQ(versionFrom("printf 'Package: a\\nVersion:\\t1.2-1 \\nArchitecture: all'"), "1.2-1");
+  EXPECT_EQ(versionFrom("printf 'Description: a\\n Version: 1\\nVersion:1.2'"), "1.2");
+  for (const char* script : {"true", "echo", "echo 1.2", "echo Version:", "echo 'Version:  '", "echo A Version: 1.2",
+                             "echo Version: 1.2; echo Version: 1.2", "yes", "yes Version: 1.2"}) {
     EXPECT_EQ(versionFrom(script), noVersion) << script;
   }
-  EXPECT_FALSE(hasChildren());
+  EXPECT_FALSE(fixtures::hasChildren());
 }
 
-TEST_F(DebianTool, mayPrintALongVersionButNoneWithoutEnd) {
-  EXPECT_EQ(versionFrom("printf '%0199d\\n' 1"), std::string(198, '0') + "1");
-  EXPECT_EQ(versionFrom("printf '%0200d\\n' 1"), noVersion);
+TEST_F(DebianTool, mayFindALongVersionButNoneWithoutEnd) {
+  EXPECT_EQ(versionFrom("printf 'Version: %0200d\\n' 1"), std::string(199, '0') + "1");
+  EXPECT_EQ(versionFrom("printf 'Version: %0201d\\n' 1"), noVersion);
+  EXPECT_EQ(versionFrom("printf 'Version: 1.2\\n %01048562d' 1"), "1.2");
+  EXPECT_EQ(versionFrom("printf 'Version: 1.2\\n %01048563d' 1"), noVersion);
+}
+
+// An alarm lives on when a process becomes another program.
+TEST_F(DebianTool, isGivenHalfAMinute) {
+  for (const char* tool : {"dpkg-deb", "tar"}) {
+    versionFrom("exec perl -e 'print alarm(0)' >'" + (sandbox / "seconds").string() + "'", tool);
+    const int seconds = std::stoi(sandbox.read("seconds"));
+    EXPECT_GT(seconds, 0) << tool;
+    EXPECT_LE(seconds, 30) << tool;
+  }
 }
 
 TEST_F(DebianTool, isGivenTheFileAndNothingElse) {
   const system::Descriptor secret(::memfd_create("secret", 0));
   const auto path = [this](const char* name) { return "'" + (sandbox / name).string() + "'"; };
   versionFrom("cat /proc/self/fd/3 >" + path("seen") + "; ls -l /proc/$$/fd >" + path("open") + "; echo \"$@\" >" +
-              path("words"));
+                  path("words"),
+              "dpkg-deb");
   EXPECT_EQ(sandbox.read("seen"), "any");
   EXPECT_NE(sandbox.read("open").find("memfd:package"), std::string::npos);
   EXPECT_EQ(sandbox.read("open").find("memfd:secret"), std::string::npos) << sandbox.read("open");
-  EXPECT_EQ(sandbox.read("words"), "--field /proc/self/fd/3 Version\n");
+  EXPECT_EQ(sandbox.read("words"), "--ctrl-tarfile /proc/self/fd/3\n");
 }
 
 TEST(DebianVersion, isTheOneThatWasOfferedWithAnyRevision) {

@@ -8,7 +8,7 @@
 
 namespace tarnwell::updater {
 
-std::string realPackage(const std::string& version, const std::string& content) {
+std::string realPackage(const std::string& version, const std::string& content, const std::string& compression) {
   const fixtures::Sandbox sandbox;
   std::filesystem::create_directories(sandbox / "tree/DEBIAN");
   sandbox.write("tree/DEBIAN/control", "Package: tarnwell\nVersion: " + version +
@@ -19,7 +19,8 @@ std::string realPackage(const std::string& version, const std::string& content) 
   const std::string tree = (sandbox / "tree").string();
   auto tool = system::Process::start(
       {.words = {"/bin/sh", "-c",
-                 R"(exec /usr/bin/dpkg-deb --root-owner-group -Znone --build "$0" "$0.deb" >/dev/null)", tree}});
+                 R"(exec /usr/bin/dpkg-deb --root-owner-group "-Z$1" --build "$0" "$0.deb" >/dev/null)", tree,
+                 compression}});
   if (!tool || !tool->wait().isSuccess()) {
     throw std::runtime_error("dpkg-deb builds no package");
   }

@@ -40,8 +40,8 @@ std::string refusalOfSignature(std::string_view signature, const std::string& co
   if (!parsed) {
     return parsed.error().message;
   }
-  const auto failure = parsed->verify(*parsedKey, file.number(), content.size());
-  return failure ? failure->message : "";
+  const auto held = parsed->verify(*parsedKey, file.number(), content.size());
+  return held ? "" : held.error().message;
 }
 
 std::string package() {
@@ -169,11 +169,11 @@ TEST(Signature, isNotEvenLookedAtForAFileOfAnotherLength) {
   const system::Descriptor file = fileOf(package());
   const auto signature = *Signature::parse(key.signatureOf(package()));
   const auto publicKey = *PublicKey::parse(key.publicText());
-  EXPECT_FALSE(signature.verify(publicKey, file.number(), package().size()));
+  EXPECT_TRUE(signature.verify(publicKey, file.number(), package().size()));
   for (const std::size_t length : {std::size_t{0}, package().size() - 1, package().size() + 1}) {
-    const auto failure = signature.verify(publicKey, file.number(), length);
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->message, "the file does not have the length that it should have");
+    const auto held = signature.verify(publicKey, file.number(), length);
+    ASSERT_FALSE(held);
+    EXPECT_EQ(held.error().message, "the file does not have the length that it should have");
   }
 }
 
@@ -181,13 +181,13 @@ TEST(Signature, doesNotHoldForWhatCannotBeRead) {
   const SigningKey key;
   const auto signature = *Signature::parse(key.signatureOf(""));
   const auto publicKey = *PublicKey::parse(key.publicText());
-  EXPECT_TRUE(signature.verify(publicKey, -1, 0));
+  EXPECT_FALSE(signature.verify(publicKey, -1, 0));
   const fixtures::Sandbox sandbox;
   sandbox.write("package", "text");
   const system::Descriptor writeOnly(::open((sandbox / "package").c_str(), O_WRONLY | O_CLOEXEC));
-  const auto failure = signature.verify(publicKey, writeOnly.number(), 4);
-  ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->message, "cannot read the file: Permission denied");
+  const auto held = signature.verify(publicKey, writeOnly.number(), 4);
+  ASSERT_FALSE(held);
+  EXPECT_EQ(held.error().message, "cannot read the file: Permission denied");
 }
 
 }  // namespace

@@ -96,7 +96,10 @@ TEST_F(TabViewTest, thePageStandsUnderTheBarAndLearnsOfALowWindow) {
 class ToolbarHost final : public host_headless::HeadlessHost {
  public:
   using HeadlessHost::peer;
-  std::unique_ptr<kit::Peer> peer(kit::TabBar& /*bar*/, kit::Peer& parent) override {
+  std::unique_ptr<kit::Peer> peer(kit::AnyControl control, kit::Peer& parent) override {
+    if (!std::holds_alternative<kit::TabBar*>(control)) {
+      return HeadlessHost::peer(control, parent);
+    }
     EXPECT_NE(dynamic_cast<kit::WindowPeer*>(&parent), nullptr);
     return std::make_unique<ToolbarPeer>();
   }

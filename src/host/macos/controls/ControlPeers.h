@@ -4,7 +4,9 @@
 
 #include <memory>
 
-#include "kit/host/Host.h"
+#include "kit/host/AnyControl.h"
+#include "kit/host/Geometry.h"
+#include "kit/host/Peer.h"
 
 namespace tarnwell::host_macos {
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "kit/turn/Action.h"
+#include "kit/turn/Object.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -24,6 +25,13 @@ class ControlLink {
   /// Null when cut off.
   kit::Control* control() const { return control_; }
   void cut() { control_ = nullptr; }
+
+  /// The control's state is new.
+  virtual void showState() = 0;
+
+  /// As of a peer.
+  virtual bool canEdit(const kit::Selector& /*command*/) const { return false; }
+  virtual void edit(const kit::Selector& /*command*/) {}
 
   /// What the focus ring goes around, in the widget's coordinates, and how round it is, in points.
   virtual QRectF focusShape() const = 0;

@@ -16,6 +16,7 @@ class ControlWidget : public QWidget, public ControlLink {
  public:
   ControlWidget(kit::Control& control, const Theme& theme, QWidget* parent);
 
+  void showState() override { update(); }
   QRectF focusShape() const override { return bounds(); }
   double cornerRadius() const override { return 6; }
   bool showsFocus() const override { return reachedByKeyboard_; }

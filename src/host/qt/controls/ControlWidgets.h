@@ -1,18 +1,8 @@
 #pragma once
 
-class QWidget;
+#include "kit/host/AnyControl.h"
 
-namespace tarnwell::kit {
-class Box;
-class Button;
-class Pane;
-class ProgressBar;
-class Slider;
-class Stepper;
-class SymbolView;
-class TabBar;
-class Toggle;
-}  // namespace tarnwell::kit
+class QWidget;
 
 namespace tarnwell::host_qt {
 
@@ -28,6 +18,8 @@ QWidget* makeWidget(kit::Slider& slider, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Stepper& stepper, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::SymbolView& symbol, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::TabBar& bar, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::TextField& field, const Theme& theme, QWidget* parent);
+QWidget* makeWidget(kit::TextLabel& label, const Theme& theme, QWidget* parent);
 QWidget* makeWidget(kit::Toggle& toggle, const Theme& theme, QWidget* parent);
 
 }  // namespace tarnwell::host_qt

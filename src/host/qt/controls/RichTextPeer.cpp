@@ -49,16 +49,21 @@ class Composer {
   void write(const Paragraph& paragraph, bool isFirst) {
     QTextBlockFormat block;
     block.setTopMargin(isFirst || (isItem(paragraph) && !lists_.empty()) ? 0 : paragraphGap);
-    if (depthOf(paragraph) == 0) {
+    const unsigned depth = depthOf(paragraph);
+    if (depth == 0) {
       lists_.clear();
     }
-    block.setLeftMargin(paragraph.style == Style::quote ? quoteIndent : 0);
+    // A body below an item stands as far in as the item does, which its list moves.
+    block.setLeftMargin((paragraph.style == Style::quote ? quoteIndent : 0) +
+                        (isItem(paragraph) ? 0 : listIndent * depth));
     if (isFirst) {
       cursor_.setBlockFormat(block);
     } else {
       cursor_.insertBlock(block);
     }
-    place(paragraph);
+    if (isItem(paragraph)) {
+      joinList(paragraph.number, depth);
+    }
     for (std::size_t run = 0; run < paragraph.runs.size(); ++run) {
       write(paragraph, run);
     }
@@ -75,21 +80,13 @@ class Composer {
     return std::clamp(level, isItem(paragraph) ? 1U : 0U, deepestList);
   }
 
-  void place(const Paragraph& paragraph) {
-    if (!isItem(paragraph)) {
-      // A body below an item stands as far in as the item does.
-      QTextBlockFormat block = cursor_.blockFormat();
-      block.setLeftMargin(block.leftMargin() + listIndent * depthOf(paragraph));
-      cursor_.setBlockFormat(block);
-      return;
-    }
+  void joinList(unsigned number, unsigned depth) {
     QTextListFormat list;
-    const unsigned depth = depthOf(paragraph);
     list.setIndent(static_cast<int>(depth));
-    list.setStyle(paragraph.number == 0 ? QTextListFormat::ListDisc : QTextListFormat::ListDecimal);
+    list.setStyle(number == 0 ? QTextListFormat::ListDisc : QTextListFormat::ListDecimal);
     // An item may follow what stands in the one before it.
     lists_.resize(depth, nullptr);
-    if (lists_.back() != nullptr && lists_.back()->format().style() == list.style() && paragraph.number != 1) {
+    if (lists_.back() != nullptr && lists_.back()->format().style() == list.style() && number != 1) {
       lists_.back()->add(cursor_.block());
     } else {
       lists_.back() = cursor_.createList(list);
@@ -173,6 +170,7 @@ class RichTextWidget final : public ControlWidget {
     update();
   }
 
+  void showState() override { layOutAnew(); }
   void fontsChanged() override { layOutAnew(); }
   QRectF focusShape() const override {
     return links_.empty() ? bounds() : partRect(current_).adjusted(-ringReach, 0, ringReach, 0);
@@ -313,7 +311,5 @@ std::optional<kit::Measurement> RichTextPeer::measure(kit::Proposal proposal) co
   }
   return static_cast<RichTextWidget*>(widget())->measureIn(width);
 }
-
-void RichTextPeer::showState(kit::Aspect /*aspect*/) { static_cast<RichTextWidget*>(widget())->layOutAnew(); }
 
 }  // namespace tarnwell::host_qt

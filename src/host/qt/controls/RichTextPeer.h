@@ -13,9 +13,6 @@ class RichTextPeer final : public WidgetPeer {
 
   /// As high as its width makes it, or as there is room.
   std::optional<kit::Measurement> measure(kit::Proposal proposal) const override;
-
- protected:
-  void showState(kit::Aspect aspect) override;
 };
 
 }  // namespace tarnwell::host_qt

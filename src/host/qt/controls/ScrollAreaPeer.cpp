@@ -19,13 +19,12 @@ constexpr double roomAroundFocus = 12;
 class Viewport final : public ControlWidget {
  public:
   Viewport(kit::ScrollArea& area, const Theme& theme, QWidget* parent)
-      : ControlWidget(area, theme, parent), area_(area), page_(this), bar_(area, theme, this) {}
+      : ControlWidget(area, theme, parent), area_(area), page_(this), bar_(area, theme, *this) {}
 
   QWidget* page() { return &page_; }
   kit::ScrollArea& area() { return area_; }
-  void cutBar() { bar_.cut(); }
 
-  void follow() {
+  void showState() override {
     const int pageHeight = std::max(height(), static_cast<int>(std::ceil(area_.contentHeight())));
     page_.setGeometry(0, -static_cast<int>(std::lround(area_.offset())), width(), pageHeight);
     bar_.follow();
@@ -62,12 +61,6 @@ Viewport* viewportAround(const QWidget& widget) {
 ScrollAreaPeer::ScrollAreaPeer(kit::ScrollArea& area, const Theme& theme, QWidget* parent)
     : WidgetPeer(area, new Viewport(area, theme, parent)) {}
 
-ScrollAreaPeer::~ScrollAreaPeer() {
-  if (auto* viewport = static_cast<Viewport*>(widget())) {
-    viewport->cutBar();
-  }
-}
-
 QWidget* ScrollAreaPeer::content() const { return static_cast<Viewport*>(widget())->page(); }
 
 void ScrollAreaPeer::reveal(const QWidget& widget, const QRectF& part) {
@@ -82,8 +75,6 @@ void ScrollAreaPeer::reveal(const QWidget& widget, const QRectF& part) {
                            .height = part.height() + 2 * roomAroundFocus});
 }
 
-void ScrollAreaPeer::showState(kit::Aspect /*aspect*/) { static_cast<Viewport*>(widget())->follow(); }
-
-void ScrollAreaPeer::placed() { static_cast<Viewport*>(widget())->follow(); }
+void ScrollAreaPeer::placed() { static_cast<Viewport*>(widget())->showState(); }
 
 }  // namespace tarnwell::host_qt

@@ -13,7 +13,6 @@ class Theme;
 class ScrollAreaPeer final : public WidgetPeer {
  public:
   ScrollAreaPeer(kit::ScrollArea& area, const Theme& theme, QWidget* parent);
-  ~ScrollAreaPeer() override;
 
   QWidget* content() const override;
 
@@ -21,7 +20,6 @@ class ScrollAreaPeer final : public WidgetPeer {
   static void reveal(const QWidget& widget, const QRectF& part);
 
  protected:
-  void showState(kit::Aspect aspect) override;
   void placed() override;
 };
 

@@ -4,6 +4,7 @@
 #include <QtGui/QPainter>
 #include <algorithm>
 
+#include "host/qt/controls/ControlWidget.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/ScrollArea.h"
 
@@ -18,20 +19,19 @@ constexpr int heldAlpha = 170;
 
 }  // namespace
 
-ScrollBarOverlay::ScrollBarOverlay(kit::ScrollArea& area, const Theme& theme, QWidget* parent)
-    : QWidget(parent), area_(&area), theme_(theme) {
+ScrollBarOverlay::ScrollBarOverlay(kit::ScrollArea& area, const Theme& theme, ControlWidget& viewport)
+    : QWidget(&viewport), area_(area), viewport_(viewport), theme_(theme) {
   setAttribute(Qt::WA_Hover);
 }
 
 void ScrollBarOverlay::follow() {
-  const QWidget* viewport = parentWidget();
-  setGeometry(viewport->width() - barWidth, 0, barWidth, viewport->height());
+  setGeometry(viewport_.width() - barWidth, 0, barWidth, viewport_.height());
   setVisible(hiddenLength() > 0);
   update();
 }
 
 bool ScrollBarOverlay::event(QEvent* event) noexcept {
-  const bool heard = area_ != nullptr || event->type() == QEvent::DeferredDelete;
+  const bool heard = viewport_.control() != nullptr || event->type() == QEvent::DeferredDelete;
   return heard && QWidget::event(event);
 }
 
@@ -69,17 +69,17 @@ void ScrollBarOverlay::mouseReleaseEvent(QMouseEvent* /*event*/) {
 QRectF ScrollBarOverlay::thumb() const {
   const double room = height() - 2 * thumbMargin;
   const double length =
-      std::clamp(room * height() / std::max(1.0, area_->contentHeight()), leastThumb, std::max(leastThumb, room));
-  const double share = hiddenLength() > 0 ? area_->offset() / hiddenLength() : 0;
+      std::clamp(room * height() / std::max(1.0, area_.contentHeight()), leastThumb, std::max(leastThumb, room));
+  const double share = hiddenLength() > 0 ? area_.offset() / hiddenLength() : 0;
   return {thumbMargin, thumbMargin + (room - length) * share, barWidth - 2 * thumbMargin, length};
 }
 
-double ScrollBarOverlay::hiddenLength() const { return area_->contentHeight() - area_->bounds().height; }
+double ScrollBarOverlay::hiddenLength() const { return area_.contentHeight() - area_.bounds().height; }
 
 void ScrollBarOverlay::dragThumbTo(double top) {
   const double way = height() - 2 * thumbMargin - thumb().height();
   if (way > 0) {
-    area_->scrollTo((top - thumbMargin) / way * hiddenLength());
+    area_.scrollTo((top - thumbMargin) / way * hiddenLength());
   }
   update();
 }

@@ -9,17 +9,17 @@ class ScrollArea;
 
 namespace tarnwell::host_qt {
 
+class ControlWidget;
 class Theme;
 
 /// A thin bar over the right edge of a scroll area; there only while the content is taller than the area.
 class ScrollBarOverlay final : public QWidget {
  public:
-  ScrollBarOverlay(kit::ScrollArea& area, const Theme& theme, QWidget* parent);
+  /// `viewport` shows the area.
+  ScrollBarOverlay(kit::ScrollArea& area, const Theme& theme, ControlWidget& viewport);
 
   /// The area's size, its content's or the offset is new.
   void follow();
-  /// The area is going.
-  void cut() { area_ = nullptr; }
 
   bool event(QEvent* event) noexcept override;
 
@@ -34,7 +34,8 @@ class ScrollBarOverlay final : public QWidget {
   double hiddenLength() const;
   void dragThumbTo(double top);
 
-  kit::ScrollArea* area_;
+  kit::ScrollArea& area_;
+  const ControlWidget& viewport_;
   const Theme& theme_;
   std::optional<double> grab_;  // From the thumb's top to where it was taken hold of.
 };

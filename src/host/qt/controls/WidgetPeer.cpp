@@ -41,7 +41,7 @@ void WidgetPeer::show(kit::Aspect aspect) noexcept {
     case kit::Aspect::accessibleDescription:
       break;
     default:
-      showState(aspect);
+      ControlLink::of(widget_)->showState();
       ControlLink::of(widget_)->stateChanged();
       break;
   }
@@ -61,7 +61,15 @@ QWidget* WidgetPeer::widgetOf(const kit::Control& control) {
   return peer != nullptr ? peer->widget() : nullptr;
 }
 
-void WidgetPeer::showState(kit::Aspect /*aspect*/) { widget_->update(); }
+bool WidgetPeer::canEdit(const kit::Selector& command) const {
+  return widget_ && ControlLink::of(widget_)->canEdit(command);
+}
+
+void WidgetPeer::edit(const kit::Selector& command) {
+  if (canEdit(command)) {
+    ControlLink::of(widget_)->edit(command);
+  }
+}
 
 void WidgetPeer::showEnabled() {
   const auto* link = ControlLink::of(widget_);

@@ -26,13 +26,13 @@ class WidgetPeer : public kit::Peer, public Container {
 
   void show(kit::Aspect aspect) noexcept final;
   void place(const kit::Rect& frame) noexcept final;
+  bool canEdit(const kit::Selector& command) const final;
+  void edit(const kit::Selector& command) final;
 
   /// The widget that shows `control`; null while it has no peer of this host.
   static QWidget* widgetOf(const kit::Control& control);
 
  protected:
-  /// For what the widget does not simply paint from the control's state.
-  virtual void showState(kit::Aspect aspect);
   virtual void placed() {}
 
  private:

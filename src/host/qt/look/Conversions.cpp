@@ -3,14 +3,10 @@
 #include <QtGui/QKeyEvent>
 
 #include "host/qt/look/KeyEquivalentText.h"
+#include "kit/application/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {
-
-constexpr unsigned shiftFlag = 0x20000;
-constexpr unsigned controlFlag = 0x40000;
-constexpr unsigned optionFlag = 0x80000;
-constexpr unsigned commandFlag = 0x100000;
 
 std::string charactersOf(const QKeyEvent& event) {
   switch (event.key()) {
@@ -52,10 +48,10 @@ kit::Rect toRect(const QRect& rect) {
 kit::KeyEvent toKeyEvent(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers();
   unsigned flags = 0;
-  flags |= modifiers.testFlag(Qt::ShiftModifier) ? shiftFlag : 0;
-  flags |= modifiers.testFlag(Qt::ControlModifier) ? commandFlag : 0;
-  flags |= modifiers.testFlag(Qt::AltModifier) ? optionFlag : 0;
-  flags |= modifiers.testFlag(Qt::MetaModifier) ? controlFlag : 0;
+  flags |= modifiers.testFlag(Qt::ShiftModifier) ? kit::shiftFlag : 0;
+  flags |= modifiers.testFlag(Qt::ControlModifier) ? kit::commandFlag : 0;
+  flags |= modifiers.testFlag(Qt::AltModifier) ? kit::optionFlag : 0;
+  flags |= modifiers.testFlag(Qt::MetaModifier) ? kit::controlFlag : 0;
   const std::string characters = charactersOf(event);
   return {.charactersIgnoringModifiers = characters,
           .modifierFlags = flags,

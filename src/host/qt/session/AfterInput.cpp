@@ -51,13 +51,8 @@ void runAfterInput(QObject& context, kit::Action action) {
     new PassingWindow(context, std::move(action));
     return;
   }
-  auto* timer = new QTimer(&context);
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, action = std::move(action)]() noexcept {
-    runLater(*timer->parent(), action);
-    timer->deleteLater();
-  });
-  timer->setSingleShot(true);
-  timer->start(longEnough);
+  QTimer::singleShot(longEnough, &context,
+                     [&context, action = std::move(action)]() noexcept { runLater(context, action); });
 }
 
 }  // namespace tarnwell::host_qt

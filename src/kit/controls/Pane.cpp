@@ -1,9 +1,0 @@
-#include "kit/controls/Pane.h"
-
-#include "kit/host/Host.h"
-
-namespace tarnwell::kit {
-
-std::unique_ptr<Peer> Pane::makePeer(Host& host, Peer& parent) { return host.peer(*this, parent); }
-
-}  // namespace tarnwell::kit
