@@ -12,7 +12,8 @@ bool standsInFixedNotation(double value) {
   return magnitude == 0 || (magnitude >= 1e-4 && magnitude < 1e16);
 }
 
-std::string textIn(std::chars_format notation, double value) {
+template <class Number>
+std::string textIn(std::chars_format notation, Number value) {
   if (std::isnan(value)) {
     return "nan";
   }
@@ -36,5 +37,13 @@ std::string decimalText(double value) {
 }
 
 std::string plainDecimalText(double value) { return textIn(std::chars_format::fixed, value); }
+
+float roundedDecimal(double value) {
+  constexpr double millionths = 1e6;
+  // The sum makes 0 of what is -0 after rounding.
+  return static_cast<float>(std::round(value * millionths) / millionths + 0.0);
+}
+
+std::string roundedDecimalText(float value) { return textIn(std::chars_format::fixed, value); }
 
 }  // namespace tarnwell::core

@@ -13,4 +13,11 @@ std::string decimalText(double value);
 /// The same in fixed notation, however small or large the value is ("0.00001").
 std::string plainDecimalText(double value);
 
+/// The nearest number that 32 bits and six decimals can say, which is what other tools than `defaults` keep of one.
+float roundedDecimal(double value);
+
+/// The shortest decimal text that reads back to the same 32-bit number, which is a rounded one: in fixed notation with
+/// a point and at most six decimals ("0.15", "0.0").
+std::string roundedDecimalText(float value);
+
 }  // namespace tarnwell::core

@@ -42,6 +42,8 @@ struct Writer {
 /// One row of the catalogue, for a preference with values of type `T`.
 template <class T>
 struct Preference {
+  /// Its name in the domain of the Dock; the commands that read and write it spell it as well.
+  std::string_view key;
   Fields<T> fields;
   T (Catalogue::*read)() const;
   Writer<T> write;
@@ -53,32 +55,39 @@ struct Preference {
 /// In the order in which they are read, written, reset and compared.
 inline constexpr std::tuple preferences = {
     Preference<double>{
+        .key = "autohide-delay",
         .fields = {&DockSettings::delaySpeed, &DockSettings::delaySpeedCurrent, &DockSettings::delaySpeedDefault},
         .read = &Catalogue::readDelaySpeed,
         .write = {&Catalogue::writeFloat, "defaults write com.apple.dock autohide-delay -float "}},
     Preference<double>{
+        .key = "autohide-time-modifier",
         .fields = {&DockSettings::animationSpeed, &DockSettings::animationSpeedCurrent,
                    &DockSettings::animationSpeedDefault},
         .read = &Catalogue::readAnimationSpeed,
         .write = {&Catalogue::writeFloat, "defaults write com.apple.dock autohide-time-modifier -float "}},
-    Preference<bool>{.fields = {&DockSettings::scrollToExpose, &DockSettings::scrollToExposeCurrent,
+    Preference<bool>{.key = "scroll-to-open",
+                     .fields = {&DockSettings::scrollToExpose, &DockSettings::scrollToExposeCurrent,
                                 &DockSettings::scrollToExposeDefault},
                      .read = &Catalogue::readScrollToExpose,
                      .write = {&Catalogue::writeBool, "defaults write com.apple.dock scroll-to-open -bool "}},
     Preference<MinEffect>{
+        .key = "mineffect",
         .fields = {&DockSettings::minEffect, &DockSettings::minEffectCurrent, &DockSettings::minEffectDefault},
         .read = &Catalogue::readMinEffect,
         .write = {.unprefixed = &Catalogue::writeMinEffect},
         .fixedReset = MinEffect::genie},
     Preference<bool>{
+        .key = "showhidden",
         .fields = {&DockSettings::showHidden, &DockSettings::showHiddenCurrent, &DockSettings::showHiddenDefault},
         .read = &Catalogue::readShowHidden,
         .write = {&Catalogue::writeBool, "defaults write com.apple.dock showhidden -bool "}},
-    Preference<bool>{.fields = {&DockSettings::activeAppsOnly, &DockSettings::activeAppsOnlyCurrent,
+    Preference<bool>{.key = "static-only",
+                     .fields = {&DockSettings::activeAppsOnly, &DockSettings::activeAppsOnlyCurrent,
                                 &DockSettings::activeAppsOnlyDefault},
                      .read = &Catalogue::readActiveAppsOnly,
                      .write = {&Catalogue::writeBool, "defaults write com.apple.dock static-only -bool "}},
-    Preference<bool>{.fields = {&DockSettings::singleAppMode, &DockSettings::singleAppModeCurrent,
+    Preference<bool>{.key = "single-app",
+                     .fields = {&DockSettings::singleAppMode, &DockSettings::singleAppModeCurrent,
                                 &DockSettings::singleAppModeDefault},
                      .read = &Catalogue::readSingleAppMode,
                      .write = {.unprefixed = &Catalogue::writeSingleApp},

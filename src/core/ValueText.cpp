@@ -11,19 +11,21 @@ std::string withoutLineFeeds(std::string text) {
   return text;
 }
 
-double parseFloat(std::string_view text) {
+std::optional<double> parseNumber(std::string_view text) {
   // strtod skips white space in front of a number by itself.
   constexpr std::string_view whiteSpace = " \t\n\v\f\r";
   if (text.empty() || whiteSpace.find(text.front()) != std::string_view::npos) {
-    return 0.0;
+    return std::nullopt;
   }
   const std::string terminated(text);
   const system::CNumericLocale locale;
   char* end = nullptr;
   const double value = std::strtod(terminated.c_str(), &end);
   // A NUL inside the text ends the conversion before the end of the text.
-  return end == terminated.c_str() + terminated.size() ? value : 0.0;
+  return end == terminated.c_str() + terminated.size() ? std::optional(value) : std::nullopt;
 }
+
+double parseFloat(std::string_view text) { return parseNumber(text).value_or(0.0); }
 
 bool parseBool(std::string_view text) { return text == "1"; }
 

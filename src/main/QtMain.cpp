@@ -1,12 +1,12 @@
-// The program on a Linux desktop.
+// The window's program on a Linux desktop.
 #include <cstdlib>
-#include <variant>
+#include <span>
 
 #include "app/Composition.h"
 #include "app/Product.h"
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "host/linux/CommandLine.h"
+#include "host/linux/LaunchArguments.h"
 #include "host/linux/RunningAppImage.h"
 #include "host/linux/StartProgram.h"
 #include "host/qt/DesktopServices.h"
@@ -72,16 +72,11 @@ int start(int argc, char** argv, const kit::Product& product, const host_linux::
 // What is thrown past here is a fault, and ends the process as one.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   using namespace tarnwell;
-  using host_linux::CommandLine;
   diagnostics::prepareStandardStreams();
-  const kit::Product product = app::product();
-  const CommandLine::Parsed parsed = CommandLine::parse(product, argc, argv);
-  if (const auto* print = std::get_if<CommandLine::Print>(&parsed)) {
-    diagnostics::printLine(print->text);
-    return EXIT_SUCCESS;
+  const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
+  const auto launch = host_linux::LaunchArguments::parse(words.subspan(words.empty() ? 0 : 1));
+  if (!launch) {
+    return failed(launch.error().message, wrongUsage);
   }
-  if (const auto* failure = std::get_if<system::Failure>(&parsed)) {
-    return failed(failure->message, wrongUsage);
-  }
-  return start(argc, argv, product, std::get<host_linux::LaunchArguments>(parsed));
+  return start(argc, argv, app::product(), *launch);
 }

@@ -99,6 +99,39 @@ TEST(DecimalTextTest, plainTextHasNoExponent) {
   EXPECT_EQ(parseFloat(plainDecimalText(longest)), longest);
 }
 
+TEST(DecimalTextTest, roundedTextIsTheShortestOfANumberOf32Bits) {
+  const std::vector<std::pair<double, std::string>> table = {
+      {0.0, "0.0"},
+      {-0.0, "0.0"},
+      {-1e-7, "0.0"},
+      {1.0, "1.0"},
+      {0.15, "0.15"},
+      {static_cast<double>(0.15F), "0.15"},
+      {0.123456789, "0.123457"},
+      {0.000001, "0.000001"},
+      {0.0000004, "0.0"},
+      {86399.123457, "86399.125"},
+      {16777216.0, "16777216.0"},
+  };
+  for (const auto& [value, text] : table) {
+    EXPECT_EQ(roundedDecimalText(roundedDecimal(value)), text);
+  }
+}
+
+TEST(DecimalTextTest, roundedTextReadsBackToTheSameNumberAndHasSixDecimalsAtMost) {
+  std::mt19937_64 random(32);
+  for (const double most : {0.001, 1.0, 8.0, 16.0, 100.0, 86400.0}) {
+    std::uniform_real_distribution<double> seconds(0.0, most);
+    for (int count = 0; count < 20000; ++count) {
+      const float value = roundedDecimal(seconds(random));
+      const std::string text = roundedDecimalText(value);
+      ASSERT_EQ(roundedDecimal(parseFloat(text)), value) << text;
+      ASSERT_EQ(static_cast<float>(parseFloat(text)), value) << text;
+      ASSERT_LE(text.size() - text.find('.'), 7) << text;
+    }
+  }
+}
+
 TEST(DecimalTextTest, aCommaLocaleChangesNothing) {
   const fixtures::CommaLocale locale;
   EXPECT_EQ(decimalText(1234.5), "1234.5");

@@ -1,14 +1,18 @@
 #pragma once
 
+#include <span>
+
 #include "kit/application/AppleEvent.h"
+#include "system/Result.h"
 
 namespace tarnwell::host_linux {
 
-/// What the command line says about a start.
+/// What the window's program is told about a start.
 struct LaunchArguments {
-  static constexpr const char* launchedAtLogin = "--launched-at-login";
-
   bool atLogin = false;
+
+  /// Of the arguments without the program's name. The program that users start passes on nothing else.
+  static system::Result<LaunchArguments> parse(std::span<const char* const> arguments);
 
   /// The message with which the system would have started the application. A platform hands it out as the current one
   /// until the application has finished launching, and not again: what came later did not come from login.

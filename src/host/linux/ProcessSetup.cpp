@@ -2,8 +2,9 @@
 
 #include <csignal>
 
-#include "host/linux/EmulatedSystemVersion.h"
-#include "host/linux/SearchPath.h"
+#include "installation/EmulatedSystemVersion.h"
+#include "installation/Programs.h"
+#include "installation/SearchPath.h"
 #include "system/RunningExecutable.h"
 
 namespace tarnwell::host_linux {
@@ -11,7 +12,7 @@ namespace tarnwell::host_linux {
 system::Result<ProcessSetup> ProcessSetup::prepare(const std::string& program) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   (void)std::signal(SIGCHLD, SIG_DFL);
-  const auto version = emulatedSystemVersion();
+  const auto version = installation::emulatedSystemVersion();
   if (!version) {
     return version.error();
   }
@@ -19,10 +20,12 @@ system::Result<ProcessSetup> ProcessSetup::prepare(const std::string& program) {
   if (!executable) {
     return executable.error();
   }
-  if (const auto placed = putStandInsFirst(program); !placed) {
+  if (const auto placed = installation::putStandInsFirst(program); !placed) {
     return placed.error();
   }
-  return ProcessSetup{.version = *version, .executable = *executable};
+  const auto [major, minor, patch] = *version;
+  return ProcessSetup{.version = {.major = major, .minor = minor, .patch = patch},
+                      .executable = installation::frontOf(*executable, program)};
 }
 
 }  // namespace tarnwell::host_linux

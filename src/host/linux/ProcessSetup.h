@@ -10,6 +10,7 @@ namespace tarnwell::host_linux {
 /// What is settled before anything is shown.
 struct ProcessSetup {
   kit::SystemVersion version = {};
+  /// What users start.
   std::filesystem::path executable = {};
 
   /// Settles it for this process and the commands that it runs, which find the stand-ins of `program` before all else.

@@ -4,7 +4,7 @@
 
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
-#include "host/linux/FindProgram.h"
+#include "installation/FindProgram.h"
 #include "system/AtomicFile.h"
 #include "system/ReadFile.h"
 
@@ -56,12 +56,14 @@ bool starts(const std::string& line, const std::string& exec) {
   return padded.find(" " + exec + " ") != std::string::npos;
 }
 
-bool startsSomething(const DesktopEntry& entry) { return isFound(programOf(entry.value("Exec").value_or(""))); }
+bool startsSomething(const DesktopEntry& entry) {
+  return installation::isFound(programOf(entry.value("Exec").value_or("")));
+}
 
 // Desktops pass over an entry that asks for a program which is not there.
 bool isPassedOver(const DesktopEntry& entry) {
   const std::string program = unescaped(entry.value("TryExec").value_or(""));
-  return !program.empty() && !isFound(program);
+  return !program.empty() && !installation::isFound(program);
 }
 
 void setWhereMissing(DesktopEntry& entry, const std::string& key, const std::string& value) {

@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "host/linux/IcuNumberFormat.h"
-#include "host/linux/LaunchArguments.h"
 #include "host/linux/NumberLocale.h"
 #include "host/linux/RunningAppImage.h"
 #include "host/qt/DesktopUpdater.h"
+#include "installation/LaunchedAtLogin.h"
 
 namespace tarnwell::host_qt {
 
@@ -18,7 +18,7 @@ DesktopServices::DesktopServices(const kit::Product& product, const host_linux::
       loginItem_({.id = product.identifier,
                   .name = product.name,
                   .executable = host_linux::programToStart(start.executable),
-                  .argument = host_linux::LaunchArguments::launchedAtLogin}),
+                  .argument = installation::launchedAtLogin}),
       log_(product.program) {}
 
 QtPlatform::Services DesktopServices::services() {

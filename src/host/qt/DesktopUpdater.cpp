@@ -3,7 +3,7 @@
 #include "diagnostics/Console.h"
 #include "host/linux/BaseFolders.h"
 #include "host/linux/RunningAppImage.h"
-#include "host/linux/SearchPath.h"
+#include "installation/Programs.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
 
@@ -41,7 +41,7 @@ fs::path engineOf(const updateclient::UpdateSource& source, const std::string& p
     return source.engine;
   }
   const std::string name = program + "-update";
-  const auto found = host_linux::libexecProgram(executable.parent_path(), program, name);
+  const auto found = installation::libexecProgram(executable.parent_path(), program, name);
   if (!found) {
     diagnostics::reportError(found.error().message);
   }

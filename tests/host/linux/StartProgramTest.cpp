@@ -9,7 +9,7 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
-#include "host/linux/UserEnvironment.h"
+#include "installation/UserEnvironment.h"
 
 namespace tarnwell::host_linux {
 namespace {
@@ -37,7 +37,7 @@ TEST(StartProgramTest, aProgramGetsTheEnvironmentAsItWasBeforeWeChangedIt) {
   const EnvironmentScope path("PATH", "/usr/bin:/bin");
   const EnvironmentScope other("SOMETHING", "of the user's");
   const int status = fixtures::exitStatusOf([&] {
-    keepUserEnvironment();
+    installation::keepUserEnvironment();
     ::setenv("PATH", "/stand-ins:/usr/bin:/bin", 1);
     ::setenv("OURS", "1", 1);
     return notesEnvironment((sandbox / "environment").string()) ? 0 : 1;

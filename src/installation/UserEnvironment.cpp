@@ -1,4 +1,4 @@
-#include "host/linux/UserEnvironment.h"
+#include "installation/UserEnvironment.h"
 
 #include <unistd.h>
 
@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
 std::optional<std::vector<std::string>> kept;
@@ -37,4 +37,4 @@ void keepUserEnvironment() {
 
 std::vector<std::string> userEnvironment() { return kept ? *kept : presentEnvironment(); }
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

@@ -1,4 +1,4 @@
-#include "host/linux/EmulatedSystemVersion.h"
+#include "installation/EmulatedSystemVersion.h"
 
 #include <gtest/gtest.h>
 
@@ -6,18 +6,17 @@
 
 #include "fixtures/EnvironmentScope.h"
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
 using fixtures::EnvironmentScope;
-using kit::SystemVersion;
 
-std::string failure(const system::Result<SystemVersion>& result) { return result ? "" : result.error().message; }
+std::string failure(const system::Result<VersionNumbers>& result) { return result ? "" : result.error().message; }
 
 TEST(EmulatedSystemVersion, takesOneToThreeNumbers) {
   struct Row {
     const char* text = "";
-    SystemVersion version = {};
+    VersionNumbers version = {};
   };
   const std::vector<Row> rows = {
       {"14", {14, 0, 0}}, {"14.0.0", {14, 0, 0}}, {"14.5", {14, 5, 0}},   {"15.0.1", {15, 0, 1}},
@@ -71,12 +70,12 @@ TEST(EmulatedSystemVersion, messageIsOneLineOfBoundedLength) {
 
 TEST(EmulatedSystemVersion, is14UnlessTheEnvironmentSaysOtherwise) {
   const EnvironmentScope unset("MACOS_VERSION", "");
-  EXPECT_EQ(*emulatedSystemVersion(), (SystemVersion{14, 0, 0}));
+  EXPECT_EQ(*emulatedSystemVersion(), (VersionNumbers{14, 0, 0}));
   const EnvironmentScope newer("MACOS_VERSION", "15.1");
-  EXPECT_EQ(*emulatedSystemVersion(), (SystemVersion{15, 1, 0}));
+  EXPECT_EQ(*emulatedSystemVersion(), (VersionNumbers{15, 1, 0}));
   const EnvironmentScope wrong("MACOS_VERSION", "Sonoma");
   EXPECT_NE(failure(emulatedSystemVersion()), "");
 }
 
 }  // namespace
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 
 /// Keeps this process's environment for `userEnvironment`. To be called before we change any of it; the first call
 /// counts.
@@ -14,4 +14,4 @@ void keepUserEnvironment();
 /// is ours.
 std::vector<std::string> userEnvironment();
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

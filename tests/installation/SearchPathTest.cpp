@@ -1,4 +1,4 @@
-#include "host/linux/SearchPath.h"
+#include "installation/SearchPath.h"
 
 #include <gtest/gtest.h>
 
@@ -9,23 +9,19 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
-#include "host/linux/UserEnvironment.h"
+#include "installation/UserEnvironment.h"
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
 namespace fs = std::filesystem;
 using fixtures::EnvironmentScope;
 using fixtures::Sandbox;
 
-enum class Mode { executable, plain };
-
-void placeDefaults(const fs::path& folder, Mode mode = Mode::executable) {
+void placeDefaults(const fs::path& folder) {
   fs::create_directories(folder);
   std::ofstream(folder / "defaults") << "#!/bin/sh\necho ours\n";
-  if (mode == Mode::executable) {
-    fs::permissions(folder / "defaults", fs::perms::owner_all);
-  }
+  fs::permissions(folder / "defaults", fs::perms::owner_all);
 }
 
 // The folder beside this test program, for as long as a test needs it.
@@ -50,25 +46,6 @@ TEST(SearchPath, standInsComeFirstAndOnce) {
 
 TEST(SearchPath, systemFoldersStandInForNone) {
   EXPECT_EQ(searchPathWith("/ours", ""), "/ours:/usr/local/bin:/usr/bin:/bin");
-}
-
-TEST(SearchPath, folderBesideTheExecutableIsTakenBeforeTheInstalledOne) {
-  const Sandbox sandbox;
-  placeDefaults(sandbox / "libexec/tarnwell");
-  EXPECT_EQ(*libexecProgram(sandbox / "bin", "tarnwell", "defaults"), sandbox / "libexec/tarnwell/defaults");
-  placeDefaults(sandbox / "bin/libexec");
-  EXPECT_EQ(*libexecProgram(sandbox / "bin", "tarnwell", "defaults"), sandbox / "bin/libexec/defaults");
-}
-
-TEST(SearchPath, folderWithoutAProgramDefaultsIsAFailure) {
-  const Sandbox sandbox;
-  const std::string expected = "no program defaults in " + (sandbox / "bin/libexec").string() + " nor in " +
-                               (sandbox / "libexec/tarnwell").string();
-  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
-  fs::create_directories(sandbox / "bin/libexec/defaults");
-  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
-  placeDefaults(sandbox / "libexec/tarnwell", Mode::plain);
-  EXPECT_EQ(libexecProgram(sandbox / "bin", "tarnwell", "defaults").error().message, expected);
 }
 
 TEST(SearchPath, childrenFindTheStandInsBeforeAnotherPackagesTools) {
@@ -100,4 +77,4 @@ TEST(SearchPath, programsOfTheUserDoNotFindTheStandIns) {
 }
 
 }  // namespace
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

@@ -1,4 +1,4 @@
-#include "host/linux/FindProgram.h"
+#include "installation/FindProgram.h"
 
 #include <unistd.h>
 
@@ -6,7 +6,7 @@
 #include <sstream>
 #include <system_error>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 
 bool isProgram(const std::filesystem::path& path) {
   std::error_code ignored;
@@ -27,4 +27,4 @@ bool isFound(const std::string& name) {
   return false;
 }
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

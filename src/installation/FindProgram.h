@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 
 /// Whether there is a file at `path` that this user may run.
 bool isProgram(const std::filesystem::path& path);
@@ -11,4 +11,4 @@ bool isProgram(const std::filesystem::path& path);
 /// Whether `name` leads to a program: an absolute path, or a bare name on the PATH.
 bool isFound(const std::string& name);
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

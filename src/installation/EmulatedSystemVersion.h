@@ -1,17 +1,20 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
-#include "kit/ports/SystemVersion.h"
 #include "system/Result.h"
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
+
+/// Major, minor, patch.
+using VersionNumbers = std::array<int, 3>;
 
 /// The version of macOS that the application takes the system for: the environment's MACOS_VERSION, 14.0.0 where it is
 /// unset or empty. A failure for a text that is no version, and for one below 14.
-system::Result<kit::SystemVersion> emulatedSystemVersion();
+system::Result<VersionNumbers> emulatedSystemVersion();
 
 /// `text` is "N", "N.N" or "N.N.N": ASCII digits alone, at most 9 for each number. Missing numbers are 0.
-system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text);
+system::Result<VersionNumbers> parseSystemVersion(std::string_view text);
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

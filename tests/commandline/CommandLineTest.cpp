@@ -1,35 +1,25 @@
-#include "host/linux/CommandLine.h"
+#include "commandline/CommandLine.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::commandline {
 namespace {
 
-const kit::Product product = {.program = "tarnwell", .version = "1.2.3", .summary = "Hidden settings of the Dock"};
+const Product product = {.program = "tarnwell", .version = "1.2.3", .summary = "Hidden settings of the Dock"};
 
-CommandLine::Parsed parse(std::vector<const char*> arguments) {
-  arguments.insert(arguments.begin(), "tarnwell");
-  return CommandLine::parse(product, static_cast<int>(arguments.size()), arguments.data());
+Request parse(const std::vector<const char*>& arguments) { return commandline::parse(product, arguments); }
+
+TEST(CommandLine, withoutACommandTheWindowIsWanted) {
+  EXPECT_TRUE(std::holds_alternative<ShowWindow>(parse({})));
+  EXPECT_TRUE(std::holds_alternative<ShowWindow>(parse({"--launched-at-login"})));
 }
 
-TEST(CommandLine, withoutArgumentsStarts) {
-  const auto parsed = parse({});
-  ASSERT_TRUE(std::holds_alternative<LaunchArguments>(parsed));
-  EXPECT_FALSE(std::get<LaunchArguments>(parsed).atLogin);
-}
-
-TEST(CommandLine, knowsAStartAtLogin) {
-  EXPECT_TRUE(std::get<LaunchArguments>(parse({"--launched-at-login"})).atLogin);
-}
-
-TEST(CommandLine, printsItsVersion) {
-  EXPECT_EQ(std::get<CommandLine::Print>(parse({"--version"})).text, "tarnwell 1.2.3");
-}
+TEST(CommandLine, printsItsVersion) { EXPECT_EQ(std::get<Print>(parse({"--version"})).text, "tarnwell 1.2.3"); }
 
 TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {
-  const std::string text = std::get<CommandLine::Print>(parse({"--help"})).text;
+  const std::string text = std::get<Print>(parse({"--help"})).text;
   EXPECT_NE(text.find("--help"), std::string::npos);
   EXPECT_NE(text.find("--version"), std::string::npos);
   EXPECT_EQ(text.find("--launched-at-login"), std::string::npos);
@@ -51,12 +41,12 @@ TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
                                                       {"--help", "--version"},
                                                       {"--"}};
   for (const auto& arguments : rows) {
-    const auto parsed = parse(arguments);
-    ASSERT_TRUE(std::holds_alternative<system::Failure>(parsed)) << arguments.front();
-    EXPECT_NE(std::get<system::Failure>(parsed).message.find("\nusage: tarnwell [--help | --version]"),
+    const Request request = parse(arguments);
+    ASSERT_TRUE(std::holds_alternative<system::Failure>(request)) << arguments.front();
+    EXPECT_NE(std::get<system::Failure>(request).message.find("\nusage: tarnwell [--help | --version]"),
               std::string::npos);
   }
 }
 
 }  // namespace
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::commandline

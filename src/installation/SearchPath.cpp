@@ -1,12 +1,12 @@
-#include "host/linux/SearchPath.h"
+#include "installation/SearchPath.h"
 
 #include <cstdlib>
 
-#include "host/linux/FindProgram.h"
-#include "host/linux/UserEnvironment.h"
+#include "installation/Programs.h"
+#include "installation/UserEnvironment.h"
 #include "system/RunningExecutable.h"
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
 constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
@@ -31,20 +31,8 @@ system::Result<void> putStandInsFirst(const std::string& program) {
   if (!own) {
     return own.error();
   }
-  const auto standIn = libexecProgram(own->parent_path(), program, "defaults");
+  const auto standIn = libexecProgram(frontOf(*own, program).parent_path(), program, "defaults");
   return standIn ? putFirst(standIn->parent_path().string()) : standIn.error();
-}
-
-system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
-                                                     const std::string& name) {
-  const auto built = folder / "libexec";
-  const auto installed = (folder / ".." / "libexec" / program).lexically_normal();
-  for (const auto& candidate : {built / name, installed / name}) {
-    if (isProgram(candidate)) {
-      return candidate;
-    }
-  }
-  return system::Failure{"no program " + name + " in " + built.string() + " nor in " + installed.string()};
 }
 
 std::string searchPathWith(std::string_view folder, std::string_view before) {
@@ -64,4 +52,4 @@ std::string searchPathWith(std::string_view folder, std::string_view before) {
   return path;
 }
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

@@ -1,15 +1,14 @@
-#include "host/linux/EmulatedSystemVersion.h"
+#include "installation/EmulatedSystemVersion.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <optional>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
-constexpr kit::SystemVersion oldest = {.major = 14};
+constexpr VersionNumbers oldest = {14, 0, 0};
 constexpr std::size_t mostVersionDigits = 9;
 constexpr std::size_t mostEchoed = 40;
 
@@ -29,8 +28,8 @@ std::optional<int> number(std::string_view digits) {
   return value;
 }
 
-std::optional<kit::SystemVersion> numbers(std::string_view text) {
-  std::array<int, 3> parts = {};
+std::optional<VersionNumbers> numbers(std::string_view text) {
+  VersionNumbers parts = {};
   for (int& part : parts) {
     const auto end = text.find('.');
     const auto value = number(text.substr(0, end));
@@ -39,7 +38,7 @@ std::optional<kit::SystemVersion> numbers(std::string_view text) {
     }
     part = *value;
     if (end == std::string_view::npos) {
-      return kit::SystemVersion{parts[0], parts[1], parts[2]};
+      return parts;
     }
     text.remove_prefix(end + 1);
   }
@@ -55,12 +54,12 @@ std::string echoed(std::string_view text) {
 
 }  // namespace
 
-system::Result<kit::SystemVersion> emulatedSystemVersion() {
+system::Result<VersionNumbers> emulatedSystemVersion() {
   const char* text = std::getenv("MACOS_VERSION");
-  return text == nullptr || *text == '\0' ? kit::SystemVersion{} : parseSystemVersion(text);
+  return text == nullptr || *text == '\0' ? oldest : parseSystemVersion(text);
 }
 
-system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
+system::Result<VersionNumbers> parseSystemVersion(std::string_view text) {
   const std::string beginning = "MACOS_VERSION is " + echoed(text) + ": ";
   const auto version = numbers(text);
   if (!version) {
@@ -72,4 +71,4 @@ system::Result<kit::SystemVersion> parseSystemVersion(std::string_view text) {
   return *version;
 }
 
-}  // namespace tarnwell::host_linux
+}  // namespace tarnwell::installation

@@ -1,0 +1,31 @@
+#include "installation/Programs.h"
+
+#include "installation/FindProgram.h"
+
+namespace tarnwell::installation {
+namespace {
+
+constexpr const char* helpers = "libexec";
+
+}  // namespace
+
+system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
+                                                     const std::string& name) {
+  const auto built = folder / helpers;
+  const auto installed = (folder / ".." / helpers / program).lexically_normal();
+  for (const auto& candidate : {built / name, installed / name}) {
+    if (isProgram(candidate)) {
+      return candidate;
+    }
+  }
+  return system::Failure{"no program " + name + " in " + built.string() + " nor in " + installed.string()};
+}
+
+std::filesystem::path frontOf(const std::filesystem::path& executable, const std::string& program) {
+  const auto folder = executable.parent_path();
+  const auto above = folder.parent_path();
+  const auto front = folder.filename() == helpers ? above / program : above.parent_path() / "bin" / program;
+  return isProgram(front) ? front : executable;
+}
+
+}  // namespace tarnwell::installation

@@ -1,0 +1,53 @@
+// The program that users start: it does what they ask for, or goes on as the window's program.
+#include <cstdlib>
+#include <span>
+#include <variant>
+
+#include "commandline/CommandLine.h"
+#include "diagnostics/Console.h"
+#include "diagnostics/StandardStreams.h"
+#include "installation/Programs.h"
+#include "system/BecomeProgram.h"
+#include "system/RunningExecutable.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int wrongUsage = 2;
+
+int failed(const std::string& message, int status) {
+  diagnostics::reportError(message);
+  return status;
+}
+
+int showWindow(const std::string& program, char* const* words) {
+  const auto own = system::runningExecutable();
+  if (!own) {
+    return failed(own.error().message, EXIT_FAILURE);
+  }
+  const auto window = installation::libexecProgram(own->parent_path(), program, program + "-window");
+  if (!window) {
+    return failed("The window is not installed; its package is " + program + ".", wrongUsage);
+  }
+  return failed(system::becomeProgram(*window, words).message, EXIT_FAILURE);
+}
+
+}  // namespace
+}  // namespace tarnwell
+
+int main(int argc, char** argv) {
+  using namespace tarnwell;
+  diagnostics::prepareStandardStreams();
+  const commandline::Product product = {
+      .program = "tarnwell", .version = TARNWELL_VERSION, .summary = TARNWELL_SUMMARY};
+  const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
+  const auto request = commandline::parse(product, words.subspan(words.empty() ? 0 : 1));
+  if (const auto* print = std::get_if<commandline::Print>(&request)) {
+    diagnostics::printLine(print->text);
+    return EXIT_SUCCESS;
+  }
+  if (const auto* failure = std::get_if<system::Failure>(&request)) {
+    return failed(failure->message, wrongUsage);
+  }
+  return showWindow(product.program, argv);
+}
