@@ -58,6 +58,12 @@ std::optional<std::string> Descriptor::readAll(std::size_t most) const {
   return bytes;
 }
 
+std::optional<std::string> Descriptor::readPart() const {
+  std::array<char, 65536> part;
+  const ssize_t count = uninterrupted([&] { return ::read(number_, part.data(), part.size()); });
+  return count < 0 ? std::nullopt : std::optional(std::string(part.data(), static_cast<std::size_t>(count)));
+}
+
 bool Descriptor::waitUntilReadable(std::chrono::steady_clock::time_point end) const {
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());

@@ -29,6 +29,10 @@ class Descriptor {
   /// for as long as it takes.
   std::optional<std::string> readAll(std::size_t most = std::string::npos) const;
 
+  /// What there is to read at the current place, 64 KiB at most, as much as a pipe holds; empty at the end. Nothing on
+  /// a read error. Blocks while there is nothing yet.
+  std::optional<std::string> readPart() const;
+
   /// Blocks until it can be read, or its other end is gone. False when `end` has come first.
   bool waitUntilReadable(std::chrono::steady_clock::time_point end) const;
 

@@ -2,6 +2,7 @@
 
 #include "core/DecimalText.h"
 #include "core/ValueText.h"
+#include "profile/values/Name.h"
 
 namespace tarnwell::profile {
 namespace {
@@ -48,7 +49,7 @@ system::Result<Wish> secondsWish(const Setting& setting, double seconds) {
 system::Result<Wish> effectWish(const Setting& setting, std::string_view word) {
   const auto effect = core::parseMinEffect(word);
   if (!effect || core::text(*effect) != word) {
-    return system::Failure{std::string(setting.key) + " is genie, scale or suck, not \"" + std::string(word) + "\""};
+    return system::Failure{std::string(setting.key) + " is genie, scale or suck, not " + inQuotes(word)};
   }
   return Wish(*effect);
 }
