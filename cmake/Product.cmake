@@ -1,5 +1,6 @@
-# What is built here, to a system; what people read of it is in src/app/Product.cpp.
+# What is built here, to a system; what people read of it besides is in src/app/Product.cpp.
 set(TARNWELL_IDENTIFIER example.tarnwell.Tarnwell)
+set(TARNWELL_COPYRIGHT "© 2026 The Tarnwell developers")
 set(TARNWELL_ICON "${PROJECT_SOURCE_DIR}/packaging/icons/tarnwell.svg")
 
 # The host whose pages Help, feedback and donations open.

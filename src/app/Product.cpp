@@ -7,7 +7,7 @@ kit::Product product() {
           .program = "tarnwell",
           .identifier = TARNWELL_IDENTIFIER,
           .version = TARNWELL_VERSION,
-          .copyright = "© 2026 The Tarnwell developers",
+          .copyright = TARNWELL_COPYRIGHT,
           .summary = TARNWELL_SUMMARY,
           .webHost = TARNWELL_WEB_HOST};
 }

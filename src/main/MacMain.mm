@@ -2,17 +2,15 @@
 #include "app/Composition.h"
 #include "app/Product.h"
 #include "diagnostics/StandardStreams.h"
-#include "host/macos/MacPlatform.h"
-#include "host/macos/system/ServiceLoginItem.h"
-#include "host/macos/system/UnifiedLog.h"
+#include "host/macos/MacServices.h"
 
 int main() {
   using namespace tarnwell;
   diagnostics::prepareStandardStreams();
   @autoreleasepool {
-    host_macos::ServiceLoginItem loginItem;
-    host_macos::UnifiedLog log;
-    host_macos::MacPlatform platform(app::product(), {.loginItem = &loginItem, .log = &log});
+    const kit::Product product = app::product();
+    host_macos::MacServices services(product, updateclient::updateSource());
+    host_macos::MacPlatform platform(product, services.services());
     return app::run(platform);
   }
 }

@@ -209,7 +209,7 @@ TEST(ApplicationScenarios, aLoginItemThatTheSystemRefusesSpringsBack) {
 TEST(ApplicationScenarios, theMenusReadAsDesigned) {
   Tarnwell tarnwell;
   System& system = tarnwell.system();
-  const Lines hiding = {"Hide Tarnwell", "Hide Others", "Show All", "-"};
+  const Lines hiding = {"Services", "-", "Hide Tarnwell", "Hide Others", "Show All", "-"};
   Lines tarnwellMenu = {"About Tarnwell", "-", "Settings…", "-", "Quit Tarnwell"};
   if (system.platform().hidesApplications()) {
     tarnwellMenu.insert(tarnwellMenu.end() - 1, hiding.begin(), hiding.end());

@@ -57,6 +57,7 @@ static inline CGFloat NSMaxY(NSRect rect) { return rect.origin.y + rect.size.hei
 @class NSApplication, NSString;
 KIT_EXTERN NSApplication* NSApp;
 KIT_EXTERN void NSLog(NSString*, ...);
+KIT_EXTERN NSString* NSHomeDirectory(void);
 KIT_EXTERN NSString* NSStringFromSelector(SEL);
 KIT_EXTERN SEL NSSelectorFromString(NSString*);
 KIT_EXTERN BOOL NSPointInRect(NSPoint, NSRect);

@@ -2,6 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -12,16 +13,21 @@
 #include "host/macos/system/ApplicationDelegate.h"
 #include "host/macos/system/LocaleNumberFormat.h"
 #include "kit/application/Platform.h"
+#include "kit/ports/Updater.h"
 
 namespace tarnwell::host_macos {
 
 /// macOS as the application sees it. One a process, made before anything else of the platform's is used.
 class MacPlatform final : public kit::Platform {
  public:
-  /// What a test answers in the system's place. Borrowed, never null.
+  /// What a test answers in the system's place. Pointers are borrowed; nothing may be null or empty.
   struct Services {
     kit::LoginItem* loginItem = nullptr;
     kit::Log* log = nullptr;
+    std::function<std::unique_ptr<kit::UpdaterController>(kit::Application&, const kit::UpdaterControllerArguments&)>
+        makeUpdaterController = {};
+    /// Has this program started once more, by a process that ends now.
+    kit::Action startAgain = {};
   };
 
   MacPlatform(kit::Product product, Services services);

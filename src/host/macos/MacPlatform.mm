@@ -5,15 +5,20 @@
 
 #include "host/macos/look/Conversions.h"
 #include "host/macos/menus/StatusItemPeer.h"
-#include "host/macos/system/AbsentUpdater.h"
 #include "host/macos/system/DescriptorWatch.h"
 #include "host/macos/system/LaunchEvent.h"
-#include "host/macos/system/Relaunch.h"
 #include "kit/application/Application.h"
+#include "view/scenes/MainMenu.h"
 
 namespace tarnwell::host_macos {
+namespace {
 
-MacPlatform::MacPlatform(kit::Product product, Services services) : product_(std::move(product)), services_(services) {
+NSMenu* submenuOf(NSMenu* menu, const char* title) { return [[menu itemWithTitle:toNSString(title)] submenu]; }
+
+}  // namespace
+
+MacPlatform::MacPlatform(kit::Product product, Services services)
+    : product_(std::move(product)), services_(std::move(services)) {
   const ApplicationEvents events = {
       .launched = [this] { launched(); },
       .reopened = [] { kit::Application::shared().reopen(); },
@@ -55,7 +60,7 @@ void MacPlatform::terminates() {
     kit::Application::shared().willTerminate();
   }
   if (startsAgain_) {
-    relaunchAfterEnd(*services_.log, product_);
+    services_.startAgain();
   }
 }
 
@@ -90,7 +95,8 @@ kit::Subscription MacPlatform::whenReady(const kit::Action& open) {
   }
   // A program that has not finished launching cannot come to the front.
   open_ = std::make_shared<kit::Action>(open);
-  return kit::Subscription([weak = std::weak_ptr(open_)] {
+  const std::weak_ptr weak = open_;
+  return kit::Subscription([weak] {
     if (const auto waiting = weak.lock()) {
       *waiting = nullptr;
     }
@@ -114,7 +120,11 @@ void MacPlatform::openUrl(const std::string& address) {
 
 void MacPlatform::showMainMenu(kit::Application& application) {
   mainMenu_ = std::make_unique<MenuMirror>(application.mainMenu());
-  [NSApp setMainMenu:mainMenu_->menu()];
+  NSMenu* menu = mainMenu_->menu();
+  [NSApp setMainMenu:menu];
+  [NSApp setServicesMenu:submenuOf([[menu itemAtIndex:0] submenu], view::MainMenu::servicesTitle)];
+  [NSApp setWindowsMenu:submenuOf(menu, view::MainMenu::windowTitle)];
+  [NSApp setHelpMenu:submenuOf(menu, view::MainMenu::helpTitle)];
 }
 
 std::unique_ptr<kit::StatusItemPeer> MacPlatform::peer(kit::StatusItem& item) {
@@ -122,8 +132,8 @@ std::unique_ptr<kit::StatusItemPeer> MacPlatform::peer(kit::StatusItem& item) {
 }
 
 std::unique_ptr<kit::UpdaterController> MacPlatform::makeUpdaterController(
-    kit::Application& /*application*/, const kit::UpdaterControllerArguments& /*arguments*/) {
-  return std::make_unique<AbsentUpdater>();
+    kit::Application& application, const kit::UpdaterControllerArguments& arguments) {
+  return services_.makeUpdaterController(application, arguments);
 }
 
 std::optional<kit::AppleEvent> MacPlatform::currentAppleEvent() const { return host_macos::currentAppleEvent(); }

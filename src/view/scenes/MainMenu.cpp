@@ -35,8 +35,8 @@ MainMenu::MainMenu(kit::Application& application, std::vector<CommandGroup> comm
   addFileMenu();
   addEditMenu();
   addReplaceable(addMenu("View"), CommandGroupPlacement::toolbar, {});
-  addItems(addMenu("Window"), {platformEntry("Minimize", selectors::performMiniaturize, "m")});
-  addReplaceable(addMenu("Help"), CommandGroupPlacement::help, {});
+  addItems(addMenu(windowTitle), {platformEntry("Minimize", selectors::performMiniaturize, "m")});
+  addReplaceable(addMenu(helpTitle), CommandGroupPlacement::help, {});
   application_.platform().showMainMenu(application_);
 }
 
@@ -89,6 +89,7 @@ void MainMenu::addApplicationMenu() {
                  {entry("About " + name, selectors::orderFrontStandardAboutPanel)});
   addReplaceable(top, CommandGroupPlacement::appSettings, {settingsEntry(environment_.get<OpenSettingsSceneKey>())});
   if (application_.platform().hidesApplications()) {
+    addItems(top, {kit::MenuItem::withSubmenu(servicesTitle, std::make_shared<kit::Menu>(servicesTitle))});
     addItems(top,
              {platformEntry("Hide " + name, selectors::hide, "h"),
               platformEntry("Hide Others", selectors::hideOtherApplications, "h", kit::commandFlag | kit::optionFlag),

@@ -15,6 +15,11 @@ namespace tarnwell::view {
 /// Fills the application's main menu: the standard menus with their standard groups, some of them replaced by views.
 class MainMenu {
  public:
+  // Menus to which a platform may add entries of its own; the services stand in the application's menu, the first.
+  static constexpr const char* servicesTitle = "Services";
+  static constexpr const char* windowTitle = "Window";
+  static constexpr const char* helpTitle = "Help";
+
   /// The application is borrowed and outlives the menu.
   MainMenu(kit::Application& application, std::vector<CommandGroup> commands, EnvironmentValues environment);
   MainMenu(const MainMenu&) = delete;

@@ -12,12 +12,12 @@ namespace kit = tarnwell::kit;
 @interface TWLinkDelegate : NSObject <NSTextViewDelegate> {
   kit::RichText* text_;
 }
-- (instancetype)initWithText:(kit::RichText*)text;
+- (instancetype)initFollowing:(kit::RichText*)text;
 - (void)cut;
 @end
 
 @implementation TWLinkDelegate
-- (instancetype)initWithText:(kit::RichText*)text {
+- (instancetype)initFollowing:(kit::RichText*)text {
   self = [super init];
   if (self != nil) {
     text_ = text;
@@ -50,7 +50,7 @@ class RichTextPeer final : public PeerOf<kit::RichText, NSTextView> {
  public:
   RichTextPeer(kit::RichText& text, NSView* parent)
       : PeerOf(text, makeView<NSTextView>(), parent),
-        delegate_(Retained<TWLinkDelegate*>::adopt([[TWLinkDelegate alloc] initWithText:&text])) {
+        delegate_(Retained<TWLinkDelegate*>::adopt([[TWLinkDelegate alloc] initFollowing:&text])) {
     [view() setDelegate:delegate_.get()];
     [view() setEditable:NO];
     [view() setSelectable:YES];

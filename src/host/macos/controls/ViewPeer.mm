@@ -61,6 +61,10 @@ void ViewPeer::showAccessibleName() {
 void ViewPeer::place(const kit::Rect& frame) noexcept {
   // The layout speaks of what is seen; a control of the platform's has a shadow around it.
   [view_.get() setFrame:[view_.get() frameForAlignmentRect:toNSRect(frame)]];
+  // Rows tell their controls before each layout which text names them.
+  if (const kit::Control* label = control_.label()) {
+    [view_.get() setAccessibilityTitleUIElement:viewOf(*label)];
+  }
 }
 
 std::optional<kit::Measurement> ViewPeer::measure(kit::Proposal proposal) const {

@@ -43,13 +43,16 @@ class MenuMirror {
   bool canChoose(NSInteger index) const;
 
  private:
+  using Mirrors = std::vector<std::unique_ptr<MenuMirror>>;
+
   void rebuild();
   NSMenuItem* makeEntry(const kit::MenuItem& item, NSInteger index);
+  void addSubmenu(NSMenuItem* entry, kit::Menu& source, Mirrors& before);
 
   kit::Menu& source_;
   Retained<NSMenu*> menu_;
   Retained<TWMenuDelegate*> delegate_;
-  std::vector<std::unique_ptr<MenuMirror>> submenus_;
+  Mirrors submenus_;
   kit::Subscription changes_;
 };
 

@@ -1,5 +1,8 @@
 #include "host/macos/menus/MenuMirror.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "host/macos/look/Conversions.h"
 #include "kit/application/Application.h"
 
@@ -95,13 +98,28 @@ bool MenuMirror::canChoose(NSInteger index) const {
 }
 
 void MenuMirror::rebuild() {
+  for (NSMenuItem* entry in [menu_.get() itemArray]) {
+    [entry setSubmenu:nil];
+  }
   [menu_.get() removeAllItems];
-  submenus_.clear();
+  Mirrors before = std::exchange(submenus_, {});
   NSInteger index = 0;
   for (const auto& item : source_.items()) {
-    [menu_.get() addItem:item->isSeparator() ? [NSMenuItem separatorItem] : makeEntry(*item, index)];
+    NSMenuItem* entry = item->isSeparator() ? [NSMenuItem separatorItem] : makeEntry(*item, index);
+    if (item->submenu()) {
+      addSubmenu(entry, *item->submenu(), before);
+    }
+    [menu_.get() addItem:entry];
     ++index;
   }
+}
+
+// One that stood here before stays the same: the platform may have put entries into it.
+void MenuMirror::addSubmenu(NSMenuItem* entry, kit::Menu& source, Mirrors& before) {
+  const auto known = std::find_if(before.begin(), before.end(),
+                                  [&source](const auto& mirror) { return mirror && &mirror->source_ == &source; });
+  submenus_.push_back(known != before.end() ? std::move(*known) : std::make_unique<MenuMirror>(source));
+  [entry setSubmenu:submenus_.back()->menu()];
 }
 
 NSMenuItem* MenuMirror::makeEntry(const kit::MenuItem& item, NSInteger index) {
@@ -114,10 +132,6 @@ NSMenuItem* MenuMirror::makeEntry(const kit::MenuItem& item, NSInteger index) {
   [entry setTag:index];
   // What is the platform's goes to what it finds in its own responder chain.
   [entry setTarget:isPlatforms ? nil : delegate_.get()];
-  if (item.submenu()) {
-    submenus_.push_back(std::make_unique<MenuMirror>(*item.submenu()));
-    [entry setSubmenu:submenus_.back()->menu()];
-  }
   return entry;
 }
 

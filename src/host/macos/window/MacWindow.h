@@ -11,7 +11,7 @@ class Window;
 @interface TWWindow : NSWindow <NSWindowDelegate> {
   tarnwell::kit::Window* window_;
 }
-- (instancetype)initWithWindow:(tarnwell::kit::Window*)window;
+- (instancetype)initShowing:(tarnwell::kit::Window*)window;
 /// It tells nothing from now on.
 - (void)cut;
 @end

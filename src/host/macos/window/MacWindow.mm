@@ -31,7 +31,7 @@ kit::KeyEvent keyOf(NSEvent* event) {
 }  // namespace
 
 @implementation TWWindow
-- (instancetype)initWithWindow:(kit::Window*)window {
+- (instancetype)initShowing:(kit::Window*)window {
   const bool isPanel = window->kind() == kit::Window::Kind::panel;
   self = [super initWithContentRect:NSZeroRect
                           styleMask:isPanel ? panelStyle : panelStyle | NSWindowStyleMaskMiniaturizable
@@ -65,12 +65,6 @@ kit::KeyEvent keyOf(NSEvent* event) {
   }
   return made;
 }
-- (void)sendEvent:(NSEvent*)event {
-  if ([event type] == NSEventTypeLeftMouseDown) {
-    [self endEditingForPress:event];
-  }
-  [super sendEvent:event];
-}
 // The platform's buttons and switches would leave the field as it is.
 - (void)endEditingForPress:(NSEvent*)event {
   NSView* frame = [[self contentView] superview];
@@ -78,6 +72,12 @@ kit::KeyEvent keyOf(NSEvent* event) {
   if (pressed == nullptr || pressed != controlOf([self firstResponder])) {
     [self makeFirstResponder:nil];
   }
+}
+- (void)sendEvent:(NSEvent*)event {
+  if ([event type] == NSEventTypeLeftMouseDown) {
+    [self endEditingForPress:event];
+  }
+  [super sendEvent:event];
 }
 // What no control and no entry of a menu has wanted.
 - (void)keyDown:(NSEvent*)event {

@@ -8,7 +8,7 @@
 namespace tarnwell::host_macos {
 
 WindowPeer::WindowPeer(kit::Window& window)
-    : kitWindow_(window), window_(Retained<TWWindow*>::adopt([[TWWindow alloc] initWithWindow:&window])) {
+    : kitWindow_(window), window_(Retained<TWWindow*>::adopt([[TWWindow alloc] initShowing:&window])) {
   [window_.get() setIdentifier:toNSString(window.identifier())];
 }
 

@@ -1,0 +1,57 @@
+#include "host/macos/MacUpdater.h"
+
+#import <AppKit/AppKit.h>
+
+#include <utility>
+
+#include "host/macos/look/Conversions.h"
+#include "kit/application/Application.h"
+#include "kit/application/Platform.h"
+
+namespace tarnwell::host_macos {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path libraryFolder(const char* kind, kit::Application& application) {
+  return fs::path(toString(NSHomeDirectory())) / "Library" / kind / application.platform().product().identifier;
+}
+
+updateclient::UpdaterConfiguration configurationOf(const updateclient::UpdateSource& source,
+                                                   kit::Application& application) {
+  updateclient::UpdaterConfiguration configuration = source.configuration;
+  configuration.packageFolder = libraryFolder("Caches", application) / "updates";
+  return configuration;
+}
+
+// Where a bundle has the programs that its own starts.
+fs::path engineOf(const updateclient::UpdateSource& source, kit::Application& application) {
+  const std::string name = application.platform().product().program + "-update";
+  return source.engine.empty() ? fs::path(toString([[NSBundle mainBundle] bundlePath])) / "Contents/Helpers" / name
+                               : source.engine;
+}
+
+/// What a descriptor announces is an event of the application.
+updateclient::Watch watchOf(kit::Application& application) {
+  return [&application](int descriptor, kit::Action readable) {
+    return application.platform().watch(
+        descriptor, [&application, readable = std::move(readable)] { application.turn().perform(readable); });
+  };
+}
+
+}  // namespace
+
+system::Result<void> MacUpdater::NoInstaller::open(const fs::path& /*file*/, Opened /*opened*/) {
+  return system::Failure{"This system opens no packages."};
+}
+
+MacUpdater::MacUpdater(kit::Application& application, const kit::UpdaterControllerArguments& arguments,
+                       const updateclient::UpdateSource& source)
+    : windows_(application, source.configuration.shownVersion),
+      engine_(engineOf(source, application), watchOf(application)),
+      alarm_(watchOf(application)),
+      controller_(arguments, configurationOf(source, application),
+                  updateclient::UpdaterPreferences(libraryFolder("Application Support", application) / "updates"),
+                  {.engine = engine_, .driver = windows_, .desktop = installer_, .alarm = alarm_}) {}
+
+}  // namespace tarnwell::host_macos
