@@ -1,7 +1,7 @@
 /// A stand-in for the `killall` tool of macOS: ends the processes of a name, of those that belong to the same played
 /// system, which are those with the same MACOS_ROOT. So it never ends a program of the same name that has nothing to do
 /// with it. It differs from the original in these points:
-///   - It sends no signal but SIGTERM, and has none of the original's options.
+///   - It sends no signal but SIGTERM, and has none of the original's options but -s.
 ///   - Several that run at once take turns, and each meets a Dock that was not yet asked to end: where each of many
 ///     settings restarts the Dock, the Dock is restarted as many times.
 
@@ -24,9 +24,11 @@
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: killall NAME ... | --help
+constexpr std::string_view usageText = R"(Usage: killall [-s] NAME ... | --help
 
 Asks every process of a name that has the same MACOS_ROOT to end. MACOS_ROOT is ~/.local/share/macos-standin unless set.
+
+  -s   print what would be done, and do nothing
 )";
 
 using Clock = std::chrono::steady_clock;
@@ -91,10 +93,21 @@ bool killAll(std::string_view name, const std::string& root) {
   return !asked.empty();
 }
 
-int run(const std::vector<std::string_view>& arguments) {
+// Prints what would be done to those that are there now. False when there is none.
+bool showAll(std::string_view name, const std::string& root) {
+  const std::vector<system::RunningProcess> found = processesOf(name, root);
+  for (const system::RunningProcess& each : found) {
+    diagnostics::printLine("kill -TERM " + std::to_string(each.number()));
+  }
+  return !found.empty();
+}
+
+int run(std::vector<std::string_view> arguments) {
   if (arguments.size() == 1 && arguments.front() == "--help") {
     return diagnostics::print(usageText) ? 0 : 1;
   }
+  const bool onlyShows = !arguments.empty() && arguments.front() == "-s";
+  arguments.erase(arguments.begin(), arguments.begin() + (onlyShows ? 1 : 0));
   if (arguments.empty() || arguments.front().starts_with('-')) {
     diagnostics::printError(usageText);
     return 1;
@@ -106,7 +119,7 @@ int run(const std::vector<std::string_view>& arguments) {
   }
   int status = 0;
   for (const std::string_view name : arguments) {
-    if (!killAll(name, *root)) {
+    if (!(onlyShows ? showAll(name, *root) : killAll(name, *root))) {
       diagnostics::printErrorLine("No matching processes belonging to you were found");
       status = 1;
     }

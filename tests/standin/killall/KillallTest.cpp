@@ -145,9 +145,21 @@ TEST(KillallTest, endsProgramsOfOtherNamesAsWell) {
   EXPECT_EQ(program.wait().signal, SIGTERM);
 }
 
+TEST(KillallTest, showsWhatItWouldEnd) {
+  const MacSystem system;
+  const Words show = {KILLALL_PATH, "-s", "Dock"};
+  EXPECT_EQ(run(show, system.environment()).errors, noProcess);
+  const Process dock({DOCK_PATH}, system.environment());
+  ASSERT_TRUE(waitForStarts(system, 1));
+  const Outcome outcome = run(show, system.environment());
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "kill -TERM " + std::to_string(dock.id()) + "\n");
+  EXPECT_TRUE(isRunning(dock.id()));
+}
+
 TEST(KillallTest, answersItsCommandLine) {
   EXPECT_THAT(run({KILLALL_PATH, "--help"}, {}).output, HasSubstr("Usage: killall"));
-  for (const Words& wrong : {Words{KILLALL_PATH}, Words{KILLALL_PATH, "-9", "Dock"}}) {
+  for (const Words& wrong : {Words{KILLALL_PATH}, Words{KILLALL_PATH, "-9", "Dock"}, Words{KILLALL_PATH, "-s"}}) {
     const Outcome outcome = run(wrong, {});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors, HasSubstr("Usage: killall"));
