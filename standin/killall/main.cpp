@@ -17,9 +17,9 @@
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
-#include "system/FileLock.h"
-#include "system/FolderWatch.h"
-#include "system/RunningProcess.h"
+#include "system/events/FolderWatch.h"
+#include "system/files/FileLock.h"
+#include "system/processes/RunningProcess.h"
 
 namespace tarnwell::standin {
 namespace {

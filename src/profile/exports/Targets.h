@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "profile/values/Profile.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::profile {
 

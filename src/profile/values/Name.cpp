@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::profile {
 namespace {
