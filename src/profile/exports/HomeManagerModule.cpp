@@ -5,12 +5,12 @@
 namespace tarnwell::profile {
 namespace {
 
-constexpr std::string_view restart = R"(  home.activation.restartDock = lib.hm.dag.entryAfter [ "setDarwinDefaults" ] ''
+constexpr std::string_view restartEntry = R"(  home.activation.restartDock = lib.hm.dag.entryAfter [ "setDarwinDefaults" ] ''
     run /usr/bin/killall Dock || true
   '';
 )";
 
-constexpr std::string_view noRestart = R"(  # Nothing restarts the Dock. This would, at every switch:
+constexpr std::string_view restartInComment = R"(  # Nothing restarts the Dock. This would, at every switch:
   # home.activation.restartDock = lib.hm.dag.entryAfter [ "setDarwinDefaults" ] ''
   #   run /usr/bin/killall Dock || true
   # '';
@@ -22,7 +22,7 @@ system::Result<Export> homeManagerModule(const Profile& profile, const ExportOpt
   const std::vector<std::string> warnings = unsaidUnset("home-manager", profile);
   return Export{headComment("Settings of the Dock, as a module of home-manager.", profile) + "{ lib, ... }:\n{\n" +
                     nixAttributes("targets.darwin.defaults.\"com.apple.dock\"", valuesOf(profile)) +
-                    comments("  # ", warnings) + std::string(options.restartsDock ? restart : noRestart) + "}\n",
+                    comments("  # ", warnings) + std::string(options.restartsDock ? restartEntry : restartInComment) + "}\n",
                 warnings};
 }
 
