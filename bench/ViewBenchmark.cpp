@@ -24,8 +24,8 @@
 #include "view/controls/Text.h"
 #include "view/controls/Toggle.h"
 #include "view/scenes/HostedWindow.h"
+#include "view/state/State.h"
 #include "view/tree/MountedNode.h"
-#include "view/tree/State.h"
 
 namespace tarnwell::bench {
 namespace {

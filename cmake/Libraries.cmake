@@ -9,13 +9,10 @@ function(reuse_precompiled_headers target kind)
   endif()
 endfunction()
 
-# What differs between systems stands in files of each behind one header: PipeLinux.cpp, PipeMac.cpp. Where they are
-# many, those of a system have a folder.
+# What differs between systems stands in files of each behind one header: PipeLinux.cpp, PipeMac.cpp.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
-  set(system_folder linux)
   set(other_system Mac)
 elseif(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
-  set(system_folder mac)
   set(other_system Linux)
 else()
   message(FATAL_ERROR "nothing calls ${CMAKE_SYSTEM_NAME} yet")
@@ -26,8 +23,7 @@ endif()
 function(tarnwell_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "LINKS;PRIVATE_LINKS")
   set(folder "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}")
-  file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.mm"
-       "${folder}/${system_folder}/*.cpp")
+  file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.mm")
   list(FILTER sources EXCLUDE REGEX "((/m|M)ain|${other_system})\\.(cpp|mm)$")
   if(NOT sources)
     add_library(tarnwell_${name} INTERFACE)

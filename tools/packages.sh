@@ -22,6 +22,8 @@ packages_for() {
       ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
+    # The tools that exports are for, and those that judge what is written for them.
+    handover) echo ansible ansible-lint bash dash jq libplist-utils libxml2-utils nix-bin python3 shellcheck yamllint zsh ;;
     desktop) echo at-spi2-core python3-pyatspi sway weston wtype qt6-wayland gir1.2-gtk-3.0 ;;
   esac
 }
@@ -35,6 +37,7 @@ commands_for() {
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
+    handover) echo ansible-playbook ansible-lint bash dash jq plistutil xmllint nix-instantiate python3 shellcheck yamllint zsh ;;
     desktop) echo sway swaymsg weston wtype ;;
   esac
 }

@@ -1,7 +1,7 @@
 #include "app/AlwaysOnTopSettingsView.h"
 
 #include "kit/application/Application.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::app {
 

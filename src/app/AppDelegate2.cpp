@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "diagnostics/Console.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::app {
 namespace {

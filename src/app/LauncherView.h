@@ -4,8 +4,8 @@
 
 #include "settingsaccess/OpenSettingsKey.h"
 #include "view/scenes/SceneRunner.h"
+#include "view/state/Environment.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Environment.h"
 
 namespace tarnwell::app {
 

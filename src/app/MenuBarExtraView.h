@@ -3,8 +3,8 @@
 #include <tuple>
 
 #include "updates/UpdaterEnv.h"
+#include "view/state/ObservableObject.h"
 #include "view/tree/Composite.h"
-#include "view/tree/ObservableObject.h"
 
 namespace tarnwell::app {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <tuple>
 
+#include "view/state/Environment.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Environment.h"
 
 namespace tarnwell::app {
 

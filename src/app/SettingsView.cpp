@@ -2,7 +2,7 @@
 
 #include "dockscreen/ContentView.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "updates/GeneralView.h"
 #include "view/controls/TabView.h"
 #include "view/scenes/SceneRunner.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::commandline {
 

@@ -4,7 +4,7 @@
 
 #include "confinement/Fences.h"
 #include "confinement/Limit.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::confinement {
 namespace {

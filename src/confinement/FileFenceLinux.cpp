@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "confinement/Fences.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 
 namespace tarnwell::confinement {
 namespace {

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "diagnostics/Fault.h"
-#include "system/Fault.h"
-#include "system/Pipe.h"
-#include "system/Process.h"
-#include "system/UnreadPipe.h"
-#include "system/Utf8.h"
+#include "system/base/Fault.h"
+#include "system/base/Utf8.h"
+#include "system/processes/Pipe.h"
+#include "system/processes/Process.h"
+#include "system/processes/UnreadPipe.h"
 
 namespace tarnwell::core {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/CommandRunner.h"
-#include "system/ChildReaper.h"
+#include "system/processes/ChildReaper.h"
 
 namespace tarnwell::core {
 

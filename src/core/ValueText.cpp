@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "system/CNumericLocale.h"
+#include "system/base/CNumericLocale.h"
 
 namespace tarnwell::core {
 

@@ -3,9 +3,9 @@
 #include <tuple>
 
 #include "core/DockSettings.h"
+#include "view/state/Environment.h"
+#include "view/state/StateObject.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Environment.h"
-#include "view/tree/StateObject.h"
 
 namespace tarnwell::dockscreen {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <tuple>
 
-#include "view/tree/Environment.h"
+#include "view/state/Environment.h"
 #include "view/values/Binding.h"
 #include "view/values/EnvironmentKeys.h"
 #include "view/values/View.h"

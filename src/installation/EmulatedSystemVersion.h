@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::installation {
 

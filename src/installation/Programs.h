@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::installation {
 

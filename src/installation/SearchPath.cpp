@@ -4,7 +4,7 @@
 
 #include "installation/Programs.h"
 #include "installation/UserEnvironment.h"
-#include "system/RunningExecutable.h"
+#include "system/processes/RunningExecutable.h"
 
 namespace tarnwell::installation {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::installation {
 

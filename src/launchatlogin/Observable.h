@@ -1,7 +1,7 @@
 #pragma once
 
 #include "launchatlogin/LaunchAtLogin.h"
-#include "view/tree/ObservableObject.h"
+#include "view/state/ObservableObject.h"
 
 namespace tarnwell::launchatlogin {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "launchatlogin/Observable.h"
-#include "view/tree/ObservableObject.h"
+#include "view/state/ObservableObject.h"
 #include "view/values/LocalizedStringKey.h"
 #include "view/values/View.h"
 

@@ -1,4 +1,4 @@
-#include "updateclient/UpdateSource.h"
+#include "updateclient/settings/UpdateSource.h"
 
 namespace tarnwell::updateclient {
 

@@ -7,8 +7,8 @@
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "installation/Programs.h"
-#include "system/BecomeProgram.h"
-#include "system/RunningExecutable.h"
+#include "system/processes/BecomeProgram.h"
+#include "system/processes/RunningExecutable.h"
 
 namespace tarnwell {
 namespace {

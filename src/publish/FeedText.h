@@ -3,7 +3,7 @@
 #include <string>
 
 #include "release/protocol/FeedItem.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::publish {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "system/Descriptor.h"
-#include "system/Result.h"
+#include "system/base/Descriptor.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::publish {
 

@@ -11,10 +11,10 @@
 #include "publish/Package.h"
 #include "publish/ReleaseCheck.h"
 #include "publish/SecretKey.h"
-#include "system/AtomicFile.h"
-#include "system/Descriptor.h"
-#include "system/FileLock.h"
-#include "system/Folders.h"
+#include "system/base/Descriptor.h"
+#include "system/files/AtomicFile.h"
+#include "system/files/FileLock.h"
+#include "system/files/Folders.h"
 #include "updater/package/PackageClaim.h"
 
 namespace tarnwell::publish {

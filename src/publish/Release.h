@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::publish {
 

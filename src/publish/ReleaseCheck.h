@@ -4,7 +4,7 @@
 #include "publish/Release.h"
 #include "publish/SecretKey.h"
 #include "release/protocol/FeedItem.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::publish {
 

@@ -10,8 +10,8 @@
 #include <system_error>
 
 #include "diagnostics/Fault.h"
-#include "system/Descriptor.h"
-#include "system/MappedFile.h"
+#include "system/base/Descriptor.h"
+#include "system/files/MappedFile.h"
 #include "updater/signature/Base64.h"
 #include "updater/signature/CryptoLibrary.h"
 

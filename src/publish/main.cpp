@@ -12,7 +12,7 @@
 #include "diagnostics/StandardStreams.h"
 #include "publish/Release.h"
 #include "publish/SecretKey.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 
 namespace tarnwell::publish {
 namespace {

@@ -3,8 +3,8 @@
 #include <tuple>
 
 #include "settingsaccess/OpenSettingsKey.h"
+#include "view/state/Environment.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Environment.h"
 
 namespace tarnwell::settingsaccess {
 

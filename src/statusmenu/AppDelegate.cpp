@@ -2,9 +2,9 @@
 
 #include "diagnostics/Console.h"
 #include "diagnostics/Fault.h"
-#include "kit/application/Menu.h"
 #include "kit/application/Platform.h"
 #include "kit/application/SettingsShortcut.h"
+#include "kit/menus/Menu.h"
 #include "kit/turn/ClassRegistry.h"
 
 namespace tarnwell::statusmenu {

@@ -3,10 +3,10 @@
 #include <memory>
 
 #include "kit/application/Application.h"
-#include "kit/application/MenuItem.h"
 #include "kit/application/StatusItem.h"
+#include "kit/menus/MenuItem.h"
 #include "settingsaccess/OpenSettingsKey.h"
-#include "view/tree/Environment.h"
+#include "view/state/Environment.h"
 
 namespace tarnwell::statusmenu {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "release/text/Report.h"
-#include "updateclient/PackageFile.h"
 #include "updateclient/UpdateCheck.h"
+#include "updateclient/installation/PackageFile.h"
 
 namespace tarnwell::updateclient {
 namespace {

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "kit/ports/Updater.h"
-#include "updateclient/CheckSchedule.h"
-#include "updateclient/UpdaterConfiguration.h"
 #include "updateclient/UpdaterPorts.h"
-#include "updateclient/UpdaterPreferences.h"
+#include "updateclient/settings/CheckSchedule.h"
+#include "updateclient/settings/UpdaterConfiguration.h"
+#include "updateclient/settings/UpdaterPreferences.h"
 
 namespace tarnwell::updateclient {
 

@@ -9,11 +9,11 @@
 #include "kit/turn/Action.h"
 #include "release/protocol/ItemMessages.h"
 #include "release/protocol/ReleaseNotes.h"
-#include "updateclient/Installation.h"
-#include "updateclient/PackageFile.h"
-#include "updateclient/UpdaterConfiguration.h"
 #include "updateclient/UpdaterPorts.h"
-#include "updateclient/UpdaterPreferences.h"
+#include "updateclient/installation/Installation.h"
+#include "updateclient/installation/PackageFile.h"
+#include "updateclient/settings/UpdaterConfiguration.h"
+#include "updateclient/settings/UpdaterPreferences.h"
 
 namespace tarnwell::updateclient {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "updateclient/Alarm.h"
-#include "updateclient/Engine.h"
-#include "updateclient/PackageDesktop.h"
 #include "updateclient/UserDriver.h"
+#include "updateclient/engine/Alarm.h"
+#include "updateclient/engine/Engine.h"
+#include "updateclient/installation/PackageDesktop.h"
 
 namespace tarnwell::updateclient {
 

@@ -6,7 +6,7 @@
 
 #include "kit/turn/Action.h"
 #include "release/protocol/FeedItem.h"
-#include "updateclient/HandOver.h"
+#include "updateclient/installation/HandOver.h"
 
 namespace tarnwell::updateclient {
 

@@ -4,8 +4,8 @@
 #include <tuple>
 
 #include "kit/ports/Updater.h"
+#include "view/state/ObservableObject.h"
 #include "view/tree/Composite.h"
-#include "view/tree/ObservableObject.h"
 
 namespace tarnwell::updates {
 

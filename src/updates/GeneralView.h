@@ -3,9 +3,9 @@
 #include <tuple>
 
 #include "updates/UpdaterEnv.h"
+#include "view/state/ObservableObject.h"
+#include "view/state/State.h"
 #include "view/tree/Composite.h"
-#include "view/tree/ObservableObject.h"
-#include "view/tree/State.h"
 
 namespace tarnwell::updates {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "kit/ports/Updater.h"
-#include "view/tree/ObservableObject.h"
+#include "view/state/ObservableObject.h"
 
 namespace tarnwell::updates {
 

@@ -5,7 +5,7 @@
 
 #include "kit/turn/Action.h"
 #include "view/layout/Spacer.h"
-#include "view/tree/ObservableObject.h"
+#include "view/state/ObservableObject.h"
 #include "view/values/View.h"
 
 namespace tarnwell::updatewindows {

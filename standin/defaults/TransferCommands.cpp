@@ -6,8 +6,8 @@
 #include <string>
 
 #include "standin/defaults/Commands.h"
-#include "system/AtomicFile.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
+#include "system/files/AtomicFile.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -9,7 +9,7 @@
 #include "standin/store/OldStyleText.h"
 #include "standin/store/Timestamp.h"
 #include "standin/store/XmlList.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "standin/dock/model/Reveal.h"
+#include "standin/dock/motion/Reveal.h"
 #include "standin/store/OldStyleText.h"
 #include "standin/store/ValueText.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "standin/dock/model/MinimizeEffect.h"
+#include "standin/dock/motion/MinimizeEffect.h"
 #include "standin/store/PreferenceFile.h"
 
 namespace tarnwell::standin {

@@ -5,8 +5,8 @@
 
 #include <cstdio>
 
-#include "system/Descriptor.h"
-#include "system/Folders.h"
+#include "system/base/Descriptor.h"
+#include "system/files/Folders.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "system/Process.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::standin {
 

@@ -18,10 +18,10 @@
 #include "standin/dock/RestartPolicy.h"
 #include "standin/dock/UiProcess.h"
 #include "standin/store/SystemRoot.h"
-#include "system/FileLock.h"
-#include "system/Folders.h"
-#include "system/Process.h"
-#include "system/RunningExecutable.h"
+#include "system/files/FileLock.h"
+#include "system/files/Folders.h"
+#include "system/processes/Process.h"
+#include "system/processes/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {

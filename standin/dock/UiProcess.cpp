@@ -10,7 +10,7 @@
 #include <cstdlib>
 
 #include "diagnostics/Console.h"
-#include "system/RunningExecutable.h"
+#include "system/processes/RunningExecutable.h"
 
 namespace tarnwell::standin {
 namespace {

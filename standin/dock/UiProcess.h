@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "system/Descriptor.h"
-#include "system/Process.h"
+#include "system/base/Descriptor.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::standin {
 

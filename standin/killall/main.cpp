@@ -1,14 +1,19 @@
 /// A stand-in for the `killall` tool of macOS: ends the processes of a name, of those that belong to the same played
 /// system, which are those with the same MACOS_ROOT. So it never ends a program of the same name that has nothing to do
 /// with it. It differs from the original in these points:
-///   - It sends no signal but SIGTERM, and has none of the original's options.
+///   - It sends no signal but SIGTERM, and has none of the original's options but -s, -q and -u.
 ///   - Several that run at once take turns, and each meets a Dock that was not yet asked to end: where each of many
 ///     settings restarts the Dock, the Dock is restarted as many times.
+
+#include <pwd.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -17,16 +22,20 @@
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
 #include "standin/store/SystemRoot.h"
-#include "system/FileLock.h"
-#include "system/FolderWatch.h"
-#include "system/RunningProcess.h"
+#include "system/events/FolderWatch.h"
+#include "system/files/FileLock.h"
+#include "system/processes/RunningProcess.h"
 
 namespace tarnwell::standin {
 namespace {
 
-constexpr std::string_view usageText = R"(Usage: killall NAME ... | --help
+constexpr std::string_view usageText = R"(Usage: killall [-qs] [-u USER] NAME ... | --help
 
 Asks every process of a name that has the same MACOS_ROOT to end. MACOS_ROOT is ~/.local/share/macos-standin unless set.
+
+  -q        say nothing where there is none
+  -s        print what would be done, and do nothing
+  -u USER   of those of this user alone, which are yours or none
 )";
 
 using Clock = std::chrono::steady_clock;
@@ -91,24 +100,86 @@ bool killAll(std::string_view name, const std::string& root) {
   return !asked.empty();
 }
 
+// Prints what would be done to those that are there now. False when there is none.
+bool showAll(std::string_view name, const std::string& root) {
+  const std::vector<system::RunningProcess> found = processesOf(name, root);
+  for (const system::RunningProcess& each : found) {
+    diagnostics::printLine("kill -TERM " + std::to_string(each.number()));
+  }
+  return !found.empty();
+}
+
+/// What is asked for.
+struct Order {
+  bool isQuiet = false;
+  bool onlyShows = false;
+  std::string user = {};  // empty where it does not matter
+  std::vector<std::string_view> names = {};
+};
+
+/// Takes the letters of one word of options, and the word behind it where a letter wants that. False when a letter is
+/// none of ours.
+bool takeOptions(Order& order, std::span<const std::string_view>& words) {
+  std::string_view letters = words.front().substr(1);
+  words = words.subspan(1);
+  bool isUnderstood = !letters.empty();
+  for (; isUnderstood && !letters.empty(); letters.remove_prefix(1)) {
+    if (letters.front() == 'q') {
+      order.isQuiet = true;
+    } else if (letters.front() == 's') {
+      order.onlyShows = true;
+    } else if (letters == "u" && !words.empty()) {
+      order.user = words.front();
+      words = words.subspan(1);
+    } else {
+      isUnderstood = false;
+    }
+  }
+  return isUnderstood;
+}
+
+/// Nothing where that is not understood.
+std::optional<Order> orderIn(std::span<const std::string_view> words) {
+  Order order;
+  while (!words.empty() && words.front().starts_with('-')) {
+    if (!takeOptions(order, words)) {
+      return std::nullopt;
+    }
+  }
+  order.names.assign(words.begin(), words.end());
+  return order.names.empty() ? std::nullopt : std::optional(order);
+}
+
+int failed(const std::string& reason) {
+  diagnostics::printErrorLine("killall: " + reason);
+  return 1;
+}
+
 int run(const std::vector<std::string_view>& arguments) {
   if (arguments.size() == 1 && arguments.front() == "--help") {
     return diagnostics::print(usageText) ? 0 : 1;
   }
-  if (arguments.empty() || arguments.front().starts_with('-')) {
+  const auto order = orderIn(arguments);
+  if (!order) {
     diagnostics::printError(usageText);
     return 1;
   }
   const auto root = systemRoot();
   if (!root) {
-    diagnostics::printErrorLine("killall: " + root.error().message);
-    return 1;
+    return failed(root.error().message);
   }
+  const auto* const user = order->user.empty() ? nullptr : ::getpwnam(order->user.c_str());
+  if (user == nullptr && !order->user.empty()) {
+    return failed("user " + order->user + " does not exist");
+  }
+  // A played system is one user's, so that another one has nothing in it.
+  const bool isOthers = user != nullptr && user->pw_uid != ::geteuid();
   int status = 0;
-  for (const std::string_view name : arguments) {
-    if (!killAll(name, *root)) {
+  for (const std::string_view name : order->names) {
+    const bool isDone = !isOthers && (order->onlyShows ? showAll(name, *root) : killAll(name, *root));
+    status = isDone ? status : 1;
+    if (!isDone && !order->isQuiet) {
       diagnostics::printErrorLine("No matching processes belonging to you were found");
-      status = 1;
     }
   }
   return status;

@@ -12,6 +12,9 @@ constexpr std::string_view extension = ".plist";
 constexpr std::array<std::string_view, 4> globalNames = {"-g", "-globalDomain", "NSGlobalDomain",
                                                          "Apple Global Domain"};
 
+// What an administrator forces on a user. No other absolute path is the played system's.
+constexpr std::string_view managedFolder = "/Library/Managed Preferences/";
+
 bool isGlobal(std::string_view text) {
   return std::find(globalNames.begin(), globalNames.end(), text) != globalNames.end();
 }
@@ -25,7 +28,8 @@ std::optional<Domain> Domain::resolve(std::string_view text, const std::string& 
   }
   std::string name(text);
   if (text.starts_with('/') && !text.ends_with('/')) {
-    std::string path = text.ends_with(extension) ? name : name + std::string(extension);
+    std::string path = text.starts_with(managedFolder) ? root + name : name;
+    path += text.ends_with(extension) ? "" : extension;
     return Domain{std::move(name), std::move(path)};
   }
   // What looks like a flag is one that is not understood, such as -currentHost.

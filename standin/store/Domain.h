@@ -12,7 +12,8 @@ struct Domain {
   std::string path;
 
   /// A reverse-DNS name, or -g, -globalDomain and NSGlobalDomain for what all applications share, both in the
-  /// preferences folder of `root`; or an absolute path with or without .plist. Nothing for a text that is none of
+  /// preferences folder of `root`; or an absolute path with or without .plist, which
+  /// lies in `root` where it is one of managed preferences. Nothing for a text that is none of
   /// these: an empty one, a name that has a slash in it, another flag.
   static std::optional<Domain> resolve(std::string_view text, const std::string& root);
 };

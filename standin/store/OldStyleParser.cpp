@@ -5,7 +5,7 @@
 #include <string>
 
 #include "standin/store/OldStyleText.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "standin/store/ValueText.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {

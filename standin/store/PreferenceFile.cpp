@@ -7,10 +7,10 @@
 #include <system_error>
 #include <utility>
 
-#include "system/AtomicFile.h"
-#include "system/Folders.h"
-#include "system/ReadFile.h"
-#include "system/SetAside.h"
+#include "system/files/AtomicFile.h"
+#include "system/files/Folders.h"
+#include "system/files/ReadFile.h"
+#include "system/files/SetAside.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "standin/store/PropertyList.h"
-#include "system/FileLock.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
+#include "system/files/FileLock.h"
 
 namespace tarnwell::standin {
 

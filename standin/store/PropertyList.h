@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::standin {
 

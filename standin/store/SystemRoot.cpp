@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {

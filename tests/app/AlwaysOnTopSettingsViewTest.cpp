@@ -4,15 +4,15 @@
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/application/SettingsShortcut.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "view/Dump.h"
 #include "view/controls/SettingsLink.h"
 #include "view/controls/Text.h"
 #include "view/scenes/HostedWindow.h"
 #include "view/scenes/SceneRunner.h"
+#include "view/state/State.h"
 #include "view/tree/Composite.h"
 #include "view/tree/MountedNode.h"
-#include "view/tree/State.h"
 
 namespace tarnwell::app {
 namespace {

@@ -5,7 +5,7 @@
 #include "app/Item.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::app {
 namespace {

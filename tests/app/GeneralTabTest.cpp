@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "app/HeadlessApplication.h"
+#include "kit/control/Window.h"
 #include "kit/controls/Button.h"
 #include "kit/controls/Toggle.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "app/HeadlessApplication.h"
 #include "fixtures/ExpectDump.h"
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::app {
 namespace {

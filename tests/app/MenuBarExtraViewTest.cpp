@@ -4,7 +4,7 @@
 #include "app/MenuBarExtraView.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/ExpectDump.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "kit/turn/Turn.h"
 #include "view/tree/MountedTree.h"
 

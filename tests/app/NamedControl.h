@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "view/tree/MountedTree.h"
 
 namespace tarnwell::app {

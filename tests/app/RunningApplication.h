@@ -6,7 +6,7 @@
 
 #include "app/Composition.h"
 #include "fakes/RecordingCommandRunner.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::app {

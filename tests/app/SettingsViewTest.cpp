@@ -5,16 +5,20 @@
 #include "app/HeadlessApplication.h"
 #include "app/SettingsView.h"
 #include "fixtures/DockCommands.h"
+#include "fixtures/DockTabHeight.h"
 #include "fixtures/ExpectDump.h"
+#include "kit/control/Window.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/Toggle.h"
-#include "kit/controls/Window.h"
 #include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::app {
 namespace {
 
 using Lines = std::vector<std::string>;
+
+// The tabs stand above the form.
+constexpr double dockPageHeight = fixtures::dockTabHeight + 60;
 
 TEST(SettingsView, hasTwoTabsAndStartsOnTheDock) {
   HeadlessApplication application;
@@ -26,7 +30,7 @@ TEST(SettingsView, hasTwoTabsAndStartsOnTheDock) {
 TEST(SettingsView, bothTabsAre600WideAndEachAsHighAsItsContent) {
   HeadlessApplication application;
   application.start();
-  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = dockPageHeight}));
   application.chooseTab(1);
   EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 268}));
 }
@@ -51,7 +55,7 @@ TEST(SettingsView, aMenuBarInTheWindowCountsAmongThe700) {
   auto& host = dynamic_cast<host_headless::HeadlessHost&>(application.platform().host());
   host.setChromeHeight(44);
   application.start();
-  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = 656}));
+  EXPECT_EQ(application.settings().contentSize(), (kit::Size{.width = 600, .height = dockPageHeight}));
   application.settings().performClose();
   application.settle();
   host.setChromeHeight(100);

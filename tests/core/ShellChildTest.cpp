@@ -11,7 +11,7 @@
 #include "fixtures/Processes.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
-#include "system/UnreadPipe.h"
+#include "system/processes/UnreadPipe.h"
 
 namespace tarnwell::core {
 namespace {

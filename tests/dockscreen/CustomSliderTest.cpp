@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "kit/Printing.h"
-#include "kit/controls/Coder.h"
+#include "kit/control/Coder.h"
 
 namespace tarnwell::dockscreen {
 namespace {

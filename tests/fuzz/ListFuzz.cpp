@@ -6,7 +6,7 @@
 #include "fuzz/Require.h"
 #include "standin/store/OldStyleText.h"
 #include "standin/store/PropertyList.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::fuzz {
 namespace {

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
-#include "updateclient/UpdaterPreferences.h"
+#include "updateclient/settings/UpdaterPreferences.h"
 
 namespace tarnwell::fuzz {
 namespace {

@@ -6,7 +6,7 @@
 #include "release/protocol/ItemMessages.h"
 #include "release/protocol/Message.h"
 #include "release/protocol/ReleaseNotes.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::fuzz {
 namespace {

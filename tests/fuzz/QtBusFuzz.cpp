@@ -23,8 +23,8 @@
 #include "host/qt/tray/StatusImage.h"
 #include "host/qt/tray/TrayWatch.h"
 #include "kit/application/Application.h"
-#include "kit/application/Menu.h"
-#include "kit/application/MenuItem.h"
+#include "kit/menus/Menu.h"
+#include "kit/menus/MenuItem.h"
 
 namespace tarnwell::fuzz {
 namespace {

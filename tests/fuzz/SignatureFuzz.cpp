@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "fuzz/Require.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 #include "updater/signature/Base64.h"
 #include "updater/signature/PublicKey.h"
 #include "updater/signature/Signature.h"

@@ -7,7 +7,7 @@
 #include "fixtures/StandardOutputCapture.h"
 #include "kit/Responder.h"
 #include "kit/application/Platform.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "scenarios/Tarnwell.h"
 
 namespace tarnwell::scenarios {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 #include "kit/host/Host.h"
 #include "scenarios/ControlFacts.h"
 #include "scenarios/Driver.h"

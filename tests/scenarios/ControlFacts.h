@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::scenarios {
 

@@ -5,7 +5,7 @@
 #include "app/NamedControl.h"
 #include "dockscreen/CommandRunnerKey.h"
 #include "dockscreen/ContentView.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/Slider.h"
 #include "kit/controls/Stepper.h"

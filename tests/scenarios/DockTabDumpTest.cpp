@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "fixtures/DockTabHeight.h"
 #include "fixtures/ExpectDump.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessHost.h"
@@ -29,7 +30,7 @@ TEST(DockTabDump, anEditShowsInEveryControlOfItsRow) {
 TEST(DockTabDump, theWindowIs600WideAndAsHighAsTheForm) {
   DockTab tab;
   tab.holdingDefaults().open();
-  EXPECT_EQ(tab.hosted().window().contentSize(), (kit::Size{.width = 600, .height = 596}));
+  EXPECT_EQ(tab.hosted().window().contentSize(), (kit::Size{.width = 600, .height = fixtures::dockTabHeight}));
 }
 
 TEST(DockTabDump, aLowScreenCapsTheWindow) {

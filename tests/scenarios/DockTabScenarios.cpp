@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "scenarios/DockTab.h"
 
 namespace tarnwell::scenarios {

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "kit/controls/Accessible.h"
+#include "kit/control/Accessible.h"
 
 namespace tarnwell::kit {
 class Control;

@@ -4,7 +4,7 @@
 #include "app/Product.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "scenarios/System.h"
 
 namespace tarnwell::scenarios {

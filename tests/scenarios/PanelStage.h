@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "kit/application/Application.h"
-#include "kit/controls/Control.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Control.h"
+#include "kit/control/Window.h"
 #include "scenarios/Driver.h"
 #include "scenarios/System.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "kit/control/Window.h"
 #include "kit/controls/TabBar.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::scenarios {
 namespace {

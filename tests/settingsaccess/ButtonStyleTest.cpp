@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/application/Menu.h"
+#include "kit/control/Control.h"
 #include "kit/controls/Button.h"
-#include "kit/controls/Control.h"
+#include "kit/menus/Menu.h"
 #include "settingsaccess/OpenSettingsInjectionView.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 #include "settingsaccess/PrePostSettingsLink.h"

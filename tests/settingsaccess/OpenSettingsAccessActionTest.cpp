@@ -9,7 +9,7 @@
 #include "settingsaccess/OpenSettingsError.h"
 #include "settingsaccess/OpenSettingsKey.h"
 #include "settingsaccess/SettingsDelegate.h"
-#include "view/tree/Environment.h"
+#include "view/state/Environment.h"
 
 namespace tarnwell::settingsaccess {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "fixtures/StandardOutputCapture.h"
 #include "host/headless/HeadlessPlatform.h"
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 #include "kit/turn/ClassRegistry.h"
 
 namespace tarnwell::statusmenu {

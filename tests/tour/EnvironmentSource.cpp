@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "updateclient/UpdateSource.h"
+#include "updateclient/settings/UpdateSource.h"
 
 namespace tarnwell::updateclient {
 namespace {

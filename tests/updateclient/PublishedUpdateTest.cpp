@@ -13,10 +13,10 @@
 #include "host/linux/PackageOpener.h"
 #include "publish/Release.h"
 #include "publish/SecretKey.h"
-#include "updateclient/EngineProcess.h"
 #include "updateclient/FakeUserDriver.h"
 #include "updateclient/FeedUpdater.h"
-#include "updateclient/TimerAlarm.h"
+#include "updateclient/engine/EngineProcess.h"
+#include "updateclient/engine/TimerAlarm.h"
 #include "updater/package/RealPackage.h"
 #include "updater/transfer/LoopbackServer.h"
 

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "fixtures/Sandbox.h"
-#include "updateclient/FakeAlarm.h"
-#include "updateclient/FakeDesktop.h"
-#include "updateclient/FakeEngine.h"
 #include "updateclient/FakeUserDriver.h"
 #include "updateclient/FeedUpdater.h"
+#include "updateclient/engine/FakeAlarm.h"
+#include "updateclient/engine/FakeEngine.h"
+#include "updateclient/installation/FakeDesktop.h"
 #include "updater/feed/FeedText.h"
 #include "updater/signature/SigningKey.h"
 

@@ -2,7 +2,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 #include "updateclient/UpdaterStage.h"
 
 namespace tarnwell::updateclient {

@@ -5,8 +5,8 @@
 #include <tuple>
 
 #include "view/controls/Button.h"
+#include "view/state/State.h"
 #include "view/tree/Composite.h"
-#include "view/tree/State.h"
 
 namespace tarnwell::view {
 

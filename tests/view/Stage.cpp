@@ -5,8 +5,8 @@
 
 #include "host/headless/PointNumberFormat.h"
 #include "view/Dump.h"
+#include "view/state/State.h"
 #include "view/tree/Composite.h"
-#include "view/tree/State.h"
 
 namespace tarnwell::view {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "kit/Printing.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "kit/turn/Turn.h"
 #include "view/BoxHost.h"
 #include "view/scenes/HostedWindow.h"

@@ -6,8 +6,8 @@
 
 #include "host/headless/Journal.h"
 #include "kit/application/Application.h"
-#include "kit/application/Menu.h"
 #include "kit/application/StatusItem.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::host_headless {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/headless/Journal.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_headless {
 

@@ -14,7 +14,7 @@
 #include <system_error>
 #include <utility>
 
-#include "system/PrivateFolder.h"
+#include "system/files/PrivateFolder.h"
 
 namespace tarnwell::host_linux {
 namespace {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "system/Descriptor.h"
-#include "system/FileLock.h"
-#include "system/Result.h"
+#include "system/base/Descriptor.h"
+#include "system/base/Result.h"
+#include "system/files/FileLock.h"
 
 namespace tarnwell::host_linux {
 

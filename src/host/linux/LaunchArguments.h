@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "kit/application/AppleEvent.h"
-#include "system/Result.h"
+#include "kit/events/AppleEvent.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::host_linux {
 

@@ -4,10 +4,10 @@
 #include <functional>
 
 #include "kit/turn/Subscription.h"
-#include "system/ChildReaper.h"
-#include "system/Timer.h"
-#include "updateclient/PackageDesktop.h"
-#include "updateclient/Watch.h"
+#include "system/events/Timer.h"
+#include "system/processes/ChildReaper.h"
+#include "updateclient/engine/Watch.h"
+#include "updateclient/installation/PackageDesktop.h"
 
 namespace tarnwell::host_linux {
 

@@ -5,7 +5,7 @@
 #include "installation/EmulatedSystemVersion.h"
 #include "installation/Programs.h"
 #include "installation/SearchPath.h"
-#include "system/RunningExecutable.h"
+#include "system/processes/RunningExecutable.h"
 
 namespace tarnwell::host_linux {
 

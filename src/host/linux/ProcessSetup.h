@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "kit/ports/SystemVersion.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::host_linux {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "system/Process.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::host_linux {
 

@@ -5,8 +5,8 @@
 #include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
 #include "installation/FindProgram.h"
-#include "system/AtomicFile.h"
-#include "system/ReadFile.h"
+#include "system/files/AtomicFile.h"
+#include "system/files/ReadFile.h"
 
 namespace tarnwell::host_linux {
 namespace {

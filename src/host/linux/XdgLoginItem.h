@@ -5,7 +5,7 @@
 #include <string>
 
 #include "kit/ports/LoginItem.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::host_linux {
 

@@ -3,7 +3,7 @@
 #include "host/macos/MacPlatform.h"
 #include "host/macos/system/ServiceLoginItem.h"
 #include "host/macos/system/UnifiedLog.h"
-#include "updateclient/UpdateSource.h"
+#include "updateclient/settings/UpdateSource.h"
 
 namespace tarnwell::host_macos {
 

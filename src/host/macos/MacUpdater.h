@@ -1,10 +1,10 @@
 #pragma once
 
-#include "updateclient/EngineProcess.h"
 #include "updateclient/FeedUpdater.h"
-#include "updateclient/PackageDesktop.h"
-#include "updateclient/TimerAlarm.h"
-#include "updateclient/UpdateSource.h"
+#include "updateclient/engine/EngineProcess.h"
+#include "updateclient/engine/TimerAlarm.h"
+#include "updateclient/installation/PackageDesktop.h"
+#include "updateclient/settings/UpdateSource.h"
 #include "updatewindows/UpdateWindows.h"
 
 namespace tarnwell::host_macos {

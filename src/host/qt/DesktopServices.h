@@ -4,7 +4,7 @@
 #include "host/linux/ProcessSetup.h"
 #include "host/linux/XdgLoginItem.h"
 #include "host/qt/QtPlatform.h"
-#include "updateclient/UpdateSource.h"
+#include "updateclient/settings/UpdateSource.h"
 
 namespace tarnwell::host_qt {
 

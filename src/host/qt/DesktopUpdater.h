@@ -3,10 +3,10 @@
 #include <filesystem>
 
 #include "host/linux/PackageOpener.h"
-#include "updateclient/EngineProcess.h"
 #include "updateclient/FeedUpdater.h"
-#include "updateclient/TimerAlarm.h"
-#include "updateclient/UpdateSource.h"
+#include "updateclient/engine/EngineProcess.h"
+#include "updateclient/engine/TimerAlarm.h"
+#include "updateclient/settings/UpdateSource.h"
 #include "updatewindows/UpdateWindows.h"
 
 namespace tarnwell::host_qt {

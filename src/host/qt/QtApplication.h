@@ -6,7 +6,7 @@
 
 #include "host/qt/QtHost.h"
 #include "kit/turn/Subscription.h"
-#include "system/ChildReaper.h"
+#include "system/processes/ChildReaper.h"
 
 namespace tarnwell::host_qt {
 

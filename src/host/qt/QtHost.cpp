@@ -5,7 +5,7 @@
 
 #include "host/painted/PaintedPeer.h"
 #include "host/qt/accessibility/Accessibility.h"
-#include "host/qt/controls/ControlLink.h"
+#include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/controls/PopUpButtonPeer.h"
 #include "host/qt/controls/RichTextPeer.h"

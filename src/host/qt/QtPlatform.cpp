@@ -17,7 +17,7 @@
 #include "host/qt/tray/TrayNotice.h"
 #include "host/qt/window/WindowWidget.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "kit/ports/Updater.h"
 
 namespace tarnwell::host_qt {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <typeindex>
 
-#include "kit/application/EventQueue.h"
 #include "kit/application/ResponderChain.h"
+#include "kit/events/EventQueue.h"
 #include "kit/turn/NotificationCenter.h"
 
 namespace tarnwell::kit {

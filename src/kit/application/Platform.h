@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "kit/application/AppleEvent.h"
 #include "kit/application/Product.h"
 #include "kit/application/StatusItem.h"
+#include "kit/events/AppleEvent.h"
 #include "kit/ports/NumberFormat.h"
 #include "kit/ports/SystemVersion.h"
 #include "kit/turn/Subscription.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::kit {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "kit/application/Menu.h"
 #include "kit/application/WindowList.h"
+#include "kit/menus/Menu.h"
 #include "kit/turn/Turn.h"
 
 namespace tarnwell::kit {

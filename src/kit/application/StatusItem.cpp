@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "kit/application/Application.h"
-#include "kit/application/Menu.h"
 #include "kit/application/Platform.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::kit {
 

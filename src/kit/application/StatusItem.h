@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "kit/application/Event.h"
+#include "kit/events/Event.h"
 #include "kit/turn/Object.h"
 #include "kit/turn/Observers.h"
 

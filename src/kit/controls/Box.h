@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::kit {
 

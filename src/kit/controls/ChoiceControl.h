@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::kit {
 

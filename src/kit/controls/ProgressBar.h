@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::kit {
 

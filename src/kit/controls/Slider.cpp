@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "kit/controls/Coder.h"
+#include "kit/control/Coder.h"
 #include "kit/host/Host.h"
 
 namespace tarnwell::kit {

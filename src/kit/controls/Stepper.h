@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::kit {
 

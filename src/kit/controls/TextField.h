@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::kit {
 
@@ -18,7 +18,6 @@ class TextField final : public Control {
 
   /// What the field shows: the text, or what is being typed over it.
   const std::string& shownText() const { return editing_ ? typed_ : text_; }
-  bool isEditing() const { return editing_; }
 
   void setAction(CommitAction action) { action_ = std::move(action); }
 
@@ -26,9 +25,9 @@ class TextField final : public Control {
 
   /// Commits first what is being typed into another field of the window; a screen reader moves no focus.
   void type(std::string text);
-  void commit();
-  /// Gives up what was typed.
-  void cancel();
+  bool isEditing() const override { return editing_; }
+  void commit() override;
+  void cancel() override;
 
   AnyControl any() override { return this; }
   bool takesFocus() const override { return true; }

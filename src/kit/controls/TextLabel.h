@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "kit/host/TextStyle.h"
 
 namespace tarnwell::kit {

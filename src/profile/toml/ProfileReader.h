@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "profile/values/Profile.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::profile {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::profile {
 namespace {
@@ -66,6 +66,17 @@ std::string inQuotes(std::string_view text) {
     }
   }
   return '"' + visible(text.substr(0, text.size() - rest.size())) + (rest.empty() ? "\"" : "…\"");
+}
+
+std::string stringLiteral(std::string_view name) {
+  std::string result = "\"";
+  for (const char character : name) {
+    if (character == '"' || character == '\\') {
+      result += '\\';
+    }
+    result += character;
+  }
+  return result + '"';
 }
 
 }  // namespace tarnwell::profile

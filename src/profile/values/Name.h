@@ -15,4 +15,7 @@ std::string visible(std::string_view text);
 /// The same between quotes, and cut off where it is longer than a name.
 std::string inQuotes(std::string_view text);
 
+/// A name or a key as a string of TOML and of JSON: neither has a character that takes another escape.
+std::string stringLiteral(std::string_view name);
+
 }  // namespace tarnwell::profile

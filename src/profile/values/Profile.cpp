@@ -4,6 +4,27 @@
 
 namespace tarnwell::profile {
 
+std::vector<WantedValue> valuesOf(const Profile& profile) {
+  std::vector<WantedValue> values;
+  for (std::size_t index = 0; index < settings.size(); ++index) {
+    const auto& wish = profile.wishes.at(index);
+    if (wish && *wish != Wish(Unset())) {
+      values.push_back({settings.at(index), *wish});
+    }
+  }
+  return values;
+}
+
+std::vector<std::string> unsetKeysOf(const Profile& profile) {
+  std::vector<std::string> keys;
+  for (std::size_t index = 0; index < settings.size(); ++index) {
+    if (profile.wishes.at(index) == Wish(Unset())) {
+      keys.emplace_back(settings.at(index).key);
+    }
+  }
+  return keys;
+}
+
 StoredProfile profileOf(const core::StoredValues& stored, Missing missing) {
   StoredProfile result;
   for (std::size_t index = 0; index < settings.size(); ++index) {

@@ -21,6 +21,16 @@ struct Profile {
   bool operator==(const Profile&) const = default;
 };
 
+/// A setting with the value that it shall have.
+struct WantedValue {
+  Setting setting;
+  Wish value;
+};
+
+/// Those that shall have a value, and the keys of those that shall have none, in the order of `settings`.
+std::vector<WantedValue> valuesOf(const Profile& profile);
+std::vector<std::string> unsetKeysOf(const Profile& profile);
+
 /// What a profile says of the settings that are not in the store.
 enum class Missing { leftAlone, unset };
 

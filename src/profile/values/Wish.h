@@ -8,7 +8,7 @@
 #include "core/MinEffect.h"
 #include "core/StoredValue.h"
 #include "profile/values/Setting.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::profile {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::release {
 namespace {

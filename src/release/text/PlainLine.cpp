@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::release {
 namespace {

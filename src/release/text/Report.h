@@ -1,6 +1,6 @@
 #pragma once
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::release {
 

@@ -7,7 +7,7 @@
 
 #include "release/protocol/Engine.h"
 #include "release/protocol/Message.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 #include "updater/transfer/Download.h"
 
 namespace tarnwell::updater {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "release/protocol/FeedItem.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::updater {
 

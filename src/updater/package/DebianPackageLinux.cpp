@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "system/Pipe.h"
-#include "system/Process.h"
+#include "system/processes/Pipe.h"
+#include "system/processes/Process.h"
 #include "updater/package/PackageKind.h"
 
 namespace tarnwell::updater {

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "system/MappedFile.h"
+#include "system/files/MappedFile.h"
 #include "updater/package/PackageKind.h"
 
 namespace tarnwell::updater {

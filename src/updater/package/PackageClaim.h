@@ -5,7 +5,7 @@
 #include <string>
 
 #include "release/protocol/FeedItem.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
 #include "updater/signature/Signature.h"
 
 namespace tarnwell::updater {

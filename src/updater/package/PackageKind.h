@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "system/AtomicFile.h"
-#include "system/Result.h"
+#include "system/base/Result.h"
+#include "system/files/AtomicFile.h"
 
 namespace tarnwell::updater {
 

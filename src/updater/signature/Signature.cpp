@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "system/MappedFile.h"
+#include "system/files/MappedFile.h"
 #include "updater/signature/Base64.h"
 
 namespace tarnwell::updater {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "system/Result.h"
+#include "system/base/Result.h"
 #include "updater/signature/PublicKey.h"
 
 namespace tarnwell::updater {

@@ -2,8 +2,8 @@
 
 #include <tuple>
 
+#include "view/state/Environment.h"
 #include "view/tree/Composite.h"
-#include "view/tree/Environment.h"
 
 namespace tarnwell::view {
 

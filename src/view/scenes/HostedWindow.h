@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 #include "view/tree/MountedTree.h"
 #include "view/values/EnvironmentValues.h"
 #include "view/values/View.h"

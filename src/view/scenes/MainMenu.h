@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "kit/application/Application.h"
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 #include "view/scenes/Scene.h"
 #include "view/tree/MountedTree.h"
 #include "view/values/EnvironmentValues.h"

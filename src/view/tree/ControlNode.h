@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/application/MenuItem.h"
+#include "kit/menus/MenuItem.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {

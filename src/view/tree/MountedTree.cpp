@@ -4,9 +4,9 @@
 #include <iterator>
 #include <utility>
 
-#include "kit/application/Menu.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 #include "kit/host/WindowPeer.h"
+#include "kit/menus/Menu.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "kit/application/MenuItem.h"
 #include "kit/application/Product.h"
 #include "kit/host/TextStyle.h"
+#include "kit/menus/MenuItem.h"
 #include "kit/ports/NumberFormat.h"
 #include "kit/ports/SystemVersion.h"
 

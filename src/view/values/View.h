@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "kit/application/MenuItem.h"
 #include "kit/host/TextStyle.h"
+#include "kit/menus/MenuItem.h"
 #include "kit/turn/Action.h"
 #include "kit/turn/NotificationCenter.h"
 #include "view/values/Description.h"

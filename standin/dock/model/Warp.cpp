@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "standin/dock/model/Easing.h"
+#include "standin/dock/motion/Easing.h"
 
 namespace tarnwell::standin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "standin/dock/model/Geometry.h"
-#include "standin/dock/model/MinimizeEffect.h"
+#include "standin/dock/motion/MinimizeEffect.h"
 
 namespace tarnwell::standin {
 

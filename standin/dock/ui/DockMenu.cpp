@@ -2,8 +2,8 @@
 
 #include <QtGui/QPainter>
 
-#include "standin/dock/ui/Blur.h"
-#include "standin/dock/ui/Panel.h"
+#include "standin/dock/ui/look/Blur.h"
+#include "standin/dock/ui/look/Panel.h"
 
 namespace tarnwell::standin {
 namespace {

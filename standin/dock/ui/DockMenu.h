@@ -3,8 +3,8 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QMenu>
 
-#include "standin/dock/ui/Look.h"
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/ui/look/Look.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

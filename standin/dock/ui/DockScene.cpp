@@ -8,7 +8,7 @@
 #include <iterator>
 #include <utility>
 
-#include "system/Folders.h"
+#include "system/files/Folders.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -10,13 +10,13 @@
 
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/model/Desk.h"
-#include "standin/dock/model/ScrollGesture.h"
+#include "standin/dock/motion/ScrollGesture.h"
 #include "standin/dock/ui/DockMenu.h"
 #include "standin/dock/ui/DockWidget.h"
 #include "standin/dock/ui/DocumentWindow.h"
 #include "standin/dock/ui/EffectOverlay.h"
 #include "standin/dock/ui/SpreadOverlay.h"
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

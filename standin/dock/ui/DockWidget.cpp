@@ -8,7 +8,7 @@
 #include <cmath>
 #include <utility>
 
-#include "standin/dock/ui/Blur.h"
+#include "standin/dock/ui/look/Blur.h"
 
 namespace tarnwell::standin {
 namespace {

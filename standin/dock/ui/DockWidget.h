@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "standin/dock/model/Reveal.h"
-#include "standin/dock/model/ScrollGesture.h"
 #include "standin/dock/model/ShelfLayout.h"
-#include "standin/dock/ui/ShelfPainter.h"
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/motion/Reveal.h"
+#include "standin/dock/motion/ScrollGesture.h"
+#include "standin/dock/ui/look/ShelfPainter.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

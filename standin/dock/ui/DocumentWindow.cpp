@@ -8,8 +8,8 @@
 #include <QtWidgets/QAbstractButton>
 #include <utility>
 
-#include "standin/dock/ui/DocumentPainter.h"
-#include "standin/dock/ui/Panel.h"
+#include "standin/dock/ui/look/DocumentPainter.h"
+#include "standin/dock/ui/look/Panel.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "standin/dock/ui/Conversions.h"
+#include "standin/dock/ui/look/Conversions.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -9,7 +9,7 @@
 
 #include "standin/dock/model/MeshPainter.h"
 #include "standin/dock/model/Warp.h"
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "standin/dock/model/SpreadLayout.h"
-#include "standin/dock/ui/Blur.h"
-#include "standin/dock/ui/Conversions.h"
+#include "standin/dock/ui/look/Blur.h"
+#include "standin/dock/ui/look/Conversions.h"
 
 namespace tarnwell::standin {
 namespace {

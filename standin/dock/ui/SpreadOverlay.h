@@ -9,10 +9,10 @@
 #include <optional>
 #include <vector>
 
-#include "standin/dock/model/Easing.h"
 #include "standin/dock/model/Geometry.h"
-#include "standin/dock/model/ScrollGesture.h"
-#include "standin/dock/ui/Surface.h"
+#include "standin/dock/motion/Easing.h"
+#include "standin/dock/motion/ScrollGesture.h"
+#include "standin/dock/ui/surface/Surface.h"
 
 namespace tarnwell::standin {
 

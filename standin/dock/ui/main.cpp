@@ -19,10 +19,10 @@
 #include "diagnostics/StandardStreams.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/UiProcess.h"
-#include "standin/dock/ui/Appearance.h"
 #include "standin/dock/ui/DockScene.h"
-#include "standin/dock/ui/WindowSurface.h"
-#include "standin/dock/ui/X11Surface.h"
+#include "standin/dock/ui/look/Appearance.h"
+#include "standin/dock/ui/surface/WindowSurface.h"
+#include "standin/dock/ui/surface/X11Surface.h"
 #include "standin/store/SystemRoot.h"
 
 namespace tarnwell::standin {

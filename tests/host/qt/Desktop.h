@@ -9,8 +9,8 @@
 #include "host/headless/Journal.h"
 #include "host/qt/QtPlatform.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Control.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Control.h"
+#include "kit/control/Window.h"
 
 class QMenu;
 class QMenuBar;

@@ -8,8 +8,8 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/application/Menu.h"
 #include "kit/application/StatusItem.h"
+#include "kit/menus/Menu.h"
 #include "view/scenes/Panel.h"
 
 namespace tarnwell::host_qt {

@@ -15,7 +15,7 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 // Each test has a process of its own: a toolkit starts once a process.
 namespace tarnwell::host_qt {

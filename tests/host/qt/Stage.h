@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "host/qt/QtHost.h"
-#include "kit/controls/Control.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Control.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_qt {
 

@@ -9,12 +9,12 @@
 #include <QtWidgets/QMenu>
 
 #include "diagnostics/Fault.h"
-#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/window/WindowPeer.h"
+#include "kit/control/Window.h"
 #include "kit/controls/PopUpButton.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt::driver {
 namespace {

@@ -1,8 +1,8 @@
 #include "kit/application/ApplicationTest.h"
 
 #include "kit/Responder.h"
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::kit {
 namespace {

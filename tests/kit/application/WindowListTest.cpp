@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::kit {
 namespace {

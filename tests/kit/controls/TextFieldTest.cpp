@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "kit/ShownControl.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::kit {
 namespace {

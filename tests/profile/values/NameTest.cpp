@@ -40,5 +40,7 @@ TEST(NameTest, aQuotedTextIsCutOff) {
   EXPECT_EQ(inQuotes(times(61, "ü")), '"' + times(60, "ü") + "…\"");
 }
 
+TEST(NameTest, aLiteralKeepsItsQuotesAndBackslashes) { EXPECT_EQ(stringLiteral(R"(a "b" \n)"), R"("a \"b\" \\n")"); }
+
 }  // namespace
 }  // namespace tarnwell::profile

@@ -29,6 +29,16 @@ TEST(ProfileTest, anExactProfileUnsetsWhatIsNotThere) {
   EXPECT_EQ(result.profile, expected);
 }
 
+TEST(ProfileTest, valuesAndUnsetKeysAreToldApart) {
+  const Profile profile = {.wishes = {Unset(), Wish(0.15F), {}, Wish(MinEffect::suck), Unset(), {}, {}}};
+  const std::vector<WantedValue> values = valuesOf(profile);
+  ASSERT_EQ(values.size(), 2);
+  EXPECT_EQ(values[0].setting.key, "autohide-time-modifier");
+  EXPECT_EQ(values[0].value, Wish(0.15F));
+  EXPECT_EQ(values[1].setting.key, "mineffect");
+  EXPECT_EQ(unsetKeysOf(profile), (std::vector<std::string>{"autohide-delay", "showhidden"}));
+}
+
 TEST(ProfileTest, differencesAreWhatHasToChange) {
   const Profile wanted = {.wishes = {Wish(0.5F), Wish(0.15F), Wish(true), Wish(MinEffect::suck), Unset(), {}, Unset()}};
   const std::vector<Change> changes = differences(stored, wanted);

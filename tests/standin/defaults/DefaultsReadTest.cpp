@@ -175,6 +175,14 @@ TEST(DefaultsReadTest, aPathIsADomainWithAndWithoutItsExtension) {
   EXPECT_EQ(run({DEFAULTS_PATH, "read", path, "k"}, {}).output, "v\n");
 }
 
+TEST(DefaultsReadTest, managedPreferencesAreThePlayedSystems) {
+  const MacSystem system;
+  const std::string path = "/Library/Managed Preferences/someone/com.apple.dock";
+  EXPECT_EQ(system.defaults({"write", path, "k", "v"}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(system.root() + path + ".plist"));
+  EXPECT_EQ(system.defaults({"read", path, "k"}).output, "v\n");
+}
+
 TEST(DefaultsReadTest, theLocaleHasNoSay) {
   const MacSystem system;
   const fixtures::CommaLocale locale;

@@ -135,6 +135,33 @@ TEST(DefaultsWriteTest, propertyListTextIsAValueOnlyWithoutATypeFlag) {
   EXPECT_EQ(system.value("k"), "(\n        (\n        a\n    ),\n        {\n    }\n)");
 }
 
+TEST(DefaultsWriteTest, aWholePropertyListInXmlIsAValueOfItsType) {
+  const MacSystem system;
+  const auto list = [](const std::string& value) {
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<plist version="1.0">
+)" + value +
+           "\n</plist>";
+  };
+  for (const auto& [value, shown] : std::map<std::string, std::pair<std::string, std::string>>{
+           {"<true/>", {"boolean", "1"}},
+           {"<false/>", {"boolean", "0"}},
+           {"<real>0.150000</real>", {"float", "0.15"}},
+           {"<integer>48</integer>", {"integer", "48"}},
+           {"<string>suck</string>", {"string", "suck"}},
+       }) {
+    EXPECT_EQ(system.defaults({"write", "com.apple.dock", "k", list(value)}).status, 0) << value;
+    EXPECT_EQ(system.defaults({"read-type", "com.apple.dock", "k"}).output, "Type is " + shown.first + "\n");
+    EXPECT_EQ(system.value("k"), shown.second);
+  }
+  const std::string last = system.value("k");
+  for (const char* damaged : {"<true/><true/>", "<true>", "", "<color/>"}) {
+    EXPECT_NE(system.defaults({"write", "com.apple.dock", "k", list(damaged)}).status, 0) << damaged;
+    EXPECT_EQ(system.value("k"), last);
+  }
+}
+
 TEST(DefaultsWriteTest, everyOtherKeySurvivesToTheBit) {
   const MacSystem system;
   const PropertyList list = everyType();

@@ -145,10 +145,47 @@ TEST(KillallTest, endsProgramsOfOtherNamesAsWell) {
   EXPECT_EQ(program.wait().signal, SIGTERM);
 }
 
+TEST(KillallTest, showsWhatItWouldEnd) {
+  const MacSystem system;
+  const Words show = {KILLALL_PATH, "-s", "Dock"};
+  EXPECT_EQ(run(show, system.environment()).errors, noProcess);
+  const Process dock({DOCK_PATH}, system.environment());
+  ASSERT_TRUE(waitForStarts(system, 1));
+  const Outcome outcome = run(show, system.environment());
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "kill -TERM " + std::to_string(dock.id()) + "\n");
+  EXPECT_TRUE(isRunning(dock.id()));
+}
+
+TEST(KillallTest, saysNothingOfNoneWhereItIsToBeQuiet) {
+  const MacSystem system;
+  const Outcome outcome = run({KILLALL_PATH, "-q", "Dock"}, system.environment());
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.errors, "");
+}
+
+TEST(KillallTest, endsThoseOfTheUserThatIsNamed) {
+  const MacSystem system;
+  std::string user = run({"/usr/bin/id", "-un"}, {}).output;
+  user.pop_back();
+  const std::string other = user == "nobody" ? "root" : "nobody";
+  Process dock({DOCK_PATH}, system.environment());
+  ASSERT_TRUE(waitForStarts(system, 1));
+  EXPECT_EQ(run({KILLALL_PATH, "-u", other, "Dock"}, system.environment()).errors, noProcess);
+  EXPECT_EQ(run({KILLALL_PATH, "-u", "no such user", "Dock"}, system.environment()).errors,
+            "killall: user no such user does not exist\n");
+  EXPECT_TRUE(isRunning(dock.id()));
+  EXPECT_EQ(run({KILLALL_PATH, "-qu", user, "Dock"}, system.environment()).status, 0);
+  EXPECT_EQ(dock.wait().signal, SIGTERM);
+}
+
 TEST(KillallTest, answersItsCommandLine) {
   EXPECT_THAT(run({KILLALL_PATH, "--help"}, {}).output, HasSubstr("Usage: killall"));
-  for (const Words& wrong : {Words{KILLALL_PATH}, Words{KILLALL_PATH, "-9", "Dock"}}) {
-    const Outcome outcome = run(wrong, {});
+  for (const Words& wrong : {Words{}, Words{"-9", "Dock"}, Words{"-s"}, Words{"-", "Dock"}, Words{"-u"},
+                             Words{"-u", "nobody"}, Words{"-sx", "Dock"}, Words{"-uq", "Dock"}}) {
+    Words command = {KILLALL_PATH};
+    command.insert(command.end(), wrong.begin(), wrong.end());
+    const Outcome outcome = run(command, {});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors, HasSubstr("Usage: killall"));
   }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "standin/Process.h"
-#include "system/Utf8.h"
+#include "system/base/Utf8.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -10,7 +10,7 @@
 #include <filesystem>
 
 #include "fixtures/Sandbox.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 #include "updater/feed/FeedText.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/signature/SigningKey.h"

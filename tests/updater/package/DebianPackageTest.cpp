@@ -9,7 +9,7 @@
 #include "fixtures/EnvironmentScope.h"
 #include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 #include "updater/package/PackageKind.h"
 #include "updater/package/RealPackage.h"
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "fixtures/Sandbox.h"
-#include "system/Process.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::updater {
 

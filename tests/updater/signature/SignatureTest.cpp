@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fixtures/Sandbox.h"
-#include "system/Descriptor.h"
+#include "system/base/Descriptor.h"
 #include "updater/signature/SigningKey.h"
 
 namespace tarnwell::updater {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 #include "kit/turn/Turn.h"
 #include "view/Counter.h"
 #include "view/Stage.h"

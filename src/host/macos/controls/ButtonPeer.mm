@@ -1,8 +1,8 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
+#include "kit/control/Window.h"
 #include "kit/controls/Button.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -4,8 +4,8 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/TextLook.h"
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 using tarnwell::host_macos::toString;
 namespace kit = tarnwell::kit;

@@ -6,7 +6,7 @@
 #include "host/macos/controls/Container.h"
 #include "host/macos/look/ActionTarget.h"
 #include "host/macos/look/Retained.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::host_macos {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/macos/look/Retained.h"
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::host_macos {
 class MenuMirror;

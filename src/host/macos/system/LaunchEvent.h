@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "kit/application/AppleEvent.h"
+#include "kit/events/AppleEvent.h"
 
 namespace tarnwell::host_macos {
 

@@ -3,7 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #include "host/macos/look/Conversions.h"
-#include "system/Process.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::host_macos {
 

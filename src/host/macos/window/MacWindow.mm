@@ -4,8 +4,8 @@
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/FlippedView.h"
 #include "kit/application/Application.h"
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 using tarnwell::host_macos::toString;
 using tarnwell::host_macos::ViewPeer;

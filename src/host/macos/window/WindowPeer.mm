@@ -2,8 +2,8 @@
 
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
+#include "kit/control/Window.h"
 #include "kit/controls/Button.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::host_macos {
 

@@ -5,11 +5,11 @@
 #include <QtWidgets/QLineEdit>
 
 #include "host/qt/accessibility/AccessibleControl.h"
-#include "host/qt/controls/Announcement.h"
-#include "host/qt/controls/ControlLink.h"
+#include "host/qt/control/Announcement.h"
+#include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/window/WindowWidget.h"
-#include "kit/controls/Control.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
-#include "kit/controls/Control.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Control.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

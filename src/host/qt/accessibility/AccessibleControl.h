@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "host/qt/accessibility/AccessibleWidget.h"
-#include "host/qt/controls/ControlLink.h"
-#include "kit/controls/Accessible.h"
+#include "host/qt/control/ControlLink.h"
+#include "kit/control/Accessible.h"
 
 namespace tarnwell::host_qt {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/qt/controls/ControlLink.h"
-#include "kit/controls/Control.h"
+#include "host/qt/control/ControlLink.h"
+#include "kit/control/Control.h"
 
 namespace tarnwell::host_qt {
 namespace {

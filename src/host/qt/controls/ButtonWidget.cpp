@@ -1,8 +1,8 @@
 #include <QtGui/QPainter>
 #include <cmath>
 
+#include "host/qt/control/PressableWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
-#include "host/qt/controls/PressableWidget.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"

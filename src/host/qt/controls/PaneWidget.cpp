@@ -1,4 +1,4 @@
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "kit/controls/Pane.h"
 

@@ -13,7 +13,7 @@
 #include <functional>
 
 #include "host/painted/ControlMetrics.h"
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"

@@ -1,7 +1,7 @@
 #include <QtCore/QVariantAnimation>
 #include <QtGui/QPainter>
 
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"

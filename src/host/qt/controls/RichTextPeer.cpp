@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "host/painted/ControlMetrics.h"
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Theme.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/control/WidgetPeer.h"
 #include "kit/controls/RichText.h"
 
 namespace tarnwell::host_qt {

@@ -3,7 +3,7 @@
 #include <QtGui/QWheelEvent>
 #include <cmath>
 
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/controls/ScrollArea.h"

@@ -4,7 +4,7 @@
 #include <QtGui/QPainter>
 #include <algorithm>
 
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/ScrollArea.h"
 

@@ -1,7 +1,7 @@
 #include <QtGui/QPainter>
 #include <algorithm>
 
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/ApplicationIcon.h"
 #include "host/qt/look/Theme.h"

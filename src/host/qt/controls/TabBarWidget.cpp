@@ -7,7 +7,7 @@
 
 #include "host/painted/ControlMetrics.h"
 #include "host/painted/TabGeometry.h"
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "host/painted/ControlMetrics.h"
-#include "host/qt/controls/ControlLink.h"
+#include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"

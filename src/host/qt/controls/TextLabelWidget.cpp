@@ -1,7 +1,7 @@
 #include <QtGui/QPainter>
 #include <optional>
 
-#include "host/qt/controls/ControlWidget.h"
+#include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"

@@ -2,8 +2,8 @@
 #include <cmath>
 
 #include "host/painted/ControlMetrics.h"
+#include "host/qt/control/PressableWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
-#include "host/qt/controls/PressableWidget.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"

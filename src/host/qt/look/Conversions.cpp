@@ -3,7 +3,7 @@
 #include <QtGui/QKeyEvent>
 
 #include "host/qt/look/KeyEquivalentText.h"
-#include "kit/application/Event.h"
+#include "kit/events/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "host/qt/look/Conversions.h"
-#include "kit/application/Event.h"
+#include "kit/events/Event.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <QtCore/QStringList>
 #include <string_view>
 
-#include "kit/application/MenuItem.h"
+#include "kit/menus/MenuItem.h"
 
 namespace tarnwell::host_qt {
 

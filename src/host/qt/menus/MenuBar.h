@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QMenuBar>
 
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/qt/menus/ThemedMenu.h"
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

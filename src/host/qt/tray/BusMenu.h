@@ -5,7 +5,7 @@
 
 #include "host/qt/bus/BusObject.h"
 #include "host/qt/bus/BusTypes.h"
-#include "kit/application/Menu.h"
+#include "kit/menus/Menu.h"
 
 namespace tarnwell::kit {
 class Application;

@@ -9,7 +9,7 @@
 #include "host/qt/look/Theme.h"
 #include "host/qt/tray/TrayWatch.h"
 #include "host/qt/window/WindowPeer.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,11 +5,11 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
-#include "host/qt/controls/ControlLink.h"
+#include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/ScrollAreaPeer.h"
 #include "host/qt/window/WindowPeer.h"
+#include "kit/control/Window.h"
 #include "kit/controls/TextField.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <QtCore/QPointer>
 #include <memory>
 
-#include "host/qt/controls/FocusRing.h"
+#include "host/qt/control/FocusRing.h"
 #include "kit/turn/Action.h"
 
 class QWidget;

@@ -7,13 +7,13 @@
 #include <cmath>
 #include <map>
 
-#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/session/ActivationToken.h"
 #include "host/qt/window/WindowWidget.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Control.h"
-#include "kit/controls/Window.h"
+#include "kit/control/Control.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

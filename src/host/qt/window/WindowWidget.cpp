@@ -8,12 +8,12 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/qt/controls/WidgetPeer.h"
+#include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
+#include "kit/control/Window.h"
 #include "kit/controls/ScrollArea.h"
 #include "kit/controls/TabBar.h"
 #include "kit/controls/Toggle.h"
-#include "kit/controls/Window.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -11,7 +11,7 @@
 
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/controls/ControlLink.h"
+#include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/Controls.h"
 #include "kit/controls/ScrollArea.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "fixtures/WaitFor.h"
-#include "standin/dock/model/ScrollGesture.h"
+#include "standin/dock/motion/ScrollGesture.h"
 #include "standin/dock/ui/ShownDock.h"
 
 namespace tarnwell::standin {

@@ -1,0 +1,27 @@
+#include <algorithm>
+
+#include "profile/exports/Formats.h"
+#include "profile/exports/NixText.h"
+#include "profile/exports/Notes.h"
+
+namespace tarnwell::profile {
+
+system::Result<Export> nixDarwinModule(const Profile& profile, const ExportOptions&) {
+  auto values = valuesOf(profile);
+  // The one that has no option of its own goes in by its domain, and does not make the Dock restart.
+  const auto custom =
+      std::ranges::stable_partition(values, [](const WantedValue& each) { return each.setting.key != "single-app"; });
+  const std::span<const WantedValue> options(values.begin(), custom.begin());
+  std::vector<std::string> warnings = unsaidUnset("nix-darwin", profile);
+  if (options.empty() && !custom.empty()) {
+    warnings.emplace_back("The Dock is not restarted: nix-darwin does that for its own options alone");
+  }
+  return Export{headComment("Settings of the Dock, as a module of nix-darwin.", profile) + "{\n" +
+                    nixAttributes("system.defaults.dock", options) +
+                    nixAttributes("system.defaults.CustomUserPreferences.\"com.apple.dock\"",
+                                  std::span<const WantedValue>(custom.begin(), custom.end())) +
+                    comments("  # ", warnings) + "}\n",
+                warnings};
+}
+
+}  // namespace tarnwell::profile

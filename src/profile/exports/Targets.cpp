@@ -1,0 +1,17 @@
+#include "profile/exports/Targets.h"
+
+#include "profile/exports/Formats.h"
+
+namespace tarnwell::profile {
+
+constexpr std::array<Target, 8> targets = {
+    {{"sh", "a shell script that changes what differs", shellScript},
+     {"ansible", "a play for community.general.osx_defaults", ansiblePlay},
+     {"nix-darwin", "a module of nix-darwin", nixDarwinModule},
+     {"home-manager", "a module of home-manager", homeManagerModule},
+     {"mobileconfig", "a configuration profile for device management", configurationProfile},
+     {"plist", "a property list for defaults import", propertyList},
+     {"json", "the profile in JSON", json},
+     {"toml", "the profile itself, written anew", toml}}};
+
+}  // namespace tarnwell::profile

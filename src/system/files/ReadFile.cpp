@@ -1,0 +1,32 @@
+#include "system/files/ReadFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+
+#include "system/base/Descriptor.h"
+
+namespace tarnwell::system {
+
+Result<std::string> readFile(const std::filesystem::path& path, std::size_t most) {
+  const std::string failing = "cannot read " + path.string();
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat status = {};
+  if (!file || ::fstat(file.number(), &status) != 0) {
+    return systemFailure(failing);
+  }
+  if (!S_ISREG(status.st_mode)) {
+    return Failure{.message = failing + ": it is not a file", .error = S_ISDIR(status.st_mode) ? EISDIR : EINVAL};
+  }
+  auto content = file.readAll(most);
+  if (!content) {
+    return systemFailure(failing);
+  }
+  if (content->size() > most) {
+    return Failure{.message = failing + ": it is too large", .error = EFBIG};
+  }
+  return *std::move(content);
+}
+
+}  // namespace tarnwell::system

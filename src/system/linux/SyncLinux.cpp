@@ -1,9 +1,0 @@
-#include <unistd.h>
-
-#include "system/Sync.h"
-
-namespace tarnwell::system {
-
-bool sync(int descriptor) { return ::fsync(descriptor) == 0; }
-
-}  // namespace tarnwell::system

@@ -1,0 +1,41 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <string>
+
+#include "system/processes/Pipe.h"
+#include "system/processes/UnreadPipe.h"
+
+namespace tarnwell::system {
+namespace {
+
+/// The most bytes that a pipe of an ordinary process may hold; 0 when the system does not tell.
+int largestSize() {
+  const Descriptor file(::open("/proc/sys/fs/pipe-max-size", O_RDONLY | O_CLOEXEC));
+  std::array<char, 16> text{};
+  return ::read(file.number(), text.data(), text.size() - 1) > 0 ? std::atoi(text.data()) : 0;
+}
+
+void grow(int pipe) {
+  const int now = ::fcntl(pipe, F_GETPIPE_SZ);
+  // A user with many large pipes is refused the largest size, though perhaps not half of it.
+  for (int size = largestSize(); size > now; size /= 2) {
+    if (::fcntl(pipe, F_SETPIPE_SZ, size) != -1) {
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+UnreadPipe UnreadPipe::create() {
+  const Pipe pipe = Pipe::create();
+  const std::string path = "/proc/self/fd/" + std::to_string(pipe.writeEnd.number());
+  UnreadPipe both = {.output = requiredDescriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC), "make a pipe")};
+  grow(both.output.number());
+  return both;
+}
+
+}  // namespace tarnwell::system

@@ -1,7 +1,0 @@
-#include "updateclient/InstallationWay.h"
-
-namespace tarnwell::updateclient {
-
-const InstallationWay* installationWay(std::string_view /*kind*/) { return nullptr; }
-
-}  // namespace tarnwell::updateclient

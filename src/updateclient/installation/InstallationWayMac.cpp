@@ -1,0 +1,7 @@
+#include "updateclient/installation/InstallationWay.h"
+
+namespace tarnwell::updateclient {
+
+const InstallationWay* installationWay(std::string_view /*kind*/) { return nullptr; }
+
+}  // namespace tarnwell::updateclient

@@ -1,8 +1,0 @@
-#include "system/UnnamedFiles.h"
-
-namespace tarnwell::system {
-
-// No file system here knows them.
-bool refuseUnnamedFiles() { return true; }
-
-}  // namespace tarnwell::system

@@ -1,0 +1,62 @@
+#include "system/base/Utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tarnwell::system {
+namespace {
+
+TEST(Utf8Test, wellFormedTextIsUtf8) {
+  const std::vector<std::string> texts = {
+      "",
+      "plain",
+      std::string("a\0b", 3),
+      "\x7F",
+      "\xC2\x80",
+      "\xDF\xBF",
+      "\xE0\xA0\x80",
+      "\xED\x9F\xBF",
+      "\xEE\x80\x80",
+      "\xEF\xBF\xBF",
+      "\xEF\xBB\xBF marked",
+      "\xF0\x90\x80\x80",
+      "\xF4\x8F\xBF\xBF",
+      "Größe \u2026 \U0001F600\n",
+  };
+  for (const std::string& text : texts) {
+    EXPECT_TRUE(isUtf8(text)) << text;
+  }
+}
+
+TEST(Utf8Test, malformedBytesAreNot) {
+  const std::vector<std::string> texts = {
+      "\x80",  // a continuation with nothing to continue
+      "\xBF",
+      "\xC0\x80",  // overlong forms, the two-byte NUL among them
+      "\xC1\xBF",
+      "\xE0\x9F\xBF",
+      "\xF0\x8F\xBF\xBF",
+      "\xED\xA0\x80",  // surrogates, the first and the last
+      "\xED\xBF\xBF",
+      "\xF4\x90\x80\x80",  // above U+10FFFF
+      "\xF5\x80\x80\x80",
+      "\xFE",  // bytes that never occur
+      "\xFF",
+      "\xC3",  // ends too early
+      "\xE2\x80",
+      "\xF0\x9F\x98",
+      "\xC3(",  // a continuation is missing
+      "\xE2(\x80",
+      "\xE2\x80(",
+      "\xF0\x9F\x98(",
+      "good then \xC3\xA4\xA4",  // one continuation too many
+  };
+  for (const std::string& text : texts) {
+    EXPECT_FALSE(isUtf8(text)) << testing::PrintToString(text);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::system

@@ -1,0 +1,76 @@
+#include "system/files/AtomicFile.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
+#include "system/files/UnnamedFiles.h"
+
+namespace tarnwell::system {
+namespace {
+
+/// The name in the sandbox that a file has on its way to "list".
+const std::string passingName = AtomicFile::passingPath("list").filename().string();
+
+TEST(AtomicFileTest, isPlacedWhereFilesHaveToHaveANameToo) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write(passingName, "what a killed process left");
+  EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
+              AtomicFile file(sandbox / "list", 0600);
+              const bool isWritten = refuseUnnamedFiles() && file.write("bytes") && sandbox.holds(passingName);
+              return isWritten && file.place() ? 0 : 1;
+            }),
+            0);
+  EXPECT_EQ(sandbox.read("list"), "bytes");
+  EXPECT_FALSE(sandbox.holds(passingName));
+}
+
+TEST(AtomicFileTest, keepsPermissionsButLendsNoRights) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("list", "before");
+  std::filesystem::permissions(sandbox / "list", std::filesystem::perms(04751));
+  AtomicFile file(sandbox / "list", 0600);
+  ASSERT_TRUE(file.write("bytes"));
+  ASSERT_TRUE(file.place());
+  EXPECT_EQ(std::filesystem::status(sandbox / "list").permissions(), std::filesystem::perms(0751));
+}
+
+TEST(AtomicFileTest, staysInTheFolderThatItWasBegunIn) {
+  const fixtures::Sandbox sandbox;
+  std::filesystem::create_directory(sandbox / "folder");
+  AtomicFile file(sandbox / "folder/list", 0600);
+  ASSERT_TRUE(file.write("bytes"));
+  std::filesystem::rename(sandbox / "folder", sandbox / "moved");
+  std::filesystem::create_directory(sandbox / "folder");
+  ASSERT_TRUE(file.place());
+  EXPECT_EQ(sandbox.read("moved/list"), "bytes");
+  EXPECT_TRUE(std::filesystem::is_empty(sandbox / "folder"));
+}
+
+TEST(AtomicFileTest, takesANameThatALinkHas) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("list", "before");
+  std::filesystem::create_symlink("elsewhere", sandbox / passingName);
+  AtomicFile file(sandbox / "list", 0600);
+  EXPECT_TRUE(file.write("bytes"));
+  EXPECT_TRUE(file.commit());
+  EXPECT_EQ(sandbox.read("list"), "bytes");
+}
+
+TEST(AtomicFileTest, isNotPlacedWhenItsNameWasTakenAway) {
+  const fixtures::Sandbox sandbox;
+  EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
+              AtomicFile file(sandbox / "list", 0600);
+              const bool isWritten = refuseUnnamedFiles() && file.write("bytes");
+              std::filesystem::remove(sandbox / passingName);
+              return isWritten && !file.place() ? 0 : 1;
+            }),
+            0);
+  EXPECT_FALSE(sandbox.holds("list"));
+}
+
+}  // namespace
+}  // namespace tarnwell::system

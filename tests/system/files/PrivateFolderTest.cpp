@@ -1,0 +1,89 @@
+#include "system/files/PrivateFolder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "fixtures/Sandbox.h"
+#include "system/base/Descriptor.h"
+
+namespace tarnwell::system {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string refusalOf(const Result<PrivateFolder>& result) { return result ? "" : result.error().message; }
+
+mode_t modeOfFolder(const fs::path& path) {
+  struct stat status = {};
+  return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
+}
+
+TEST(PrivateFolder, isMadeForItsOwnerAlone) {
+  const fixtures::Sandbox sandbox;
+  const auto made = PrivateFolder::make(sandbox / "a/b");
+  ASSERT_EQ(refusalOf(made), "");
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0700U);
+  EXPECT_EQ(modeOfFolder(sandbox / "a/b"), 0700U);
+  const auto& folder = *made;
+  EXPECT_EQ(folder.path(), sandbox / "a/b");
+  EXPECT_NE(::fcntl(folder.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
+}
+
+TEST(PrivateFolder, isClosedToOthersWhenItWasOpen) {
+  const fixtures::Sandbox sandbox;
+  fs::create_directory(sandbox / "a");
+  fs::permissions(sandbox / "a", fs::perms::all);
+  ASSERT_EQ(refusalOf(PrivateFolder::open(sandbox / "a")), "");
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0777U);
+  ASSERT_EQ(refusalOf(PrivateFolder::make(sandbox / "a")), "");
+  EXPECT_EQ(modeOfFolder(sandbox / "a"), 0700U);
+}
+
+TEST(PrivateFolder, isNoLinkAndNoFile) {
+  const fixtures::Sandbox sandbox;
+  fs::create_directory(sandbox / "real");
+  fs::create_directory_symlink(sandbox / "real", sandbox / "link");
+  sandbox.write("file", "");
+  for (const char* name : {"link", "file"}) {
+    EXPECT_TRUE(refusalOf(PrivateFolder::make(sandbox / name)).starts_with("cannot enter the folder ")) << name;
+    EXPECT_TRUE(refusalOf(PrivateFolder::open(sandbox / name)).starts_with("cannot enter the folder ")) << name;
+  }
+  EXPECT_NE(modeOfFolder(sandbox / "real"), 0700U);
+  EXPECT_NE(refusalOf(PrivateFolder::open(sandbox / "absent")), "");
+  EXPECT_FALSE(fs::exists(sandbox / "absent"));
+  EXPECT_NE(refusalOf(PrivateFolder::make(sandbox / "file/below")), "");
+}
+
+TEST(PrivateFolder, belongsToTheUser) {
+  if (::geteuid() != 0) {
+    GTEST_SKIP() << "only root can give a folder away";
+  }
+  const fixtures::Sandbox sandbox;
+  fs::create_directory(sandbox / "a");
+  ASSERT_EQ(::chown((sandbox / "a").c_str(), 1, 1), 0);
+  for (const auto& result : {&PrivateFolder::make, &PrivateFolder::open}) {
+    EXPECT_EQ(refusalOf(result(sandbox / "a")), "the folder " + (sandbox / "a").string() + " belongs to another user");
+  }
+}
+
+TEST(PrivateFolder, knowsWhetherItsPathLeadsToAFile) {
+  const fixtures::Sandbox sandbox;
+  const auto made = PrivateFolder::make(sandbox / "a");
+  ASSERT_EQ(refusalOf(made), "");
+  const auto& folder = *made;
+  sandbox.write("a/file", "meant");
+  sandbox.write("a/other", "meant");
+  const Descriptor file(::open((sandbox / "a/file").c_str(), O_RDONLY | O_CLOEXEC));
+  EXPECT_TRUE(folder.leadsTo("file", file.number()));
+  EXPECT_FALSE(folder.leadsTo("other", file.number()));
+  EXPECT_FALSE(folder.leadsTo("absent", file.number()));
+  fs::rename(sandbox / "a", sandbox / "moved");
+  EXPECT_FALSE(folder.leadsTo("file", file.number()));
+  sandbox.write("a/file", "meant");
+  EXPECT_FALSE(folder.leadsTo("file", file.number()));
+}
+
+}  // namespace
+}  // namespace tarnwell::system
