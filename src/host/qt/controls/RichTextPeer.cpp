@@ -240,12 +240,14 @@ class RichTextWidget final : public ControlWidget {
   }
 
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->matches(QKeySequence::Copy)) {
+    const bool follows =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy) && selected_.hasSelection()) {
       QGuiApplication::clipboard()->setText(selected_.selection().toPlainText());
     } else if (event->matches(QKeySequence::SelectAll)) {
       selected_.select(QTextCursor::Document);
       update();
-    } else if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    } else if (follows && !links_.empty()) {
       text_.follow(current_);
     } else {
       event->ignore();

@@ -144,6 +144,29 @@ TEST_F(RichTextTest, whatIsSelectedByTheMouseIsCopied) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "New\nSee one and two");
 }
 
+TEST_F(RichTextTest, copyWithNothingSelectedLeavesTheClipboardAlone) {
+  auto& text = add();
+  QGuiApplication::clipboard()->setText("mine");
+  driver::clickAt(text, {.x = 12, .y = 12});
+  driver::key(stage.window(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "mine");
+}
+
+TEST_F(RichTextTest, returnInATextWithoutLinksPressesTheDefaultButton) {
+  auto& text = add();
+  text.setText({{{.runs = {{.text = "Nothing to follow"}}}}});
+  int pressed = 0;
+  auto button = makeButton("Install");
+  button->setDefault(true);
+  button->setAction([&pressed] { ++pressed; });
+  stage.add(std::move(button), {.x = 120, .y = 160, .width = 80, .height = 24});
+  stage.show();
+  driver::clickAt(text, {.x = 12, .y = 12});
+  ASSERT_TRUE(driver::widget(text).hasFocus());
+  driver::key(stage.window(), Qt::Key_Return);
+  EXPECT_EQ(pressed, 1);
+}
+
 TEST_F(RichTextTest, isLaidOutInLittleTimeHoweverManyPartsItHas) {
   kit::StyledText many = {{{}}};
   for (int count = 0; count < 4000; ++count) {
