@@ -29,6 +29,8 @@ kit::Rect turned(const kit::Slider& slider, NSView* view, kit::Rect rect) {
   return rect;
 }
 
+constexpr double wholeRange = 1;
+
 double stepOf(NSEvent* event) {
   NSString* characters = [event charactersIgnoringModifiers];
   switch ([characters length] == 1 ? [characters characterAtIndex:0] : 0) {
@@ -42,6 +44,10 @@ double stepOf(NSEvent* event) {
       return kit::Slider::pageStep;
     case NSPageDownFunctionKey:
       return -kit::Slider::pageStep;
+    case NSEndFunctionKey:
+      return wholeRange;
+    case NSHomeFunctionKey:
+      return -wholeRange;
     default:
       return 0;
   }

@@ -1,5 +1,6 @@
 #include "host/macos/system/LocaleNumberFormat.h"
 
+#include <algorithm>
 #include <string>
 
 #include "host/macos/look/Conversions.h"
@@ -44,7 +45,7 @@ kit::NumberSymbols symbolsOf(NSNumberFormatter* formatter) {
 
 std::string LocaleNumberFormat::text(double value, int mostFractionDigits) const {
   NSNumberFormatter* formatter = makeFormatter();
-  [formatter setMaximumFractionDigits:static_cast<NSUInteger>(mostFractionDigits)];
+  [formatter setMaximumFractionDigits:static_cast<NSUInteger>(std::max(mostFractionDigits, 0))];
   [formatter setRoundingMode:NSNumberFormatterRoundHalfEven];
   return toString([formatter stringFromNumber:[NSNumber numberWithDouble:value]]);
 }
