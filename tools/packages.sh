@@ -6,7 +6,7 @@
 
 packages_for() {
   case $1 in
-    build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev libexpat1-dev libsodium-dev libsystemd-dev libcurl4-openssl-dev libxml2-dev libseccomp-dev libxcb1-dev libcli11-dev libtomlplusplus-dev ;;
+    build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev libexpat1-dev libsodium-dev libsystemd-dev libcurl4-openssl-dev libxml2-dev libseccomp-dev libxcb1-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev ;;
     run)
       echo zsh xdg-utils
       # The toolkit speaks to a Wayland desktop through a plug-in of its own.
