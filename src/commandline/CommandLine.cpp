@@ -8,8 +8,10 @@
 #include "commandline/commands/Changing.h"
 #include "commandline/commands/Comparing.h"
 #include "commandline/commands/Explanation.h"
+#include "commandline/commands/Exporting.h"
 #include "commandline/commands/Listing.h"
 #include "commandline/words/Arguments.h"
+#include "commandline/words/Completion.h"
 #include "commandline/words/Usage.h"
 #include "installation/EmulatedSystemVersion.h"
 #include "installation/LaunchedAtLogin.h"
@@ -45,8 +47,10 @@ Status perform(const Session& session, const Arguments& arguments) {
     case CommandName::restart:
       return restartAndTell(session, false);
     case CommandName::exportProfile:
+      return exportProfile(session, arguments);
     case CommandName::completion:
-      break;
+      session.screen.addLine(completion(session.program, arguments.operands.front()));
+      return Status::done;
   }
   return Status::refused;
 }

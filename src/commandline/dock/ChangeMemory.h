@@ -5,8 +5,8 @@
 #include <string>
 
 #include "profile/values/Profile.h"
-#include "system/files/FileLock.h"
 #include "system/base/Result.h"
+#include "system/files/FileLock.h"
 
 namespace tarnwell::commandline {
 

@@ -123,6 +123,17 @@ class Parser {
       refuse("There is a word missing behind " + std::string(command.word) + ".");
     } else if (result_.operands.size() > command.most) {
       refuse(inQuotes(result_.operands.at(command.most)) + " is one word too many.");
+    } else if (const auto allowed = choices(command.operand); !allowed.empty()) {
+      checkChoice(allowed);
+    }
+  }
+
+  void checkChoice(std::span<const std::string_view> allowed) {
+    for (const std::string& operand : result_.operands) {
+      if (std::ranges::find(allowed, operand) == allowed.end()) {
+        refuse(inQuotes(operand) + " is not known to " + std::string(result_.command->word) +
+               suggestion(operand, allowed, ""));
+      }
     }
   }
 

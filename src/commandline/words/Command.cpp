@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "profile/exports/Targets.h"
+
 namespace tarnwell::commandline {
 namespace {
 
@@ -15,7 +17,7 @@ constexpr std::array getOptions = {defaultValue};
 constexpr std::array changeOptions = {dryRun, noRestart, quiet};
 constexpr std::array resetOptions = {all, dryRun, noRestart, quiet};
 constexpr std::array applyOptions = {check, dryRun, noRestart, quiet};
-constexpr std::array exportOptions = {to, exact, identifier, output, strict};
+constexpr std::array exportOptions = {to, exact, identifier, OptionName::restart, output, strict};
 
 constexpr std::array rows = {
     Command{CommandName::list, "list", "", "Show all settings", Word::nothing, 0, 0, listOptions},
@@ -72,8 +74,11 @@ std::string_view placeholder(Word word) {
 std::span<const std::string_view> choices(Word word) {
   static constexpr std::array<std::string_view, 3> shells = {"bash", "zsh", "fish"};
   static constexpr std::array<std::string_view, 3> times = {"auto", "always", "never"};
-  static constexpr std::array<std::string_view, 8> formats = {"toml",       "json",         "sh",    "ansible",
-                                                              "nix-darwin", "home-manager", "plist", "mobileconfig"};
+  static const auto formats = [] {
+    std::array<std::string_view, profile::targets.size()> names;
+    std::ranges::transform(profile::targets, names.begin(), &profile::Target::name);
+    return names;
+  }();
   switch (word) {
     case Word::shell:
       return shells;

@@ -21,6 +21,7 @@ enum class OptionName {
   noRestart,
   output,
   quiet,
+  restart,
   strict,
   to,
 };
@@ -52,6 +53,7 @@ inline constexpr std::array options = {
     Option{OptionName::to, "to", ' ', Word::format, "the format to write"},
     Option{OptionName::exact, "exact", ' ', Word::nothing, "have what is not set taken away as well"},
     Option{OptionName::identifier, "identifier", ' ', Word::text, "the identifier of a configuration profile"},
+    Option{OptionName::restart, "restart", ' ', Word::nothing, "have a tool that restarts nothing restart the Dock"},
     Option{OptionName::output, "output", 'o', Word::file, "write to a file"},
     Option{OptionName::strict, "strict", ' ', Word::nothing, "write nothing where the format cannot say all"},
     Option{OptionName::color, "color", ' ', Word::when, "auto, always or never"},

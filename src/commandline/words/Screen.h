@@ -14,6 +14,7 @@ class Screen {
   /// Where they are shown: on a terminal, unless NO_COLOR is set or TERM is "dumb".
   explicit Screen(Colors colors);
 
+  void add(std::string_view text) { text_ += text; }
   void addLine(std::string_view line) { (text_ += line) += '\n'; }
   /// False, with a word on standard error, where not all of it was taken.
   bool show();
