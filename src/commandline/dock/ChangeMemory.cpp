@@ -13,7 +13,7 @@ namespace tarnwell::commandline {
 namespace {
 
 // Each before it reads, writes and restarts, and none of these takes longer than its shell may.
-constexpr std::chrono::minutes patience{1};
+constexpr std::chrono::minutes turnPatience{1};
 
 }  // namespace
 
@@ -29,7 +29,7 @@ system::Result<void> ChangeMemory::takeTurn() {
   if (!system::makeFolders(folder_)) {
     return system::systemFailure("cannot make " + folder_.string());
   }
-  auto turn = system::FileLock::take(folder_ / "lock", patience);
+  auto turn = system::FileLock::take(folder_ / "lock", turnPatience);
   if (!turn) {
     return turn.error().error == EWOULDBLOCK ? system::Failure{"another process is changing settings"} : turn.error();
   }

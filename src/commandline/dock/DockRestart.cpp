@@ -11,7 +11,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Lines = std::set<std::string>;
 
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds dockPatience{5};
 constexpr std::chrono::milliseconds pause{50};
 
 /// A line for each that runs.
@@ -33,7 +33,7 @@ Restart restartDock(Shell& shell) {
     return Restart::noDock;
   }
   // Nothing tells when the system has started another one.
-  for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(pause)) {
+  for (const auto end = Clock::now() + dockPatience; Clock::now() < end; std::this_thread::sleep_for(pause)) {
     for (const std::string& line : runningDocks(shell)) {
       if (line.starts_with("kill ") && !before.contains(line)) {
         return Restart::done;

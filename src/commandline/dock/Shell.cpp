@@ -8,7 +8,7 @@
 namespace tarnwell::commandline {
 namespace {
 
-constexpr std::chrono::seconds patience{10};
+constexpr std::chrono::seconds shellPatience{10};
 
 /// "2026-11-22 10:55:48.932 defaults[21082:21082] " before what a tool says.
 std::string_view withoutPrefix(std::string_view line) {
@@ -34,7 +34,7 @@ std::string reasonIn(const std::string& errors) {
 
 std::string reasonOf(const system::CheckedRun& run) {
   if (!run.isInTime) {
-    return "no answer within " + std::to_string(patience.count()) + " seconds";
+    return "no answer within " + std::to_string(shellPatience.count()) + " seconds";
   }
   const std::string said = reasonIn(run.errors);
   if (!said.empty()) {
@@ -51,7 +51,7 @@ system::Result<system::CheckedRun> ZshShell::run(const std::string& commandLine)
     return placed.error();
   }
   isReady_ = true;
-  return system::runChecked({.words = {"/bin/zsh", "-c", commandLine}}, patience);
+  return system::runChecked({.words = {"/bin/zsh", "-c", commandLine}}, shellPatience);
 }
 
 system::Result<std::string> outputOf(Shell& shell, const std::string& commandLine) {

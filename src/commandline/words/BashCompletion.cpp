@@ -13,14 +13,14 @@ std::string commandWords() {
   return joined(words) + " --help --version";
 }
 
-std::string branch(const Command& command) {
+std::string bashBranch(const Command& command) {
   return "      " + std::string(command.word) + ")\n        options=" + inSingleQuotes(joined(optionWords(command))) +
          "\n        operands=" + inSingleQuotes(joined(candidates(command.operand))) + "\n" +
          (command.operand == Word::profile ? "        files=yes\n" : "") + "        ;;\n";
 }
 
 /// A branch for the options with such a value; none where there are none.
-std::string valueBranch(Word value, const std::string& action) {
+std::string bashValueBranch(Word value, const std::string& action) {
   const std::string pattern = optionPattern(value);
   return pattern.empty() ? "" : "      " + pattern + ") " + action + " ;;\n";
 }
@@ -43,15 +43,15 @@ std::string bashCompletion(const std::string& program) {
     case ${words[1]} in
 )";
   for (const Command& command : commands()) {
-    text += branch(command);
+    text += bashBranch(command);
   }
   text += R"(    esac
     case ${words[count - 1]} in
 )";
   for (const Word word : {Word::format, Word::when}) {
-    text += valueBranch(word, "found=" + inSingleQuotes(joined(candidates(word))) + " files=''");
+    text += bashValueBranch(word, "found=" + inSingleQuotes(joined(candidates(word))) + " files=''");
   }
-  text += valueBranch(Word::file, "files=yes") + valueBranch(Word::text, "files=''");
+  text += bashValueBranch(Word::file, "files=yes") + bashValueBranch(Word::text, "files=''");
   text += R"(      *)
         case $current in
           -?*) found=$options files='' ;;

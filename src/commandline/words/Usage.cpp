@@ -34,20 +34,19 @@ std::string typed(const Command& command) {
   return std::string(command.word) + (command.operands.empty() ? "" : " ") + std::string(command.operands);
 }
 
-template <class Rows>
-std::string columns(const Rows& rows) {
+using Rows = std::vector<std::pair<std::string, std::string_view>>;
+
+std::string columns(const Rows& pairs) {
   std::size_t width = 0;
-  for (const auto& [left, right] : rows) {
+  for (const auto& [left, right] : pairs) {
     width = std::max(width, left.size());
   }
   std::string text;
-  for (const auto& [left, right] : rows) {
+  for (const auto& [left, right] : pairs) {
     text += row(left, right, width);
   }
   return text;
 }
-
-using Rows = std::vector<std::pair<std::string, std::string_view>>;
 
 }  // namespace
 

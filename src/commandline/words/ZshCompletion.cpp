@@ -11,13 +11,13 @@ std::string describedCommands() {
   return text;
 }
 
-std::string branch(const Command& command) {
+std::string zshBranch(const Command& command) {
   return "    " + std::string(command.word) + ")\n      options=(" + joined(optionWords(command)) +
          ")\n      operands=(" + joined(candidates(command.operand)) + ")\n" +
          (command.operand == Word::profile ? "      files=yes\n" : "") + "      ;;\n";
 }
 
-std::string valueBranch(Word value, const std::string& action) {
+std::string zshValueBranch(Word value, const std::string& action) {
   const std::string pattern = optionPattern(value);
   return pattern.empty() ? "" : "    " + pattern + ") " + action + "return ;;\n";
 }
@@ -40,13 +40,13 @@ std::string zshCompletion(const std::string& program) {
   case $words[2] in
 )";
   for (const Command& command : commands()) {
-    text += branch(command);
+    text += zshBranch(command);
   }
   text += "  esac\n  case $words[CURRENT-1] in\n";
   for (const Word word : {Word::format, Word::when}) {
-    text += valueBranch(word, "compadd -- " + joined(candidates(word)) + "; ");
+    text += zshValueBranch(word, "compadd -- " + joined(candidates(word)) + "; ");
   }
-  text += valueBranch(Word::file, "_files; ") + valueBranch(Word::text, "");
+  text += zshValueBranch(Word::file, "_files; ") + zshValueBranch(Word::text, "");
   text += R"(  esac
   if [[ $words[CURRENT] == -?* ]]; then
     compadd -- $options
