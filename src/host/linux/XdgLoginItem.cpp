@@ -2,8 +2,8 @@
 
 #include <system_error>
 
-#include "installation/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
+#include "installation/BaseFolders.h"
 #include "installation/FindProgram.h"
 #include "system/files/AtomicFile.h"
 #include "system/files/ReadFile.h"

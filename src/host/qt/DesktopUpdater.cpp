@@ -1,8 +1,8 @@
 #include "host/qt/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
-#include "installation/BaseFolders.h"
 #include "host/linux/RunningAppImage.h"
+#include "installation/BaseFolders.h"
 #include "installation/Programs.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
