@@ -83,12 +83,6 @@ kit::KeyEvent keyOf(NSEvent* event) {
   }
   [super sendEvent:event];
 }
-- (void)sendEvent:(NSEvent*)event {
-  if ([event type] == NSEventTypeLeftMouseDown) {
-    [self endEditingForPress:event];
-  }
-  [super sendEvent:event];
-}
 // What no control and no entry of a menu has wanted.
 - (void)keyDown:(NSEvent*)event {
   if (window_ == nullptr || !window_->keyDown(keyOf(event))) {
