@@ -18,7 +18,7 @@ target_compile_options(
   INTERFACE -Wall -Wextra -Wpedantic
             -Wconversion # a narrowed double is a wrong slider
             -Wshadow # a lambda's capture must not hide a member
-            -Werror
+            $<$<BOOL:${TARNWELL_WARNINGS_ARE_ERRORS}>:-Werror>
             # g++ 12 sees overlaps in inlined std::string concatenation where there are none.
             $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
             # Sources that are compiled by the dozen hide each other's names.

@@ -6,7 +6,7 @@
 
 packages_for() {
   case $1 in
-    build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev libexpat1-dev libsodium-dev libsystemd-dev libcurl4-openssl-dev libxml2-dev libseccomp-dev libxcb1-dev libcli11-dev libtomlplusplus-dev ;;
+    build) echo g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libicu-dev libplist-dev libexpat1-dev libsodium-dev libsystemd-dev libcurl4-openssl-dev libxml2-dev libseccomp-dev libxcb1-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev ;;
     run)
       echo zsh xdg-utils
       # The toolkit speaks to a Wayland desktop through a plug-in of its own.
@@ -20,6 +20,9 @@ packages_for() {
       echo clang-19 lld-19 llvm-19 libc++-19-dev googletest python3
       command -v npm >/dev/null || echo npm
       ;;
+    packaging) echo debhelper lintian mandoc appstream desktop-file-utils mmdebstrap ;;
+    # In the place of macOS: what its host is tested on.
+    gnustep) echo gobjc++ gnustep-make libgnustep-gui-dev gnustep-back0.29-cairo xvfb ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     # The tools that exports are for, and those that judge what is written for them.
@@ -36,6 +39,8 @@ commands_for() {
     test) echo dpkg-deb localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 llvm-lipo-19 npm python3 ;;
+    packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
+    gnustep) echo gnustep-config Xvfb ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     handover) echo ansible-playbook ansible-lint bash dash jq plistutil xmllint nix-instantiate python3 shellcheck yamllint zsh ;;
     desktop) echo sway swaymsg weston wtype ;;

@@ -1,45 +1,121 @@
 #include "commandline/CommandLine.h"
 
 #include <algorithm>
-#include <array>
+#include <csignal>
 #include <string_view>
 
+#include "commandline/commands/Change.h"
+#include "commandline/commands/Changing.h"
+#include "commandline/commands/Comparing.h"
+#include "commandline/commands/Explanation.h"
+#include "commandline/commands/Exporting.h"
+#include "commandline/commands/Listing.h"
+#include "commandline/words/Arguments.h"
+#include "commandline/words/Completion.h"
+#include "commandline/words/Usage.h"
+#include "installation/EmulatedSystemVersion.h"
 #include "installation/LaunchedAtLogin.h"
 
 namespace tarnwell::commandline {
 namespace {
 
-system::Failure refused(const std::string& program, const std::string& reason) {
-  return {reason + "\nusage: " + program + " [--help | --version]"};
+Screen::Colors colorsOf(const Arguments& arguments) {
+  const auto when = arguments.value(OptionName::color).value_or("auto");
+  return when == "always"  ? Screen::Colors::always
+         : when == "never" ? Screen::Colors::never
+                           : Screen::Colors::whereShown;
 }
 
-std::string help(const Product& product) {
-  return product.summary + ".\nUsage: " + product.program +
-         " [OPTIONS]\n\nOptions:\n"
-         "  --help       Print this text and exit\n"
-         "  --version    Display program version information and exit";
+Status perform(const Session& session, const Arguments& arguments) {
+  switch (arguments.command->name) {
+    case CommandName::list:
+      return list(session, arguments);
+    case CommandName::get:
+      return get(session, arguments);
+    case CommandName::set:
+      return set(session, arguments);
+    case CommandName::reset:
+      return reset(session, arguments);
+    case CommandName::explain:
+      return explain(session, arguments);
+    case CommandName::diff:
+      return diff(session, arguments);
+    case CommandName::apply:
+      return apply(session, arguments);
+    case CommandName::undo:
+      return undo(session, arguments);
+    case CommandName::restart:
+      return restartAndTell(session, false);
+    case CommandName::exportProfile:
+      return exportProfile(session, arguments);
+    case CommandName::completion:
+      session.screen.addLine(completion(session.program, arguments.operands.front()));
+      return Status::done;
+  }
+  return Status::refused;
+}
+
+Status performCommand(const Product& product, const Arguments& arguments, Screen& screen) {
+  if (arguments.has(OptionName::help)) {
+    screen.addLine(helpText(product.program, *arguments.command));
+    return Status::done;
+  }
+  ZshShell shell(product.program);
+  Session session{.program = product.program, .shell = shell, .screen = screen};
+  const auto version = installation::emulatedSystemVersion();
+  if (!version) {
+    return session.fail(Status::refused, version.error().message);
+  }
+  session.system = *version;
+  return perform(session, arguments);
+}
+
+Status performWords(const Product& product, std::span<const char* const> words, Screen& screen) {
+  const auto arguments = parseArguments(product.program, words);
+  if (!arguments) {
+    screen.say(arguments.error().message);
+    return Status::refused;
+  }
+  screen = Screen(colorsOf(*arguments));
+  return performCommand(product, *arguments, screen);
+}
+
+/// What was typed begins with no command.
+Status performOptions(const Product& product, std::span<const char* const> words, Screen& screen) {
+  const std::string word = words.front();
+  if (words.size() == 1 && word == "--help") {
+    screen.addLine(helpText(product.program, product.summary));
+    return Status::done;
+  }
+  if (words.size() == 1 && word == "--version") {
+    screen.addLine(product.program + " " + product.version);
+    return Status::done;
+  }
+  const bool isKnown = word == "--help" || word == "--version" || word == installation::launchedAtLogin;
+  screen.say(
+      (isKnown ? "There are too many arguments." : '"' + word + "\" is not an argument of " + product.program + ".") +
+      "\n" + usageLine(product.program));
+  return Status::refused;
+}
+
+bool wantWindow(std::span<const char* const> words) {
+  return words.empty() || (words.size() == 1 && std::string_view(words.front()) == installation::launchedAtLogin);
 }
 
 }  // namespace
 
-Request parse(const Product& product, std::span<const char* const> arguments) {
-  constexpr std::array<std::string_view, 3> known = {"--help", "--version", installation::launchedAtLogin};
-  for (const std::string argument : arguments) {
-    if (std::ranges::find(known, argument) == known.end()) {
-      return refused(product.program, '"' + argument + "\" is not an argument of " + product.program + ".");
-    }
+std::optional<int> run(const Product& product, std::span<const char* const> arguments) {
+  if (wantWindow(arguments)) {
+    return std::nullopt;
   }
-  if (arguments.size() > 1) {
-    return refused(product.program, "There are too many arguments.");
-  }
-  const std::string_view argument = arguments.empty() ? "" : arguments.front();
-  if (argument == "--help") {
-    return Print{help(product)};
-  }
-  if (argument == "--version") {
-    return Print{product.program + " " + product.version};
-  }
-  return ShowWindow{};
+  // A parent process may ignore both: one that reads no further ends us, and how our children end has to be known.
+  (void)std::signal(SIGPIPE, SIG_DFL);
+  (void)std::signal(SIGCHLD, SIG_DFL);
+  Screen screen(Screen::Colors::never);
+  const bool areOptions = *arguments.front() == '-' || *arguments.front() == '\0';
+  const Status status =
+      areOptions ? performOptions(product, arguments, screen) : performWords(product, arguments, screen);
+  return static_cast<int>(screen.show() ? status : Status::storeFailure);
 }
 
 }  // namespace tarnwell::commandline

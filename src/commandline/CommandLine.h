@@ -1,10 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
-#include <variant>
-
-#include "system/base/Result.h"
 
 namespace tarnwell::commandline {
 
@@ -15,18 +13,10 @@ struct Product {
   std::string summary = {};
 };
 
-/// There is no command: the window is wanted, with the same arguments.
-struct ShowWindow {};
-
-/// Something to print on standard output.
-struct Print {
-  std::string text = {};
-};
-
-/// What the user asked for with the program's arguments; a failure has a line on how to ask.
-using Request = std::variant<ShowWindow, Print, system::Failure>;
-
-/// Of the arguments without the program's name.
-Request parse(const Product& product, std::span<const char* const> arguments);
+/// Does what the arguments, without the program's name, ask for, prints what there is to print, and gives the status to
+/// exit with. Nothing where there is no command: the window is wanted, with the same arguments.
+///
+/// Command lines that it runs find the stand-ins of the program first. Once in a process that has one thread.
+std::optional<int> run(const Product& product, std::span<const char* const> arguments);
 
 }  // namespace tarnwell::commandline

@@ -5,14 +5,14 @@
 namespace tarnwell::installation {
 namespace {
 
-constexpr const char* helpers = "libexec";
+constexpr const char* builtHelpers = "libexec";
 
 }  // namespace
 
 system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
                                                      const std::string& name) {
-  const auto built = folder / helpers;
-  const auto installed = (folder / ".." / helpers / program).lexically_normal();
+  const auto built = folder / builtHelpers;
+  const auto installed = (folder / TARNWELL_LIBEXEC_FROM_BIN / program).lexically_normal();
   for (const auto& candidate : {built / name, installed / name}) {
     if (isProgram(candidate)) {
       return candidate;
@@ -24,7 +24,9 @@ system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path
 std::filesystem::path frontOf(const std::filesystem::path& executable, const std::string& program) {
   const auto folder = executable.parent_path();
   const auto above = folder.parent_path();
-  const auto front = folder.filename() == helpers ? above / program : above.parent_path() / "bin" / program;
+  const auto front = folder.filename() == builtHelpers
+                         ? above / program
+                         : (above / TARNWELL_BIN_FROM_LIBEXEC / program).lexically_normal();
   return isProgram(front) ? front : executable;
 }
 

@@ -8,7 +8,7 @@
 namespace tarnwell::installation {
 
 /// The helper program `name` of an executable that lies in `folder`: in libexec beside the executable, as in a build
-/// tree, else in ../libexec/PROGRAM, as installed.
+/// tree, else in the folder PROGRAM of the build's LIBEXECDIR, by its way from BINDIR, as installed.
 system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path& folder, const std::string& program,
                                                      const std::string& name);
 

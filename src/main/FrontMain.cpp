@@ -1,7 +1,6 @@
 // The program that users start: it does what they ask for, or goes on as the window's program.
 #include <cstdlib>
 #include <span>
-#include <variant>
 
 #include "commandline/CommandLine.h"
 #include "diagnostics/Console.h"
@@ -41,13 +40,9 @@ int main(int argc, char** argv) {
   const commandline::Product product = {
       .program = "tarnwell", .version = TARNWELL_VERSION, .summary = TARNWELL_SUMMARY};
   const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
-  const auto request = commandline::parse(product, words.subspan(words.empty() ? 0 : 1));
-  if (const auto* print = std::get_if<commandline::Print>(&request)) {
-    diagnostics::printLine(print->text);
-    return EXIT_SUCCESS;
-  }
-  if (const auto* failure = std::get_if<system::Failure>(&request)) {
-    return failed(failure->message, wrongUsage);
+  const auto status = commandline::run(product, words.subspan(words.empty() ? 0 : 1));
+  if (status) {
+    return *status;
   }
   return showWindow(product.program, argv);
 }

@@ -1,51 +1,95 @@
 #include "commandline/CommandLine.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <vector>
+#include "commandline/Front.h"
 
 namespace tarnwell::commandline {
 namespace {
 
-const Product product = {.program = "tarnwell", .version = "1.2.3", .summary = "Hidden settings of the Dock"};
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
 
-Request parse(const std::vector<const char*>& arguments) { return commandline::parse(product, arguments); }
+constexpr const char* usage = "usage: tarnwell [--help | --version | COMMAND ...]\n";
 
 TEST(CommandLine, withoutACommandTheWindowIsWanted) {
-  EXPECT_TRUE(std::holds_alternative<ShowWindow>(parse({})));
-  EXPECT_TRUE(std::holds_alternative<ShowWindow>(parse({"--launched-at-login"})));
+  const Product product = {.program = "tarnwell"};
+  const std::array<const char*, 1> atLogin = {"--launched-at-login"};
+  EXPECT_EQ(run(product, {}), std::nullopt);
+  EXPECT_EQ(run(product, atLogin), std::nullopt);
 }
 
-TEST(CommandLine, printsItsVersion) { EXPECT_EQ(std::get<Print>(parse({"--version"})).text, "tarnwell 1.2.3"); }
+TEST(CommandLine, printsItsVersion) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"--version"});
+  EXPECT_THAT(outcome.output, testing::MatchesRegex("tarnwell [0-9.]+\n"));
+  EXPECT_EQ(outcome.status, 0);
+}
 
 TEST(CommandLine, printsHelpThatNamesWhatAUserMayType) {
-  const std::string text = std::get<Print>(parse({"--help"})).text;
-  EXPECT_NE(text.find("--help"), std::string::npos);
-  EXPECT_NE(text.find("--version"), std::string::npos);
-  EXPECT_EQ(text.find("--launched-at-login"), std::string::npos);
-  EXPECT_TRUE(text.ends_with("and exit")) << "an empty line would follow";
+  const Front front(Front::Dock::isAbsent);
+  const std::string text = front.run({"--help"}).output;
+  for (const char* typed : {"--help", "--version", "set KEY=VALUE...", "completion SHELL"}) {
+    EXPECT_THAT(text, HasSubstr(typed));
+  }
+  EXPECT_THAT(text, testing::Not(HasSubstr("--launched-at-login")));
+  EXPECT_THAT(text, EndsWith("and exit\n"));
 }
 
 TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
-  const std::vector<std::vector<const char*>> rows = {{"-x"},
-                                                      {"--verbose"},
-                                                      {"file"},
-                                                      {"--launched-at-login=maybe"},
-                                                      {"--launched-at-login=no"},
-                                                      {"--LAUNCHED-AT-LOGIN"},
-                                                      {""},
-                                                      {"--help", "file"},
-                                                      {"--help", "--bogus"},
-                                                      {"file", "--version"},
-                                                      {"--version=3"},
-                                                      {"--help", "--version"},
-                                                      {"--"}};
-  for (const auto& arguments : rows) {
-    const Request request = parse(arguments);
-    ASSERT_TRUE(std::holds_alternative<system::Failure>(request)) << arguments.front();
-    EXPECT_NE(std::get<system::Failure>(request).message.find("\nusage: tarnwell [--help | --version]"),
-              std::string::npos);
+  const Front front(Front::Dock::isAbsent);
+  const std::vector<Words> rows = {{"-x"},
+                                   {"--verbose"},
+                                   {"file"},
+                                   {"--launched-at-login=maybe"},
+                                   {"--launched-at-login=no"},
+                                   {"--LAUNCHED-AT-LOGIN"},
+                                   {""},
+                                   {"--help", "file"},
+                                   {"--help", "--bogus"},
+                                   {"file", "--version"},
+                                   {"--version=3"},
+                                   {"--help", "--version"},
+                                   {"--"}};
+  for (const Words& words : rows) {
+    const Outcome outcome = front.run(words);
+    EXPECT_EQ(outcome.status, 2) << words.front();
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.errors, StartsWith("tarnwell: "));
+    EXPECT_THAT(outcome.errors, EndsWith(usage));
   }
+}
+
+TEST(CommandLine, suggestsACommandAndRunsNone) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"restrat"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.errors, std::string("tarnwell: \"restrat\" is not a command; did you mean restart?\n") + usage);
+}
+
+TEST(CommandLine, endsQuietlyWhenItsReaderDoes) {
+  const Front front(Front::Dock::isAbsent);
+  const std::string pipe = "'" + front.file("pipe") + "'";
+  const std::string closed = "mkfifo " + pipe + "; : <" + pipe + " & exec 3>" + pipe + "; wait; ";
+  const Outcome outcome = front.shell(closed + "\"$T\" explain >&3; echo \"$?\"");
+  EXPECT_EQ(outcome.output, "141\n");
+  EXPECT_EQ(outcome.errors, "");
+}
+
+TEST(CommandLine, saysSoWhenItsAnswerIsLost) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.shell("\"$T\" explain >/dev/full");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: cannot print: No space left on device\n");
+}
+
+TEST(CommandLine, systemsThatAreTooOldAreRefusedAsByTheWindow) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"list"}, {"MACOS_VERSION=13.2"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.errors, "tarnwell: MACOS_VERSION is \"13.2\": the oldest supported version is 14\n");
 }
 
 }  // namespace

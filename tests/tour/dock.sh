@@ -1,5 +1,5 @@
 # What the tour does with the stand-in Dock: looks from outside at what the saved settings do to it, and photographs its
-# effects. Sourced, not run. Expects $built, $folder, $tour and $dock_log, and what stage.sh gives.
+# effects. Sourced, not run. Expects $helpers, $folder, $tour and $dock_log, and what stage.sh gives.
 #
 # shellcheck shell=sh disable=SC2154
 
@@ -70,13 +70,13 @@ click_tile() {
 
 # with_setting KEY TYPE VALUE
 with_setting() {
-  "$built/libexec/defaults" write com.apple.dock "$@"
+  "$helpers/defaults" write com.apple.dock "$@"
   restart_dock
 }
 
 restart_dock() {
   docks=$(count_lines "$dock_log")
-  "$built/libexec/killall" Dock
+  "$helpers/killall" Dock
   wait_for 20 "the Dock to start again" has_lines "$dock_log" "$((docks + 1))"
 }
 
@@ -98,7 +98,7 @@ expect_unlike() { [ "$(difference_of "$1" "$2")" -gt "$3" ] || fail "$1 and $2 l
 
 expect_alike() { [ "$(difference_of "$1" "$2")" -lt "$3" ] || fail "$1 and $2 should look alike"; }
 
-expect_listed() { [ "$("$built/libexec/Dock" --list)" = "$1" ] || fail "the Dock does not list what was saved"; }
+expect_listed() { [ "$("$helpers/Dock" --list)" = "$1" ] || fail "the Dock does not list what was saved"; }
 
 # Pictures at each quarter of the way into the Dock and at half the way back, and then the same at the usual pace.
 photograph_effect() {

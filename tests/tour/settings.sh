@@ -1,12 +1,12 @@
 # The settings as the store has them, and what the program's two commands are to make of them. Sourced, not run. Expects
-# $built and $project.
+# $helpers, the folder of the stand-ins, and $project.
 #
 # shellcheck shell=sh disable=SC2034,SC2154
 
 saved_commands=$project/tests/fixtures/saved-commands
 reset_commands=$project/tests/fixtures/reset-commands
 
-setting() { "$built/libexec/defaults" read com.apple.dock "$1" 2>/dev/null || echo absent; }
+setting() { "$helpers/defaults" read com.apple.dock "$1" 2>/dev/null || echo absent; }
 
 setting_is() { [ "$(setting "$1")" = "$2" ]; }
 

@@ -2,8 +2,8 @@
 
 #include <system_error>
 
-#include "host/linux/BaseFolders.h"
 #include "host/linux/DesktopEntry.h"
+#include "installation/BaseFolders.h"
 #include "installation/FindProgram.h"
 #include "system/files/AtomicFile.h"
 #include "system/files/ReadFile.h"
@@ -96,7 +96,7 @@ std::optional<std::string> XdgLoginItem::registerItem() { return words(tryRegist
 std::optional<std::string> XdgLoginItem::unregisterItem() { return words(tryUnregister()); }
 
 system::Result<fs::path> XdgLoginItem::folder() {
-  const fs::path base = configurationFolder();
+  const fs::path base = installation::configurationFolder();
   if (base.empty()) {
     return system::Failure{"neither XDG_CONFIG_HOME nor HOME names a folder"};
   }

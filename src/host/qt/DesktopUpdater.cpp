@@ -1,8 +1,8 @@
 #include "host/qt/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
-#include "host/linux/BaseFolders.h"
 #include "host/linux/RunningAppImage.h"
+#include "installation/BaseFolders.h"
 #include "installation/Programs.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 /// Empty where there is none; a download then fails, and says so.
 fs::path packageFolder(const std::string& program) {
-  const fs::path base = host_linux::cacheFolder();
+  const fs::path base = installation::cacheFolder();
   if (base.empty()) {
     diagnostics::reportError("neither XDG_CACHE_HOME nor HOME names a folder for downloads");
     return {};
@@ -24,7 +24,7 @@ fs::path packageFolder(const std::string& program) {
 
 // A user without any folder is told so when something is to be kept: no other user's folder takes it.
 fs::path preferencesFile(const std::string& program) {
-  const fs::path base = host_linux::configurationFolder();
+  const fs::path base = installation::configurationFolder();
   return (base.empty() ? "/.config" : base) / program / "updates";
 }
 

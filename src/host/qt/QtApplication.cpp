@@ -2,12 +2,12 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
-#include <QtWidgets/QStyleFactory>
 #include <cstdlib>
 
 #include "diagnostics/Console.h"
 #include "host/linux/StartProgram.h"
 #include "host/qt/bus/SessionBus.h"
+#include "host/qt/look/ApplicationStyle.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -25,10 +25,9 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   }
 }
 
-// Our widgets paint themselves; this style follows our palette in what is left, on every desktop.
 int& prepared(int& argc) {
   qInstallMessageHandler(&endWithoutDisplay);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new ApplicationStyle);
   return argc;
 }
 

@@ -27,6 +27,9 @@
 namespace tarnwell::host_qt {
 namespace {
 
+// A window asks for each of its texts several times before it is shown. What is typed would fill a memory without end.
+constexpr std::size_t mostMeasured = 500;
+
 using Made = std::unique_ptr<kit::Peer>;
 
 /// A widget of natural size, but for what needs more.
@@ -77,15 +80,23 @@ std::unique_ptr<kit::Peer> QtHost::peer(kit::AnyControl control, kit::Peer& pare
 }
 
 kit::Measurement QtHost::measureText(std::string_view text, kit::FontRole font, std::optional<double> width) const {
+  Asked asked(text, font, width);
+  if (const auto found = measured_.find(asked); found != measured_.end()) {
+    return found->second;
+  }
+  if (measured_.size() == mostMeasured) {
+    measured_.clear();
+  }
   const WrappedText lines(text, theme_.font(font), width);
-  return {.size = {.width = lines.size().width(), .height = lines.size().height()},
-          .firstBaseline = lines.firstBaseline()};
+  return measured_[std::move(asked)] = {.size = {.width = lines.size().width(), .height = lines.size().height()},
+                                        .firstBaseline = lines.firstBaseline()};
 }
 
 double QtHost::capHeight(kit::FontRole font) const { return QFontMetricsF(theme_.font(font)).capHeight(); }
 
 void QtHost::fontChanged() {
   theme_.takeApplicationFont();
+  measured_.clear();
   for (QWidget* widget : QApplication::allWidgets()) {
     if (ControlLink* link = ControlLink::of(widget); link != nullptr && link->control() != nullptr) {
       link->fontsChanged();

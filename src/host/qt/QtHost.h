@@ -1,5 +1,10 @@
 #pragma once
 
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+
 #include "host/painted/PaintingHost.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/window/ApplicationEventFilter.h"
@@ -30,9 +35,13 @@ class QtHost final : public host_painted::PaintingHost {
   Theme& theme() { return theme_; }
 
  private:
+  /// A text, in a font, within a width.
+  using Asked = std::tuple<std::string, kit::FontRole, std::optional<double>>;
+
   void fontChanged();
 
   Theme theme_;
+  mutable std::map<Asked, kit::Measurement> measured_;
   KeyEquivalents keyEquivalents_;
   ApplicationEventFilter input_;
   ChromeMaker makeChrome_;

@@ -19,7 +19,8 @@ class Observers {
   [[nodiscard]] Subscription add(Handler handler) {
     const int number = next_++;
     handlers_->emplace(number, std::move(handler));
-    return Subscription([weak = std::weak_ptr(handlers_), number] {
+    const std::weak_ptr weak = handlers_;
+    return Subscription([weak, number] {
       if (const auto handlers = weak.lock()) {
         handlers->erase(number);
       }

@@ -5,7 +5,8 @@
 namespace tarnwell::profile {
 namespace {
 
-constexpr std::string_view restartEntry = R"(  home.activation.restartDock = lib.hm.dag.entryAfter [ "setDarwinDefaults" ] ''
+constexpr std::string_view restartEntry =
+    R"(  home.activation.restartDock = lib.hm.dag.entryAfter [ "setDarwinDefaults" ] ''
     run /usr/bin/killall Dock || true
   '';
 )";
@@ -22,7 +23,8 @@ system::Result<Export> homeManagerModule(const Profile& profile, const ExportOpt
   const std::vector<std::string> warnings = unsaidUnset("home-manager", profile);
   return Export{headComment("Settings of the Dock, as a module of home-manager.", profile) + "{ lib, ... }:\n{\n" +
                     nixAttributes("targets.darwin.defaults.\"com.apple.dock\"", valuesOf(profile)) +
-                    comments("  # ", warnings) + std::string(options.restartsDock ? restartEntry : restartInComment) + "}\n",
+                    comments("  # ", warnings) + std::string(options.restartsDock ? restartEntry : restartInComment) +
+                    "}\n",
                 warnings};
 }
 

@@ -6,6 +6,7 @@
 #include "host/macos/look/Conversions.h"
 #include "kit/controls/RichText.h"
 
+using tarnwell::host_macos::reportAfterCommit;
 namespace kit = tarnwell::kit;
 
 /// Hears which link was clicked; cut when the control goes.
@@ -31,7 +32,9 @@ namespace kit = tarnwell::kit;
   (void)view;
   (void)index;
   if (text_ != nullptr) {
-    text_->follow([link intValue]);
+    kit::RichText* text = text_;
+    const int number = [link intValue];
+    reportAfterCommit(*text, [text, number] { text->follow(number); });
   }
   // Whatever it was, the platform opens nothing.
   return YES;

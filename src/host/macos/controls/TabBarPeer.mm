@@ -110,10 +110,11 @@ class TabBarPeer final : public kit::Peer {
   std::optional<kit::Measurement> measure(kit::Proposal /*proposal*/) const override { return kit::Measurement{}; }
 
  private:
-  // A toolbar asks for its items once.
+  // A toolbar asks for its items once, and has those of another one of its identifier.
   void showTabs() {
     [toolbar_.get() setDelegate:nil];
-    toolbar_ = Retained<NSToolbar*>::adopt([[NSToolbar alloc] initWithIdentifier:@"tabs"]);
+    NSString* identifier = [[NSProcessInfo processInfo] globallyUniqueString];
+    toolbar_ = Retained<NSToolbar*>::adopt([[NSToolbar alloc] initWithIdentifier:identifier]);
     [toolbar_.get() setAllowsUserCustomization:NO];
     [toolbar_.get() setDisplayMode:NSToolbarDisplayModeIconAndLabel];
     [toolbar_.get() setDelegate:delegate_.get()];

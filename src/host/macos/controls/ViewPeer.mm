@@ -6,6 +6,7 @@
 
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/TextLook.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_macos {
 namespace {
@@ -89,9 +90,19 @@ kit::Control* ViewPeer::controlOf(NSView* view) {
 }
 
 void ViewPeer::connect(std::function<void()> report) {
-  action_.emplace(std::move(report));
+  action_.emplace([this, report] { reportAfterCommit(control_, report); });
   [asControl(view_.get()) setTarget:action_->target()];
   [asControl(view_.get()) setAction:ActionTarget::action()];
+}
+
+void reportAfterCommit(kit::Control& control, const std::function<void()>& report) {
+  const auto handle = control.handle();
+  if (control.window() != nullptr) {
+    control.window()->endEditing(&control);
+  }
+  if (*handle != nullptr) {
+    report();
+  }
 }
 
 }  // namespace tarnwell::host_macos

@@ -98,9 +98,7 @@ bool MenuMirror::canChoose(NSInteger index) const {
 }
 
 void MenuMirror::rebuild() {
-  for (NSMenuItem* entry in [menu_.get() itemArray]) {
-    [entry setSubmenu:nil];
-  }
+  [[menu_.get() itemArray] makeObjectsPerformSelector:@selector(setSubmenu:) withObject:nil];
   [menu_.get() removeAllItems];
   Mirrors before = std::exchange(submenus_, {});
   NSInteger index = 0;

@@ -72,6 +72,10 @@ kit::KeyEvent keyOf(NSEvent* event) {
   if (pressed == nullptr || pressed != controlOf([self firstResponder])) {
     [self makeFirstResponder:nil];
   }
+  // A screen reader types without giving the field the keyboard.
+  if (window_ != nullptr) {
+    window_->endEditing(pressed);
+  }
 }
 - (void)sendEvent:(NSEvent*)event {
   if ([event type] == NSEventTypeLeftMouseDown) {

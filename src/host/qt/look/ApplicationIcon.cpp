@@ -1,9 +1,9 @@
 #include "host/qt/look/ApplicationIcon.h"
 
-#include <QtGui/QPainter>
-#include <QtSvg/QSvgRenderer>
 #include <array>
 #include <cmath>
+
+#include "host/qt/look/Picture.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -21,13 +21,8 @@ QIcon applicationIcon() {
 }
 
 QPixmap applicationPicture(int points, double scale) {
-  const int side = static_cast<int>(std::lround(points * scale));
-  QPixmap picture(side, side);
-  picture.fill(Qt::transparent);
-  QSvgRenderer renderer(QStringLiteral(":/icons/application.svg"));
-  QPainter painter(&picture);
-  renderer.render(&painter, QRectF(0, 0, side, side));
-  painter.end();
+  QPixmap picture =
+      pictureOf(QStringLiteral(":/icons/tarnwell.picture"), static_cast<int>(std::lround(points * scale)));
   picture.setDevicePixelRatio(scale);
   return picture;
 }

@@ -2,24 +2,21 @@
 
 #include <QtCore/QFile>
 #include <QtGui/QPainter>
-#include <QtSvg/QSvgRenderer>
 #include <cmath>
 
 #include "diagnostics/Console.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
+#include "host/qt/look/Picture.h"
 
 namespace tarnwell::host_qt {
 namespace {
 
-QString pathOf(const std::string& name) { return ":/symbols/" + toQString(name) + ".svg"; }
+QString pathOf(const std::string& name) { return ":/symbols/" + toQString(name) + ".picture"; }
 
 QPixmap rendered(const QString& path, int devicePixels, const QColor& color) {
-  QPixmap pixmap(devicePixels, devicePixels);
-  pixmap.fill(Qt::transparent);
-  QSvgRenderer renderer(path);
+  QPixmap pixmap = pictureOf(path, devicePixels);
   QPainter painter(&pixmap);
-  renderer.render(&painter);
   painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
   painter.fillRect(pixmap.rect(), color);
   return pixmap;

@@ -2,7 +2,8 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
-#include <QtSvg/QSvgRenderer>
+#include <QtGui/QPainter>
+#include <QtGui/QPicture>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -151,8 +152,12 @@ const QPixmap& ShelfPainter::icon(const std::string& name, double points, double
   if (pixmap.isNull()) {
     pixmap = QPixmap(pixels, pixels);
     pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    QSvgRenderer(QStringLiteral(":/dock/%1.svg").arg(QString::fromStdString(name))).render(&painter);
+    QPicture drawing;
+    if (drawing.load(QStringLiteral(":/dock/%1.picture").arg(QString::fromStdString(name)))) {
+      QPainter painter(&pixmap);
+      painter.scale(pixels, pixels);
+      painter.drawPicture(0, 0, drawing);
+    }
   }
   pixmap.setDevicePixelRatio(ratio);
   return pixmap;

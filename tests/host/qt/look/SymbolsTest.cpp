@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <string>
@@ -34,7 +35,7 @@ int inkedPixels(const QImage& image) {
 std::vector<std::string> names() {
   std::vector<std::string> names;
   for (const QString& file : QDir(":/symbols").entryList()) {
-    names.push_back(file.chopped(4).toStdString());  // ".svg"
+    names.push_back(QFileInfo(file).completeBaseName().toStdString());
   }
   return names;
 }

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 
 /// Where the user keeps settings: XDG_CONFIG_HOME or, where that is unset or not absolute, ~/.config. Empty without
 /// both. (freedesktop.org: XDG base directories)
@@ -11,4 +11,7 @@ std::filesystem::path configurationFolder();
 /// Where the user keeps what can be fetched again: XDG_CACHE_HOME, else ~/.cache. Empty without both.
 std::filesystem::path cacheFolder();
 
-}  // namespace tarnwell::host_linux
+/// Where programs keep what they remember of their use: XDG_STATE_HOME, else ~/.local/state. Empty without both.
+std::filesystem::path stateFolder();
+
+}  // namespace tarnwell::installation

@@ -1,8 +1,8 @@
-#include "host/linux/BaseFolders.h"
+#include "installation/BaseFolders.h"
 
 #include <cstdlib>
 
-namespace tarnwell::host_linux {
+namespace tarnwell::installation {
 namespace {
 
 namespace fs = std::filesystem;
@@ -25,4 +25,6 @@ fs::path configurationFolder() { return baseFolder("XDG_CONFIG_HOME", ".config")
 
 fs::path cacheFolder() { return baseFolder("XDG_CACHE_HOME", ".cache"); }
 
-}  // namespace tarnwell::host_linux
+fs::path stateFolder() { return baseFolder("XDG_STATE_HOME", ".local/state"); }
+
+}  // namespace tarnwell::installation

@@ -1,0 +1,77 @@
+#include "commandline/commands/Exporting.h"
+
+#include <algorithm>
+
+#include "commandline/commands/Description.h"
+#include "commandline/commands/ProfileFile.h"
+#include "commandline/dock/DockStore.h"
+#include "profile/exports/Targets.h"
+#include "system/files/AtomicFile.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+using ReadProfile = std::variant<profile::Profile, Status>;
+
+ReadProfile profileOfDock(const Session& session, const Arguments& arguments) {
+  const auto preferences = DockStore(session.shell).read();
+  if (!preferences) {
+    return session.fail(Status::storeFailure, preferences.error().message);
+  }
+  const auto missing = arguments.has(OptionName::exact) ? profile::Missing::unset : profile::Missing::leftAlone;
+  auto [profile, leftOut] = profile::profileOf(preferences->values, missing);
+  for (const std::size_t setting : leftOut) {
+    session.screen.say(std::string(profile::settings.at(setting).key) + " is " +
+                       shortText(setting, preferences->values.at(setting)) + "; left out");
+  }
+  for (std::size_t setting = 0; setting < profile::settings.size(); ++setting) {
+    if (!session.knows(setting)) {
+      profile.wishes.at(setting).reset();
+    }
+  }
+  return profile;
+}
+
+ReadProfile profileOfFile(const Session& session, const Arguments& arguments) {
+  if (arguments.has(OptionName::exact)) {
+    return session.fail(Status::refused, "--exact is for what the Dock has, not for a profile.");
+  }
+  const auto read = readProfileFile(arguments.operands.front());
+  return read ? ReadProfile(*read) : session.fail(Status::refused, read.error().message);
+}
+
+Status write(const Session& session, const Arguments& arguments, const profile::Export& written) {
+  const auto file = arguments.value(OptionName::output);
+  if (!file || *file == "-") {
+    session.screen.add(written.text);
+    return Status::done;
+  }
+  const auto replaced = system::replaceFile(*file, written.text);
+  return replaced ? Status::done : session.fail(Status::storeFailure, replaced.error().message);
+}
+
+Status write(const Session& session, const Arguments& arguments, const profile::Profile& profile) {
+  const auto name = arguments.value(OptionName::to).value_or("toml");
+  // The name is one of theirs: others were refused when they were read.
+  const auto target = std::ranges::find(profile::targets, name, &profile::Target::name);
+  const auto written = target->write(profile, {.identifier = arguments.value(OptionName::identifier).value_or(""),
+                                               .restartsDock = arguments.has(OptionName::restart)});
+  if (!written) {
+    return session.fail(Status::refused, written.error().message);
+  }
+  for (const std::string& warning : written->warnings) {
+    session.screen.say(warning);
+  }
+  const bool isRefused = arguments.has(OptionName::strict) && !written->warnings.empty();
+  return isRefused ? Status::refused : write(session, arguments, *written);
+}
+
+}  // namespace
+
+Status exportProfile(const Session& session, const Arguments& arguments) {
+  const auto read = arguments.operands.empty() ? profileOfDock(session, arguments) : profileOfFile(session, arguments);
+  const auto* refusal = std::get_if<Status>(&read);
+  return refusal != nullptr ? *refusal : write(session, arguments, std::get<profile::Profile>(read));
+}
+
+}  // namespace tarnwell::commandline

@@ -1,0 +1,67 @@
+#include "commandline/dock/DockStore.h"
+
+#include "commandline/dock/PropertyList.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+// The shell knows the user's name, whatever the environment says.
+constexpr const char* managedDomain = R"("/Library/Managed Preferences/$USERNAME/com.apple.dock")";
+
+std::string typeFlag(const profile::Wish& wish) {
+  struct Flag {
+    std::string operator()(profile::Unset) const { return {}; }
+    std::string operator()(float) const { return "-float "; }
+    std::string operator()(bool) const { return "-bool "; }
+    std::string operator()(core::MinEffect) const { return "-string "; }
+  };
+  return std::visit(Flag(), wish);
+}
+
+std::string lineFor(const profile::Change& change) {
+  const std::string key(profile::settings.at(change.setting).key);
+  const std::string place = std::string(DockStore::domain) + " " + key;
+  if (std::holds_alternative<profile::Unset>(change.to)) {
+    return "defaults delete " + place;
+  }
+  return "defaults write " + place + " " + typeFlag(change.to) + profile::text(change.to);
+}
+
+system::Result<DockPreferences> preferencesOf(Shell& shell, const std::string& domain) {
+  const auto output = outputOf(shell, "defaults export " + domain + " -");
+  if (!output) {
+    return output.error();
+  }
+  // A start-up file of the shell may have printed before.
+  const auto beginning = output->find("<?xml");
+  const std::string list = beginning == std::string::npos ? "" : output->substr(beginning);
+  const auto values = storedValuesIn(list);
+  return values ? system::Result<DockPreferences>(DockPreferences{.values = *values, .list = list}) : values.error();
+}
+
+}  // namespace
+
+system::Result<DockPreferences> DockStore::read() const {
+  auto preferences = preferencesOf(shell_, domain);
+  return preferences ? preferences : system::Failure{"The settings cannot be read: " + preferences.error().message};
+}
+
+core::StoredValues DockStore::readForced() const {
+  const auto forced = preferencesOf(shell_, managedDomain);
+  return forced ? forced->values : core::StoredValues();
+}
+
+system::Result<void> DockStore::write(const std::vector<profile::Change>& changes) const {
+  const auto output = outputOf(shell_, lineFor(changes));
+  return output ? system::Result<void>() : system::Failure{"The settings cannot be written: " + output.error().message};
+}
+
+std::string DockStore::lineFor(const std::vector<profile::Change>& changes) {
+  std::string line;
+  for (const profile::Change& change : changes) {
+    line += (line.empty() ? "" : " && ") + commandline::lineFor(change);
+  }
+  return line;
+}
+
+}  // namespace tarnwell::commandline

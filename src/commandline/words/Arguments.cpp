@@ -1,0 +1,172 @@
+#include "commandline/words/Arguments.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "commandline/words/Usage.h"
+#include "profile/values/Suggestion.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+using system::Failure;
+using system::Result;
+
+std::string inQuotes(std::string_view word) { return '"' + std::string(word) + '"'; }
+
+template <class Rows, class Name>
+std::vector<std::string_view> namesOf(const Rows& rows, const Name& name) {
+  std::vector<std::string_view> names;
+  std::ranges::transform(rows, std::back_inserter(names), name);
+  return names;
+}
+
+std::string suggestion(std::string_view word, std::span<const std::string_view> candidates, std::string_view before) {
+  const auto meant = profile::closest(word, candidates);
+  return meant.empty() ? "." : "; did you mean " + std::string(before).append(meant) + "?";
+}
+
+const Option* optionNamed(std::string_view name) {
+  const auto* const found = std::ranges::find(options, name, &Option::longName);
+  return found == options.end() ? nullptr : found;
+}
+
+const Option* optionWith(char letter) {
+  const auto* const found = std::ranges::find(options, letter, &Option::letter);
+  return letter == ' ' || found == options.end() ? nullptr : found;
+}
+
+class Parser {
+ public:
+  Parser(const std::string& program, std::span<const char* const> words) : program_(program), words_(words) {}
+
+  Result<Arguments> parse() {
+    const std::string_view word = words_.front();
+    const auto all = commands();
+    const auto found = std::ranges::find(all, word, &Command::word);
+    if (found == all.end()) {
+      const auto names = namesOf(all, &Command::word);
+      return Failure{inQuotes(word) + " is not a command" + suggestion(word, names, "") + "\n" + usageLine(program_)};
+    }
+    result_.command = &*found;
+    for (next_ = 1; next_ < words_.size() && !failure_; ++next_) {
+      take(words_[next_]);
+    }
+    if (!failure_ && !result_.has(OptionName::help)) {
+      checkCount();
+    }
+    return failure_ ? Result<Arguments>(*failure_) : Result<Arguments>(std::move(result_));
+  }
+
+ private:
+  void take(std::string_view word) {
+    if (areOptionsOver_ || word.size() < 2 || word.front() != '-') {
+      result_.operands.emplace_back(word);
+    } else if (word == "--") {
+      areOptionsOver_ = true;
+    } else if (word.starts_with("--")) {
+      takeLong(word.substr(2));
+    } else {
+      takeLetters(word.substr(1));
+    }
+  }
+
+  void takeLong(std::string_view word) {
+    const auto equals = word.find('=');
+    const auto name = word.substr(0, equals);
+    const Option* option = optionNamed(name);
+    if (option == nullptr || !takes(*result_.command, option->name)) {
+      return refuseOption("--" + std::string(name), name);
+    }
+    if (equals == std::string_view::npos) {
+      return takeOption(*option);
+    }
+    if (!option->takesValue()) {
+      return refuse("--" + std::string(name) + " takes no value.");
+    }
+    store(*option, std::string(word.substr(equals + 1)));
+  }
+
+  void takeLetters(std::string_view letters) {
+    for (const char letter : letters) {
+      const Option* option = optionWith(letter);
+      if (option == nullptr || !takes(*result_.command, option->name)) {
+        return refuseOption(std::string("-") + letter, "");
+      }
+      takeOption(*option);
+    }
+  }
+
+  void takeOption(const Option& option) {
+    if (!option.takesValue()) {
+      return store(option, "");
+    }
+    if (++next_ >= words_.size()) {
+      return refuse("--" + std::string(option.longName) + " is followed by " + std::string(placeholder(option.value)) +
+                    ".");
+    }
+    store(option, words_[next_]);
+  }
+
+  void store(const Option& option, const std::string& value) {
+    const auto allowed = choices(option.value);
+    if (!allowed.empty() && std::ranges::find(allowed, value) == allowed.end()) {
+      return refuse(inQuotes(value) + " is no " + std::string(placeholder(option.value)) + " of --" +
+                    std::string(option.longName) + suggestion(value, allowed, ""));
+    }
+    result_.options[option.name] = value;
+  }
+
+  void checkCount() {
+    const Command& command = *result_.command;
+    if (result_.operands.size() < command.fewest) {
+      refuse("There is a word missing behind " + std::string(command.word) + ".");
+    } else if (result_.operands.size() > command.most) {
+      refuse(inQuotes(result_.operands.at(command.most)) + " is one word too many.");
+    } else if (const auto allowed = choices(command.operand); !allowed.empty()) {
+      checkChoice(allowed);
+    }
+  }
+
+  void checkChoice(std::span<const std::string_view> allowed) {
+    for (const std::string& operand : result_.operands) {
+      if (std::ranges::find(allowed, operand) == allowed.end()) {
+        refuse(inQuotes(operand) + " is not known to " + std::string(result_.command->word) +
+               suggestion(operand, allowed, ""));
+      }
+    }
+  }
+
+  void refuseOption(const std::string& typed, std::string_view name) {
+    std::vector<std::string_view> known;
+    for (const Option& option : options) {
+      if (takes(*result_.command, option.name)) {
+        known.push_back(option.longName);
+      }
+    }
+    refuse(inQuotes(typed) + " is not an option of " + std::string(result_.command->word) +
+           suggestion(name, known, "--"));
+  }
+
+  void refuse(const std::string& reason) { failure_ = Failure{reason + "\n" + usageLine(program_, *result_.command)}; }
+
+  const std::string& program_;
+  std::span<const char* const> words_;
+  std::size_t next_ = 0;
+  bool areOptionsOver_ = false;
+  Arguments result_;
+  std::optional<Failure> failure_;
+};
+
+}  // namespace
+
+std::optional<std::string> Arguments::value(OptionName option) const {
+  const auto found = options.find(option);
+  return found == options.end() ? std::nullopt : std::optional(found->second);
+}
+
+Result<Arguments> parseArguments(const std::string& program, std::span<const char* const> words) {
+  return Parser(program, words).parse();
+}
+
+}  // namespace tarnwell::commandline

@@ -1,0 +1,93 @@
+// What goes wrong below the command line.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "commandline/Front.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(Failure, aStoreThatCannotBeReadIsLeftAsItIs) {
+  const Front front;
+  front.system().store("nonsense");
+  for (const Words& words : {Words{"list"}, Words{"get", "mineffect"}, Words{"set", "mineffect=suck"},
+                             Words{"reset", "--all"}, Words{"export"}}) {
+    const Outcome outcome = front.run(words);
+    EXPECT_EQ(outcome.status, 3) << words.front();
+    EXPECT_THAT(outcome.errors,
+                StartsWith("tarnwell: The settings cannot be read: Could not read domain com.apple.dock"));
+    EXPECT_EQ(outcome.output, "");
+  }
+  EXPECT_EQ(standin::fileContent(front.system().dockStore()), "nonsense");
+  EXPECT_EQ(front.starts(), 1);
+}
+
+TEST(Failure, aWriteThatFailsSaysWhatDidGetThrough) {
+  Front front;
+  front.replaceTool("defaults", R"(case "$*" in
+  *write*showhidden*)
+    echo "2026-11-22 10:55:48.932 defaults[1:2] no room" >&2
+    exit 1
+    ;;
+esac
+exec "$REAL" "$@")");
+  const Outcome outcome = front.run({"set", "mineffect=suck", "showhidden=on", "static-only=off"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be written: no room; written so far: mineffect\n");
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(front.stored("static-only"), "");
+  EXPECT_EQ(front.starts(), 2) << "the Dock goes by what is written";
+  EXPECT_EQ(front.run({"undo"}).output, "mineffect: suck -> not set\n");
+}
+
+TEST(Failure, aWriteThatWritesNothingRestartsNothing) {
+  Front front;
+  front.run({"set", "mineffect=scale"});
+  front.replaceTool("defaults", "[ \"$1\" != write ] || exit 7\nexec \"$REAL\" \"$@\"");
+  const Outcome outcome = front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be written: ended with status 7\n");
+  EXPECT_EQ(front.starts(), 2);
+  front.replaceTool("defaults", "exec \"$REAL\" \"$@\"");
+  EXPECT_EQ(front.run({"undo"}).output, "mineffect: scale -> not set\n") << "what was remembered before still is";
+}
+
+TEST(Failure, aToolThatHangsIsEnded) {
+  Front front(Front::Dock::isAbsent);
+  front.replaceTool("defaults", "sleep 600");
+  const auto begin = std::chrono::steady_clock::now();
+  const Outcome outcome = front.run({"list"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be read: no answer within 10 seconds\n");
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+}
+
+TEST(Failure, aDockThatDoesNotComeBackIsReported) {
+  Front front(Front::Dock::isAbsent);
+  // One that can be ended once.
+  front.replaceTool("killall", "[ \"$1\" = -s ] || exit 0\n[ -e \"$MACOS_ROOT/ended\" ] || echo kill -TERM 123");
+  const Outcome outcome = front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.errors,
+            "tarnwell: The Dock has not come back. Log in again, or run: launchctl kickstart "
+            "gui/$UID/com.apple.Dock.agent\n");
+  EXPECT_EQ(outcome.output, "mineffect: not set -> suck\n");
+  EXPECT_EQ(front.stored("mineffect"), "string suck");
+}
+
+TEST(Failure, withoutTheStandInsNothingIsRead) {
+  Front front(Front::Dock::isAbsent);
+  front.replaceTool("defaults", "");
+  std::filesystem::remove_all(front.file("own/libexec"));
+  const Outcome outcome = front.run({"list"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors, HasSubstr("no program defaults in "));
+}
+
+}  // namespace
+}  // namespace tarnwell::commandline

@@ -1,0 +1,164 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "commandline/Front.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+constexpr const char* noValues =
+    "autohide-delay           not set\n"
+    "autohide-time-modifier   not set\n"
+    "scroll-to-open           not set\n"
+    "mineffect                not set\n"
+    "showhidden               not set\n"
+    "static-only              not set\n"
+    "single-app               not set\n";
+
+/// A setting of `list --json`.
+json settingIn(const Front& front, const std::string& key, const Words& environment = {}) {
+  const json answer = json::parse(front.run({"list", "--json"}, environment).output);
+  for (const json& setting : answer["settings"]) {
+    if (setting["key"] == key) {
+      return setting;
+    }
+  }
+  return nullptr;
+}
+
+TEST(Listing, showsEverySettingWithItsValue) {
+  const Front front(Front::Dock::isAbsent);
+  EXPECT_EQ(front.run({"list"}).output, noValues);
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "0.15"});
+  front.defaults({"write", "com.apple.dock", "mineffect", "suck"});
+  front.defaults({"write", "com.apple.dock", "showhidden", "-bool", "true"});
+  const Outcome outcome = front.run({"list"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.output,
+            "autohide-delay           0.15\n"
+            "autohide-time-modifier   not set\n"
+            "scroll-to-open           not set\n"
+            "mineffect                suck\n"
+            "showhidden               true\n"
+            "static-only              not set\n"
+            "single-app               not set\n");
+}
+
+TEST(Listing, namesOtherTypesAndChangesNothing) {
+  const Front front;
+  front.defaults({"write", "com.apple.dock", "scroll-to-open", "-int", "1"});
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-array", "a"});
+  front.defaults({"write", "com.apple.dock", "autohide-time-modifier", "yes"});
+  const std::string before = standin::fileContent(front.system().dockStore());
+  const std::string text = front.run({"list"}).output;
+  EXPECT_THAT(text, HasSubstr("scroll-to-open           true   stored as integer\n"));
+  EXPECT_THAT(text, HasSubstr("autohide-delay           wrong-type   stored as array\n"));
+  EXPECT_THAT(text, HasSubstr("autohide-time-modifier   wrong-type   stored as string\n"));
+  EXPECT_EQ(standin::fileContent(front.system().dockStore()), before);
+  EXPECT_EQ(front.starts(), 1);
+}
+
+TEST(Listing, namesWhatAConfigurationProfileForces) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "0.1"});
+  front.shell("\"$D\" write \"/Library/Managed Preferences/$(id -un)/com.apple.dock\" autohide-delay -float 0.5");
+  EXPECT_THAT(front.run({"list"}).output,
+              HasSubstr("autohide-delay           0.5 (forced by a configuration profile)\n"));
+  const json setting = settingIn(front, "autohide-delay");
+  EXPECT_EQ(setting["state"], "forced");
+  EXPECT_EQ(setting["value"], 0.5);
+}
+
+TEST(Listing, systemsFrom15OnHaveNoSingleAppMode) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "single-app", "-bool", "true"});
+  EXPECT_THAT(front.run({"list"}, {"MACOS_VERSION=15"}).output,
+              HasSubstr("single-app               not on this system\n"));
+  EXPECT_EQ(settingIn(front, "single-app", {"MACOS_VERSION=15.1"}),
+            json({{"key", "single-app"}, {"type", "boolean"}, {"state", "unsupported"}}));
+  EXPECT_EQ(front.run({"get", "single-app"}, {"MACOS_VERSION=15"}).errors,
+            "tarnwell: single-app has no effect from macOS 15 on.\n");
+}
+
+TEST(Listing, jsonHasStatesValuesAndTypes) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "0.15"});
+  front.defaults({"write", "com.apple.dock", "scroll-to-open", "-int", "1"});
+  front.defaults({"write", "com.apple.dock", "mineffect", "-array"});
+  const Outcome outcome = front.run({"list", "--json"}, {"MACOS_VERSION=14.5"});
+  EXPECT_THAT(outcome.output, testing::StartsWith(R"({"format":1,"system":"14.5.0","settings":[{"key":)"
+                                                  R"("autohide-delay","type":"float","state":"set","value":0.15,)"
+                                                  R"("stored":"float"},)"));
+  const json list = json::parse(outcome.output);
+  EXPECT_EQ(list["settings"].size(), 7U);
+  EXPECT_EQ(settingIn(front, "showhidden"), json({{"key", "showhidden"}, {"type", "boolean"}, {"state", "unset"}}));
+  EXPECT_EQ(
+      settingIn(front, "scroll-to-open"),
+      json({{"key", "scroll-to-open"}, {"type", "boolean"}, {"state", "set"}, {"value", true}, {"stored", "integer"}}));
+  EXPECT_EQ(settingIn(front, "mineffect"),
+            json({{"key", "mineffect"}, {"type", "string"}, {"state", "wrong-type"}, {"stored", "array"}}));
+}
+
+TEST(Listing, coloursAreForTerminalsUnlessAskedFor) {
+  const Front front(Front::Dock::isAbsent);
+  EXPECT_EQ(front.run({"list"}).output, noValues);
+  EXPECT_EQ(front.run({"list", "--color=never"}).output, noValues);
+  EXPECT_THAT(front.run({"list", "--color", "always"}).output, HasSubstr("\x1B[2mnot set\x1B[0m\n"));
+  EXPECT_THAT(front.run({"list", "--json", "--color=always"}).output, testing::Not(HasSubstr("\x1B")));
+}
+
+TEST(Listing, terminalsHaveColoursUnlessTheUserObjects) {
+  const Front front(Front::Dock::isAbsent);
+  const auto onTerminal = [&](const std::string& variables) {
+    return front.shell("script -qec \"env " + variables + " '$T' list\" /dev/null </dev/null").output;
+  };
+  EXPECT_THAT(onTerminal("TERM=xterm"), HasSubstr("\x1B[2mnot set"));
+  EXPECT_THAT(onTerminal("TERM=xterm NO_COLOR=1"), testing::Not(HasSubstr("\x1B[2m")));
+  EXPECT_THAT(onTerminal("TERM=dumb"), testing::Not(HasSubstr("\x1B[2m")));
+}
+
+TEST(Listing, getPrintsAValue) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "2"});
+  front.defaults({"write", "com.apple.dock", "showhidden", "-int", "1"});
+  EXPECT_EQ(front.run({"get", "autohide-delay"}).output, "2.0\n");
+  EXPECT_EQ(front.run({"get", "showhidden"}).output, "true\n");
+}
+
+TEST(Listing, getOfNoValueIsANo) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome none = front.run({"get", "showhidden"});
+  EXPECT_EQ(none.status, 1);
+  EXPECT_EQ(none.output, "");
+  EXPECT_EQ(none.errors, "tarnwell: showhidden is not set; the Dock decides\n");
+  const Outcome instead = front.run({"get", "showhidden", "--default", "perhaps"});
+  EXPECT_EQ(instead.status, 0);
+  EXPECT_EQ(instead.output, "perhaps\n");
+  EXPECT_EQ(instead.errors, "");
+}
+
+TEST(Listing, anUnknownKeyIsRefusedWithASuggestion) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"get", "autohide-dely"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.errors,
+            "tarnwell: \"autohide-dely\" is not a setting that Tarnwell knows; did you mean autohide-delay?\n");
+}
+
+TEST(Listing, aStartUpFileThatPrintsIsPassedOver) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "mineffect", "suck"});
+  front.system().folder().write(".zshenv", "echo '<hello>'; echo complaint >&2\n");
+  const Outcome outcome = front.run({"get", "mineffect"});
+  EXPECT_EQ(outcome.output, "suck\n");
+  EXPECT_EQ(outcome.errors, "");
+}
+
+}  // namespace
+}  // namespace tarnwell::commandline

@@ -1,0 +1,303 @@
+#import <AppKit/AppKit.h>
+
+#include <map>
+#include <string>
+
+const NSFontTextStyle NSFontTextStyleBody = @"body";
+const NSFontTextStyle NSFontTextStyleSubheadline = @"subheadline";
+const NSFontTextStyle NSFontTextStyleCaption1 = @"caption";
+const NSFontTextStyle NSFontTextStyleHeadline = @"headline";
+const NSFontTextStyle NSFontTextStyleTitle2 = @"title";
+
+namespace {
+
+constexpr CGFloat noSize = -1;
+constexpr NSSize switchSize = {38, 22};
+constexpr CGFloat sliderHeight = 22;
+constexpr CGFloat progressHeight = 20;
+
+struct Accessible {
+  std::string label = {};
+  std::string help = {};
+  bool isElement = true;
+};
+
+// By address, where another view may have been: the label is what the host says first of each.
+Accessible& accessible(NSView* view) {
+  static std::map<NSView*, Accessible> all;
+  return all[view];
+}
+
+std::string textOf(NSString* text) { return text != nil ? [text UTF8String] : ""; }
+
+NSString* orNil(const std::string& text) { return text.empty() ? nil : [NSString stringWithUTF8String:text.c_str()]; }
+
+CGFloat sizeOf(NSFontTextStyle style) {
+  if ([style isEqualToString:NSFontTextStyleTitle2]) {
+    return 17;
+  }
+  if ([style isEqualToString:NSFontTextStyleCaption1]) {
+    return 10;
+  }
+  return [style isEqualToString:NSFontTextStyleSubheadline] ? 11 : 13;
+}
+
+}  // namespace
+
+/// GNUstep draws a text in lines and yet measures one.
+@interface TWWrappingCell : NSTextFieldCell
+@end
+@implementation TWWrappingCell
+- (NSSize)cellSizeForBounds:(NSRect)bounds {
+  return [[self attributedStringValue] boundingRectWithSize:bounds.size options:NSStringDrawingUsesLineFragmentOrigin]
+      .size;
+}
+@end
+
+@implementation NSAppleEventDescriptor (Tarnwell)
+- (unsigned)eventID {
+  return 0;
+}
+- (unsigned)enumCodeValue {
+  return 0;
+}
+- (NSAppleEventDescriptor*)paramDescriptorForKeyword:(unsigned)keyword {
+  (void)keyword;
+  return nil;
+}
+@end
+
+@implementation NSAppleEventManager (Tarnwell)
++ (NSAppleEventManager*)sharedAppleEventManager {
+  return nil;
+}
+- (NSAppleEventDescriptor*)currentAppleEvent {
+  return nil;
+}
+@end
+
+// It puts nothing into menus: GNUstep does not expect that their entries are made anew.
+@implementation NSApplication (Tarnwell)
+- (void)setHelpMenu:(NSMenu*)menu {
+  (void)menu;
+}
+- (void)setServicesMenu:(NSMenu*)menu {
+  (void)menu;
+}
+- (void)setWindowsMenu:(NSMenu*)menu {
+  (void)menu;
+}
+@end
+
+@implementation NSButton (Tarnwell)
+- (void)setHasDestructiveAction:(BOOL)destroys {
+  (void)destroys;
+}
+@end
+
+@implementation NSColor (Tarnwell)
++ (NSColor*)labelColor {
+  return [NSColor controlTextColor];
+}
++ (NSColor*)quaternarySystemFillColor {
+  return [NSColor colorWithCalibratedWhite:0 alpha:0.05];
+}
++ (NSColor*)secondaryLabelColor {
+  return [NSColor darkGrayColor];
+}
++ (NSColor*)separatorColor {
+  return [NSColor grayColor];
+}
+@end
+
+@implementation NSControl (Tarnwell)
+- (NSSize)intrinsicContentSize {
+  return [[self cell] cellSize];
+}
+@end
+
+// What runs the tests tells no more of an exception of the platform's than that there was one.
+@implementation NSException (Tarnwell)
+- (void)raise {
+  NSLog(@"%@", self);
+  @throw self;
+}
+@end
+
+@implementation NSFont (Tarnwell)
++ (NSFont*)monospacedSystemFontOfSize:(CGFloat)size weight:(CGFloat)weight {
+  (void)weight;
+  return [NSFont userFixedPitchFontOfSize:size];
+}
++ (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style options:(NSDictionary*)options {
+  (void)options;
+  const CGFloat size = sizeOf(style);
+  return [style isEqualToString:NSFontTextStyleHeadline] ? [NSFont boldSystemFontOfSize:size]
+                                                         : [NSFont systemFontOfSize:size];
+}
+@end
+
+@implementation NSImage (Tarnwell)
++ (NSImage*)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description {
+  (void)name;
+  (void)description;
+  NSImage* image = [[[NSImage alloc] initWithSize:NSMakeSize(14, 14)] autorelease];
+  [image lockFocus];
+  [[NSColor darkGrayColor] set];
+  [[NSBezierPath bezierPathWithOvalInRect:NSMakeRect(1, 1, 12, 12)] fill];
+  [image unlockFocus];
+  return image;
+}
+- (void)setTemplate:(BOOL)isTemplate {
+  (void)isTemplate;
+}
+@end
+
+@implementation NSImageView (Tarnwell)
+- (void)setContentTintColor:(NSColor*)color {
+  (void)color;
+}
+@end
+
+@implementation NSMenu (Tarnwell)
+- (void)removeAllItems {
+  while ([self numberOfItems] > 0) {
+    [self removeItemAtIndex:0];
+  }
+}
+@end
+
+// Without the server of all programs, which it would start.
+@implementation NSPasteboard (Tarnwell)
++ (id)_pbs {
+  return nil;
+}
+@end
+
+@implementation NSProcessInfo (Tarnwell)
+- (NSOperatingSystemVersion)operatingSystemVersion {
+  return {14, 0, 0};
+}
+@end
+
+@implementation NSProgressIndicator (Tarnwell)
+- (NSSize)intrinsicContentSize {
+  return NSMakeSize(noSize, progressHeight);
+}
+@end
+
+@implementation NSSlider (Tarnwell)
+- (NSSize)intrinsicContentSize {
+  return NSMakeSize(noSize, sliderHeight);
+}
+@end
+
+@implementation NSStatusItem (Tarnwell)
+- (NSStatusBarButton*)button {
+  return nil;
+}
+@end
+
+@implementation NSSwitch (Tarnwell)
+- (NSSize)intrinsicContentSize {
+  return switchSize;
+}
+- (BOOL)acceptsFirstResponder {
+  return [self isEnabled];
+}
+- (NSString*)accessibilityLabel {
+  return [super accessibilityLabel];
+}
+- (void)setAccessibilityLabel:(NSString*)label {
+  [super setAccessibilityLabel:label];
+}
+- (void)performClick:(id)sender {
+  (void)sender;
+  [self setState:[self state] == NSControlStateValueOn ? NSControlStateValueOff : NSControlStateValueOn];
+  [self sendAction:[self action] to:[self target]];
+}
+- (void)keyDown:(NSEvent*)event {
+  if ([[event characters] isEqualToString:@" "]) {
+    [self performClick:nil];
+  } else {
+    [super keyDown:event];
+  }
+}
+@end
+
+@implementation NSTextField (Tarnwell)
++ (instancetype)wrappingLabelWithString:(NSString*)text {
+  NSTextField* label = [[[NSTextField alloc] initWithFrame:NSZeroRect] autorelease];
+  [label setCell:[[[TWWrappingCell alloc] initTextCell:text] autorelease]];
+  [label setEditable:NO];
+  [label setBordered:NO];
+  [label setDrawsBackground:NO];
+  [[label cell] setWraps:YES];
+  return label;
+}
+@end
+
+@implementation NSTextView (Tarnwell)
+// What Escape is bound to.
+- (void)complete:(id)sender {
+  (void)sender;
+  [self doCommandBySelector:@selector(cancelOperation:)];
+}
+- (void)setAutomaticDataDetectionEnabled:(BOOL)detects {
+  (void)detects;
+}
+- (void)setAutomaticLinkDetectionEnabled:(BOOL)detects {
+  (void)detects;
+}
+@end
+
+@implementation NSView (Tarnwell)
+- (NSString*)accessibilityHelp {
+  return orNil(accessible(self).help);
+}
+- (NSString*)accessibilityLabel {
+  return orNil(accessible(self).label);
+}
+- (NSRect)alignmentRectForFrame:(NSRect)frame {
+  return frame;
+}
+- (CGFloat)firstBaselineOffsetFromTop {
+  return [self isKindOfClass:[NSControl class]] ? [[static_cast<NSControl*>(self) font] ascender] : 0;
+}
+- (NSRect)frameForAlignmentRect:(NSRect)rect {
+  return rect;
+}
+- (NSSize)intrinsicContentSize {
+  return NSMakeSize(noSize, noSize);
+}
+- (BOOL)isAccessibilityElement {
+  return accessible(self).isElement;
+}
+- (void)setAccessibilityElement:(BOOL)isElement {
+  accessible(self).isElement = isElement;
+}
+- (void)setAccessibilityHelp:(NSString*)help {
+  accessible(self).help = textOf(help);
+}
+- (void)setAccessibilityLabel:(NSString*)label {
+  accessible(self) = {.label = textOf(label)};
+}
+- (void)setAccessibilityTitle:(NSString*)title {
+  (void)title;
+}
+- (void)setAccessibilityTitleUIElement:(id)view {
+  (void)view;
+}
+@end
+
+@implementation NSWindow (Tarnwell)
+- (void)setAccessibilityHelp:(NSString*)help {
+  (void)help;
+}
+- (void)setIdentifier:(NSString*)identifier {
+  (void)identifier;
+}
+- (void)setToolbarStyle:(NSInteger)style {
+  (void)style;
+}
+@end
