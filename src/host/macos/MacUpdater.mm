@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path libraryFolder(const char* kind, kit::Application& application) {
-  return fs::path(toString(NSHomeDirectory())) / "Library" / kind / application.platform().product().identifier;
+  return fs::path(toString(NSHomeDirectory())) / "Library" / kind / application.platform().product().name;
 }
 
 updateclient::UpdaterConfiguration configurationOf(const updateclient::UpdateSource& source,
