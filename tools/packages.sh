@@ -13,7 +13,7 @@ packages_for() {
       [ -z "${WAYLAND_DISPLAY:-}" ] || echo qt6-wayland
       ;;
     # The sources of locales are there for a test that makes a locale with a decimal comma.
-    test) echo libgtest-dev libgmock-dev dpkg locales openssl python3 ;;
+    test) echo libgtest-dev libgmock-dev fish dpkg locales openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 shellcheck python3 ;;
     # To compile for macOS. Many a system has npm without Debian's package of it, which brings hundreds.
     macos)
@@ -36,7 +36,7 @@ commands_for() {
   case $1 in
     build) echo c++ cmake ninja pkg-config ;;
     run) echo zsh ;;
-    test) echo dpkg-deb localedef openssl python3 ;;
+    test) echo dpkg-deb fish localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 llvm-lipo-19 npm python3 ;;
     packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;

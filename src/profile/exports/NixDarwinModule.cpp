@@ -9,17 +9,17 @@ namespace tarnwell::profile {
 system::Result<Export> nixDarwinModule(const Profile& profile, const ExportOptions&) {
   auto values = valuesOf(profile);
   // The one that has no option of its own goes in by its domain, and does not make the Dock restart.
-  const auto custom =
-      std::ranges::stable_partition(values, [](const WantedValue& each) { return each.setting.key != "single-app"; });
-  const std::span<const WantedValue> options(values.begin(), custom.begin());
+  const auto custom = std::stable_partition(values.begin(), values.end(),
+                                            [](const WantedValue& each) { return each.setting.key != "single-app"; });
+  const std::span<const WantedValue> options(values.begin(), custom);
+  const std::span<const WantedValue> rest(custom, values.end());
   std::vector<std::string> warnings = unsaidUnset("nix-darwin", profile);
-  if (options.empty() && !custom.empty()) {
+  if (options.empty() && !rest.empty()) {
     warnings.emplace_back("The Dock is not restarted: nix-darwin does that for its own options alone");
   }
   return Export{headComment("Settings of the Dock, as a module of nix-darwin.", profile) + "{\n" +
                     nixAttributes("system.defaults.dock", options) +
-                    nixAttributes("system.defaults.CustomUserPreferences.\"com.apple.dock\"",
-                                  std::span<const WantedValue>(custom.begin(), custom.end())) +
+                    nixAttributes("system.defaults.CustomUserPreferences.\"com.apple.dock\"", rest) +
                     comments("  # ", warnings) + "}\n",
                 warnings};
 }
