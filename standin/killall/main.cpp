@@ -150,7 +150,7 @@ std::optional<Order> orderIn(std::span<const std::string_view> words) {
   return order.names.empty() ? std::nullopt : std::optional(order);
 }
 
-int failed(const std::string& reason) {
+int endsNothing(const std::string& reason) {
   diagnostics::printErrorLine("killall: " + reason);
   return 1;
 }
@@ -166,11 +166,11 @@ int run(const std::vector<std::string_view>& arguments) {
   }
   const auto root = systemRoot();
   if (!root) {
-    return failed(root.error().message);
+    return endsNothing(root.error().message);
   }
   const auto* const user = order->user.empty() ? nullptr : ::getpwnam(order->user.c_str());
   if (user == nullptr && !order->user.empty()) {
-    return failed("user " + order->user + " does not exist");
+    return endsNothing("user " + order->user + " does not exist");
   }
   // A played system is one user's, so that another one has nothing in it.
   const bool isOthers = user != nullptr && user->pw_uid != ::geteuid();

@@ -24,7 +24,7 @@ std::string lowerCased(std::string_view text) {
   return result;
 }
 
-Result<Wish> asSentence(Result<Wish> wish) { return wish ? wish : Failure{wish.error().message + "."}; }
+Result<Wish> asSentence(const Result<Wish>& wish) { return wish ? wish : Failure{wish.error().message + "."}; }
 
 Result<Wish> secondsOf(const profile::Setting& setting, const std::string& text) {
   if (const auto number = core::parseNumber(text)) {

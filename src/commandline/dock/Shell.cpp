@@ -36,7 +36,7 @@ std::string reasonOf(const system::CheckedRun& run) {
   if (!run.isInTime) {
     return "no answer within " + std::to_string(shellPatience.count()) + " seconds";
   }
-  const std::string said = reasonIn(run.errors);
+  std::string said = reasonIn(run.errors);
   if (!said.empty()) {
     return said;
   }
