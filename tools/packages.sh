@@ -38,7 +38,7 @@ commands_for() {
     run) echo zsh ;;
     test) echo dpkg-deb fish localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
-    macos) echo clang-19 ld64.lld-19 llvm-ar-19 llvm-lipo-19 npm python3 ;;
+    macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 ;;
     packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
     gnustep) echo gnustep-config Xvfb ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;

@@ -1,5 +1,6 @@
-"""Looks at the folder that an application of macOS is: Contents/Info.plist and what that names."""
+"""Looks at the folder that an application of macOS is: Contents/Info.plist, what that names, and the seal over it."""
 
+import hashlib
 import os
 import plistlib
 import re
@@ -21,6 +22,9 @@ FORMS = {
 # Without them the application has a menu bar and an icon in the Dock.
 UNWANTED = ("LSUIElement", "LSBackgroundOnly")
 ARCHITECTURES = ("arm64", "x86_64")
+# What is sealed beside programs and description, and by which number the programs' signatures know these.
+SEAL = "_CodeSignature/CodeResources"
+INFORMATION_SLOT, SEAL_SLOT = 1, 3
 
 
 def information_of(application):
@@ -35,7 +39,20 @@ def program_of(application):
     return os.path.join(application, "Contents/MacOS", str(information_of(application)["CFBundleExecutable"]))
 
 
-def faults_of(application, least, architectures):
+def content_of(application, path):
+    with open(os.path.join(application, "Contents", path), "rb") as file:
+        return file.read()
+
+
+def resources_of(application):
+    """The paths below Contents of what has no seal of its own."""
+    contents = os.path.join(application, "Contents")
+    found = [os.path.relpath(os.path.join(folder, name), contents)
+             for folder, _, names in os.walk(contents) for name in names]
+    return sorted(path for path in found if path not in ("Info.plist", SEAL) and not path.startswith("MacOS/"))
+
+
+def faults_of(application, least, programs):
     information = information_of(application)
     yield from (f"Info.plist: {fault}" for fault in faults_of_information(information, least))
     if not os.access(program_of(application), os.X_OK):
@@ -43,9 +60,39 @@ def faults_of(application, least, architectures):
     icon = os.path.join(application, "Contents/Resources", f"{information.get('CFBundleIconFile')}.icns")
     if not is_icon(icon):
         yield "it has no icon"
+    architectures = [program.architecture for program in programs]
     for architecture in ARCHITECTURES:
         if architectures.count(architecture) != 1:
             yield f"it has {architectures.count(architecture)} programs for {architecture}"
+
+
+    if not os.path.exists(os.path.join(application, "Contents", SEAL)):
+        yield "it is not sealed"
+        return
+    yield from faults_of_seal(application)
+    for program in programs:
+        yield from (f"{program.architecture}: {fault}" for fault in faults_between(application, program))
+
+
+def faults_of_seal(application):
+    sealed = plistlib.loads(content_of(application, SEAL))["files2"]
+    for path in sorted(set(sealed) | set(resources_of(application))):
+        if path not in sealed:
+            yield f"{path} is not sealed"
+        elif not os.path.exists(os.path.join(application, "Contents", path)):
+            yield f"{path} is sealed and not there"
+        elif hashlib.sha256(content_of(application, path)).digest() != sealed[path]["hash2"]:
+            yield f"{path} is not the one that was sealed"
+
+
+def faults_between(application, program):
+    """What a program's signature and the rest of the bundle say of each other."""
+    signed = program.code_directory()
+    if signed.identifier != information_of(application).get("CFBundleIdentifier"):
+        yield f"it is signed as {signed.identifier}"
+    for slot, path in ((INFORMATION_SLOT, "Info.plist"), (SEAL_SLOT, SEAL)):
+        if signed.special.get(slot) != hashlib.sha256(content_of(application, path)).digest():
+            yield f"{path} is not the one that was signed"
 
 
 def faults_of_information(information, least):

@@ -15,6 +15,8 @@ LIBRARIES = (0xC, 0x80000018, 0x8000001F, 0x80000023)
 # How the entries of the table of imports are laid out, by its format: bits of the library and of the name's place.
 IMPORTS = {1: ("<I", 8, 9), 2: ("<Ii", 8, 9), 3: ("<QQ", 16, 32)}
 CODE_DIRECTORY = 0
+AD_HOC = 2
+SHA256 = 2
 
 
 class Malformed(Exception):
@@ -39,12 +41,15 @@ class Segment:
 
 
 class CodeDirectory:
-    """What was signed: the pages of the program up to `limit`, by their hashes."""
+    """What was signed: the pages of the program up to `limit`, by their hashes, and by number what is beside it."""
 
     def __init__(self, data, at):
-        self.flags, hashes, _, _, count, self.limit, size, self.hash_type, _, page = struct.unpack_from(
+        self.flags, hashes, name, others, count, self.limit, size, self.hash_type, _, page = struct.unpack_from(
             ">6I4B", data, at + 12)
         self.page_size = 1 << page
+        self.identifier = text_at(data, at + name)
+        self.special = {slot: data[at + hashes - size * slot:at + hashes - size * (slot - 1)]
+                        for slot in range(1, others + 1)}
         self.hashes = [data[at + hashes + size * slot:at + hashes + size * (slot + 1)] for slot in range(count)]
 
 
