@@ -24,6 +24,9 @@ system::Result<std::filesystem::path> libexecProgram(const std::filesystem::path
 std::filesystem::path frontOf(const std::filesystem::path& executable, const std::string& program) {
   const auto folder = executable.parent_path();
   const auto above = folder.parent_path();
+  if (folder.filename() != builtHelpers && folder.filename() != program) {
+    return executable;
+  }
   const auto front = folder.filename() == builtHelpers
                          ? above / program
                          : (above / TARNWELL_BIN_FROM_LIBEXEC / program).lexically_normal();

@@ -49,6 +49,14 @@ TEST(Programs, whatUsersStartIsFoundFromItsHelpers) {
   EXPECT_EQ(frontOf(sandbox / "libexec/tarnwell/tarnwell-window", "tarnwell"), sandbox / "bin/tarnwell");
 }
 
+// Where /bin leads to /usr/bin, a front stands where that of a helper in the folder above would be.
+TEST(Programs, frontIsNoHelperThoughItsFolderHasAnotherName) {
+  const Sandbox sandbox;
+  place(sandbox / "usr/bin/tarnwell");
+  fs::create_directory_symlink("usr/bin", sandbox / "bin");
+  EXPECT_EQ(frontOf(sandbox / "usr/bin/tarnwell", "tarnwell"), sandbox / "usr/bin/tarnwell");
+}
+
 TEST(Programs, whatIsNothingsHelperIsStartedItself) {
   const Sandbox sandbox;
   const fs::path alone = sandbox / "libexec/tarnwell/tarnwell-window";
