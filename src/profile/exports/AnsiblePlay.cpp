@@ -4,8 +4,8 @@
 namespace tarnwell::profile {
 namespace {
 
-constexpr std::string_view play =
-    R"(# The collection community.general has the module. Without dock_hosts all hosts are meant.
+constexpr std::string_view play = R"(# The collection community.general has the module.
+# Without dock_hosts all hosts are meant.
 - name: Hidden settings of the Dock
   hosts: "{{ dock_hosts | default('all') }}"
   gather_facts: false

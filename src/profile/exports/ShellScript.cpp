@@ -59,8 +59,10 @@ system::Result<Export> shellScript(const Profile& profile, const ExportOptions&)
                                            "Settings of the Dock. What is right already is left alone, and then so is "
                                            "the Dock.",
                                            profile);
-  script += "set -eu\n\ndomain=com.apple.dock\ntouched=no\n";
-  // A function that is not used would be found fault with.
+  script += "set -eu\n\n";
+  // What is not used would be found fault with.
+  script += values.empty() && unset.empty() ? "" : "domain=com.apple.dock\n";
+  script += "touched=no\n";
   script += values.empty() ? "" : keep;
   script += unset.empty() ? "" : drop;
   script += '\n';
