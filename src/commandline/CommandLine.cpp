@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "commandline/commands/Change.h"
-#include "commandline/commands/Changing.h"
+#include "commandline/commands/ChangeCommands.h"
 #include "commandline/commands/Comparing.h"
 #include "commandline/commands/Explanation.h"
 #include "commandline/commands/Exporting.h"

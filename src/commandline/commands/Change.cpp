@@ -169,7 +169,7 @@ class Changing {
 
 }  // namespace
 
-Status change(const Session& session, const Arguments& arguments, const Wanted& wanted) {
+Status change(const Session& session, const Arguments& arguments, const AskWanted& wanted) {
   auto memory = ChangeMemory::ofUser(session.program);
   if (!memory) {
     return session.fail(Status::storeFailure, memory.error().message);

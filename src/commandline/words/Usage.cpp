@@ -1,6 +1,9 @@
 #include "commandline/words/Usage.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tarnwell::commandline {
 namespace {

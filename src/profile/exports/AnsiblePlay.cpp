@@ -4,8 +4,9 @@
 namespace tarnwell::profile {
 namespace {
 
-constexpr std::string_view play = R"(# Needs the collection community.general. dock_hosts says where.
-- name: Set the hidden settings of the Dock
+constexpr std::string_view play = R"(# The collection community.general has the module.
+# Without dock_hosts all hosts are meant.
+- name: Hidden settings of the Dock
   hosts: "{{ dock_hosts | default('all') }}"
   gather_facts: false
   module_defaults:

@@ -4,46 +4,48 @@
 namespace tarnwell::profile {
 namespace {
 
-constexpr std::string_view want = R"sh(
-# want KEY TYPE SHOWN VALUE: SHOWN is what "defaults read" prints for VALUE.
-want() {
-  if [ "$(defaults read-type com.apple.dock "$1" 2>/dev/null)" = "Type is $2" ] &&
-    [ "$(defaults read com.apple.dock "$1" 2>/dev/null)" = "$3" ]; then
-    return
+constexpr std::string_view keep = R"sh(
+# keep KEY TYPE PRINTED ARGUMENT...: how defaults tells of the value where it is right already, and how it is given one.
+keep() {
+  key=$1
+  type=$2
+  printed=$3
+  shift 3
+  if [ "$(defaults read-type "$domain" "$key" 2>/dev/null)" != "Type is $type" ] ||
+    [ "$(defaults read "$domain" "$key" 2>/dev/null)" != "$printed" ]; then
+    defaults write "$domain" "$key" "$@"
+    touched=yes
   fi
-  case $2 in
-    boolean) defaults write com.apple.dock "$1" -bool "$4" ;;
-    float) defaults write com.apple.dock "$1" -float "$4" ;;
-    *) defaults write com.apple.dock "$1" -string "$4" ;;
-  esac
-  changed=1
 }
 )sh";
 
-constexpr std::string_view unwanted = R"sh(
-unwanted() {
-  if defaults read com.apple.dock "$1" >/dev/null 2>&1; then
-    defaults delete com.apple.dock "$1"
-    changed=1
+constexpr std::string_view drop = R"sh(
+# drop KEY: what the Dock does without it is its own business.
+drop() {
+  if defaults read-type "$domain" "$1" >/dev/null 2>&1; then
+    defaults delete "$domain" "$1"
+    touched=yes
   fi
 }
 )sh";
 
 constexpr std::string_view restart = R"sh(
-# Without a Dock there is nothing to restart: it reads the settings when it starts.
-[ "$changed" -eq 0 ] || killall Dock 2>/dev/null || true
+# A Dock that runs has read its settings; the one that follows it reads them anew.
+if [ "$touched" = yes ]; then
+  killall Dock 2>/dev/null || true
+fi
 )sh";
 
-/// The type of a value and what "defaults read" prints for it.
-std::string shown(const WantedValue& each) {
+/// The type of a value, what "defaults read" prints for it, and how it is written.
+std::string told(const WantedValue& each) {
   const std::string value = text(each.value);
   switch (each.setting.type) {
     case Type::seconds:
-      return "float " + (value.ends_with(".0") ? value.substr(0, value.size() - 2) : value);
+      return "float " + (value.ends_with(".0") ? value.substr(0, value.size() - 2) : value) + " -float " + value;
     case Type::boolean:
-      return value == "true" ? "boolean 1" : "boolean 0";
+      return (value == "true" ? "boolean 1 -bool " : "boolean 0 -bool ") + value;
     case Type::effect:
-      return "string " + value;
+      return "string " + value + " -string " + value;
   }
   return {};
 }
@@ -54,18 +56,20 @@ system::Result<Export> shellScript(const Profile& profile, const ExportOptions&)
   const auto values = valuesOf(profile);
   const auto unset = unsetKeysOf(profile);
   std::string script = "#!/bin/sh\n" + headComment(
-                                           "Settings of the Dock. Changes what differs, and restarts the Dock "
-                                           "once if anything did.",
+                                           "Settings of the Dock. What is right already is left alone, and then so is "
+                                           "the Dock.",
                                            profile);
-  script += "set -eu\n\nchanged=0\n";
-  // A function that is not used would be found fault with.
-  script += values.empty() ? "" : want;
-  script += unset.empty() ? "" : unwanted;
+  script += "set -eu\n\n";
+  // What is not used would be found fault with.
+  script += values.empty() && unset.empty() ? "" : "domain=com.apple.dock\n";
+  script += "touched=no\n";
+  script += values.empty() ? "" : keep;
+  script += unset.empty() ? "" : drop;
   script += '\n';
   for (const WantedValue& each : values) {
-    script += "want " + std::string(each.setting.key) + ' ' + shown(each) + ' ' + text(each.value) + '\n';
+    script += "keep " + std::string(each.setting.key) + ' ' + told(each) + '\n';
   }
-  script += comments("unwanted ", unset, "\n");
+  script += comments("drop ", unset, "\n");
   return Export{script.append(restart)};
 }
 

@@ -1,38 +1,41 @@
 #!/bin/sh
-# Settings of the Dock. Changes what differs, and restarts the Dock once if anything did.
+# Settings of the Dock. What is right already is left alone, and then so is the Dock.
 # Profile: quick
 set -eu
 
-changed=0
+domain=com.apple.dock
+touched=no
 
-# want KEY TYPE SHOWN VALUE: SHOWN is what "defaults read" prints for VALUE.
-want() {
-  if [ "$(defaults read-type com.apple.dock "$1" 2>/dev/null)" = "Type is $2" ] &&
-    [ "$(defaults read com.apple.dock "$1" 2>/dev/null)" = "$3" ]; then
-    return
-  fi
-  case $2 in
-    boolean) defaults write com.apple.dock "$1" -bool "$4" ;;
-    float) defaults write com.apple.dock "$1" -float "$4" ;;
-    *) defaults write com.apple.dock "$1" -string "$4" ;;
-  esac
-  changed=1
-}
-
-unwanted() {
-  if defaults read com.apple.dock "$1" >/dev/null 2>&1; then
-    defaults delete com.apple.dock "$1"
-    changed=1
+# keep KEY TYPE PRINTED ARGUMENT...: how defaults tells of the value where it is right already, and how it is given one.
+keep() {
+  key=$1
+  type=$2
+  printed=$3
+  shift 3
+  if [ "$(defaults read-type "$domain" "$key" 2>/dev/null)" != "Type is $type" ] ||
+    [ "$(defaults read "$domain" "$key" 2>/dev/null)" != "$printed" ]; then
+    defaults write "$domain" "$key" "$@"
+    touched=yes
   fi
 }
 
-want autohide-delay float 0 0.0
-want autohide-time-modifier float 0.15 0.15
-want scroll-to-open boolean 1 true
-want mineffect string suck suck
-want static-only boolean 0 false
-want single-app boolean 1 true
-unwanted showhidden
+# drop KEY: what the Dock does without it is its own business.
+drop() {
+  if defaults read-type "$domain" "$1" >/dev/null 2>&1; then
+    defaults delete "$domain" "$1"
+    touched=yes
+  fi
+}
 
-# Without a Dock there is nothing to restart: it reads the settings when it starts.
-[ "$changed" -eq 0 ] || killall Dock 2>/dev/null || true
+keep autohide-delay float 0 -float 0.0
+keep autohide-time-modifier float 0.15 -float 0.15
+keep scroll-to-open boolean 1 -bool true
+keep mineffect string suck -string suck
+keep static-only boolean 0 -bool false
+keep single-app boolean 1 -bool true
+drop showhidden
+
+# A Dock that runs has read its settings; the one that follows it reads them anew.
+if [ "$touched" = yes ]; then
+  killall Dock 2>/dev/null || true
+fi

@@ -1,4 +1,4 @@
-#include "commandline/commands/Changing.h"
+#include "commandline/commands/ChangeCommands.h"
 
 #include <cerrno>
 
