@@ -22,7 +22,7 @@ packages_for() {
       ;;
     packaging) echo debhelper lintian mandoc appstream desktop-file-utils mmdebstrap ;;
     # In the place of macOS: what its host is tested on.
-    gnustep) echo gobjc++ gnustep-make libgnustep-gui-dev gnustep-back0.29-cairo xvfb ;;
+    gnustep) echo gobjc++ gnustep-make libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core xvfb ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     # The tools that exports are for, and those that judge what is written for them.

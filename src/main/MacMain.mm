@@ -7,10 +7,9 @@
 int main() {
   using namespace tarnwell;
   diagnostics::prepareStandardStreams();
-  @autoreleasepool {
-    const kit::Product product = app::product();
-    host_macos::MacServices services(product, updateclient::updateSource());
-    host_macos::MacPlatform platform(product, services.services());
-    return app::run(platform);
-  }
+  const auto pool = host_macos::Retained<NSAutoreleasePool*>::adopt([[NSAutoreleasePool alloc] init]);
+  const kit::Product product = app::product();
+  host_macos::MacServices services(product, updateclient::updateSource());
+  host_macos::MacPlatform platform(product, services.services());
+  return app::run(platform);
 }

@@ -1,9 +1,7 @@
 #include <stdexcept>
 
 #include "app/Product.h"
-#include "host/headless/HeadlessLog.h"
-#include "host/headless/Journal.h"
-#include "host/macos/MacPlatform.h"
+#include "host/macos/HeadlessServices.h"
 #include "host/macos/Toolkit.h"
 #include "host/macos/ViewDriver.h"
 #include "host/macos/gnustep/StatusBar.h"
@@ -46,9 +44,9 @@ NSMenu* opened(const std::string& title) {
 class MacSystem final : public System {
  public:
   kit::Platform& platform() override { return platform_; }
-  host_headless::HeadlessUpdater& updater() override { return updater_; }
-  host_headless::HeadlessLoginItem& loginItem() override { return loginItem_; }
-  const std::vector<std::string>& journal() override { return journal_.lines(); }
+  host_headless::HeadlessUpdater& updater() override { return headless_.updater; }
+  host_headless::HeadlessLoginItem& loginItem() override { return headless_.loginItem; }
+  const std::vector<std::string>& journal() override { return headless_.journal.lines(); }
 
   void launch(kit::Application& /*application*/) override {
     [[NSNotificationCenter defaultCenter] postNotificationName:NSApplicationDidFinishLaunchingNotification
@@ -119,17 +117,8 @@ class MacSystem final : public System {
   }
 
  private:
-  host_headless::Journal journal_;
-  host_headless::HeadlessUpdater updater_{journal_};
-  host_headless::HeadlessLoginItem loginItem_{journal_};
-  host_headless::HeadlessLog log_;
-  host_macos::MacPlatform platform_{
-      app::product(),
-      {.loginItem = &loginItem_,
-       .log = &log_,
-       .makeUpdaterController =
-           [this](auto&, const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater_); },
-       .startAgain = [this] { journal_.note("startAgainAtEnd"); }}};
+  host_macos::HeadlessServices headless_;
+  host_macos::MacPlatform platform_{app::product(), headless_.services()};
 };
 
 }  // namespace

@@ -104,6 +104,7 @@ KIT_EXTERN void CFFileDescriptorInvalidate(CFFileDescriptorRef);
 KIT_EXTERN CFRunLoopSourceRef CFFileDescriptorCreateRunLoopSource(CFAllocatorRef, CFFileDescriptorRef, long);
 
 #define NSBackingStoreBuffered NSBackingStoreTypeBuffered
+#define NSWindowBelow NSWindowOrderingModeBelow
 #define NSWindowTitleVisible NSWindowTitleVisibilityVisible
 #define NSNumberFormatterDecimalStyle NSNumberFormatterStyleDecimal
 #define NSNumberFormatterRoundHalfEven NSNumberFormatterRoundingModeHalfEven

@@ -13,6 +13,8 @@ using Lines = std::set<std::string>;
 
 constexpr std::chrono::seconds dockPatience{5};
 constexpr std::chrono::milliseconds pause{50};
+// What the tool exits with where no process has the name.
+constexpr int noProcess = 1;
 
 /// A line for each that runs.
 Lines runningDocks(Shell& shell) {
@@ -29,8 +31,12 @@ Lines runningDocks(Shell& shell) {
 
 Restart restartDock(Shell& shell) {
   const Lines before = runningDocks(shell);
-  if (!outputOf(shell, restartLine)) {
+  const auto ended = shell.run(restartLine);
+  if (ended && ended->end.how == system::ProcessEnd::How::exited && ended->end.number == noProcess) {
     return Restart::noDock;
+  }
+  if (!ended || !ended->end.isSuccess()) {
+    return Restart::notBack;
   }
   // Nothing tells when the system has started another one.
   for (const auto end = Clock::now() + dockPatience; Clock::now() < end; std::this_thread::sleep_for(pause)) {

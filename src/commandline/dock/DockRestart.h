@@ -6,8 +6,8 @@ namespace tarnwell::commandline {
 
 enum class Restart {
   done,
-  noDock,  // there was none that could be restarted
-  notBack,
+  noDock,   // there was none that could be restarted
+  notBack,  // or the tool has failed
 };
 
 /// The command line that restarts the Dock.

@@ -49,16 +49,6 @@ bool takes(const Command& command, OptionName option) {
 
 std::string_view placeholder(Word word) {
   switch (word) {
-    case Word::nothing:
-      return "";
-    case Word::key:
-      return "KEY";
-    case Word::setting:
-      return "KEY=VALUE";
-    case Word::profile:
-      return "PROFILE";
-    case Word::shell:
-      return "SHELL";
     case Word::format:
       return "FORMAT";
     case Word::when:
@@ -67,8 +57,9 @@ std::string_view placeholder(Word word) {
       return "FILE";
     case Word::text:
       return "TEXT";
+    default:
+      return "";
   }
-  return "";
 }
 
 std::span<const std::string_view> choices(Word word) {

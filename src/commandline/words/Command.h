@@ -80,7 +80,7 @@ std::span<const Command> commands();
 /// Whether the option is one of the command's, or of all.
 bool takes(const Command& command, OptionName option);
 
-/// As a usage line has it behind the program's name.
+/// What stands for the value of an option where help names it; empty for what is no value of one.
 std::string_view placeholder(Word word);
 
 /// What can stand there; empty where that is not a choice of words, and for settings and their values.

@@ -80,6 +80,13 @@ TEST(Failure, aDockThatDoesNotComeBackIsReported) {
   EXPECT_EQ(front.stored("mineffect"), "string suck");
 }
 
+TEST(Failure, aToolThatFailsIsNoAbsentDock) {
+  Front front;
+  front.replaceTool("killall", "exit 127");
+  EXPECT_EQ(front.run({"restart"}).status, 4);
+  EXPECT_EQ(front.starts(), 1);
+}
+
 TEST(Failure, withoutTheStandInsNothingIsRead) {
   Front front(Front::Dock::isAbsent);
   front.replaceTool("defaults", "");

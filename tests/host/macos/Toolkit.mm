@@ -50,7 +50,9 @@ void openDisplay() {
 // The user's own settings are neither read nor written.
 void leaveHome() {
   static const fixtures::Sandbox home;
-  ::setenv("HOME", home.path().c_str(), 1);
+  home.write("GNUstep.conf", "GNUSTEP_USER_DEFAULTS_DIR=" + (home / "Defaults").string() +
+                                 "\nGNUSTEP_USER_DIR_LIBRARY=" + (home / "Library").string() + "\n");
+  ::setenv("GNUSTEP_CONFIG_FILE", (home / "GNUstep.conf").c_str(), 1);
 }
 
 TWLastingApplication* application() { return static_cast<TWLastingApplication*>(NSApp); }

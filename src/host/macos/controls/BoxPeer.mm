@@ -35,7 +35,10 @@ NSBox* makeBox(kit::Box::Kind kind) {
 
 class BoxPeer final : public PeerOf<kit::Box, NSBox> {
  public:
-  BoxPeer(kit::Box& box, NSView* parent) : PeerOf(box, makeBox(box.kind()), parent) {}
+  BoxPeer(kit::Box& box, NSView* parent) : PeerOf(box, makeBox(box.kind()), parent) {
+    // Under what stands on it, which may have been there first.
+    [parent addSubview:view() positioned:NSWindowBelow relativeTo:nil];
+  }
 
   // A line is as thick as it is; a ground is as large as what stands on it.
   std::optional<kit::Measurement> measure(kit::Proposal proposal) const override {

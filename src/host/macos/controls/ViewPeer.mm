@@ -11,8 +11,8 @@
 namespace tarnwell::host_macos {
 namespace {
 
-// The width of what does not say how wide it is and is offered none.
-constexpr double idealWidth = 200;
+// The width of what does not say how wide it is and is offered none: there is room for a slider beside what a row says.
+constexpr double idealWidth = 128;
 
 // The platform has no place for it at a view.
 std::map<NSView*, kit::Control*>& controls() {

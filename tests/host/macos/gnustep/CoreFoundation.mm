@@ -17,7 +17,8 @@ void* asData(int descriptor) { return reinterpret_cast<void*>(static_cast<std::i
 }
 - (instancetype)initWithDescriptor:(int)descriptor told:(CFFileDescriptorCallBack)told info:(void*)info;
 - (void)watch;
-- (void)stopWatching;
+/// It is not watched again.
+- (void)invalidate;
 @end
 
 @implementation TWDescriptorSource
@@ -31,14 +32,20 @@ void* asData(int descriptor) { return reinterpret_cast<void*>(static_cast<std::i
   return self;
 }
 - (void)watch {
-  for (NSString* mode : {NSDefaultRunLoopMode, NSEventTrackingRunLoopMode}) {
-    [[NSRunLoop mainRunLoop] addEvent:asData(descriptor_) type:ET_RDESC watcher:self forMode:mode];
+  if (told_ != nullptr) {
+    for (NSString* mode : {NSDefaultRunLoopMode, NSEventTrackingRunLoopMode}) {
+      [[NSRunLoop mainRunLoop] addEvent:asData(descriptor_) type:ET_RDESC watcher:self forMode:mode];
+    }
   }
 }
 - (void)stopWatching {
   for (NSString* mode : {NSDefaultRunLoopMode, NSEventTrackingRunLoopMode}) {
     [[NSRunLoop mainRunLoop] removeEvent:asData(descriptor_) type:ET_RDESC forMode:mode all:YES];
   }
+}
+- (void)invalidate {
+  [self stopWatching];
+  told_ = nullptr;
 }
 - (void)receivedEvent:(void*)data type:(RunLoopEventType)type extra:(void*)extra forMode:(NSString*)mode {
   (void)data;
@@ -62,7 +69,7 @@ CFRunLoopSourceRef CFFileDescriptorCreateRunLoopSource(const void* /*allocator*/
 
 void CFFileDescriptorEnableCallBacks(CFFileDescriptorRef source, CFOptionFlags /*types*/) { [source watch]; }
 
-void CFFileDescriptorInvalidate(CFFileDescriptorRef source) { [source stopWatching]; }
+void CFFileDescriptorInvalidate(CFFileDescriptorRef source) { [source invalidate]; }
 
 CFRunLoopRef CFRunLoopGetMain() { return nullptr; }
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/headless/HeadlessLog.h"
+#include "host/headless/HeadlessLoginItem.h"
+#include "host/headless/HeadlessUpdater.h"
+#include "host/headless/Journal.h"
+#include "host/macos/MacPlatform.h"
+
+namespace tarnwell::host_macos {
+
+/// What answers in the system's place, in memory.
+struct HeadlessServices {
+  host_headless::Journal journal = {};
+  host_headless::HeadlessUpdater updater{journal};
+  host_headless::HeadlessLoginItem loginItem{journal};
+  host_headless::HeadlessLog log = {};
+
+  MacPlatform::Services services() {
+    return {
+        .loginItem = &loginItem,
+        .log = &log,
+        .makeUpdaterController =
+            [this](auto&, const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater); },
+        .startAgain = [this] { journal.note("startAgainAtEnd"); }};
+  }
+};
+
+}  // namespace tarnwell::host_macos

@@ -1,0 +1,92 @@
+#include "host/macos/window/WindowPeer.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "host/macos/Stage.h"
+#include "host/macos/ViewDriver.h"
+#include "kit/control/Window.h"
+#include "kit/controls/Button.h"
+#include "kit/controls/TextField.h"
+
+namespace tarnwell::host_macos {
+namespace {
+
+/// A window on the screen, with two fields and a button.
+class WindowPeerTest : public testing::Test {
+ protected:
+  WindowPeerTest() {
+    window.setContentSize({.width = 300, .height = 200});
+    window.attach(stage.platform.host().peer(window));
+    double top = 20;
+    for (kit::Control* control : controls) {
+      control->setFrame({.x = 20, .y = std::exchange(top, top + 50), .width = 100, .height = 24});
+      control->attach(control->makePeer(stage.platform.host(), *window.peer()));
+    }
+    window.setControls(controls);
+    window.setVisible(true);
+    settle();
+  }
+  ~WindowPeerTest() override { window.setControls({}); }
+
+  NSWindow* shown() const { return driver::window(window); }
+
+  Stage stage;
+  kit::Window window{"window", "Window"};
+  kit::TextField first;
+  kit::TextField second;
+  kit::Button button;
+  std::vector<kit::Control*> controls = {&first, &second, &button};
+};
+
+TEST_F(WindowPeerTest, theUpperEdgeStaysWhenTheHeightChanges) {
+  const CGFloat before = NSMaxY([shown() frame]);
+  window.setContentSize({.width = 300, .height = 90});
+  EXPECT_EQ([[shown() contentView] frame].size.height, 90);
+  EXPECT_EQ(NSMaxY([shown() frame]), before);
+}
+
+TEST_F(WindowPeerTest, closingAsksTheOwnerAndNoMore) {
+  int asked = 0;
+  window.setCloseAction([&asked] { ++asked; });
+  [shown() performClose:nil];
+  settle();
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE([shown() isVisible]);
+}
+
+TEST_F(WindowPeerTest, tabGoesThroughTheControlsInTheirOrder) {
+  EXPECT_EQ([driver::view(first) nextKeyView], driver::view(second));
+  EXPECT_EQ([driver::view(second) nextKeyView], driver::view(button));
+  EXPECT_EQ([driver::view(button) nextKeyView], driver::view(first));
+}
+
+TEST_F(WindowPeerTest, theControlThatHasTheKeyboardIsTold) {
+  EXPECT_EQ(window.focusedControl(), nullptr);
+  driver::click(second);
+  EXPECT_EQ(window.focusedControl(), &second);
+  driver::key(window, @"\t");
+  EXPECT_NE(window.focusedControl(), &second);
+}
+
+TEST_F(WindowPeerTest, aPressElsewhereCommitsWhatIsBeingTyped) {
+  std::string committed;
+  first.setAction([&committed](const std::string& text) { committed = text; });
+  std::string whenPressed;
+  button.setAction([&committed, &whenPressed] { whenPressed = committed; });
+  driver::type(first, "typed");
+  EXPECT_EQ(committed, "");
+  driver::click(button);
+  EXPECT_EQ(whenPressed, "typed");
+}
+
+TEST_F(WindowPeerTest, aWindowThatGoesIsNotTheKeyWindow) {
+  EXPECT_EQ(stage.application->windows().keyWindow(), &window);
+  window.setVisible(false);
+  settle();
+  EXPECT_EQ(stage.application->windows().keyWindow(), nullptr);
+}
+
+}  // namespace
+}  // namespace tarnwell::host_macos
