@@ -76,6 +76,9 @@ static const NSTextAlignment NSTextAlignmentRight = 2;
 #endif
 static const NSTextAlignment NSTextAlignmentNatural = 4;
 
+// How another view stands to it, in front or behind.
+static const NSInteger NSWindowAbove = 1, NSWindowBelow = -1;
+
 // A descriptor that the event loop watches.
 typedef const struct __CFAllocator* CFAllocatorRef;
 typedef const struct __CFString* CFStringRef;
