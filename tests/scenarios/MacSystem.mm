@@ -43,6 +43,12 @@ NSMenu* opened(const std::string& title) {
 
 class MacSystem final : public System {
  public:
+  MacSystem() = default;
+  MacSystem(const MacSystem&) = delete;
+  MacSystem& operator=(const MacSystem&) = delete;
+  // The platform's panel is the same for all that follow.
+  ~MacSystem() override { [aboutPanel() orderOut:nil]; }
+
   kit::Platform& platform() override { return platform_; }
   host_headless::HeadlessUpdater& updater() override { return headless_.updater; }
   host_headless::HeadlessLoginItem& loginItem() override { return headless_.loginItem; }

@@ -5,7 +5,6 @@
 #include <string>
 #include <utility>
 
-#include "fixtures/Sandbox.h"
 #include "fixtures/WaitFor.h"
 #include "system/processes/Pipe.h"
 #include "system/processes/Process.h"
@@ -47,14 +46,6 @@ void openDisplay() {
   ::setenv("DISPLAY", (":" + number).c_str(), 1);
 }
 
-// The user's own settings are neither read nor written.
-void leaveHome() {
-  static const fixtures::Sandbox home;
-  home.write("GNUstep.conf", "GNUSTEP_USER_DEFAULTS_DIR=" + (home / "Defaults").string() +
-                                 "\nGNUSTEP_USER_DIR_LIBRARY=" + (home / "Library").string() + "\n");
-  ::setenv("GNUSTEP_CONFIG_FILE", (home / "GNUstep.conf").c_str(), 1);
-}
-
 TWLastingApplication* application() { return static_cast<TWLastingApplication*>(NSApp); }
 
 }  // namespace
@@ -62,7 +53,6 @@ TWLastingApplication* application() { return static_cast<TWLastingApplication*>(
 void startToolkit() {
   static const bool started = [] {
     openDisplay();
-    leaveHome();
     [[NSAutoreleasePool alloc] init];
     [TWLastingApplication sharedApplication];
     [NSApp finishLaunching];

@@ -26,6 +26,8 @@ NSToolbarItem* tab(const kit::TabBar& bar, int index);
 void click(const kit::Control& control);
 /// At a part of the width and height of the control, from the left and from the top.
 void clickAt(const kit::Control& control, double across, double down);
+/// Where no control is, from the top left corner of the content.
+void clickGround(const kit::Window& window, double x, double y);
 void clickTab(const kit::TabBar& bar, int index);
 /// From the knob to a place on the track as seen, 0 the left end and 1 the right one.
 void drag(const kit::Slider& slider, double place);

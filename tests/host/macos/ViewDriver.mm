@@ -82,6 +82,10 @@ void clickAt(const kit::Control& control, double across, double down) {
   press(pressed, pointIn(pressed, across, down));
 }
 
+void clickGround(const kit::Window& kitWindow, double x, double y) {
+  press([window(kitWindow) contentView], NSMakePoint(x, y));
+}
+
 void clickTab(const kit::TabBar& bar, int index) {
   NSView* frame = [[window(*bar.window()) contentView] superview];
   NSView* button = buttonOf(tab(bar, index), frame);
