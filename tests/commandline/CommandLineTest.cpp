@@ -73,7 +73,7 @@ TEST(CommandLine, endsQuietlyWhenItsReaderDoes) {
   const Front front(Front::Dock::isAbsent);
   const std::string pipe = "'" + front.file("pipe") + "'";
   const std::string closed = "mkfifo " + pipe + "; : <" + pipe + " & exec 3>" + pipe + "; wait; ";
-  const Outcome outcome = front.shell(closed + "\"$T\" explain >&3; echo \"$?\"");
+  const Outcome outcome = front.shell(closed + R"("$T" explain >&3; echo "$?")");
   EXPECT_EQ(outcome.output, "141\n");
   EXPECT_EQ(outcome.errors, "");
 }

@@ -175,7 +175,7 @@ TEST(Change, withoutADockTheSettingsWaitForOne) {
 
 TEST(Change, whatIsForcedIsWrittenWithAWarning) {
   const Front front(Front::Dock::isAbsent);
-  front.shell("\"$D\" write \"/Library/Managed Preferences/$(id -un)/com.apple.dock\" mineffect genie");
+  front.shell(R"sh("$D" write "/Library/Managed Preferences/$(id -un)/com.apple.dock" mineffect genie)sh");
   const Outcome outcome = front.run({"set", "mineffect=suck", "showhidden=on"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.errors, HasSubstr("tarnwell: mineffect is forced by a configuration profile; your value counts "

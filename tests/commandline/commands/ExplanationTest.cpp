@@ -37,8 +37,8 @@ TEST(Explanation, itsCommandLinesWork) {
   for (const auto& setting : profile::settings) {
     const Front front;
     const std::string key(setting.key);
-    front.shell("D() { \"$D\" \"$@\"; }; " + std::string("defaults() { D \"$@\"; }; ") +
-                "killall() { :; }; eval \"$(\"$T\" explain " + key + " | sed -n 's/^  command line: //p')\"");
+    front.shell(R"sh(defaults() { "$D" "$@"; }; killall() { :; }; eval "$("$T" explain )sh" + key +
+                R"sh( | sed -n 's/^  command line: //p')")sh");
     EXPECT_EQ(front.run({"get", key}).status, 0) << key;
   }
 }

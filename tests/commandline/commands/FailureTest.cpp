@@ -53,7 +53,7 @@ TEST(Failure, aWriteThatWritesNothingRestartsNothing) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be written: ended with status 7\n");
   EXPECT_EQ(front.starts(), 2);
-  front.replaceTool("defaults", "exec \"$REAL\" \"$@\"");
+  front.replaceTool("defaults", R"(exec "$REAL" "$@")");
   EXPECT_EQ(front.run({"undo"}).output, "mineffect: scale -> not set\n") << "what was remembered before still is";
 }
 

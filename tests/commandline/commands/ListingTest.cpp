@@ -67,7 +67,7 @@ TEST(Listing, namesOtherTypesAndChangesNothing) {
 TEST(Listing, namesWhatAConfigurationProfileForces) {
   const Front front(Front::Dock::isAbsent);
   front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "0.1"});
-  front.shell("\"$D\" write \"/Library/Managed Preferences/$(id -un)/com.apple.dock\" autohide-delay -float 0.5");
+  front.shell(R"sh("$D" write "/Library/Managed Preferences/$(id -un)/com.apple.dock" autohide-delay -float 0.5)sh");
   EXPECT_THAT(front.run({"list"}).output,
               HasSubstr("autohide-delay           0.5 (forced by a configuration profile)\n"));
   const json setting = settingIn(front, "autohide-delay");
