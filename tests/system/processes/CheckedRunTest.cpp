@@ -21,7 +21,7 @@ CheckedRun run(const std::string& text, std::chrono::milliseconds time = patienc
 /// The same, after which nothing is left that was started by it.
 CheckedRun runToTheLast(const std::string& text, std::chrono::milliseconds time = patience) {
   Pipe held = Pipe::create();
-  const CheckedRun checked = *runChecked({.words = {"sh", "-c", text}, .extra = held.writeEnd.number()}, time);
+  CheckedRun checked = *runChecked({.words = {"sh", "-c", text}, .extra = held.writeEnd.number()}, time);
   held.writeEnd.close();
   EXPECT_EQ(held.readEnd.readAll(), "");
   return checked;
