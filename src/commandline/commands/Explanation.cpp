@@ -11,24 +11,26 @@
 
 namespace tarnwell::commandline {
 
-const std::array<Explanation, profile::settings.size()> explanations = {{
-    {"How long the pointer has to be at the edge of the screen before a hidden Dock comes.",
+constexpr std::array<Explanation, profile::settings.size()> explanations = {{
+    {"autohide-delay", "How long the pointer has to be at the edge of the screen before a hidden Dock comes.",
      "works while the Dock hides itself (System Settings), and not in full screen", "about 0.2", "Delay"},
-    {"How long a hidden Dock takes to come and to go.", "works while the Dock hides itself (System Settings)",
-     "about 0.5", "Animation"},
-    {"Scrolling up on an icon shows the windows of its application, or opens a stack.", "works at once on every icon",
-     "false", "Scroll to Exposé"},
-    {"The picture with which a window goes into the Dock. System Settings offer genie and scale; suck is hidden.",
+    {"autohide-time-modifier", "How long a hidden Dock takes to come and to go.",
+     "works while the Dock hides itself (System Settings)", "about 0.5", "Animation"},
+    {"scroll-to-open", "Scrolling up on an icon shows the windows of its application, or opens a stack.",
+     "works at once on every icon", "false", "Scroll to Exposé"},
+    {"mineffect",
+     "The picture with which a window goes into the Dock. System Settings offer genie and scale; suck is hidden.",
      "System Settings change it as well", "genie", "Minimize windows using"},
-    {"Icons of applications that were hidden are dimmed.", "shows only after an application was hidden", "false",
-     "Dim hidden apps"},
-    {"Only running applications are in the Dock.",
+    {"showhidden", "Icons of applications that were hidden are dimmed.", "shows only after an application was hidden",
+     "false", "Dim hidden apps"},
+    {"static-only", "Only running applications are in the Dock.",
      "what is pinned goes for good once icons are pinned meanwhile; before the first time all settings are kept in a "
      "file",
      "false", "Show active apps only"},
-    {"A click on an icon hides the windows of all other applications.", "works on macOS 14 alone", "false",
-     "Single app mode"},
+    {"single-app", "A click on an icon hides the windows of all other applications.", "works on macOS 14 alone",
+     "false", "Single app mode"},
 }};
+static_assert(std::ranges::equal(explanations, profile::settings, {}, &Explanation::key, &profile::Setting::key));
 
 namespace {
 

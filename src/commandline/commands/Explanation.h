@@ -11,6 +11,7 @@ namespace tarnwell::commandline {
 
 /// What there is to know of a setting.
 struct Explanation {
+  std::string_view key;
   std::string_view summary;
   /// When it does something, and what else it does.
   std::string_view conditions;

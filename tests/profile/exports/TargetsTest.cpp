@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fixtures/ExpectDump.h"
+#include "profile/values/Wishes.h"
 
 namespace tarnwell::profile {
 namespace {
@@ -16,9 +17,13 @@ namespace {
 using core::MinEffect;
 using Warnings = std::vector<std::string>;
 
-const Profile quick = {
-    .name = "quick",
-    .wishes = {Wish(0.0F), Wish(0.15F), Wish(true), Wish(MinEffect::suck), Unset(), Wish(false), Wish(true)}};
+const Profile quick = named("quick", wishing({{"autohide-delay", 0.0F},
+                                              {"autohide-time-modifier", 0.15F},
+                                              {"scroll-to-open", true},
+                                              {"mineffect", MinEffect::suck},
+                                              {"showhidden", Unset()},
+                                              {"static-only", false},
+                                              {"single-app", true}}));
 
 system::Result<Export> exported(std::string_view target, const Profile& profile,
                                 const ExportOptions& options = {.identifier = "org.example.dock"}) {

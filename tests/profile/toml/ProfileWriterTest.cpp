@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "profile/toml/ProfileReader.h"
+#include "profile/values/Wishes.h"
 
 namespace tarnwell::profile {
 namespace {
@@ -10,8 +11,12 @@ namespace {
 using core::MinEffect;
 
 TEST(ProfileWriterTest, aProfileIsWrittenInTheOrderOfTheCatalogue) {
-  const Profile profile = {
-      .name = "quick", .wishes = {Wish(0.0F), Wish(0.15F), Wish(true), Wish(MinEffect::suck), Unset(), {}, Unset()}};
+  const Profile profile = named("quick", wishing({{"single-app", Unset()},
+                                                  {"showhidden", Unset()},
+                                                  {"mineffect", MinEffect::suck},
+                                                  {"scroll-to-open", true},
+                                                  {"autohide-time-modifier", 0.15F},
+                                                  {"autohide-delay", 0.0F}}));
   EXPECT_EQ(profileText(profile), R"(profile = 1
 name = "quick"
 unset = ["showhidden", "single-app"]
