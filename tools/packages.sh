@@ -22,7 +22,7 @@ packages_for() {
       ;;
     packaging) echo debhelper lintian mandoc appstream desktop-file-utils mmdebstrap ;;
     # In the place of macOS: what its host is tested on.
-    gnustep) echo gobjc++ gnustep-make libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core xvfb ;;
+    gnustep) echo gobjc++ gnustep-make make libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core xvfb ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     # The tools that exports are for, and those that judge what is written for them.
@@ -40,7 +40,7 @@ commands_for() {
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 ;;
     packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
-    gnustep) echo gnustep-config Xvfb ;;
+    gnustep) echo gnustep-config make Xvfb ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     handover) echo ansible-playbook ansible-lint bash dash jq plistutil xmllint nix-instantiate python3 shellcheck yamllint zsh ;;
     desktop) echo sway swaymsg weston wtype ;;

@@ -4,9 +4,15 @@
 
 #include_next <AppKit/AppKit.h>
 
+#include <cstdlib>
+
 // Its headers take words of the language that they were written for.
 #undef weak
 #undef strong
+
+// The environment's, where a test says so; GNUstep asks the list of users.
+inline NSString* homeDirectory() { return [NSString stringWithUTF8String:std::getenv("HOME")]; }
+#define NSHomeDirectory homeDirectory
 
 // Its run loop knows modes, and no set of them.
 #define NSRunLoopCommonModes NSDefaultRunLoopMode
