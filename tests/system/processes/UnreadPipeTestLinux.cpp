@@ -1,8 +1,5 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
-#include <sys/prctl.h>
 #include <sys/syscall.h>
 
 #include <array>
@@ -12,6 +9,7 @@
 #include <utility>
 
 #include "fixtures/Subprocess.h"
+#include "system/FilterLinux.h"
 #include "system/processes/Pipe.h"
 #include "system/processes/UnreadPipe.h"
 
@@ -30,19 +28,15 @@ int largestSizeOfTheSystem() {
 
 /// From now on this process is refused pipes of more than `most` bytes, as one whose user has too many large ones is.
 bool refusePipesAbove(unsigned most) {
-  const auto load = [](std::size_t offset) -> sock_filter {
-    return BPF_STMT(BPF_LD | BPF_W | BPF_ABS, static_cast<unsigned>(offset));
-  };
-  std::array<sock_filter, 8> program = {load(offsetof(seccomp_data, nr)),
+  std::array<sock_filter, 8> program = {loaded(offsetof(seccomp_data, nr)),
                                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_fcntl, 0, 5),
-                                        load(offsetof(seccomp_data, args[1])),
+                                        loaded(offsetof(seccomp_data, args[1])),
                                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, F_SETPIPE_SZ, 0, 3),
-                                        load(offsetof(seccomp_data, args[2])),
+                                        loaded(offsetof(seccomp_data, args[2])),
                                         BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, most, 0, 1),
                                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
                                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
-  const sock_fprog filter = {.len = program.size(), .filter = program.data()};
-  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+  return filterCalls(program);
 }
 
 TEST(UnreadPipeTest, isOfTheLargestSizeOfTheSystem) {
