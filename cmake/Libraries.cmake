@@ -19,11 +19,16 @@ else()
 endif()
 
 # tarnwell_library(NAME [FOLDER FOLDER] LINKS ... PRIVATE_LINKS ...): all sources of one folder are one static library,
-# but for those of another system and those where a program begins; headers alone are a target to link as well.
+# but for those of another system and those where a program begins; headers alone are a target to link as well. FOLDER is
+# a part of the room and taken with what is below it.
 function(tarnwell_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "LINKS;PRIVATE_LINKS")
   set(folder "${CMAKE_CURRENT_SOURCE_DIR}/${arg_FOLDER}")
-  file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.mm")
+  if(arg_FOLDER)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.mm")
+  else()
+    file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.mm")
+  endif()
   list(FILTER sources EXCLUDE REGEX "((/m|M)ain|${other_system})\\.(cpp|mm)$")
   if(NOT sources)
     add_library(tarnwell_${name} INTERFACE)
