@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "kit/application/Platform.h"
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 #include "view/controls/Symbol.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::dockscreen {
 

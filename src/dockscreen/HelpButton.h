@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 #include "kit/turn/Action.h"
 #include "view/tree/Representable.h"
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 #include "view/tree/Representable.h"
 #include "view/values/Binding.h"
 

@@ -1,6 +1,6 @@
 #include "updatewindows/UpdateView.h"
 
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 #include "view/controls/Button.h"
 #include "view/controls/Symbol.h"
 #include "view/controls/Text.h"

@@ -2,8 +2,8 @@
 
 #include "app/HeadlessApplication.h"
 #include "kit/control/Window.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
 
 namespace tarnwell::app {
 namespace {

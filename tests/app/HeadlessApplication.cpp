@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 #include "view/Dump.h"
 #include "view/tree/MountedNode.h"
 

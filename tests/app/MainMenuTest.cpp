@@ -3,7 +3,7 @@
 #include "app/HeadlessApplication.h"
 #include "fixtures/ExpectDump.h"
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::app {
 namespace {

@@ -8,8 +8,8 @@
 #include "fixtures/DockTabHeight.h"
 #include "fixtures/ExpectDump.h"
 #include "kit/control/Window.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/containers/ScrollArea.h"
 #include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::app {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "app/HeadlessApplication.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
 
 namespace tarnwell::app {
 namespace {

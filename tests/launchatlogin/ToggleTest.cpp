@@ -4,7 +4,7 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/Dump.h"
 #include "view/controls/Label.h"
 #include "view/controls/Text.h"

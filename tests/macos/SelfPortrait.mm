@@ -12,7 +12,7 @@
 #include "diagnostics/StandardStreams.h"
 #include "host/macos/MacServices.h"
 #include "kit/application/Application.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 #include "macos/Portrait.h"
 #include "view/scenes/SceneRunner.h"
 

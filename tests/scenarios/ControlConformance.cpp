@@ -4,7 +4,7 @@
 #include <set>
 
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 #include "kit/host/Host.h"
 #include "scenarios/ControlFacts.h"
 #include "scenarios/Driver.h"

@@ -6,10 +6,10 @@
 #include "dockscreen/CommandRunnerKey.h"
 #include "dockscreen/ContentView.h"
 #include "kit/control/Control.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::scenarios {
 

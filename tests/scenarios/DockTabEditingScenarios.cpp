@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fixtures/StandardOutputCapture.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 #include "scenarios/DockTab.h"
 
 namespace tarnwell::scenarios {

@@ -5,8 +5,8 @@
 
 #include "fixtures/StandardOutputCapture.h"
 #include "kit/Printing.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/text/SymbolView.h"
+#include "kit/controls/text/TextLabel.h"
 #include "scenarios/DockTab.h"
 #include "view/Dump.h"
 #include "view/tree/MountedNode.h"

@@ -1,11 +1,11 @@
 #include "host/headless/HeadlessHost.h"
 #include "host/painted/SliderGeometry.h"
 #include "kit/control/Window.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
 #include "scenarios/Driver.h"
 
 namespace tarnwell::scenarios {

@@ -2,8 +2,8 @@
 
 #include "host/macos/ViewDriver.h"
 #include "kit/control/Window.h"
-#include "kit/controls/Box.h"
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/containers/Box.h"
+#include "kit/controls/text/TextLabel.h"
 #include "kit/host/Host.h"
 #include "scenarios/DockTab.h"
 

@@ -9,10 +9,10 @@
 #include "host/painted/TabGeometry.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
 #include "scenarios/Driver.h"
 
 namespace tarnwell::scenarios {

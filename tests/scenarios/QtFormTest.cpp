@@ -5,7 +5,7 @@
 #include "app/NamedControl.h"
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 #include "view/Counter.h"
 #include "view/controls/Form.h"
 #include "view/controls/Section.h"

@@ -7,9 +7,9 @@
 #include "fixtures/StandardOutputCapture.h"
 #include "host/qt/look/Symbols.h"
 #include "kit/application/StatusItem.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/text/SymbolView.h"
 
 namespace tarnwell::scenarios {
 namespace {

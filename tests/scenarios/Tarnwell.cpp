@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "kit/control/Window.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 namespace tarnwell::scenarios {
 namespace {

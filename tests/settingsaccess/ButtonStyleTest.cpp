@@ -2,7 +2,7 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/control/Control.h"
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 #include "kit/menus/Menu.h"
 #include "settingsaccess/OpenSettingsInjectionView.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"

@@ -4,7 +4,7 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 #include "view/Dump.h"
 #include "view/scenes/HostedWindow.h"
 #include "view/tree/MountedNode.h"

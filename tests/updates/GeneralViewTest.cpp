@@ -4,7 +4,7 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/scenes/HostedWindow.h"
 #include "view/tree/MountedNode.h"
 

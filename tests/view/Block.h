@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/controls/Pane.h"
+#include "kit/controls/containers/Pane.h"
 #include "view/tree/Representable.h"
 
 namespace tarnwell::view {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "host/headless/HeadlessHost.h"
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 
 namespace tarnwell::view {
 

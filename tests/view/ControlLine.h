@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "kit/controls/Button.h"
-#include "kit/controls/ChoiceControl.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/choices/ChoiceControl.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/text/SymbolView.h"
+#include "kit/controls/text/TextLabel.h"
 #include "view/values/PlainText.h"
 
 namespace tarnwell::view {

@@ -3,7 +3,7 @@
 #include "host/macos/controls/Container.h"
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/window/WindowPeer.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::host_macos {
 

@@ -4,15 +4,15 @@
 
 #include "host/painted/ControlMetrics.h"
 #include "host/painted/TabGeometry.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/ProgressBar.h"
-#include "kit/controls/RichText.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/ranges/ProgressBar.h"
+#include "kit/controls/text/RichText.h"
+#include "kit/controls/text/SymbolView.h"
+#include "kit/controls/text/TextField.h"
+#include "kit/controls/text/TextLabel.h"
 
 namespace tarnwell::host_painted {
 namespace {

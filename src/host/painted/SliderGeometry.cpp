@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/painted/ControlMetrics.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::host_painted {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "host/painted/ControlMetrics.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 namespace tarnwell::host_painted {
 

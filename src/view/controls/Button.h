@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 #include "kit/turn/Action.h"
 #include "view/values/View.h"
 

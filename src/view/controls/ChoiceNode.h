@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/ChoiceControl.h"
+#include "kit/controls/choices/ChoiceControl.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

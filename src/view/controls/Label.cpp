@@ -1,6 +1,6 @@
 #include "view/controls/Label.h"
 
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 #include "view/controls/Symbol.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"

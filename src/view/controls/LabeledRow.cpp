@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/controls/Label.h"
 #include "view/tree/MountedNode.h"
 #include "view/values/FormMetrics.h"

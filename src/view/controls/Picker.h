@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/controls/PopUpButton.h"
+#include "kit/controls/choices/PopUpButton.h"
 #include "view/values/Binding.h"
 #include "view/values/Same.h"
 #include "view/values/View.h"

@@ -1,6 +1,6 @@
 #include "view/controls/ProgressBar.h"
 
-#include "kit/controls/ProgressBar.h"
+#include "kit/controls/ranges/ProgressBar.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

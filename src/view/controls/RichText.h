@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 #include "view/values/View.h"
 
 namespace tarnwell::view {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 #include "view/controls/ScrollAreaNode.h"
 #include "view/tree/ControlNode.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 #include "kit/host/Host.h"
 #include "kit/turn/Turn.h"
 #include "view/tree/MountedNode.h"

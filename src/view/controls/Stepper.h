@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/Stepper.h"
+#include "kit/controls/ranges/Stepper.h"
 #include "view/values/Binding.h"
 #include "view/values/View.h"
 

@@ -1,6 +1,6 @@
 #include "view/controls/Symbol.h"
 
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 #include "view/values/View.h"
 
 namespace tarnwell::view {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 #include "view/values/Binding.h"
 #include "view/values/Same.h"
 #include "view/values/View.h"

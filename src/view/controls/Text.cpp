@@ -1,6 +1,6 @@
 #include "view/controls/Text.h"
 
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/text/TextLabel.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

@@ -1,7 +1,7 @@
 #include "view/controls/TextField.h"
 
 #include "diagnostics/Fault.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

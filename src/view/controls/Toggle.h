@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/values/Binding.h"
 #include "view/values/View.h"
 

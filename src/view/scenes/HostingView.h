@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "kit/controls/Pane.h"
+#include "kit/controls/containers/Pane.h"
 #include "view/tree/MountedTree.h"
 #include "view/values/View.h"
 

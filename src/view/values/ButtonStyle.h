@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 #include "kit/turn/Action.h"
 #include "view/values/View.h"
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -6,10 +6,10 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "kit/control/Window.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/text/TextField.h"
 
 /// What stands for an entry of a toolbar on the screen.
 @interface NSObject (TWToolbarButton)

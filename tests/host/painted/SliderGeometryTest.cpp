@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "kit/Printing.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::host_painted {
 namespace {

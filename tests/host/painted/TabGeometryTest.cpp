@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "kit/Printing.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 namespace tarnwell::host_painted {
 namespace {

@@ -13,8 +13,8 @@
 #include "host/qt/look/Conversions.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/control/Window.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::host_qt::driver {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "kit/Responder.h"
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::kit {
 namespace {

@@ -5,17 +5,17 @@
 #include <functional>
 
 #include "kit/ShownControl.h"
-#include "kit/controls/Box.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/SymbolView.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/containers/Box.h"
+#include "kit/controls/containers/ScrollArea.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/SymbolView.h"
+#include "kit/controls/text/TextField.h"
+#include "kit/controls/text/TextLabel.h"
 #include "kit/turn/Turn.h"
 
 namespace tarnwell::kit {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "kit/ShownControl.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/text/TextField.h"
 #include "kit/turn/Turn.h"
 
 namespace tarnwell::kit {

@@ -1,8 +1,8 @@
 #include "kit/application/ApplicationTest.h"
 
 #include "kit/control/Window.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::kit {
 namespace {

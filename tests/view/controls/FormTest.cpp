@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "kit/controls/Button.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/containers/ScrollArea.h"
+#include "kit/controls/text/TextLabel.h"
 #include "view/Block.h"
 #include "view/Counter.h"
 #include "view/Stage.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 #include "view/Block.h"
 #include "view/Stage.h"
 #include "view/controls/ScrollView.h"

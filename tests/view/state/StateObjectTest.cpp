@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"
 #include "view/controls/Toggle.h"

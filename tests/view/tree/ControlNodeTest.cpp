@@ -5,11 +5,11 @@
 #include <limits>
 
 #include "host/headless/PointNumberFormat.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/ProgressBar.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/ranges/ProgressBar.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
 #include "view/controls/Button.h"

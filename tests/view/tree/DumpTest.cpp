@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fixtures/ExpectDump.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
 #include "view/controls/Form.h"

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
 #include "view/Stage.h"
 #include "view/controls/Button.h"
 #include "view/controls/Picker.h"

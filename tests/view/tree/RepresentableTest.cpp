@@ -4,8 +4,8 @@
 
 #include <numbers>
 
-#include "kit/controls/Button.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/ranges/Slider.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"
 #include "view/layout/Stack.h"

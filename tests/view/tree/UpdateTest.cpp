@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/text/TextLabel.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
 #include "view/controls/Text.h"

@@ -1,6 +1,6 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -2,7 +2,7 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "kit/control/Window.h"
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -1,7 +1,7 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/FlippedView.h"
-#include "kit/controls/Pane.h"
+#include "kit/controls/containers/Pane.h"
 
 namespace tarnwell::host_macos {
 namespace {

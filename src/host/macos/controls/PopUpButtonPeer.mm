@@ -2,7 +2,7 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/Symbols.h"
-#include "kit/controls/PopUpButton.h"
+#include "kit/controls/choices/PopUpButton.h"
 
 namespace tarnwell::host_macos {
 namespace {

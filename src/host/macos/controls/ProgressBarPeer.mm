@@ -1,6 +1,6 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
-#include "kit/controls/ProgressBar.h"
+#include "kit/controls/ranges/ProgressBar.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -4,7 +4,7 @@
 #include "host/macos/controls/RichTextString.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 using tarnwell::host_macos::reportAfterCommit;
 namespace kit = tarnwell::kit;

@@ -2,7 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 namespace tarnwell::host_macos {
 

@@ -3,7 +3,7 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/FlippedView.h"
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -1,7 +1,7 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 using tarnwell::host_macos::toNSRect;
 using tarnwell::host_macos::toRect;

@@ -2,7 +2,7 @@
 
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
-#include "kit/controls/Stepper.h"
+#include "kit/controls/ranges/Stepper.h"
 
 namespace tarnwell::host_macos {
 namespace {

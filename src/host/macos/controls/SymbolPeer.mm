@@ -2,7 +2,7 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Symbols.h"
 #include "host/macos/look/TextLook.h"
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 
 namespace tarnwell::host_macos {
 namespace {

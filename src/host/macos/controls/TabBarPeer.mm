@@ -3,7 +3,7 @@
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/Retained.h"
 #include "host/macos/look/Symbols.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 using tarnwell::host_macos::imageOf;
 using tarnwell::host_macos::toNSString;

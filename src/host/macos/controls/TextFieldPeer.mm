@@ -5,7 +5,7 @@
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/TextLook.h"
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 using tarnwell::host_macos::toString;
 namespace kit = tarnwell::kit;

@@ -4,7 +4,7 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/TextLook.h"
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/text/TextLabel.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -1,7 +1,7 @@
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 
 namespace tarnwell::host_macos {
 namespace {

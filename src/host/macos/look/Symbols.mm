@@ -1,7 +1,7 @@
 #include "host/macos/look/Symbols.h"
 
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 
 namespace tarnwell::host_macos {
 

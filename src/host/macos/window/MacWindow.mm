@@ -5,7 +5,7 @@
 #include "host/macos/look/FlippedView.h"
 #include "kit/application/Application.h"
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 using tarnwell::host_macos::toString;
 using tarnwell::host_macos::ViewPeer;

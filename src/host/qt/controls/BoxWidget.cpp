@@ -4,7 +4,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -6,7 +6,7 @@
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -1,6 +1,6 @@
 #include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ControlWidgets.h"
-#include "kit/controls/Pane.h"
+#include "kit/controls/containers/Pane.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/qt/control/WidgetPeer.h"
-#include "kit/controls/PopUpButton.h"
+#include "kit/controls/choices/PopUpButton.h"
 
 namespace tarnwell::host_qt {
 

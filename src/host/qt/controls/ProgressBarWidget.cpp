@@ -5,7 +5,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/ProgressBar.h"
+#include "kit/controls/ranges/ProgressBar.h"
 
 namespace tarnwell::host_qt {
 namespace {

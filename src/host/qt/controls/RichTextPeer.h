@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/qt/control/WidgetPeer.h"
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 namespace tarnwell::host_qt {
 

@@ -6,7 +6,7 @@
 #include "host/qt/control/ControlWidget.h"
 #include "host/qt/controls/ScrollBarOverlay.h"
 #include "host/qt/look/Conversions.h"
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -11,7 +11,7 @@
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -7,7 +7,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/Stepper.h"
+#include "kit/controls/ranges/Stepper.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,7 +5,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/ApplicationIcon.h"
 #include "host/qt/look/Theme.h"
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 
 namespace tarnwell::host_qt {
 namespace {

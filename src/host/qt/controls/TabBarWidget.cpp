@@ -13,7 +13,7 @@
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 namespace tarnwell::host_qt {
 namespace {

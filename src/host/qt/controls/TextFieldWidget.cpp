@@ -13,7 +13,7 @@
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/menus/ThemedMenu.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -5,7 +5,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/text/TextLabel.h"
 
 namespace tarnwell::host_qt {
 namespace {

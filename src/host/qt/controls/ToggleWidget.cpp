@@ -7,7 +7,7 @@
 #include "host/qt/look/Drawing.h"
 #include "host/qt/look/Theme.h"
 #include "host/qt/look/WrappedText.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <QtCore/QRectF>
 #include <QtGui/QColor>
 
-#include "kit/controls/PopUpButton.h"
+#include "kit/controls/choices/PopUpButton.h"
 
 class QPainter;
 

@@ -9,7 +9,7 @@
 #include "host/qt/controls/ScrollAreaPeer.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/control/Window.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::host_qt {
 namespace {

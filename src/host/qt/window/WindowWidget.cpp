@@ -11,9 +11,9 @@
 #include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/control/Window.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -7,8 +7,8 @@
 #include "host/macos/Stage.h"
 #include "host/macos/ViewDriver.h"
 #include "kit/control/Window.h"
-#include "kit/controls/Button.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::host_macos {
 namespace {

@@ -12,9 +12,9 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
-#include "kit/controls/Box.h"
-#include "kit/controls/ScrollArea.h"
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/containers/Box.h"
+#include "kit/controls/containers/ScrollArea.h"
+#include "kit/controls/text/SymbolView.h"
 
 namespace tarnwell::host_qt {
 namespace {

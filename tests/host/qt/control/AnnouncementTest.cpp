@@ -7,7 +7,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/control/Announcement.h"
 #include "host/qt/controls/Controls.h"
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

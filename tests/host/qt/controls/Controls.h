@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-#include "kit/controls/Button.h"
-#include "kit/controls/PopUpButton.h"
-#include "kit/controls/Slider.h"
-#include "kit/controls/Stepper.h"
-#include "kit/controls/TabBar.h"
-#include "kit/controls/TextField.h"
-#include "kit/controls/TextLabel.h"
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Button.h"
+#include "kit/controls/buttons/Toggle.h"
+#include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
+#include "kit/controls/ranges/Slider.h"
+#include "kit/controls/ranges/Stepper.h"
+#include "kit/controls/text/TextField.h"
+#include "kit/controls/text/TextLabel.h"
 
 namespace tarnwell::host_qt {
 

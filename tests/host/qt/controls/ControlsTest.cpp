@@ -12,8 +12,8 @@
 #include "host/qt/Stage.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/controls/Controls.h"
-#include "kit/controls/ProgressBar.h"
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
+#include "kit/controls/ranges/ProgressBar.h"
 
 namespace tarnwell::host_qt {
 namespace {

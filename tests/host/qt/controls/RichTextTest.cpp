@@ -1,4 +1,4 @@
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/Controls.h"
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -1,4 +1,4 @@
-#include "kit/controls/Toggle.h"
+#include "kit/controls/buttons/Toggle.h"
 
 #include <gtest/gtest.h>
 

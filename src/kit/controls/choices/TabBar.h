@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/controls/ChoiceControl.h"
+#include "kit/controls/choices/ChoiceControl.h"
 
 namespace tarnwell::kit {
 

@@ -1,4 +1,4 @@
-#include "kit/controls/TabBar.h"
+#include "kit/controls/choices/TabBar.h"
 
 namespace tarnwell::kit {
 

@@ -1,4 +1,4 @@
-#include "kit/controls/Slider.h"
+#include "kit/controls/ranges/Slider.h"
 
 #include <algorithm>
 #include <cmath>

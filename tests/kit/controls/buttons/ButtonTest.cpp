@@ -1,4 +1,4 @@
-#include "kit/controls/Button.h"
+#include "kit/controls/buttons/Button.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 #include <gtest/gtest.h>
 

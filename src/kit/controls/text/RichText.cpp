@@ -1,4 +1,4 @@
-#include "kit/controls/RichText.h"
+#include "kit/controls/text/RichText.h"
 
 namespace tarnwell::kit {
 

@@ -1,4 +1,4 @@
-#include "kit/controls/PopUpButton.h"
+#include "kit/controls/choices/PopUpButton.h"
 
 #include <gtest/gtest.h>
 

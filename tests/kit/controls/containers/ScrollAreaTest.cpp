@@ -1,4 +1,4 @@
-#include "kit/controls/ScrollArea.h"
+#include "kit/controls/containers/ScrollArea.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kit/controls/TextLabel.h"
+#include "kit/controls/text/TextLabel.h"
 
 #include <gtest/gtest.h>
 

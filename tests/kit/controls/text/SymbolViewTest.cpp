@@ -1,4 +1,4 @@
-#include "kit/controls/SymbolView.h"
+#include "kit/controls/text/SymbolView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kit/controls/TextField.h"
+#include "kit/controls/text/TextField.h"
 
 #include <utility>
 

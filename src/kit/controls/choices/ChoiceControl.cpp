@@ -1,4 +1,4 @@
-#include "kit/controls/ChoiceControl.h"
+#include "kit/controls/choices/ChoiceControl.h"
 
 #include <algorithm>
 #include <utility>

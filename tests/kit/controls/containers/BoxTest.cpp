@@ -1,4 +1,4 @@
-#include "kit/controls/Box.h"
+#include "kit/controls/containers/Box.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kit/controls/Stepper.h"
+#include "kit/controls/ranges/Stepper.h"
 
 #include <gtest/gtest.h>
 

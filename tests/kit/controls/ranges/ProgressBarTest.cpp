@@ -1,4 +1,4 @@
-#include "kit/controls/ProgressBar.h"
+#include "kit/controls/ranges/ProgressBar.h"
 
 #include <gtest/gtest.h>
 
