@@ -4,8 +4,8 @@
 
 #include "kit/application/Platform.h"
 #include "kit/controls/text/SymbolView.h"
-#include "view/controls/Symbol.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Symbol.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 #include "view/scenes/Panel.h"
 

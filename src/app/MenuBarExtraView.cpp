@@ -4,9 +4,9 @@
 #include "app/ProductLink.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
-#include "view/controls/Button.h"
-#include "view/controls/Divider.h"
-#include "view/controls/Text.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/containers/Divider.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Group.h"
 
 namespace tarnwell::app {

@@ -1,6 +1,6 @@
 #include "app/ProductLink.h"
 
-#include "view/controls/Link.h"
+#include "view/controls/buttons/Link.h"
 
 namespace tarnwell::app {
 

@@ -4,7 +4,7 @@
 #include "kit/application/Application.h"
 #include "kit/control/Window.h"
 #include "updates/GeneralView.h"
-#include "view/controls/TabView.h"
+#include "view/controls/choices/TabView.h"
 #include "view/scenes/SceneRunner.h"
 
 namespace tarnwell::app {

@@ -3,7 +3,7 @@
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
 #include "kit/application/SettingsShortcut.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::app {
 

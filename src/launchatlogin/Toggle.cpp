@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "view/controls/Label.h"
-#include "view/controls/LabeledRow.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/containers/LabeledRow.h"
+#include "view/controls/text/Label.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::launchatlogin {
 namespace {

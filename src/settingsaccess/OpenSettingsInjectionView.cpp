@@ -2,7 +2,7 @@
 
 #include "kit/application/Platform.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
-#include "view/controls/SettingsLink.h"
+#include "view/controls/buttons/SettingsLink.h"
 #include "view/layout/Group.h"
 #include "view/layout/Spacer.h"
 

@@ -1,7 +1,7 @@
 #include "settingsaccess/PrePostActionsButtonStyle.h"
 
 #include "kit/application/Platform.h"
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 
 namespace tarnwell::settingsaccess {
 namespace {

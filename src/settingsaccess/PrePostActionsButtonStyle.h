@@ -4,8 +4,8 @@
 
 #include "kit/application/Application.h"
 #include "kit/turn/Action.h"
+#include "view/controls/buttons/ButtonStyle.h"
 #include "view/values/Binding.h"
-#include "view/values/ButtonStyle.h"
 #include "view/values/View.h"
 
 namespace tarnwell::settingsaccess {

@@ -3,8 +3,8 @@
 #include "kit/application/Platform.h"
 #include "settingsaccess/LegacyOpener.h"
 #include "settingsaccess/PrePostActionsButtonStyle.h"
-#include "view/controls/Button.h"
-#include "view/controls/SettingsLink.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/buttons/SettingsLink.h"
 
 namespace tarnwell::settingsaccess {
 

@@ -1,6 +1,6 @@
 #include "updates/CheckForUpdatesView.h"
 
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 
 namespace tarnwell::updates {
 

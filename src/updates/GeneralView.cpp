@@ -2,11 +2,11 @@
 
 #include "launchatlogin/Toggle.h"
 #include "updates/CheckForUpdatesView.h"
-#include "view/controls/Form.h"
-#include "view/controls/LabeledRow.h"
-#include "view/controls/Section.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/containers/Form.h"
+#include "view/controls/containers/LabeledRow.h"
+#include "view/controls/containers/Section.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::updates {
 namespace {

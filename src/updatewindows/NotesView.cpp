@@ -2,9 +2,9 @@
 
 #include "release/text/WebAddress.h"
 #include "updatewindows/UpdateView.h"
-#include "view/controls/Link.h"
-#include "view/controls/RichText.h"
-#include "view/controls/ScrollView.h"
+#include "view/controls/buttons/Link.h"
+#include "view/controls/containers/ScrollView.h"
+#include "view/controls/text/RichText.h"
 
 namespace tarnwell::updatewindows {
 namespace {

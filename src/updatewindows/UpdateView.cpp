@@ -1,9 +1,9 @@
 #include "updatewindows/UpdateView.h"
 
 #include "kit/controls/text/SymbolView.h"
-#include "view/controls/Button.h"
-#include "view/controls/Symbol.h"
-#include "view/controls/Text.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/text/Symbol.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::updatewindows {

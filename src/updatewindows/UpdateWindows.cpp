@@ -7,9 +7,9 @@
 #include "release/text/PlainLine.h"
 #include "updateclient/ByteCount.h"
 #include "updatewindows/NotesView.h"
-#include "view/controls/ProgressBar.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/ranges/ProgressBar.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::updatewindows {

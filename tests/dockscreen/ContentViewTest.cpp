@@ -7,7 +7,7 @@
 #include "fixtures/DockCommands.h"
 #include "fixtures/StandardOutputCapture.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::dockscreen {
 namespace {

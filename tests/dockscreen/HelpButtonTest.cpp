@@ -4,7 +4,7 @@
 
 #include "host/headless/HeadlessHost.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::dockscreen {
 namespace {

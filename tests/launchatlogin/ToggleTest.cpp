@@ -6,8 +6,8 @@
 #include "kit/application/Application.h"
 #include "kit/controls/buttons/Toggle.h"
 #include "view/Dump.h"
-#include "view/controls/Label.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Label.h"
+#include "view/controls/text/Text.h"
 #include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::launchatlogin {

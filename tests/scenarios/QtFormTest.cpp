@@ -7,9 +7,9 @@
 #include "host/qt/WidgetDriver.h"
 #include "kit/controls/containers/Box.h"
 #include "view/Counter.h"
-#include "view/controls/Form.h"
-#include "view/controls/Section.h"
-#include "view/controls/Text.h"
+#include "view/controls/containers/Form.h"
+#include "view/controls/containers/Section.h"
+#include "view/controls/text/Text.h"
 #include "view/scenes/HostedWindow.h"
 
 namespace tarnwell::scenarios {

@@ -4,7 +4,7 @@
 #include <string>
 #include <tuple>
 
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 #include "view/state/State.h"
 #include "view/tree/Composite.h"
 

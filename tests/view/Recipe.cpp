@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "view/controls/Button.h"
-#include "view/controls/Form.h"
-#include "view/controls/Label.h"
-#include "view/controls/LabeledRow.h"
-#include "view/controls/Section.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/containers/Form.h"
+#include "view/controls/containers/LabeledRow.h"
+#include "view/controls/containers/Section.h"
+#include "view/controls/text/Label.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "kit/application/Platform.h"
-#include "view/controls/SettingsLink.h"
+#include "view/controls/buttons/SettingsLink.h"
 
 namespace tarnwell::view {
 namespace {

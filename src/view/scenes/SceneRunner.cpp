@@ -5,7 +5,7 @@
 
 #include "kit/application/Platform.h"
 #include "kit/host/Host.h"
-#include "view/controls/SettingsLink.h"
+#include "view/controls/buttons/SettingsLink.h"
 #include "view/tree/MountedNode.h"
 
 namespace tarnwell::view {

@@ -3,8 +3,8 @@
 #include "kit/controls/containers/ScrollArea.h"
 #include "view/Block.h"
 #include "view/Stage.h"
-#include "view/controls/ScrollView.h"
-#include "view/controls/Text.h"
+#include "view/controls/containers/ScrollView.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 

@@ -4,10 +4,10 @@
 
 #include "view/Block.h"
 #include "view/Stage.h"
-#include "view/controls/Form.h"
-#include "view/controls/LabeledRow.h"
-#include "view/controls/Section.h"
-#include "view/controls/Text.h"
+#include "view/controls/containers/Form.h"
+#include "view/controls/containers/LabeledRow.h"
+#include "view/controls/containers/Section.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 

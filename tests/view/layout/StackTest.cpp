@@ -4,7 +4,7 @@
 
 #include "view/Block.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 
 namespace tarnwell::view {

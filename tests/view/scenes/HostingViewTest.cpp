@@ -7,7 +7,7 @@
 #include "view/Block.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"
 #include "view/tree/Representable.h"

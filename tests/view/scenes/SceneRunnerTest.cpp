@@ -6,9 +6,9 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "view/Counter.h"
-#include "view/controls/Button.h"
-#include "view/controls/SettingsLink.h"
-#include "view/controls/Text.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/buttons/SettingsLink.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::view {
 namespace {

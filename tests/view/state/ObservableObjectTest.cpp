@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"
 

@@ -6,8 +6,8 @@
 
 #include "kit/controls/buttons/Toggle.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"
 

@@ -2,7 +2,7 @@
 
 #include "view/Counter.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"

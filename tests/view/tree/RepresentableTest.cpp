@@ -7,7 +7,7 @@
 #include "kit/controls/buttons/Button.h"
 #include "kit/controls/ranges/Slider.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::view {

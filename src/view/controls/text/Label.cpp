@@ -1,8 +1,8 @@
-#include "view/controls/Label.h"
+#include "view/controls/text/Label.h"
 
 #include "kit/controls/text/SymbolView.h"
-#include "view/controls/Symbol.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Symbol.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 
 namespace tarnwell::view {

@@ -1,11 +1,11 @@
-#include "view/controls/LabeledRow.h"
+#include "view/controls/containers/LabeledRow.h"
 
 #include <algorithm>
 
 #include "kit/controls/buttons/Toggle.h"
-#include "view/controls/Label.h"
+#include "view/controls/containers/FormMetrics.h"
+#include "view/controls/text/Label.h"
 #include "view/tree/MountedNode.h"
-#include "view/values/FormMetrics.h"
 
 namespace tarnwell::view {
 namespace {

@@ -1,4 +1,4 @@
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 
 #include "kit/controls/text/TextLabel.h"
 #include "view/tree/ControlNode.h"

@@ -1,6 +1,6 @@
-#include "view/controls/Picker.h"
+#include "view/controls/choices/Picker.h"
 
-#include "view/controls/ChoiceNode.h"
+#include "view/controls/choices/ChoiceNode.h"
 
 namespace tarnwell::view {
 namespace {

@@ -1,6 +1,6 @@
-#include "view/controls/Link.h"
+#include "view/controls/buttons/Link.h"
 
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 
 namespace tarnwell::view {
 

@@ -1,8 +1,8 @@
-#include "view/controls/TabView.h"
+#include "view/controls/choices/TabView.h"
 
 #include <algorithm>
 
-#include "view/controls/ChoiceNode.h"
+#include "view/controls/choices/ChoiceNode.h"
 #include "view/layout/Spacer.h"
 #include "view/tree/MountedTree.h"
 

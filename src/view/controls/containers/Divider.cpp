@@ -1,4 +1,4 @@
-#include "view/controls/Divider.h"
+#include "view/controls/containers/Divider.h"
 
 #include "diagnostics/Fault.h"
 #include "view/tree/MenuItemNode.h"

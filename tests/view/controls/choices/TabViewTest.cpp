@@ -1,4 +1,4 @@
-#include "view/controls/TabView.h"
+#include "view/controls/choices/TabView.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include "view/Block.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
-#include "view/controls/Text.h"
+#include "view/controls/text/Text.h"
 
 namespace tarnwell::view {
 namespace {

@@ -1,4 +1,4 @@
-#include "view/controls/Symbol.h"
+#include "view/controls/text/Symbol.h"
 
 #include "kit/controls/text/SymbolView.h"
 #include "view/tree/ControlNode.h"

@@ -1,9 +1,9 @@
-#include "view/controls/ScrollView.h"
+#include "view/controls/containers/ScrollView.h"
 
 #include <algorithm>
 
 #include "kit/controls/containers/Box.h"
-#include "view/controls/ScrollAreaNode.h"
+#include "view/controls/containers/ScrollAreaNode.h"
 #include "view/tree/ControlNode.h"
 
 namespace tarnwell::view {

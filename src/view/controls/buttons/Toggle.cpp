@@ -1,4 +1,4 @@
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
 
 #include "view/tree/ControlNode.h"
 

@@ -1,4 +1,4 @@
-#include "view/controls/Form.h"
+#include "view/controls/containers/Form.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +9,15 @@
 #include "view/Block.h"
 #include "view/Counter.h"
 #include "view/Stage.h"
-#include "view/controls/Label.h"
-#include "view/controls/LabeledRow.h"
-#include "view/controls/Section.h"
-#include "view/controls/Symbol.h"
-#include "view/controls/Text.h"
-#include "view/controls/Toggle.h"
+#include "view/controls/buttons/Toggle.h"
+#include "view/controls/containers/FormMetrics.h"
+#include "view/controls/containers/LabeledRow.h"
+#include "view/controls/containers/Section.h"
+#include "view/controls/text/Label.h"
+#include "view/controls/text/Symbol.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Stack.h"
 #include "view/tree/Composite.h"
-#include "view/values/FormMetrics.h"
 
 namespace tarnwell::view {
 namespace {

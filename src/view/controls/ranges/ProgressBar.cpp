@@ -1,4 +1,4 @@
-#include "view/controls/ProgressBar.h"
+#include "view/controls/ranges/ProgressBar.h"
 
 #include "kit/controls/ranges/ProgressBar.h"
 #include "view/tree/ControlNode.h"

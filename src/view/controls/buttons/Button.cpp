@@ -1,12 +1,12 @@
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 
-#include "view/controls/Text.h"
+#include "view/controls/buttons/ButtonStyle.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/tree/ControlNode.h"
 #include "view/tree/MenuItemNode.h"
 #include "view/tree/MountedTree.h"
 #include "view/tree/PassThroughNode.h"
-#include "view/values/ButtonStyle.h"
 
 namespace tarnwell::view {
 namespace {

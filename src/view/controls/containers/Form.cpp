@@ -1,9 +1,9 @@
-#include "view/controls/Form.h"
+#include "view/controls/containers/Form.h"
 
 #include <algorithm>
 
-#include "view/controls/ScrollAreaNode.h"
-#include "view/values/FormMetrics.h"
+#include "view/controls/containers/FormMetrics.h"
+#include "view/controls/containers/ScrollAreaNode.h"
 
 namespace tarnwell::view {
 namespace {

@@ -1,4 +1,4 @@
-#include "view/controls/RichText.h"
+#include "view/controls/text/RichText.h"
 
 #include "view/values/EnvironmentKeys.h"
 

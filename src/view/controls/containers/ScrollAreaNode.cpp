@@ -1,4 +1,4 @@
-#include "view/controls/ScrollAreaNode.h"
+#include "view/controls/containers/ScrollAreaNode.h"
 
 #include "kit/host/Host.h"
 #include "view/tree/MountedTree.h"

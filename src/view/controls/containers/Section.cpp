@@ -1,13 +1,13 @@
-#include "view/controls/Section.h"
+#include "view/controls/containers/Section.h"
 
 #include <algorithm>
 
 #include "kit/controls/containers/Box.h"
 #include "kit/host/Host.h"
 #include "kit/turn/Turn.h"
+#include "view/controls/containers/FormMetrics.h"
 #include "view/tree/MountedNode.h"
 #include "view/tree/MountedTree.h"
-#include "view/values/FormMetrics.h"
 
 namespace tarnwell::view {
 namespace {

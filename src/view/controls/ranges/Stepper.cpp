@@ -1,4 +1,4 @@
-#include "view/controls/Stepper.h"
+#include "view/controls/ranges/Stepper.h"
 
 #include "view/tree/ControlNode.h"
 

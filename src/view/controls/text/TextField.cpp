@@ -1,4 +1,4 @@
-#include "view/controls/TextField.h"
+#include "view/controls/text/TextField.h"
 
 #include "diagnostics/Fault.h"
 #include "kit/controls/text/TextField.h"

@@ -1,6 +1,6 @@
-#include "view/controls/SettingsLink.h"
+#include "view/controls/buttons/SettingsLink.h"
 
-#include "view/controls/Button.h"
+#include "view/controls/buttons/Button.h"
 
 namespace tarnwell::view {
 

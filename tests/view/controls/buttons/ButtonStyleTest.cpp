@@ -1,10 +1,10 @@
-#include "view/values/ButtonStyle.h"
+#include "view/controls/buttons/ButtonStyle.h"
 
 #include <gtest/gtest.h>
 
 #include "view/Stage.h"
-#include "view/controls/Button.h"
-#include "view/controls/Text.h"
+#include "view/controls/buttons/Button.h"
+#include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
 
