@@ -9,8 +9,8 @@
 #include "host/linux/LaunchArguments.h"
 #include "host/linux/RunningAppImage.h"
 #include "host/linux/StartProgram.h"
-#include "host/qt/DesktopServices.h"
-#include "host/qt/SingleInstance.h"
+#include "host/qt/platform/DesktopServices.h"
+#include "host/qt/platform/SingleInstance.h"
 
 namespace tarnwell {
 namespace {

@@ -3,8 +3,8 @@
 #include "host/headless/HeadlessLog.h"
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/Journal.h"
-#include "host/qt/QtApplication.h"
-#include "host/qt/QtPlatform.h"
+#include "host/qt/platform/QtApplication.h"
+#include "host/qt/platform/QtPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/turn/ClassRegistry.h"
 

@@ -5,7 +5,7 @@
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
-#include "host/qt/controls/ScrollBarOverlay.h"
+#include "host/qt/controls/containers/ScrollBarOverlay.h"
 #include "host/qt/session/FakePortal.h"
 #include "host/qt/tray/PanelThread.h"
 #include "host/qt/tray/TrayNotice.h"

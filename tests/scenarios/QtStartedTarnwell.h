@@ -14,7 +14,7 @@
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/HeadlessUpdater.h"
 #include "host/headless/Journal.h"
-#include "host/qt/QtPlatform.h"
+#include "host/qt/platform/QtPlatform.h"
 
 namespace tarnwell::scenarios {
 

@@ -7,7 +7,7 @@
 #include "host/headless/HeadlessLog.h"
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/Journal.h"
-#include "host/qt/QtPlatform.h"
+#include "host/qt/platform/QtPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/control/Control.h"
 #include "kit/control/Window.h"

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "fixtures/WaitFor.h"
-#include "host/qt/QtApplication.h"
 #include "host/qt/WidgetDriver.h"
+#include "host/qt/platform/QtApplication.h"
 
 namespace tarnwell::host_qt {
 namespace {

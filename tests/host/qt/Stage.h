@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/qt/QtHost.h"
+#include "host/qt/platform/QtHost.h"
 #include "kit/control/Control.h"
 #include "kit/control/Window.h"
 

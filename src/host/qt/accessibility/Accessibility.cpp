@@ -7,7 +7,7 @@
 #include "host/qt/accessibility/AccessibleControl.h"
 #include "host/qt/control/Announcement.h"
 #include "host/qt/control/ControlLink.h"
-#include "host/qt/controls/ScrollBarOverlay.h"
+#include "host/qt/controls/containers/ScrollBarOverlay.h"
 #include "host/qt/window/WindowWidget.h"
 #include "kit/control/Control.h"
 

@@ -3,7 +3,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
-#include "host/qt/look/Container.h"
+#include "host/qt/control/Container.h"
 #include "kit/host/Peer.h"
 
 namespace tarnwell::kit {

@@ -6,7 +6,7 @@
 #include <QtWidgets/QMenuBar>
 
 #include "host/qt/control/ControlLink.h"
-#include "host/qt/controls/ScrollAreaPeer.h"
+#include "host/qt/controls/containers/ScrollAreaPeer.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/control/Window.h"
 #include "kit/controls/text/TextField.h"

@@ -4,7 +4,7 @@
 #include <QtWidgets/QWidget>
 #include <functional>
 
-#include "host/qt/look/Container.h"
+#include "host/qt/control/Container.h"
 #include "kit/host/KeyEvent.h"
 #include "kit/host/WindowPeer.h"
 

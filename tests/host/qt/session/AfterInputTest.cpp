@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "fixtures/EnvironmentScope.h"
-#include "host/qt/QtApplication.h"
+#include "host/qt/platform/QtApplication.h"
 #include "host/qt/session/X11Display.h"
 
 namespace tarnwell::host_qt {

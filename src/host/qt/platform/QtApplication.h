@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/qt/QtHost.h"
+#include "host/qt/platform/QtHost.h"
 #include "kit/turn/Subscription.h"
 #include "system/processes/ChildReaper.h"
 

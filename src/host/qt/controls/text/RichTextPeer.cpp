@@ -1,4 +1,4 @@
-#include "host/qt/controls/RichTextPeer.h"
+#include "host/qt/controls/text/RichTextPeer.h"
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QAccessible>
@@ -19,7 +19,7 @@
 
 #include "host/painted/ControlMetrics.h"
 #include "host/qt/control/ControlWidget.h"
-#include "host/qt/controls/ScrollAreaPeer.h"
+#include "host/qt/controls/containers/ScrollAreaPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Theme.h"
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "host/qt/QtApplication.h"
+#include "host/qt/platform/QtApplication.h"
 #include "host/qt/session/PortalSettings.h"
 #include "host/qt/session/StartupBarrier.h"
 #include "host/qt/tray/TrayWatch.h"

@@ -1,4 +1,4 @@
-#include "host/qt/controls/PopUpButtonPeer.h"
+#include "host/qt/controls/choices/PopUpButtonPeer.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QBitmap>

@@ -1,4 +1,4 @@
-#include "host/qt/controls/ScrollBarOverlay.h"
+#include "host/qt/controls/containers/ScrollBarOverlay.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>

@@ -1,4 +1,4 @@
-#include "host/qt/QtApplication.h"
+#include "host/qt/platform/QtApplication.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "diagnostics/Console.h"
-#include "host/qt/QtApplication.h"
-#include "host/qt/SingleInstance.h"
+#include "host/qt/platform/QtApplication.h"
+#include "host/qt/platform/SingleInstance.h"
 
 int main(int argc, char** argv) {
   using tarnwell::diagnostics::printLine;

@@ -1,11 +1,11 @@
-#include "host/qt/DesktopServices.h"
+#include "host/qt/platform/DesktopServices.h"
 
 #include <utility>
 
 #include "host/linux/IcuNumberFormat.h"
 #include "host/linux/NumberLocale.h"
 #include "host/linux/RunningAppImage.h"
-#include "host/qt/DesktopUpdater.h"
+#include "host/qt/platform/DesktopUpdater.h"
 #include "installation/LaunchedAtLogin.h"
 
 namespace tarnwell::host_qt {

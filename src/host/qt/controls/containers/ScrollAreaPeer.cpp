@@ -1,10 +1,10 @@
-#include "host/qt/controls/ScrollAreaPeer.h"
+#include "host/qt/controls/containers/ScrollAreaPeer.h"
 
 #include <QtGui/QWheelEvent>
 #include <cmath>
 
 #include "host/qt/control/ControlWidget.h"
-#include "host/qt/controls/ScrollBarOverlay.h"
+#include "host/qt/controls/containers/ScrollBarOverlay.h"
 #include "host/qt/look/Conversions.h"
 #include "kit/controls/containers/ScrollArea.h"
 

@@ -1,11 +1,11 @@
-#include "host/qt/SingleInstance.h"
+#include "host/qt/platform/SingleInstance.h"
 
 #include <QtCore/QCoreApplication>
 #include <utility>
 
 #include "diagnostics/Console.h"
-#include "host/qt/QtApplication.h"
 #include "host/qt/bus/SessionBus.h"
+#include "host/qt/platform/QtApplication.h"
 #include "host/qt/session/ActivationToken.h"
 #include "host/qt/session/AfterInput.h"
 

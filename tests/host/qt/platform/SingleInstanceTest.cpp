@@ -1,4 +1,4 @@
-#include "host/qt/SingleInstance.h"
+#include "host/qt/platform/SingleInstance.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,9 +14,9 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
-#include "host/qt/QtApplication.h"
 #include "host/qt/bus/PrivateBus.h"
 #include "host/qt/bus/SessionBus.h"
+#include "host/qt/platform/QtApplication.h"
 
 namespace tarnwell::host_qt {
 namespace {

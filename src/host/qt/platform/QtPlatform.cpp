@@ -1,4 +1,4 @@
-#include "host/qt/QtPlatform.h"
+#include "host/qt/platform/QtPlatform.h"
 
 #include <QtCore/QThread>
 #include <QtGui/QWindow>

@@ -1,4 +1,4 @@
-#include "host/qt/look/Container.h"
+#include "host/qt/control/Container.h"
 
 #include "diagnostics/Fault.h"
 #include "kit/host/Peer.h"

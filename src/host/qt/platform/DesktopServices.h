@@ -3,7 +3,7 @@
 #include "host/linux/JournalLog.h"
 #include "host/linux/ProcessSetup.h"
 #include "host/linux/XdgLoginItem.h"
-#include "host/qt/QtPlatform.h"
+#include "host/qt/platform/QtPlatform.h"
 #include "updateclient/settings/UpdateSource.h"
 
 namespace tarnwell::host_qt {

@@ -1,4 +1,4 @@
-#include "host/qt/QtHost.h"
+#include "host/qt/platform/QtHost.h"
 
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QApplication>
@@ -7,9 +7,9 @@
 #include "host/qt/accessibility/Accessibility.h"
 #include "host/qt/control/ControlLink.h"
 #include "host/qt/controls/ControlWidgets.h"
-#include "host/qt/controls/PopUpButtonPeer.h"
-#include "host/qt/controls/RichTextPeer.h"
-#include "host/qt/controls/ScrollAreaPeer.h"
+#include "host/qt/controls/choices/PopUpButtonPeer.h"
+#include "host/qt/controls/containers/ScrollAreaPeer.h"
+#include "host/qt/controls/text/RichTextPeer.h"
 #include "host/qt/look/WrappedText.h"
 #include "host/qt/window/WindowPeer.h"
 #include "kit/controls/buttons/Button.h"

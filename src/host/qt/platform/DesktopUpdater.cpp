@@ -1,4 +1,4 @@
-#include "host/qt/DesktopUpdater.h"
+#include "host/qt/platform/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
 #include "host/linux/RunningAppImage.h"
