@@ -1,8 +1,8 @@
 #include <cmath>
 
 #include "host/macos/controls/ControlPeers.h"
-#include "host/macos/controls/RichTextString.h"
 #include "host/macos/controls/ViewPeer.h"
+#include "host/macos/controls/text/RichTextString.h"
 #include "host/macos/look/Conversions.h"
 #include "kit/controls/text/RichText.h"
 

@@ -1,4 +1,4 @@
-#include "host/macos/controls/RichTextString.h"
+#include "host/macos/controls/text/RichTextString.h"
 
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/TextLook.h"
