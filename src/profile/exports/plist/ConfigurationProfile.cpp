@@ -1,7 +1,7 @@
 #include "profile/exports/Formats.h"
-#include "profile/exports/Identifier.h"
 #include "profile/exports/Notes.h"
-#include "profile/exports/PlistText.h"
+#include "profile/exports/plist/Identifier.h"
+#include "profile/exports/plist/PlistText.h"
 
 namespace tarnwell::profile {
 namespace {

@@ -1,6 +1,6 @@
 #include "profile/exports/Formats.h"
 #include "profile/exports/Notes.h"
-#include "profile/exports/PlistText.h"
+#include "profile/exports/plist/PlistText.h"
 
 namespace tarnwell::profile {
 

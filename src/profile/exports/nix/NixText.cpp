@@ -1,4 +1,4 @@
-#include "profile/exports/NixText.h"
+#include "profile/exports/nix/NixText.h"
 
 namespace tarnwell::profile {
 

@@ -1,4 +1,4 @@
-#include "profile/exports/PlistText.h"
+#include "profile/exports/plist/PlistText.h"
 
 namespace tarnwell::profile {
 namespace {

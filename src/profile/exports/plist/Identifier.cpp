@@ -1,4 +1,4 @@
-#include "profile/exports/Identifier.h"
+#include "profile/exports/plist/Identifier.h"
 
 #include <algorithm>
 #include <array>

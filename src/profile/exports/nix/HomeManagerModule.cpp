@@ -1,6 +1,6 @@
 #include "profile/exports/Formats.h"
-#include "profile/exports/NixText.h"
 #include "profile/exports/Notes.h"
+#include "profile/exports/nix/NixText.h"
 
 namespace tarnwell::profile {
 namespace {

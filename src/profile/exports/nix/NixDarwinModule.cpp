@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "profile/exports/Formats.h"
-#include "profile/exports/NixText.h"
 #include "profile/exports/Notes.h"
+#include "profile/exports/nix/NixText.h"
 
 namespace tarnwell::profile {
 
