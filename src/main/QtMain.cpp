@@ -6,9 +6,9 @@
 #include "app/Product.h"
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "host/linux/LaunchArguments.h"
-#include "host/linux/RunningAppImage.h"
-#include "host/linux/StartProgram.h"
+#include "host/linux/start/LaunchArguments.h"
+#include "host/linux/start/RunningAppImage.h"
+#include "host/linux/start/StartProgram.h"
 #include "host/qt/platform/DesktopServices.h"
 #include "host/qt/platform/SingleInstance.h"
 

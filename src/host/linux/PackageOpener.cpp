@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "host/linux/StartProgram.h"
+#include "host/linux/start/StartProgram.h"
 
 namespace tarnwell::host_linux {
 namespace {

@@ -1,6 +1,6 @@
 #include "host/qt/bus/SessionBus.h"
 
-#include "host/linux/SessionBusAnswers.h"
+#include "host/linux/start/SessionBusAnswers.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "host/linux/IcuNumberFormat.h"
 #include "host/linux/NumberLocale.h"
-#include "host/linux/RunningAppImage.h"
+#include "host/linux/start/RunningAppImage.h"
 #include "host/qt/platform/DesktopUpdater.h"
 #include "installation/LaunchedAtLogin.h"
 

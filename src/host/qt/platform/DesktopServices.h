@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/linux/JournalLog.h"
-#include "host/linux/ProcessSetup.h"
 #include "host/linux/XdgLoginItem.h"
+#include "host/linux/start/ProcessSetup.h"
 #include "host/qt/platform/QtPlatform.h"
 #include "updateclient/settings/UpdateSource.h"
 

@@ -1,7 +1,7 @@
 #include "host/qt/platform/DesktopUpdater.h"
 
 #include "diagnostics/Console.h"
-#include "host/linux/RunningAppImage.h"
+#include "host/linux/start/RunningAppImage.h"
 #include "installation/BaseFolders.h"
 #include "installation/Programs.h"
 #include "kit/application/Application.h"

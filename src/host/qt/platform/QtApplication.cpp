@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "diagnostics/Console.h"
-#include "host/linux/StartProgram.h"
+#include "host/linux/start/StartProgram.h"
 #include "host/qt/bus/SessionBus.h"
 #include "host/qt/look/ApplicationStyle.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/linux/InstanceSocket.h"
+#include "host/linux/start/InstanceSocket.h"
 #include "host/qt/session/ApplicationService.h"
 #include "kit/application/Product.h"
 #include "kit/turn/Subscription.h"

@@ -1,4 +1,4 @@
-#include "host/linux/SessionBusAnswers.h"
+#include "host/linux/start/SessionBusAnswers.h"
 
 #include <systemd/sd-bus.h>
 

@@ -1,4 +1,4 @@
-#include "host/linux/RunningAppImage.h"
+#include "host/linux/start/RunningAppImage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/linux/StartProgram.h"
+#include "host/linux/start/StartProgram.h"
 
 #include "installation/UserEnvironment.h"
 

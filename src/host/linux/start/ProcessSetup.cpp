@@ -1,4 +1,4 @@
-#include "host/linux/ProcessSetup.h"
+#include "host/linux/start/ProcessSetup.h"
 
 #include <csignal>
 

@@ -1,4 +1,4 @@
-#include "host/linux/LaunchArguments.h"
+#include "host/linux/start/LaunchArguments.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/linux/InstanceSocket.h"
+#include "host/linux/start/InstanceSocket.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
