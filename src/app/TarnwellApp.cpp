@@ -2,12 +2,12 @@
 
 #include <tuple>
 
-#include "app/ApplicationActions.h"
-#include "app/LauncherView.h"
-#include "app/MenuBarExtraView.h"
-#include "app/ProductLink.h"
-#include "app/SettingsView.h"
-#include "app/WelcomeView.h"
+#include "app/views/ApplicationActions.h"
+#include "app/views/LauncherView.h"
+#include "app/views/MenuBarExtraView.h"
+#include "app/views/ProductLink.h"
+#include "app/views/SettingsView.h"
+#include "app/views/WelcomeView.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
 #include "view/controls/buttons/Button.h"

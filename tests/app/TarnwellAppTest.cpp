@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "app/ApplicationActions.h"
+#include "app/views/ApplicationActions.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "view/layout/Spacer.h"

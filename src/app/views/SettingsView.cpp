@@ -1,4 +1,4 @@
-#include "app/SettingsView.h"
+#include "app/views/SettingsView.h"
 
 #include "dockscreen/ContentView.h"
 #include "kit/application/Application.h"

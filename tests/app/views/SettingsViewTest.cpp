@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/HeadlessApplication.h"
-#include "app/SettingsView.h"
+#include "app/views/SettingsView.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/DockTabHeight.h"
 #include "fixtures/ExpectDump.h"

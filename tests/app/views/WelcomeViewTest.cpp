@@ -1,4 +1,4 @@
-#include "app/WelcomeView.h"
+#include "app/views/WelcomeView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/AlwaysOnTopSettingsView.h"
+#include "app/views/AlwaysOnTopSettingsView.h"
 
 #include "kit/application/Application.h"
 #include "kit/control/Window.h"

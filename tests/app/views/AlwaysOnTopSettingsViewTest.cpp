@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/AlwaysOnTopSettingsView.h"
+#include "app/views/AlwaysOnTopSettingsView.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
 #include "kit/application/SettingsShortcut.h"

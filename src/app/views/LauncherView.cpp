@@ -1,6 +1,6 @@
-#include "app/LauncherView.h"
+#include "app/views/LauncherView.h"
 
-#include "app/WelcomeView.h"
+#include "app/views/WelcomeView.h"
 #include "settingsaccess/OpenSettingsInjectionView.h"
 
 namespace tarnwell::app {

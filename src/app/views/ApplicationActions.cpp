@@ -1,4 +1,4 @@
-#include "app/ApplicationActions.h"
+#include "app/views/ApplicationActions.h"
 
 #include "kit/application/Application.h"
 

@@ -1,7 +1,7 @@
-#include "app/MenuBarExtraView.h"
+#include "app/views/MenuBarExtraView.h"
 
-#include "app/ApplicationActions.h"
-#include "app/ProductLink.h"
+#include "app/views/ApplicationActions.h"
+#include "app/views/ProductLink.h"
 #include "settingsaccess/PrePostSettingsLink.h"
 #include "updates/CheckForUpdatesView.h"
 #include "view/controls/buttons/Button.h"

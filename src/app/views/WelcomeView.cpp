@@ -1,4 +1,4 @@
-#include "app/WelcomeView.h"
+#include "app/views/WelcomeView.h"
 
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"

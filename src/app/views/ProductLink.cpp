@@ -1,4 +1,4 @@
-#include "app/ProductLink.h"
+#include "app/views/ProductLink.h"
 
 #include "view/controls/buttons/Link.h"
 

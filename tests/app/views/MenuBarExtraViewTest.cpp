@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/HeadlessApplication.h"
-#include "app/MenuBarExtraView.h"
+#include "app/views/MenuBarExtraView.h"
 #include "fixtures/DockCommands.h"
 #include "fixtures/ExpectDump.h"
 #include "kit/control/Window.h"
