@@ -8,9 +8,9 @@
 #include <optional>
 
 #include "diagnostics/Console.h"
-#include "standin/store/OldStyleText.h"
 #include "standin/store/SystemRoot.h"
 #include "standin/store/Timestamp.h"
+#include "standin/store/lists/OldStyleText.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "standin/defaults/Commands.h"
-#include "standin/store/OldStyleText.h"
 #include "standin/store/SystemRoot.h"
-#include "standin/store/ValueText.h"
+#include "standin/store/lists/OldStyleText.h"
+#include "standin/store/lists/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "standin/defaults/Commands.h"
-#include "standin/store/OldStyleText.h"
 #include "standin/store/Timestamp.h"
-#include "standin/store/XmlList.h"
+#include "standin/store/lists/OldStyleText.h"
+#include "standin/store/lists/XmlList.h"
 #include "system/base/Utf8.h"
 
 namespace tarnwell::standin {

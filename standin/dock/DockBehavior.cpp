@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "standin/dock/motion/Reveal.h"
-#include "standin/store/OldStyleText.h"
-#include "standin/store/ValueText.h"
+#include "standin/store/lists/OldStyleText.h"
+#include "standin/store/lists/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {

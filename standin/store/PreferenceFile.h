@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 #include "system/base/Result.h"
 #include "system/files/FileLock.h"
 

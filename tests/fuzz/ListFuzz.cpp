@@ -4,8 +4,8 @@
 #include <variant>
 
 #include "fuzz/Require.h"
-#include "standin/store/OldStyleText.h"
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/OldStyleText.h"
+#include "standin/store/lists/PropertyList.h"
 #include "system/base/Utf8.h"
 
 namespace tarnwell::fuzz {

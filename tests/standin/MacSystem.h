@@ -6,7 +6,7 @@
 #include "fixtures/DockCommands.h"
 #include "fixtures/Sandbox.h"
 #include "standin/Process.h"
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 namespace tarnwell::standin {
 

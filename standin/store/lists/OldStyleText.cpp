@@ -1,11 +1,11 @@
-#include "standin/store/OldStyleText.h"
+#include "standin/store/lists/OldStyleText.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
 
-#include "standin/store/ValueText.h"
+#include "standin/store/lists/ValueText.h"
 #include "system/base/Utf8.h"
 
 namespace tarnwell::standin {

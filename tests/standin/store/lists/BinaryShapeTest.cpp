@@ -1,4 +1,4 @@
-#include "standin/store/BinaryShape.h"
+#include "standin/store/lists/BinaryShape.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "standin/store/XmlList.h"
+#include "standin/store/lists/XmlList.h"
 
 #include <expat.h>
 
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "standin/store/XmlValue.h"
+#include "standin/store/lists/XmlValue.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -1,4 +1,4 @@
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 #include "fuzz/Mutation.h"
 #include "standin/MacSystem.h"
 #include "standin/store/PreferenceFile.h"
-#include "standin/store/ValueText.h"
+#include "standin/store/lists/ValueText.h"
 
 namespace tarnwell::standin {
 namespace {

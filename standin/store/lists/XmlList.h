@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 namespace tarnwell::standin {
 

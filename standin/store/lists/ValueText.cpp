@@ -1,4 +1,4 @@
-#include "standin/store/ValueText.h"
+#include "standin/store/lists/ValueText.h"
 
 #include <array>
 #include <cfloat>
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "standin/store/OldStyleText.h"
+#include "standin/store/lists/OldStyleText.h"
 #include "system/base/Utf8.h"
 
 namespace tarnwell::standin {

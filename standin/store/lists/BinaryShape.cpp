@@ -1,4 +1,4 @@
-#include "standin/store/BinaryShape.h"
+#include "standin/store/lists/BinaryShape.h"
 
 #include <bit>
 #include <chrono>
@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 namespace tarnwell::standin {
 namespace {

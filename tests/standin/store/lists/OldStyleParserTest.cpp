@@ -1,4 +1,4 @@
-#include "standin/store/OldStyleText.h"
+#include "standin/store/lists/OldStyleText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "standin/store/XmlValue.h"
+#include "standin/store/lists/XmlValue.h"
 
 #include <algorithm>
 #include <charconv>

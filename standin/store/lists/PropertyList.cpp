@@ -1,4 +1,4 @@
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 #include <algorithm>
 #include <bit>
@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <limits>
 
-#include "standin/store/BinaryShape.h"
-#include "standin/store/ValueText.h"
-#include "standin/store/XmlList.h"
+#include "standin/store/lists/BinaryShape.h"
+#include "standin/store/lists/ValueText.h"
+#include "standin/store/lists/XmlList.h"
 
 namespace tarnwell::standin {
 namespace {

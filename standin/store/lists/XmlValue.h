@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "standin/store/PropertyList.h"
+#include "standin/store/lists/PropertyList.h"
 
 namespace tarnwell::standin {
 
