@@ -39,7 +39,7 @@ TEST(ItemMessages, carryEveryFieldThatCounts) {
   }
   const auto items = reader.takeItems();
   ASSERT_EQ(items.size(), 3U);
-  for (const std::size_t index : {0, 2}) {
+  for (const std::size_t index : {0U, 2U}) {
     const FeedItem& item = items.at(index);
     const FeedItem meant = fullItem();
     EXPECT_EQ(item.title, meant.title);

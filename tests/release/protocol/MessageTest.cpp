@@ -28,7 +28,7 @@ TEST(Message, travelsAsOneLineWhateverItsText) {
   for (const std::string text : {"", " ", "1.0", "two\nlines", "a\\n b \\", "\r\t", "\xc3\xa4\xe2\x80\xa6"}) {
     const std::string line = lineOf({"word", text});
     EXPECT_EQ(line.find('\n'), line.size() - 1);
-    for (const std::size_t piece : {1, 2, 1000}) {
+    for (const std::size_t piece : {1U, 2U, 1000U}) {
       EXPECT_EQ(readIn(line + line, piece), std::vector<std::string>(2, "word=" + text));
     }
   }

@@ -55,7 +55,7 @@ std::string package() {
 template <class Container>
 Container withFlippedBit(Container bytes, std::size_t bit) {
   auto& byte = bytes[bit / 8];
-  byte = static_cast<typename Container::value_type>(byte ^ (1U << (bit % 8)));
+  byte = static_cast<typename Container::value_type>(static_cast<unsigned char>(byte) ^ (1U << (bit % 8)));
   return bytes;
 }
 

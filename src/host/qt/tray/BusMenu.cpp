@@ -42,7 +42,7 @@ void BusMenu::declare() {
   addMethod("GetLayout", {"parentId", "recursionDepth", "propertyNames", "revision", "layout"}, &BusMenu::layout);
   addMethod("GetGroupProperties", {"ids", "propertyNames", "properties"}, &BusMenu::groupProperties);
   addMethod("GetProperty", {"id", "name", "value"}, &BusMenu::itemProperty);
-  addMethod("Event", {"id", "eventId", "data", "timestamp"}, &BusMenu::event);
+  addMethod("Event", {"id", "eventId", "data", "timestamp"}, &BusMenu::eventOn);
   addMethod("EventGroup", {"events", "idErrors"}, &BusMenu::eventGroup);
   addMethod("AboutToShow", {"id", "needUpdate"}, &BusMenu::aboutToShow);
   addMethod("AboutToShowGroup", {"ids", "updatesNeeded", "idErrors"}, &BusMenu::aboutToShowGroup);
@@ -137,7 +137,7 @@ BusReply<QDBusVariant> BusMenu::itemProperty(int id, const QString& name) {
   return std::tuple(QDBusVariant(*found));
 }
 
-BusReply<> BusMenu::event(int id, const QString& kind, const QDBusVariant& /*data*/, uint /*timestamp*/) {
+BusReply<> BusMenu::eventOn(int id, const QString& kind, const QDBusVariant& /*data*/, uint /*timestamp*/) {
   return handle(id, kind) ? BusReply<>() : noEntry(id);
 }
 

@@ -33,7 +33,7 @@ class BusMenu final : public BusObject {
   BusReply<uint, BusMenuLayout> layout(int id, int depth, const QStringList& names);
   BusReply<QList<BusMenuItem>> groupProperties(const BusList<int>& ids, const QStringList& names);
   BusReply<QDBusVariant> itemProperty(int id, const QString& name);
-  BusReply<> event(int id, const QString& kind, const QDBusVariant& data, uint timestamp);
+  BusReply<> eventOn(int id, const QString& kind, const QDBusVariant& data, uint timestamp);
   BusReply<QList<int>> eventGroup(const BusList<BusMenuEvent>& events);
   BusReply<bool> aboutToShow(int id);
   BusReply<QList<int>, QList<int>> aboutToShowGroup(const BusList<int>& ids);
