@@ -10,6 +10,11 @@ list(REMOVE_ITEM unknown_hosts headless qt macos)
 if(unknown_hosts)
   message(FATAL_ERROR "TARNWELL_HOSTS names \"${unknown_hosts}\"; there are headless, qt and macos")
 endif()
+# The command line comes with a window.
+set(TARNWELL_HAS_COMMAND_LINE OFF)
+if(desktop_host IN_LIST TARNWELL_HOSTS)
+  set(TARNWELL_HAS_COMMAND_LINE ON)
+endif()
 option(TARNWELL_TEST_MACOS_HOST "Test the host for macOS on another system, by GNUstep" OFF)
 if(TARNWELL_TEST_MACOS_HOST)
   # One compiler for both languages, whose sanitizers work together.

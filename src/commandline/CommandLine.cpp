@@ -13,8 +13,8 @@
 #include "commandline/words/Arguments.h"
 #include "commandline/words/Completion.h"
 #include "commandline/words/Usage.h"
-#include "installation/EmulatedSystemVersion.h"
 #include "installation/LaunchedAtLogin.h"
+#include "installation/MacosVersion.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -62,7 +62,7 @@ Status performCommand(const Product& product, const Arguments& arguments, Screen
   }
   ZshShell shell(product.program);
   Session session{.program = product.program, .shell = shell, .screen = screen};
-  const auto version = installation::emulatedSystemVersion();
+  const auto version = installation::macosVersion();
   if (!version) {
     return session.fail(Status::refused, version.error().message);
   }

@@ -1,39 +1,11 @@
 #include "installation/SearchPath.h"
 
-#include <cstdlib>
-
-#include "installation/Programs.h"
-#include "installation/UserEnvironment.h"
-#include "system/processes/RunningExecutable.h"
-
 namespace tarnwell::installation {
 namespace {
 
 constexpr std::string_view systemFolders = "/usr/local/bin:/usr/bin:/bin";
 
-system::Result<void> putFirst(const std::string& folder) {
-  if (folder.find(':') != std::string::npos) {
-    return system::Failure{"the stand-ins cannot be found in " + folder +
-                           ": PATH takes no folder with a colon in its name"};
-  }
-  keepUserEnvironment();
-  const char* before = ::getenv("PATH");
-  if (::setenv("PATH", searchPathWith(folder, before == nullptr ? "" : before).c_str(), 1) == 0) {
-    return {};
-  }
-  return system::Failure{"PATH cannot be set"};
-}
-
 }  // namespace
-
-system::Result<void> putStandInsFirst(const std::string& program) {
-  const auto own = system::runningExecutable();
-  if (!own) {
-    return own.error();
-  }
-  const auto standIn = libexecProgram(frontOf(*own, program).parent_path(), program, "defaults");
-  return standIn ? putFirst(standIn->parent_path().string()) : standIn.error();
-}
 
 std::string searchPathWith(std::string_view folder, std::string_view before) {
   std::string path(folder);

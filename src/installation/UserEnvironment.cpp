@@ -1,11 +1,11 @@
 #include "installation/UserEnvironment.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
+
+#include "system/processes/Environment.h"
 
 namespace tarnwell::installation {
 namespace {
@@ -19,7 +19,7 @@ bool isOurs(std::string_view entry) {
 
 std::vector<std::string> presentEnvironment() {
   std::vector<std::string> entries;
-  for (char** entry = environ; *entry != nullptr; ++entry) {
+  for (char** entry = system::processEnvironment(); *entry != nullptr; ++entry) {
     if (!isOurs(*entry)) {
       entries.emplace_back(*entry);
     }

@@ -1,11 +1,14 @@
 // The program that users start: it does what they ask for, or goes on as the window's program.
 #include <cstdlib>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "commandline/CommandLine.h"
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "installation/Programs.h"
+#include "installation/WindowStart.h"
+#include "system/base/WordPointers.h"
 #include "system/processes/BecomeProgram.h"
 #include "system/processes/RunningExecutable.h"
 
@@ -19,16 +22,17 @@ int failed(const std::string& message, int status) {
   return status;
 }
 
-int showWindow(const std::string& program, char* const* words) {
+int showWindow(const std::string& program, const std::vector<std::string>& words) {
   const auto own = system::runningExecutable();
   if (!own) {
     return failed(own.error().message, EXIT_FAILURE);
   }
-  const auto window = installation::libexecProgram(own->parent_path(), program, program + "-window");
+  const auto window = installation::windowStart(*own, program, words);
   if (!window) {
-    return failed("The window is not installed; its package is " + program + ".", wrongUsage);
+    return failed(window.error().message, wrongUsage);
   }
-  return failed(system::becomeProgram(*window, words).message, EXIT_FAILURE);
+  return failed(system::becomeProgram(window->program, system::wordPointers(window->words).data()).message,
+                EXIT_FAILURE);
 }
 
 }  // namespace
@@ -44,5 +48,5 @@ int main(int argc, char** argv) {
   if (status) {
     return *status;
   }
-  return showWindow(product.program, argv);
+  return showWindow(product.program, {words.begin(), words.end()});
 }

@@ -1,14 +1,9 @@
 // What the description of the frameworks lacks: base types, and names that do not follow from others.
 #include <Block.h>
+#include <CoreFoundation/CoreFoundation.h>
 #include <TargetConditionals.h>
 #include <objc/NSObject.h>
 #include <stdint.h>
-
-#ifdef __cplusplus
-#define KIT_EXTERN extern "C"
-#else
-#define KIT_EXTERN extern
-#endif
 
 typedef double CGFloat;
 typedef struct CGPoint {
@@ -78,33 +73,6 @@ static const NSTextAlignment NSTextAlignmentNatural = 4;
 
 // How another view stands to it, in front or behind.
 static const NSInteger NSWindowAbove = 1, NSWindowBelow = -1;
-
-// A descriptor that the event loop watches.
-typedef const struct __CFAllocator* CFAllocatorRef;
-typedef const struct __CFString* CFStringRef;
-typedef struct __CFFileDescriptor* CFFileDescriptorRef;
-typedef struct __CFRunLoop* CFRunLoopRef;
-typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
-typedef unsigned long CFOptionFlags;
-typedef void (*CFFileDescriptorCallBack)(CFFileDescriptorRef, CFOptionFlags, void*);
-typedef struct {
-  long version;
-  void* info;
-  void* (*retain)(void*);
-  void (*release)(void*);
-  CFStringRef (*copyDescription)(void*);
-} CFFileDescriptorContext;
-enum { kCFFileDescriptorReadCallBack = 1 };
-KIT_EXTERN const CFStringRef kCFRunLoopCommonModes;
-KIT_EXTERN const void* CFRetain(const void*);
-KIT_EXTERN void CFRelease(const void*);
-KIT_EXTERN CFRunLoopRef CFRunLoopGetMain(void);
-KIT_EXTERN void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef, CFStringRef);
-KIT_EXTERN CFFileDescriptorRef CFFileDescriptorCreate(CFAllocatorRef, int, unsigned char, CFFileDescriptorCallBack,
-                                                      const CFFileDescriptorContext*);
-KIT_EXTERN void CFFileDescriptorEnableCallBacks(CFFileDescriptorRef, CFOptionFlags);
-KIT_EXTERN void CFFileDescriptorInvalidate(CFFileDescriptorRef);
-KIT_EXTERN CFRunLoopSourceRef CFFileDescriptorCreateRunLoopSource(CFAllocatorRef, CFFileDescriptorRef, long);
 
 #define NSBackingStoreBuffered NSBackingStoreTypeBuffered
 #define NSWindowBelow NSWindowOrderingModeBelow

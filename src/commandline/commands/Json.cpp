@@ -1,10 +1,10 @@
 #include "commandline/commands/Json.h"
 
-#include <charconv>
 #include <nlohmann/json.hpp>
 
 #include "commandline/commands/Explanation.h"
 #include "core/DecimalText.h"
+#include "core/ValueText.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -14,12 +14,7 @@ using Object = nlohmann::ordered_json;
 constexpr int format = 1;
 
 // The number that the text says; as it is, 32 bits of it would be written with all their digits.
-double asWritten(float value) {
-  const std::string text = core::roundedDecimalText(value);
-  double number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
+double asWritten(float value) { return core::parseFloat(core::roundedDecimalText(value)); }
 
 Object valueOf(const profile::Wish& wish) {
   struct Value {

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <chrono>
 
-#include "installation/BaseFolders.h"
+#include "installation/StateFolder.h"
 #include "profile/toml/ProfileReader.h"
 #include "system/files/AtomicFile.h"
 #include "system/files/Folders.h"
@@ -18,11 +18,11 @@ constexpr std::chrono::minutes turnPatience{1};
 }  // namespace
 
 system::Result<ChangeMemory> ChangeMemory::ofUser(const std::string& program) {
-  const auto base = installation::stateFolder();
-  if (base.empty()) {
-    return system::Failure{"neither XDG_STATE_HOME nor HOME names a folder for what undo needs"};
+  const auto folder = installation::programStateFolder(program);
+  if (folder.empty()) {
+    return system::Failure{"HOME names no folder for what undo needs"};
   }
-  return ChangeMemory(base / program);
+  return ChangeMemory(folder);
 }
 
 system::Result<void> ChangeMemory::takeTurn() {

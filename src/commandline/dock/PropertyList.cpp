@@ -1,86 +1,18 @@
 #include "commandline/dock/PropertyList.h"
 
-#include <plist/plist.h>
-
-#include <cstdint>
-#include <memory>
-#include <type_traits>
-
+#include "commandline/dock/Dictionary.h"
 #include "profile/values/Setting.h"
 
 namespace tarnwell::commandline {
-namespace {
-
-struct Free {
-  void operator()(plist_t list) const { ::plist_free(list); }
-};
-using List = std::unique_ptr<std::remove_pointer_t<plist_t>, Free>;
-
-List listIn(std::string_view xml) {
-  plist_t list = nullptr;
-  ::plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &list);
-  return List(list);
-}
-
-bool booleanOf(plist_t node) {
-  std::uint8_t value = 0;
-  ::plist_get_bool_val(node, &value);
-  return value != 0;
-}
-
-double realOf(plist_t node) {
-  double value = 0;
-  ::plist_get_real_val(node, &value);
-  return value;
-}
-
-std::string stringOf(plist_t node) {
-  std::uint64_t length = 0;
-  const char* text = ::plist_get_string_ptr(node, &length);
-  return {text, static_cast<std::size_t>(length)};
-}
-
-// The library gives a negative one as a large one.
-std::string integerTextOf(plist_t node) {
-  std::uint64_t value = 0;
-  ::plist_get_uint_val(node, &value);
-  return std::to_string(static_cast<std::int64_t>(value));
-}
-
-core::StoredValue valueOf(plist_t node) {
-  switch (node == nullptr ? PLIST_NONE : ::plist_get_node_type(node)) {
-    case PLIST_NONE:
-      return core::Absent();
-    case PLIST_BOOLEAN:
-      return booleanOf(node);
-    case PLIST_REAL:
-      return realOf(node);
-    case PLIST_STRING:
-      return stringOf(node);
-    case PLIST_UINT:
-      return core::OtherValue{.type = "integer", .text = integerTextOf(node)};
-    case PLIST_ARRAY:
-      return core::OtherValue{.type = "array"};
-    case PLIST_DICT:
-      return core::OtherValue{.type = "dictionary"};
-    case PLIST_DATE:
-      return core::OtherValue{.type = "date"};
-    default:
-      return core::OtherValue{.type = "data"};
-  }
-}
-
-}  // namespace
 
 system::Result<core::StoredValues> storedValuesIn(std::string_view xml) {
-  const List list = listIn(xml);
-  if (!list || !PLIST_IS_DICT(list.get())) {
+  const auto dictionary = Dictionary::read(xml);
+  if (!dictionary) {
     return system::Failure{"what defaults exports is no property list"};
   }
   core::StoredValues values;
   for (std::size_t setting = 0; setting < values.size(); ++setting) {
-    const std::string key(profile::settings.at(setting).key);
-    values.at(setting) = valueOf(::plist_dict_get_item(list.get(), key.c_str()));
+    values.at(setting) = dictionary->value(std::string(profile::settings.at(setting).key));
   }
   return values;
 }

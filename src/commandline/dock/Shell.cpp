@@ -3,7 +3,7 @@
 #include <chrono>
 #include <sstream>
 
-#include "installation/SearchPath.h"
+#include "installation/StandIns.h"
 
 namespace tarnwell::commandline {
 namespace {

@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "system/base/WordPointers.h"
+#include "system/processes/Environment.h"
 #include "system/processes/Process.h"
 #include "system/processes/SignalPause.h"
 
@@ -85,7 +86,7 @@ bool isPrepared(const Prepared& prepared) {
 
 [[noreturn]] void becomeProgram(const Prepared& prepared, volatile int& error) {
   if (isPrepared(prepared)) {
-    char* const* environment = prepared.launch.environment ? prepared.environment.data() : environ;
+    char* const* environment = prepared.launch.environment ? prepared.environment.data() : processEnvironment();
     ::execvpe(prepared.arguments.front(), prepared.arguments.data(), environment);
   }
   error = errno;

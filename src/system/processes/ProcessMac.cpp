@@ -1,4 +1,3 @@
-#include <crt_externs.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <unistd.h>
@@ -10,6 +9,7 @@
 #include "system/base/Fault.h"
 #include "system/base/WordPointers.h"
 #include "system/events/KernelQueueMac.h"
+#include "system/processes/Environment.h"
 #include "system/processes/Process.h"
 #include "system/processes/ProcessGuardMac.h"
 
@@ -93,7 +93,7 @@ Result<Process> Process::start(const Launch& launch) {
   const std::vector<char*> environment = wordPointers(launch.environment.value_or(std::vector<std::string>()));
   pid_t child = -1;
   const int error = ::posix_spawnp(&child, arguments.front(), placement.actions(), attributes.attributes(),
-                                   arguments.data(), launch.environment ? environment.data() : *::_NSGetEnviron());
+                                   arguments.data(), launch.environment ? environment.data() : processEnvironment());
   if (error != 0) {
     return Failure{.message = "cannot start " + launch.words.front() + ": " + std::generic_category().message(error),
                    .error = error};

@@ -2,9 +2,9 @@
 
 #include <csignal>
 
-#include "installation/EmulatedSystemVersion.h"
+#include "installation/MacosVersion.h"
 #include "installation/Programs.h"
-#include "installation/SearchPath.h"
+#include "installation/StandIns.h"
 #include "system/processes/RunningExecutable.h"
 
 namespace tarnwell::host_linux {
@@ -12,7 +12,7 @@ namespace tarnwell::host_linux {
 system::Result<ProcessSetup> ProcessSetup::prepare(const std::string& program) {
   // The parent process may ignore the ends of its children, and that is inherited: how ours end would not be known.
   (void)std::signal(SIGCHLD, SIG_DFL);
-  const auto version = installation::emulatedSystemVersion();
+  const auto version = installation::macosVersion();
   if (!version) {
     return version.error();
   }

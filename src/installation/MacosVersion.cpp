@@ -1,8 +1,7 @@
-#include "installation/EmulatedSystemVersion.h"
+#include "installation/MacosVersion.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <optional>
 
 namespace tarnwell::installation {
@@ -54,13 +53,8 @@ std::string echoed(std::string_view text) {
 
 }  // namespace
 
-system::Result<VersionNumbers> emulatedSystemVersion() {
-  const char* text = std::getenv("MACOS_VERSION");
-  return text == nullptr || *text == '\0' ? oldest : parseSystemVersion(text);
-}
-
-system::Result<VersionNumbers> parseSystemVersion(std::string_view text) {
-  const std::string beginning = "MACOS_VERSION is " + echoed(text) + ": ";
+system::Result<VersionNumbers> parseMacosVersion(const std::string& source, std::string_view text) {
+  const std::string beginning = source + " is " + echoed(text) + ": ";
   const auto version = numbers(text);
   if (!version) {
     return system::Failure{beginning + "a version is one to three numbers with points between, such as 14.5"};

@@ -1,0 +1,72 @@
+#include <plist/plist.h>
+
+#include <cstdint>
+
+#include "commandline/dock/Dictionary.h"
+
+namespace tarnwell::commandline {
+namespace {
+
+bool booleanOf(plist_t node) {
+  std::uint8_t value = 0;
+  ::plist_get_bool_val(node, &value);
+  return value != 0;
+}
+
+double realOf(plist_t node) {
+  double value = 0;
+  ::plist_get_real_val(node, &value);
+  return value;
+}
+
+std::string stringOf(plist_t node) {
+  std::uint64_t length = 0;
+  const char* text = ::plist_get_string_ptr(node, &length);
+  return {text, static_cast<std::size_t>(length)};
+}
+
+// The library gives a negative one as a large one.
+std::string integerTextOf(plist_t node) {
+  std::uint64_t value = 0;
+  ::plist_get_uint_val(node, &value);
+  return std::to_string(static_cast<std::int64_t>(value));
+}
+
+core::StoredValue valueOf(plist_t node) {
+  switch (node == nullptr ? PLIST_NONE : ::plist_get_node_type(node)) {
+    case PLIST_NONE:
+      return core::Absent();
+    case PLIST_BOOLEAN:
+      return booleanOf(node);
+    case PLIST_REAL:
+      return realOf(node);
+    case PLIST_STRING:
+      return stringOf(node);
+    case PLIST_UINT:
+      return core::OtherValue{.type = "integer", .text = integerTextOf(node)};
+    case PLIST_ARRAY:
+      return core::OtherValue{.type = "array"};
+    case PLIST_DICT:
+      return core::OtherValue{.type = "dictionary"};
+    case PLIST_DATE:
+      return core::OtherValue{.type = "date"};
+    default:
+      return core::OtherValue{.type = "data"};
+  }
+}
+
+}  // namespace
+
+std::optional<Dictionary> Dictionary::read(std::string_view xml) {
+  plist_t list = nullptr;
+  ::plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &list);
+  std::shared_ptr<const void> content(list, ::plist_free);
+  return PLIST_IS_DICT(list) ? std::optional(Dictionary(std::move(content))) : std::nullopt;
+}
+
+core::StoredValue Dictionary::value(const std::string& key) const {
+  // The library's signature lacks a const; it does not touch the dictionary.
+  return valueOf(::plist_dict_get_item(const_cast<plist_t>(content_.get()), key.c_str()));
+}
+
+}  // namespace tarnwell::commandline

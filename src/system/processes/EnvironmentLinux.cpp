@@ -1,0 +1,9 @@
+#include <unistd.h>
+
+#include "system/processes/Environment.h"
+
+namespace tarnwell::system {
+
+char** processEnvironment() { return environ; }
+
+}  // namespace tarnwell::system
