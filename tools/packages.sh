@@ -18,6 +18,8 @@ packages_for() {
     # To compile for macOS. Many a system has npm without Debian's package of it, which brings hundreds.
     macos)
       echo clang-19 lld-19 llvm-19 libc++-19-dev googletest python3
+      # For the one library that is compiled from its source.
+      echo dpkg-dev autoconf automake libtool make
       command -v npm >/dev/null || echo npm
       ;;
     packaging) echo debhelper lintian mandoc appstream desktop-file-utils mmdebstrap ;;
@@ -41,7 +43,7 @@ commands_for() {
     test) echo dpkg-deb fish localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
     sanitizers) echo clang++-19 ld.lld-19 ;;
-    macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 ;;
+    macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 dpkg-source autoreconf make ;;
     packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
     gnustep) echo gnustep-config make Xvfb ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;

@@ -36,7 +36,14 @@ def information_of(application):
 
 
 def program_of(application):
-    return os.path.join(application, "Contents/MacOS", str(information_of(application)["CFBundleExecutable"]))
+    """The path of its own program, below Contents as all paths here."""
+    return os.path.join("MacOS", str(information_of(application)["CFBundleExecutable"]))
+
+
+def helpers_of(application):
+    """The paths of programs that others start."""
+    folder = os.path.join(application, "Contents/Helpers")
+    return [os.path.join("Helpers", name) for name in sorted(os.listdir(folder))] if os.path.isdir(folder) else []
 
 
 def content_of(application, path):
@@ -45,43 +52,55 @@ def content_of(application, path):
 
 
 def resources_of(application):
-    """The paths below Contents of what has no seal of its own."""
+    """The paths of what has no signature of its own."""
     contents = os.path.join(application, "Contents")
     found = [os.path.relpath(os.path.join(folder, name), contents)
              for folder, _, names in os.walk(contents) for name in names]
-    return sorted(path for path in found if path not in ("Info.plist", SEAL) and not path.startswith("MacOS/"))
+    return sorted(path for path in found if path not in ("Info.plist", SEAL) and not path.startswith(("MacOS/", "Helpers/")))
+
+
+def seal_of(programs):
+    """What vouches for a helper: the hashes of what its programs' signatures say."""
+    hashes = [program.code_directory().hash for program in programs]
+    return {"cdhash": hashes[0], "requirement": " or ".join(f'cdhash H"{each.hex()}"' for each in hashes)}
 
 
 def faults_of(application, least, programs):
+    """`programs`: those of each file, by its path."""
     information = information_of(application)
     yield from (f"Info.plist: {fault}" for fault in faults_of_information(information, least))
-    if not os.access(program_of(application), os.X_OK):
-        yield "its program may not be run"
     icon = os.path.join(application, "Contents/Resources", f"{information.get('CFBundleIconFile')}.icns")
     if not is_icon(icon):
         yield "it has no icon"
-    architectures = [program.architecture for program in programs]
-    for architecture in ARCHITECTURES:
-        if architectures.count(architecture) != 1:
-            yield f"it has {architectures.count(architecture)} programs for {architecture}"
-
-
+    for path, those in programs.items():
+        yield from faults_of_file(application, path, those)
     if not os.path.exists(os.path.join(application, "Contents", SEAL)):
         yield "it is not sealed"
         return
-    yield from faults_of_seal(application)
-    for program in programs:
+    yield from faults_of_seal(application, programs)
+    for program in programs[program_of(application)]:
         yield from (f"{program.architecture}: {fault}" for fault in faults_between(application, program))
 
 
-def faults_of_seal(application):
+def faults_of_file(application, path, programs):
+    if not os.access(os.path.join(application, "Contents", path), os.X_OK):
+        yield f"{path} may not be run"
+    architectures = [program.architecture for program in programs]
+    for architecture in ARCHITECTURES:
+        if architectures.count(architecture) != 1:
+            yield f"{path} has {architectures.count(architecture)} programs for {architecture}"
+
+
+def faults_of_seal(application, programs):
     sealed = plistlib.loads(content_of(application, SEAL))["files2"]
-    for path in sorted(set(sealed) | set(resources_of(application))):
+    there = {path: {"hash2": hashlib.sha256(content_of(application, path)).digest()} for path in resources_of(application)}
+    there |= {path: seal_of(programs[path]) for path in helpers_of(application)}
+    for path in sorted(set(sealed) | set(there)):
         if path not in sealed:
             yield f"{path} is not sealed"
-        elif not os.path.exists(os.path.join(application, "Contents", path)):
+        elif path not in there:
             yield f"{path} is sealed and not there"
-        elif hashlib.sha256(content_of(application, path)).digest() != sealed[path]["hash2"]:
+        elif sealed[path] != there[path]:
             yield f"{path} is not the one that was sealed"
 
 

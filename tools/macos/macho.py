@@ -1,5 +1,6 @@
 """Reads programs of macOS: <mach-o/loader.h>, <mach-o/fixup-chains.h> and the blobs of <kern/cs_blobs.h>."""
 
+import hashlib
 import struct
 
 ARCHITECTURES = {0x0100000C: "arm64", 0x01000007: "x86_64"}
@@ -41,9 +42,11 @@ class Segment:
 
 
 class CodeDirectory:
-    """What was signed: the pages of the program up to `limit`, by their hashes, and by number what is beside it."""
+    """What was signed: the pages of the program up to `limit`, by their hashes, and by number what is beside it. Its own
+    hash is what others know the program by."""
 
     def __init__(self, data, at):
+        self.hash = hashlib.sha256(data[at:at + struct.unpack_from(">I", data, at + 4)[0]]).digest()[:20]
         self.flags, hashes, name, others, count, self.limit, size, self.hash_type, _, page = struct.unpack_from(
             ">6I4B", data, at + 12)
         self.page_size = 1 << page
@@ -139,7 +142,10 @@ class Slice:
         return found
 
     def code_directory(self):
-        start = self.linked_data(CODE_SIGNATURE)[0]
+        place = self.linked_data(CODE_SIGNATURE)
+        if place is None:
+            raise Malformed("it is not signed")
+        start = place[0]
         for index in range(struct.unpack_from(">I", self.data, start + 8)[0]):
             kind, offset = struct.unpack_from(">2I", self.data, start + 12 + 8 * index)
             if kind == CODE_DIRECTORY:
