@@ -90,6 +90,13 @@ TEST_P(ControlConformance, controlGoesByTheNameThatItIsGiven) {
   EXPECT_EQ(driver().look(control()).name, "Given");
 }
 
+TEST_P(ControlConformance, roleFollowsTheNameAsOftenAsItComesAndGoes) {
+  for (const char* name : {"Given", "", "Again"}) {
+    control().setAccessibleName(name);
+    EXPECT_EQ(driver().look(control()).role, control().accessible().role) << name;
+  }
+}
+
 TEST_P(ControlConformance, everyActionDoesWhatItSays) {
   std::set<kit::AccessibleAction> done;
   for (const ControlDeed& deed : facts().deeds) {

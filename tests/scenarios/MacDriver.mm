@@ -67,7 +67,7 @@ class MacDriver final : public Driver {
 
   kit::Accessible look(kit::Control& control) override {
     if (dynamic_cast<kit::TabBar*>(&control) != nullptr) {
-      return {.role = kit::AccessibleRole::tabBar, .actions = {kit::AccessibleAction::choosePart}};
+      return host_macos::lookAt([driver::window(*control.window()) toolbar]);
     }
     return host_macos::lookAt(driver::view(control));
   }
@@ -85,7 +85,8 @@ class MacDriver final : public Driver {
     }
     NSView* view = driver::view(control);
     const kit::Accessible seen = host_macos::lookAt(view);
-    if (!seen.isEnabled) {
+    // To the others that only is said.
+    if (!seen.isEnabled && [view isKindOfClass:[NSControl class]]) {
       return;
     }
     if (seen.role == kit::AccessibleRole::textField) {

@@ -13,16 +13,7 @@ namespace {
 /// What does not hold by GNUstep; `docs/macos.md` says why, and what is tested instead.
 const std::vector<std::string>& exceptions() {
   static const std::vector<std::string> names = {
-      "Controls/ControlConformance.controlGoesByTheNameThatItIsGiven/tabBar",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/box",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/pane",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/progressBar",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/progressBarOfUnknownShare",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/richText",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/scrollArea",
-      "Controls/ControlConformance.disabledControlSaysSoAndDoesNothing/tabBar",
-      "Controls/ControlConformance.everyActionCommitsFirstWhatIsBeingTypedElsewhere/popUpButton",
-      "Controls/ControlConformance.everyActionDoesWhatItSays/popUpButton"};
+      "Controls/ControlConformance.controlGoesByTheNameThatItIsGiven/tabBar"};
   return names;
 }
 

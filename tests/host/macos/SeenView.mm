@@ -133,7 +133,8 @@ std::vector<kit::AccessibleAction> actionsOf(NSView* view, kit::AccessibleRole r
 }
 
 bool isEnabled(NSView* view) {
-  return ![view isKindOfClass:[NSControl class]] || [static_cast<NSControl*>(view) isEnabled];
+  return [view isKindOfClass:[NSControl class]] ? [static_cast<NSControl*>(view) isEnabled]
+                                                : [view isAccessibilityEnabled];
 }
 
 bool isDefault(NSView* view) {
@@ -161,6 +162,26 @@ void setValue(NSControl* control, double value) {
   [control sendAction:[control action] to:[control target]];
 }
 
+// A menu is followed until a button of the mouse goes up.
+void openAndClose(NSPopUpButton* button) {
+  NSWindow* window = [button window];
+  [NSApp postEvent:[NSEvent mouseEventWithType:NSLeftMouseUp
+                                      location:NSZeroPoint
+                                 modifierFlags:0
+                                     timestamp:0
+                                  windowNumber:[window windowNumber]
+                                       context:[window graphicsContext]
+                                   eventNumber:0
+                                    clickCount:1
+                                      pressure:0]
+           atStart:NO];
+  // The row under the pointer is the chosen one, which is not to be told.
+  const SEL action = [button action];
+  [button setAction:nullptr];
+  [button performClick:nil];
+  [button setAction:action];
+}
+
 }  // namespace
 
 kit::Accessible lookAt(NSView* view) {
@@ -172,6 +193,15 @@ kit::Accessible lookAt(NSView* view) {
           .actions = actionsOf(view, role),
           .isDefault = isDefault(view),
           .isEnabled = isEnabled(view)};
+}
+
+kit::Accessible lookAt(NSToolbar* toolbar) {
+  bool isEnabled = false;
+  NSArray* items = [toolbar items];
+  for (NSUInteger i = 0; i < [items count]; ++i) {
+    isEnabled = isEnabled || [static_cast<NSToolbarItem*>([items objectAtIndex:i]) isEnabled];
+  }
+  return {.role = kit::AccessibleRole::tabBar, .actions = {kit::AccessibleAction::choosePart}, .isEnabled = isEnabled};
 }
 
 std::vector<kit::AccessiblePart> partsOf(NSView* view) {
@@ -211,8 +241,11 @@ void performOn(NSControl* control, const kit::Accessible& seen, const kit::Acces
     case kit::AccessibleAction::setValue:
       setValue(control, std::get<double>(request.value));
       break;
+    case kit::AccessibleAction::showMenu:
+      openAndClose(static_cast<NSPopUpButton*>(control));
+      break;
     default:
-      throw std::invalid_argument("GNUstep does not show a menu and go on");
+      throw std::invalid_argument("a part is chosen by other ways");
   }
 }
 

@@ -41,6 +41,8 @@ class ViewPeer : public kit::Peer, public Container {
 
   kit::Control& control_;
   Retained<NSView*> view_;
+  // Before any control said that it is decoration.
+  const bool isAccessibilityElement_;
   std::optional<ActionTarget> action_;
 };
 

@@ -28,7 +28,8 @@ NSString* orNil(const std::string& text) { return text.empty() ? nil : toNSStrin
 
 }  // namespace
 
-ViewPeer::ViewPeer(kit::Control& control, NSView* view, NSView* parent) : control_(control), view_(view) {
+ViewPeer::ViewPeer(kit::Control& control, NSView* view, NSView* parent)
+    : control_(control), view_(view), isAccessibilityElement_([view isAccessibilityElement]) {
   [parent addSubview:view];
   controls()[view] = &control;
 }
@@ -50,13 +51,18 @@ void ViewPeer::show(kit::Aspect aspect) noexcept {
   showState(aspect);
 }
 
-void ViewPeer::showEnabled() { [asControl(view_.get()) setEnabled:control_.isEnabled()]; }
+void ViewPeer::showEnabled() {
+  if (NSControl* control = asControl(view_.get())) {
+    [control setEnabled:control_.isEnabled()];
+  } else {
+    [view_.get() setAccessibilityEnabled:control_.isEnabled()];
+  }
+}
 
 void ViewPeer::showAccessibleName() {
   [view_.get() setAccessibilityLabel:orNil(control_.accessibleName())];
-  if (control_.accessible().role == kit::AccessibleRole::decoration) {
-    [view_.get() setAccessibilityElement:NO];
-  }
+  const bool isDecoration = control_.accessible().role == kit::AccessibleRole::decoration;
+  [view_.get() setAccessibilityElement:isAccessibilityElement_ && !isDecoration];
 }
 
 void ViewPeer::place(const kit::Rect& frame) noexcept {

@@ -1,5 +1,7 @@
 #import <AppKit/AppKit.h>
 
+#include <objc/runtime.h>
+
 #include <map>
 #include <string>
 
@@ -20,12 +22,22 @@ struct Accessible {
   std::string label = {};
   std::string help = {};
   bool isElement = true;
+  bool isEnabled = true;
 };
 
-// By address, where another view may have been: the label is what the host says first of each.
-Accessible& accessible(NSView* view) {
+std::map<NSView*, Accessible>& accessibleViews() {
   static std::map<NSView*, Accessible> all;
-  return all[view];
+  return all;
+}
+
+Accessible& accessible(NSView* view) { return accessibleViews()[view]; }
+
+IMP deallocView = nullptr;
+
+// Another view may stand at the same address.
+void forgetView(NSView* view, SEL message) {
+  accessibleViews().erase(view);
+  reinterpret_cast<void (*)(NSView*, SEL)>(deallocView)(view, message);
 }
 
 std::string textOf(NSString* text) { return text != nil ? [text UTF8String] : ""; }
@@ -258,6 +270,10 @@ CGFloat sizeOf(NSFontTextStyle style) {
 @end
 
 @implementation NSView (Tarnwell)
++ (void)load {
+  deallocView = method_setImplementation(class_getInstanceMethod([NSView class], @selector(dealloc)),
+                                         reinterpret_cast<IMP>(&forgetView));
+}
 - (NSString*)accessibilityHelp {
   return orNil(accessible(self).help);
 }
@@ -282,11 +298,17 @@ CGFloat sizeOf(NSFontTextStyle style) {
 - (void)setAccessibilityElement:(BOOL)isElement {
   accessible(self).isElement = isElement;
 }
+- (BOOL)isAccessibilityEnabled {
+  return accessible(self).isEnabled;
+}
+- (void)setAccessibilityEnabled:(BOOL)isEnabled {
+  accessible(self).isEnabled = isEnabled;
+}
 - (void)setAccessibilityHelp:(NSString*)help {
   accessible(self).help = textOf(help);
 }
 - (void)setAccessibilityLabel:(NSString*)label {
-  accessible(self) = {.label = textOf(label)};
+  accessible(self).label = textOf(label);
 }
 - (void)setAccessibilityTitle:(NSString*)title {
   (void)title;

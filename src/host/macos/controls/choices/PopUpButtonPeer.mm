@@ -24,7 +24,13 @@ class PopUpButtonPeer final : public PeerOf<kit::PopUpButton, NSPopUpButton> {
     // The symbol stands behind the title.
     [view() setImagePosition:NSImageTrailing];
     connect([this] { control().choose(static_cast<int>([view() indexOfSelectedItem])); });
+    // A screen reader opens the menu without the click that would have committed what is being typed.
+    [[NSNotificationCenter defaultCenter] addObserver:opens_.target()
+                                             selector:ActionTarget::action()
+                                                 name:NSPopUpButtonWillPopUpNotification
+                                               object:view()];
   }
+  ~PopUpButtonPeer() override { [[NSNotificationCenter defaultCenter] removeObserver:opens_.target()]; }
 
  protected:
   void showState(kit::Aspect aspect) override {
@@ -44,6 +50,8 @@ class PopUpButtonPeer final : public PeerOf<kit::PopUpButton, NSPopUpButton> {
       [[view() menu] addItem:makeItem(item)];
     }
   }
+
+  ActionTarget opens_{[this] { reportAfterCommit(control(), [] {}); }};
 };
 
 }  // namespace

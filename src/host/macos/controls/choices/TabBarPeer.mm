@@ -72,6 +72,10 @@ NSString* identifierOf(int index) { return [NSString stringWithFormat:@"%d", ind
   [item setAction:@selector(chooseTab:)];
   return item;
 }
+- (BOOL)validateToolbarItem:(NSToolbarItem*)item {
+  (void)item;
+  return bar_ != nullptr && bar_->isEnabled();
+}
 - (void)chooseTab:(id)sender {
   if (bar_ != nullptr) {
     bar_->choose([[static_cast<NSToolbarItem*>(sender) itemIdentifier] intValue]);
@@ -100,6 +104,9 @@ class TabBarPeer final : public kit::Peer {
   void show(kit::Aspect aspect) noexcept override {
     if (aspect == kit::Aspect::title) {
       showTabs();
+    }
+    if (aspect == kit::Aspect::enabled) {
+      [toolbar_.get() validateVisibleItems];
     }
     if (aspect == kit::Aspect::title || aspect == kit::Aspect::value) {
       const int selected = bar_.selectedIndex();

@@ -112,7 +112,9 @@ struct NSOperatingSystemVersion {
 /// Negative where the view does not say.
 - (NSSize)intrinsicContentSize;
 - (BOOL)isAccessibilityElement;
+- (BOOL)isAccessibilityEnabled;
 - (void)setAccessibilityElement:(BOOL)isElement;
+- (void)setAccessibilityEnabled:(BOOL)isEnabled;
 - (void)setAccessibilityHelp:(NSString*)help;
 - (void)setAccessibilityLabel:(NSString*)label;
 - (void)setAccessibilityTitle:(NSString*)title;
