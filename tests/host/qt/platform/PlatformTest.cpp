@@ -136,10 +136,10 @@ TEST(PlatformTest, windowsGoOutOfTheWayAndComeBack) {
 }
 
 TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximized) {
+  bool hasGone = false;
   Desktop desktop;
   desktop.showWindow();
   const QWidget& widget = driver::widget(desktop.window());
-  bool hasGone = false;
   QObject::connect(widget.windowHandle(), &QWindow::visibleChanged, [&](bool visible) { hasGone |= !visible; });
   widget.windowHandle()->setWindowStates(Qt::WindowMaximized);
   EXPECT_TRUE(becomes([&] { return hasGone && widget.isVisible() && widget.updatesEnabled(); }));
@@ -148,10 +148,10 @@ TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximized) {
 }
 
 TEST(PlatformTest, aWindowOfOneSizeDoesNotStayMaximizedWhenThatIsAskedAgainAtOnce) {
+  int came = 0;
   Desktop desktop;
   desktop.showWindow();
   const QWidget& widget = driver::widget(desktop.window());
-  int came = 0;
   QObject::connect(widget.windowHandle(), &QWindow::visibleChanged, [&](bool visible) { came += visible ? 1 : 0; });
   widget.windowHandle()->setWindowStates(Qt::WindowMaximized);
   ASSERT_TRUE(becomes([&] { return came == 1 && widget.updatesEnabled(); }));
@@ -196,11 +196,11 @@ TEST(PlatformTest, aboutLeavesTheKeyboardToAnotherProgram) {
 }
 
 TEST(PlatformTest, aPanelDoesNotStayMaximized) {
+  bool hasGone = false;
   Desktop desktop;
   desktop.showWindow();
   desktop.platform().orderFrontStandardAboutPanel(desktop.application());
   const QWidget& panel = driver::widget(aboutWindow(desktop));
-  bool hasGone = false;
   QObject::connect(panel.windowHandle(), &QWindow::visibleChanged, [&](bool visible) { hasGone |= !visible; });
   panel.windowHandle()->setWindowStates(Qt::WindowMaximized);
   EXPECT_TRUE(becomes([&] { return hasGone && panel.isVisible() && panel.updatesEnabled(); }));
