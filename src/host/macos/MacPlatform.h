@@ -11,7 +11,6 @@
 #include "host/macos/look/Retained.h"
 #include "host/macos/menus/MenuMirror.h"
 #include "host/macos/system/ApplicationDelegate.h"
-#include "host/macos/system/LocaleNumberFormat.h"
 #include "kit/application/Platform.h"
 #include "kit/ports/Updater.h"
 
@@ -22,6 +21,8 @@ class MacPlatform final : public kit::Platform {
  public:
   /// What a test answers in the system's place. Pointers are borrowed; nothing may be null or empty.
   struct Services {
+    kit::SystemVersion systemVersion = {};
+    std::shared_ptr<const kit::NumberFormat> numberFormat = {};
     kit::LoginItem* loginItem = nullptr;
     kit::Log* log = nullptr;
     std::function<std::unique_ptr<kit::UpdaterController>(kit::Application&, const kit::UpdaterControllerArguments&)>
@@ -37,8 +38,8 @@ class MacPlatform final : public kit::Platform {
 
   MacHost& host() override { return host_; }
   const kit::Product& product() const override { return product_; }
-  kit::SystemVersion systemVersion() const override;
-  std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return numberFormat_; }
+  kit::SystemVersion systemVersion() const override { return services_.systemVersion; }
+  std::shared_ptr<const kit::NumberFormat> numberFormat() const override { return services_.numberFormat; }
   /// Does not return: the platform ends the process.
   int run(kit::Application& application) override;
   kit::Subscription watch(int descriptor, kit::Action readable) override;
@@ -66,7 +67,6 @@ class MacPlatform final : public kit::Platform {
   kit::Product product_;
   Services services_;
   MacHost host_;
-  std::shared_ptr<const kit::NumberFormat> numberFormat_ = std::make_shared<LocaleNumberFormat>();
   Retained<TWApplicationDelegate*> delegate_;
   ActionTarget turn_{[this] { runTurn(); }};
   std::unique_ptr<MenuMirror> mainMenu_;

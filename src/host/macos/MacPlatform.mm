@@ -34,13 +34,6 @@ MacPlatform::~MacPlatform() {
   [NSApp setDelegate:nil];
 }
 
-kit::SystemVersion MacPlatform::systemVersion() const {
-  const NSOperatingSystemVersion version = [[NSProcessInfo processInfo] operatingSystemVersion];
-  return {.major = static_cast<int>(version.majorVersion),
-          .minor = static_cast<int>(version.minorVersion),
-          .patch = static_cast<int>(version.patchVersion)};
-}
-
 int MacPlatform::run(kit::Application& /*application*/) {
   [NSApp run];
   return EXIT_SUCCESS;

@@ -4,6 +4,7 @@
 #include "host/headless/HeadlessLoginItem.h"
 #include "host/headless/HeadlessUpdater.h"
 #include "host/headless/Journal.h"
+#include "host/headless/PointNumberFormat.h"
 #include "host/macos/MacPlatform.h"
 
 namespace tarnwell::host_macos {
@@ -17,6 +18,8 @@ struct HeadlessServices {
 
   MacPlatform::Services services() {
     return {
+        .systemVersion = {.major = 14},
+        .numberFormat = std::make_shared<const host_headless::PointNumberFormat>(),
         .loginItem = &loginItem,
         .log = &log,
         .makeUpdaterController =
