@@ -1,6 +1,6 @@
 #pragma once
 
-#include "confinement/Confinement.h"
+#include "confinement/Rights.h"
 
 namespace tarnwell::confinement {
 
