@@ -7,6 +7,7 @@
 
 #include "core/Catalogue.h"
 #include "core/CommandRunner.h"
+#include "core/DockValues.h"
 #include "core/MinEffect.h"
 
 namespace tarnwell::core {
@@ -25,10 +26,8 @@ struct Dependencies {
   std::function<void()> changed = {};
 };
 
-/// The settings of the Dock, three times each: the constant default, the value last read from or written to the Dock,
-/// and the value being edited. Speeds are seconds. The initial speeds differ from each other and from what a Dock is
-/// likely to hold; a load replaces them.
-class DockSettings {
+/// The settings state: loads, saves and compares the values, and tells of each change.
+class DockSettings : public DockValues {
  public:
   explicit DockSettings(Dependencies dependencies);
 
@@ -46,37 +45,13 @@ class DockSettings {
 
   /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: the listener is told.
   template <class T>
-  void set(T DockSettings::*field, std::type_identity_t<T> value) {
+  void set(T DockValues::*field, std::type_identity_t<T> value) {
     this->*field = value;
     notify();
   }
 
   const std::map<MinEffect, std::string> menuBarActions;
   const std::function<void(const std::string&)> openURL;
-
-  const double delaySpeedDefault = 0.2;
-  const double animationSpeedDefault = 0.5;
-  const bool scrollToExposeDefault = false;
-  const MinEffect minEffectDefault = MinEffect::genie;
-  const bool showHiddenDefault = false;
-  const bool activeAppsOnlyDefault = false;
-  const bool singleAppModeDefault = false;
-
-  double delaySpeedCurrent = 9.0;
-  double animationSpeedCurrent = 9.0;
-  bool scrollToExposeCurrent = false;
-  MinEffect minEffectCurrent = MinEffect::genie;
-  bool showHiddenCurrent = false;
-  bool activeAppsOnlyCurrent = false;
-  bool singleAppModeCurrent = false;
-
-  double delaySpeed = 8.0;
-  double animationSpeed = 8.0;
-  bool scrollToExpose = false;
-  MinEffect minEffect = MinEffect::genie;
-  bool showHidden = false;
-  bool activeAppsOnly = false;
-  bool singleAppMode = false;
 
  private:
   /// Whether `test(preference, edited, current, byDefault)` holds for each preference; stops at the first that fails

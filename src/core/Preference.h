@@ -5,7 +5,7 @@
 #include <tuple>
 
 #include "core/Catalogue.h"
-#include "core/DockSettings.h"
+#include "core/DockValues.h"
 
 namespace tarnwell::core {
 
@@ -15,9 +15,9 @@ enum class Gate { everySystem, olderThan15 };
 /// Where the settings state holds a preference.
 template <class T>
 struct Fields {
-  T DockSettings::*edited;
-  T DockSettings::*current;
-  const T DockSettings::*byDefault;
+  T DockValues::*edited;
+  T DockValues::*current;
+  const T DockValues::*byDefault;
 };
 
 /// An operation of the catalogue that writes, and the prefix for one that takes any.
@@ -56,41 +56,40 @@ struct Preference {
 inline constexpr std::tuple preferences = {
     Preference<double>{
         .key = "autohide-delay",
-        .fields = {&DockSettings::delaySpeed, &DockSettings::delaySpeedCurrent, &DockSettings::delaySpeedDefault},
+        .fields = {&DockValues::delaySpeed, &DockValues::delaySpeedCurrent, &DockValues::delaySpeedDefault},
         .read = &Catalogue::readDelaySpeed,
         .write = {&Catalogue::writeFloat, "defaults write com.apple.dock autohide-delay -float "}},
     Preference<double>{
         .key = "autohide-time-modifier",
-        .fields = {&DockSettings::animationSpeed, &DockSettings::animationSpeedCurrent,
-                   &DockSettings::animationSpeedDefault},
+        .fields = {&DockValues::animationSpeed, &DockValues::animationSpeedCurrent, &DockValues::animationSpeedDefault},
         .read = &Catalogue::readAnimationSpeed,
         .write = {&Catalogue::writeFloat, "defaults write com.apple.dock autohide-time-modifier -float "}},
-    Preference<bool>{.key = "scroll-to-open",
-                     .fields = {&DockSettings::scrollToExpose, &DockSettings::scrollToExposeCurrent,
-                                &DockSettings::scrollToExposeDefault},
-                     .read = &Catalogue::readScrollToExpose,
-                     .write = {&Catalogue::writeBool, "defaults write com.apple.dock scroll-to-open -bool "}},
+    Preference<bool>{
+        .key = "scroll-to-open",
+        .fields = {&DockValues::scrollToExpose, &DockValues::scrollToExposeCurrent, &DockValues::scrollToExposeDefault},
+        .read = &Catalogue::readScrollToExpose,
+        .write = {&Catalogue::writeBool, "defaults write com.apple.dock scroll-to-open -bool "}},
     Preference<MinEffect>{
         .key = "mineffect",
-        .fields = {&DockSettings::minEffect, &DockSettings::minEffectCurrent, &DockSettings::minEffectDefault},
+        .fields = {&DockValues::minEffect, &DockValues::minEffectCurrent, &DockValues::minEffectDefault},
         .read = &Catalogue::readMinEffect,
         .write = {.unprefixed = &Catalogue::writeMinEffect},
         .fixedReset = MinEffect::genie},
     Preference<bool>{
         .key = "showhidden",
-        .fields = {&DockSettings::showHidden, &DockSettings::showHiddenCurrent, &DockSettings::showHiddenDefault},
+        .fields = {&DockValues::showHidden, &DockValues::showHiddenCurrent, &DockValues::showHiddenDefault},
         .read = &Catalogue::readShowHidden,
         .write = {&Catalogue::writeBool, "defaults write com.apple.dock showhidden -bool "}},
-    Preference<bool>{.key = "static-only",
-                     .fields = {&DockSettings::activeAppsOnly, &DockSettings::activeAppsOnlyCurrent,
-                                &DockSettings::activeAppsOnlyDefault},
-                     .read = &Catalogue::readActiveAppsOnly,
-                     .write = {&Catalogue::writeBool, "defaults write com.apple.dock static-only -bool "}},
-    Preference<bool>{.key = "single-app",
-                     .fields = {&DockSettings::singleAppMode, &DockSettings::singleAppModeCurrent,
-                                &DockSettings::singleAppModeDefault},
-                     .read = &Catalogue::readSingleAppMode,
-                     .write = {.unprefixed = &Catalogue::writeSingleApp},
-                     .gate = Gate::olderThan15}};
+    Preference<bool>{
+        .key = "static-only",
+        .fields = {&DockValues::activeAppsOnly, &DockValues::activeAppsOnlyCurrent, &DockValues::activeAppsOnlyDefault},
+        .read = &Catalogue::readActiveAppsOnly,
+        .write = {&Catalogue::writeBool, "defaults write com.apple.dock static-only -bool "}},
+    Preference<bool>{
+        .key = "single-app",
+        .fields = {&DockValues::singleAppMode, &DockValues::singleAppModeCurrent, &DockValues::singleAppModeDefault},
+        .read = &Catalogue::readSingleAppMode,
+        .write = {.unprefixed = &Catalogue::writeSingleApp},
+        .gate = Gate::olderThan15}};
 
 }  // namespace tarnwell::core

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -30,9 +31,10 @@ class StateObject {
   }
   T* operator->() const { return get().get(); }
 
-  /// A field of the object; writing goes through the object's own `set(field, value)`.
-  template <class F>
-  Binding<F> binding(F T::*field) const {
+  /// A field of the object, or of what it derives from; writing goes through the object's own `set(field, value)`.
+  template <class F, class Owner>
+  requires std::derived_from<T, Owner> Binding<F> binding(F Owner::*field)
+  const {
     return {.get = [object = get(), field] { return (*object).*field; },
             .set = [object = get(), field](F value) { object->set(field, std::move(value)); }};
   }
