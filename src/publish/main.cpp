@@ -10,7 +10,7 @@
 
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
-#include "publish/Release.h"
+#include "publish/Publishing.h"
 #include "publish/SecretKey.h"
 #include "system/base/Descriptor.h"
 

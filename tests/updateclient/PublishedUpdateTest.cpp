@@ -11,7 +11,7 @@
 #include "fixtures/EventLoop.h"
 #include "fixtures/Sandbox.h"
 #include "host/linux/PackageOpener.h"
-#include "publish/Release.h"
+#include "publish/Publishing.h"
 #include "publish/SecretKey.h"
 #include "updateclient/FakeUserDriver.h"
 #include "updateclient/FeedUpdater.h"

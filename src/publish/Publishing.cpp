@@ -1,4 +1,4 @@
-#include "publish/Release.h"
+#include "publish/Publishing.h"
 
 #include <fcntl.h>
 
