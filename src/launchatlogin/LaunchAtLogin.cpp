@@ -3,7 +3,6 @@
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
 #include "kit/ports/LoginItem.h"
-#include "launchatlogin/Observable.h"
 
 namespace tarnwell::launchatlogin {
 namespace {

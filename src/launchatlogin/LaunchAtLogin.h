@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "kit/ports/Log.h"
+#include "view/state/ObservableObject.h"
 
 namespace tarnwell::launchatlogin {
 
@@ -28,6 +29,17 @@ class LaunchAtLogin final {
 
   /// What the application's views follow; the same one each time.
   static std::shared_ptr<Observable> observable();
+};
+
+/// Lets views follow the registration. It keeps nothing: the system does.
+class LaunchAtLogin::Observable final : public view::ObservableObject {
+ public:
+  bool isEnabled() const { return LaunchAtLogin::isEnabled(); }
+
+  void setEnabled(bool enabled) {
+    objectWillChange();
+    LaunchAtLogin::setEnabled(enabled);
+  }
 };
 
 }  // namespace tarnwell::launchatlogin

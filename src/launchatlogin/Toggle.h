@@ -6,7 +6,7 @@
 #include <tuple>
 #include <utility>
 
-#include "launchatlogin/Observable.h"
+#include "launchatlogin/LaunchAtLogin.h"
 #include "view/state/ObservableObject.h"
 #include "view/values/LocalizedStringKey.h"
 #include "view/values/View.h"

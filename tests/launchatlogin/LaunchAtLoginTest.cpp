@@ -4,7 +4,6 @@
 
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
-#include "launchatlogin/Observable.h"
 
 namespace tarnwell::launchatlogin {
 namespace {
