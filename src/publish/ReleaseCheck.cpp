@@ -7,7 +7,7 @@
 #include "release/text/Version.h"
 #include "release/text/WebAddress.h"
 #include "updateclient/ItemChooser.h"
-#include "updater/feed/FeedReader.h"
+#include "updater/feed/FeedLimits.h"
 #include "updater/notes/Notes.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/package/PackageKind.h"
@@ -16,7 +16,7 @@
 namespace tarnwell::publish {
 namespace {
 
-using updater::FeedReader;
+using updater::FeedLimits;
 
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
@@ -50,8 +50,8 @@ system::Result<void> checkAddress(const std::string& url) {
   if (server.find('@') != std::string::npos) {
     return system::Failure{quoted(url) + " names a user, and the updater asks without one"};
   }
-  if (url.size() > FeedReader::maximumAttributeLength) {
-    return system::Failure{"the address is longer than " + std::to_string(FeedReader::maximumAttributeLength) +
+  if (url.size() > FeedLimits::maximumAttributeLength) {
+    return system::Failure{"the address is longer than " + std::to_string(FeedLimits::maximumAttributeLength) +
                            " characters"};
   }
   return {};
@@ -80,9 +80,9 @@ system::Result<void> checkRelease(const Release& release) {
   if (auto checked = checkVersions(release); !checked) {
     return checked;
   }
-  if (!isOneLine(release.title, FeedReader::maximumTitleLength)) {
+  if (!isOneLine(release.title, FeedLimits::maximumTitleLength)) {
     return system::Failure{"the title is not one plain line of at most " +
-                           std::to_string(FeedReader::maximumTitleLength) + " characters"};
+                           std::to_string(FeedLimits::maximumTitleLength) + " characters"};
   }
   if (!release.channel.empty() && !release::isChannelName(release.channel)) {
     return system::Failure{"channel " + quoted(release.channel) +

@@ -6,6 +6,7 @@
 
 #include "fuzz/Require.h"
 #include "updateclient/ItemChooser.h"
+#include "updater/feed/FeedLimits.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/package/PackageClaim.h"
 
@@ -15,6 +16,7 @@ namespace {
 using release::FeedItem;
 using system::Result;
 using updateclient::ItemChooser;
+using updater::FeedLimits;
 using updater::FeedReader;
 using updater::PackageClaim;
 
@@ -30,9 +32,9 @@ Result<Items> read(std::string_view text, std::size_t piece) {
 
 void check(const release::FeedItem& item) {
   for (const auto* text : {&item.title, &item.version, &item.shownVersion, &item.link, &item.channel}) {
-    require(text->size() <= FeedReader::maximumFieldLength);
+    require(text->size() <= FeedLimits::maximumFieldLength);
   }
-  require(item.notes.size() <= FeedReader::maximumNotesLength);
+  require(item.notes.size() <= FeedLimits::maximumNotesLength);
   const auto claim = PackageClaim::create(item);
   if (claim) {
     require(claim->length > 0 && claim->length <= PackageClaim::maximumLength);
@@ -46,7 +48,7 @@ void run(std::string_view text) {
   if (!whole) {
     return;
   }
-  require(whole->size() <= FeedReader::maximumItems && whole->size() == pieces->size());
+  require(whole->size() <= FeedLimits::maximumItems && whole->size() == pieces->size());
   for (const release::FeedItem& item : *whole) {
     check(item);
   }

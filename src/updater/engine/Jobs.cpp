@@ -14,6 +14,7 @@
 #include "system/base/Descriptor.h"
 #include "system/files/AtomicFile.h"
 #include "updater/engine/Fences.h"
+#include "updater/feed/FeedLimits.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/notes/Notes.h"
 #include "updater/package/PackageClaim.h"
@@ -83,7 +84,7 @@ Done fetchFeed(const Arguments& arguments, const Given& given, const Say& say) {
     return usable.error();
   }
   FeedReader reader;
-  const Done fetched = given.fetch(downloadOf(arguments, FeedReader::maximumLength, feedLimit),
+  const Done fetched = given.fetch(downloadOf(arguments, FeedLimits::maximumLength, feedLimit),
                                    [&reader](std::string_view bytes) { return reader.feed(bytes); });
   const auto items = fetched ? reader.finish() : fetched.error();
   if (!items) {
@@ -154,7 +155,7 @@ Done verify(const Arguments& arguments, const Given& given, const Say& say) {
 
 Done readNotesAloud(const Arguments& /*arguments*/, const Given& given, const Say& say) {
   const system::Descriptor input = duplicate(given.input);
-  const auto notes = input.readAll(FeedReader::maximumNotesLength);
+  const auto notes = input.readAll(FeedLimits::maximumNotesLength);
   if (!notes) {
     return system::systemFailure("the release notes cannot be read");
   }

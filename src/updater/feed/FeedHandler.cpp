@@ -5,8 +5,8 @@
 
 #include "release/text/Number.h"
 #include "release/text/PlainLine.h"
+#include "updater/feed/FeedLimits.h"
 #include "updater/feed/FeedNamespace.h"
-#include "updater/feed/FeedReader.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -94,7 +94,7 @@ bool FeedHandler::start(std::string_view name, const Attributes& attributes) {
   if (refusal_) {
     return false;
   }
-  if (path_.size() == FeedReader::maximumDepth) {
+  if (path_.size() == FeedLimits::maximumDepth) {
     return refuse("its elements are nested too deep");
   }
   const Place place = placeOf(name);
@@ -113,8 +113,8 @@ bool FeedHandler::start(std::string_view name, const Attributes& attributes) {
 }
 
 bool FeedHandler::startItem() {
-  if (items_.size() == FeedReader::maximumItems) {
-    return refuse("it has more than " + std::to_string(FeedReader::maximumItems) + " items");
+  if (items_.size() == FeedLimits::maximumItems) {
+    return refuse("it has more than " + std::to_string(FeedLimits::maximumItems) + " items");
   }
   item_ = {};
   olderVersion_ = {};
@@ -159,7 +159,7 @@ bool FeedHandler::text(std::string_view characters) {
     return true;
   }
   const bool isNotes = field_ == &item_.notes;
-  if (text_.size() + characters.size() > (isNotes ? FeedReader::maximumNotesLength : FeedReader::maximumFieldLength)) {
+  if (text_.size() + characters.size() > (isNotes ? FeedLimits::maximumNotesLength : FeedLimits::maximumFieldLength)) {
     return refuse("one of its texts is too long");
   }
   text_ += characters;
@@ -185,7 +185,7 @@ void FeedHandler::endField() {
   if (field_ != nullptr) {
     const bool isTitle = field_ == &item_.title;
     *std::exchange(field_, nullptr) =
-        isTitle ? release::plainLine(text_, FeedReader::maximumTitleLength) : withoutOuterBlanks(text_);
+        isTitle ? release::plainLine(text_, FeedLimits::maximumTitleLength) : withoutOuterBlanks(text_);
   }
 }
 

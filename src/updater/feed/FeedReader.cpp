@@ -6,6 +6,7 @@
 
 #include "diagnostics/Fault.h"
 #include "updater/feed/FeedHandler.h"
+#include "updater/feed/FeedLimits.h"
 
 namespace tarnwell::updater {
 
@@ -44,10 +45,10 @@ bool take(FeedHandler& handler, const XML_Char* name, const XML_Char** pairs) {
   FeedHandler::Attributes attributes;
   for (; *pairs != nullptr; pairs += 2) {
     attributes.emplace_back(pairs[0], pairs[1]);
-    if (attributes.size() > FeedReader::maximumAttributes) {
+    if (attributes.size() > FeedLimits::maximumAttributes) {
       return handler.refuse("one of its elements has too many attributes");
     }
-    if (attributes.back().second.size() > FeedReader::maximumAttributeLength) {
+    if (attributes.back().second.size() > FeedLimits::maximumAttributeLength) {
       return handler.refuse("one of its attributes is too long");
     }
   }
@@ -95,8 +96,8 @@ system::Result<void> FeedReader::feed(std::string_view bytes) {
     const std::string_view piece = bytes.substr(0, block - pending_.size());
     bytes.remove_prefix(piece.size());
     length_ += piece.size();
-    if (length_ > maximumLength) {
-      usable_ = unusable("it is larger than " + std::to_string(maximumLength / 1024) + " KiB");
+    if (length_ > FeedLimits::maximumLength) {
+      usable_ = unusable("it is larger than " + std::to_string(FeedLimits::maximumLength / 1024) + " KiB");
       break;
     }
     pending_ += piece;

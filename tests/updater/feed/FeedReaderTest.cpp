@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "updater/feed/FeedHandler.h"
+#include "updater/feed/FeedLimits.h"
 #include "updater/feed/FeedNamespace.h"
 #include "updater/feed/FeedText.h"
 
@@ -78,7 +79,7 @@ TEST(FeedReader, makesOnePlainLineOfATitle) {
   EXPECT_EQ(onlyItemOf("<title> Version\n 2.0&#13;&#10;&#x9;now \xe2\x80\xae&#x2066;!</title>").title,
             "Version 2.0 now !");
   EXPECT_EQ(onlyItemOf("<title>" + std::string(4000, 't') + "</title>").title,
-            std::string(FeedReader::maximumTitleLength, 't') + "…");
+            std::string(FeedLimits::maximumTitleLength, 't') + "…");
   EXPECT_EQ(onlyItemOf("<title>&#x200b;</title>").title, "");
 }
 
@@ -233,35 +234,35 @@ TEST(FeedReader, staysWithItsFirstRefusal) {
 }
 
 TEST(FeedReader, takesAsMuchAsItsLimitsSay) {
-  EXPECT_EQ(itemsOf(feedOf(repeated("<item/>", FeedReader::maximumItems))).size(), FeedReader::maximumItems);
-  const std::string notes(FeedReader::maximumNotesLength, 'n');
+  EXPECT_EQ(itemsOf(feedOf(repeated("<item/>", FeedLimits::maximumItems))).size(), FeedLimits::maximumItems);
+  const std::string notes(FeedLimits::maximumNotesLength, 'n');
   EXPECT_EQ(onlyItemOf("<description>" + notes + "</description>").notes, notes);
-  const std::string field(FeedReader::maximumFieldLength, 'f');
+  const std::string field(FeedLimits::maximumFieldLength, 'f');
   EXPECT_EQ(onlyItemOf("<link>" + field + "</link>").link, field);
-  const std::string title(FeedReader::maximumTitleLength, 't');
+  const std::string title(FeedLimits::maximumTitleLength, 't');
   EXPECT_EQ(onlyItemOf("<title>" + title + "</title>").title, title);
-  const std::string url(FeedReader::maximumAttributeLength, 'u');
+  const std::string url(FeedLimits::maximumAttributeLength, 'u');
   EXPECT_EQ(onlyItemOf("<enclosure url='" + url + "'/>").enclosure.url, url);
-  const std::size_t within = FeedReader::maximumDepth - 2;
+  const std::size_t within = FeedLimits::maximumDepth - 2;
   EXPECT_TRUE(itemsOf(feedOf(repeated("<a>", within) + repeated("</a>", within))).empty());
 }
 
 TEST(FeedReader, takesNotAByteMore) {
   const auto more = [](std::size_t length) { return std::string(length + 1, 'm'); };
-  const std::size_t within = FeedReader::maximumDepth - 1;
+  const std::size_t within = FeedLimits::maximumDepth - 1;
   std::string attributes;
-  for (std::size_t number = 0; number <= FeedReader::maximumAttributes; ++number) {
+  for (std::size_t number = 0; number <= FeedLimits::maximumAttributes; ++number) {
     attributes += " a" + std::to_string(number) + "=''";
   }
   const std::vector<std::pair<std::string, std::string>> rows = {
-      {repeated("<item/>", FeedReader::maximumItems + 1), "it has more than 1000 items"},
-      {"<item><description>" + more(FeedReader::maximumNotesLength) + "</description></item>",
+      {repeated("<item/>", FeedLimits::maximumItems + 1), "it has more than 1000 items"},
+      {"<item><description>" + more(FeedLimits::maximumNotesLength) + "</description></item>",
        "one of its texts is too long"},
-      {"<item><title>" + more(FeedReader::maximumFieldLength) + "</title></item>", "one of its texts is too long"},
-      {"<item a='" + more(FeedReader::maximumAttributeLength) + "'/>", "one of its attributes is too long"},
+      {"<item><title>" + more(FeedLimits::maximumFieldLength) + "</title></item>", "one of its texts is too long"},
+      {"<item a='" + more(FeedLimits::maximumAttributeLength) + "'/>", "one of its attributes is too long"},
       {"<item" + attributes + "/>", "one of its elements has too many attributes"},
       {repeated("<a>", within) + repeated("</a>", within), "its elements are nested too deep"},
-      {std::string(FeedReader::maximumLength, ' '), "it is larger than 1024 KiB"},
+      {std::string(FeedLimits::maximumLength, ' '), "it is larger than 1024 KiB"},
   };
   for (const auto& [content, reason] : rows) {
     EXPECT_EQ(refusalOfFeed(feedOf(content)), "The update feed cannot be used: " + reason + ".");
