@@ -16,9 +16,9 @@ namespace {
 /// A process that waits beside the child, and calls nothing but the system: it is a copy of the starter.
 class Guard {
  public:
-  Guard(pid_t child, pid_t starter, const Launch& launch) : child_(child), starter_(starter), launch_(launch) {}
+  Guard(pid_t child, pid_t starter) : child_(child), starter_(starter) {}
 
-  [[noreturn]] void run() {
+  [[noreturn]] void run(std::chrono::seconds limit, bool endsWithStarter) {
     // What it holds of the starter's would not end with the starter.
     for (int number = 0; number < ::getdtablesize(); ++number) {
       ::close(number);
@@ -28,11 +28,11 @@ class Guard {
     if (!watch(kernelEvent(child_, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
       ::_exit(EXIT_SUCCESS);
     }
-    if (launch_.endsWithStarter && !watch(kernelEvent(starter_, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
+    if (endsWithStarter && !watch(kernelEvent(starter_, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
       end(SIGKILL);
     }
-    if (launch_.limit.count() > 0) {
-      watch(kernelEvent(0, EVFILT_TIMER, EV_ADD | EV_ONESHOT, NOTE_SECONDS, launch_.limit.count()));
+    if (limit.count() > 0) {
+      watch(kernelEvent(0, EVFILT_TIMER, EV_ADD | EV_ONESHOT, NOTE_SECONDS, limit.count()));
     }
     waitForFirst();
   }
@@ -60,23 +60,22 @@ class Guard {
 
   pid_t child_;
   pid_t starter_;
-  const Launch& launch_;
   int queue_ = -1;
 };
 
 }  // namespace
 
 // A child's child: it is the system's to take off the list.
-void guard(pid_t child, const Launch& launch) {
-  if (!launch.endsWithStarter && launch.limit.count() == 0) {
+void guard(pid_t child, std::chrono::seconds limit, bool endsWithStarter) {
+  if (!endsWithStarter && limit.count() == 0) {
     return;
   }
-  Guard guard(child, ::getpid(), launch);
+  Guard guard(child, ::getpid());
   const SignalPause pause;
   const pid_t between = ::fork();
   if (between == 0) {
     if (::fork() == 0) {
-      guard.run();
+      guard.run(limit, endsWithStarter);
     }
     ::_exit(EXIT_SUCCESS);
   }

@@ -98,7 +98,7 @@ Result<Process> Process::start(const Launch& launch) {
     return Failure{.message = "cannot start " + launch.words.front() + ": " + std::generic_category().message(error),
                    .error = error};
   }
-  guard(child, launch);
+  guard(child, launch.limit, launch.endsWithStarter);
   return Process(child);
 }
 
