@@ -1,8 +1,28 @@
 #pragma once
 
-#include "profile/exports/Targets.h"
+#include <string>
+#include <vector>
+
+#include "profile/values/Profile.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::profile {
+
+struct ExportOptions {
+  /// In reverse-DNS form, "org.example.dock": what a configuration profile replaces when it is installed again. No
+  /// other target looks at it.
+  std::string identifier = {};
+  /// Whether a target that restarts nothing by itself shall be told to restart the Dock, at each of its runs.
+  bool restartsDock = false;
+};
+
+/// A profile as a target takes it.
+struct Export {
+  std::string text = {};
+  /// What the target cannot say, a line each without a full stop. It stands in the text as well, where the target has
+  /// comments. A caller that must not lose anything writes nothing when there is any.
+  std::vector<std::string> warnings = {};
+};
 
 // What stands behind each target of the list, a source each.
 

@@ -1,7 +1,5 @@
 #include "profile/exports/Targets.h"
 
-#include "profile/exports/Formats.h"
-
 namespace tarnwell::profile {
 
 constexpr std::array<Target, 8> targets = {

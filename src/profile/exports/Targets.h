@@ -1,30 +1,11 @@
 #pragma once
 
 #include <array>
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "profile/values/Profile.h"
-#include "system/base/Result.h"
+#include "profile/exports/Formats.h"
 
 namespace tarnwell::profile {
-
-struct ExportOptions {
-  /// In reverse-DNS form, "org.example.dock": what a configuration profile replaces when it is installed again. No
-  /// other target looks at it.
-  std::string identifier = {};
-  /// Whether a target that restarts nothing by itself shall be told to restart the Dock, at each of its runs.
-  bool restartsDock = false;
-};
-
-/// A profile as a target takes it.
-struct Export {
-  std::string text = {};
-  /// What the target cannot say, a line each without a full stop. It stands in the text as well, where the target has
-  /// comments. A caller that must not lose anything writes nothing when there is any.
-  std::vector<std::string> warnings = {};
-};
 
 struct Target {
   /// What it is called on the command line.
