@@ -10,7 +10,6 @@
 #include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/session/ActivationToken.h"
-#include "host/qt/window/WindowWidget.h"
 #include "kit/application/Application.h"
 #include "kit/control/Control.h"
 #include "kit/control/Window.h"
@@ -80,7 +79,7 @@ WindowPeer::WindowPeer(kit::Window& window, const KeyEquivalents& equivalents)
 
 WindowPeer::~WindowPeer() {
   if (widget_) {
-    static_cast<WindowWidget*>(widget_.data())->cut();
+    widget_->cut();
     widget_->hide();
     widget_->deleteLater();
   }
@@ -206,7 +205,7 @@ void WindowPeer::orderFront() noexcept {
   } else {
     widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
     widget_->raise();
-    static_cast<WindowWidget*>(widget_.data())->uncoverOnce();
+    widget_->uncoverOnce();
   }
 }
 

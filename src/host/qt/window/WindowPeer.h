@@ -2,21 +2,12 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
-#include <functional>
 
 #include "host/qt/control/Container.h"
-#include "kit/host/KeyEvent.h"
+#include "host/qt/window/WindowWidget.h"
 #include "kit/host/WindowPeer.h"
 
-namespace tarnwell::kit {
-class Window;
-}
-
 namespace tarnwell::host_qt {
-
-/// Asked first about a key that the focused control has no use for: true for one that has done its work, which may end
-/// the window.
-using KeyEquivalents = std::function<bool(const kit::KeyEvent&)>;
 
 /// What stands in a window beside its content, across the whole width: children of the window's widget. Null for
 /// nothing.
@@ -63,7 +54,7 @@ class WindowPeer final : public kit::WindowPeer, public Container {
   void showLevel();
 
   kit::Window& window_;
-  QPointer<QWidget> widget_;
+  QPointer<WindowWidget> widget_;
   QPointer<QWidget> content_;  // The same unless there is something beside the content.
   QPointer<QWidget> above_;
   QPointer<QWidget> below_;

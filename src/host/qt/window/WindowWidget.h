@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QtWidgets/QWidget>
+#include <functional>
 #include <memory>
 
 #include "host/qt/window/FixedSizeGuard.h"
 #include "host/qt/window/FramePace.h"
-#include "host/qt/window/WindowPeer.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::kit {
 class Control;
@@ -13,6 +14,10 @@ class Window;
 }  // namespace tarnwell::kit
 
 namespace tarnwell::host_qt {
+
+/// Asked first about a key that the focused control has no use for: true for one that has done its work, which may end
+/// the window.
+using KeyEquivalents = std::function<bool(const kit::KeyEvent&)>;
 
 /// The toolkit's window of a kit window. Cut off when its peer goes; it is deleted when its events are over.
 class WindowWidget final : public QWidget {
