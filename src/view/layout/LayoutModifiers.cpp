@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "view/tree/MountedTree.h"
 #include "view/tree/PassThroughNode.h"
+#include "view/tree/TreeContext.h"
 #include "view/values/Alignment.h"
 #include "view/values/PlainText.h"
 #include "view/values/View.h"

@@ -1,7 +1,7 @@
 #include "view/tree/Composite.h"
 
 #include "kit/turn/Turn.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "kit/host/Host.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 

@@ -1,8 +1,9 @@
 #include <optional>
 #include <utility>
 
-#include "view/tree/MountedTree.h"
+#include "kit/turn/Turn.h"
 #include "view/tree/PassThroughNode.h"
+#include "view/tree/TreeContext.h"
 #include "view/values/View.h"
 
 namespace tarnwell::view {

@@ -8,7 +8,7 @@
 #include "kit/host/Geometry.h"
 #include "kit/host/Measurement.h"
 #include "kit/turn/Action.h"
-#include "view/tree/AccessibleContext.h"
+#include "view/values/AccessibleContext.h"
 #include "view/values/EnvironmentValues.h"
 #include "view/values/View.h"
 
@@ -20,11 +20,11 @@ class Peer;
 
 namespace tarnwell::view {
 
-class MountedTree;
+class TreeContext;
 
 /// Where a node is made: its tree, its parent (null for the root), what it describes, what flows down to it.
 struct Place {
-  MountedTree& tree;
+  TreeContext& tree;
   MountedNode* parent;
   View view;
   EnvironmentValues environment;
@@ -56,7 +56,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   bool isDirty() const { return dirty_; }
   int depth() const { return depth_; }
 
-  MountedTree& tree() const { return tree_; }
+  TreeContext& tree() const { return tree_; }
   const EnvironmentValues& environment() const { return environment_; }
   const std::vector<std::shared_ptr<MountedNode>>& children() const { return children_; }
 
@@ -127,7 +127,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   std::shared_ptr<MountedNode> makeChild(const View& view, const EnvironmentValues& environment);
   void retire(const std::shared_ptr<MountedNode>& child);
 
-  MountedTree& tree_;
+  TreeContext& tree_;
   MountedNode* parent_;
   View view_;
   EnvironmentValues environment_;

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "kit/control/Control.h"
-#include "kit/host/WindowPeer.h"
 #include "kit/menus/Menu.h"
 #include "view/tree/MountedNode.h"
 
@@ -33,36 +32,32 @@ std::vector<std::shared_ptr<MountedNode>> ancestorsFirst(const std::vector<std::
 
 }  // namespace
 
-MountedTree::MountedTree(kit::Turn& turn, kit::Host& host, kit::Peer& rootPeer)
-    : turn_(turn), host_(&host), rootPeer_(&rootPeer) {
-  turn_.join(*this);
+MountedTree::MountedTree(kit::Turn& turn, kit::Host& host, kit::Peer& rootPeer) : context_(turn, &host, &rootPeer) {
+  turn.join(*this);
 }
 
-MountedTree::MountedTree(kit::Turn& turn, kit::Menu& menu) : turn_(turn), menu_(&menu) { turn_.join(*this); }
+MountedTree::MountedTree(kit::Turn& turn, kit::Menu& menu) : context_(turn, nullptr, nullptr), menu_(&menu) {
+  turn.join(*this);
+}
 
 MountedTree::~MountedTree() {
-  turn_.leave(*this);
+  context_.turn().leave(*this);
   if (root_) {
     root_->unmount();
-    turn_.releaseLater(root_);
+    context_.turn().releaseLater(root_);
   }
 }
 
 void MountedTree::mount(const View& view, const EnvironmentValues& environment) {
-  root_ = view.description().makeNode({.tree = *this, .parent = nullptr, .view = view, .environment = environment});
+  root_ = view.description().makeNode({.tree = context_, .parent = nullptr, .view = view, .environment = environment});
   root_->mount();
-  needsLayout_ = true;
+  context_.setNeedsLayout();
 }
 
 void MountedTree::setShown(bool shown) {
-  if (std::exchange(shown_, shown) != shown) {
+  if (context_.setShown(shown)) {
     walk(*root_, [shown](MountedNode& node) { node.showingChanged(shown); });
   }
-}
-
-double MountedTree::chromeHeight(double width) const {
-  const auto* window = dynamic_cast<const kit::WindowPeer*>(rootPeer_);
-  return window != nullptr ? window->chromeHeight(width) : 0;
 }
 
 std::vector<kit::Control*> MountedTree::controls() const {
@@ -77,14 +72,14 @@ std::vector<kit::Control*> MountedTree::controls() const {
 }
 
 bool MountedTree::settleStep() {
-  const auto dirty = ancestorsFirst(std::exchange(dirty_, {}));
+  const auto dirty = ancestorsFirst(context_.takeDirty());
   for (const auto& node : dirty) {
     // An ancestor's refresh may have updated or removed it meanwhile.
     if (node->isMounted() && node->isDirty()) {
       node->refresh();
     }
   }
-  const auto handlers = std::exchange(handlers_, {});
+  const auto handlers = context_.takeHandlers();
   for (const kit::Action& handler : handlers) {
     handler();
   }
@@ -105,7 +100,7 @@ void MountedTree::settled() {
   if (menu_ != nullptr && root_) {
     fillMenu();
   }
-  if (std::exchange(needsLayout_, false) && layoutAction_) {
+  if (context_.takeNeedsLayout() && layoutAction_) {
     root_->explain({});
     layoutAction_();
   }

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "view/tree/ControlNode.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 #include "view/values/EnvironmentKeys.h"
 
 namespace tarnwell::view {

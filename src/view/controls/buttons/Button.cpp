@@ -5,8 +5,8 @@
 #include "view/layout/Spacer.h"
 #include "view/tree/ControlNode.h"
 #include "view/tree/MenuItemNode.h"
-#include "view/tree/MountedTree.h"
 #include "view/tree/PassThroughNode.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 namespace {

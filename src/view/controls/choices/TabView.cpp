@@ -4,7 +4,7 @@
 
 #include "view/controls/choices/ChoiceNode.h"
 #include "view/layout/Spacer.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "diagnostics/Fault.h"
 #include "view/tree/MenuItemNode.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 namespace {

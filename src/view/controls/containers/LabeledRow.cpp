@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "kit/controls/buttons/Toggle.h"
+#include "view/controls/containers/DescribingTexts.h"
 #include "view/controls/containers/FormMetrics.h"
 #include "view/controls/text/Label.h"
 #include "view/tree/MountedNode.h"
@@ -27,7 +28,7 @@ class LabeledRowNode final : public MountedNode {
   std::string summary() const override { return "Row"; }
 
   void explain(const AccessibleContext& around) override {
-    AccessibleContext own = around.describedBy(descriptionNode());
+    AccessibleContext own = describedBy(descriptionNode(), around);
     own.label = firstTextIn(labelNode());
     controlNode().explain(own);
   }

@@ -1,7 +1,7 @@
 #include "view/controls/containers/ScrollAreaNode.h"
 
 #include "kit/host/Host.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 

@@ -5,9 +5,10 @@
 #include "kit/controls/containers/Box.h"
 #include "kit/host/Host.h"
 #include "kit/turn/Turn.h"
+#include "view/controls/containers/DescribingTexts.h"
 #include "view/controls/containers/FormMetrics.h"
 #include "view/tree/MountedNode.h"
-#include "view/tree/MountedTree.h"
+#include "view/tree/TreeContext.h"
 
 namespace tarnwell::view {
 namespace {
@@ -23,7 +24,7 @@ class SectionNode final : public MountedNode {
   kit::Control* control() const override { return group_.get(); }
 
   void explain(const AccessibleContext& around) override {
-    const AccessibleContext own = around.describedBy(footer());
+    const AccessibleContext own = describedBy(footer(), around);
     for (MountedNode* row : visibleRows()) {
       row->explain(own);
     }

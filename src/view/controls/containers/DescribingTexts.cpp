@@ -1,4 +1,4 @@
-#include "view/tree/AccessibleContext.h"
+#include "view/controls/containers/DescribingTexts.h"
 
 #include <vector>
 
@@ -26,13 +26,13 @@ std::vector<const kit::Control*> textsIn(const MountedNode& node) {
 
 }  // namespace
 
-AccessibleContext AccessibleContext::describedBy(const MountedNode& text) const {
+AccessibleContext describedBy(const MountedNode& text, const AccessibleContext& around) {
   std::string words;
   for (const kit::Control* part : textsIn(text)) {
     words += (words.empty() ? "" : " ") + part->accessibleName();
   }
-  const std::string gap = words.empty() || description.empty() ? "" : " ";
-  return {.label = label, .description = words + gap + description};
+  const std::string gap = words.empty() || around.description.empty() ? "" : " ";
+  return {.label = around.label, .description = words + gap + around.description};
 }
 
 const kit::Control* firstTextIn(const MountedNode& node) {
