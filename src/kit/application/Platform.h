@@ -5,8 +5,8 @@
 #include <string>
 
 #include "kit/application/Product.h"
-#include "kit/application/StatusItem.h"
 #include "kit/events/AppleEvent.h"
+#include "kit/host/StatusItemPeer.h"
 #include "kit/ports/NumberFormat.h"
 #include "kit/ports/SystemVersion.h"
 #include "kit/turn/Subscription.h"
@@ -17,6 +17,7 @@ class Application;
 class Host;
 class Log;
 class LoginItem;
+class StatusItem;
 class UpdaterController;
 struct UpdaterControllerArguments;
 

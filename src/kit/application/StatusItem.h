@@ -5,6 +5,7 @@
 #include <string>
 
 #include "kit/events/Event.h"
+#include "kit/host/StatusItemPeer.h"
 #include "kit/turn/Object.h"
 #include "kit/turn/Observers.h"
 
@@ -43,22 +44,6 @@ class StatusBarButton final : public Object {
   std::weak_ptr<Object> target_;
   unsigned mask_ = maskOf(Event::Type::leftMouseUp);
   Observers<> observers_;
-};
-
-/// A host's side of a status item.
-class StatusItemPeer {
- public:
-  StatusItemPeer() = default;
-  StatusItemPeer(const StatusItemPeer&) = delete;
-  StatusItemPeer& operator=(const StatusItemPeer&) = delete;
-  virtual ~StatusItemPeer() = default;
-
-  /// Shows `menu` at the icon and returns when it has closed.
-  virtual void popUp(Menu& menu) = 0;
-
-  /// The item has another menu, or none. A platform that opens menus by itself is given it now; it then tells of no
-  /// `mouseUp` there, but the responder chain of what becomes of the menu.
-  virtual void menuChanged() {}
 };
 
 /// An icon in the system's status bar. With a menu attached, a click of either button opens it; without one, the

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "kit/application/Platform.h"
+#include "kit/application/StatusItem.h"
 #include "kit/host/Host.h"
 #include "view/controls/buttons/SettingsLink.h"
 #include "view/tree/MountedNode.h"
