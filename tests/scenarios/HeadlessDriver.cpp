@@ -17,7 +17,7 @@ class HeadlessDriver final : public Driver {
 
   void click(kit::Control& control) override {
     const bool turns = control.accessible().role == kit::AccessibleRole::toggle;
-    control.perform({.action = turns ? kit::AccessibleAction::toggle : kit::AccessibleAction::press});
+    kit::perform(control, {.action = turns ? kit::AccessibleAction::toggle : kit::AccessibleAction::press});
   }
 
   void drag(kit::Slider& slider, double place) override {
@@ -78,7 +78,9 @@ class HeadlessDriver final : public Driver {
 
   std::vector<kit::AccessiblePart> parts(kit::Control& control) override { return control.accessibleParts(); }
 
-  void perform(kit::Control& control, const kit::AccessibleRequest& request) override { control.perform(request); }
+  void perform(kit::Control& control, const kit::AccessibleRequest& request) override {
+    kit::perform(control, request);
+  }
 
  private:
   // What goes to another control than the field that is being typed into ends the editing first.

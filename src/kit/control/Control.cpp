@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "kit/control/Window.h"
 #include "kit/host/Host.h"
 #include "kit/turn/Turn.h"
 
@@ -32,12 +31,8 @@ Accessible Control::accessible() const {
   return told;
 }
 
-void Control::perform(const AccessibleRequest& request) {
-  const auto self = handle();
-  if (window_ != nullptr) {
-    window_->endEditing(this);
-  }
-  if (*self != nullptr && enabled_ && takes(request)) {
+void Control::carryOut(const AccessibleRequest& request) {
+  if (enabled_ && takes(request)) {
     act(request);
   }
 }

@@ -54,9 +54,8 @@ class Control {
   Accessible accessible() const;
   virtual std::vector<AccessiblePart> accessibleParts() const { return {}; }
 
-  /// The user's doing without a pointer. It first commits what is being typed elsewhere in the window, which may end
-  /// the control. Nothing while the control is disabled or has no such action, value or part.
-  void perform(const AccessibleRequest& request);
+  /// What `kit::perform` asks for. Nothing while the control is disabled or has no such action, value or part.
+  void carryOut(const AccessibleRequest& request);
 
   /// User input runs as part of `turn`, which must outlive the control. Without one it runs by itself.
   void joinTurn(Turn& turn) { turn_ = &turn; }

@@ -150,7 +150,7 @@ bool Window::commitAndPressButton() {
   }
   Control* button = buttonForReturn();
   if (button != nullptr) {
-    button->perform({.action = AccessibleAction::press});
+    kit::perform(*button, {.action = AccessibleAction::press});
   }
   return button != nullptr;
 }
@@ -200,6 +200,20 @@ bool Window::cancelEditing() {
     }
   }
   return false;
+}
+
+void afterCommit(Control& control, const Action& work) {
+  const auto handle = control.handle();
+  if (control.window() != nullptr) {
+    control.window()->endEditing(&control);
+  }
+  if (*handle != nullptr) {
+    work();
+  }
+}
+
+void perform(Control& control, const AccessibleRequest& request) {
+  afterCommit(control, [&] { control.carryOut(request); });
 }
 
 }  // namespace tarnwell::kit

@@ -16,6 +16,7 @@ namespace tarnwell::kit {
 class Control;
 class Host;
 class Turn;
+struct AccessibleRequest;
 
 /// A window of the application: its size follows its content, never the user.
 class Window final : public Object {
@@ -127,5 +128,11 @@ class Window final : public Object {
   bool visible_ = false;
   bool takesKeyboard_ = true;
 };
+
+/// Commits what is being typed elsewhere in the control's window, then does `work`, unless that has ended the control.
+void afterCommit(Control& control, const Action& work);
+
+/// The user's doing without a pointer, after such a commit.
+void perform(Control& control, const AccessibleRequest& request);
 
 }  // namespace tarnwell::kit

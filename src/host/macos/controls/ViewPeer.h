@@ -46,10 +46,6 @@ class ViewPeer : public kit::Peer, public Container {
   std::optional<ActionTarget> action_;
 };
 
-/// Commits what is being typed elsewhere in the window, which may end the control, then runs `report`. A screen reader
-/// presses without the click that would have done the first.
-void reportAfterCommit(kit::Control& control, const std::function<void()>& report);
-
 /// The same with the types of both sides.
 template <class Control, class View>
 class PeerOf : public ViewPeer {

@@ -96,19 +96,10 @@ kit::Control* ViewPeer::controlOf(NSView* view) {
 }
 
 void ViewPeer::connect(std::function<void()> report) {
-  action_.emplace([this, report] { reportAfterCommit(control_, report); });
+  // A screen reader presses without the click that would have ended what is being typed elsewhere.
+  action_.emplace([this, report] { kit::afterCommit(control_, report); });
   [asControl(view_.get()) setTarget:action_->target()];
   [asControl(view_.get()) setAction:ActionTarget::action()];
-}
-
-void reportAfterCommit(kit::Control& control, const std::function<void()>& report) {
-  const auto handle = control.handle();
-  if (control.window() != nullptr) {
-    control.window()->endEditing(&control);
-  }
-  if (*handle != nullptr) {
-    report();
-  }
 }
 
 }  // namespace tarnwell::host_macos

@@ -143,7 +143,7 @@ class AccessiblePartOfControl final : public QAccessibleInterface, public QAcces
 
   void doAction(const QString& name) override {
     if (isValid() && name == pressAction()) {
-      control()->perform({.action = kit::AccessibleAction::choosePart, .part = index_});
+      kit::perform(*control(), {.action = kit::AccessibleAction::choosePart, .part = index_});
     }
   }
 
@@ -254,11 +254,8 @@ void AccessibleControl::doAction(const QString& name) {
     return;
   }
   // The toolkit's own: taking the keyboard.
-  if (kit::Control* control = link_.control(); control != nullptr && control->window() != nullptr) {
-    control->window()->endEditing(control);
-  }
   if (link_.control() != nullptr) {
-    AccessibleWidget::doAction(name);
+    kit::afterCommit(*link_.control(), [&] { AccessibleWidget::doAction(name); });
   }
 }
 
@@ -288,7 +285,7 @@ kit::Accessible AccessibleControl::told() const {
 
 void AccessibleControl::perform(const kit::AccessibleRequest& request) {
   if (link_.control() != nullptr) {
-    link_.control()->perform(request);
+    kit::perform(*link_.control(), request);
   }
 }
 

@@ -16,19 +16,13 @@ void TextField::setText(std::string text) {
 }
 
 void TextField::type(std::string text) {
-  const auto self = handle();
-  if (window() != nullptr) {
-    window()->endEditing(this);
-  }
-  if (*self == nullptr) {
-    // The other field's commit has ended this one.
-    return;
-  }
-  if (isEnabled()) {
-    typed_ = std::move(text);
-    editing_ = true;
-  }
-  changed(Aspect::value);
+  afterCommit(*this, [&] {
+    if (isEnabled()) {
+      typed_ = std::move(text);
+      editing_ = true;
+    }
+    changed(Aspect::value);
+  });
 }
 
 void TextField::commit() {

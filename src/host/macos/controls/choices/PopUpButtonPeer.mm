@@ -2,6 +2,7 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/Symbols.h"
+#include "kit/control/Window.h"
 #include "kit/controls/choices/PopUpButton.h"
 
 namespace tarnwell::host_macos {
@@ -51,7 +52,7 @@ class PopUpButtonPeer final : public PeerOf<kit::PopUpButton, NSPopUpButton> {
     }
   }
 
-  ActionTarget opens_{[this] { reportAfterCommit(control(), [] {}); }};
+  ActionTarget opens_{[this] { kit::afterCommit(control(), [] {}); }};
 };
 
 }  // namespace

@@ -4,9 +4,9 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/controls/text/RichTextString.h"
 #include "host/macos/look/Conversions.h"
+#include "kit/control/Window.h"
 #include "kit/controls/text/RichText.h"
 
-using tarnwell::host_macos::reportAfterCommit;
 namespace kit = tarnwell::kit;
 
 /// Hears which link was clicked; cut when the control goes.
@@ -34,7 +34,7 @@ namespace kit = tarnwell::kit;
   if (text_ != nullptr) {
     kit::RichText* text = text_;
     const int number = [link intValue];
-    reportAfterCommit(*text, [text, number] { text->follow(number); });
+    tarnwell::kit::afterCommit(*text, [text, number] { text->follow(number); });
   }
   // Whatever it was, the platform opens nothing.
   return YES;
