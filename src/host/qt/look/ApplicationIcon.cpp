@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "host/qt/look/Picture.h"
+#include "host/qt/look/Drawing.h"
 
 namespace tarnwell::host_qt {
 namespace {

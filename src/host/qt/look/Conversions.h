@@ -6,9 +6,6 @@
 #include <string_view>
 
 #include "kit/host/Geometry.h"
-#include "kit/host/KeyEvent.h"
-
-class QKeyEvent;
 
 namespace tarnwell::host_qt {
 
@@ -21,8 +18,5 @@ QPointF toQPointF(const kit::Point& point);
 QRect toQRect(const kit::Rect& rect);
 QRectF toQRectF(const kit::Rect& rect);
 kit::Rect toRect(const QRect& rect);
-
-/// Control counts as Command, as is usual on this platform.
-kit::KeyEvent toKeyEvent(const QKeyEvent& event);
 
 }  // namespace tarnwell::host_qt

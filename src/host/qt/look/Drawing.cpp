@@ -2,6 +2,7 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPicture>
 #include <algorithm>
 #include <cmath>
 
@@ -74,6 +75,18 @@ void drawChevron(QPainter& painter, const QPointF& centre, double size, Directio
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(color, chevronStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPath(path);
+}
+
+QPixmap pictureOf(const QString& resource, int side) {
+  QPixmap pixmap(side, side);
+  pixmap.fill(Qt::transparent);
+  QPicture drawing;
+  if (drawing.load(resource)) {
+    QPainter painter(&pixmap);
+    painter.scale(side, side);
+    painter.drawPicture(0, 0, drawing);
+  }
+  return pixmap;
 }
 
 }  // namespace tarnwell::host_qt

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QtCore/QRectF>
+#include <QtCore/QString>
 #include <QtGui/QColor>
+#include <QtGui/QPixmap>
 
 class QPainter;
 
@@ -31,5 +33,8 @@ void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palett
 
 /// A small arrow without a shaft, centred on `centre`; `size` is its width in points.
 void drawChevron(QPainter& painter, const QPointF& centre, double size, Direction direction, const QColor& color);
+
+/// A drawing of this program's resources, so many device pixels wide and high, on nothing.
+QPixmap pictureOf(const QString& resource, int side);
 
 }  // namespace tarnwell::host_qt

@@ -7,7 +7,6 @@
 #include "diagnostics/Console.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
-#include "host/qt/look/Picture.h"
 
 namespace tarnwell::host_qt {
 namespace {

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "host/qt/look/Conversions.h"
-#include "host/qt/look/KeyEquivalentText.h"
+#include "host/qt/look/Keys.h"
 #include "kit/application/Application.h"
 
 namespace tarnwell::host_qt {

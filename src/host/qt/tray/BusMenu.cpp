@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/qt/look/Conversions.h"
-#include "host/qt/look/KeyEquivalentText.h"
+#include "host/qt/look/Keys.h"
 #include "host/qt/session/RunLater.h"
 #include "kit/application/Application.h"
 

@@ -10,6 +10,7 @@
 
 #include "host/qt/control/WidgetPeer.h"
 #include "host/qt/look/Conversions.h"
+#include "host/qt/look/Keys.h"
 #include "kit/control/Window.h"
 #include "kit/controls/buttons/Toggle.h"
 #include "kit/controls/choices/TabBar.h"

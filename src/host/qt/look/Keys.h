@@ -2,14 +2,16 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-#include <string_view>
 
+#include "kit/host/KeyEvent.h"
 #include "kit/menus/MenuItem.h"
+
+class QKeyEvent;
 
 namespace tarnwell::host_qt {
 
-/// A key without its modifiers as menus show it here: a letter in upper case, as on the key.
-QString keyShownInMenus(std::string_view key);
+/// Control counts as Command, as is usual on this platform.
+kit::KeyEvent toKeyEvent(const QKeyEvent& event);
 
 /// A key equivalent as menus show it here: "Ctrl+," for a comma with Command, "Ctrl+Q" for a "q" and for a "Q". Shift
 /// is shown where the equivalent names it. Empty for none.

@@ -2,7 +2,7 @@
 
 #include <QtGui/QKeyEvent>
 
-#include "host/qt/look/Conversions.h"
+#include "host/qt/look/Keys.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -19,9 +19,9 @@ struct Case {
 
 std::ostream& operator<<(std::ostream& out, const Case& tested) { return out << tested.name; }
 
-class KeyEventTest : public testing::TestWithParam<Case> {};
+class KeysTest : public testing::TestWithParam<Case> {};
 
-TEST_P(KeyEventTest, saysWhatThePlatformsKeyMeans) {
+TEST_P(KeysTest, saysWhatThePlatformsKeyMeans) {
   const Case& tested = GetParam();
   const kit::KeyEvent event =
       toKeyEvent(QKeyEvent(QEvent::KeyPress, tested.key, tested.modifiers, QString(tested.text)));
@@ -31,7 +31,7 @@ TEST_P(KeyEventTest, saysWhatThePlatformsKeyMeans) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    keys, KeyEventTest,
+    keys, KeysTest,
     testing::Values(Case{.name = "returnKey", .key = Qt::Key_Return, .text = "\r", .characters = "\r", .shown = "\r"},
                     Case{.name = "enterOfTheKeypad",
                          .key = Qt::Key_Enter,
