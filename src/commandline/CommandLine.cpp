@@ -7,7 +7,6 @@
 #include "commandline/commands/Change.h"
 #include "commandline/commands/ChangeCommands.h"
 #include "commandline/commands/Comparing.h"
-#include "commandline/commands/Explanation.h"
 #include "commandline/commands/Exporting.h"
 #include "commandline/commands/Listing.h"
 #include "commandline/words/Arguments.h"

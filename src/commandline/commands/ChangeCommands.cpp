@@ -4,7 +4,6 @@
 
 #include "commandline/commands/Change.h"
 #include "commandline/commands/Comparing.h"
-#include "commandline/commands/ProfileFile.h"
 #include "commandline/commands/Wanted.h"
 
 namespace tarnwell::commandline {

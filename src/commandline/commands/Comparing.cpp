@@ -2,7 +2,6 @@
 
 #include "commandline/commands/Change.h"
 #include "commandline/commands/Json.h"
-#include "commandline/commands/ProfileFile.h"
 #include "commandline/commands/Wanted.h"
 #include "commandline/dock/DockStore.h"
 

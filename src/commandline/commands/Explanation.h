@@ -3,8 +3,6 @@
 #include <array>
 #include <string_view>
 
-#include "commandline/commands/Session.h"
-#include "commandline/words/Arguments.h"
 #include "profile/values/Setting.h"
 
 namespace tarnwell::commandline {
@@ -24,11 +22,7 @@ struct Explanation {
 /// In the order of `profile::settings`.
 extern const std::array<Explanation, profile::settings.size()> explanations;
 
-/// "seconds, 0 to 86400"
-std::string valuesText(profile::Type type);
 /// "macOS 14"
 std::string_view systemsText(core::Gate gate);
-
-Status explain(const Session& session, const Arguments& arguments);
 
 }  // namespace tarnwell::commandline

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "commandline/commands/Description.h"
-#include "commandline/commands/ProfileFile.h"
+#include "commandline/commands/Wanted.h"
 #include "commandline/dock/DockStore.h"
 #include "profile/exports/Targets.h"
 #include "system/files/AtomicFile.h"

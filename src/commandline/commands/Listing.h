@@ -9,5 +9,7 @@ namespace tarnwell::commandline {
 Status list(const Session& session, const Arguments& arguments);
 /// Shows the value of one.
 Status get(const Session& session, const Arguments& arguments);
+/// Says what there is to know of one, or of all.
+Status explain(const Session& session, const Arguments& arguments);
 
 }  // namespace tarnwell::commandline

@@ -1,11 +1,16 @@
 #include "commandline/commands/Wanted.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <vector>
 
 #include "core/ValueText.h"
+#include "profile/toml/ProfileReader.h"
 #include "profile/values/Suggestion.h"
+#include "system/base/Descriptor.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -82,6 +87,11 @@ Failure withoutValue(std::span<const std::string> words, std::size_t place) {
   return {"Write it as " + word + "=" + (isFollowed ? words[place + 1] : "VALUE") + "."};
 }
 
+system::Descriptor openInput(const std::string& name) {
+  return system::Descriptor(name == "-" ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
+                                        : ::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+}
+
 }  // namespace
 
 Result<std::size_t> settingOf(std::string_view key) {
@@ -136,6 +146,13 @@ profile::Profile allTakenAway(const Session& session) {
     }
   }
   return wanted;
+}
+
+Result<profile::Profile> readProfileFile(const std::string& name) {
+  const std::string shown = name == "-" ? "standard input" : name;
+  const system::Descriptor file = openInput(name);
+  const auto text = file ? file.readAll(profile::largestProfile) : std::nullopt;
+  return text ? profile::readProfile(*text, shown) : system::systemFailure("cannot read " + shown);
 }
 
 profile::Profile withoutUnknown(const Session& session, profile::Profile wanted) {

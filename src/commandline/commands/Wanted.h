@@ -22,6 +22,9 @@ system::Result<profile::Profile> wantedByTakingAway(const Session& session, std:
 /// That all which this system knows be taken away.
 profile::Profile allTakenAway(const Session& session);
 
+/// The profile in the file `name`, which may be a pipe; "-" is standard input. Blocks until its end.
+system::Result<profile::Profile> readProfileFile(const std::string& name);
+
 /// Leaves out what this system does not know, with a word for each.
 profile::Profile withoutUnknown(const Session& session, profile::Profile wanted);
 
