@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "standin/store/lists/PropertyList.h"
+#include "standin/store/lists/Node.h"
 
 namespace tarnwell::standin {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "standin/store/lists/PropertyList.h"
+#include "standin/store/lists/Node.h"
 
 namespace tarnwell::standin {
 

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "standin/store/lists/PropertyList.h"
+#include "standin/store/lists/Node.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -27,6 +27,16 @@ std::string dataText(plist_t node) {
     text += digits[byte & 0xFU];
   }
   return text + ">";
+}
+
+/// What stands between the tags of an integer, a date or another plain value in XML. Unlike the library's getters it
+/// knows unsigned integers from negative ones, and dates after 2068.
+std::string xmlContent(plist_t node) {
+  const std::string xml = libraryXml(node);
+  const std::size_t list = xml.find("<plist");
+  const std::size_t element = xml.find('<', list + 1);
+  const std::size_t content = xml.find('>', element) + 1;
+  return xml.substr(content, xml.find('<', content) - content);
 }
 
 // 2025-03-20T18:05:18Z becomes 2025-03-20 18:05:18 +0000.

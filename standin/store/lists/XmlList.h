@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-#include "standin/store/lists/PropertyList.h"
+#include "standin/store/lists/Node.h"
+#include "system/base/Result.h"
 
 namespace tarnwell::standin {
 

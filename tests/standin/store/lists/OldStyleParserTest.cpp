@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "standin/store/lists/PropertyList.h"
+
 namespace tarnwell::standin {
 namespace {
 
