@@ -8,7 +8,6 @@
 #include "system/base/Utf8.h"
 #include "system/processes/Pipe.h"
 #include "system/processes/Process.h"
-#include "system/processes/UnreadPipe.h"
 
 namespace tarnwell::core {
 

@@ -11,7 +11,7 @@
 #include "fixtures/Processes.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
-#include "system/processes/UnreadPipe.h"
+#include "system/processes/Pipe.h"
 
 namespace tarnwell::core {
 namespace {

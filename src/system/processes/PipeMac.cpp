@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include "system/base/Fault.h"
 #include "system/processes/Pipe.h"
@@ -25,6 +26,12 @@ Pipe Pipe::create(std::string_view action) {
     fault(action, errno);
   }
   return {.readEnd = closedOnExec(ends[0], action), .writeEnd = closedOnExec(ends[1], action)};
+}
+
+// No path leads to a pipe, so that none of its ends could be opened for both; and it grows by itself.
+UnreadPipe UnreadPipe::create() {
+  Pipe pipe = Pipe::create();
+  return {.output = std::move(pipe.writeEnd), .otherEnd = std::move(pipe.readEnd)};
 }
 
 }  // namespace tarnwell::system

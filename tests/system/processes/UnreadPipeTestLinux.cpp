@@ -11,7 +11,6 @@
 #include "fixtures/Subprocess.h"
 #include "system/FilterLinux.h"
 #include "system/processes/Pipe.h"
-#include "system/processes/UnreadPipe.h"
 
 namespace tarnwell::system {
 namespace {
