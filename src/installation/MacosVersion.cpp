@@ -2,21 +2,21 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <optional>
+
+#include "system/base/Utf8.h"
 
 namespace tarnwell::installation {
 namespace {
 
 constexpr VersionNumbers oldest = {14, 0, 0};
 constexpr std::size_t mostVersionDigits = 9;
-constexpr std::size_t mostEchoed = 40;
+constexpr std::size_t mostEchoed = 40;  // Bytes, and what is left of the last character.
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
-bool isControl(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  return code < 0x20 || code == 0x7F;
-}
+bool isControl(std::uint32_t codePoint) { return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0); }
 
 std::optional<int> number(std::string_view digits) {
   if (digits.empty() || digits.size() > mostVersionDigits || !std::all_of(digits.begin(), digits.end(), isDigit)) {
@@ -44,11 +44,16 @@ std::optional<VersionNumbers> numbers(std::string_view text) {
   return std::nullopt;
 }
 
-// The text comes from outside, so that only its printable beginning is said back.
+// The text comes from outside, so that only its beginning is said back, with a mark for what cannot be shown.
 std::string echoed(std::string_view text) {
-  std::string shown(text.substr(0, mostEchoed));
-  std::replace_if(shown.begin(), shown.end(), isControl, '?');
-  return '"' + shown + (text.size() > mostEchoed ? "…" : "") + '"';
+  std::string shown;
+  while (!text.empty() && shown.size() < mostEchoed) {
+    const std::string_view before = text;
+    const auto codePoint = system::takeCodePoint(text);
+    text.remove_prefix(codePoint ? 0 : 1);
+    shown += codePoint && !isControl(*codePoint) ? before.substr(0, before.size() - text.size()) : "?";
+  }
+  return '"' + shown + (text.empty() ? "" : "…") + '"';
 }
 
 }  // namespace

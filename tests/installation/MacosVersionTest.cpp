@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "system/base/Utf8.h"
+
 namespace tarnwell::installation {
 namespace {
 
@@ -64,6 +66,14 @@ TEST(MacosVersion, messageIsOneLineOfBoundedLength) {
   EXPECT_EQ(message.find('\n'), std::string::npos);
   EXPECT_EQ(message.find('\x1B'), std::string::npos);
   EXPECT_LT(message.size(), 200U);
+}
+
+TEST(MacosVersion, messageHasWholeCharactersAlone) {
+  const auto message = [](const std::string& text) { return failure(parseMacosVersion("MACOS_VERSION", text)); };
+  for (std::size_t before = 35; before < 42; ++before) {
+    EXPECT_TRUE(system::isUtf8(message(std::string(before, 'x') + "\u201c\u201d\u201c"))) << before;
+  }
+  EXPECT_TRUE(message("\xff\xe2\x80 \u009b").starts_with("MACOS_VERSION is \"??? ?\": "));
 }
 
 }  // namespace
