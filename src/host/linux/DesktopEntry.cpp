@@ -31,9 +31,9 @@ std::vector<std::string> split(std::string_view text) {
   return lines;
 }
 
-// What the command line's own rules demand, before the file's rules.
+// What the command line's own rules demand, before the file's rules; and a return, which some take for a blank.
 std::string quoted(const std::string& argument) {
-  constexpr std::string_view reserved = " \t\n\"'\\><~|&;$*?#()`";
+  constexpr std::string_view reserved = " \t\r\n\"'\\><~|&;$*?#()`";
   std::string result;
   for (const char c : argument) {
     if (c == '"' || c == '`' || c == '$' || c == '\\') {

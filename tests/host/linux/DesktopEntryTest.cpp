@@ -111,6 +111,11 @@ TEST(ExecValueTest, theProgramIsReadBackAsItWas) {
   }
 }
 
+TEST(ExecValueTest, aReturnAloneIsQuotedLikeOtherBlanks) {
+  EXPECT_EQ(execValue({"/a\rb"}), "\"/a\\rb\"");
+  EXPECT_EQ(programOf(*execValue({"/a\rb", "--launched-at-login"})), "/a\rb");
+}
+
 TEST(ExecValueTest, whatHoldsNoWordStartsNoProgram) {
   for (const char* value : {"", " ", "\"", "\"/never closed", "\"\" x"}) {
     EXPECT_EQ(programOf(value), "") << value;
