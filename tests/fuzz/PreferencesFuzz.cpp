@@ -1,41 +1,27 @@
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <string>
 #include <string_view>
 
+#include "fuzz/OwnFolder.h"
 #include "fuzz/Require.h"
 #include "updateclient/settings/UpdaterPreferences.h"
 
 namespace tarnwell::fuzz {
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A folder of this process's own, which is emptied for each text.
-fs::path emptyFolder() {
-  const fs::path folder = fs::temp_directory_path() / ("tarnwell-fuzz-" + std::to_string(::getpid()));
-  fs::remove_all(folder);
-  fs::create_directory(folder);
-  return folder;
-}
-
 /// The text is the file. Whatever it says, a value that is set comes back, and the file is kept, here or set aside.
 void run(std::string_view text) {
-  const fs::path folder = emptyFolder();
-  std::ofstream(folder / "updates") << text;
-  const updateclient::UpdaterPreferences preferences(folder / "updates");
+  const OwnFolder folder;
+  const auto file = folder.path() / "updates";
+  writeFile(file, text);
+  const updateclient::UpdaterPreferences preferences(file);
   require(preferences.interval() >= updateclient::UpdaterPreferences::shortestInterval);
   require(preferences.interval() <= updateclient::UpdaterPreferences::longestInterval);
   preferences.lastCheck();
-  const bool isAside = fs::exists(folder / "updates.damaged-1");
+  const bool isAside = std::filesystem::exists(folder.path() / "updates.damaged-1");
   require(isAside || preferences.skippedVersion().size() <= text.size());
   require(static_cast<bool>(preferences.setAutomaticDownloads(true)) && preferences.automaticDownloads());
-  fs::remove_all(folder);
 }
 
 }  // namespace

@@ -16,8 +16,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr int mutationsOfEach = 1000;
-
 void runTarget(const std::string& input) {
   // In a block of its own length, so that a look behind its end is seen.
   const std::vector<std::uint8_t> bytes(input.begin(), input.end());
@@ -35,11 +33,11 @@ std::map<std::string, std::string> seedsIn(const std::filesystem::path& folder) 
 
 }  // namespace
 
-// Runs a target over every seed in a folder and over changed ones. The last name that is printed is the one of the seed
-// that something was found with.
+// Runs a target over every seed in a folder and over as many changes of each as are asked for. The last name that is
+// printed is the one of the seed that something was found with.
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: " << *argv << " FOLDER\n";
+  if (argc != 3) {
+    std::cerr << "usage: " << *argv << " FOLDER CHANGES\n";
     return EXIT_FAILURE;
   }
   const auto seeds = seedsIn(argv[1]);
@@ -50,10 +48,11 @@ int main(int argc, char** argv) {
   std::vector<std::string> texts;
   std::transform(seeds.begin(), seeds.end(), std::back_inserter(texts), [](const auto& seed) { return seed.second; });
   tarnwell::fuzz::Mutation mutation(texts);
+  const int changes = std::stoi(argv[2]);
   for (const auto& [name, text] : seeds) {
     std::cout << name << std::endl;
     runTarget(text);
-    for (int count = 0; count < mutationsOfEach; ++count) {
+    for (int count = 0; count < changes; ++count) {
       runTarget(mutation.of(text));
     }
   }

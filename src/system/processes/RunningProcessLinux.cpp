@@ -1,3 +1,5 @@
+#include "system/processes/RunningProcessLinux.h"
+
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -5,6 +7,7 @@
 #include <charconv>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 #include "system/files/ReadFile.h"
 #include "system/processes/Process.h"
@@ -22,17 +25,18 @@ std::string contentOf(const std::string& path) {
   return content ? *std::move(content) : std::string();
 }
 
-/// What the kernel says of a process in one line.
-struct Standing {
-  bool isEnding = true;  // or gone
-  pid_t parent = 0;
-};
+ProcessStanding standingOf(pid_t process) { return standingIn(contentOf(folderOf(process) + "/stat")); }
 
-Standing standingOf(pid_t process) {
-  const std::string line = contentOf(folderOf(process) + "/stat");
+bool isNamed(pid_t process, std::string_view name) {
+  return contentOf(folderOf(process) + "/comm") == std::string(name.substr(0, longestName)) + "\n";
+}
+
+}  // namespace
+
+ProcessStanding standingIn(const std::string& line) {
   std::istringstream words(line.substr(std::min(line.rfind(')'), line.size() - 1) + 1));
   char state = 'X';
-  Standing standing;
+  ProcessStanding standing;
   unsigned long flags = 0;
   std::string ignored;
   words >> state >> standing.parent >> ignored >> ignored >> ignored >> ignored >> flags;
@@ -41,11 +45,14 @@ Standing standingOf(pid_t process) {
   return standing;
 }
 
-bool isNamed(pid_t process, std::string_view name) {
-  return contentOf(folderOf(process) + "/comm") == std::string(name.substr(0, longestName)) + "\n";
+std::vector<std::string> variablesIn(const std::string& text) {
+  std::vector<std::string> variables;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line, '\0');) {
+    variables.push_back(std::move(line));
+  }
+  return variables;
 }
-
-}  // namespace
 
 std::vector<RunningProcess> RunningProcess::named(std::string_view name) {
   std::vector<RunningProcess> found;
@@ -69,19 +76,14 @@ std::vector<RunningProcess> RunningProcess::named(std::string_view name) {
 // A process that is about to go on as another program has no environment for a moment, but its parent has.
 std::vector<std::string> RunningProcess::environment() const {
   std::string text = contentOf(folderOf(number_) + "/environ");
-  const Standing standing = standingOf(number_);
+  const ProcessStanding standing = standingOf(number_);
   if (standing.isEnding) {
     return {};
   }
   if (text.empty()) {
     text = contentOf(folderOf(standing.parent) + "/environ");
   }
-  std::vector<std::string> variables;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line, '\0');) {
-    variables.push_back(std::move(line));
-  }
-  return variables;
+  return variablesIn(text);
 }
 
 std::filesystem::path RunningProcess::workingFolder() const { return folderOf(number_) + "/cwd"; }

@@ -9,6 +9,7 @@
 
 #include "system/processes/Pipe.h"
 #include "system/processes/Process.h"
+#include "updater/package/DebianControlLinux.h"
 #include "updater/package/PackageKind.h"
 
 namespace tarnwell::updater {
@@ -16,31 +17,12 @@ namespace {
 
 constexpr std::chrono::seconds toolLimit(30);
 constexpr std::size_t longestControl = std::size_t{1} << 20U;  // Bytes.
-constexpr std::size_t longestVersion = 200;                    // Bytes.
 
 system::Failure unreadable(const std::string& reason) {
   return {"The downloaded update was thrown away, because it cannot be seen which version it is: " + reason + "."};
 }
 
 bool isDebianPackage(std::string_view start) { return start.starts_with("!<arch>\ndebian-binary"); }
-
-// No value where there is none, or more than one.
-std::optional<std::string> versionIn(const std::string& control) {
-  constexpr std::string_view field = "\nVersion:";
-  constexpr const char* blanks = " \t";
-  const std::string text = "\n" + control;
-  const std::size_t place = text.find(field);
-  if (place == std::string::npos || text.find(field, place + 1) != std::string::npos) {
-    return std::nullopt;
-  }
-  const std::size_t start = place + field.size();
-  const std::string value = text.substr(start, text.find('\n', start) - start);
-  const std::size_t first = value.find_first_not_of(blanks);
-  const std::size_t last = value.find_last_not_of(blanks);
-  return first == std::string::npos || last - first >= longestVersion
-             ? std::nullopt
-             : std::optional(value.substr(first, last - first + 1));
-}
 
 system::Result<system::Process> startTool(std::vector<std::string> words, int input, int output, int extra) {
   const system::Descriptor nothing(::open("/dev/null", O_WRONLY | O_CLOEXEC));
@@ -81,7 +63,7 @@ system::Result<std::string> debianVersion(int descriptor) {
   if (!control) {
     return unreadable("it is a Debian package, and this system has no dpkg-deb to look into it");
   }
-  const auto version = *control ? versionIn(**control) : std::nullopt;
+  const auto version = *control ? versionInControl(**control) : std::nullopt;
   return version ? system::Result<std::string>(*version) : unreadable("dpkg-deb does not find a version in it");
 }
 
