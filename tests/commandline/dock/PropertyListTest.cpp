@@ -8,12 +8,14 @@ namespace {
 using core::OtherValue;
 using core::StoredValue;
 
+std::string listOf(const std::string& element) {
+  return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + element + "</plist>";
+}
+
 /// What is found for the first setting, whose element this is.
 StoredValue valueOf(const std::string& element) {
-  const auto values = storedValuesIn(
-      "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>other</key><true/>"
-      "<key>autohide-delay</key>" +
-      element + "</dict></plist>");
+  const auto values =
+      storedValuesIn(listOf("<dict><key>other</key><true/><key>autohide-delay</key>" + element + "</dict>"));
   return values ? values->front() : StoredValue(values.error().message);
 }
 
@@ -30,13 +32,13 @@ TEST(PropertyList, tellsValuesWithTheirTypes) {
 }
 
 TEST(PropertyList, whatIsNotThereIsAbsent) {
-  const auto values = storedValuesIn("<plist version=\"1.0\"><dict/></plist>");
+  const auto values = storedValuesIn(listOf("<dict/>"));
   ASSERT_TRUE(values);
   EXPECT_EQ(*values, core::StoredValues());
 }
 
 TEST(PropertyList, refusesWhatIsNoDictionary) {
-  for (const char* text : {"", "nonsense", "<plist version=\"1.0\"><array/></plist>"}) {
+  for (const std::string& text : {std::string(), std::string("nonsense"), listOf("<array/>")}) {
     EXPECT_FALSE(storedValuesIn(text)) << text;
   }
 }
