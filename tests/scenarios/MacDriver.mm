@@ -3,6 +3,7 @@
 
 #include "host/macos/MacHost.h"
 #include "host/macos/SeenView.h"
+#include "host/macos/TabDriver.h"
 #include "host/macos/Toolkit.h"
 #include "host/macos/ViewDriver.h"
 #include "kit/control/Window.h"

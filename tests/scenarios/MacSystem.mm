@@ -90,7 +90,8 @@ class MacSystem final : public System {
   }
 
   void pressCommand(char key) override {
-    driver::key(*kit::Application::shared().windows().keyWindow(), toNSString(std::string(1, key)), NSCommandKeyMask);
+    driver::key(*kit::Application::shared().windows().keyWindow(), toNSString(std::string(1, key)),
+                NSEventModifierFlagCommand);
     settle();
   }
 

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "host/macos/Stage.h"
-#include "host/macos/gnustep/Workspace.h"
 
 namespace tarnwell::host_macos {
 namespace {
@@ -56,14 +55,6 @@ TEST(MacPlatformTest, theProgramIsStartedOnceMoreWhenItEnds) {
   stage.platform.terminate(*stage.application);
   EXPECT_THAT(stage.headless.journal.lines(), Contains("startAgainAtEnd"));
   EXPECT_TRUE(takeEnd());
-}
-
-TEST(MacPlatformTest, whatIsNoAddressOpensNothing) {
-  Stage stage;
-  stage.platform.openUrl("");
-  EXPECT_EQ([[TWWorkspace openedAddresses] length], 0U);
-  stage.platform.openUrl("https://tarnwell.example/help");
-  EXPECT_TRUE([[TWWorkspace openedAddresses] isEqualToString:@"https://tarnwell.example/help"]);
 }
 
 }  // namespace

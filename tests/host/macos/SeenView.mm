@@ -165,12 +165,12 @@ void setValue(NSControl* control, double value) {
 // A menu is followed until a button of the mouse goes up.
 void openAndClose(NSPopUpButton* button) {
   NSWindow* window = [button window];
-  [NSApp postEvent:[NSEvent mouseEventWithType:NSLeftMouseUp
+  [NSApp postEvent:[NSEvent mouseEventWithType:NSEventTypeLeftMouseUp
                                       location:NSZeroPoint
                                  modifierFlags:0
                                      timestamp:0
                                   windowNumber:[window windowNumber]
-                                       context:[window graphicsContext]
+                                       context:nil
                                    eventNumber:0
                                     clickCount:1
                                       pressure:0]

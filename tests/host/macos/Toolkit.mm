@@ -1,13 +1,9 @@
 #include "host/macos/Toolkit.h"
 
-#include <cstdlib>
-#include <stdexcept>
-#include <string>
 #include <utility>
 
 #include "fixtures/WaitFor.h"
-#include "system/processes/Pipe.h"
-#include "system/processes/Process.h"
+#include "host/macos/Display.h"
 
 /// An application that is told that it ends, and stays.
 @interface TWLastingApplication : NSApplication {
@@ -29,23 +25,6 @@ namespace {
 // Between two events that follow from each other without anything else having been asked for.
 constexpr double pause = 0.005;
 
-// The server ends with this process.
-void openDisplay() {
-  system::Pipe pipe = system::Pipe::create();
-  const auto server = system::Process::start({
-      .words = {"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"},
-      .extra = pipe.writeEnd.number(),
-      .endsWithStarter = true,
-  });
-  pipe.writeEnd.close();
-  std::string number = pipe.readEnd.readAll().value_or("");
-  if (!server || number.empty()) {
-    throw std::runtime_error("Xvfb does not start");
-  }
-  number.pop_back();
-  ::setenv("DISPLAY", (":" + number).c_str(), 1);
-}
-
 TWLastingApplication* application() { return static_cast<TWLastingApplication*>(NSApp); }
 
 }  // namespace
@@ -63,7 +42,7 @@ void startToolkit() {
 
 void settle() {
   for (;;) {
-    NSEvent* event = [NSApp nextEventMatchingMask:NSAnyEventMask
+    NSEvent* event = [NSApp nextEventMatchingMask:NSEventMaskAny
                                         untilDate:[NSDate dateWithTimeIntervalSinceNow:pause]
                                            inMode:NSDefaultRunLoopMode
                                           dequeue:YES];

@@ -8,7 +8,6 @@ namespace tarnwell::kit {
 class Control;
 class PopUpButton;
 class Slider;
-class TabBar;
 class TextField;
 class Window;
 }  // namespace tarnwell::kit
@@ -20,15 +19,13 @@ namespace tarnwell::host_macos::driver {
 /// The view that shows `control`; a fault where there is none.
 NSView* view(const kit::Control& control);
 NSWindow* window(const kit::Window& window);
-/// The entry that stands for a tab in the toolbar of the window that the bar stands in.
-NSToolbarItem* tab(const kit::TabBar& bar, int index);
 
 void click(const kit::Control& control);
 /// At a part of the width and height of the control, from the left and from the top.
 void clickAt(const kit::Control& control, double across, double down);
+void clickAt(NSView* view, double across, double down);
 /// Where no control is, from the top left corner of the content.
 void clickGround(const kit::Window& window, double x, double y);
-void clickTab(const kit::TabBar& bar, int index);
 /// From the knob to a place on the track as seen, 0 the left end and 1 the right one.
 void drag(const kit::Slider& slider, double place);
 /// Puts the text in the place of what the field holds, and leaves it there, not committed.

@@ -7,14 +7,8 @@
 #include "host/macos/look/Conversions.h"
 #include "kit/control/Window.h"
 #include "kit/controls/choices/PopUpButton.h"
-#include "kit/controls/choices/TabBar.h"
 #include "kit/controls/ranges/Slider.h"
 #include "kit/controls/text/TextField.h"
-
-/// What stands for an entry of a toolbar on the screen.
-@interface NSObject (TWToolbarButton)
-- (NSToolbarItem*)toolbarItem;
-@end
 
 namespace tarnwell::host_macos::driver {
 namespace {
@@ -26,17 +20,11 @@ void post(NSView* view, NSPoint at, NSEventType type) {
                                  modifierFlags:0
                                      timestamp:0
                                   windowNumber:[window windowNumber]
-                                       context:[window graphicsContext]
+                                       context:nil
                                    eventNumber:0
                                     clickCount:1
                                       pressure:1]
            atStart:NO];
-}
-
-void press(NSView* view, NSPoint at) {
-  post(view, at, NSLeftMouseDown);
-  post(view, at, NSLeftMouseUp);
-  settle();
 }
 
 NSPoint pointIn(NSView* view, double across, double down) {
@@ -44,18 +32,10 @@ NSPoint pointIn(NSView* view, double across, double down) {
   return NSMakePoint(bounds.size.width * across, bounds.size.height * ([view isFlipped] ? down : 1 - down));
 }
 
-NSView* buttonOf(NSToolbarItem* item, NSView* parent) {
-  NSArray* views = [parent subviews];
-  for (NSUInteger i = 0; i < [views count]; ++i) {
-    NSView* view = [views objectAtIndex:i];
-    if ([view respondsToSelector:@selector(toolbarItem)] && [view toolbarItem] == item) {
-      return view;
-    }
-    if (NSView* found = buttonOf(item, view)) {
-      return found;
-    }
-  }
-  return nil;
+void press(NSView* view, NSPoint at) {
+  post(view, at, NSEventTypeLeftMouseDown);
+  post(view, at, NSEventTypeLeftMouseUp);
+  settle();
 }
 
 }  // namespace
@@ -70,29 +50,14 @@ NSView* view(const kit::Control& control) {
 
 NSWindow* window(const kit::Window& window) { return [dynamic_cast<Container&>(*window.peer()).content() window]; }
 
-NSToolbarItem* tab(const kit::TabBar& bar, int index) {
-  NSArray* items = [[window(*bar.window()) toolbar] items];
-  return [items objectAtIndex:static_cast<NSUInteger>(index)];
-}
+void clickAt(NSView* view, double across, double down) { press(view, pointIn(view, across, down)); }
 
 void click(const kit::Control& control) { clickAt(control, 0.5, 0.5); }
 
-void clickAt(const kit::Control& control, double across, double down) {
-  NSView* pressed = view(control);
-  press(pressed, pointIn(pressed, across, down));
-}
+void clickAt(const kit::Control& control, double across, double down) { clickAt(view(control), across, down); }
 
 void clickGround(const kit::Window& kitWindow, double x, double y) {
   press([window(kitWindow) contentView], NSMakePoint(x, y));
-}
-
-void clickTab(const kit::TabBar& bar, int index) {
-  NSView* frame = [[window(*bar.window()) contentView] superview];
-  NSView* button = buttonOf(tab(bar, index), frame);
-  if (button == nil) {
-    throw std::invalid_argument("no button stands for the tab");
-  }
-  press(button, pointIn(button, 0.5, 0.5));
 }
 
 void drag(const kit::Slider& slider, double place) {
@@ -102,10 +67,10 @@ void drag(const kit::Slider& slider, double place) {
   // GNUstep's slider grows to the right alone.
   const double to = slider.isUpsideDown() ? 1 - place : place;
   const double middle = knob.origin.y + knob.size.height / 2;
-  post(shown, NSMakePoint(knob.origin.x + knob.size.width / 2, middle), NSLeftMouseDown);
+  post(shown, NSMakePoint(knob.origin.x + knob.size.width / 2, middle), NSEventTypeLeftMouseDown);
   const NSPoint end = NSMakePoint(knob.size.width / 2 + to * way, middle);
-  post(shown, end, NSLeftMouseDragged);
-  post(shown, end, NSLeftMouseUp);
+  post(shown, end, NSEventTypeLeftMouseDragged);
+  post(shown, end, NSEventTypeLeftMouseUp);
   settle();
 }
 
@@ -138,12 +103,12 @@ void focus(const kit::Control& control) {
 
 void key(const kit::Window& kitWindow, NSString* characters, NSUInteger modifiers) {
   NSWindow* shown = window(kitWindow);
-  [NSApp postEvent:[NSEvent keyEventWithType:NSKeyDown
+  [NSApp postEvent:[NSEvent keyEventWithType:NSEventTypeKeyDown
                                           location:NSZeroPoint
                                      modifierFlags:modifiers
                                          timestamp:0
                                       windowNumber:[shown windowNumber]
-                                           context:[shown graphicsContext]
+                                           context:nil
                                         characters:characters
                        charactersIgnoringModifiers:characters
                                          isARepeat:NO

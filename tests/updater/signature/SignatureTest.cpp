@@ -2,8 +2,6 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <vector>
 
@@ -24,9 +22,9 @@ std::string parseRefusalOf(std::string_view base64) {
 }
 
 system::Descriptor fileOf(const std::string& content) {
-  system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
-  EXPECT_EQ(::write(file.number(), content.data(), content.size()), static_cast<ssize_t>(content.size()));
-  return file;
+  const fixtures::Sandbox sandbox;
+  sandbox.write("package", content);
+  return system::Descriptor(::open((sandbox / "package").c_str(), O_RDONLY | O_CLOEXEC));
 }
 
 /// Why `signature` is refused for a file of this content; empty when it is not.
