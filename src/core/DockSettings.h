@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <map>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "core/Catalogue.h"
 #include "core/CommandRunner.h"
@@ -43,11 +45,18 @@ class DockSettings : public DockValues {
   bool matchesCurrent() const;
   bool matchesDefaults() const;
 
-  /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: the listener is told.
+  /// How a control changes one field, `set(&DockSettings::delaySpeed, 0.3)`: the listener is told where that is another
+  /// value. The two zeros are two values.
   template <class T>
   void set(T DockValues::*field, std::type_identity_t<T> value) {
-    this->*field = value;
-    notify();
+    const T before = std::exchange(this->*field, value);
+    bool isAnother = before != value;
+    if constexpr (std::is_floating_point_v<T>) {
+      isAnother |= std::signbit(before) != std::signbit(value);
+    }
+    if (isAnother) {
+      notify();
+    }
   }
 
   const std::map<MinEffect, std::string> menuBarActions;

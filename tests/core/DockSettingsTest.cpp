@@ -292,6 +292,17 @@ TEST_F(DockSettingsTest, settingAFieldStoresItAndTellsTheListener) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST_F(DockSettingsTest, theSameValueIsNoChange) {
+  settings.set(&DockSettings::delaySpeed, 0.0);
+  settings.set(&DockSettings::delaySpeed, 0.0);
+  EXPECT_EQ(changes, 1);
+  settings.set(&DockSettings::delaySpeed, -0.0);
+  EXPECT_EQ(changes, 2);
+  settings.set(&DockSettings::minEffect, MinEffect::genie);
+  settings.set(&DockSettings::showHidden, false);
+  EXPECT_EQ(changes, 2);
+}
+
 TEST_F(DockSettingsTest, theListenerSeesTheFinishedState) {
   bool matched = false;
   DockSettings* seen = nullptr;

@@ -28,6 +28,9 @@ void MountedNode::mount() {
 }
 
 void MountedNode::update(View view, EnvironmentValues environment) {
+  if (!dirty_ && view.description().isSameAs(view_.description()) && environment == environment_) {
+    return;
+  }
   if (!laysOutLike(view.description())) {
     forgetMeasurements();
   }

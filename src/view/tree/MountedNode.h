@@ -41,7 +41,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
 
   /// Makes controls and children; once, right after construction.
   void mount();
-  /// Takes over a description of the same type.
+  /// Takes over a description of the same type. One that says the same, in the same environment, changes nothing.
   void update(View view, EnvironmentValues environment);
   /// Brings everything in line once more, from the state as it is now.
   void refresh();

@@ -6,6 +6,8 @@
 #include <typeinfo>
 #include <utility>
 
+#include "view/values/Same.h"
+
 namespace tarnwell::view {
 
 class MountedNode;
@@ -22,6 +24,8 @@ class Description {
   /// A node can take over from another description of the same type.
   virtual std::type_index type() const = 0;
   virtual std::shared_ptr<MountedNode> makeNode(const Place& place) const = 0;
+  /// Whether `other`, of the same type, says the same. Never of a kind of view without an equality.
+  virtual bool isSameAs(const Description& other) const = 0;
 };
 
 /// A kind of view: a plain value with a function `makeNode(value, place)` beside it.
@@ -44,6 +48,9 @@ class ValueDescription final : public Description {
   const V& value() const { return value_; }
   std::type_index type() const override { return typeid(V); }
   std::shared_ptr<MountedNode> makeNode(const Place& place) const override { return makeNodeOf(value_, place); }
+  bool isSameAs(const Description& other) const override {
+    return same(value_, static_cast<const ValueDescription&>(other).value_);
+  }
 
  private:
   V value_;

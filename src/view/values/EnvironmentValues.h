@@ -5,6 +5,8 @@
 #include <memory>
 #include <utility>
 
+#include "view/values/Same.h"
+
 namespace tarnwell::view {
 
 /// A key names its value's type and what a view reads where no view above set one:
@@ -27,7 +29,7 @@ class EnvironmentValues {
 
   template <EnvironmentKey K>
   EnvironmentValues with(typename K::Value value) const {
-    return with(&identity<K>, std::any(std::move(value)));
+    return with({.key = &identity<K>, .value = std::move(value), .same = &sameErased<typename K::Value>});
   }
 
   /// The object of that type that was set above; null where there is none.
@@ -39,8 +41,11 @@ class EnvironmentValues {
 
   template <class O>
   EnvironmentValues withObject(std::shared_ptr<O> object) const {
-    return with(&identity<O>, std::any(std::move(object)));
+    return with({.key = &identity<O>, .value = std::move(object), .same = &sameErased<std::shared_ptr<O>>});
   }
+
+  /// Whether the same was set, in the same order.
+  friend bool operator==(const EnvironmentValues& a, const EnvironmentValues& b);
 
  private:
   /// A type's address tells it from others faster than its name does.
@@ -52,11 +57,12 @@ class EnvironmentValues {
   struct Entry {
     Key key = nullptr;
     std::any value = {};
+    AnySame same = nullptr;
     std::shared_ptr<const Entry> outer = {};
   };
 
   const std::any* find(Key key) const;
-  EnvironmentValues with(Key key, std::any value) const;
+  EnvironmentValues with(Entry entry) const;
 
   std::shared_ptr<const Entry> nearest_;
 };

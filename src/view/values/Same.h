@@ -1,5 +1,6 @@
 #pragma once
 
+#include <any>
 #include <concepts>
 #include <vector>
 
@@ -14,6 +15,13 @@ bool same(const T& a, const T& b) {
   } else {
     return false;
   }
+}
+
+/// The same for values whose type is known only where they were erased.
+using AnySame = bool (*)(const std::any&, const std::any&);
+template <class T>
+bool sameErased(const std::any& a, const std::any& b) {
+  return same(std::any_cast<const T&>(a), std::any_cast<const T&>(b));
 }
 
 /// The first position of `value`, -1 where it is none of them.

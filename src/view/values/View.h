@@ -67,12 +67,9 @@ class View {
   /// Runs after every change of `value`, whatever made it, with the new value; not for the value at mounting.
   template <class T>
   View onChange(T value, std::function<void(const T&)> action) const {
-    return onChange(
-        std::any(std::move(value)),
-        [](const std::any& a, const std::any& b) {
-          return same(std::any_cast<const T&>(a), std::any_cast<const T&>(b));
-        },
-        [action = std::move(action)](const std::any& changed) { action(std::any_cast<const T&>(changed)); });
+    return onChange(std::any(std::move(value)), &sameErased<T>, [action = std::move(action)](const std::any& changed) {
+      action(std::any_cast<const T&>(changed));
+    });
   }
 
   /// Calls `subscribe` when the view is mounted and ends the subscription when it goes. What it hands over is called
@@ -103,8 +100,6 @@ class View {
   View disabled(bool disabled) const;
 
  private:
-  using AnySame = bool (*)(const std::any&, const std::any&);
-
   View onChange(std::any value, AnySame same, std::function<void(const std::any&)> action) const;
   View environment(std::function<EnvironmentValues(const EnvironmentValues&)> change) const;
 

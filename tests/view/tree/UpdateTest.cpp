@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <tuple>
+
 #include "kit/controls/buttons/Toggle.h"
 #include "kit/controls/text/TextLabel.h"
 #include "view/Counter.h"
@@ -8,6 +11,7 @@
 #include "view/controls/text/Text.h"
 #include "view/layout/Spacer.h"
 #include "view/layout/Stack.h"
+#include "view/state/Environment.h"
 #include "view/tree/Composite.h"
 
 namespace tarnwell::view {
@@ -18,6 +22,20 @@ View column(std::vector<View> children) { return VStack{.children = std::move(ch
 View fixedSwitch(bool on) {
   return Toggle{.title = "switch", .isOn = {.get = [on] { return on; }, .set = [](bool) {}}};
 }
+
+/// A text that counts how often it is made.
+struct Counted {
+  std::string text = {};
+  int* bodies = nullptr;
+  Environment<FontKey> font = {};
+
+  friend bool operator==(const Counted& a, const Counted& b) { return a.text == b.text; }
+  auto stored() { return std::tie(font); }
+  View body() const {
+    ++*bodies;
+    return Text{text};
+  }
+};
 
 TEST(UpdateTest, theSameTypeKeepsItsControl) {
   Stage stage{Text{"a"}};
@@ -54,6 +72,20 @@ TEST(UpdateTest, oneChangedValueIsOneCall) {
   stage.told();
   stage.show(column({Text{"a"}, fixedSwitch(true), Text{"b"}}));
   EXPECT_EQ(stage.told(), Lines{"switch \"switch\": value"});
+}
+
+TEST(UpdateTest, aViewThatSaysTheSameInTheSameEnvironmentIsPassedOver) {
+  int bodies = 0;
+  const auto content = [&](const std::string& text, kit::FontRole font) {
+    return View(Counted{.text = text, .bodies = &bodies}).font(font);
+  };
+  Stage stage{content("a", kit::FontRole::body)};
+  stage.show(content("a", kit::FontRole::body));
+  EXPECT_EQ(bodies, 1);
+  stage.show(content("b", kit::FontRole::body));
+  EXPECT_EQ(bodies, 2);
+  stage.show(content("b", kit::FontRole::caption));
+  EXPECT_EQ(bodies, 3);
 }
 
 TEST(UpdateTest, nothingChangedIsNoCall) {

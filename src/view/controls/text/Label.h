@@ -17,6 +17,9 @@ struct Label {
   /// From the symbol's left edge to the title's, in points.
   static constexpr double titleInset = 26;
 
+  /// The style is the environment's.
+  friend bool operator==(const Label& a, const Label& b) { return a.title == b.title && a.symbol == b.symbol; }
+
   auto stored() { return std::tie(style); }
   View body() const;
 };

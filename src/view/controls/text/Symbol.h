@@ -13,6 +13,7 @@ struct Symbol {
   std::string name = {};
   std::string title = {};
   double side = kit::SymbolView::usualSide;  ///< Points.
+  friend bool operator==(const Symbol&, const Symbol&) = default;
 };
 
 std::shared_ptr<MountedNode> makeNode(const Symbol& symbol, const Place& place);
