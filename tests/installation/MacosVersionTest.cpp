@@ -27,6 +27,13 @@ TEST(MacosVersion, takesOneToThreeNumbers) {
   }
 }
 
+TEST(MacosVersion, isReadNoFurtherThanItsText) {
+  const std::string_view longer = "14.57";
+  EXPECT_EQ(*parseMacosVersion("MACOS_VERSION", longer.substr(0, 4)), (VersionNumbers{14, 5, 0}));
+  EXPECT_EQ(parseMacosVersion("MACOS_VERSION", longer.substr(0, 1)).error().message,
+            "MACOS_VERSION is \"1\": the oldest supported version is 14");
+}
+
 TEST(MacosVersion, refusesWhatIsNoVersion) {
   for (const char* text : {"",
                            " ",

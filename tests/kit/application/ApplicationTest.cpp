@@ -59,6 +59,13 @@ TEST_F(ApplicationTest, theDelegateHearsOfTheLaunch) {
   EXPECT_EQ(notes, Lines{"delegate applicationDidFinishLaunching:"});
 }
 
+TEST_F(ApplicationTest, aFurtherStartIsPosted) {
+  const auto subscription = application->notificationCenter().addObserver(
+      reopenNotification, [this](const Notification& notification) { notes.push_back(notification.name); });
+  application->reopen();
+  EXPECT_EQ(notes, Lines{reopenNotification});
+}
+
 // The one of its process.
 
 TEST_F(ApplicationTest, theLastOneCreatedIsShared) {

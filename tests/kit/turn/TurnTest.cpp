@@ -67,6 +67,12 @@ TEST_F(TurnTest, settlesOnceAtTheEndOfTheOutermostPerform) {
   EXPECT_EQ(notes, (Notes{"inner", "outer", "step", "settled"}));
 }
 
+TEST_F(TurnTest, nothingIsSaidOfWhatRests) {
+  testing::internal::CaptureStderr();
+  turn.perform([] {});
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(TurnTest, stepsMakeFurtherSteps) {
   settler.add([this] { settler.add([this] { settler.add([] {}); }); });
   turn.perform([] {});

@@ -5,12 +5,20 @@
 #include <utility>
 #include <vector>
 
+#include "system/base/Utf8.h"
+
 namespace tarnwell::release {
 namespace {
 
 using namespace std::string_literals;
 
 constexpr std::size_t enough = 100;
+
+std::string between(char32_t codePoint) {
+  std::string text = "a";
+  system::appendCodePoint(text, codePoint);
+  return text + 'b';
+}
 
 TEST(PlainLine, leavesAPlainTextAlone) {
   for (const std::string text :
@@ -43,6 +51,23 @@ TEST(PlainLine, leavesOutInvisibleCharacters) {
   };
   for (const auto& [text, line] : rows) {
     EXPECT_EQ(plainLine(text, enough), line);
+  }
+}
+
+TEST(PlainLine, leavesOutNoneBesideTheInvisibleOnes) {
+  for (const char32_t blank :
+       {0x09, 0x0d, 0x20, 0x85, 0xa0, 0x1680, 0x2000, 0x200a, 0x2028, 0x2029, 0x202f, 0x205f, 0x3000}) {
+    EXPECT_EQ(plainLine(between(blank), enough), "a b") << std::hex << std::uint32_t{blank};
+  }
+  for (const char32_t unseen : {0x00,   0x08,   0x0e,   0x1f,   0x7f,   0x84,   0x86,    0x9f,   0xad,   0x061c,
+                                0x180e, 0x200b, 0x200f, 0x202a, 0x202e, 0x2060, 0x206f,  0xfdd0, 0xfdef, 0xfe00,
+                                0xfe0f, 0xfeff, 0xfff0, 0xfffc, 0xfffe, 0xffff, 0xe0000, 0xe0fff}) {
+    EXPECT_EQ(plainLine(between(unseen), enough), "ab") << std::hex << std::uint32_t{unseen};
+  }
+  for (const char32_t seen : {0x21,   0x7e,   0xa1,   0xac,   0xae,   0x061b, 0x061d, 0x167f,  0x1681,  0x180d,
+                              0x180f, 0x1fff, 0x2010, 0x2027, 0x2030, 0x205e, 0x2070, 0x2fff,  0x3001,  0xfdcf,
+                              0xfdf0, 0xfdff, 0xfe10, 0xfefe, 0xff00, 0xffef, 0xfffd, 0x10000, 0xdffff, 0xe1000}) {
+    EXPECT_EQ(plainLine(between(seen), enough), between(seen)) << std::hex << std::uint32_t{seen};
   }
 }
 

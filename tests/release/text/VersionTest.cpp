@@ -67,6 +67,8 @@ std::vector<Row> rows() {
       {"1.0-beta", Sign::less, "1.0"},
       {"1.0-beta", Sign::same, "1.0beta"},
       {"1.0.BETA", Sign::same, "1.0.beta"},
+      // A letter of several bytes, \xc3\x80, ends no word.
+      {"1.0À", Sign::less, "1.0Àa"},
       {"v2.0", Sign::less, "0"},
       {"latest", Sign::less, "0"},
       {"be", Sign::less, "beta"},

@@ -48,6 +48,13 @@ TEST_F(PopUpButtonTest, aDisabledOneIgnoresChoices) {
   EXPECT_EQ(sent, std::vector<int>{});
 }
 
+TEST_F(PopUpButtonTest, aRequestForAnItemThatIsNotThereIsIgnored) {
+  for (const int part : {0, -1, 3, 2}) {
+    button->carryOut({.action = AccessibleAction::choosePart, .part = part});
+  }
+  EXPECT_EQ(sent, (std::vector<int>{0, 2}));
+}
+
 TEST_F(PopUpButtonTest, fewerItemsNeverLeaveAnIndexBehindTheLast) {
   button->setSelectedIndex(2);
   button->setItems({{.title = "Genie"}});
