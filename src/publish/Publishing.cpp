@@ -9,7 +9,6 @@
 
 #include "publish/FeedText.h"
 #include "publish/Package.h"
-#include "publish/ReleaseCheck.h"
 #include "publish/SecretKey.h"
 #include "system/base/Descriptor.h"
 #include "system/files/AtomicFile.h"

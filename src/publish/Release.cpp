@@ -1,4 +1,4 @@
-#include "publish/ReleaseCheck.h"
+#include "publish/Release.h"
 
 #include <string>
 
