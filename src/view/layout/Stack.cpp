@@ -31,7 +31,6 @@ class StackLayout {
   std::vector<Item> measure(const std::vector<std::shared_ptr<MountedNode>>& children, kit::Proposal proposal) const;
 
   double length(kit::Size size) const { return axis_ == Axis::horizontal ? size.width : size.height; }
-  double breadth(kit::Size size) const { return axis_ == Axis::horizontal ? size.height : size.width; }
   double totalLength(const std::vector<Item>& items) const;
 
  private:

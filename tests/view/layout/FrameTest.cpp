@@ -42,6 +42,12 @@ TEST(FrameTest, aLeastWidthGivesWayToWhatIsWider) {
   }
 }
 
+TEST(FrameTest, aLeastWidthIsOfferedToTheContent) {
+  Opened stage{wideBlock("a", 5, 20).frame({.minWidth = 100})};
+  EXPECT_EQ(stage.find<BlockControl>("a").proposals().front(), (kit::Proposal{.width = 100}));
+  EXPECT_EQ(stage.frame("a").width, 100);
+}
+
 TEST(FrameTest, aFixedHeightCentresWhatIsLower) {
   Opened stage{fixedBlock("a", 10, 20).frame({.height = 50})};
   EXPECT_EQ(stage.frame("a"), (kit::Rect{0, 15, 10, 20}));

@@ -74,6 +74,19 @@ TEST_F(HostingViewTest, contentThatGrowsInARoomOfItsOwnIsPlacedThere) {
   EXPECT_EQ(stage.first<HostingView>().tree()->controls().front()->frame(), (kit::Rect{0, 0, 35, 16}));
 }
 
+TEST_F(HostingViewTest, contentThatStaysAsLargeIsPlacedAnew) {
+  Stage stage{Hosting{.content = Numbered{.make = [this](const State<int>& number) -> View {
+                        remote = number.binding();
+                        const std::string first(number.get() == 0 ? 3 : 1, 'x');
+                        return HStack{.children = {Text{first}, Text{std::string(4 - first.size(), 'y')}}};
+                      }}}};
+  stage.open();
+  const kit::Control& second = *stage.first<HostingView>().tree()->controls().back();
+  const double before = second.frame().x;
+  stage.perform([this] { remote.set(1); });
+  EXPECT_EQ(second.frame().x, before - 2 * 7);
+}
+
 TEST_F(HostingViewTest, otherMetricsReachItsContent) {
   Stage stage{Hosting{.content = tallBlock("hosted", 10, 500)}};
   stage.open();

@@ -56,6 +56,33 @@ TEST_F(SceneRunnerTest, groupsThatAreNotReplacedKeepTheirStandardEntries) {
   EXPECT_EQ(entriesOf("Help"), Lines{});
 }
 
+TEST_F(SceneRunnerTest, commandsStandWhereTheGroupsStoodThatTheyReplace) {
+  scenes.install(
+      {WindowGroup{.id = "first",
+                   .content = Text{"a"},
+                   .commands = {{.replacing = CommandGroupPlacement::newItem, .content = Button{.title = "Open"}},
+                                {.replacing = CommandGroupPlacement::appSettings}}}});
+  EXPECT_EQ(entriesOf("Tarnwell"), (Lines{"About Tarnwell", "-", "Quit Tarnwell"}));
+  EXPECT_EQ(entriesOf("File"), (Lines{"Open", "-", "Close"}));
+}
+
+TEST_F(SceneRunnerTest, closedSettingsLeaveTheGroupsWindowsAlone) {
+  int drawn = 0;
+  Binding<int> remote;
+  const auto numbered = [&](const State<int>& number) -> View {
+    ++drawn;
+    remote = number.binding();
+    return Text{std::to_string(number.get())};
+  };
+  scenes.install(
+      {WindowGroup{.id = "first", .content = Numbered{.make = numbered}}, Settings{.content = Text{"settings"}}});
+  scenes.openSettings();
+  scenes.settingsWindow()->window().performClose();
+  const int before = drawn;
+  application->turn().perform([&remote] { remote.set(1); });
+  EXPECT_EQ(drawn, before + 1);
+}
+
 TEST_F(SceneRunnerTest, anExtraIsDrawnAnewEachTimeItIsOpened) {
   int drawn = 0;
   const auto titleOfNow = [&drawn](const State<int>& /*state*/) -> View {

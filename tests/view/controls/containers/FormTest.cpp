@@ -48,6 +48,11 @@ TEST(SectionTest, aFooterStandsUnderTheBoxInLineWithTheRows) {
   EXPECT_EQ(stage.window().contentSize().height, 20 + 40 + 6 + 14 + 20);
 }
 
+TEST(SectionTest, aFooterIsAsWideAsTheRows) {
+  FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22)}, .footer = wideBlock("foot", 10, 14)}}};
+  EXPECT_EQ(stage.frame("foot"), (kit::Rect{32, 66, 236, 14}));
+}
+
 TEST(SectionTest, aFooterBreaksItsLinesWhereTheRowsEnd) {
   const auto heightWith = [](std::size_t characters) {
     FormStage stage{{Section{.rows = {fixedBlock("a", 10, 22)}, .footer = Text{std::string(characters, 'x')}}}};
