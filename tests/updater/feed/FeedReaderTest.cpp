@@ -83,6 +83,12 @@ TEST(FeedReader, makesOnePlainLineOfATitle) {
   EXPECT_EQ(onlyItemOf("<title>&#x200b;</title>").title, "");
 }
 
+TEST(FeedReader, findsNothingInAFieldOfBlanks) {
+  for (const std::string blanks : {"", " \t\r\n"}) {
+    EXPECT_EQ(onlyItemOf("<x:version>" + blanks + "</x:version>").version, "");
+  }
+}
+
 TEST(FeedReader, knowsExtensionsByTheirNamespaceAlone) {
   const std::string itemOfAnyPrefix =
       "<rss><channel><item xmlns:any='http://www.andymatuschak.org/xml-namespaces/sparkle' xmlns:x='urn:other'>"
