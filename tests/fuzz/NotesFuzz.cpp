@@ -10,9 +10,15 @@
 namespace tarnwell::fuzz {
 namespace {
 
+bool hasVisibleLines(std::string_view text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  return line == release::visibleText(line) &&
+         (line.size() == text.size() || hasVisibleLines(text.substr(line.size() + 1)));
+}
+
 void check(const release::NotesRun& run, bool isCode) {
   require(!run.text.empty());
-  require(run.text == "\n" || run.text == (isCode ? release::visibleLines(run.text) : release::visibleText(run.text)));
+  require(isCode ? run.text == release::visibleLines(run.text) : hasVisibleLines(run.text));
   require(run.link.empty() || release::isWebAddress(run.link));
 }
 
