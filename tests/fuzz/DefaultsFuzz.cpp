@@ -76,15 +76,22 @@ void keepInside(Words& words, const Store& store) {
   }
 }
 
-/// What was written is there, and is the same when it is written once more.
+std::size_t itemCount(const standin::StoredPreferences& stored, const std::string& key) {
+  return standin::itemsOf(plist_dict_get_item(stored.dictionary.get(), key.c_str())).size();
+}
+
+/// What was written is there, and is the same when it is written once more, or stands there twice when it was added.
 void checkWritten(const Words& words, const Store& store) {
   const auto resolved = standin::Domain::resolve(words.at(1), store.root());
   require(resolved && runDefaults({"read-type", words[1], words.at(2)}) == Status::success);
   const auto once = standin::loadPreferences(resolved->path);
   require(runDefaults(words) == Status::success);
   const auto twice = standin::loadPreferences(resolved->path);
-  const bool isAdded = words.at(3) == "-array-add";
-  require(isAdded || standin::isSame(once.dictionary.get(), twice.dictionary.get()));
+  if (words.at(3) == "-array-add" && words.size() > 4) {
+    require(itemCount(twice, words[2]) > itemCount(once, words[2]));
+  } else {
+    require(standin::isSame(once.dictionary.get(), twice.dictionary.get()));
+  }
 }
 
 void checkExchanged(const Words& words, const Store& store) {
