@@ -1,11 +1,15 @@
 #include "commandline/commands/Exporting.h"
 
+#include <fcntl.h>
+
 #include <algorithm>
+#include <filesystem>
 
 #include "commandline/commands/Description.h"
 #include "commandline/commands/Wanted.h"
 #include "commandline/dock/DockStore.h"
 #include "profile/exports/Targets.h"
+#include "system/base/Descriptor.h"
 #include "system/files/AtomicFile.h"
 
 namespace tarnwell::commandline {
@@ -21,8 +25,10 @@ ReadProfile profileOfDock(const Session& session, const Arguments& arguments) {
   const auto missing = arguments.has(OptionName::exact) ? profile::Missing::unset : profile::Missing::leftAlone;
   auto [profile, leftOut] = profile::profileOf(preferences->values, missing);
   for (const std::size_t setting : leftOut) {
-    session.screen.say(std::string(profile::settings.at(setting).key) + " is " +
-                       shortText(setting, preferences->values.at(setting)) + "; left out");
+    if (session.knows(setting)) {
+      session.screen.say(std::string(profile::settings.at(setting).key) + " is " +
+                         shortText(setting, preferences->values.at(setting)) + "; left out");
+    }
   }
   for (std::size_t setting = 0; setting < profile::settings.size(); ++setting) {
     if (!session.knows(setting)) {
@@ -40,14 +46,25 @@ ReadProfile profileOfFile(const Session& session, const Arguments& arguments) {
   return read ? ReadProfile(*read) : session.fail(Status::refused, read.error().message);
 }
 
+/// What takes the place of a file would take that of a device or a pipe: these are written to.
+system::Result<void> writeTo(const std::string& path, const std::string& text) {
+  const auto kind = std::filesystem::status(path).type();
+  using enum std::filesystem::file_type;
+  if (kind != character && kind != block && kind != fifo) {
+    return system::replaceFile(path, text);
+  }
+  const system::Descriptor written(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+  return written && written.writeAll(text) ? system::Result<void>() : system::systemFailure("cannot write " + path);
+}
+
 Status write(const Session& session, const Arguments& arguments, const profile::Export& written) {
   const auto file = arguments.value(OptionName::output);
   if (!file || *file == "-") {
     session.screen.add(written.text);
     return Status::done;
   }
-  const auto replaced = system::replaceFile(*file, written.text);
-  return replaced ? Status::done : session.fail(Status::storeFailure, replaced.error().message);
+  const auto taken = writeTo(*file, written.text);
+  return taken ? Status::done : session.fail(Status::storeFailure, taken.error().message);
 }
 
 Status write(const Session& session, const Arguments& arguments, const profile::Profile& profile) {

@@ -27,6 +27,24 @@ TEST(Change, severalSettingsAreOneRestart) {
   EXPECT_THAT(standin::fileContent(front.system().dockLog()), HasSubstr("mineffect=suck"));
 }
 
+TEST(Change, theDockStartsOnceForEachChangeAndForNothingElse) {
+  const Front front;
+  EXPECT_EQ(front.starts(), 1);
+  front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(front.starts(), 2);
+  front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(front.starts(), 2);
+  front.system().folder().write("dock.toml", "profile = 1\n[dock]\nmineffect = \"scale\"\nshowhidden = true\n");
+  front.run({"apply", front.file("dock.toml")});
+  EXPECT_EQ(front.starts(), 3);
+  front.defaults({"write", "com.apple.dock", "showhidden", "-int", "1"});
+  front.run({"apply", front.file("dock.toml")});
+  EXPECT_EQ(front.stored("showhidden"), "boolean 1");
+  EXPECT_EQ(front.starts(), 4);
+  front.run({"reset", "--all"});
+  EXPECT_EQ(front.starts(), 5);
+}
+
 TEST(Change, whereNothingDiffersTheDockIsNotTouched) {
   const Front front;
   front.run({"set", "autohide-delay=0.1"});

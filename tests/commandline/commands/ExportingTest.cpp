@@ -32,6 +32,22 @@ TEST(Exporting, whatNoProfileCanHaveIsLeftOut) {
   EXPECT_EQ(outcome.errors, "tarnwell: autohide-delay is not a number; left out\n");
 }
 
+TEST(Exporting, whatTheSystemDoesNotKnowIsLeftOutInSilence) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "single-app", "-array"});
+  EXPECT_THAT(front.run({"export"}).errors, HasSubstr("single-app"));
+  EXPECT_EQ(front.run({"export"}, {"MACOS_VERSION=15"}).errors, "");
+}
+
+TEST(Exporting, aPipeIsWrittenToAndStays) {
+  const Front front(Front::Dock::isAbsent);
+  const std::string pipe = front.file("pipe");
+  const Outcome outcome = front.shell("mkfifo '" + pipe + "'; timeout 10 cat '" + pipe + "' & \"$T\" export -o '" +
+                                      pipe + "'; wait; test -p '" + pipe + "'");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(outcome.output, "profile = 1\n\n[dock]\n");
+}
+
 TEST(Exporting, aProfileIsSaidInEveryFormat) {
   const Front front(Front::Dock::isAbsent);
   front.system().folder().write("quick.toml", quick);
