@@ -2,8 +2,6 @@
 
 #import <AppKit/AppKit.h>
 
-#include <utility>
-
 #include "host/macos/look/Conversions.h"
 #include "kit/application/Application.h"
 #include "kit/application/Platform.h"
@@ -31,14 +29,6 @@ fs::path engineOf(const updateclient::UpdateSource& source, kit::Application& ap
                                : source.engine;
 }
 
-/// What a descriptor announces is an event of the application.
-updateclient::Watch watchOf(kit::Application& application) {
-  return [&application](int descriptor, kit::Action readable) {
-    return application.platform().watch(
-        descriptor, [&application, readable = std::move(readable)] { application.turn().perform(readable); });
-  };
-}
-
 }  // namespace
 
 system::Result<void> MacUpdater::NoInstaller::open(const fs::path& /*file*/, Opened /*opened*/) {
@@ -48,8 +38,8 @@ system::Result<void> MacUpdater::NoInstaller::open(const fs::path& /*file*/, Ope
 MacUpdater::MacUpdater(kit::Application& application, const kit::UpdaterControllerArguments& arguments,
                        const updateclient::UpdateSource& source)
     : windows_(application, source.configuration.shownVersion),
-      engine_(engineOf(source, application), watchOf(application)),
-      alarm_(watchOf(application)),
+      engine_(engineOf(source, application), updateclient::watchOf(application)),
+      alarm_(updateclient::watchOf(application)),
       controller_(arguments, configurationOf(source, application),
                   updateclient::UpdaterPreferences(libraryFolder("Application Support", application) / "updates"),
                   {.engine = engine_, .driver = windows_, .desktop = installer_, .alarm = alarm_}) {}

@@ -49,22 +49,15 @@ fs::path engineOf(const updateclient::UpdateSource& source, const std::string& p
   return found ? *found : executable.parent_path() / name;
 }
 
-/// What a descriptor announces is an event of the application.
-updateclient::Watch watchOf(kit::Application& application) {
-  return [&application](int descriptor, kit::Action readable) {
-    return application.platform().watch(
-        descriptor, [&application, readable = std::move(readable)] { application.turn().perform(readable); });
-  };
-}
-
 }  // namespace
 
 DesktopUpdater::DesktopUpdater(kit::Application& application, const kit::UpdaterControllerArguments& arguments,
                                const updateclient::UpdateSource& source, const fs::path& executable)
     : windows_(application, source.configuration.shownVersion),
-      engine_(engineOf(source, application.platform().product().program, executable), watchOf(application)),
-      opener_(watchOf(application)),
-      alarm_(watchOf(application)),
+      engine_(engineOf(source, application.platform().product().program, executable),
+              updateclient::watchOf(application)),
+      opener_(updateclient::watchOf(application)),
+      alarm_(updateclient::watchOf(application)),
       controller_(arguments, configurationOf(source, application.platform().product().program, executable),
                   updateclient::UpdaterPreferences(preferencesFile(application.platform().product().program)),
                   {.engine = engine_, .driver = windows_, .desktop = opener_, .alarm = alarm_}) {}
