@@ -9,14 +9,17 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "diagnostics/Console.h"
@@ -54,33 +57,42 @@ bool playsIn(const system::RunningProcess& process, const std::string& root) {
   return folder && std::filesystem::equivalent(process.workingFolder() / *folder, root, error);
 }
 
-std::vector<system::RunningProcess> processesOf(std::string_view name, const std::string& root) {
-  std::vector<system::RunningProcess> processes = system::RunningProcess::named(name);
-  std::erase_if(processes, [&](const system::RunningProcess& each) { return !playsIn(each, root); });
-  return processes;
-}
+using Processes = std::vector<system::RunningProcess>;
 
-bool isStartedAgain(std::string_view name, const std::string& root) {
-  return name == "Dock" && !processesOf("dock-supervisor", root).empty();
+/// Those of the played system, which are looked for once.
+struct Found {
+  Processes named = {};
+  Processes supervisors = {};  // of a Dock, which they start again
+};
+
+Found find(std::string_view name, const std::string& root) {
+  constexpr std::string_view supervisor = "dock-supervisor";
+  const std::array names = {name, supervisor};
+  Found found;
+  for (system::RunningProcess& each : system::RunningProcess::named(std::span(names).first(name == "Dock" ? 2 : 1))) {
+    if (playsIn(each, root)) {
+      (each.name() == name ? found.named : found.supervisors).push_back(std::move(each));
+    }
+  }
+  return found;
 }
 
 // One that was found may have ended before it is asked, as if it had not been there.
-std::vector<system::RunningProcess> askThoseThere(std::string_view name, const std::string& root) {
-  std::vector<system::RunningProcess> found = processesOf(name, root);
+Processes ask(Processes found) {
   std::erase_if(found, [](const system::RunningProcess& each) { return !each.send(SIGTERM); });
   return found;
 }
 
 // A Dock writes to its log when it starts, which tells when to look again.
-std::vector<system::RunningProcess> askToEnd(std::string_view name, const std::string& root) {
+Processes askToEnd(std::string_view name, const std::string& root) {
   const system::FolderWatch logs(logsFolder(root));
-  std::vector<system::RunningProcess> asked = askThoseThere(name, root);
-  if (!asked.empty() || !isStartedAgain(name, root)) {
-    return asked;
-  }
+  Found found = find(name, root);
+  Processes asked = ask(std::move(found.named));
   const Clock::time_point end = Clock::now() + patience;
-  while (asked.empty() && logs.wait(end)) {
-    asked = askThoseThere(name, root);
+  while (asked.empty() && !found.supervisors.empty() && logs.wait(end)) {
+    for (const system::RunningProcess& each : found.supervisors) {
+      std::ranges::move(ask(each.childrenNamed(name)), std::back_inserter(asked));
+    }
   }
   return asked;
 }
@@ -92,7 +104,7 @@ std::vector<system::RunningProcess> askToEnd(std::string_view name, const std::s
 bool killAll(std::string_view name, const std::string& root) {
   // Where there is no lock to be had, they meet what they meet.
   const auto turn = system::FileLock::take(root + "/.killall.lock", system::FileLock::unlimited);
-  const std::vector<system::RunningProcess> asked = askToEnd(name, root);
+  const Processes asked = askToEnd(name, root);
   const Clock::time_point end = Clock::now() + patience;
   for (const system::RunningProcess& each : asked) {
     each.waitForEnd(end);
@@ -102,7 +114,7 @@ bool killAll(std::string_view name, const std::string& root) {
 
 // Prints what would be done to those that are there now. False when there is none.
 bool showAll(std::string_view name, const std::string& root) {
-  const std::vector<system::RunningProcess> found = processesOf(name, root);
+  const Processes found = find(name, root).named;
   for (const system::RunningProcess& each : found) {
     diagnostics::printLine("kill -TERM " + std::to_string(each.number()));
   }

@@ -1,10 +1,13 @@
 #include "system/processes/RunningProcessLinux.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -27,8 +30,34 @@ std::string contentOf(const std::string& path) {
 
 ProcessStanding standingOf(pid_t process) { return standingIn(contentOf(folderOf(process) + "/stat")); }
 
-bool isNamed(pid_t process, std::string_view name) {
-  return contentOf(folderOf(process) + "/comm") == std::string(name.substr(0, longestName)) + "\n";
+pid_t numberIn(std::string_view word) {
+  pid_t number = 0;
+  std::from_chars(word.data(), word.data() + word.size(), number);
+  return number;
+}
+
+// Those of this process's user.
+std::vector<pid_t> ownNumbers() {
+  std::vector<pid_t> numbers;
+  const uid_t user = ::geteuid();
+  std::error_code error;
+  for (std::filesystem::directory_iterator each("/proc", error), end; !error && each != end; each.increment(error)) {
+    const std::filesystem::path& path = each->path();
+    struct stat status = {};
+    const pid_t number = numberIn(path.filename().native());
+    if (number > 0 && ::stat(path.c_str(), &status) == 0 && status.st_uid == user) {
+      numbers.push_back(number);
+    }
+  }
+  return numbers;
+}
+
+// One of them, or their end.
+auto nameOf(pid_t process, std::span<const std::string_view> names) {
+  const Descriptor file(::open((folderOf(process) + "/comm").c_str(), O_RDONLY | O_CLOEXEC));
+  const std::string found = file.readPart().value_or("");
+  return std::ranges::find_if(
+      names, [&](std::string_view name) { return found == std::string(name.substr(0, longestName)) + "\n"; });
 }
 
 }  // namespace
@@ -54,20 +83,28 @@ std::vector<std::string> variablesIn(const std::string& text) {
   return variables;
 }
 
-std::vector<RunningProcess> RunningProcess::named(std::string_view name) {
+std::vector<RunningProcess> RunningProcess::named(std::span<const std::string_view> names) {
+  return named(names, ownNumbers());
+}
+
+std::vector<RunningProcess> RunningProcess::childrenNamed(std::string_view name) const {
+  std::istringstream children(contentOf(folderOf(number_) + "/task/" + std::to_string(number_) + "/children"));
+  return named({&name, 1}, std::vector<pid_t>(std::istream_iterator<pid_t>(children), {}));
+}
+
+std::vector<RunningProcess> RunningProcess::named(std::span<const std::string_view> names,
+                                                  std::span<const pid_t> numbers) {
   std::vector<RunningProcess> found;
-  std::error_code error;
-  for (std::filesystem::directory_iterator each("/proc", error), end; !error && each != end; each.increment(error)) {
-    const std::string entry = each->path().filename();
-    pid_t number = 0;
-    std::from_chars(entry.data(), entry.data() + entry.size(), number);
-    if (number <= 0 || number == ::getpid() || !isNamed(number, name)) {
+  const pid_t own = ::getpid();
+  for (const pid_t number : numbers) {
+    const auto name = nameOf(number, names);
+    if (number == own || name == names.end()) {
       continue;
     }
     // Held first and looked at then, so that what was looked at is what is held.
     Descriptor ended = Process::processDescriptor(number);
-    if (ended && isNamed(number, name) && !standingOf(number).isEnding) {
-      found.push_back(RunningProcess(number, std::move(ended)));
+    if (ended && nameOf(number, names) == name && !standingOf(number).isEnding) {
+      found.push_back(RunningProcess(number, *name, std::move(ended)));
     }
   }
   return found;

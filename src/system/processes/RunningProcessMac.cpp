@@ -2,9 +2,11 @@
 #include <sys/sysctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstring>
 
 #include "system/processes/Process.h"
@@ -13,19 +15,24 @@
 namespace tarnwell::system {
 namespace {
 
-std::vector<pid_t> numbers() {
+/// Of a kind that libproc knows, such as those of a user.
+std::vector<pid_t> numbersOf(std::uint32_t kind, std::uint32_t value) {
   // Some may come meanwhile.
-  constexpr int spare = 64;
-  std::vector<pid_t> numbers(static_cast<std::size_t>(::proc_listallpids(nullptr, 0) + spare));
-  const int count = ::proc_listallpids(numbers.data(), static_cast<int>(numbers.size() * sizeof(pid_t)));
-  numbers.resize(static_cast<std::size_t>(count < 0 ? 0 : count));
+  constexpr std::size_t spare = 64;
+  const auto countIn = [](int bytes) { return static_cast<std::size_t>(bytes < 0 ? 0 : bytes) / sizeof(pid_t); };
+  std::vector<pid_t> numbers(countIn(::proc_listpids(kind, value, nullptr, 0)) + spare);
+  const auto size = static_cast<int>(numbers.size() * sizeof(pid_t));
+  numbers.resize(countIn(::proc_listpids(kind, value, numbers.data(), size)));
   return numbers;
 }
 
-bool isNamed(pid_t process, std::string_view name) {
+// One of them, or their end.
+auto nameOf(pid_t process, std::span<const std::string_view> names) {
   std::array<char, 2 * MAXCOMLEN + 1> found{};
-  return ::proc_name(process, found.data(), found.size()) > 0 &&
-         name.substr(0, std::strlen(found.data())) == found.data();
+  const bool isTold = ::proc_name(process, found.data(), found.size()) > 0;
+  return std::ranges::find_if(names, [&](std::string_view name) {
+    return isTold && name.substr(0, std::strlen(found.data())) == found.data();
+  });
 }
 
 /// A number, the program's path, the arguments and the environment, as many arguments as the number says.
@@ -43,16 +50,26 @@ std::string startText(pid_t process) {
 
 }  // namespace
 
-std::vector<RunningProcess> RunningProcess::named(std::string_view name) {
+std::vector<RunningProcess> RunningProcess::named(std::span<const std::string_view> names) {
+  return named(names, numbersOf(PROC_UID_ONLY, ::geteuid()));
+}
+
+std::vector<RunningProcess> RunningProcess::childrenNamed(std::string_view name) const {
+  return named({&name, 1}, numbersOf(PROC_PPID_ONLY, static_cast<std::uint32_t>(number_)));
+}
+
+std::vector<RunningProcess> RunningProcess::named(std::span<const std::string_view> names,
+                                                  std::span<const pid_t> numbers) {
   std::vector<RunningProcess> found;
-  for (const pid_t number : numbers()) {
-    if (number == ::getpid() || !isNamed(number, name)) {
+  for (const pid_t number : numbers) {
+    const auto name = nameOf(number, names);
+    if (number == ::getpid() || name == names.end()) {
       continue;
     }
     Descriptor ended = Process::processDescriptor(number);
     const bool hasEnded = !ended || ended.waitUntilReadable(std::chrono::steady_clock::now());
-    if (!hasEnded && isNamed(number, name)) {
-      found.push_back(RunningProcess(number, std::move(ended)));
+    if (!hasEnded && nameOf(number, names) == name) {
+      found.push_back(RunningProcess(number, *name, std::move(ended)));
     }
   }
   return found;

@@ -5,10 +5,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,6 +25,7 @@ namespace {
 using fixtures::waitFor;
 using testing::Contains;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 /// A child of a name of its own, which the system may cut, that does nothing.
 class RunningProcessTest : public testing::Test {
@@ -44,8 +47,11 @@ class RunningProcessTest : public testing::Test {
   Process& child() { return child_; }
   const fixtures::Sandbox& sandbox() const { return sandbox_; }
 
+  const std::string& name() const { return name_; }
+
   std::vector<RunningProcess> found() const {
-    std::vector<RunningProcess> found = RunningProcess::named(name_);
+    const std::array<std::string_view, 2> names = {"none-of-this-name", name_};
+    std::vector<RunningProcess> found = RunningProcess::named(names);
     std::erase_if(found, [&](const RunningProcess& each) { return each.number() != child_.number(); });
     return found;
   }
@@ -68,6 +74,7 @@ class RunningProcessTest : public testing::Test {
 
 TEST_F(RunningProcessTest, tellsWhereItRunsAndWithWhichEnvironment) {
   const RunningProcess process = held();
+  EXPECT_EQ(process.name(), name());
   EXPECT_THAT(process.environment(), Contains("ONE=1"));
   EXPECT_THAT(process.environment(), Contains("TWO=2\n3"));
   EXPECT_TRUE(std::filesystem::equivalent(process.workingFolder(), sandbox().path()));
@@ -85,9 +92,35 @@ TEST_F(RunningProcessTest, isNotFoundOnceItHasEndedThoughItIsNotReaped) {
   EXPECT_FALSE(process.send(SIGTERM));
 }
 
+// The test's own process has started it, and the shell's a process of another name.
+TEST_F(RunningProcessTest, isFoundAmongTheChildrenOfItsParent) {
+  const RunningProcess process = held();
+  Process shell = *Process::start(
+      {.words = {"/bin/sh", "-c", "'" + (sandbox().path() / name()).string() + "' 600 & exec sleep 600"}});
+  const std::string_view sleep = "sleep";
+  std::vector<RunningProcess> shells;
+  EXPECT_TRUE(waitFor([&] {
+    shells = RunningProcess::named({&sleep, 1});
+    std::erase_if(shells, [&](const RunningProcess& each) { return each.number() != shell.number(); });
+    return !shells.empty();
+  }));
+  std::vector<RunningProcess> children;
+  EXPECT_TRUE(waitFor([&] {
+    children = shells.at(0).childrenNamed(name());
+    return !children.empty();
+  }));
+  EXPECT_THAT(children, SizeIs(1));
+  EXPECT_NE(children.at(0).number(), process.number());
+  EXPECT_THAT(shells.at(0).childrenNamed("sleep"), IsEmpty());
+  children.at(0).send(SIGKILL);
+  shell.send(SIGKILL);
+  shell.wait();
+}
+
 TEST(RunningProcessesTest, leaveOutTheOneThatAsks) {
   const std::string own = runningExecutable()->filename();
-  for (const RunningProcess& each : RunningProcess::named(own)) {
+  const std::string_view name = own;
+  for (const RunningProcess& each : RunningProcess::named({&name, 1})) {
     EXPECT_NE(each.number(), ::getpid());
   }
 }
