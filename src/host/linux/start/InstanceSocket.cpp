@@ -2,18 +2,18 @@
 
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "host/linux/start/Datagram.h"
 #include "system/files/PrivateFolder.h"
 
 namespace tarnwell::host_linux {
@@ -26,36 +26,15 @@ constexpr auto pause = std::chrono::milliseconds(20);
 constexpr std::size_t longestMessage = 4096;
 constexpr mode_t othersMay = 0077;
 
-std::optional<sockaddr_un> addressOf(const std::filesystem::path& path) {
-  sockaddr_un address = {};
-  address.sun_family = AF_UNIX;
-  const std::string text = path.string();
-  if (text.size() >= sizeof(address.sun_path)) {
-    return std::nullopt;
-  }
-  std::memcpy(&address.sun_path[0], text.c_str(), text.size() + 1);
-  return address;
-}
-
-const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
-
-system::Descriptor openSocket() {
-  return system::Descriptor(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-}
-
-// The reader takes whole messages, so none is ever cut.
+// The reader takes whole messages, so none is ever cut. A queue that is full has enough of them for the program to come
+// to the front.
 bool leaveMessage(const sockaddr_un& address, const std::string& message) {
-  const system::Descriptor socket = openSocket();
-  const std::string sent = message.substr(0, longestMessage);
-  const ssize_t count =
-      ::sendto(socket.number(), sent.data(), sent.size(), MSG_NOSIGNAL, plain(address), sizeof(address));
-  // A queue that is full has enough of them for the program to come to the front.
-  return count >= 0 || errno == EAGAIN;
+  return leaveDatagram(address, std::string_view(message).substr(0, longestMessage)) || errno == EAGAIN;
 }
 
 /// Bound to the address, in the place of what a process that is gone has left there; none where that failed.
 system::Descriptor listenAt(const sockaddr_un& address) {
-  system::Descriptor socket = openSocket();
+  system::Descriptor socket = openDatagramSocket();
   ::unlink(&address.sun_path[0]);
   const bool isBound = socket && ::bind(socket.number(), plain(address), sizeof(address)) == 0;
   return isBound ? std::move(socket) : system::Descriptor();
@@ -73,7 +52,7 @@ system::Result<std::unique_ptr<InstanceSocket>> InstanceSocket::claim(const std:
                                                                       const std::string& program,
                                                                       const std::string& message) {
   const std::filesystem::path path = folder / (program + ".socket");
-  const auto address = addressOf(path);
+  const auto address = socketAddress(path);
   if (!address) {
     return system::Failure{path.string() + " is too long for a socket"};
   }
