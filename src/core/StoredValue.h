@@ -20,6 +20,8 @@ struct OtherValue {
   std::string type = {};
   /// What `defaults read` prints of an integer or a date; empty for everything that has parts.
   std::string text = {};
+  /// The value as an element of a property list in XML, as the library writes it.
+  std::string element = {};
 
   bool operator==(const OtherValue&) const = default;
 };

@@ -7,9 +7,9 @@
 
 #include "commandline/dock/ChangeMemory.h"
 #include "commandline/dock/DockStore.h"
+#include "commandline/dock/UndoText.h"
 #include "fuzz/OwnFolder.h"
 #include "fuzz/Require.h"
-#include "profile/toml/ProfileWriter.h"
 #include "profile/values/Name.h"
 
 namespace tarnwell::fuzz {
@@ -21,19 +21,39 @@ bool isHarmless(char c) {
   return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == ' ' || c == '.' || c == '-' || c == '&';
 }
 
+/// What stands outside single quotes, of which each has an end.
+std::string outsideQuotes(std::string_view line) {
+  std::string outside;
+  bool isQuoted = false;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    if (line[at] == '\'') {
+      isQuoted = !isQuoted;
+    } else if (!isQuoted && line.substr(at, 2) == "\\'") {
+      ++at;
+    } else if (!isQuoted) {
+      outside += line[at];
+    }
+  }
+  require(!isQuoted && line.find('\0') == std::string_view::npos);
+  return outside;
+}
+
 /// What it takes to bring that back has no character that means something to a shell, but for "&&" between commands.
-void checkCommandLine(const profile::Profile& before) {
-  const std::string line = commandline::DockStore::lineFor(profile::differences(core::StoredValues(), before));
+void checkCommandLine(const profile::Before& before) {
+  const std::string line =
+      outsideQuotes(commandline::DockStore::lineFor(profile::differences(core::StoredValues(), before)));
   require(std::all_of(line.begin(), line.end(), isHarmless));
   for (std::size_t at = line.find('&'); at != std::string::npos; at = line.find('&', at + 4)) {
     require(at > 0 && line.substr(at - 1, 13) == " && defaults ");
   }
 }
 
-void checkKept(const ChangeMemory& memory, const profile::Profile& before) {
-  writeFile(memory.undoFile(), profile::profileText(before));
+void checkKept(const ChangeMemory& memory, const profile::Before& before) {
+  const std::string text = commandline::undoText(before);
+  writeFile(memory.undoFile(), text);
   const auto again = memory.beforeLast();
-  require(again && *again == before);
+  // Not the values: one that is no number differs from itself.
+  require(again && commandline::undoText(*again) == text);
 }
 
 /// The text is what is remembered of the last change. It is read whole or refused in a visible line, and stays as it

@@ -38,6 +38,8 @@ KIT_EXTERN CFTypeID CFStringGetTypeID(void);
 
 KIT_EXTERN Boolean CFBooleanGetValue(CFBooleanRef);
 KIT_EXTERN CFDataRef CFDataCreate(CFAllocatorRef, const uint8_t*, CFIndex);
+KIT_EXTERN const uint8_t* CFDataGetBytePtr(CFDataRef);
+KIT_EXTERN CFIndex CFDataGetLength(CFDataRef);
 KIT_EXTERN const void* CFDictionaryGetValue(CFDictionaryRef, const void*);
 
 typedef CFIndex CFNumberType;
@@ -53,7 +55,9 @@ KIT_EXTERN CFIndex CFStringGetBytes(CFStringRef, CFRange, CFStringEncoding, uint
 
 typedef const struct __CFError* CFErrorRef;
 typedef CFIndex CFPropertyListFormat;
-enum { kCFPropertyListImmutable = 0 };
+enum { kCFPropertyListImmutable = 0, kCFPropertyListXMLFormat_v1_0 = 100 };
+KIT_EXTERN CFDataRef CFPropertyListCreateData(CFAllocatorRef, CFTypeRef, CFPropertyListFormat, CFOptionFlags,
+                                              CFErrorRef*);
 KIT_EXTERN CFTypeRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef, CFOptionFlags, CFPropertyListFormat*,
                                                   CFErrorRef*);
 

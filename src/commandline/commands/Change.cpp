@@ -7,7 +7,8 @@
 #include "commandline/commands/Description.h"
 #include "commandline/dock/DockRestart.h"
 #include "commandline/dock/DockStore.h"
-#include "profile/toml/ProfileWriter.h"
+#include "commandline/dock/UndoText.h"
+#include "commandline/words/ShellQuotes.h"
 #include "system/files/AtomicFile.h"
 #include "system/processes/SignalPause.h"
 
@@ -19,7 +20,15 @@ using Changes = std::vector<profile::Change>;
 constexpr mode_t ownersAlone = 0600;
 
 bool hidesOthers(const profile::Change& change) {
-  return profile::settings.at(change.setting).key == "static-only" && change.to == profile::Wish(true);
+  const profile::Setting& row = profile::settings.at(change.setting);
+  const auto* wish = std::get_if<profile::Wish>(&change.to);
+  const auto meaning = wish != nullptr ? *wish : profile::meaningOf(row, std::get<core::StoredValue>(change.to));
+  return row.key == "static-only" && meaning == profile::Wish(true);
+}
+
+std::string goalText(const profile::Change& change) {
+  const auto* wish = std::get_if<profile::Wish>(&change.to);
+  return wish != nullptr ? profile::text(*wish) : shortText(change.setting, std::get<core::StoredValue>(change.to));
 }
 
 std::string keyOf(const profile::Change& change) { return std::string(profile::settings.at(change.setting).key); }
@@ -30,7 +39,10 @@ class Changing {
   Changing(const Session& session, const Arguments& arguments, const ChangeMemory& memory)
       : session_(session), arguments_(arguments), memory_(memory), store_(session.shell) {}
 
-  Status perform(const profile::Profile& wanted) {
+  Status perform(Status refusal) const { return refusal; }
+
+  template <class Goals>
+  Status perform(const Goals& wanted) const {
     const auto preferences = store_.read();
     if (!preferences) {
       return session_.fail(Status::storeFailure, preferences.error().message);
@@ -47,7 +59,7 @@ class Changing {
     if (const auto kept = keepAllBefore(changes, preferences->list); !kept) {
       return session_.fail(Status::storeFailure, kept.error().message);
     }
-    return write(changes, preferences->values);
+    return write(changes);
   }
 
  private:
@@ -87,14 +99,14 @@ class Changing {
     }
     if (*kept) {
       mention("all settings of the Dock are kept in " + (*kept)->string() + "; to bring them back: defaults import " +
-              DockStore::domain + " '" + (*kept)->string() + "'");
+              DockStore::domain + " " + inSingleQuotes((*kept)->string()));
     }
     return {};
   }
 
-  Status write(const Changes& changes, const core::StoredValues& before) const {
+  Status write(const Changes& changes) const {
     system::AtomicFile undo(memory_.undoFile(), ownersAlone);
-    if (const auto written = undo.write(profile::profileText(undoing(changes, before))); !written) {
+    if (const auto written = undo.write(undoText(undoing(changes))); !written) {
       return session_.fail(Status::storeFailure, written.error().message);
     }
     const system::SignalPause untilTheDockIsBack;
@@ -116,17 +128,17 @@ class Changing {
     return restarted;
   }
 
-  profile::Profile undoing(const Changes& changes, const core::StoredValues& before) const {
-    const auto [all, leftOut] = profile::profileOf(before, profile::Missing::unset);
-    profile::Profile undo;
+  profile::Before undoing(const Changes& changes) const {
+    profile::Before before;
     for (const profile::Change& change : changes) {
-      undo.wishes.at(change.setting) = all.wishes.at(change.setting);
-      if (!undo.wishes.at(change.setting)) {
+      if (canBeKept(change.from)) {
+        before.at(change.setting) = change.from;
+      } else {
         session_.screen.say(keyOf(change) + " was " + shortText(change.setting, change.from) +
                             "; undo will not bring that back");
       }
     }
-    return undo;
+    return before;
   }
 
   Changes thoseDone(const Changes& changes) const {
@@ -134,7 +146,7 @@ class Changing {
     Changes done;
     if (after) {
       std::ranges::copy_if(changes, std::back_inserter(done), [&](const profile::Change& change) {
-        return profile::isFulfilled(change.to, after->values.at(change.setting));
+        return profile::isDone(change, after->values.at(change.setting));
       });
     }
     return done;
@@ -179,10 +191,8 @@ Status change(const Session& session, const Arguments& arguments, const AskWante
       return session.fail(Status::storeFailure, turn.error().message);
     }
   }
-  const auto answer = wanted(*memory);
-  const auto* refusal = std::get_if<Status>(&answer);
-  return refusal != nullptr ? *refusal
-                            : Changing(session, arguments, *memory).perform(std::get<profile::Profile>(answer));
+  const Changing changing(session, arguments, *memory);
+  return std::visit([&changing](const auto& answer) { return changing.perform(answer); }, wanted(*memory));
 }
 
 Status restartAndTell(const Session& session, bool isQuiet) {
@@ -204,7 +214,7 @@ Status restartAndTell(const Session& session, bool isQuiet) {
 
 std::string changeLine(const Session& session, const profile::Change& change) {
   return keyOf(change) + ": " + shortText(change.setting, change.from) + " -> " +
-         session.screen.fresh(profile::text(change.to));
+         session.screen.fresh(goalText(change));
 }
 
 }  // namespace tarnwell::commandline

@@ -9,7 +9,8 @@
 namespace tarnwell::commandline {
 
 /// What is to be changed, or with which status it was refused.
-using AskWanted = std::function<std::variant<profile::Profile, Status>(const ChangeMemory& memory)>;
+using Wanted = std::variant<profile::Profile, profile::Before, Status>;
+using AskWanted = std::function<Wanted(const ChangeMemory& memory)>;
 
 /// Changes the Dock's settings to what is wanted, by one command line, and restarts the Dock once, if anything differs;
 /// as the options say. What is wanted is asked for when it is this process's turn. From the write on signals wait until

@@ -41,10 +41,11 @@ Status apply(const Session& session, const Arguments& arguments) {
 }
 
 Status undo(const Session& session, const Arguments& arguments) {
-  return change(session, arguments, [&](const ChangeMemory& memory) -> std::variant<profile::Profile, Status> {
-    const auto before = memory.beforeLast();
+  return change(session, arguments, [&](const ChangeMemory& memory) -> Wanted {
+    auto before = memory.beforeLast();
     if (before) {
-      return withoutUnknown(session, *before);
+      leaveUnknownOut(session, *before);
+      return *before;
     }
     return before.error().error == ENOENT ? session.fail(Status::no, "There is no change to take back.")
                                           : session.fail(Status::refused, before.error().message);

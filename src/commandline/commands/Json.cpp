@@ -42,11 +42,12 @@ Object objectOf(std::size_t setting, const Description& description) {
   return object;
 }
 
+// Of a profile, which wants no other values.
 Object rowOf(const profile::Change& change) {
   const auto from = profile::meaningOf(profile::settings.at(change.setting), change.from);
   Object row = {{"key", profile::settings.at(change.setting).key},
                 {"from", from ? valueOf(*from) : nullptr},
-                {"to", valueOf(change.to)}};
+                {"to", valueOf(std::get<profile::Wish>(change.to))}};
   if (const std::string stored = storedType(change.from); !stored.empty()) {
     row["stored"] = stored;
   }

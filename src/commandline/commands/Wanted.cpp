@@ -156,13 +156,7 @@ Result<profile::Profile> readProfileFile(const std::string& name) {
 }
 
 profile::Profile withoutUnknown(const Session& session, profile::Profile wanted) {
-  for (std::size_t setting = 0; setting < profile::settings.size(); ++setting) {
-    auto& wish = wanted.wishes.at(setting);
-    if (wish && !session.knows(setting)) {
-      session.screen.say(noEffectText(setting) + "; left alone");
-      wish.reset();
-    }
-  }
+  leaveUnknownOut(session, wanted.wishes);
   return wanted;
 }
 

@@ -25,7 +25,18 @@ profile::Profile allTakenAway(const Session& session);
 /// The profile in the file `name`, which may be a pipe; "-" is standard input. Blocks until its end.
 system::Result<profile::Profile> readProfileFile(const std::string& name);
 
-/// Leaves out what this system does not know, with a word for each.
+/// Leaves out what this system does not know, with a word for each. `goals` are in the order of the settings.
+template <class Goals>
+void leaveUnknownOut(const Session& session, Goals& goals) {
+  for (std::size_t setting = 0; setting < goals.size(); ++setting) {
+    auto& goal = goals.at(setting);
+    if (goal && !session.knows(setting)) {
+      session.screen.say(noEffectText(setting) + "; left alone");
+      goal.reset();
+    }
+  }
+}
+/// The profile without it.
 profile::Profile withoutUnknown(const Session& session, profile::Profile wanted);
 
 }  // namespace tarnwell::commandline

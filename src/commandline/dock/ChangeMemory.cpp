@@ -3,8 +3,8 @@
 #include <cerrno>
 #include <chrono>
 
+#include "commandline/dock/UndoText.h"
 #include "installation/StateFolder.h"
-#include "profile/toml/ProfileReader.h"
 #include "system/files/AtomicFile.h"
 #include "system/files/Folders.h"
 #include "system/files/ReadFile.h"
@@ -14,6 +14,11 @@ namespace {
 
 // Each before it reads, writes and restarts, and none of these takes longer than its shell may.
 constexpr std::chrono::minutes turnPatience{1};
+
+constexpr std::size_t largestUndo = 1048576;
+
+// Older versions have kept a profile, which knows meanings and no types.
+constexpr const char* undoProfile = "undo.toml";
 
 }  // namespace
 
@@ -37,9 +42,14 @@ system::Result<void> ChangeMemory::takeTurn() {
   return {};
 }
 
-system::Result<profile::Profile> ChangeMemory::beforeLast() const {
-  const auto text = system::readFile(undoFile(), profile::largestProfile);
-  return text ? profile::readProfile(*text, undoFile().string()) : text.error();
+system::Result<profile::Before> ChangeMemory::beforeLast() const {
+  const auto text = system::readFile(undoFile(), largestUndo);
+  const auto profile = folder_ / undoProfile;
+  std::error_code ignored;
+  if (!text && text.error().error == ENOENT && std::filesystem::exists(profile, ignored)) {
+    return system::Failure{profile.string() + " is of an older format; apply takes it as a profile"};
+  }
+  return text ? readUndo(*text, undoFile().string()) : text.error();
 }
 
 system::Result<std::optional<std::filesystem::path>> ChangeMemory::keepAll(const std::string& list) const {

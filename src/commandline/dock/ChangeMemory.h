@@ -21,10 +21,10 @@ class ChangeMemory {
   system::Result<void> takeTurn();
 
   /// What the settings of the last change were before it; an error ENOENT where there was no change.
-  system::Result<profile::Profile> beforeLast() const;
+  system::Result<profile::Before> beforeLast() const;
 
-  /// Where that is kept.
-  std::filesystem::path undoFile() const { return folder_ / "undo.toml"; }
+  /// Where that is kept, as `undoText` writes it.
+  std::filesystem::path undoFile() const { return folder_ / "undo.json"; }
 
   /// Keeps all preferences of the Dock, once: the file, or nothing where there is one already.
   system::Result<std::optional<std::filesystem::path>> keepAll(const std::string& list) const;

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "commandline/dock/Dictionary.h"
+#include "commandline/dock/Element.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -32,6 +33,19 @@ std::string integerTextOf(plist_t node) {
   return std::to_string(static_cast<std::int64_t>(value));
 }
 
+std::string elementOf(plist_t node) {
+  char* list = nullptr;
+  std::uint32_t length = 0;
+  ::plist_to_xml(node, &list, &length);
+  std::string element = elementIn({list, list == nullptr ? 0 : length});
+  ::plist_to_xml_free(list);
+  return element;
+}
+
+core::StoredValue otherOf(plist_t node, const char* type, const std::string& text = {}) {
+  return core::OtherValue{.type = type, .text = text, .element = elementOf(node)};
+}
+
 core::StoredValue valueOf(plist_t node) {
   switch (node == nullptr ? PLIST_NONE : ::plist_get_node_type(node)) {
     case PLIST_NONE:
@@ -43,15 +57,15 @@ core::StoredValue valueOf(plist_t node) {
     case PLIST_STRING:
       return stringOf(node);
     case PLIST_UINT:
-      return core::OtherValue{.type = "integer", .text = integerTextOf(node)};
+      return otherOf(node, "integer", integerTextOf(node));
     case PLIST_ARRAY:
-      return core::OtherValue{.type = "array"};
+      return otherOf(node, "array");
     case PLIST_DICT:
-      return core::OtherValue{.type = "dictionary"};
+      return otherOf(node, "dictionary");
     case PLIST_DATE:
-      return core::OtherValue{.type = "date"};
+      return otherOf(node, "date");
     default:
-      return core::OtherValue{.type = "data"};
+      return otherOf(node, "data");
   }
 }
 

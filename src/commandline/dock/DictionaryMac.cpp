@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "commandline/dock/Dictionary.h"
+#include "commandline/dock/Element.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -32,6 +33,18 @@ std::string textOf(CFStringRef string) {
   return text;
 }
 
+std::string elementOf(CFTypeRef object) {
+  const auto list = owned(::CFPropertyListCreateData(nullptr, object, kCFPropertyListXMLFormat_v1_0, 0, nullptr));
+  const auto* data = static_cast<CFDataRef>(list.get());
+  return data == nullptr ? std::string()
+                         : elementIn({reinterpret_cast<const char*>(::CFDataGetBytePtr(data)),
+                                      static_cast<std::size_t>(::CFDataGetLength(data))});
+}
+
+core::StoredValue otherOf(CFTypeRef object, const char* type, const std::string& text = {}) {
+  return core::OtherValue{.type = type, .text = text, .element = elementOf(object)};
+}
+
 core::StoredValue numberOf(CFNumberRef number) {
   if (::CFNumberIsFloatType(number) != 0) {
     double real = 0;
@@ -40,7 +53,7 @@ core::StoredValue numberOf(CFNumberRef number) {
   }
   std::int64_t integer = 0;
   ::CFNumberGetValue(number, kCFNumberSInt64Type, &integer);
-  return core::OtherValue{.type = "integer", .text = std::to_string(integer)};
+  return otherOf(number, "integer", std::to_string(integer));
 }
 
 core::StoredValue valueOf(CFTypeRef object) {
@@ -57,12 +70,12 @@ core::StoredValue valueOf(CFTypeRef object) {
     return textOf(asString(object));
   }
   if (isA(::CFArrayGetTypeID(), object)) {
-    return core::OtherValue{.type = "array"};
+    return otherOf(object, "array");
   }
   if (isA(::CFDictionaryGetTypeID(), object)) {
-    return core::OtherValue{.type = "dictionary"};
+    return otherOf(object, "dictionary");
   }
-  return core::OtherValue{.type = isA(::CFDateGetTypeID(), object) ? "date" : "data"};
+  return otherOf(object, isA(::CFDateGetTypeID(), object) ? "date" : "data");
 }
 
 }  // namespace

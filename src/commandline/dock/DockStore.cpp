@@ -1,6 +1,8 @@
 #include "commandline/dock/DockStore.h"
 
+#include "commandline/dock/Element.h"
 #include "commandline/dock/PropertyList.h"
+#include "commandline/words/ShellQuotes.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -8,23 +10,29 @@ namespace {
 // The shell knows the user's name, whatever the environment says.
 constexpr const char* managedDomain = R"("/Library/Managed Preferences/$USERNAME/com.apple.dock")";
 
-std::string typeFlag(const profile::Wish& wish) {
-  struct Flag {
+/// What `defaults write` takes behind the key; empty where that shall go.
+std::string argumentsFor(const profile::Wish& wish) {
+  struct Arguments {
     std::string operator()(profile::Unset) const { return {}; }
-    std::string operator()(float) const { return "-float "; }
-    std::string operator()(bool) const { return "-bool "; }
-    std::string operator()(core::MinEffect) const { return "-string "; }
+    std::string operator()(float) const { return "-float " + text; }
+    std::string operator()(bool) const { return "-bool " + text; }
+    std::string operator()(core::MinEffect) const { return "-string " + text; }
+
+    std::string text;
   };
-  return std::visit(Flag(), wish);
+  return std::visit(Arguments{profile::text(wish)}, wish);
+}
+
+std::string argumentsFor(const core::StoredValue& stored) {
+  const std::string element = elementOf(stored);
+  return element.empty() ? element : inSingleQuotes(element);
 }
 
 std::string lineFor(const profile::Change& change) {
   const std::string key(profile::settings.at(change.setting).key);
   const std::string place = std::string(DockStore::domain) + " " + key;
-  if (std::holds_alternative<profile::Unset>(change.to)) {
-    return "defaults delete " + place;
-  }
-  return "defaults write " + place + " " + typeFlag(change.to) + profile::text(change.to);
+  const std::string arguments = std::visit([](const auto& to) { return argumentsFor(to); }, change.to);
+  return arguments.empty() ? "defaults delete " + place : "defaults write " + place + " " + arguments;
 }
 
 system::Result<DockPreferences> preferencesOf(Shell& shell, const std::string& domain) {

@@ -1,6 +1,7 @@
 #include "commandline/dock/PropertyList.h"
 
 #include "commandline/dock/Dictionary.h"
+#include "commandline/dock/Element.h"
 #include "profile/values/Setting.h"
 
 namespace tarnwell::commandline {
@@ -15,6 +16,15 @@ system::Result<core::StoredValues> storedValuesIn(std::string_view xml) {
     values.at(setting) = dictionary->value(std::string(profile::settings.at(setting).key));
   }
   return values;
+}
+
+std::optional<core::StoredValue> storedValueOf(std::string_view element) {
+  const auto dictionary =
+      Dictionary::read(std::string(R"(<?xml version="1.0"?><plist version="1.0"><dict><key>value</key>)")
+                           .append(element)
+                           .append("</dict></plist>"));
+  auto value = dictionary ? dictionary->value("value") : core::Absent();
+  return !element.empty() && elementOf(value) == element ? std::optional(std::move(value)) : std::nullopt;
 }
 
 }  // namespace tarnwell::commandline

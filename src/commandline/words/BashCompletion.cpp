@@ -1,6 +1,7 @@
 #include <array>
 
 #include "commandline/words/Completion.h"
+#include "commandline/words/ShellQuotes.h"
 
 namespace tarnwell::commandline {
 namespace {

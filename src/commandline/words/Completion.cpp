@@ -86,12 +86,4 @@ std::string optionPattern(Word value) {
   return pattern;
 }
 
-std::string inSingleQuotes(std::string_view text) {
-  std::string quoted = "'";
-  for (const char letter : text) {
-    quoted += letter == '\'' ? "'\\''" : std::string(1, letter);
-  }
-  return quoted + "'";
-}
-
 }  // namespace tarnwell::commandline

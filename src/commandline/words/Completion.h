@@ -27,7 +27,5 @@ std::string joined(const std::vector<std::string>& words);
 std::vector<std::string> optionWords(const Command& command);
 /// "--output | -o" of those whose value is of that kind, "|" between them; empty where there is none.
 std::string optionPattern(Word value);
-/// Between single quotes.
-std::string inSingleQuotes(std::string_view text);
 
 }  // namespace tarnwell::commandline

@@ -1,4 +1,5 @@
 #include "commandline/words/Completion.h"
+#include "commandline/words/ShellQuotes.h"
 
 namespace tarnwell::commandline {
 namespace {

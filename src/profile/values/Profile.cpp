@@ -1,8 +1,26 @@
 #include "profile/values/Profile.h"
 
-#include <variant>
-
 namespace tarnwell::profile {
+namespace {
+
+bool isReached(const Goal& goal, const core::StoredValue& stored) {
+  const auto* wish = std::get_if<Wish>(&goal);
+  return wish != nullptr ? isFulfilled(*wish, stored) : std::get<core::StoredValue>(goal) == stored;
+}
+
+template <class Goals>
+std::vector<Change> changesFor(const core::StoredValues& from, const Goals& to) {
+  std::vector<Change> changes;
+  for (std::size_t index = 0; index < settings.size(); ++index) {
+    const auto& goal = to.at(index);
+    if (goal && !isReached(*goal, from.at(index))) {
+      changes.push_back({index, from.at(index), *goal});
+    }
+  }
+  return changes;
+}
+
+}  // namespace
 
 std::vector<WantedValue> valuesOf(const Profile& profile) {
   std::vector<WantedValue> values;
@@ -42,15 +60,12 @@ StoredProfile profileOf(const core::StoredValues& stored, Missing missing) {
 }
 
 std::vector<Change> differences(const core::StoredValues& from, const Profile& to) {
-  std::vector<Change> changes;
-  for (std::size_t index = 0; index < settings.size(); ++index) {
-    const auto& wish = to.wishes.at(index);
-    if (wish && !isFulfilled(*wish, from.at(index))) {
-      changes.push_back({index, from.at(index), *wish});
-    }
-  }
-  return changes;
+  return changesFor(from, to.wishes);
 }
+
+std::vector<Change> differences(const core::StoredValues& from, const Before& to) { return changesFor(from, to); }
+
+bool isDone(const Change& change, const core::StoredValue& stored) { return isReached(change.to, stored); }
 
 std::vector<WishChange> differences(const Profile& from, const Profile& to) {
   std::vector<WishChange> changes;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "core/StoredValue.h"
@@ -43,15 +44,27 @@ struct StoredProfile {
 /// Values of another type are taken for what they mean.
 StoredProfile profileOf(const core::StoredValues& stored, Missing missing);
 
+/// What settings were: a value as it was stored, or that there was none. In the order of `settings`; nothing for one
+/// that is left alone.
+using Before = std::array<std::optional<core::StoredValue>, settings.size()>;
+
+/// What a setting shall become: a value that a profile can have, or whatever was stored, in just that type.
+using Goal = std::variant<Wish, core::StoredValue>;
+
 /// What is to be done to a setting.
 struct Change {
   std::size_t setting;
   core::StoredValue from;
-  Wish to;
+  Goal to;
 };
 
 /// What has to change in the store for the profile to hold. A value that is equal but of another type has to.
 std::vector<Change> differences(const core::StoredValues& from, const Profile& to);
+/// The same for the settings to be as they were.
+std::vector<Change> differences(const core::StoredValues& from, const Before& to);
+
+/// Whether the store holds what the change was for.
+bool isDone(const Change& change, const core::StoredValue& stored);
 
 /// A setting of which two profiles want different things.
 struct WishChange {

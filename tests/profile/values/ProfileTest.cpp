@@ -45,17 +45,29 @@ TEST(ProfileTest, differencesAreWhatHasToChange) {
   ASSERT_EQ(changes.size(), 4);
   EXPECT_EQ(changes[0].setting, 1);
   EXPECT_EQ(changes[0].from, stored[1]);
-  EXPECT_EQ(changes[0].to, Wish(0.15F));
+  EXPECT_EQ(changes[0].to, Goal(Wish(0.15F)));
   // Equal, but an integer.
   EXPECT_EQ(changes[1].setting, 2);
   EXPECT_EQ(changes[1].from, stored[2]);
-  EXPECT_EQ(changes[1].to, Wish(true));
+  EXPECT_EQ(changes[1].to, Goal(Wish(true)));
   EXPECT_EQ(changes[2].setting, 3);
   EXPECT_EQ(changes[3].setting, 4);
-  EXPECT_EQ(changes[3].to, Wish(Unset()));
+  EXPECT_EQ(changes[3].to, Goal(Wish(Unset())));
 }
 
 TEST(ProfileTest, nothingDiffersFromAProfileThatWantsNothing) { EXPECT_TRUE(differences(stored, Profile()).empty()); }
+
+TEST(ProfileTest, whatWasStoredIsWantedInItsOwnType) {
+  const Before before = {0.5, Absent(), true, "swirl", {}, Absent(), {}};
+  const std::vector<Change> changes = differences(stored, before);
+  ASSERT_EQ(changes.size(), 2);
+  EXPECT_EQ(changes[0].setting, 2);
+  EXPECT_EQ(changes[0].to, Goal(core::StoredValue(true)));
+  EXPECT_EQ(changes[1].setting, 5);
+  EXPECT_FALSE(isDone(changes[0], OtherValue{"integer", "1"}));
+  EXPECT_TRUE(isDone(changes[0], true));
+  EXPECT_TRUE(isDone(changes[1], Absent()));
+}
 
 TEST(ProfileTest, twoProfilesDifferWhereTheyWantDifferentThings) {
   const Profile from = {.name = "a", .wishes = {Wish(0.5F), {}, Wish(true), Unset()}};

@@ -51,6 +51,10 @@ CFDataRef CFDataCreate(CFAllocatorRef, const uint8_t* bytes, CFIndex length) {
   return reinterpret_cast<CFDataRef>([[NSData alloc] initWithBytes:bytes length:static_cast<NSUInteger>(length)]);
 }
 
+const uint8_t* CFDataGetBytePtr(CFDataRef data) { return static_cast<const uint8_t*>([objectOf(data) bytes]); }
+
+CFIndex CFDataGetLength(CFDataRef data) { return static_cast<CFIndex>([objectOf(data) length]); }
+
 const void* CFDictionaryGetValue(CFDictionaryRef values, const void* key) {
   return [objectOf(values) objectForKey:objectOf(key)];
 }
@@ -102,4 +106,13 @@ CFTypeRef CFPropertyListCreateWithData(CFAllocatorRef, CFDataRef data, CFOptionF
                                                     errorDescription:nullptr] retain];
   [pool release];
   return made;
+}
+
+CFDataRef CFPropertyListCreateData(CFAllocatorRef, CFTypeRef list, CFPropertyListFormat, CFOptionFlags, CFErrorRef*) {
+  NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+  const id made = [[NSPropertyListSerialization dataFromPropertyList:objectOf(list)
+                                                              format:NSPropertyListXMLFormat_v1_0
+                                                    errorDescription:nullptr] retain];
+  [pool release];
+  return reinterpret_cast<CFDataRef>(made);
 }
