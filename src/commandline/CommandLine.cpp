@@ -54,6 +54,21 @@ Status perform(const Session& session, const Arguments& arguments) {
   return Status::refused;
 }
 
+/// Whether words and files are all that it takes, which any system has.
+bool needsNoSystem(const Arguments& arguments) {
+  switch (arguments.command->name) {
+    case CommandName::explain:
+    case CommandName::completion:
+      return true;
+    case CommandName::diff:
+      return arguments.operands.size() > 1;
+    case CommandName::exportProfile:
+      return !arguments.operands.empty();
+    default:
+      return false;
+  }
+}
+
 Status performCommand(const Product& product, const Arguments& arguments, Screen& screen) {
   if (arguments.has(OptionName::help)) {
     screen.addLine(helpText(product.program, *arguments.command));
@@ -61,6 +76,9 @@ Status performCommand(const Product& product, const Arguments& arguments, Screen
   }
   ZshShell shell(product.program);
   Session session{.program = product.program, .shell = shell, .screen = screen};
+  if (needsNoSystem(arguments)) {
+    return perform(session, arguments);
+  }
   const auto version = installation::macosVersion();
   if (!version) {
     return session.fail(Status::refused, version.error().message);

@@ -69,6 +69,14 @@ TEST(CommandLine, suggestsACommandAndRunsNone) {
   EXPECT_EQ(outcome.errors, std::string("tarnwell: \"restrat\" is not a command; did you mean restart?\n") + usage);
 }
 
+TEST(CommandLine, suggestsAnOption) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"list", "--josn"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.errors,
+            "tarnwell: \"--josn\" is not an option of list; did you mean --json?\nusage: tarnwell list [--json]\n");
+}
+
 TEST(CommandLine, endsQuietlyWhenItsReaderDoes) {
   const Front front(Front::Dock::isAbsent);
   const std::string pipe = "'" + front.file("pipe") + "'";
@@ -90,6 +98,22 @@ TEST(CommandLine, systemsThatAreTooOldAreRefusedAsByTheWindow) {
   const Outcome outcome = front.run({"list"}, {"MACOS_VERSION=13.2"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.errors, "tarnwell: MACOS_VERSION is \"13.2\": the oldest supported version is 14\n");
+}
+
+TEST(CommandLine, whatTouchesNoSystemWorksOnAnyOne) {
+  const Front front(Front::Dock::isAbsent);
+  front.system().folder().write("some.toml", "profile = 1\n[dock]\nmineffect = \"suck\"\n");
+  const std::string some = front.file("some.toml");
+  front.watchShells();
+  for (const Words& words : {Words{"explain"}, Words{"explain", "mineffect", "--json"}, Words{"completion", "bash"},
+                             Words{"diff", some, some}, Words{"export", some, "--to", "sh"}, Words{"set", "--help"}}) {
+    const Outcome outcome = front.run(words, {"MACOS_VERSION=13.2"});
+    EXPECT_EQ(outcome.status, 0) << words.front() << outcome.errors;
+  }
+  EXPECT_EQ(front.shellLines(), "");
+  for (const Words& words : {Words{"diff", some}, Words{"export"}, Words{"apply", some}, Words{"undo"}}) {
+    EXPECT_EQ(front.run(words, {"MACOS_VERSION=13.2"}).status, 2) << words.front();
+  }
 }
 
 }  // namespace

@@ -17,12 +17,30 @@ fs::path libexec() { return fs::path(FRONT_PATH).parent_path() / "libexec"; }
 
 Front::Front(Dock dock) {
   fs::create_directories(system_.root());
-  if (dock == Dock::runs) {
-    supervisor_ = std::make_unique<standin::Process>(Words{SUPERVISOR_PATH}, environment());
-    if (!waitForStarts(1)) {
-      throw std::runtime_error("no Dock has started");
-    }
+  if (dock == Dock::isAbsent) {
+    return;
   }
+  const std::string supervisor = dock == Dock::isTheLast ? ownSupervisor() : SUPERVISOR_PATH;
+  supervisor_ = std::make_unique<standin::Process>(Words{supervisor}, environment());
+  if (!waitForStarts(1)) {
+    throw std::runtime_error("no Dock has started");
+  }
+  if (dock == Dock::isTheLast) {
+    fs::remove(fs::path(supervisor).parent_path() / "Dock");
+  }
+}
+
+// It starts the Dock that lies beside it.
+std::string Front::ownSupervisor() const {
+  const fs::path folder = system_.folder() / "supervised";
+  fs::create_directories(folder);
+  fs::copy_file(SUPERVISOR_PATH, folder / "dock-supervisor");
+  fs::create_symlink(libexec() / "Dock", folder / "Dock");
+  return folder / "dock-supervisor";
+}
+
+void Front::watchShells() const {
+  system_.folder().write(".zshenv", "print -r -- \"$ZSH_EXECUTION_STRING\" >>~/shells\n");
 }
 
 Outcome Front::run(const Words& words, const Words& more) const {

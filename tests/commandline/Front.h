@@ -14,7 +14,11 @@ using standin::Words;
 /// The program that users start, on a played system of its own with a supervised Dock, or without one.
 class Front {
  public:
-  enum class Dock { runs, isAbsent };
+  enum class Dock {
+    runs,
+    isTheLast,  // runs, and none can be started any more
+    isAbsent,
+  };
 
   /// Waits for the Dock.
   explicit Front(Dock dock = Dock::runs);
@@ -30,6 +34,10 @@ class Front {
   Outcome defaults(const Words& arguments) const { return system_.defaults(arguments); }
   /// What that says of the type and value of a key: "boolean 1", or nothing.
   std::string stored(const std::string& key) const;
+
+  /// From here on the lines are kept that shells of the program run, which are then `shellLines`.
+  void watchShells() const;
+  std::string shellLines() const { return standin::fileContent(file("shells")); }
 
   /// How many Docks have started.
   int starts() const;
@@ -47,6 +55,7 @@ class Front {
  private:
   Words environment(const Words& more = {}) const;
   void moveAside();
+  std::string ownSupervisor() const;
 
   standin::MacSystem system_;
   std::string program_ = FRONT_PATH;

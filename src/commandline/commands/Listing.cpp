@@ -112,7 +112,8 @@ Status get(const Session& session, const Arguments& arguments) {
   if (!setting) {
     return session.fail(Status::refused, setting.error().message);
   }
-  const auto preferences = DockStore(session.shell).read();
+  const DockStore store(session.shell);
+  const auto preferences = store.read();
   if (!preferences) {
     return session.fail(Status::storeFailure, preferences.error().message);
   }
@@ -125,8 +126,10 @@ Status get(const Session& session, const Arguments& arguments) {
     session.screen.addLine(*instead);
     return Status::done;
   }
-  return session.fail(Status::no,
-                      arguments.operands.front() + " is " + shortText(*setting, stored) + "; the Dock decides");
+  const auto forced = profile::meaningOf(profile::settings.at(*setting), store.readForced().at(*setting));
+  return session.fail(Status::no, arguments.operands.front() + " is " + shortText(*setting, stored) + "; " +
+                                      (forced ? "a configuration profile forces " + profile::text(*forced)
+                                              : std::string("the Dock decides")));
 }
 
 Status explain(const Session& session, const Arguments& arguments) {

@@ -21,7 +21,7 @@ enum class Status {
 /// What commands work with.
 struct Session {
   std::string program = {};
-  /// Major, minor, patch.
+  /// Major, minor, patch; of no meaning to commands that need no system.
   std::array<int, 3> system = {};
   Shell& shell;
   Screen& screen;

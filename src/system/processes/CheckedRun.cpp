@@ -90,6 +90,7 @@ Result<CheckedRun> runChecked(Launch launch, std::chrono::milliseconds patience)
   launch.output = streams[0].pipe.writeEnd.number();
   launch.errors = streams[1].pipe.writeEnd.number();
   launch.hasOwnSession = true;
+  launch.endsWithStarter = true;
   auto process = Process::start(launch);
   if (!process) {
     return process.error();

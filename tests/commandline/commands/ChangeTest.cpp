@@ -56,6 +56,9 @@ TEST(Change, whereNothingDiffersTheDockIsNotTouched) {
     EXPECT_EQ(outcome.errors, nothing);
   }
   EXPECT_EQ(front.starts(), 2);
+  front.watchShells();
+  front.run({"set", "autohide-delay=0.1"});
+  EXPECT_EQ(front.shellLines(), "defaults export com.apple.dock -\n");
 }
 
 TEST(Change, aWrongSettingAmongGoodOnesChangesNothing) {
@@ -128,6 +131,28 @@ TEST(Change, anEqualValueOfAnotherTypeIsRepaired) {
   EXPECT_EQ(front.stored("scroll-to-open"), "boolean 1");
   EXPECT_EQ(front.stored("autohide-delay"), "float 0");
   EXPECT_EQ(front.starts(), 2);
+}
+
+TEST(Change, aValueOfNoUseIsKeptByWhatDoesNotNameIt) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-array", "a"});
+  const Outcome before = front.defaults({"read", "com.apple.dock", "autohide-delay"});
+  front.system().folder().write("dock.toml", "profile = 1\n[dock]\nmineffect = \"scale\"\n");
+  for (const Words& words : {Words{"set", "mineffect=suck"}, Words{"apply", front.file("dock.toml")}, Words{"undo"},
+                             Words{"reset", "mineffect"}, Words{"list"}, Words{"export"}, Words{"restart"}}) {
+    EXPECT_EQ(front.run(words).status, 0) << words.front();
+    EXPECT_EQ(front.defaults({"read", "com.apple.dock", "autohide-delay"}).output, before.output) << words.front();
+  }
+}
+
+TEST(Change, byRootIsOfRootsOwnSettings) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.shell("unshare --user --map-root-user \"$T\" set mineffect=suck");
+  if (outcome.status == 1 && outcome.errors.starts_with("unshare:")) {
+    GTEST_SKIP() << "no process may play root here: " << outcome.errors;
+  }
+  EXPECT_EQ(outcome.output, "mineffect: not set -> suck\n") << outcome.errors;
+  EXPECT_EQ(front.stored("mineffect"), "string suck");
 }
 
 TEST(Change, resetTakesKeysAway) {

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
+#include <filesystem>
 
 #include "commandline/Front.h"
+#include "fixtures/WaitFor.h"
+#include "system/files/FileLock.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -27,18 +31,16 @@ TEST(Failure, aStoreThatCannotBeReadIsLeftAsItIs) {
   EXPECT_EQ(front.starts(), 1);
 }
 
+// Files may have 1024 bytes: what is stored is short of that by less than two settings need.
 TEST(Failure, aWriteThatFailsSaysWhatDidGetThrough) {
-  Front front;
-  front.replaceTool("defaults", R"(case "$*" in
-  *write*showhidden*)
-    echo "2026-11-22 10:55:48.932 defaults[1:2] no room" >&2
-    exit 1
-    ;;
-esac
-exec "$REAL" "$@")");
-  const Outcome outcome = front.run({"set", "mineffect=suck", "showhidden=on", "static-only=off"});
+  const Front front;
+  front.defaults({"write", "com.apple.dock", "filling", "-string", std::string(932, 'x')});
+  ASSERT_LT(std::filesystem::file_size(front.system().dockStore()), 1024);
+  const Outcome outcome = front.shell("prlimit --fsize=1024 \"$T\" set mineffect=suck showhidden=on static-only=off");
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be written: no room; written so far: mineffect\n");
+  EXPECT_EQ(outcome.errors,
+            "tarnwell: The settings cannot be written: Could not write domain com.apple.dock; exiting; cannot write " +
+                front.system().dockStore() + ": File too large; written so far: mineffect\n");
   EXPECT_EQ(outcome.output, "");
   EXPECT_EQ(front.stored("static-only"), "");
   EXPECT_EQ(front.starts(), 2) << "the Dock goes by what is written";
@@ -67,17 +69,48 @@ TEST(Failure, aToolThatHangsIsEnded) {
   EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
 }
 
+TEST(Failure, aWriteThatHangsIsEnded) {
+  const Front front;
+  front.run({"set", "--no-restart", "mineffect=genie"});
+  const auto held = system::FileLock::take(front.system().preferences() + "/.defaults.lock", {});
+  ASSERT_TRUE(held) << held.error().message;
+  const auto begin = std::chrono::steady_clock::now();
+  const Outcome outcome = front.run({"set", "mineffect=suck", "showhidden=on"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be written: no answer within 10 seconds\n");
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+  EXPECT_EQ(front.stored("mineffect"), "string genie");
+  EXPECT_EQ(front.starts(), 1);
+}
+
+TEST(Failure, aToolThatHangsEndsWithTheFront) {
+  for (const int signal : {SIGINT, SIGKILL}) {
+    Front front(Front::Dock::isAbsent);
+    front.replaceTool("defaults",
+                      "echo $$ >\"$MACOS_ROOT/new\"; mv \"$MACOS_ROOT/new\" \"$MACOS_ROOT/number\"\n"
+                      "exec sleep 600");
+    const auto process = front.start({"list"});
+    std::string number;
+    ASSERT_TRUE(fixtures::waitFor([&] { return !(number = standin::fileContent(front.file("root/number"))).empty(); }));
+    process->send(signal);
+    EXPECT_EQ(process->wait().signal, signal);
+    EXPECT_TRUE(fixtures::waitFor([&] { return !standin::isRunning(std::stoi(number)); }));
+  }
+}
+
 TEST(Failure, aDockThatDoesNotComeBackIsReported) {
-  Front front(Front::Dock::isAbsent);
-  // One that can be ended once.
-  front.replaceTool("killall", "[ \"$1\" = -s ] || exit 0\n[ -e \"$MACOS_ROOT/ended\" ] || echo kill -TERM 123");
+  const Front front(Front::Dock::isTheLast);
+  const auto begin = std::chrono::steady_clock::now();
   const Outcome outcome = front.run({"set", "mineffect=suck"});
   EXPECT_EQ(outcome.status, 4);
   EXPECT_EQ(outcome.errors,
             "tarnwell: The Dock has not come back. Log in again, or run: launchctl kickstart "
             "gui/$UID/com.apple.Dock.agent\n");
   EXPECT_EQ(outcome.output, "mineffect: not set -> suck\n");
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
   EXPECT_EQ(front.stored("mineffect"), "string suck");
+  EXPECT_EQ(front.starts(), 1);
 }
 
 TEST(Failure, aToolThatFailsIsNoAbsentDock) {
