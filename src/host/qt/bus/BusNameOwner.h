@@ -15,8 +15,10 @@ class BusNameOwner final : public QObject {
   /// `changed` is run after each change, and not for the owner that is there already.
   BusNameOwner(const QDBusConnection& bus, const QString& name, kit::Action changed = {});
 
+  bool exists() const { return !owner_.isEmpty(); }
+
   /// Whether the message is the owner's. The bus lets any peer send a signal of any interface.
-  bool hasSent(const QDBusMessage& message) const { return !owner_.isEmpty() && message.service() == owner_; }
+  bool hasSent(const QDBusMessage& message) const { return exists() && message.service() == owner_; }
 
  private:
   void ask(const QDBusConnection& bus, const QString& name);

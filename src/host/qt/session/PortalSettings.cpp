@@ -50,13 +50,21 @@ PortalSettings::PortalSettings(std::optional<QDBusConnection> bus, Theme& theme,
     return;
   }
   registerBusTypes();
-  owner_ = std::make_unique<BusNameOwner>(*bus, service);
+  const auto askAll = [this, bus = *bus, &startup] {
+    for (const QString& key : {colorSchemeKey, accentKey, contrastKey}) {
+      ask(bus, key, startup);
+    }
+  };
+  // One that comes later tells of no change that there was before it.
+  owner_ = std::make_unique<BusNameOwner>(*bus, service, [this, askAll] {
+    if (owner_->exists()) {
+      askAll();
+    }
+  });
   // From whatever sender: naming one would ask the bus who that is, and wait for the answer.
   bus->connect(QString(), portalPath, interface, QStringLiteral("SettingChanged"), this,
                SLOT(settingChanged(QDBusMessage)));
-  ask(*bus, colorSchemeKey, startup);
-  ask(*bus, accentKey, startup);
-  ask(*bus, contrastKey, startup);
+  askAll();
 }
 
 void PortalSettings::settingChanged(const QDBusMessage& signal) {

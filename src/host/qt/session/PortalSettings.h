@@ -20,7 +20,7 @@ class PortalSettings final : public QObject {
   Q_OBJECT
 
  public:
-  /// Asks at once. The theme is borrowed.
+  /// Asks at once, and each portal that comes later. Theme and barrier are borrowed.
   PortalSettings(std::optional<QDBusConnection> bus, Theme& theme, StartupBarrier& startup);
 
   /// From the bus.

@@ -196,6 +196,18 @@ TEST_F(PortalSettingsTest, anotherPortalMayTakeOver) {
   });
 }
 
+TEST_F(PortalSettingsTest, anotherPortalIsAskedAnew) {
+  onDesktop([](Desktop& desktop) {
+    desktop.portal->set("color-scheme", 1U);
+    desktop.start();
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
+    desktop.portal.reset();
+    desktop.portal.emplace(desktop.bus.address());
+    desktop.portal->set("color-scheme", 2U);
+    EXPECT_TRUE(desktop.hasScheme(ColorScheme::light));
+  });
+}
+
 TEST_F(PortalSettingsTest, signalsOfAnotherTypeAreLeftAlone) {
   onDesktop([](Desktop& desktop) {
     FakePortal& portal = *desktop.portal;
