@@ -30,6 +30,7 @@ packages_for() {
     tour) echo xvfb xauth openbox xdotool imagemagick fonts-inter dbus-daemon at-spi2-core python3-dbus python3-gi python3-xlib trayer ;;
     faults) echo python3 strace ;;
     mutations) echo bubblewrap git python3 ;;
+    soak) echo git valgrind ;;
     gates) echo dbus-daemon git libbenchmark-dev libxcb-damage0-dev python3 valgrind xauth xvfb ;;
     # The tools that exports are for, and those that judge what is written for them.
     handover) echo ansible ansible-lint bash dash jq libplist-utils libxml2-utils nix-bin python3 shellcheck yamllint zsh ;;
@@ -51,6 +52,7 @@ commands_for() {
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     faults) echo python3 strace ;;
     mutations) echo bwrap git python3 ;;
+    soak) echo git valgrind ;;
     gates) echo dbus-run-session git python3 valgrind xvfb-run ;;
     handover) echo ansible-playbook ansible-lint bash dash jq plistutil xmllint nix-instantiate python3 shellcheck yamllint zsh ;;
     desktop) echo sway swaymsg weston wtype ;;
