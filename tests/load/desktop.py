@@ -94,6 +94,12 @@ class Screen:
             return hashlib.sha256(data).hexdigest() if any(data) else None
         return None
 
+    def held(self):
+        """What all programs hold here: bytes of pictures, and how many windows, pictures and the like."""
+        clients = [client.resource_base for client in self.display.res_query_clients().clients]
+        return (sum(self.display.res_query_client_pixmap_bytes(client).bytes for client in clients),
+                sum(kind.count for client in clients for kind in self.display.res_query_client_resources(client).types))
+
     def press(self, *keys):
         """Each with the keys that are held meanwhile before it, "Control_L+w"."""
         for chord in keys:

@@ -27,6 +27,8 @@ wait_for() {
 # Starts a program whose output goes to a log of the program's name.
 start() {
   log=$folder/$(basename "$1").log
+  # There before the program is, for what reads it at once.
+  : >"$log"
   "$@" >"$log" 2>&1 &
   started=$!
   stage_processes="$started $stage_processes"
