@@ -13,4 +13,7 @@ namespace tarnwell::installation {
 /// it was and no command may be run.
 system::Result<void> putStandInsFirst(const std::string& program);
 
+/// What a user types to have the tool `defaults` that command lines of `program` find; no shell's PATH need lead to it.
+std::string defaultsForUser(const std::string& program);
+
 }  // namespace tarnwell::installation

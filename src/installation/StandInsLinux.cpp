@@ -22,15 +22,21 @@ system::Result<void> putFirst(const std::string& folder) {
   return system::Failure{"PATH cannot be set"};
 }
 
+system::Result<std::filesystem::path> standInOf(const std::string& program) {
+  const auto own = system::runningExecutable();
+  return own ? libexecProgram(frontOf(*own, program).parent_path(), program, "defaults") : own;
+}
+
 }  // namespace
 
 system::Result<void> putStandInsFirst(const std::string& program) {
-  const auto own = system::runningExecutable();
-  if (!own) {
-    return own.error();
-  }
-  const auto standIn = libexecProgram(frontOf(*own, program).parent_path(), program, "defaults");
+  const auto standIn = standInOf(program);
   return standIn ? putFirst(standIn->parent_path().string()) : standIn.error();
+}
+
+std::string defaultsForUser(const std::string& program) {
+  const auto standIn = standInOf(program);
+  return standIn ? standIn->string() : "defaults";
 }
 
 }  // namespace tarnwell::installation

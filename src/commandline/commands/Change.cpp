@@ -9,6 +9,7 @@
 #include "commandline/dock/DockStore.h"
 #include "commandline/dock/UndoText.h"
 #include "commandline/words/ShellQuotes.h"
+#include "installation/StandIns.h"
 #include "system/files/AtomicFile.h"
 #include "system/processes/SignalPause.h"
 
@@ -98,8 +99,10 @@ class Changing {
       return kept.error();
     }
     if (*kept) {
-      mention("all settings of the Dock are kept in " + (*kept)->string() + "; to bring them back: defaults import " +
-              DockStore::domain + " " + inSingleQuotes((*kept)->string()));
+      const std::string file = (*kept)->string();
+      mention("all settings of the Dock are kept in " + file +
+              "; to bring them back: " + inSingleQuotes(installation::defaultsForUser(session_.program)) + " import " +
+              DockStore::domain + " " + inSingleQuotes(file));
     }
     return {};
   }

@@ -17,8 +17,8 @@ constexpr std::array<Explanation, profile::settings.size()> explanations = {{
     {"showhidden", "Icons of applications that were hidden are dimmed.", "shows only after an application was hidden",
      "false", "Dim hidden apps"},
     {"static-only", "Only running applications are in the Dock.",
-     "what is pinned goes for good once icons are pinned meanwhile; before the first time all settings are kept in a "
-     "file",
+     "what is pinned goes for good once icons are pinned meanwhile; before the first time the command line keeps all "
+     "settings in a file, the window does not",
      "false", "Show active apps only"},
     {"single-app", "A click on an icon hides the windows of all other applications.", "works on macOS 14 alone",
      "false", "Single app mode"},

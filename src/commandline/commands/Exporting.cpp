@@ -3,6 +3,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
 #include "commandline/commands/Description.h"
@@ -11,6 +12,7 @@
 #include "profile/exports/Targets.h"
 #include "system/base/Descriptor.h"
 #include "system/files/AtomicFile.h"
+#include "system/files/Folders.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -48,7 +50,12 @@ ReadProfile profileOfFile(const Session& session, const Arguments& arguments) {
 
 /// What takes the place of a file would take that of a device or a pipe: these are written to.
 system::Result<void> writeTo(const std::string& path, const std::string& text) {
-  const auto kind = std::filesystem::status(path).type();
+  const auto folder = system::folderOf(path);
+  std::error_code error;
+  if (!std::filesystem::exists(folder, error) && !error) {
+    return system::Failure{"cannot write " + path + ": there is no folder " + folder.string()};
+  }
+  const auto kind = std::filesystem::status(path, error).type();
   using enum std::filesystem::file_type;
   if (kind != character && kind != block && kind != fifo) {
     return system::replaceFile(path, text);
@@ -67,12 +74,33 @@ Status write(const Session& session, const Arguments& arguments, const profile::
   return taken ? Status::done : session.fail(Status::storeFailure, taken.error().message);
 }
 
+// The name is one of theirs: others were refused when they were read.
+const profile::Target& targetOf(const Arguments& arguments) {
+  return *std::ranges::find(profile::targets, arguments.value(OptionName::to).value_or("toml"), &profile::Target::name);
+}
+
+/// What the format would make nothing of, if such an option is there.
+std::optional<std::string> idleOption(const Arguments& arguments) {
+  struct Row {
+    OptionName option;
+    profile::OwnOption meaning;
+    const char* complaint;
+  };
+  constexpr std::array<Row, 2> rows = {
+      {{OptionName::identifier, profile::OwnOption::identifier, "--identifier is for --to mobileconfig alone"},
+       {OptionName::restart, profile::OwnOption::restart, "--restart is for --to home-manager alone"}}};
+  for (const Row& row : rows) {
+    if (arguments.has(row.option) && targetOf(arguments).option != row.meaning) {
+      return std::string(row.complaint) + ", not for " + std::string(targetOf(arguments).name) + ".";
+    }
+  }
+  return std::nullopt;
+}
+
 Status write(const Session& session, const Arguments& arguments, const profile::Profile& profile) {
-  const auto name = arguments.value(OptionName::to).value_or("toml");
-  // The name is one of theirs: others were refused when they were read.
-  const auto target = std::ranges::find(profile::targets, name, &profile::Target::name);
-  const auto written = target->write(profile, {.identifier = arguments.value(OptionName::identifier).value_or(""),
-                                               .restartsDock = arguments.has(OptionName::restart)});
+  const auto written =
+      targetOf(arguments).write(profile, {.identifier = arguments.value(OptionName::identifier).value_or(""),
+                                          .restartsDock = arguments.has(OptionName::restart)});
   if (!written) {
     return session.fail(Status::refused, written.error().message);
   }
@@ -86,6 +114,9 @@ Status write(const Session& session, const Arguments& arguments, const profile::
 }  // namespace
 
 Status exportProfile(const Session& session, const Arguments& arguments) {
+  if (const auto idle = idleOption(arguments)) {
+    return session.fail(Status::refused, *idle);
+  }
   const auto read = arguments.operands.empty() ? profileOfDock(session, arguments) : profileOfFile(session, arguments);
   const auto* refusal = std::get_if<Status>(&read);
   return refusal != nullptr ? *refusal : write(session, arguments, std::get<profile::Profile>(read));

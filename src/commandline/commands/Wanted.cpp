@@ -32,8 +32,9 @@ std::string lowerCased(std::string_view text) {
 Result<Wish> asSentence(const Result<Wish>& wish) { return wish ? wish : Failure{wish.error().message + "."}; }
 
 Result<Wish> secondsOf(const profile::Setting& setting, const std::string& text) {
-  if (const auto number = core::parseNumber(text)) {
-    return asSentence(profile::secondsWish(setting, *number));
+  const bool isHexadecimal = text.find_first_of("xX") != std::string::npos;
+  if (const auto number = core::parseNumber(text); number && !isHexadecimal) {
+    return asSentence(profile::secondsWish(setting, *number, text));
   }
   return Failure{std::string(setting.key) + " is a number of seconds with a decimal point, not " + inQuotes(text) +
                  "."};

@@ -1,6 +1,7 @@
 #include "commandline/words/Arguments.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "commandline/words/Usage.h"
@@ -26,6 +27,32 @@ std::string suggestion(std::string_view word, std::span<const std::string_view> 
   return meant.empty() ? "." : "; did you mean " + std::string(before).append(meant) + "?";
 }
 
+/// The same where a word is one of few, which are named where none is close.
+std::string choiceSuggestion(std::string_view word, std::span<const std::string_view> allowed) {
+  if (!profile::closest(word, allowed).empty()) {
+    return suggestion(word, allowed, "");
+  }
+  std::string names;
+  for (const std::string_view each : allowed) {
+    names.append(names.empty() ? "; it takes " : ", ").append(each);
+  }
+  return names + ".";
+}
+
+/// What other tools call a command of ours.
+struct OtherName {
+  std::string_view word;
+  std::string_view ours;
+};
+constexpr std::array<OtherName, 5> otherNames = {
+    {{"unset", "reset"}, {"delete", "reset"}, {"read", "get"}, {"write", "set"}, {"import", "apply"}}};
+
+std::string commandSuggestion(std::string_view word) {
+  const auto* const other = std::ranges::find(otherNames, word, &OtherName::word);
+  return other != otherNames.end() ? "; did you mean " + std::string(other->ours) + "?"
+                                   : suggestion(word, namesOf(commands(), &Command::word), "");
+}
+
 const Option* optionNamed(std::string_view name) {
   const auto* const found = std::ranges::find(options, name, &Option::longName);
   return found == options.end() ? nullptr : found;
@@ -45,8 +72,7 @@ class Parser {
     const auto all = commands();
     const auto found = std::ranges::find(all, word, &Command::word);
     if (found == all.end()) {
-      const auto names = namesOf(all, &Command::word);
-      return Failure{inQuotes(word) + " is not a command" + suggestion(word, names, "") + "\n" + usageLine(program_)};
+      return Failure{inQuotes(word) + " is not a command" + commandSuggestion(word) + "\n" + usageLine(program_)};
     }
     result_.command = &*found;
     for (next_ = 1; next_ < words_.size() && !failure_; ++next_) {
@@ -112,7 +138,7 @@ class Parser {
     const auto allowed = choices(option.value);
     if (!allowed.empty() && std::ranges::find(allowed, value) == allowed.end()) {
       return refuse(inQuotes(value) + " is no " + std::string(placeholder(option.value)) + " of --" +
-                    std::string(option.longName) + suggestion(value, allowed, ""));
+                    std::string(option.longName) + choiceSuggestion(value, allowed));
     }
     result_.options[option.name] = value;
   }
@@ -132,7 +158,7 @@ class Parser {
     for (const std::string& operand : result_.operands) {
       if (std::ranges::find(allowed, operand) == allowed.end()) {
         refuse(inQuotes(operand) + " is not known to " + std::string(result_.command->word) +
-               suggestion(operand, allowed, ""));
+               choiceSuggestion(operand, allowed));
       }
     }
   }

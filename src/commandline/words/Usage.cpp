@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "profile/exports/Targets.h"
+
 namespace tarnwell::commandline {
 namespace {
 
@@ -51,6 +53,14 @@ std::string columns(const Rows& pairs) {
   return text;
 }
 
+Rows formatRows() {
+  Rows rows;
+  for (const profile::Target& target : profile::targets) {
+    rows.emplace_back(target.name, target.purpose);
+  }
+  return rows;
+}
+
 }  // namespace
 
 std::string usageLine(const std::string& program) {
@@ -91,6 +101,9 @@ std::string helpText(const std::string& program, const Command& command) {
   }
   std::string text =
       std::string(command.help) + ".\n" + usageLine(program, command) + "\n\nOptions:\n" + columns(optionRows);
+  if (takes(command, OptionName::to)) {
+    text += "\nFormats:\n" + columns(formatRows());
+  }
   text.pop_back();
   return text;
 }

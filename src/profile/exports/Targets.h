@@ -7,6 +7,9 @@
 
 namespace tarnwell::profile {
 
+/// What one target alone makes something of.
+enum class OwnOption { none, identifier, restart };
+
 struct Target {
   /// What it is called on the command line.
   std::string_view name;
@@ -14,6 +17,7 @@ struct Target {
   std::string_view purpose;
   /// Fails where the options lack what the target needs.
   system::Result<Export> (*write)(const Profile& profile, const ExportOptions& options);
+  OwnOption option = OwnOption::none;
 };
 
 /// In the order in which they are listed.

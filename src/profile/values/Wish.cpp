@@ -39,9 +39,13 @@ std::optional<Wish> effectIn(const std::string& text) {
 }  // namespace
 
 system::Result<Wish> secondsWish(const Setting& setting, double seconds) {
+  return secondsWish(setting, seconds, numberText(seconds));
+}
+
+system::Result<Wish> secondsWish(const Setting& setting, double seconds, std::string_view said) {
   if (!(seconds >= 0 && seconds <= mostSeconds)) {
     return system::Failure{std::string(setting.key) + " is between 0 and " + std::to_string(mostSeconds) +
-                           " seconds, not " + numberText(seconds)};
+                           " seconds, not " + std::string(said)};
   }
   return Wish(core::roundedDecimal(seconds));
 }

@@ -21,8 +21,10 @@ struct Unset {
 using Wish = std::variant<Unset, float, bool, core::MinEffect>;
 
 /// A wish for a setting of the type, or why it can have no such value; the failure's message begins with the key and
-/// ends without a full stop. Seconds are rounded to what can be kept of them. The effect is exactly one of three words.
+/// ends without a full stop. Seconds are rounded to what can be kept of them; `said` is how they were, where that may
+/// be more than a number can. The effect is exactly one of three words.
 system::Result<Wish> secondsWish(const Setting& setting, double seconds);
+system::Result<Wish> secondsWish(const Setting& setting, double seconds, std::string_view said);
 system::Result<Wish> effectWish(const Setting& setting, std::string_view word);
 
 /// The value as a profile has it but for quotes: "0.15", "true", "suck"; "not set" where there shall be none.

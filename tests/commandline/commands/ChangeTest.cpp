@@ -75,6 +75,8 @@ TEST(Change, aWrongSettingAmongGoodOnesChangesNothing) {
       {{"autohide-delay=86401"}, "autohide-delay is between 0 and 86400 seconds, not 86401."},
       {{"autohide-delay=nan"}, "autohide-delay is between 0 and 86400 seconds, not nan."},
       {{"autohide-delay=inf"}, "autohide-delay is between 0 and 86400 seconds, not inf."},
+      {{"autohide-delay=1e400"}, "autohide-delay is between 0 and 86400 seconds, not 1e400."},
+      {{"autohide-delay=0x10"}, "autohide-delay is a number of seconds with a decimal point, not \"0x10\"."},
       {{"static-only=maybe"}, "static-only is true or false, not \"maybe\"."},
       {{"autohide-delay", "0"}, "Write it as autohide-delay=0."},
       {{"autohide-delay"}, "Write it as autohide-delay=VALUE."},
@@ -244,14 +246,17 @@ TEST(Change, allSettingsAreKeptBeforeTheFirstStaticOnly) {
   const Front front(Front::Dock::isAbsent);
   front.defaults({"write", "com.apple.dock", "persistent-apps", "-array", "one", "two"});
   const std::string kept = front.stateFolder() + "/before-static-only.plist";
-  EXPECT_THAT(front.run({"set", "static-only=true"}).errors,
-              HasSubstr("tarnwell: all settings of the Dock are kept in " + kept +
-                        "; to bring them back: defaults import com.apple.dock '" + kept + "'\n"));
+  const std::string errors = front.run({"set", "static-only=true"}).errors;
+  const std::string introduction = "tarnwell: all settings of the Dock are kept in " + kept + "; to bring them back: ";
+  ASSERT_THAT(errors, testing::StartsWith(introduction));
+  const std::string line = errors.substr(introduction.size(), errors.find('\n') - introduction.size());
+  EXPECT_THAT(line, testing::EndsWith("import com.apple.dock '" + kept + "'"));
   front.defaults({"delete", "com.apple.dock", "persistent-apps"});
+  EXPECT_EQ(front.shell("PATH=/usr/bin:/bin; " + line).status, 0) << "as a user would run it";
+  EXPECT_THAT(front.stored("persistent-apps"), HasSubstr("one"));
+  EXPECT_EQ(front.stored("static-only"), "boolean 1") << "what is imported is what was there, and no more";
   front.run({"set", "static-only=false"});
   EXPECT_THAT(front.run({"set", "static-only=true"}).errors, testing::Not(HasSubstr("are kept")));
-  front.defaults({"import", "com.apple.dock", kept});
-  EXPECT_THAT(front.stored("persistent-apps"), HasSubstr("one"));
 }
 
 TEST(Change, theDryRunOfStaticOnlyKeepsNothing) {

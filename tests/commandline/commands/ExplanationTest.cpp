@@ -22,6 +22,8 @@ TEST(Explanation, saysWhatASettingIs) {
             "  systems: macOS 14 and later\n"
             "  window: Delay\n"
             "  command line: defaults write com.apple.dock autohide-delay -float 0.5 && killall Dock\n");
+  EXPECT_THAT(front.run({"explain", "static-only"}).output,
+              HasSubstr("before the first time the command line keeps all settings in a file, the window does not\n"));
   EXPECT_THAT(front.run({"explain", "single-app"}).output, HasSubstr("  systems: macOS 14\n"));
 }
 

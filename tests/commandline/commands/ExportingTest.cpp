@@ -52,8 +52,11 @@ TEST(Exporting, aProfileIsSaidInEveryFormat) {
   const Front front(Front::Dock::isAbsent);
   front.system().folder().write("quick.toml", quick);
   for (const auto& target : profile::targets) {
-    const Outcome outcome = front.run(
-        {"export", "--to", std::string(target.name), "--identifier", "org.example.dock", front.file("quick.toml")});
+    Words words = {"export", "--to", std::string(target.name), front.file("quick.toml")};
+    if (target.option == profile::OwnOption::identifier) {
+      words.insert(words.end(), {"--identifier", "org.example.dock"});
+    }
+    const Outcome outcome = front.run(words);
     EXPECT_EQ(outcome.status, 0) << target.name << outcome.errors;
     EXPECT_THAT(outcome.output, HasSubstr("autohide-delay")) << target.name;
   }
@@ -65,6 +68,29 @@ TEST(Exporting, anExportGoesToAFile) {
   EXPECT_EQ(front.run({"export", "-o", front.file("dock.toml")}).output, "");
   EXPECT_EQ(front.run({"diff", front.file("dock.toml")}).status, 0);
   EXPECT_EQ(front.run({"export", "--output=/proc/dock.toml"}).status, 3);
+}
+
+TEST(Exporting, aFolderThatIsNotThereIsNotMade) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome outcome = front.run({"export", "-o", front.file("some/where/dock.toml")});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: cannot write " + front.file("some/where/dock.toml") + ": there is no folder " +
+                                front.file("some/where") + "\n");
+  EXPECT_FALSE(front.system().folder().holds("some"));
+  const Outcome beside = front.shell("cd / && cd '" + front.file("") + "' && \"$T\" export -o dock.toml");
+  EXPECT_EQ(beside.status, 0) << beside.errors;
+}
+
+TEST(Exporting, anOptionThatTheFormatKnowsNotIsRefused) {
+  const Front front(Front::Dock::isAbsent);
+  const Outcome identifier = front.run({"export", "--to=sh", "--identifier=org.example.dock"});
+  EXPECT_EQ(identifier.status, 2);
+  EXPECT_EQ(identifier.output, "");
+  EXPECT_EQ(identifier.errors, "tarnwell: --identifier is for --to mobileconfig alone, not for sh.\n");
+  const Outcome restart = front.run({"export", "--restart"});
+  EXPECT_EQ(restart.status, 2);
+  EXPECT_EQ(restart.errors, "tarnwell: --restart is for --to home-manager alone, not for toml.\n");
+  EXPECT_THAT(front.run({"export", "--restart", "--to=home-manager"}).output, HasSubstr("\n  home.activation"));
 }
 
 TEST(Exporting, whatAFormatCannotSayIsSaidOrRefused) {
@@ -85,7 +111,7 @@ TEST(Exporting, whatAFormatNeedsHasToBeGiven) {
   front.system().folder().write("quick.toml", quick);
   const Outcome outcome = front.run({"export", "--to=mobileconfig", front.file("quick.toml")});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_THAT(outcome.errors, HasSubstr("identifier"));
+  EXPECT_THAT(outcome.errors, HasSubstr(" --identifier org.example.dock"));
   EXPECT_EQ(front.run({"export", "--exact", front.file("quick.toml")}).status, 2);
 }
 

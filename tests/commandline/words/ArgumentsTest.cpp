@@ -57,6 +57,12 @@ TEST(Arguments, refusesWhatTheCommandDoesNotTake) {
   EXPECT_EQ(complaint({"get", "key", "--default"}), "--default is followed by TEXT.");
   EXPECT_EQ(complaint({"list", "--color=alway"}), "\"alway\" is no WHEN of --color; did you mean always?");
   EXPECT_EQ(complaint({"export", "--to", "ansibel"}), "\"ansibel\" is no FORMAT of --to; did you mean ansible?");
+  EXPECT_EQ(complaint({"export", "--to", "yaml"}),
+            "\"yaml\" is no FORMAT of --to; it takes sh, ansible, nix-darwin, home-manager, mobileconfig, plist, json, "
+            "toml.");
+  EXPECT_EQ(complaint({"completion", "tcsh-6"}), "\"tcsh-6\" is not known to completion; it takes bash, zsh, fish.");
+  EXPECT_EQ(complaint({"unset"}), "\"unset\" is not a command; did you mean reset?");
+  EXPECT_EQ(complaint({"delete"}), "\"delete\" is not a command; did you mean reset?");
   EXPECT_EQ(complaint({"completion", "bsh"}), "\"bsh\" is not known to completion; did you mean bash?");
   EXPECT_EQ(complaint({"get"}), "There is a word missing behind get.");
   EXPECT_EQ(complaint({"get", "a", "b"}), "\"b\" is one word too many.");

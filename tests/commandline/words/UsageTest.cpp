@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "profile/exports/Targets.h"
+
 namespace tarnwell::commandline {
 namespace {
 
@@ -27,6 +29,14 @@ Options:
   -q, --quiet       do not print what changes
       --color=WHEN  auto, always or never
       --help        print what the command does and takes)");
+}
+
+TEST(Usage, helpOfExportNamesEveryFormat) {
+  const std::string text =
+      helpText("tarnwell", *std::ranges::find(commands(), CommandName::exportProfile, &Command::name));
+  for (const profile::Target& target : profile::targets) {
+    EXPECT_THAT(text, testing::ContainsRegex("\n  " + std::string(target.name) + " +" + std::string(target.purpose)));
+  }
 }
 
 }  // namespace

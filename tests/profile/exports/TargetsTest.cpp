@@ -93,8 +93,8 @@ TEST(TargetsTest, aConfigurationProfileNeedsAnIdentifier) {
     const auto result = exported("mobileconfig", quick, {.identifier = identifier});
     ASSERT_FALSE(result) << identifier;
     EXPECT_EQ(result.error().message,
-              "a configuration profile needs an identifier such as org.example.dock: it decides which one replaces "
-              "which");
+              "a configuration profile needs an identifier, such as --identifier org.example.dock: it decides which "
+              "one replaces which");
   }
 }
 

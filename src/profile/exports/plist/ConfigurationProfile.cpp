@@ -58,7 +58,7 @@ std::vector<std::string> undocumented(const std::vector<WantedValue>& values) {
 system::Result<Export> configurationProfile(const Profile& profile, const ExportOptions& options) {
   if (!isIdentifier(options.identifier)) {
     return system::Failure{
-        "a configuration profile needs an identifier such as org.example.dock: it decides which one "
+        "a configuration profile needs an identifier, such as --identifier org.example.dock: it decides which one "
         "replaces which"};
   }
   auto values = valuesOf(profile);
