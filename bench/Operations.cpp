@@ -135,31 +135,34 @@ View form(int rows) {
   return View(Switches<MakeRow>{.count = rows}).frame({.width = 600}).frame({.maxHeight = 700});
 }
 
+/// Left standing: what takes them down again is none of it.
 void mount(const View& content, int count) {
   for (int i = 0; i < count; ++i) {
-    const Scene scene(content);
+    static_cast<void>(std::make_unique<Scene>(content).release());
   }
 }
 
-/// What changes the scene, in two ways that alternate.
-void change(const View& content, int count, const std::function<void(Scene& scene, bool isOdd)>& act) {
+/// What a user does to the first control of a kind, in two ways that alternate.
+template <class C>
+void act(const View& content, int count, const std::function<void(C& control, bool isOdd)>& act) {
   Scene scene(content);
+  C& control = scene.first<C>();
   for (int i = 0; i < count; ++i) {
-    act(scene, i % 2 == 1);
+    act(control, i % 2 == 1);
     scene.forgetJournal();
   }
 }
 
 template <class MakeRow>
 void turnSwitch(int rows, int count) {
-  change(form<MakeRow>(rows), count, [](Scene& scene, bool /*isOdd*/) { scene.first<kit::Toggle>().press(); });
+  act<kit::Toggle>(form<MakeRow>(rows), count, [](kit::Toggle& control, bool /*isOdd*/) { control.press(); });
 }
 
-void type(Scene& scene, bool isOdd) { scene.first<kit::TextField>().type(isOdd ? "0.3" : "0.4"); }
+void type(kit::TextField& field, bool isOdd) { field.type(isOdd ? "0.3" : "0.4"); }
 
-void commit(Scene& scene, bool isOdd) {
-  type(scene, isOdd);
-  scene.first<kit::TextField>().commit();
+void commit(kit::TextField& field, bool isOdd) {
+  type(field, isOdd);
+  field.commit();
 }
 
 void useSettings(void (core::DockSettings::*act)(), int count) {
@@ -217,8 +220,8 @@ const std::map<std::string_view, Operation>& operations() {
       {"load", [](int count) { useSettings(&core::DockSettings::loadFromDock, count); }},
       {"save", [](int count) { useSettings(&core::DockSettings::save, count); }},
       {"mount", [](int count) { mount(dockTab(), count); }},
-      {"keystroke", [](int count) { change(dockTab(), count, type); }},
-      {"commit", [](int count) { change(dockTab(), count, commit); }},
+      {"keystroke", [](int count) { act<kit::TextField>(dockTab(), count, type); }},
+      {"commit", [](int count) { act<kit::TextField>(dockTab(), count, commit); }},
       {"mount-100", [](int count) { mount(form<FullRow>(100), count); }},
       {"mount-1000", [](int count) { mount(form<FullRow>(1000), count); }},
       {"switch-100", [](int count) { turnSwitch<FullRow>(100, count); }},
