@@ -38,7 +38,7 @@ class ShownControl {
 
  private:
   host_headless::HeadlessHost host_;
-  host_headless::JournalPeer parent_ = host_headless::JournalPeer(host_.journal(), [] { return "parent"; });
+  host_headless::JournalPeer parent_ = host_headless::JournalPeer(host_.journal(), "parent");
   std::unique_ptr<C> control_;
 };
 

@@ -53,12 +53,26 @@ double characters(std::string_view utf8) {
       std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
+/// Goes by its kind, and the control's accessible name once it has one.
 class ControlPeer : public JournalPeer {
  public:
-  ControlPeer(const kit::Control& control, Journal& journal, const std::string& kind)
-      : JournalPeer(journal, [&control, kind] {
-          return control.accessibleName().empty() ? kind : kind + " \"" + control.accessibleName() + "\"";
-        }) {}
+  ControlPeer(const kit::Control& control, Journal& journal, const char* kind)
+      : JournalPeer(journal, nameOf(control, kind)), control_(control), kind_(kind) {}
+
+  void show(kit::Aspect aspect) noexcept override {
+    if (aspect == kit::Aspect::accessibleName) {
+      rename(nameOf(control_, kind_));
+    }
+    JournalPeer::show(aspect);
+  }
+
+ private:
+  static std::string nameOf(const kit::Control& control, const char* kind) {
+    return control.accessibleName().empty() ? kind : std::string(kind) + " \"" + control.accessibleName() + "\"";
+  }
+
+  const kit::Control& control_;
+  const char* kind_;
 };
 
 /// The peer of each kind of control, under the name that it has in the journal.
@@ -78,12 +92,12 @@ struct PeerMaker {
   auto operator()(kit::TextLabel* control) const { return painted(*control, "text"); }
   auto operator()(kit::Toggle* control) const { return painted(*control, "switch"); }
 
-  std::unique_ptr<kit::Peer> container(kit::Control& control, const std::string& kind) const {
+  std::unique_ptr<kit::Peer> container(kit::Control& control, const char* kind) const {
     return std::make_unique<ControlPeer>(control, host.journal(), kind);
   }
 
   template <class C>
-  std::unique_ptr<kit::Peer> painted(C& control, const std::string& kind) const {
+  std::unique_ptr<kit::Peer> painted(C& control, const char* kind) const {
     return host_painted::paintedPeer<ControlPeer>(control, host, host.journal(), kind);
   }
 

@@ -15,7 +15,7 @@ HeadlessWindowPeer::~HeadlessWindowPeer() { putKeyboard(false); }
 void HeadlessWindowPeer::show(kit::Aspect aspect) noexcept {
   const std::string shown = window_.takesKeyboard() ? "shown" : "shown without the keyboard";
   const bool shows = aspect == kit::Aspect::visible;
-  note(shows ? (window_.isVisible() ? shown : "hidden") : aspectName(aspect));
+  note(shows ? (window_.isVisible() ? shown : "hidden") : std::string(aspectName(aspect)));
   if (shows && (!window_.isVisible() || window_.takesKeyboard())) {
     putKeyboard(window_.isVisible());
   }

@@ -1,19 +1,14 @@
 #include "host/headless/JournalPeer.h"
 
-#include <utility>
-
 namespace tarnwell::host_headless {
 
-JournalPeer::JournalPeer(Journal& journal, std::function<std::string()> name)
-    : journal_(journal), name_(std::move(name)) {}
+JournalPeer::~JournalPeer() { journal_.note(name_, "removed"); }
 
-JournalPeer::~JournalPeer() { journal_.note(name_() + ": removed"); }
+void JournalPeer::show(kit::Aspect aspect) noexcept { journal_.note(name_, aspectName(aspect)); }
 
-void JournalPeer::show(kit::Aspect aspect) noexcept { journal_.note(name_() + ": " + aspectName(aspect)); }
+void JournalPeer::place(const kit::Rect& /*frame*/) noexcept { journal_.note(name_, "place"); }
 
-void JournalPeer::place(const kit::Rect& /*frame*/) noexcept { journal_.note(name_() + ": place"); }
-
-std::string aspectName(kit::Aspect aspect) {
+std::string_view aspectName(kit::Aspect aspect) {
   switch (aspect) {
     case kit::Aspect::enabled:
       return "enabled";

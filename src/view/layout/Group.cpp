@@ -11,7 +11,7 @@ class GroupNode final : public PassThroughNode {
   using PassThroughNode::PassThroughNode;
 
  protected:
-  void apply() override { updateChildren({VStack{.children = valueAs<Group>().children}}, environment()); }
+  void apply() override { updateChild(VStack{.children = valueAs<Group>().children}, environment()); }
 };
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "view/tree/PassThroughNode.h"
 #include "view/tree/TreeContext.h"
@@ -151,7 +152,7 @@ class BackgroundNode final : public MountedNode {
   void apply() override {
     const auto& modifier = valueAs<BackgroundModifier>();
     // First in the tree is lowest on the screen.
-    updateChildren({modifier.background, modifier.content}, environment());
+    updateChildren(std::array{modifier.background, modifier.content}, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override { return children()[1]->measure(proposal); }

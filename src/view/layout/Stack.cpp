@@ -103,13 +103,18 @@ void StackLayout::share(std::vector<Item>& items, double room, kit::Proposal pro
       room -= length(item.measurement.size);
       ++spacers;
     } else {
-      takers.emplace_back(flexibility(*item.node, proposal), &item);
+      takers.emplace_back(0, &item);
     }
   }
-  // Of two that give way alike, the first takes first.
-  std::ranges::sort(takers);
+  if (takers.size() > 1) {
+    for (auto& [flexible, item] : takers) {
+      flexible = flexibility(*item->node, proposal);
+    }
+    // Of two that give way alike, the first takes first.
+    std::ranges::sort(takers);
+  }
   std::size_t left = takers.size();
-  for (const auto& [flexibility, item] : takers) {
+  for (const auto& [flexible, item] : takers) {
     take(*item, std::max(0.0, room) / static_cast<double>(left--), proposal);
     room -= length(item->measurement.size);
   }

@@ -13,7 +13,7 @@ void CompositeNode::apply() {
     tree().turn().releaseLater(box_);
   }
   box_ = std::move(next);
-  updateChildren({box_->body()}, environment());
+  updateChild(box_->body(), environment());
 }
 
 void CompositeNode::willUnmount() { box_->unlink(); }

@@ -15,7 +15,7 @@ class EnvironmentNode final : public ModifierNode<EnvironmentModifier> {
   using ModifierNode::ModifierNode;
 
  protected:
-  void apply() override { updateChildren({modifier().content}, modifier().change(environment())); }
+  void apply() override { updateChild(modifier().content, modifier().change(environment())); }
 };
 
 }  // namespace

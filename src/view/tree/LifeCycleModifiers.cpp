@@ -57,7 +57,7 @@ class ChangeNode final : public ModifierNode<ChangeModifier> {
       tree().addHandler([action = modifier().action, value = modifier().value] { action(value); });
     }
     last_ = modifier().value;
-    updateChildren({modifier().content}, environment());
+    updateChild(modifier().content, environment());
   }
 
  private:
@@ -81,7 +81,7 @@ class ReceiveNode final : public ModifierNode<ReceiveModifier> {
       subscribed_ = true;
       subscription_ = modifier().subscribe(receiving());
     }
-    updateChildren({modifier().content}, environment());
+    updateChild(modifier().content, environment());
   }
 
   void willUnmount() override { subscription_.invalidate(); }
@@ -115,7 +115,7 @@ class IdentityNode final : public ModifierNode<IdentityModifier> {
     if (std::exchange(shown_, modifier().identity) != modifier().identity) {
       updateChildren({}, environment());
     }
-    updateChildren({modifier().content}, environment());
+    updateChild(modifier().content, environment());
   }
 
  private:

@@ -83,6 +83,10 @@ bool MountedNode::isOutermost() const {
 }
 
 kit::Measurement MountedNode::measure(kit::Proposal proposal) {
+  // What it would remember its child remembers.
+  if (passesPlaceOn()) {
+    return layOut(proposal);
+  }
   for (const auto& [known, measurement] : measurements_) {
     if (known == proposal) {
       return measurement;
@@ -125,7 +129,7 @@ void MountedNode::forgetMeasurementsBelow() {
   tree_.setNeedsLayout();
 }
 
-void MountedNode::updateChildren(const std::vector<View>& views, const EnvironmentValues& environment) {
+void MountedNode::updateChildren(std::span<const View> views, const EnvironmentValues& environment) {
   while (children_.size() > views.size()) {
     retire(children_.back());
     children_.pop_back();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -121,7 +122,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   virtual void placeContent(const kit::Rect& frame) = 0;
 
   /// Walks old and new children in lockstep, by position and type.
-  void updateChildren(const std::vector<View>& views, const EnvironmentValues& environment);
+  void updateChildren(std::span<const View> views, const EnvironmentValues& environment);
+  void updateChild(const View& view, const EnvironmentValues& environment) { updateChildren({&view, 1}, environment); }
 
  private:
   std::shared_ptr<MountedNode> makeChild(const View& view, const EnvironmentValues& environment);

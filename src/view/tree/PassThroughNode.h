@@ -27,7 +27,7 @@ class ModifierNode : public PassThroughNode {
 
  protected:
   const M& modifier() const { return valueAs<M>(); }
-  void apply() override { updateChildren({modifier().content}, environment()); }
+  void apply() override { updateChild(modifier().content, environment()); }
 };
 
 }  // namespace tarnwell::view

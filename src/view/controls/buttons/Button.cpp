@@ -96,17 +96,17 @@ class ButtonNode final : public PassThroughNode {
     if (const PrimitiveButtonStyle style = environment().get<ButtonStyleKey>()) {
       const std::optional role = button.role == kit::Button::Role::none ? std::nullopt : std::optional(button.role);
       const View label = button.label ? *button.label : View(Text{button.title});
-      updateChildren({style({.label = label, .role = role, .trigger = button.action})},
-                     environment().with<ButtonStyleKey>(nullptr));
+      updateChild(style({.label = label, .role = role, .trigger = button.action}),
+                  environment().with<ButtonStyleKey>(nullptr));
     } else if (button.label && button.label->valueIf<EmptyView>() != nullptr) {
       // Nothing to be seen is nothing to be pressed; its style may have kept the trigger.
-      updateChildren({EmptyView{}}, environment());
+      updateChild(EmptyView{}, environment());
     } else {
-      updateChildren({PlainButton{.title = titleOf(button),
-                                  .role = button.role,
-                                  .isDefault = button.keyboardShortcut == KeyboardShortcut::defaultAction,
-                                  .action = button.action}},
-                     environment());
+      updateChild(PlainButton{.title = titleOf(button),
+                              .role = button.role,
+                              .isDefault = button.keyboardShortcut == KeyboardShortcut::defaultAction,
+                              .action = button.action},
+                  environment());
     }
   }
 };

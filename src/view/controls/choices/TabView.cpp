@@ -1,6 +1,7 @@
 #include "view/controls/choices/TabView.h"
 
 #include <algorithm>
+#include <array>
 
 #include "view/controls/choices/ChoiceNode.h"
 #include "view/layout/Spacer.h"
@@ -50,7 +51,7 @@ class PageNode final : public MountedNode {
     if (page.index < 0) {
       return;
     }
-    updateChildren({page.content}, environment());
+    updateChild(page.content, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
@@ -89,7 +90,7 @@ class TabViewNode final : public MountedNode {
     if (chosen >= 0) {
       page = {chosen, showing_, tabView.tabs.at(static_cast<std::size_t>(chosen)).content};
     }
-    updateChildren({bar, page}, environment());
+    updateChildren(std::array<View, 2>{bar, page}, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {

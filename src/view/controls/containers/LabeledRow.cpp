@@ -1,6 +1,7 @@
 #include "view/controls/containers/LabeledRow.h"
 
 #include <algorithm>
+#include <array>
 
 #include "kit/controls/buttons/Toggle.h"
 #include "view/controls/containers/DescribingTexts.h"
@@ -38,7 +39,7 @@ class LabeledRowNode final : public MountedNode {
     const auto& row = valueAs<LabeledRow>();
     const View description =
         row.description.font(kit::FontRole::subheadline).foregroundStyle(kit::ColorRole::secondary);
-    updateChildren({row.label, description, row.control.accessibilityLabel(row.title)}, environment());
+    updateChildren(std::array{row.label, description, row.control.accessibilityLabel(row.title)}, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {

@@ -41,7 +41,7 @@ class ScrolledContentNode final : public ScrollAreaNode {
  protected:
   void apply() override {
     area().setAccessibleName(valueAs<ScrolledContent>().title);
-    updateChildren({valueAs<ScrolledContent>().content}, environment());
+    updateChild(valueAs<ScrolledContent>().content, environment());
   }
 
   kit::Measurement layOut(kit::Proposal proposal) override {
