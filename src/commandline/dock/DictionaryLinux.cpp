@@ -33,7 +33,7 @@ std::string integerTextOf(plist_t node) {
   return std::to_string(static_cast<std::int64_t>(value));
 }
 
-std::string elementOf(plist_t node) {
+std::string elementOfNode(plist_t node) {
   char* list = nullptr;
   std::uint32_t length = 0;
   ::plist_to_xml(node, &list, &length);
@@ -43,7 +43,7 @@ std::string elementOf(plist_t node) {
 }
 
 core::StoredValue otherOf(plist_t node, const char* type, const std::string& text = {}) {
-  return core::OtherValue{.type = type, .text = text, .element = elementOf(node)};
+  return core::OtherValue{.type = type, .text = text, .element = elementOfNode(node)};
 }
 
 core::StoredValue valueOf(plist_t node) {

@@ -33,7 +33,7 @@ std::string textOf(CFStringRef string) {
   return text;
 }
 
-std::string elementOf(CFTypeRef object) {
+std::string elementOfObject(CFTypeRef object) {
   const auto list = owned(::CFPropertyListCreateData(nullptr, object, kCFPropertyListXMLFormat_v1_0, 0, nullptr));
   const auto* data = static_cast<CFDataRef>(list.get());
   return data == nullptr ? std::string()
@@ -42,7 +42,7 @@ std::string elementOf(CFTypeRef object) {
 }
 
 core::StoredValue otherOf(CFTypeRef object, const char* type, const std::string& text = {}) {
-  return core::OtherValue{.type = type, .text = text, .element = elementOf(object)};
+  return core::OtherValue{.type = type, .text = text, .element = elementOfObject(object)};
 }
 
 core::StoredValue numberOf(CFNumberRef number) {
