@@ -54,11 +54,11 @@ std::string columns(const Rows& pairs) {
 }
 
 Rows formatRows() {
-  Rows rows;
+  Rows formats;
   for (const profile::Target& target : profile::targets) {
-    rows.emplace_back(target.name, target.purpose);
+    formats.emplace_back(target.name, target.purpose);
   }
-  return rows;
+  return formats;
 }
 
 }  // namespace
