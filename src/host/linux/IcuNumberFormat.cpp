@@ -26,6 +26,10 @@ bool isKnown(const icu::Locale& locale) {
 }
 
 icu::Locale localeOrPlain(const std::string& name) {
+  // For older names ICU reads a table, which takes longer than all else here.
+  if (auto named = icu::Locale::createFromName(name.c_str()); name.find('@') == std::string::npos && isKnown(named)) {
+    return named;
+  }
   const auto locale = icu::Locale::createCanonical(name.c_str());
   return isKnown(locale) ? locale : icu::Locale(plainLocale.data());
 }
