@@ -1,7 +1,7 @@
-# tarnwell_resources(TARGET NAME PREFIX ... FILES ...): files inside the binary. The later formats hold the time at which
-# each was checked out.
+# tarnwell_resources(TARGET NAME PREFIX ... FILES ...): files inside the binary, where they are read at once: packages are
+# compressed anyway. The later formats hold the time at which each was checked out.
 function(tarnwell_resources target name)
-  qt_add_resources(${target} ${name} ${ARGN} OPTIONS --format-version 1)
+  qt_add_resources(${target} ${name} ${ARGN} OPTIONS --format-version 1 --no-compress)
 endfunction()
 
 # tarnwell_drawings(TARGET NAME PREFIX FILE...): SVG drawings inside the binary as pictures that `QPainter` plays, each
@@ -13,7 +13,7 @@ function(tarnwell_drawings target name prefix)
     set(picture "${CMAKE_CURRENT_BINARY_DIR}/${name}/${stem}.picture")
     add_custom_command(
       OUTPUT "${picture}"
-      COMMAND tarnwell_record_drawing "${file}" "${picture}"
+      COMMAND tarnwell_record_drawing picture "${file}" "${picture}"
       DEPENDS tarnwell_record_drawing "${file}"
       VERBATIM)
     list(APPEND pictures "${picture}")

@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include <QtCore/QResource>
+
 #include "host/qt/look/Drawing.h"
 
 namespace tarnwell::host_qt {
@@ -10,12 +12,17 @@ namespace {
 
 constexpr std::array<int, 4> sides = {16, 32, 48, 128};
 
+QPixmap pixelsOf(int side) {
+  const QResource pixels(QStringLiteral(":/icons/%1.pixels").arg(side));
+  return QPixmap::fromImage(QImage(pixels.data(), side, side, QImage::Format_RGBA8888_Premultiplied));
+}
+
 }  // namespace
 
 QIcon applicationIcon() {
   QIcon icon;
   for (const int side : sides) {
-    icon.addPixmap(applicationPicture(side, 1));
+    icon.addPixmap(pixelsOf(side));
   }
   return icon;
 }

@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <string>
-#include <vector>
+
+#include "host/qt/look/Outline.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -31,20 +30,12 @@ int inkedPixels(const QImage& image) {
   return inked;
 }
 
-/// Of all that there are.
-std::vector<std::string> names() {
-  std::vector<std::string> names;
-  for (const QString& file : QDir(":/symbols").entryList()) {
-    names.push_back(QFileInfo(file).completeBaseName().toStdString());
-  }
-  return names;
-}
-
 TEST(SymbolsTest, haveAPictureInTheColourOfTheText) {
   Symbols symbols;
   const QColor color(200, 30, 60);
-  EXPECT_GE(names().size(), 17U);
-  for (const std::string& name : names()) {
+  EXPECT_GE(outlines().size(), 17U);
+  for (const auto& [key, outline] : outlines()) {
+    const std::string name(key);
     const QImage image = drawn(symbols, name, color);
     EXPECT_GT(inkedPixels(image), 20) << name;
     for (int y = 0; y < image.height(); ++y) {
