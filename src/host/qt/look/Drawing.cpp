@@ -32,9 +32,14 @@ double hairlineWidth(const QPainter& painter) { return 1 / painter.device()->dev
 void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const QColor& border) {
   const double line = hairlineWidth(painter);
   const QRectF middle = rect.adjusted(line / 2, line / 2, -line / 2, -line / 2);
+  painter.setPen(Qt::NoPen);
   painter.setBrush(fill);
-  painter.setPen(QPen(border, line));
   painter.drawRoundedRect(middle, radius - line / 2, radius - line / 2);
+  // By a pen the toolkit would take twice as long for the same pixels.
+  QPainterPath ring;
+  ring.addRoundedRect(rect, radius, radius);
+  ring.addRoundedRect(rect.adjusted(line, line, -line, -line), radius - line, radius - line);
+  painter.fillPath(ring, border);
 }
 
 void drawFace(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const Palette& palette) {

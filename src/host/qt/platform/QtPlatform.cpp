@@ -166,7 +166,7 @@ std::optional<WindowChrome> QtPlatform::makeChrome(kit::Window& window, QWidget&
     return std::nullopt;
   }
   return WindowChrome{.above = new MenuBar(kit::Application::shared(), host().theme(), parent),
-                      .below = new TrayNotice(services_.product.name, host().theme(), tray_, parent)};
+                      .below = new TrayNotice(services_.product.name, host().theme(), host(), tray_, parent)};
 }
 
 }  // namespace tarnwell::host_qt

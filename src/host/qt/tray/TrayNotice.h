@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QWidget>
 
-#include "host/qt/look/WrappedText.h"
+#include "host/painted/TextMeasurer.h"
 #include "kit/turn/Subscription.h"
 
 namespace tarnwell::host_qt {
@@ -14,8 +14,9 @@ class TrayWatch;
 /// a tray comes, or with the first closing of its window.
 class TrayNotice final : public QWidget {
  public:
-  /// `product` is its name. Theme and watch are borrowed.
-  TrayNotice(const std::string& product, const Theme& theme, TrayWatch& watch, QWidget& window);
+  /// `product` is its name. Theme, measurer and watch are borrowed.
+  TrayNotice(const std::string& product, const Theme& theme, const host_painted::TextMeasurer& measurer,
+             TrayWatch& watch, QWidget& window);
 
   int heightForWidth(int width) const override;
 
@@ -24,12 +25,12 @@ class TrayNotice final : public QWidget {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  WrappedText textWithin(int width) const;
   void follow();
   void setShown(bool shown);
 
   const std::string notice_;
   const Theme& theme_;
+  const host_painted::TextMeasurer& measurer_;
   TrayWatch& watch_;
   kit::Subscription changes_;
   bool said_ = false;

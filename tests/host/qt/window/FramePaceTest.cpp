@@ -7,6 +7,7 @@
 #include <QtCore/QEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QWindow>
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -15,6 +16,7 @@
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
 #include "host/qt/session/RunLater.h"
+#include "host/qt/tray/TrayNotice.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -44,7 +46,12 @@ class FramePaceTest : public testing::Test {
  protected:
   FramePaceTest() {
     desktop_.showWindow();
-    driver::settle();
+    // That there is no tray is heard late, and paints all of the window anew.
+    EXPECT_TRUE(becomes([this] { return saysThatThereIsNoTray(); }));
+    bool isPainted = false;
+    const OnEvent painting(widget(), QEvent::Paint, [&](QEvent&) { isPainted = true; });
+    widget().update();
+    EXPECT_TRUE(becomes([&] { return isPainted; }));
   }
 
   QWidget& widget() { return driver::widget(desktop_.window()); }
@@ -56,6 +63,13 @@ class FramePaceTest : public testing::Test {
   }
 
  private:
+  bool saysThatThereIsNoTray() {
+    return std::ranges::any_of(widget().children(), [](const QObject* child) {
+      const auto* notice = dynamic_cast<const TrayNotice*>(child);
+      return notice != nullptr && notice->isVisible();
+    });
+  }
+
   Desktop desktop_;
 };
 
