@@ -122,9 +122,10 @@ class Desktop:
         self.started, self.docks = [], None
 
     def __enter__(self):
-        if self.stage.stdout.readline() != "ready\n":
+        path = self.stage.stdout.readline().rstrip("\n")
+        if not path:
             raise Failed("no stage")
-        with open(os.path.join(self.folder, "environment"), encoding="utf-8") as variables:
+        with open(path, encoding="utf-8") as variables:
             self.environment = dict(line.split("=", 1) for line in variables.read().rstrip("\0").split("\0"))
         os.environ["XAUTHORITY"], os.environ["DISPLAY"] = (self.environment[n] for n in ("XAUTHORITY", "DISPLAY"))
         self.screen = Screen()
@@ -229,11 +230,21 @@ def ended(process):
     return None if process.poll() is None else f"status {process.returncode}"
 
 
-def is_running(number):
+def state(number):
+    """A letter, as the kernel has it; that of one that has gone where it has been looked after as well."""
     with contextlib.suppress(FileNotFoundError):
         with open(f"/proc/{number}/stat", encoding="ascii", errors="replace") as stat:
-            return stat.read().rpartition(")")[2].split()[0] != "Z"
-    return False
+            return stat.read().rpartition(")")[2].split()[0]
+    return "Z"
+
+
+def is_running(number):
+    return state(number) != "Z"
+
+
+def stands_still(number):
+    """Until it is told to go on; one that is traced stands still at each call, but not for long."""
+    return all(state(number) in "tT" and not time.sleep(0.002) for _ in range(20))
 
 
 def commands(name):
