@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "host/headless/HeadlessHost.h"
 #include "host/painted/SliderGeometry.h"
 #include "kit/control/Window.h"
@@ -28,7 +30,10 @@ class HeadlessDriver final : public Driver {
 
   void nudge(kit::Slider& slider, int steps) override {
     leaveField(slider);
-    slider.nudge(steps * kit::Slider::arrowStep);
+    const char* arrow = steps < 0 ? kit::leftArrowKey : kit::rightArrowKey;
+    for (int i = 0; i < std::abs(steps); ++i) {
+      slider.keyDown({.charactersIgnoringModifiers = arrow});
+    }
   }
 
   void type(kit::TextField& field, const std::string& text) override {

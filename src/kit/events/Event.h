@@ -28,11 +28,6 @@ struct Event {
   }
 };
 
-inline constexpr unsigned commandFlag = 1U << 20U;
-inline constexpr unsigned optionFlag = 1U << 19U;
-inline constexpr unsigned controlFlag = 1U << 18U;
-inline constexpr unsigned shiftFlag = 1U << 17U;
-
 /// The mask bit of an event type.
 inline constexpr unsigned maskOf(Event::Type type) { return 1U << static_cast<unsigned>(type); }
 

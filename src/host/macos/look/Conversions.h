@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "kit/host/Geometry.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::host_macos {
 
@@ -16,5 +17,7 @@ std::string toString(NSString* text);
 
 NSRect toNSRect(const kit::Rect& rect);
 kit::Rect toRect(NSRect rect);
+
+kit::KeyEvent toKeyEvent(NSEvent* event);
 
 }  // namespace tarnwell::host_macos

@@ -1,6 +1,12 @@
 #include "host/macos/look/Conversions.h"
 
 namespace tarnwell::host_macos {
+namespace {
+
+// The keys that a press may be held with and that mean something here.
+constexpr unsigned meantModifiers = kit::commandFlag | kit::optionFlag | kit::controlFlag | kit::shiftFlag;
+
+}  // namespace
 
 NSString* toNSString(std::string_view text) {
   // The bytes are only read, though not every declaration of the message says so.
@@ -16,6 +22,11 @@ NSRect toNSRect(const kit::Rect& rect) { return NSMakeRect(rect.x, rect.y, rect.
 
 kit::Rect toRect(NSRect rect) {
   return {.x = rect.origin.x, .y = rect.origin.y, .width = rect.size.width, .height = rect.size.height};
+}
+
+kit::KeyEvent toKeyEvent(NSEvent* event) {
+  return {.charactersIgnoringModifiers = toString([event charactersIgnoringModifiers]),
+          .modifierFlags = static_cast<unsigned>([event modifierFlags]) & meantModifiers};
 }
 
 }  // namespace tarnwell::host_macos

@@ -7,25 +7,17 @@
 #include "kit/control/Window.h"
 #include "kit/controls/text/TextField.h"
 
-using tarnwell::host_macos::toString;
+using tarnwell::host_macos::toKeyEvent;
 using tarnwell::host_macos::ViewPeer;
 namespace kit = tarnwell::kit;
 
 namespace {
-
-// The keys that a press may be held with and that mean something here.
-constexpr unsigned meantModifiers = kit::commandFlag | kit::optionFlag | kit::controlFlag | kit::shiftFlag;
 
 constexpr NSWindowStyleMask panelStyle = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable;
 
 // A field is edited in a view of its own inside the field.
 kit::Control* controlOf(NSResponder* responder) {
   return [responder isKindOfClass:[NSView class]] ? ViewPeer::controlOf(static_cast<NSView*>(responder)) : nullptr;
-}
-
-kit::KeyEvent keyOf(NSEvent* event) {
-  return {.charactersIgnoringModifiers = toString([event charactersIgnoringModifiers]),
-          .modifierFlags = static_cast<unsigned>([event modifierFlags]) & meantModifiers};
 }
 
 }  // namespace
@@ -85,7 +77,7 @@ kit::KeyEvent keyOf(NSEvent* event) {
 }
 // What no control and no entry of a menu has wanted.
 - (void)keyDown:(NSEvent*)event {
-  if (window_ == nullptr || !window_->keyDown(keyOf(event))) {
+  if (window_ == nullptr || !window_->keyDown(toKeyEvent(event))) {
     [super keyDown:event];
   }
 }

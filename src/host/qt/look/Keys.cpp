@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "host/qt/look/Conversions.h"
-#include "kit/events/Event.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::host_qt {
 namespace {
@@ -17,6 +17,22 @@ std::string charactersOf(const QKeyEvent& event) {
       return kit::returnKey;
     case Qt::Key_Escape:
       return kit::escapeKey;
+    case Qt::Key_Up:
+      return kit::upArrowKey;
+    case Qt::Key_Down:
+      return kit::downArrowKey;
+    case Qt::Key_Left:
+      return kit::leftArrowKey;
+    case Qt::Key_Right:
+      return kit::rightArrowKey;
+    case Qt::Key_Home:
+      return kit::homeKey;
+    case Qt::Key_End:
+      return kit::endKey;
+    case Qt::Key_PageUp:
+      return kit::pageUpKey;
+    case Qt::Key_PageDown:
+      return kit::pageDownKey;
     default:
       break;
   }

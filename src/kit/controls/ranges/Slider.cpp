@@ -1,7 +1,9 @@
 #include "kit/controls/ranges/Slider.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "kit/control/Coder.h"
@@ -9,6 +11,22 @@
 
 namespace tarnwell::kit {
 namespace {
+
+// How far a key moves the knob, as a fraction of the range.
+constexpr double arrowStep = 0.01;
+constexpr double pageStep = 0.1;
+constexpr double wholeRange = 1;
+
+struct KeyStep {
+  std::string_view key;
+  double toTheRight = 0;
+};
+
+constexpr std::array keySteps = {
+    KeyStep{.key = rightArrowKey, .toTheRight = arrowStep}, KeyStep{.key = upArrowKey, .toTheRight = arrowStep},
+    KeyStep{.key = leftArrowKey, .toTheRight = -arrowStep}, KeyStep{.key = downArrowKey, .toTheRight = -arrowStep},
+    KeyStep{.key = pageUpKey, .toTheRight = pageStep},      KeyStep{.key = pageDownKey, .toTheRight = -pageStep},
+    KeyStep{.key = endKey, .toTheRight = wholeRange},       KeyStep{.key = homeKey, .toTheRight = -wholeRange}};
 
 bool isSound(const Rect& frame) {
   return std::isfinite(frame.x + frame.y + frame.width + frame.height) && frame.width >= 0 && frame.height >= 0;
@@ -41,7 +59,15 @@ Rect Slider::rectOfTickMarkAtIndex(int index) const {
   return exists && host_ != nullptr ? host_->rectOfTickMark(*this, index) : Rect{};
 }
 
-void Slider::nudge(double fraction) { choose(value_ + (upsideDown_ ? -fraction : fraction) * (maxValue_ - minValue_)); }
+bool Slider::keyDown(const KeyEvent& key) {
+  const auto* found = std::ranges::find(keySteps, key.charactersIgnoringModifiers, &KeyStep::key);
+  // With Command a key belongs to what the slider stands in.
+  if (found == keySteps.end() || (key.modifierFlags & commandFlag) != 0) {
+    return false;
+  }
+  choose(value_ + (upsideDown_ ? -found->toTheRight : found->toTheRight) * range());
+  return true;
+}
 
 void Slider::choose(double value) {
   if (!isEnabled()) {
@@ -61,9 +87,11 @@ std::unique_ptr<Peer> Slider::makePeer(Host& host, Peer& parent) {
 Accessible Slider::ownAccessible() const {
   return {.role = AccessibleRole::slider,
           .value = value_,
-          .range = AccessibleRange{.least = minValue_, .most = maxValue_, .step = step()},
+          .range = AccessibleRange{.least = minValue_, .most = maxValue_, .step = arrowStep * range()},
           .actions = {AccessibleAction::increment, AccessibleAction::decrement, AccessibleAction::setValue}};
 }
+
+void Slider::act(const AccessibleRequest& request) { choose(valueAfter(request, value_, arrowStep * range())); }
 
 double Slider::clamped(double value) const {
   return std::isnan(value) ? minValue_ : std::clamp(value, minValue_, maxValue_);

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "kit/control/Control.h"
+#include "kit/host/KeyEvent.h"
 
 namespace tarnwell::kit {
 
@@ -12,10 +13,6 @@ class Coder;
 class Slider : public Control {
  public:
   using SliderAction = std::function<void(Slider&)>;
-
-  /// How far an arrow key and a page key move the knob, as fractions of the range.
-  static constexpr double arrowStep = 0.01;
-  static constexpr double pageStep = 0.1;
 
   /// `action` is copied; it must hold its target weakly, since a drag can outlive what made the slider.
   Slider(double value, double minValue, double maxValue, SliderAction action);
@@ -48,8 +45,8 @@ class Slider : public Control {
 
   // The user's doing.
 
-  /// Moves the knob to the right on the screen by `fraction` of the range, to the left where negative.
-  void nudge(double fraction);
+  /// Moves the knob as it is seen, by arrows, page keys, Home and End. False for a key that means nothing here.
+  bool keyDown(const KeyEvent& key);
   void choose(double value);
 
   std::unique_ptr<Peer> makePeer(Host& host, Peer& parent) override;
@@ -59,7 +56,7 @@ class Slider : public Control {
  protected:
   /// The stored value, whichever way the picture is turned.
   Accessible ownAccessible() const override;
-  void act(const AccessibleRequest& request) override { choose(valueAfter(request, value_, step())); }
+  void act(const AccessibleRequest& request) override;
   std::vector<Aspect> aspects() const override { return {Aspect::style, Aspect::value}; }
 
  private:
@@ -71,7 +68,7 @@ class Slider : public Control {
   Slider(double value, Range range) : Slider(value, range.least, range.most, nullptr) {}
   static Range rangeIn(const Coder& coder);
   double clamped(double value) const;
-  double step() const { return arrowStep * (maxValue_ - minValue_); }
+  double range() const { return maxValue_ - minValue_; }
 
   SliderAction action_;
   const Host* host_ = nullptr;

@@ -41,6 +41,11 @@ INSTANTIATE_TEST_SUITE_P(
                          .shown = "\r"},
                     Case{
                         .name = "escape", .key = Qt::Key_Escape, .text = "\x1b", .characters = "\x1b", .shown = "\x1b"},
+                    Case{.name = "whatWritesNothingHasACharacter",
+                         .key = Qt::Key_PageDown,
+                         .modifiers = Qt::KeypadModifier,
+                         .characters = kit::pageDownKey,
+                         .shown = kit::pageDownKey},
                     Case{.name = "controlIsCommand",
                          .key = Qt::Key_Comma,
                          .modifiers = Qt::ControlModifier,

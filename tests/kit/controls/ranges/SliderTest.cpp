@@ -12,6 +12,10 @@ namespace {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
+bool press(Slider& slider, const char* key, unsigned modifiers = 0) {
+  return slider.keyDown({.charactersIgnoringModifiers = key, .modifierFlags = modifiers});
+}
+
 TEST(SliderTest, theValueIsHeldToTheRange) {
   struct Row {
     double set = 0;
@@ -76,21 +80,38 @@ TEST(SliderTest, aTickMarkThatDoesNotExistIsEmpty) {
 TEST(SliderTest, aRangeWithoutLengthHasOneValue) {
   Slider slider(5, 2, 2, nullptr);
   EXPECT_EQ(slider.doubleValue(), 2);
-  slider.nudge(0.5);
+  press(slider, rightArrowKey);
   EXPECT_EQ(slider.doubleValue(), 2);
 }
 
-TEST(SliderTest, anArrowKeyMovesTheKnobAsSeen) {
-  Slider slider(0.5, 0, 1, nullptr);
-  slider.nudge(0.1);
-  EXPECT_DOUBLE_EQ(slider.doubleValue(), 0.6);
-  slider.setUpsideDown(true);
-  slider.nudge(0.1);
-  EXPECT_DOUBLE_EQ(slider.doubleValue(), 0.5);
-  slider.nudge(-0.25);
-  EXPECT_DOUBLE_EQ(slider.doubleValue(), 0.75);
-  slider.nudge(-5);
-  EXPECT_EQ(slider.doubleValue(), 1);
+TEST(SliderTest, aKeyMovesTheKnobAsSeen) {
+  struct Row {
+    const char* key = "";
+    double upright = 0;
+    double upsideDown = 0;
+  };
+  for (const Row& row : std::vector<Row>{{rightArrowKey, 51, 49},
+                                         {upArrowKey, 51, 49},
+                                         {leftArrowKey, 49, 51},
+                                         {downArrowKey, 49, 51},
+                                         {pageUpKey, 60, 40},
+                                         {pageDownKey, 40, 60},
+                                         {endKey, 100, 0},
+                                         {homeKey, 0, 100}}) {
+    for (const bool upsideDown : {false, true}) {
+      Slider slider(50, 0, 100, nullptr);
+      slider.setUpsideDown(upsideDown);
+      EXPECT_TRUE(press(slider, row.key));
+      EXPECT_DOUBLE_EQ(slider.doubleValue(), upsideDown ? row.upsideDown : row.upright);
+    }
+  }
+}
+
+TEST(SliderTest, anyOtherKeyBelongsToWhatTheSliderStandsIn) {
+  Slider slider(0.5, 0, 1, [](Slider&) { FAIL() << "a key that means nothing sent the action"; });
+  EXPECT_FALSE(press(slider, "x"));
+  EXPECT_FALSE(press(slider, pageDownKey, commandFlag));
+  EXPECT_FALSE(press(slider, ""));
 }
 
 TEST(SliderTest, everyInputSendsTheActionWithTheSlider) {
@@ -102,7 +123,7 @@ TEST(SliderTest, everyInputSendsTheActionWithTheSlider) {
   });
   slider.choose(0.5);
   slider.choose(0.5);
-  slider.nudge(0);
+  press(slider, leftArrowKey);
   EXPECT_EQ(sent, 3);
   EXPECT_EQ(sender, &slider);
 }
@@ -111,7 +132,7 @@ TEST(SliderTest, aDisabledOneIgnoresInput) {
   Slider slider(0.5, 0, 1, [](Slider&) { FAIL() << "a disabled slider sent its action"; });
   slider.setEnabled(false);
   slider.choose(1);
-  slider.nudge(0.1);
+  press(slider, rightArrowKey);
   EXPECT_EQ(slider.doubleValue(), 0.5);
 }
 

@@ -3,6 +3,7 @@
 #include "host/macos/look/Conversions.h"
 #include "kit/controls/ranges/Slider.h"
 
+using tarnwell::host_macos::toKeyEvent;
 using tarnwell::host_macos::toNSRect;
 using tarnwell::host_macos::toRect;
 namespace kit = tarnwell::kit;
@@ -29,30 +30,6 @@ kit::Rect turned(const kit::Slider& slider, NSView* view, kit::Rect rect) {
   return rect;
 }
 
-constexpr double wholeRange = 1;
-
-double stepOf(NSEvent* event) {
-  NSString* characters = [event charactersIgnoringModifiers];
-  switch ([characters length] == 1 ? [characters characterAtIndex:0] : 0) {
-    case NSRightArrowFunctionKey:
-    case NSUpArrowFunctionKey:
-      return kit::Slider::arrowStep;
-    case NSLeftArrowFunctionKey:
-    case NSDownArrowFunctionKey:
-      return -kit::Slider::arrowStep;
-    case NSPageUpFunctionKey:
-      return kit::Slider::pageStep;
-    case NSPageDownFunctionKey:
-      return -kit::Slider::pageStep;
-    case NSEndFunctionKey:
-      return wholeRange;
-    case NSHomeFunctionKey:
-      return -wholeRange;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 @implementation TWSlider
@@ -72,10 +49,7 @@ double stepOf(NSEvent* event) {
   slider_ = nullptr;
 }
 - (void)keyDown:(NSEvent*)event {
-  const double step = stepOf(event);
-  if (slider_ != nullptr && step != 0) {
-    slider_->nudge(step);
-  } else {
+  if (slider_ == nullptr || !slider_->keyDown(toKeyEvent(event))) {
     [super keyDown:event];
   }
 }

@@ -10,6 +10,7 @@
 #include "host/qt/controls/ControlWidgets.h"
 #include "host/qt/look/Conversions.h"
 #include "host/qt/look/Drawing.h"
+#include "host/qt/look/Keys.h"
 #include "host/qt/look/Theme.h"
 #include "kit/controls/ranges/Slider.h"
 
@@ -18,30 +19,7 @@ namespace {
 
 constexpr double trackThickness = 4;
 constexpr double knobHeight = 18;
-constexpr double wholeRange = 1;
 constexpr double halfTurn = 180;  // Degrees.
-
-// How far each key moves the knob to the right, as a fraction of the range.
-std::optional<double> stepOf(int key) {
-  switch (key) {
-    case Qt::Key_Right:
-    case Qt::Key_Up:
-      return kit::Slider::arrowStep;
-    case Qt::Key_Left:
-    case Qt::Key_Down:
-      return -kit::Slider::arrowStep;
-    case Qt::Key_PageUp:
-      return kit::Slider::pageStep;
-    case Qt::Key_PageDown:
-      return -kit::Slider::pageStep;
-    case Qt::Key_End:
-      return wholeRange;
-    case Qt::Key_Home:
-      return -wholeRange;
-    default:
-      return std::nullopt;
-  }
-}
 
 class SliderWidget final : public ControlWidget {
  public:
@@ -87,14 +65,7 @@ class SliderWidget final : public ControlWidget {
 
   void mouseReleaseEvent(QMouseEvent* /*event*/) override { grab_.reset(); }
 
-  void keyPressEvent(QKeyEvent* event) override {
-    const bool belongsToPage = event->modifiers().testFlag(Qt::ControlModifier);
-    if (const std::optional<double> step = belongsToPage ? std::nullopt : stepOf(event->key())) {
-      slider_.nudge(*step);
-    } else {
-      event->ignore();
-    }
-  }
+  void keyPressEvent(QKeyEvent* event) override { event->setAccepted(slider_.keyDown(toKeyEvent(*event))); }
 
  private:
   host_painted::SliderGeometry geometry() const { return host_painted::SliderGeometry(slider_); }
