@@ -160,6 +160,8 @@ ControlFacts tabBar() {
                 return makeChoice(hear, std::move(bar));
               },
           .seen = {.role = Role::tabBar, .actions = {Action::choosePart}},
+          // They may be the toolbar of the window; each goes by its title.
+          .takesName = false,
           .parts = {{.name = "Dock", .selected = true}, {.name = "General"}},
           .deeds = {{.request = {.action = Action::choosePart, .part = 1}, .heard = {"1"}, .selected = 1}}};
 }

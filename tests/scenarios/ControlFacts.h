@@ -25,6 +25,7 @@ struct ControlFacts {
   std::string name = {};
   std::function<std::unique_ptr<kit::Control>(const Hear&)> make = {};
   kit::Accessible seen = {};
+  bool takesName = true;  ///< Not where a platform may have a name of its own for all of that kind.
   std::vector<kit::AccessiblePart> parts = {};  ///< Without their frames.
   std::vector<ControlDeed> deeds = {};          ///< At least one for each action.
 };

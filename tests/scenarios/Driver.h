@@ -54,6 +54,8 @@ class Driver {
   virtual kit::Accessible look(kit::Control& control) = 0;
   virtual std::vector<kit::AccessiblePart> parts(kit::Control& control) = 0;
   virtual void perform(kit::Control& control, const kit::AccessibleRequest& request) = 0;
+  /// Whether such a client is told how far an increment goes.
+  virtual bool tellsSteps() { return true; }
 };
 
 /// The driver of the host that this test program is for.

@@ -3,9 +3,9 @@
 
 #include "host/macos/MacHost.h"
 #include "host/macos/SeenView.h"
-#include "host/macos/TabDriver.h"
 #include "host/macos/Toolkit.h"
 #include "host/macos/ViewDriver.h"
+#include "host/macos/look/Conversions.h"
 #include "kit/control/Window.h"
 #include "kit/controls/choices/PopUpButton.h"
 #include "kit/controls/choices/TabBar.h"
@@ -33,11 +33,6 @@ NSString* charactersOf(Key key) {
   throw std::logic_error("no such key");
 }
 
-NSString* arrow(bool toTheLeft) {
-  const unichar character = toTheLeft ? NSLeftArrowFunctionKey : NSRightArrowFunctionKey;
-  return [NSString stringWithCharacters:&character length:1];
-}
-
 class MacDriver final : public Driver {
  public:
   MacDriver() { host_macos::startToolkit(); }
@@ -49,8 +44,9 @@ class MacDriver final : public Driver {
 
   void nudge(kit::Slider& slider, int steps) override {
     driver::focus(slider);
+    NSString* arrow = host_macos::toNSString(steps < 0 ? kit::leftArrowKey : kit::rightArrowKey);
     for (int i = 0; i < std::abs(steps); ++i) {
-      driver::key(*slider.window(), arrow(steps < 0));
+      driver::key(*slider.window(), arrow);
     }
   }
 
@@ -58,7 +54,7 @@ class MacDriver final : public Driver {
   void stepUp(kit::Stepper& stepper) override { driver::clickAt(stepper, 0.5, 0.25); }
   void stepDown(kit::Stepper& stepper) override { driver::clickAt(stepper, 0.5, 0.75); }
   void choose(kit::PopUpButton& button, int index) override { driver::choose(button, index); }
-  void chooseTab(kit::TabBar& bar, int index) override { driver::clickTab(bar, index); }
+  void chooseTab(kit::TabBar& bar, int index) override { driver::choose(bar, index); }
 
   void pressKey(kit::Window& window, kit::Control& control, Key key) override {
     driver::focus(control);
@@ -82,24 +78,16 @@ class MacDriver final : public Driver {
 
   void perform(kit::Control& control, const kit::AccessibleRequest& request) override {
     if (auto* bar = dynamic_cast<kit::TabBar*>(&control)) {
-      return driver::clickTab(*bar, request.part);
-    }
-    NSView* view = driver::view(control);
-    const kit::Accessible seen = host_macos::lookAt(view);
-    // To the others that only is said.
-    if (!seen.isEnabled && [view isKindOfClass:[NSControl class]]) {
-      return;
-    }
-    if (seen.role == kit::AccessibleRole::textField) {
-      driver::type(static_cast<kit::TextField&>(control), std::get<std::string>(request.value));
+      driver::choose(*bar, request.part);
     } else if (request.action != kit::AccessibleAction::choosePart) {
-      host_macos::performOn(static_cast<NSControl*>(view), seen, request);
-    } else if (seen.role == kit::AccessibleRole::popUpButton) {
-      driver::choose(static_cast<kit::PopUpButton&>(control), request.part);
+      host_macos::performOn(driver::view(control), request);
+    } else if (auto* button = dynamic_cast<kit::PopUpButton*>(&control)) {
+      driver::choose(*button, request.part);
     } else {
-      host_macos::follow(static_cast<NSTextView*>(view), request.part);
+      host_macos::follow(static_cast<NSTextView*>(driver::view(control)), request.part);
     }
   }
+  bool tellsSteps() override { return false; }
 
  private:
   host_macos::MacHost host_;

@@ -1,12 +1,13 @@
 #include <stdexcept>
+#include <utility>
 
 #include "app/Product.h"
+#include "host/macos/Frameworks.h"
 #include "host/macos/HeadlessServices.h"
 #include "host/macos/Toolkit.h"
 #include "host/macos/ViewDriver.h"
-#include "host/macos/gnustep/StatusBar.h"
-#include "host/macos/gnustep/Workspace.h"
 #include "host/macos/look/Conversions.h"
+#include "host/macos/window/MacWindow.h"
 #include "kit/application/Application.h"
 #include "kit/control/Window.h"
 #include "scenarios/System.h"
@@ -18,11 +19,13 @@ namespace driver = host_macos::driver;
 using host_macos::toNSString;
 using host_macos::toString;
 
+// What has a title and is none of ours.
 NSWindow* aboutPanel() {
   NSArray* windows = [NSApp windows];
   for (NSUInteger i = 0; i < [windows count]; ++i) {
     NSWindow* window = [windows objectAtIndex:i];
-    if ([window isVisible] && [window isKindOfClass:NSClassFromString(@"GSInfoPanel")]) {
+    const bool hasTitle = (static_cast<NSWindowStyleMask>([window styleMask]) & NSWindowStyleMaskTitled) != 0;
+    if (hasTitle && [window isVisible] && ![window isKindOfClass:[TWWindow class]]) {
       return window;
     }
   }
@@ -31,8 +34,8 @@ NSWindow* aboutPanel() {
 
 /// As it is shown when it is opened.
 NSMenu* opened(const std::string& title) {
-  NSMenu* menu =
-      title == System::icon ? [[TWStatusItem item] menu] : [[[NSApp mainMenu] itemWithTitle:toNSString(title)] submenu];
+  NSMenu* menu = title == System::icon ? [host_macos::frameworks::statusItem() menu]
+                                       : [[[NSApp mainMenu] itemWithTitle:toNSString(title)] submenu];
   if (menu == nil) {
     throw std::invalid_argument("there is no menu " + title);
   }
@@ -111,7 +114,7 @@ class MacSystem final : public System {
     settle();
   }
 
-  std::string openedAddress() override { return toString([TWWorkspace openedAddresses]); }
+  std::string openedAddress() override { return std::exchange(headless_.opened, {}); }
 
   void reopen() override {
     [[NSApp delegate] applicationShouldHandleReopen:NSApp hasVisibleWindows:YES];

@@ -55,6 +55,7 @@ KIT_EXTERN void NSLog(NSString*, ...);
 KIT_EXTERN NSString* NSHomeDirectory(void);
 KIT_EXTERN NSString* NSStringFromSelector(SEL);
 KIT_EXTERN SEL NSSelectorFromString(NSString*);
+KIT_EXTERN BOOL NSIntersectsRect(NSRect, NSRect);
 KIT_EXTERN BOOL NSPointInRect(NSPoint, NSRect);
 KIT_EXTERN NSRect NSInsetRect(NSRect, CGFloat, CGFloat);
 KIT_EXTERN void NSRectFill(NSRect);

@@ -27,6 +27,8 @@ class MacPlatform final : public kit::Platform {
     kit::Log* log = nullptr;
     std::function<std::unique_ptr<kit::UpdaterController>(kit::Application&, const kit::UpdaterControllerArguments&)>
         makeUpdaterController = {};
+    /// Gives an address to what shows it.
+    std::function<void(NSURL*)> open = {};
     /// Has this program started once more, by a process that ends now.
     kit::Action startAgain = {};
   };

@@ -107,7 +107,7 @@ void MacPlatform::orderFrontStandardAboutPanel(kit::Application& /*application*/
 
 void MacPlatform::openUrl(const std::string& address) {
   if (NSURL* url = [NSURL URLWithString:toNSString(address)]) {
-    [[NSWorkspace sharedWorkspace] openURL:url];
+    services_.open(url);
   }
 }
 

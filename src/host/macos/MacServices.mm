@@ -30,6 +30,7 @@ MacPlatform::Services MacServices::services() {
               [this](kit::Application& application, const kit::UpdaterControllerArguments& arguments) {
                 return std::make_unique<MacUpdater>(application, arguments, updates_);
               },
+          .open = [](NSURL* address) { [[NSWorkspace sharedWorkspace] openURL:address]; },
           .startAgain = [this] { relaunchAfterEnd(log_, product_); }};
 }
 

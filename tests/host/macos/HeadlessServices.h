@@ -6,6 +6,7 @@
 #include "host/headless/Journal.h"
 #include "host/headless/PointNumberFormat.h"
 #include "host/macos/MacPlatform.h"
+#include "host/macos/look/Conversions.h"
 
 namespace tarnwell::host_macos {
 
@@ -15,6 +16,8 @@ struct HeadlessServices {
   host_headless::HeadlessUpdater updater{journal};
   host_headless::HeadlessLoginItem loginItem{journal};
   host_headless::HeadlessLog log = {};
+  /// The last address that was given to the browser.
+  std::string opened = {};
 
   MacPlatform::Services services() {
     return {
@@ -24,6 +27,7 @@ struct HeadlessServices {
         .log = &log,
         .makeUpdaterController =
             [this](auto&, const auto&) { return std::make_unique<host_headless::HeadlessUpdaterController>(updater); },
+        .open = [this](NSURL* address) { opened = toString([address absoluteString]); },
         .startAgain = [this] { journal.note("startAgainAtEnd"); }};
   }
 };

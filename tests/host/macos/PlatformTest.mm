@@ -46,6 +46,14 @@ TEST(MacPlatformTest, nothingOpensForWhatHasGoneByTheEndOfTheLaunch) {
   EXPECT_EQ(opened, 0);
 }
 
+TEST(MacPlatformTest, whatIsNoAddressOpensNothing) {
+  Stage stage;
+  stage.platform.openUrl("");
+  EXPECT_EQ(stage.headless.opened, "");
+  stage.platform.openUrl("https://tarnwell.example/help");
+  EXPECT_EQ(stage.headless.opened, "https://tarnwell.example/help");
+}
+
 TEST(MacPlatformTest, theProgramIsStartedOnceMoreWhenItEnds) {
   Stage stage;
   stage.platform.terminate(*stage.application);

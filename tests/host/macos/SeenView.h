@@ -8,7 +8,7 @@
 
 namespace tarnwell::host_macos {
 
-// What the platform's accessibility makes of a view, as far as the view itself knows it.
+// What the platform tells an assistive client of a view. How far an increment goes it does not tell.
 
 kit::Accessible lookAt(NSView* view);
 /// As tabs.
@@ -17,10 +17,10 @@ kit::Accessible lookAt(NSToolbar* toolbar);
 std::vector<kit::AccessiblePart> partsOf(NSView* view);
 std::vector<kit::AccessiblePart> tabsOf(NSToolbar* toolbar);
 
-// And what it does to one.
+// And what such a client has it do.
 
 /// Any action but to choose a part. A menu is closed again, with nothing chosen.
-void performOn(NSControl* control, const kit::Accessible& seen, const kit::AccessibleRequest& request);
+void performOn(NSView* view, const kit::AccessibleRequest& request);
 /// The link of that number.
 void follow(NSTextView* text, int index);
 

@@ -4,93 +4,108 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/macos/Frameworks.h"
 #include "host/macos/look/Conversions.h"
-#include "kit/controls/ranges/Slider.h"
+#include "host/macos/look/FlippedView.h"
 
 namespace tarnwell::host_macos {
 namespace {
 
-kit::AccessibleRole roleOf(NSView* view) {
-  using Role = kit::AccessibleRole;
-  static const std::vector<std::pair<Class, Role>> roles = {{[NSPopUpButton class], Role::popUpButton},
-                                                            {[NSSwitch class], Role::toggle},
-                                                            {[NSSlider class], Role::slider},
-                                                            {[NSStepper class], Role::stepper},
-                                                            {[NSImageView class], Role::image},
-                                                            {[NSTextView class], Role::document},
-                                                            {[NSProgressIndicator class], Role::progressBar}};
-  if (![view isAccessibilityElement]) {
-    return Role::decoration;
+using Action = kit::AccessibleAction;
+using Role = kit::AccessibleRole;
+
+// A control of the platform's may leave it to its cell. Nil for what is left out.
+id elementOf(NSView* view) {
+  if ([view isAccessibilityElement]) {
+    return view;
   }
-  for (const auto& [kind, role] : roles) {
-    if ([view isKindOfClass:kind]) {
+  NSCell* cell = [view isKindOfClass:[NSControl class]] ? [static_cast<NSControl*>(view) cell] : nil;
+  return [cell isAccessibilityElement] ? cell : nil;
+}
+
+Role roleOf(NSView* view) {
+  static const std::vector<std::pair<NSString*, Role>> roles = {
+      {NSAccessibilityButtonRole, Role::button},
+      {NSAccessibilityCheckBoxRole, Role::toggle},
+      {NSAccessibilityGroupRole, Role::group},
+      {NSAccessibilityImageRole, Role::image},
+      {NSAccessibilityIncrementorRole, Role::stepper},
+      {NSAccessibilityPopUpButtonRole, Role::popUpButton},
+      {NSAccessibilityProgressIndicatorRole, Role::progressBar},
+      {NSAccessibilityScrollAreaRole, Role::group},
+      {NSAccessibilitySliderRole, Role::slider},
+      {NSAccessibilityStaticTextRole, Role::text},
+      {NSAccessibilityTextAreaRole, Role::document},
+      {NSAccessibilityTextFieldRole, Role::textField}};
+  id element = elementOf(view);
+  if (element == nil) {
+    // What is a ground alone is left out, and what stands on it is not.
+    return [view isKindOfClass:[TWFlippedView class]] ? Role::group : Role::decoration;
+  }
+  for (const auto& [told, role] : roles) {
+    if ([[element accessibilityRole] isEqualToString:told]) {
       return role;
     }
   }
-  if ([view isKindOfClass:[NSButton class]]) {
-    return [static_cast<NSButtonCell*>([static_cast<NSButton*>(view) cell]) showsStateBy] != 0 ? Role::toggle
-                                                                                               : Role::button;
-  }
-  if ([view isKindOfClass:[NSTextField class]]) {
-    return [static_cast<NSTextField*>(view) isEditable] ? Role::textField : Role::text;
-  }
-  return Role::group;
+  throw std::invalid_argument("no control is a " + toString([element accessibilityRole]));
 }
 
-std::string nameOf(NSView* view, kit::AccessibleRole role) {
-  if (NSString* label = [view accessibilityLabel]) {
-    return toString(label);
+std::string nameOf(id element, Role role) {
+  const std::string label = toString([element accessibilityLabel]);
+  if (!label.empty()) {
+    return label;
   }
-  if (role == kit::AccessibleRole::text) {
-    return toString([static_cast<NSTextField*>(view) stringValue]);
-  }
-  return [view isKindOfClass:[NSButton class]] && role != kit::AccessibleRole::popUpButton
-             ? toString([static_cast<NSButton*>(view) title])
-             : "";
+  return toString(role == Role::text ? [element accessibilityValue] : [element accessibilityTitle]);
 }
 
-kit::AccessibleValue valueOf(NSView* view, kit::AccessibleRole role) {
-  using Role = kit::AccessibleRole;
+kit::AccessibleValue valueOf(id element, Role role) {
+  id value = [element accessibilityValue];
   switch (role) {
     case Role::toggle:
-      return [static_cast<NSButton*>(view) state] == NSControlStateValueOn;
+      return [value boolValue] == YES;
     case Role::slider:
     case Role::stepper:
-      return [static_cast<NSControl*>(view) doubleValue];
     case Role::progressBar:
-      return [static_cast<NSProgressIndicator*>(view) isIndeterminate]
-                 ? kit::AccessibleValue()
-                 : kit::AccessibleValue([static_cast<NSProgressIndicator*>(view) doubleValue]);
+      return value != nil ? kit::AccessibleValue([value doubleValue]) : kit::AccessibleValue();
     case Role::popUpButton:
-      return toString([static_cast<NSPopUpButton*>(view) titleOfSelectedItem]);
-    case Role::textField: {
-      NSText* editor = [static_cast<NSTextField*>(view) currentEditor];
-      return toString(editor != nil ? [editor string] : [static_cast<NSTextField*>(view) stringValue]);
-    }
+    case Role::textField:
     case Role::document:
-      return toString([static_cast<NSTextView*>(view) string]);
+      return toString(value);
     default:
       return {};
   }
 }
 
-std::optional<kit::AccessibleRange> rangeOf(NSView* view, kit::AccessibleRole role) {
-  using Role = kit::AccessibleRole;
-  if (role == Role::slider) {
-    auto* slider = static_cast<NSSlider*>(view);
-    const double range = [slider maxValue] - [slider minValue];
-    return kit::AccessibleRange{
-        .least = [slider minValue], .most = [slider maxValue], .step = kit::Slider::arrowStep * range};
+std::optional<kit::AccessibleRange> rangeOf(id element) {
+  NSNumber* least = [element accessibilityMinValue];
+  NSNumber* most = [element accessibilityMaxValue];
+  if (least == nil || most == nil || [element accessibilityValue] == nil) {
+    return std::nullopt;
   }
-  if (role == Role::stepper) {
-    auto* stepper = static_cast<NSStepper*>(view);
-    return kit::AccessibleRange{.least = [stepper minValue], .most = [stepper maxValue], .step = [stepper increment]};
+  return kit::AccessibleRange{.least = [least doubleValue], .most = [most doubleValue]};
+}
+
+bool allows(id element, SEL request) { return [element isAccessibilitySelectorAllowed:request] == YES; }
+
+Action pressOf(Role role) {
+  if (role == Role::toggle) {
+    return Action::toggle;
   }
-  if (role == Role::progressBar && ![static_cast<NSProgressIndicator*>(view) isIndeterminate]) {
-    auto* bar = static_cast<NSProgressIndicator*>(view);
-    return kit::AccessibleRange{.least = [bar minValue], .most = [bar maxValue]};
-  }
-  return std::nullopt;
+  return role == Role::popUpButton ? Action::showMenu : Action::press;
+}
+
+std::vector<Action> actionsOf(id element, Role role) {
+  std::vector<Action> actions;
+  const auto add = [&](SEL request, Action action) {
+    if (allows(element, request)) {
+      actions.push_back(action);
+    }
+  };
+  add(@selector(accessibilityPerformPress), pressOf(role));
+  add(@selector(accessibilityPerformIncrement), Action::increment);
+  add(@selector(accessibilityPerformDecrement), Action::decrement);
+  add(@selector(setAccessibilityValue:), Action::setValue);
+  return actions;
 }
 
 /// The links of a text, each with its place.
@@ -105,36 +120,9 @@ std::vector<NSRange> linksIn(NSTextView* view) {
                           inRange:NSMakeRange(0, [text length])] != nil) {
       links.push_back(run);
     }
-    at = NSMaxRange(run);
+    at = run.location + run.length;
   }
   return links;
-}
-
-std::vector<kit::AccessibleAction> actionsOf(NSView* view, kit::AccessibleRole role) {
-  using Action = kit::AccessibleAction;
-  using Role = kit::AccessibleRole;
-  switch (role) {
-    case Role::button:
-      return {Action::press};
-    case Role::toggle:
-      return {Action::toggle};
-    case Role::slider:
-    case Role::stepper:
-      return {Action::increment, Action::decrement, Action::setValue};
-    case Role::textField:
-      return {Action::setValue};
-    case Role::popUpButton:
-      return {Action::showMenu, Action::choosePart};
-    case Role::document:
-      return linksIn(static_cast<NSTextView*>(view)).empty() ? std::vector<Action>() : std::vector{Action::choosePart};
-    default:
-      return {};
-  }
-}
-
-bool isEnabled(NSView* view) {
-  return [view isKindOfClass:[NSControl class]] ? [static_cast<NSControl*>(view) isEnabled]
-                                                : [view isAccessibilityEnabled];
 }
 
 bool isDefault(NSView* view) {
@@ -157,42 +145,33 @@ std::vector<kit::AccessiblePart> linkNamesOf(NSTextView* view) {
   return names;
 }
 
-void setValue(NSControl* control, double value) {
-  [control setDoubleValue:value];
-  [control sendAction:[control action] to:[control target]];
-}
-
-// A menu is followed until a button of the mouse goes up.
-void openAndClose(NSPopUpButton* button) {
-  NSWindow* window = [button window];
-  [NSApp postEvent:[NSEvent mouseEventWithType:NSEventTypeLeftMouseUp
-                                      location:NSZeroPoint
-                                 modifierFlags:0
-                                     timestamp:0
-                                  windowNumber:[window windowNumber]
-                                       context:nil
-                                   eventNumber:0
-                                    clickCount:1
-                                      pressure:0]
-           atStart:NO];
-  // The row under the pointer is the chosen one, which is not to be told.
-  const SEL action = [button action];
-  [button setAction:nullptr];
-  [button performClick:nil];
-  [button setAction:action];
+id objectOf(const kit::AccessibleValue& value) {
+  if (const auto* number = std::get_if<double>(&value)) {
+    return [NSNumber numberWithDouble:*number];
+  }
+  return toNSString(std::get<std::string>(value));
 }
 
 }  // namespace
 
 kit::Accessible lookAt(NSView* view) {
-  const kit::AccessibleRole role = roleOf(view);
-  return {.role = role,
-          .name = nameOf(view, role),
-          .value = valueOf(view, role),
-          .range = rangeOf(view, role),
-          .actions = actionsOf(view, role),
-          .isDefault = isDefault(view),
-          .isEnabled = isEnabled(view)};
+  const Role role = roleOf(view);
+  id element = elementOf(view);
+  if (element == nil) {
+    return {
+        .role = role, .name = toString([view accessibilityLabel]), .isEnabled = [view isAccessibilityEnabled] == YES};
+  }
+  kit::Accessible seen = {.role = role,
+                          .name = nameOf(element, role),
+                          .value = valueOf(element, role),
+                          .range = rangeOf(element),
+                          .actions = actionsOf(element, role),
+                          .isDefault = isDefault(view),
+                          .isEnabled = [element isAccessibilityEnabled] == YES};
+  if (!partsOf(view).empty()) {
+    seen.actions.push_back(Action::choosePart);
+  }
+  return seen;
 }
 
 kit::Accessible lookAt(NSToolbar* toolbar) {
@@ -201,18 +180,15 @@ kit::Accessible lookAt(NSToolbar* toolbar) {
   for (NSUInteger i = 0; i < [items count]; ++i) {
     isEnabled = isEnabled || [static_cast<NSToolbarItem*>([items objectAtIndex:i]) isEnabled];
   }
-  return {.role = kit::AccessibleRole::tabBar, .actions = {kit::AccessibleAction::choosePart}, .isEnabled = isEnabled};
+  return {.role = Role::tabBar, .actions = {Action::choosePart}, .isEnabled = isEnabled};
 }
 
 std::vector<kit::AccessiblePart> partsOf(NSView* view) {
-  switch (roleOf(view)) {
-    case kit::AccessibleRole::popUpButton:
-      return rowsOf(static_cast<NSPopUpButton*>(view));
-    case kit::AccessibleRole::document:
-      return linkNamesOf(static_cast<NSTextView*>(view));
-    default:
-      return {};
+  if ([view isKindOfClass:[NSPopUpButton class]]) {
+    return rowsOf(static_cast<NSPopUpButton*>(view));
   }
+  return [view isKindOfClass:[NSTextView class]] ? linkNamesOf(static_cast<NSTextView*>(view))
+                                                 : std::vector<kit::AccessiblePart>();
 }
 
 std::vector<kit::AccessiblePart> tabsOf(NSToolbar* toolbar) {
@@ -226,23 +202,26 @@ std::vector<kit::AccessiblePart> tabsOf(NSToolbar* toolbar) {
   return tabs;
 }
 
-void performOn(NSControl* control, const kit::Accessible& seen, const kit::AccessibleRequest& request) {
+void performOn(NSView* view, const kit::AccessibleRequest& request) {
+  id element = elementOf(view);
   switch (request.action) {
-    case kit::AccessibleAction::press:
-    case kit::AccessibleAction::toggle:
-      [control performClick:nil];
+    case Action::press:
+    case Action::toggle:
+      [element accessibilityPerformPress];
       break;
-    case kit::AccessibleAction::increment:
-      setValue(control, [control doubleValue] + seen.range->step);
+    case Action::increment:
+      [element accessibilityPerformIncrement];
       break;
-    case kit::AccessibleAction::decrement:
-      setValue(control, [control doubleValue] - seen.range->step);
+    case Action::decrement:
+      [element accessibilityPerformDecrement];
       break;
-    case kit::AccessibleAction::setValue:
-      setValue(control, std::get<double>(request.value));
+    case Action::setValue:
+      [element setAccessibilityValue:objectOf(request.value)];
       break;
-    case kit::AccessibleAction::showMenu:
-      openAndClose(static_cast<NSPopUpButton*>(control));
+    case Action::showMenu:
+      if ([element isAccessibilityEnabled]) {
+        frameworks::openAndClose(static_cast<NSPopUpButton*>(view));
+      }
       break;
     default:
       throw std::invalid_argument("a part is chosen by other ways");

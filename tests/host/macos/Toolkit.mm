@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "fixtures/WaitFor.h"
-#include "host/macos/Display.h"
+#include "host/macos/Frameworks.h"
 
 /// An application that is told that it ends, and stays.
 @interface TWLastingApplication : NSApplication {
@@ -31,9 +31,10 @@ TWLastingApplication* application() { return static_cast<TWLastingApplication*>(
 
 void startToolkit() {
   static const bool started = [] {
-    openDisplay();
+    frameworks::openDisplay();
     [[NSAutoreleasePool alloc] init];
     [TWLastingApplication sharedApplication];
+    frameworks::askForKeyboard();
     [NSApp finishLaunching];
     return true;
   }();

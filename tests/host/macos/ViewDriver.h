@@ -8,6 +8,7 @@ namespace tarnwell::kit {
 class Control;
 class PopUpButton;
 class Slider;
+class TabBar;
 class TextField;
 class Window;
 }  // namespace tarnwell::kit
@@ -31,6 +32,7 @@ void drag(const kit::Slider& slider, double place);
 /// Puts the text in the place of what the field holds, and leaves it there, not committed.
 void type(const kit::TextField& field, const std::string& text);
 void choose(const kit::PopUpButton& button, int index);
+void choose(const kit::TabBar& bar, int index);
 
 /// Gives the keyboard to `control`, unless it has it.
 void focus(const kit::Control& control);

@@ -2,11 +2,13 @@
 
 #include <stdexcept>
 
+#include "host/macos/Frameworks.h"
 #include "host/macos/Toolkit.h"
 #include "host/macos/controls/ViewPeer.h"
 #include "host/macos/look/Conversions.h"
 #include "kit/control/Window.h"
 #include "kit/controls/choices/PopUpButton.h"
+#include "kit/controls/choices/TabBar.h"
 #include "kit/controls/ranges/Slider.h"
 #include "kit/controls/text/TextField.h"
 
@@ -64,8 +66,7 @@ void drag(const kit::Slider& slider, double place) {
   auto* shown = static_cast<NSSlider*>(view(slider));
   const NSRect knob = [static_cast<NSSliderCell*>([shown cell]) knobRectFlipped:[shown isFlipped]];
   const double way = [shown bounds].size.width - knob.size.width;
-  // GNUstep's slider grows to the right alone.
-  const double to = slider.isUpsideDown() ? 1 - place : place;
+  const double to = frameworks::placeOnTrack(place, slider.isUpsideDown());
   const double middle = knob.origin.y + knob.size.height / 2;
   post(shown, NSMakePoint(knob.origin.x + knob.size.width / 2, middle), NSEventTypeLeftMouseDown);
   const NSPoint end = NSMakePoint(knob.size.width / 2 + to * way, middle);
@@ -86,9 +87,12 @@ void type(const kit::TextField& field, const std::string& text) {
   }
 }
 
+void choose(const kit::TabBar& bar, int index) {
+  frameworks::clickTab(window(*bar.window()), static_cast<NSUInteger>(index));
+}
+
 void choose(const kit::PopUpButton& button, int index) {
   auto* shown = static_cast<NSPopUpButton*>(view(button));
-  [[shown window] makeFirstResponder:nil];
   [shown selectItemAtIndex:index];
   [shown sendAction:[shown action] to:[shown target]];
   settle();

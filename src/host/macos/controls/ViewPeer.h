@@ -29,6 +29,9 @@ class ViewPeer : public kit::Peer, public Container {
   static NSView* viewOf(const kit::Control& control);
   /// The control that a view stands for, or what it stands in; null for none.
   static kit::Control* controlOf(NSView* view);
+  /// What an assistive client asks of the control that a view stands for: done as on every host, where the platform's
+  /// own view would do it in its way. NO where there is none.
+  static BOOL perform(NSView* view, const kit::AccessibleRequest& request);
 
  protected:
   virtual void showState(kit::Aspect /*aspect*/) {}

@@ -95,6 +95,15 @@ kit::Control* ViewPeer::controlOf(NSView* view) {
   return nullptr;
 }
 
+BOOL ViewPeer::perform(NSView* view, const kit::AccessibleRequest& request) {
+  kit::Control* control = controlOf(view);
+  if (control == nullptr) {
+    return NO;
+  }
+  kit::perform(*control, request);
+  return YES;
+}
+
 void ViewPeer::connect(std::function<void()> report) {
   // A screen reader presses without the click that would have ended what is being typed elsewhere.
   action_.emplace([this, report] { kit::afterCommit(control_, report); });

@@ -78,6 +78,8 @@ void WindowPeer::reorder(const std::vector<kit::Control*>& inTreeOrder) noexcept
     last = view;
   }
   [last setNextKeyView:first];
+  // Where Tab begins. The platform gives that one the keyboard when the window first comes, until `focus` says what has
+  // it.
   [window_.get() setInitialFirstResponder:first];
 }
 

@@ -1,10 +1,5 @@
 #import <AppKit/AppKit.h>
 
-#include <objc/runtime.h>
-
-#include <map>
-#include <string>
-
 const NSFontTextStyle NSFontTextStyleBody = @"body";
 const NSFontTextStyle NSFontTextStyleSubheadline = @"subheadline";
 const NSFontTextStyle NSFontTextStyleCaption1 = @"caption";
@@ -17,32 +12,6 @@ constexpr CGFloat noSize = -1;
 constexpr NSSize switchSize = {38, 22};
 constexpr CGFloat sliderHeight = 22;
 constexpr CGFloat progressHeight = 20;
-
-struct Accessible {
-  std::string label = {};
-  std::string help = {};
-  bool isElement = true;
-  bool isEnabled = true;
-};
-
-std::map<NSView*, Accessible>& accessibleViews() {
-  static std::map<NSView*, Accessible> all;
-  return all;
-}
-
-Accessible& accessible(NSView* view) { return accessibleViews()[view]; }
-
-IMP deallocView = nullptr;
-
-// Another view may stand at the same address.
-void forgetView(NSView* view, SEL message) {
-  accessibleViews().erase(view);
-  reinterpret_cast<void (*)(NSView*, SEL)>(deallocView)(view, message);
-}
-
-std::string textOf(NSString* text) { return text != nil ? [text UTF8String] : ""; }
-
-NSString* orNil(const std::string& text) { return text.empty() ? nil : [NSString stringWithUTF8String:text.c_str()]; }
 
 CGFloat sizeOf(NSFontTextStyle style) {
   if ([style isEqualToString:NSFontTextStyleTitle2]) {
@@ -185,6 +154,16 @@ CGFloat sizeOf(NSFontTextStyle style) {
 }
 @end
 
+// GNUstep keeps no more of it than its characters, as the title.
+@implementation NSMenuItem (Tarnwell)
+- (NSAttributedString*)attributedTitle {
+  return [self representedObject];
+}
+- (void)setAttributedTitle:(NSAttributedString*)title {
+  [self setRepresentedObject:title];
+}
+@end
+
 // Without the server of all programs, which it would start.
 @implementation NSPasteboard (Tarnwell)
 + (id)_pbs {
@@ -223,12 +202,6 @@ CGFloat sizeOf(NSFontTextStyle style) {
 - (BOOL)acceptsFirstResponder {
   return [self isEnabled];
 }
-- (NSString*)accessibilityLabel {
-  return [super accessibilityLabel];
-}
-- (void)setAccessibilityLabel:(NSString*)label {
-  [super setAccessibilityLabel:label];
-}
 - (void)performClick:(id)sender {
   (void)sender;
   [self setState:[self state] == NSControlStateValueOn ? NSControlStateValueOff : NSControlStateValueOn];
@@ -240,6 +213,15 @@ CGFloat sizeOf(NSFontTextStyle style) {
   } else {
     [super keyDown:event];
   }
+}
+@end
+
+@implementation NSTextAttachment (Tarnwell)
+- (NSImage*)image {
+  return [static_cast<NSCell*>([self attachmentCell]) image];
+}
+- (void)setImage:(NSImage*)image {
+  [self setAttachmentCell:[[[NSTextAttachmentCell alloc] initImageCell:image] autorelease]];
 }
 @end
 
@@ -270,16 +252,6 @@ CGFloat sizeOf(NSFontTextStyle style) {
 @end
 
 @implementation NSView (Tarnwell)
-+ (void)load {
-  deallocView = method_setImplementation(class_getInstanceMethod([NSView class], @selector(dealloc)),
-                                         reinterpret_cast<IMP>(&forgetView));
-}
-- (NSString*)accessibilityHelp {
-  return orNil(accessible(self).help);
-}
-- (NSString*)accessibilityLabel {
-  return orNil(accessible(self).label);
-}
 - (NSRect)alignmentRectForFrame:(NSRect)frame {
   return frame;
 }
@@ -291,30 +263,6 @@ CGFloat sizeOf(NSFontTextStyle style) {
 }
 - (NSSize)intrinsicContentSize {
   return NSMakeSize(noSize, noSize);
-}
-- (BOOL)isAccessibilityElement {
-  return accessible(self).isElement;
-}
-- (void)setAccessibilityElement:(BOOL)isElement {
-  accessible(self).isElement = isElement;
-}
-- (BOOL)isAccessibilityEnabled {
-  return accessible(self).isEnabled;
-}
-- (void)setAccessibilityEnabled:(BOOL)isEnabled {
-  accessible(self).isEnabled = isEnabled;
-}
-- (void)setAccessibilityHelp:(NSString*)help {
-  accessible(self).help = textOf(help);
-}
-- (void)setAccessibilityLabel:(NSString*)label {
-  accessible(self).label = textOf(label);
-}
-- (void)setAccessibilityTitle:(NSString*)title {
-  (void)title;
-}
-- (void)setAccessibilityTitleUIElement:(id)view {
-  (void)view;
 }
 @end
 

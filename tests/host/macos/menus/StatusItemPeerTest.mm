@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "host/macos/Frameworks.h"
 #include "host/macos/Stage.h"
-#include "host/macos/gnustep/StatusBar.h"
 
 namespace tarnwell::host_macos {
 namespace {
@@ -23,7 +23,7 @@ TEST(StatusItemPeerTest, aClickSendsTheActionOfTheButton) {
   kit::StatusItem item(*stage.application, kit::StatusItem::variableLength, "Item");
   item.button()->setTarget(target);
   item.button()->setAction("clicked:");
-  NSStatusBarButton* button = [[TWStatusItem item] button];
+  NSStatusBarButton* button = [frameworks::statusItem() button];
   [button sendAction:[button action] to:[button target]];
   EXPECT_EQ(target->clicks, 1);
 }
@@ -35,10 +35,10 @@ TEST(StatusItemPeerTest, thePlatformHasTheMenuAndItsEntriesRun) {
   menu->addItem(entry("Run", [&runs] { ++runs; }));
   kit::StatusItem item(*stage.application, kit::StatusItem::variableLength, "Item");
   item.setMenu(menu);
-  [[[TWStatusItem item] menu] performActionForItemAtIndex:0];
+  [[frameworks::statusItem() menu] performActionForItemAtIndex:0];
   EXPECT_EQ(runs, 1);
   item.setMenu(nullptr);
-  EXPECT_EQ([[TWStatusItem item] menu], nil);
+  EXPECT_EQ([frameworks::statusItem() menu], nil);
 }
 
 TEST(StatusItemPeerTest, entriesAreMadeAnewWhenTheMenuChanges) {
@@ -47,16 +47,16 @@ TEST(StatusItemPeerTest, entriesAreMadeAnewWhenTheMenuChanges) {
   kit::StatusItem item(*stage.application, kit::StatusItem::variableLength, "Item");
   item.setMenu(menu);
   menu->addItem(entry("Late", [] {}));
-  EXPECT_EQ([[[TWStatusItem item] menu] numberOfItems], 1);
+  EXPECT_EQ([[frameworks::statusItem() menu] numberOfItems], 1);
 }
 
 TEST(StatusItemPeerTest, theIconGoesWithTheItem) {
   Stage stage;
   {
     const kit::StatusItem item(*stage.application, kit::StatusItem::variableLength, "Item");
-    EXPECT_NE([TWStatusItem item], nil);
+    EXPECT_NE(frameworks::statusItem(), nil);
   }
-  EXPECT_EQ([TWStatusItem item], nil);
+  EXPECT_EQ(frameworks::statusItem(), nil);
 }
 
 }  // namespace

@@ -10,11 +10,22 @@ namespace {
 
 NSPopUpButton* makeButton() { return [[[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO] autorelease]; }
 
+// The platform puts the image of an entry in front of its title.
+NSAttributedString* titleWithSymbol(const kit::ChoiceControl::Item& item) {
+  NSDictionary* look = [NSDictionary dictionaryWithObject:[NSFont menuFontOfSize:0] forKey:NSFontAttributeName];
+  NSMutableAttributedString* title = [[[NSMutableAttributedString alloc] initWithString:toNSString(item.title + " ")
+                                                                             attributes:look] autorelease];
+  NSTextAttachment* symbol = [[[NSTextAttachment alloc] init] autorelease];
+  [symbol setImage:imageOf(item.symbol, @"")];
+  [title appendAttributedString:[NSAttributedString attributedStringWithAttachment:symbol]];
+  return title;
+}
+
 NSMenuItem* makeItem(const kit::ChoiceControl::Item& item) {
   NSMenuItem* entry = [[[NSMenuItem alloc] initWithTitle:toNSString(item.title) action:nullptr
                                            keyEquivalent:@""] autorelease];
   if (!item.symbol.empty()) {
-    [entry setImage:imageOf(item.symbol)];
+    [entry setAttributedTitle:titleWithSymbol(item)];
   }
   return entry;
 }
@@ -22,8 +33,6 @@ NSMenuItem* makeItem(const kit::ChoiceControl::Item& item) {
 class PopUpButtonPeer final : public PeerOf<kit::PopUpButton, NSPopUpButton> {
  public:
   PopUpButtonPeer(kit::PopUpButton& button, NSView* parent) : PeerOf(button, makeButton(), parent) {
-    // The symbol stands behind the title.
-    [view() setImagePosition:NSImageTrailing];
     connect([this] { control().choose(static_cast<int>([view() indexOfSelectedItem])); });
     // A screen reader opens the menu without the click that would have committed what is being typed.
     [[NSNotificationCenter defaultCenter] addObserver:opens_.target()

@@ -3,6 +3,7 @@
 #include "host/macos/look/Conversions.h"
 #include "host/macos/look/Retained.h"
 #include "host/macos/look/Symbols.h"
+#include "kit/control/Window.h"
 #include "kit/controls/choices/TabBar.h"
 
 using tarnwell::host_macos::imageOf;
@@ -78,7 +79,10 @@ NSString* identifierOf(int index) { return [NSString stringWithFormat:@"%d", ind
 }
 - (void)chooseTab:(id)sender {
   if (bar_ != nullptr) {
-    bar_->choose([[static_cast<NSToolbarItem*>(sender) itemIdentifier] intValue]);
+    // A screen reader presses without the click that would have ended what is being typed.
+    kit::TabBar* bar = bar_;
+    const int index = [[static_cast<NSToolbarItem*>(sender) itemIdentifier] intValue];
+    kit::afterCommit(*bar, [bar, index] { bar->choose(index); });
   }
 }
 @end

@@ -6,6 +6,7 @@
 using tarnwell::host_macos::toKeyEvent;
 using tarnwell::host_macos::toNSRect;
 using tarnwell::host_macos::toRect;
+using tarnwell::host_macos::ViewPeer;
 namespace kit = tarnwell::kit;
 
 /// Its keys move the knob by the steps that every host has, and its tick marks are where the control says.
@@ -52,6 +53,15 @@ kit::Rect turned(const kit::Slider& slider, NSView* view, kit::Rect rect) {
   if (slider_ == nullptr || !slider_->keyDown(toKeyEvent(event))) {
     [super keyDown:event];
   }
+}
+- (BOOL)accessibilityPerformIncrement {
+  return ViewPeer::perform(self, {.action = kit::AccessibleAction::increment});
+}
+- (BOOL)accessibilityPerformDecrement {
+  return ViewPeer::perform(self, {.action = kit::AccessibleAction::decrement});
+}
+- (void)setAccessibilityValue:(id)value {
+  ViewPeer::perform(self, {.action = kit::AccessibleAction::setValue, .value = [value doubleValue]});
 }
 - (NSRect)ownRectOfTickMarkAtIndex:(NSInteger)index {
   return [super rectOfTickMarkAtIndex:index];

@@ -4,12 +4,30 @@
 #include "host/macos/controls/ViewPeer.h"
 #include "kit/controls/ranges/Stepper.h"
 
+using tarnwell::host_macos::ViewPeer;
+namespace kit = tarnwell::kit;
+
+/// It steps for an assistive client as for every other.
+@interface TWStepper : NSStepper
+@end
+@implementation TWStepper
+- (BOOL)accessibilityPerformIncrement {
+  return ViewPeer::perform(self, {.action = kit::AccessibleAction::increment});
+}
+- (BOOL)accessibilityPerformDecrement {
+  return ViewPeer::perform(self, {.action = kit::AccessibleAction::decrement});
+}
+- (void)setAccessibilityValue:(id)value {
+  ViewPeer::perform(self, {.action = kit::AccessibleAction::setValue, .value = [value doubleValue]});
+}
+@end
+
 namespace tarnwell::host_macos {
 namespace {
 
-class StepperPeer final : public PeerOf<kit::Stepper, NSStepper> {
+class StepperPeer final : public PeerOf<kit::Stepper, TWStepper> {
  public:
-  StepperPeer(kit::Stepper& stepper, NSView* parent) : PeerOf(stepper, makeView<NSStepper>(), parent) {
+  StepperPeer(kit::Stepper& stepper, NSView* parent) : PeerOf(stepper, makeView<TWStepper>(), parent) {
     [view() setValueWraps:NO];
     [view() setAutorepeat:YES];
     connect([this] { control().choose([view() doubleValue]); });

@@ -8,6 +8,7 @@
 #include "kit/controls/text/TextField.h"
 
 using tarnwell::host_macos::toString;
+using tarnwell::host_macos::ViewPeer;
 namespace kit = tarnwell::kit;
 
 /// Hears what becomes of the text that is being typed; cut when the control goes.
@@ -16,6 +17,15 @@ namespace kit = tarnwell::kit;
 }
 - (instancetype)initWithField:(kit::TextField*)field;
 - (void)cut;
+@end
+
+/// What an assistive client sets is typed, and not committed.
+@interface TWTextField : NSTextField
+@end
+@implementation TWTextField
+- (void)setAccessibilityValue:(id)value {
+  ViewPeer::perform(self, {.action = kit::AccessibleAction::setValue, .value = toString(value)});
+}
 @end
 
 namespace {
@@ -70,10 +80,10 @@ const char* keyOf(SEL command) {
 namespace tarnwell::host_macos {
 namespace {
 
-class TextFieldPeer final : public PeerOf<kit::TextField, NSTextField> {
+class TextFieldPeer final : public PeerOf<kit::TextField, TWTextField> {
  public:
   TextFieldPeer(kit::TextField& field, NSView* parent)
-      : PeerOf(field, makeView<NSTextField>(), parent),
+      : PeerOf(field, makeView<TWTextField>(), parent),
         delegate_(Retained<TWFieldDelegate*>::adopt([[TWFieldDelegate alloc] initWithField:&field])) {
     [view() setDelegate:delegate_.get()];
     [view() setFont:fontOf(kit::FontRole::body)];

@@ -21,7 +21,6 @@ constexpr NSBezelStyle NSBezelStyleHelpButton = NSHelpButtonBezelStyle;
 constexpr NSBezelStyle NSBezelStylePush = NSRoundedBezelStyle;
 constexpr NSButtonType NSButtonTypeMomentaryPushIn = NSMomentaryPushInButton;
 constexpr NSButtonType NSButtonTypeSwitch = NSSwitchButton;
-constexpr NSCellImagePosition NSImageTrailing = NSImageRight;
 constexpr NSEventType NSEventTypeKeyDown = NSKeyDown;
 constexpr NSEventType NSEventTypeLeftMouseDown = NSLeftMouseDown;
 constexpr NSEventType NSEventTypeLeftMouseDragged = NSLeftMouseDragged;
@@ -100,6 +99,10 @@ struct NSOperatingSystemVersion {
 @interface NSStatusItem (Tarnwell)
 - (NSStatusBarButton*)button;
 @end
+@interface NSTextAttachment (Tarnwell)
+- (NSImage*)image;
+- (void)setImage:(NSImage*)image;
+@end
 @interface NSTextField (Tarnwell)
 + (instancetype)wrappingLabelWithString:(NSString*)text;
 @end
@@ -108,15 +111,37 @@ struct NSOperatingSystemVersion {
 - (void)setAutomaticLinkDetectionEnabled:(BOOL)detects;
 @end
 @interface NSView (Tarnwell)
-- (NSString*)accessibilityHelp;
-- (NSString*)accessibilityLabel;
 - (NSRect)alignmentRectForFrame:(NSRect)frame;
 - (CGFloat)firstBaselineOffsetFromTop;
 - (NSRect)frameForAlignmentRect:(NSRect)rect;
 /// Negative where the view does not say.
 - (NSSize)intrinsicContentSize;
+@end
+@interface NSWindow (Tarnwell)
+- (void)setAccessibilityHelp:(NSString*)help;
+- (void)setIdentifier:(NSString*)identifier;
+- (void)setToolbarStyle:(NSInteger)style;
+@end
+
+// What assistive clients ask.
+
+@interface NSCell (TarnwellAccessibility)
+- (BOOL)isAccessibilityElement;
+@end
+@interface NSPopUpButton (TarnwellAccessibility)
+- (BOOL)accessibilityPerformShowMenu;
+@end
+@interface NSView (TarnwellAccessibility)
+- (NSString*)accessibilityHelp;
+- (NSString*)accessibilityLabel;
+- (id)accessibilityMaxValue;
+- (id)accessibilityMinValue;
+- (NSString*)accessibilityRole;
+- (NSString*)accessibilityTitle;
+- (id)accessibilityValue;
 - (BOOL)isAccessibilityElement;
 - (BOOL)isAccessibilityEnabled;
+- (BOOL)isAccessibilitySelectorAllowed:(SEL)request;
 - (void)setAccessibilityElement:(BOOL)isElement;
 - (void)setAccessibilityEnabled:(BOOL)isEnabled;
 - (void)setAccessibilityHelp:(NSString*)help;
@@ -124,8 +149,10 @@ struct NSOperatingSystemVersion {
 - (void)setAccessibilityTitle:(NSString*)title;
 - (void)setAccessibilityTitleUIElement:(id)view;
 @end
-@interface NSWindow (Tarnwell)
-- (void)setAccessibilityHelp:(NSString*)help;
-- (void)setIdentifier:(NSString*)identifier;
-- (void)setToolbarStyle:(NSInteger)style;
+/// Those that are controls of the host's do these.
+@protocol TWAccessible
+- (BOOL)accessibilityPerformDecrement;
+- (BOOL)accessibilityPerformIncrement;
+- (BOOL)accessibilityPerformPress;
+- (void)setAccessibilityValue:(id)value;
 @end
