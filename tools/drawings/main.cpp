@@ -1,7 +1,7 @@
 // Makes of SVG drawings what a program shows at its start without reading SVG, for which it needs no library then.
 //
 // usage: record-drawing picture FILE.svg OUTPUT        the toolkit's own picture, in a square of side one
-//        record-drawing pixels SIDE FILE.svg OUTPUT    RGBA, the colours multiplied by alpha, row by row
+//        record-drawing pixels SIDE FILE.svg OUTPUT    as the toolkit paints, ARGB in the byte order of this machine
 //        record-drawing outlines OUTPUT.cpp FILE.svg ...   what each fills, as outlines(), by the names of the files
 
 #include <QtCore/QFile>
@@ -50,7 +50,7 @@ void recordPicture(const QString& drawing, const QString& output) {
 }
 
 void recordPixels(int side, const QString& drawing, const QString& output) {
-  QImage image(side, side, QImage::Format_RGBA8888_Premultiplied);
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   draw(drawing, image, side);
   write(output, QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));

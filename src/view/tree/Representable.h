@@ -3,6 +3,7 @@
 #include <cmath>
 #include <concepts>
 #include <memory>
+#include <numbers>
 #include <string>
 
 #include "view/tree/ControlNode.h"
@@ -46,7 +47,8 @@ class RepresentableNode final : public ControlNode {
 
   void updateControl() override {
     if constexpr (requires(typename R::NSView & view) { view.setUpsideDown(true); }) {
-      controlAs<typename R::NSView>().setUpsideDown(std::cos(environment().template get<RotationKey>()) < 0);
+      controlAs<typename R::NSView>().setUpsideDown(
+          std::lround(environment().template get<RotationKey>() / std::numbers::pi) % 2 != 0);
     }
     valueAs<R>().updateNSView(controlAs<typename R::NSView>(), context_);
   }

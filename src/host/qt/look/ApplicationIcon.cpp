@@ -14,7 +14,7 @@ constexpr std::array<int, 4> sides = {16, 32, 48, 128};
 
 QPixmap pixelsOf(int side) {
   const QResource pixels(QStringLiteral(":/icons/%1.pixels").arg(side));
-  return QPixmap::fromImage(QImage(pixels.data(), side, side, QImage::Format_RGBA8888_Premultiplied));
+  return QPixmap::fromImage(QImage(pixels.data(), side, side, QImage::Format_ARGB32_Premultiplied));
 }
 
 }  // namespace

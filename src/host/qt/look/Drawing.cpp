@@ -5,6 +5,7 @@
 #include <QtGui/QPicture>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "host/qt/look/Palette.h"
 
@@ -14,6 +15,17 @@ namespace {
 constexpr double chevronStroke = 1.4;
 // How the knob's shadow fades: each ring is this much larger than the one before.
 constexpr double shadowStep = 0.75;
+
+/// A diagonal with round ends. A pen would have the toolkit find each end's directions anew.
+void addDiagonal(QPainterPath& path, const QPointF& from, const QPointF& to, double width) {
+  const QPointF way = to - from;
+  const QPointF aside = QPointF(way.y(), -way.x()) * (width / 2 / std::numbers::sqrt2 / std::abs(way.x()));
+  // The same way round as the ends.
+  path.addPolygon(QPolygonF({from + aside, to + aside, to - aside, from - aside}));
+  path.closeSubpath();
+  path.addEllipse(from, width / 2, width / 2);
+  path.addEllipse(to, width / 2, width / 2);
+}
 
 }  // namespace
 
@@ -74,12 +86,12 @@ void drawKnob(QPainter& painter, const QRectF& rect, double radius, const Palett
 void drawChevron(QPainter& painter, const QPointF& centre, double size, Direction direction, const QColor& color) {
   const double half = size / 2;
   const double rise = direction == Direction::up ? -half / 2 : half / 2;
-  QPainterPath path(centre + QPointF(-half, -rise));
-  path.lineTo(centre + QPointF(0, rise));
-  path.lineTo(centre + QPointF(half, -rise));
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(color, chevronStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPath(path);
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  for (const double end : {-half, half}) {
+    addDiagonal(path, centre + QPointF(end, -rise), centre + QPointF(0, rise), chevronStroke);
+  }
+  painter.fillPath(path, color);
 }
 
 QPixmap pictureOf(const QString& resource, int side) {
