@@ -126,7 +126,7 @@ TEST(Undo, aMemoryThatIsNotWholeIsRefused) {
   };
   const std::vector<Row> rows = {
       {"", "is damaged"},
-      {"{\"format\":2,\"before\":{\"mineffect\":nu", "is damaged"},
+      {R"({"format":2,"before":{"mineffect":nu)", "is damaged"},
       {"[2]", "is damaged"},
       {R"({"before":{}})", "is damaged"},
       {R"({"format":2})", "is damaged"},
