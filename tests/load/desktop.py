@@ -55,18 +55,23 @@ class Screen:
         found = self.root.get_full_property(atom, X.AnyPropertyType)
         return list(found.value) if found else []
 
-    def windows(self, title=SETTINGS):
-        return [number for number in self.numbers(self.clients) if self.shows(number, title)]
+    def window(self, number):
+        return self.display.create_resource_object("window", number or X.NONE)
 
-    def shows(self, number, title):
-        window = self.display.create_resource_object("window", number)
+    def windows(self):
+        """Those of the settings, of which there should be one at most, by number."""
+        return [number for number in self.numbers(self.clients) if self.shows_settings(number)]
+
+    def shows_settings(self, number):
+        window = self.window(number)
         # It may go while it is asked.
         with contextlib.suppress(error.XError):
-            return window.get_wm_name() == title and window.get_attributes().map_state == X.IsViewable
+            return window.get_wm_name() == SETTINGS and window.get_attributes().map_state == X.IsViewable
         return False
 
-    def in_front(self, title=SETTINGS):
-        return next((number for number in self.windows(title) if number in self.numbers(self.active)), None)
+    def in_front(self):
+        """The settings, where they have the keyboard."""
+        return next((number for number in self.windows() if number in self.numbers(self.active)), None)
 
     def popups(self):
         """How many menus are open, and tool tips."""
@@ -81,14 +86,14 @@ class Screen:
 
     def size(self, number):
         with contextlib.suppress(error.XError):
-            geometry = self.display.create_resource_object("window", number).get_geometry()
+            geometry = self.window(number).get_geometry()
             return geometry.width, geometry.height
         return None
 
     def picture(self, number):
         """Another text for another picture, and none for a window that has not been painted."""
         with contextlib.suppress(error.XError):
-            window = self.display.create_resource_object("window", number)
+            window = self.window(number)
             geometry = window.get_geometry()
             data = window.get_image(0, 0, geometry.width, geometry.height, X.ZPixmap, 0xFFFFFFFF).data
             return hashlib.sha256(data).hexdigest() if any(data) else None
