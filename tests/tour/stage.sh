@@ -80,9 +80,10 @@ TEXT
 open_display() {
   cookie=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
   export XAUTHORITY="$stage_folder/xauthority"
-  # The server does not look at the number of the display, which it has yet to choose.
+  # The server does not look at the number of the display, which it has yet to choose. One that starts anew when its last
+  # client goes, as the tool does that asks for the window manager, sends away that manager if it is just coming.
   xauth -q -f "$XAUTHORITY" add :0 . "$cookie" 2>/dev/null
-  start Xvfb -displayfd 3 -screen 0 "${stage_width}x900x24" -auth "$XAUTHORITY" -nolisten tcp 3>"$stage_folder/display"
+  start Xvfb -displayfd 3 -screen 0 "${stage_width}x900x24" -auth "$XAUTHORITY" -nolisten tcp -noreset 3>"$stage_folder/display"
   wait_for 20 "a display" test -s "$stage_folder/display"
   read -r number <"$stage_folder/display"
   export DISPLAY=":$number"
