@@ -104,6 +104,8 @@ TEST(HostedWindowTest, droppingItTakesEverythingAway) {
   stage.told();
   stage.drop();
   const Lines told = stage.told();
+  // Before they go: a window must not be left with the order of controls that are gone.
+  EXPECT_EQ(told.front(), "window stage: 0 controls in order");
   EXPECT_EQ(std::count(told.begin(), told.end(), "text \"a\": removed"), 1);
   EXPECT_EQ(std::count(told.begin(), told.end(), "text \"b\": removed"), 1);
 }
