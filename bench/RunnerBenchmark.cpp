@@ -37,7 +37,6 @@ void settleRunner() {
 void waitForAllChildren() {
   siginfo_t info = {};
   while (::waitid(P_ALL, 0, &info, WEXITED) == 0 || errno != ECHILD) {
-    continue;
   }
 }
 

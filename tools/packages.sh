@@ -15,6 +15,7 @@ packages_for() {
     # The sources of locales are there for a test that makes a locale with a decimal comma.
     test) echo libgtest-dev libgmock-dev fish dpkg locales openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 shellcheck python3 ;;
+    analysis) echo clazy cppcheck libbenchmark-dev ;;
     # To compile for macOS. Many a system has npm without Debian's package of it, which brings hundreds.
     macos)
       echo clang-19 lld-19 llvm-19 libc++-19-dev googletest python3
@@ -45,6 +46,7 @@ commands_for() {
     run) echo zsh ;;
     test) echo dpkg-deb fish localedef openssl python3 ;;
     lint) echo clang-format-14 clang-tidy-14 run-clang-tidy-14 shellcheck python3 ;;
+    analysis) echo clazy-standalone cppcheck ;;
     sanitizers) echo clang++-19 ld.lld-19 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 dpkg-source autoreconf make ;;
     packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;

@@ -73,7 +73,7 @@ class Screen {
       fail("no display");
     }
     damageEvent_ = xcb_get_extension_data(connection_, &xcb_damage_id)->first_event + XCB_DAMAGE_NOTIFY;
-    Reply<xcb_damage_query_version_reply_t>(
+    const Reply<xcb_damage_query_version_reply_t> version(
         xcb_damage_query_version_reply(connection_, xcb_damage_query_version(connection_, 1, 1), nullptr));
     const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;

@@ -103,8 +103,10 @@ TEST_F(ShellReapingTest, anIgnoredChildSignalIsNoTrouble) {
 TEST_F(ShellReapingTest, aCopyOfTheProcessDoesNotKeepTheEndOfAChildReadable) {
   runner.runDetached(wait());
   const pid_t copy = ::fork();
-  while (copy == 0) {
-    ::pause();
+  if (copy == 0) {
+    for (;;) {
+      ::pause();
+    }
   }
   release();
   EXPECT_TRUE(waitFor([this] { return isReadable(); }));

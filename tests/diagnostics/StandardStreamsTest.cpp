@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 
@@ -57,8 +58,8 @@ TEST(StandardStreamsTest, aWriteThatCannotBeDoneFailsAndEndsNothing) {
   const fixtures::Sandbox folder;
   const int status = exitStatusOf([&folder] {
     prepareStandardStreams();
-    int ends[2] = {};
-    if (::pipe(ends) != 0) {
+    std::array<int, 2> ends = {};
+    if (::pipe(ends.data()) != 0) {
       return 1;
     }
     ::close(ends[0]);

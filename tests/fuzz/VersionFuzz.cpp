@@ -23,8 +23,8 @@ void run(std::string_view text) {
   const std::string_view b = taken(text);
   const std::string_view c = taken(text);
   require(std::is_eq(compareVersions(a, a)));
-  require(compareVersions(a, b) == 0 ? compareVersions(b, a) == 0
-                                     : std::is_lt(compareVersions(a, b)) == std::is_gt(compareVersions(b, a)));
+  require(std::is_eq(compareVersions(a, b)) ? std::is_eq(compareVersions(b, a))
+                                            : std::is_lt(compareVersions(a, b)) == std::is_gt(compareVersions(b, a)));
   if (std::is_lteq(compareVersions(a, b)) && std::is_lteq(compareVersions(b, c))) {
     require(std::is_lteq(compareVersions(a, c)));
   }

@@ -61,9 +61,8 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   const EnvironmentValues& environment() const { return environment_; }
   const std::vector<std::shared_ptr<MountedNode>>& children() const { return children_; }
 
-  /// Its control; null unless it has one.
+  /// Its control, and its entry in a menu; null where it has none.
   virtual kit::Control* control() const { return nullptr; }
-  /// Its entry in a menu; null unless it is one.
   virtual std::shared_ptr<kit::MenuItem> menuItem() const { return nullptr; }
   /// The parent of the peers below.
   virtual kit::Peer& peerForChildren() const;
@@ -93,8 +92,7 @@ class MountedNode : public std::enable_shared_from_this<MountedNode> {
   /// The same for everything below.
   void forgetMeasurementsBelow();
 
-  /// One line for a picture of the tree; empty for what only passes things on, and for a control, which tells of
-  /// itself.
+  /// One line for a picture of the tree; empty for what passes things on, and for a control, which tells of itself.
   virtual std::string summary() const { return {}; }
 
  protected:

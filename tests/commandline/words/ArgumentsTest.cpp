@@ -5,11 +5,11 @@
 namespace tarnwell::commandline {
 namespace {
 
-using Words = std::vector<const char*>;
+using CommandWords = std::vector<const char*>;
 
-system::Result<Arguments> parse(const Words& words) { return parseArguments("tarnwell", words); }
+system::Result<Arguments> parse(const CommandWords& words) { return parseArguments("tarnwell", words); }
 
-std::string complaint(const Words& words) {
+std::string complaint(const CommandWords& words) {
   const auto arguments = parse(words);
   return arguments ? "" : arguments.error().message.substr(0, arguments.error().message.find('\n'));
 }

@@ -13,24 +13,24 @@
 namespace tarnwell::host_qt {
 namespace {
 
-std::unique_ptr<QtApplication> application;
+std::unique_ptr<QtApplication> applicationOfTests;
 
 class ApplicationOfTheTests final : public testing::Environment {
  public:
   void SetUp() override {
     static std::string name = "test";
     static std::array<char*, 2> arguments = {name.data(), nullptr};
-    application = QtApplication::create(1, arguments.data());
-    ASSERT_NE(application, nullptr);
+    applicationOfTests = QtApplication::create(1, arguments.data());
+    ASSERT_NE(applicationOfTests, nullptr);
   }
-  void TearDown() override { application.reset(); }
+  void TearDown() override { applicationOfTests.reset(); }
 };
 
-[[maybe_unused]] const auto* const environment = testing::AddGlobalTestEnvironment(new ApplicationOfTheTests);
+[[maybe_unused]] const auto* const registered = testing::AddGlobalTestEnvironment(new ApplicationOfTheTests);
 
 }  // namespace
 
-QtHost& testHost() { return application->host(); }
+QtHost& testHost() { return applicationOfTests->host(); }
 
 Stage::Stage() : window_(std::make_unique<kit::Window>("stage", "Stage")) {
   window_->setContentSize({.width = 400, .height = 300});

@@ -162,7 +162,7 @@ TEST(ProfileReaderTest, whatIsNoTomlIsAnErrorAtItsPlace) {
 
 TEST(ProfileReaderTest, anErrorIsOneVisibleLine) {
   for (const char* text : {"\"\\u001b[31m\" = 1\n", "[dock]\n\"a\\nb\" = 1\n", "\"\\n\" = 1\n\"\\n\" = 2\n",
-                           "a\x1b = 1\n", "unset = [\"\\u202e\"]", "[dock]\nmineffect = \"\\u001b\""}) {
+                           "a\x1b = 1\n", R"(unset = ["\u202e"])", "[dock]\nmineffect = \"\\u001b\""}) {
     const std::string error = errorBehindFormat(text);
     EXPECT_NE(error, "none");
     EXPECT_EQ(error.find_first_of("\n\x1b"), std::string::npos) << error;

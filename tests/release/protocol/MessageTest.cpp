@@ -19,7 +19,7 @@ std::vector<std::string> readIn(const std::string& bytes, std::size_t piece) {
     });
   }
   if (!isGood || !reader.isAtLineEnd()) {
-    read.push_back(isGood ? "unfinished" : "refused");
+    read.emplace_back(isGood ? "unfinished" : "refused");
   }
   return read;
 }

@@ -170,8 +170,8 @@ TEST(FeedHandler, takesNothingBehindItsRefusal) {
 TEST(FeedReader, readsWhatVouchesForAVersionInOurOwnNamespaceAlone) {
   const std::string element = "releaseSignature>c2ln</";
   const auto signatureIn = [&](const std::string& prefix) {
-    const std::string feed = "<rss xmlns:o=\"urn:tarnwell:updates\" xmlns:x=\"" + std::string(feedExtensions) +
-                             "\"><channel><item><" + prefix + element + prefix +
+    const std::string feed = R"(<rss xmlns:o="urn:tarnwell:updates" xmlns:x=")" + std::string(feedExtensions) +
+                             R"("><channel><item><)" + prefix + element + prefix +
                              "releaseSignature></item></channel></rss>";
     return itemsOf(feed).at(0).releaseSignature;
   };

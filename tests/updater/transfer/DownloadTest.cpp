@@ -13,7 +13,7 @@
 namespace tarnwell::updater {
 namespace {
 
-constexpr std::uint64_t mebibyte = 1024 * 1024;
+constexpr std::uint64_t mebibyte = 1024UL * 1024;
 
 class DownloadTest : public testing::Test {
  protected:

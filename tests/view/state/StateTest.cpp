@@ -106,7 +106,7 @@ TEST(StateTest, beforeItIsMountedItHasItsInitialValue) { EXPECT_EQ(State<int>(5)
 
 TEST(StateDeathTest, changingItBeforeItIsMountedIsAFault) {
   const char* message =
-      "tarnwell: a state was changed or bound outside of a mounted view; is it named in stored\\(\\)\\?";
+      R"(tarnwell: a state was changed or bound outside of a mounted view; is it named in stored\(\)\?)";
   const State<int> state = 5;
   EXPECT_DEATH(state.set(6), message);
   EXPECT_DEATH((void)state.binding(), message);

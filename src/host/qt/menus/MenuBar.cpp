@@ -42,7 +42,7 @@ bool MenuBar::eventFilter(QObject* object, QEvent* event) {
   if (object == window() && event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (key.key() == Qt::Key_F10 && key.modifiers() == Qt::NoModifier && !actions().isEmpty()) {
-      setActiveAction(actions().first());
+      setActiveAction(actions().constFirst());
       return true;
     }
   }

@@ -115,7 +115,7 @@ class BusObjectTest : public testing::Test {
     menu_->setItems({entry("First", [this] { ++chosen_; }), kit::MenuItem::withSubmenu("More", more)});
     item_.setMenu(menu_);
     onBus_ = std::make_unique<BusStatusItem>(QDBusConnection::sessionBus(), itemPath, item_, image_);
-    service_.setAsked([this](const ApplicationService::Request& request) { requests_.push_back(request); });
+    service.setAsked([this](const ApplicationService::Request& request) { requests_.push_back(request); });
   }
   ~BusObjectTest() override { driver::settle(); }
 
@@ -144,7 +144,7 @@ class BusObjectTest : public testing::Test {
   kit::StatusItem item_{desktop_.application(), kit::StatusItem::variableLength, "Utility App"};
   StatusImage image_{desktop_.platform().host().theme()};
   std::unique_ptr<BusStatusItem> onBus_;
-  ApplicationService service_{QDBusConnection::sessionBus(), "example.tarnwell.Tarnwell"};
+  ApplicationService service{QDBusConnection::sessionBus(), "example.tarnwell.Tarnwell"};
   Stranger stranger_;
 };
 

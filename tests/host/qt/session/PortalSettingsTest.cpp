@@ -76,7 +76,7 @@ QVariantList strangeValues() {
 }
 
 /// A desktop with a portal, and what asks it.
-struct Desktop {
+struct PortalDesktop {
   void start(std::chrono::milliseconds longestWait = wait) { started_.emplace(*application, longestWait); }
   bool isStarted() const { return started_->isOver; }
 
@@ -116,16 +116,16 @@ class PortalSettingsTest : public testing::Test {
               0);
   }
 
-  static void onDesktop(const std::function<void(Desktop&)>& scenario) {
+  static void onDesktop(const std::function<void(PortalDesktop&)>& scenario) {
     inOwnProcess([&scenario] {
-      Desktop desktop;
+      PortalDesktop desktop;
       scenario(desktop);
     });
   }
 };
 
 TEST_F(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("color-scheme", 1U);
     desktop.start();
     EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
@@ -137,7 +137,7 @@ TEST_F(PortalSettingsTest, takesTheSchemeOfThePortalAndFollowsIt) {
 }
 
 TEST_F(PortalSettingsTest, takesTheAccentColour) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
     desktop.start();
     EXPECT_TRUE(desktop.hasAccent(red));
@@ -147,7 +147,7 @@ TEST_F(PortalSettingsTest, takesTheAccentColour) {
 }
 
 TEST_F(PortalSettingsTest, takesTheContrastAndFollowsIt) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("contrast", 1U);
     desktop.start();
     EXPECT_TRUE(desktop.hasGround(Qt::white));
@@ -157,18 +157,18 @@ TEST_F(PortalSettingsTest, takesTheContrastAndFollowsIt) {
 }
 
 TEST_F(PortalSettingsTest, answersAreInUseWhenTheWaitIsOver) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("color-scheme", 1U);
     desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
     desktop.start();
-    EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.isStarted(); }));
+    EXPECT_TRUE(PortalDesktop::becomes([&desktop] { return desktop.isStarted(); }));
     EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::dark);
     EXPECT_EQ(desktop.theme.palette().accent, red);
   });
 }
 
 TEST_F(PortalSettingsTest, onlyThePortalIsBelieved) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("color-scheme", 2U);
     desktop.portal->set("accent-color", FakePortal::color(1, 0, 0));
     desktop.start();
@@ -183,13 +183,13 @@ TEST_F(PortalSettingsTest, onlyThePortalIsBelieved) {
 }
 
 TEST_F(PortalSettingsTest, anotherPortalMayTakeOver) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("color-scheme", 1U);
     desktop.start();
     EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
     desktop.portal.reset();
     desktop.portal.emplace(desktop.bus.address());
-    EXPECT_TRUE(Desktop::becomes([&desktop] {
+    EXPECT_TRUE(PortalDesktop::becomes([&desktop] {
       desktop.portal->change("color-scheme", 2U);
       return desktop.theme.colorScheme() == ColorScheme::light;
     }));
@@ -197,7 +197,7 @@ TEST_F(PortalSettingsTest, anotherPortalMayTakeOver) {
 }
 
 TEST_F(PortalSettingsTest, anotherPortalIsAskedAnew) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->set("color-scheme", 1U);
     desktop.start();
     EXPECT_TRUE(desktop.hasScheme(ColorScheme::dark));
@@ -209,7 +209,7 @@ TEST_F(PortalSettingsTest, anotherPortalIsAskedAnew) {
 }
 
 TEST_F(PortalSettingsTest, signalsOfAnotherTypeAreLeftAlone) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     FakePortal& portal = *desktop.portal;
     portal.set("color-scheme", 1U);
     portal.set("accent-color", FakePortal::color(1, 0, 0));
@@ -242,10 +242,10 @@ TEST_F(PortalSettingsTest, answersOfAnotherTypeAreNone) {
   }
   for (const QVariantList& answer : answers) {
     SCOPED_TRACE(answers.indexOf(answer));
-    onDesktop([&answer](Desktop& desktop) {
+    onDesktop([&answer](PortalDesktop& desktop) {
       desktop.portal->answerWith(answer);
       desktop.start();
-      EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.portal->questions() >= 3; }));
+      EXPECT_TRUE(PortalDesktop::becomes([&desktop] { return desktop.portal->questions() >= 3; }));
       desktop.portal->change("accent-color", FakePortal::color(0, 0, 1));
       EXPECT_TRUE(desktop.hasAccent(blue));
       EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::light);
@@ -254,10 +254,10 @@ TEST_F(PortalSettingsTest, answersOfAnotherTypeAreNone) {
 }
 
 TEST_F(PortalSettingsTest, portalThatNeverAnswersHoldsUpNothing) {
-  onDesktop([](Desktop& desktop) {
+  onDesktop([](PortalDesktop& desktop) {
     desktop.portal->setSilent();
     desktop.start(std::chrono::milliseconds(100));
-    EXPECT_TRUE(Desktop::becomes([&desktop] { return desktop.isStarted(); }));
+    EXPECT_TRUE(PortalDesktop::becomes([&desktop] { return desktop.isStarted(); }));
     EXPECT_EQ(desktop.portal->questions(), 3);
     EXPECT_EQ(desktop.theme.colorScheme(), ColorScheme::light);
   });

@@ -60,7 +60,7 @@ class FakePanel::Watcher final : public BusObject {
   int menuChanges = 0;
   int questions = 0;
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): they are public to the toolkit as well
   void menuChanged(uint /*revision*/, int /*parent*/) { ++menuChanges; }
 
  private:

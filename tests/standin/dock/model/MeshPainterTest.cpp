@@ -109,8 +109,8 @@ TEST(PictureTest, aLineMixesTheFourPixelsAroundEachPlace) {
   picture.layLine(line.data(), 3, {3, 2}, {0.75, 0.5}, 0);
   EXPECT_EQ(line[0], red);
   // Three quarters of a pixel further, the middle of the last red one is a quarter behind, of four.
-  EXPECT_NEAR(line[1] & 255U, 255 / 4, 1);
-  EXPECT_NEAR((line[1] >> 16U) & 255U, 255 * 3 / 4, 1);
+  EXPECT_NEAR(line[1] & 255U, 0.25 * 255, 1);
+  EXPECT_NEAR((line[1] >> 16U) & 255U, 0.75 * 255, 1);
   EXPECT_EQ(line[2], blue);
   EXPECT_EQ(line[3], 0U);
 }
