@@ -32,11 +32,22 @@ std::string lineOf(const kit::Rect& rect) {
   return number(rect.x) + " " + number(rect.y) + " " + number(rect.width) + " " + number(rect.height);
 }
 
+// The tabs, which have no view of their own.
+std::string lineOf(NSToolbar* toolbar) {
+  std::string line = "toolbar";
+  for (NSUInteger index = 0; index < [[toolbar items] count]; ++index) {
+    NSToolbarItem* item = [[toolbar items] objectAtIndex:index];
+    const bool isSelected = [[item itemIdentifier] isEqualToString:[toolbar selectedItemIdentifier]];
+    line += " \"" + toString([item label]) + (isSelected ? "\" selected" : "\"");
+  }
+  return line;
+}
+
 // Of what is seen of it, from the upper left of the content, beside what the layout has asked for.
 std::string lineOf(const kit::Control& control, NSView* content) {
   NSView* view = ViewPeer::viewOf(control);
   if (view == nil) {
-    return "-";
+    return lineOf([[content window] toolbar]);
   }
   const NSRect seen = [[view superview] convertRect:[view alignmentRectForFrame:[view frame]] toView:content];
   return toString([[view class] description]) + " \"" + control.accessible().name + "\" " + lineOf(toRect(seen)) +
