@@ -69,8 +69,7 @@ int start(int argc, char** argv, const kit::Product& product, const host_linux::
 }  // namespace
 }  // namespace tarnwell
 
-// What is thrown past here is a fault, and ends the process as one.
-int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): what is thrown past here is a fault
   using namespace tarnwell;
   diagnostics::prepareStandardStreams();
   const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));

@@ -114,8 +114,7 @@ int run(int argc, char** argv) {
 }  // namespace
 }  // namespace tarnwell::publish
 
-// What is thrown past here is a fault, and ends the process as one.
-int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): what is thrown past here is a fault
   tarnwell::diagnostics::prepareStandardStreams();
   return tarnwell::publish::run(argc, argv);
 }

@@ -52,9 +52,7 @@ void logSettings(const std::string& root, const StoredPreferences& stored) {
   const std::string line = timestamp() + " Dock[" + std::to_string(::getpid()) + "] " + logText(stored);
   if (!appendToDockLog(logsFolder(root), line)) {
     // A Dock without a log is still a Dock.
-    diagnostics::printError(std::string("Dock: cannot write its log: ") +
-                            std::strerror(errno) +  // NOLINT(concurrency-mt-unsafe)
-                            "\n");
+    diagnostics::printError(std::string("Dock: cannot write its log: ") + std::strerror(errno) + "\n");
   }
 }
 

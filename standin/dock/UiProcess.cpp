@@ -17,7 +17,7 @@ namespace {
 
 bool mayHaveDisplay() {
   return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY"}, [](const char* name) {
-    const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
+    const char* value = std::getenv(name);
     return value != nullptr && *value != '\0';
   });
 }

@@ -19,7 +19,7 @@ system::Result<std::string> rootBelow(const std::string& variable, const std::st
 
 system::Result<std::string> systemRoot() {
   return systemRoot([](const std::string& name) {
-    const char* value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
+    const char* value = std::getenv(name.c_str());
     return value == nullptr ? std::string() : value;
   });
 }

@@ -93,11 +93,11 @@ bool isPrepared(const Prepared& prepared) {
   ::_exit(notStarted);
 }
 
-// Copying what is known of this process's memory would take longer than the rest.
+// Copying what is known of this process's memory would take longer than the rest. The child calls the system alone.
 pid_t startChild(const Prepared& prepared, volatile int& error) {
-  const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+  const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork): as above
   if (child == 0) {
-    becomeProgram(prepared, error);  // NOLINT(clang-analyzer-unix.Vfork): calls the system alone
+    becomeProgram(prepared, error);  // NOLINT(clang-analyzer-unix.Vfork): as above
   }
   return child;
 }

@@ -109,7 +109,6 @@ class Reader {
   };
 
   // How deep elements may stand in each other is limited by the library.
-  // NOLINTNEXTLINE(misc-no-recursion)
   void readSiblings(const xmlNode* first, const Place& place) {
     for (const xmlNode* node = first; node != nullptr && !isFull(); node = node->next) {
       if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
@@ -120,7 +119,6 @@ class Reader {
     }
   }
 
-  // NOLINTNEXTLINE(misc-no-recursion)
   void read(const xmlNode& element, Place place) {
     const Kind kind = kindOf(element);
     if (kind == Kind::unseen) {

@@ -31,7 +31,7 @@ class ObservableObject {
 template <class T>
 class ObservedObject {
  public:
-  ObservedObject(std::shared_ptr<T> object) : object_(std::move(object)) {}  // NOLINT(*-explicit-*)
+  ObservedObject(std::shared_ptr<T> object) : object_(std::move(object)) {}
   // A copy of the composite follows by itself, once it is linked.
   ObservedObject(const ObservedObject& other) : object_(other.object_) {}
   ObservedObject& operator=(const ObservedObject&) = delete;

@@ -35,7 +35,7 @@ class Cell {
 template <class T>
 class State {
  public:
-  State(T initial = {}) : initial_(std::move(initial)) {}  // NOLINT(*-explicit-*): reads as the value it starts with
+  State(T initial = {}) : initial_(std::move(initial)) {}  // Reads as the value it starts with
 
   /// The initial value until mounted.
   const T& get() const { return cell_ ? cell_->value() : initial_; }

@@ -20,7 +20,7 @@ class StateObject {
  public:
   using Make = std::function<std::shared_ptr<T>(const EnvironmentValues& environment, kit::Action changed)>;
 
-  StateObject(Make make) : make_(std::move(make)) {}  // NOLINT(*-explicit-*): reads as the maker
+  StateObject(Make make) : make_(std::move(make)) {}  // Reads as the maker
 
   /// Null is a fault: the view is not mounted, or its stored() forgets this member.
   const std::shared_ptr<T>& get() const {

@@ -36,7 +36,7 @@ class View {
  public:
   template <class V>
   requires(!std::same_as<V, View> && Mountable<V>) View(V value)
-      : description_(std::make_shared<const ValueDescription<V>>(std::move(value))) {}  // NOLINT(*-explicit-*)
+      : description_(std::make_shared<const ValueDescription<V>>(std::move(value))) {}
 
   const Description& description() const { return *description_; }
 

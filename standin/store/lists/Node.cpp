@@ -18,7 +18,7 @@ std::string written(plist_t node, Writer write) {
     return {};
   }
   std::string text(bytes, length);
-  std::free(bytes);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
+  std::free(bytes);
   return text;
 }
 
@@ -56,9 +56,9 @@ std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary) {
       break;
     }
     entries.emplace_back(key, value);
-    std::free(key);  // NOLINT(cppcoreguidelines-no-malloc): the library allocates with malloc
+    std::free(key);
   }
-  std::free(iterator);  // NOLINT(cppcoreguidelines-no-malloc): as above
+  std::free(iterator);
   std::sort(entries.begin(), entries.end());
   return entries;
 }

@@ -19,7 +19,7 @@ namespace tarnwell::host_qt {
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the test library looks for.
 static void PrintTo(ColorScheme scheme, std::ostream* out) { *out << (scheme == ColorScheme::dark ? "dark" : "light"); }
 
-// NOLINTNEXTLINE(readability-identifier-naming)
+// NOLINTNEXTLINE(readability-identifier-naming): as above.
 static void PrintTo(ContrastLevel level, std::ostream* out) {
   *out << (level == ContrastLevel::high ? "high" : "normal");
 }

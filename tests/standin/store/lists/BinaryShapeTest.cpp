@@ -93,7 +93,7 @@ TEST(BinaryShapeTest, aKeyThatIsThereTwiceMakesNoList) {
 
 TEST(BinaryShapeTest, damagedBytesNeverCrash) {
   const std::string sound = binaryOf(everyType());
-  std::mt19937 random(20250320);  // NOLINT(cert-msc51-cpp): the same bytes in every run
+  std::mt19937 random(20250320);  // The same bytes in every run
   int understood = 0;
   for (int i = 0; i < 20000; ++i) {
     std::string bytes = sound;
