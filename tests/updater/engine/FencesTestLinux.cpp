@@ -32,7 +32,8 @@ bool keepsWithin(const FencedJob& job) {
   const pid_t child = ::fork();
   if (child == 0) {
     job.fence(1min);
-    const bool isMemory = isLimited(RLIMIT_AS, job.memory);
+    // None is set where a sanitizer needs more than there is.
+    const bool isMemory = TARNWELL_IS_SANITIZED || isLimited(RLIMIT_AS, job.memory);
     const bool isFileSize = isLimited(RLIMIT_FSIZE, job.fileSize);
     ::_exit(isMemory && isFileSize && isLimited(RLIMIT_CPU, job.seconds) ? 0 : 1);
   }
