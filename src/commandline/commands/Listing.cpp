@@ -112,8 +112,7 @@ Status get(const Session& session, const Arguments& arguments) {
   if (!setting) {
     return session.fail(Status::refused, setting.error().message);
   }
-  const DockStore store(session.shell);
-  const auto preferences = store.read();
+  const auto preferences = DockStore(session.shell).read();
   if (!preferences) {
     return session.fail(Status::storeFailure, preferences.error().message);
   }
@@ -126,10 +125,8 @@ Status get(const Session& session, const Arguments& arguments) {
     session.screen.addLine(*instead);
     return Status::done;
   }
-  const auto forced = profile::meaningOf(profile::settings.at(*setting), store.readForced().at(*setting));
-  return session.fail(Status::no, arguments.operands.front() + " is " + shortText(*setting, stored) + "; " +
-                                      (forced ? "a configuration profile forces " + profile::text(*forced)
-                                              : std::string("the Dock decides")));
+  return session.fail(Status::no,
+                      arguments.operands.front() + " is " + shortText(*setting, stored) + "; the Dock decides");
 }
 
 Status explain(const Session& session, const Arguments& arguments) {
