@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/ValueText.h"
+
 namespace tarnwell::core {
 namespace {
 
@@ -38,10 +40,18 @@ std::string decimalText(double value) {
 
 std::string plainDecimalText(double value) { return textIn(std::chars_format::fixed, value); }
 
+std::string printedDecimalText(float value) {
+  constexpr int digits = 7;
+  std::array<char, 32> buffer{};
+  return {buffer.data(),
+          std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, digits).ptr};
+}
+
 float roundedDecimal(double value) {
   constexpr double millionths = 1e6;
   // The sum makes 0 of what is -0 after rounding.
-  return static_cast<float>(std::round(value * millionths) / millionths + 0.0);
+  const auto number = static_cast<float>(std::round(value * millionths) / millionths + 0.0);
+  return static_cast<float>(parseFloat(printedDecimalText(number)));
 }
 
 std::string roundedDecimalText(float value) { return textIn(std::chars_format::fixed, value); }

@@ -13,7 +13,12 @@ std::string decimalText(double value);
 /// The same in fixed notation, however small or large the value is ("0.00001").
 std::string plainDecimalText(double value);
 
-/// The nearest number that 32 bits and six decimals can say, which is what other tools than `defaults` keep of one.
+/// What `defaults read` prints of a 32-bit number: seven digits at most, and an exponent below 0.0001 ("0.2", "1",
+/// "5e-05").
+std::string printedDecimalText(float value);
+
+/// The nearest number that 32 bits, six decimals and what `defaults read` prints can say: what all tools keep of one.
+/// Up to ten million.
 float roundedDecimal(double value);
 
 /// The shortest decimal text that reads back to the same 32-bit number, which is a rounded one: in fixed notation with

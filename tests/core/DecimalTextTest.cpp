@@ -110,11 +110,40 @@ TEST(DecimalTextTest, roundedTextIsTheShortestOfANumberOf32Bits) {
       {0.123456789, "0.123457"},
       {0.000001, "0.000001"},
       {0.0000004, "0.0"},
-      {86399.123457, "86399.125"},
-      {16777216.0, "16777216.0"},
+      {86399.123457, "86399.12"},
+      {12345.678, "12345.68"},
+      {16385.123, "16385.12"},
+      {1234.56789, "1234.568"},
   };
   for (const auto& [value, text] : table) {
     EXPECT_EQ(roundedDecimalText(roundedDecimal(value)), text);
+  }
+}
+
+TEST(DecimalTextTest, printedTextHasSevenDigitsAndAnExponentWhereItIsSmall) {
+  const std::vector<std::pair<float, std::string>> table = {
+      {0.0F, "0"},
+      {1.0F, "1"},
+      {0.2F, "0.2"},
+      {0.0001F, "0.0001"},
+      {0.00005F, "5e-05"},
+      {0.000001F, "1e-06"},
+      {12345.678F, "12345.68"},
+      {86400.0F, "86400"},
+  };
+  for (const auto& [value, text] : table) {
+    EXPECT_EQ(printedDecimalText(value), text);
+  }
+}
+
+TEST(DecimalTextTest, whatAToolReadsOfARoundedNumberIsThatNumber) {
+  std::mt19937_64 random(7);
+  for (const double most : {0.001, 1.0, 8.0, 100.0, 10000.0, 86400.0}) {
+    std::uniform_real_distribution<double> seconds(0.0, most);
+    for (int count = 0; count < 20000; ++count) {
+      const float value = roundedDecimal(seconds(random));
+      ASSERT_EQ(roundedDecimal(parseFloat(printedDecimalText(value))), value);
+    }
   }
 }
 

@@ -1,3 +1,4 @@
+#include "core/DecimalText.h"
 #include "profile/exports/Formats.h"
 #include "profile/exports/Notes.h"
 
@@ -41,7 +42,7 @@ std::string told(const WantedValue& each) {
   const std::string value = text(each.value);
   switch (each.setting.type) {
     case Type::seconds:
-      return "float " + (value.ends_with(".0") ? value.substr(0, value.size() - 2) : value) + " -float " + value;
+      return "float " + core::printedDecimalText(std::get<float>(each.value)) + " -float " + value;
     case Type::boolean:
       return (value == "true" ? "boolean 1 -bool " : "boolean 0 -bool ") + value;
     case Type::effect:
