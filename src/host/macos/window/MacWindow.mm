@@ -81,6 +81,13 @@ kit::Control* controlOf(NSResponder* responder) {
     [super keyDown:event];
   }
 }
+// What a text view, which does not hand the key on, makes of Escape.
+- (void)cancelOperation:(id)sender {
+  (void)sender;
+  if (window_ != nullptr) {
+    window_->keyDown({.charactersIgnoringModifiers = kit::escapeKey});
+  }
+}
 - (BOOL)windowShouldClose:(NSWindow*)sender {
   (void)sender;
   if (window_ != nullptr) {

@@ -87,6 +87,14 @@ TEST_F(WindowPeerTest, aPressOnTheGroundCommitsWhatIsBeingTyped) {
   EXPECT_EQ(committed, "typed");
 }
 
+TEST_F(WindowPeerTest, escapeAsACommandGivesUpWhatIsBeingTyped) {
+  // As a screen reader does, so that the keyboard is elsewhere.
+  first.type("typed");
+  [driver::view(button) tryToPerform:@selector(cancelOperation:) with:nil];
+  EXPECT_FALSE(first.isEditing());
+  EXPECT_EQ(first.shownText(), "");
+}
+
 TEST_F(WindowPeerTest, aWindowOfThePlatformsTakesTheKeysAway) {
   EXPECT_EQ(stage.application->windows().keyWindow(), &window);
   NSWindow* other = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
