@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "host/macos/controls/ControlPeers.h"
 #include "host/macos/controls/ViewPeer.h"
@@ -27,8 +28,10 @@ class ScrollAreaPeer final : public PeerOf<kit::ScrollArea, NSScrollView> {
   NSView* content() const override { return page_.get(); }
 
   void place(const kit::Rect& frame) noexcept override {
-    ViewPeer::place(frame);
-    showPage();
+    quietly([&] {
+      ViewPeer::place(frame);
+      showPage();
+    });
   }
 
   std::optional<kit::Measurement> measure(kit::Proposal /*proposal*/) const override { return std::nullopt; }
@@ -36,23 +39,28 @@ class ScrollAreaPeer final : public PeerOf<kit::ScrollArea, NSScrollView> {
  protected:
   void showState(kit::Aspect aspect) override {
     if (aspect == kit::Aspect::value) {
-      showPage();
+      quietly([this] { showPage(); });
     }
   }
 
  private:
   NSClipView* clip() const { return [view() contentView]; }
 
-  void showPage() {
+  // What is shown from here moves the view as well, and a larger frame does at the end of the page.
+  void quietly(const auto& show) {
     const bool outer = std::exchange(shows_, true);
+    show();
+    shows_ = outer;
+  }
+
+  void showPage() {
     const NSSize room = [view() contentSize];
     [page_.get() setFrame:NSMakeRect(0, 0, room.width, std::max(room.height, control().contentHeight()))];
     [clip() scrollToPoint:NSMakePoint(0, control().offset())];
     [view() reflectScrolledClipView:clip()];
-    shows_ = outer;
   }
 
-  // By the user; what is shown from here moves the view as well.
+  // By the user.
   void tell() {
     if (!shows_) {
       control().scrolled([clip() bounds].origin.y);
