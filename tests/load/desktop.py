@@ -140,6 +140,10 @@ class Desktop:
         for process in reversed(self.started):
             process.terminate()
         for process in reversed(self.started):
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                process.wait(PATIENCE)
+            # One that does not end has failed its test already.
+            process.kill()
             process.wait()
         self.stage.stdin.close()
         self.stage.wait()
@@ -245,11 +249,6 @@ def state(number):
 
 def is_running(number):
     return state(number) != "Z"
-
-
-def stands_still(number):
-    """Until it is told to go on; one that is traced stands still at each call, but not for long."""
-    return all(state(number) in "tT" and not time.sleep(0.002) for _ in range(20))
 
 
 def commands(name):
