@@ -12,9 +12,9 @@ namespace {
 bool writeAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
     const ssize_t written = ::write(descriptor, text.data(), text.size());
-    if (written > 0) {
+    if (written != -1) {
       text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (written == 0 || errno != EINTR) {
+    } else if (errno != EINTR) {
       return false;
     }
   }

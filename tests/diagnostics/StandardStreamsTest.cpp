@@ -9,7 +9,9 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
+#include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 
@@ -47,11 +49,24 @@ TEST(StandardStreamsTest, openOnesStayAsTheyAre) {
     ::close(STDERR_FILENO);
     ::dup2(::open((folder / "output").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDOUT_FILENO);
     ::close(STDERR_FILENO);
+    const int open = fixtures::openDescriptorCount();
     prepareStandardStreams();
-    return ::write(STDOUT_FILENO, "line", 4) == 4 && isNullDevice(STDERR_FILENO) ? 0 : 1;
+    const bool isOneMore = fixtures::openDescriptorCount() == open + 1;
+    return isOneMore && ::write(STDOUT_FILENO, "line", 4) == 4 && isNullDevice(STDERR_FILENO) ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
   EXPECT_EQ(folder.read("output"), "line");
+}
+
+TEST(StandardStreamsTest, withoutTheNullDeviceTheProcessEnds) {
+  const int status = exitStatusOf([] {
+    const rlimit none = {.rlim_cur = 0, .rlim_max = 0};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    ::close(STDIN_FILENO);
+    prepareStandardStreams();
+    return 0;
+  });
+  EXPECT_EQ(status, EXIT_FAILURE);
 }
 
 TEST(StandardStreamsTest, aWriteThatCannotBeDoneFailsAndEndsNothing) {
