@@ -72,7 +72,7 @@ scmp_arg_cmp argument(unsigned index, scmp_compare comparison, scmp_datum_t firs
 
 class Filter {
  public:
-  Filter() : context_(::seccomp_init(SCMP_ACT_ALLOW), &::seccomp_release), isGood_(context_ != nullptr) {}
+  Filter() : context_(::seccomp_init(SCMP_ACT_ALLOW), &::seccomp_release) {}
 
   template <class... Comparison>
   void refuse(int call, Comparison... comparison) {
@@ -81,11 +81,9 @@ class Filter {
 
   template <class... Comparison>
   void add(std::uint32_t action, int call, Comparison... comparison) {
+    const int error = ::seccomp_rule_add(context_.get(), action, call, sizeof...(comparison), comparison...);
     // A call that this machine does not have need not be refused.
-    if (isGood_ && call != __NR_SCMP_ERROR) {
-      const int error = ::seccomp_rule_add(context_.get(), action, call, sizeof...(comparison), comparison...);
-      isGood_ = error == 0 || error == -EDOM;
-    }
+    isGood_ = isGood_ && (error == 0 || error == -EDOM);
   }
 
   bool raise() {
@@ -96,7 +94,7 @@ class Filter {
 
  private:
   std::unique_ptr<void, decltype(&::seccomp_release)> context_;
-  bool isGood_;
+  bool isGood_ = true;
 };
 
 // The flags of the newer calls cannot be seen by a filter; where the kernel is said not to have them, the older ones

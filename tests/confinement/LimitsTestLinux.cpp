@@ -1,6 +1,9 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,6 +70,23 @@ TEST(TimeLimit, isPartOfAllThatIsGivenUp) {
   });
   EXPECT_TRUE(WIFSIGNALED(status));
   EXPECT_EQ(WTERMSIG(status), SIGKILL);
+}
+
+TEST(Limits, allThatIsToBeGivenUpIsGivenUp) {
+  const int status = endOf([] {
+    const auto missing = keepOnly({.memory = 1ULL << 32U, .fileSize = 1000, .seconds = 60, .time = 1min});
+    EXPECT_TRUE(missing.empty()) << missing.front();
+    EXPECT_EQ(::prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0), 1);
+    EXPECT_TRUE(TARNWELL_IS_SANITIZED || isLimited(RLIMIT_AS, 1ULL << 32U));
+    EXPECT_TRUE(isLimited(RLIMIT_FSIZE, 1000));
+    EXPECT_TRUE(isLimited(RLIMIT_NOFILE, 64));
+    EXPECT_TRUE(isLimited(RLIMIT_CORE, 0));
+    EXPECT_TRUE(isLimited(RLIMIT_CPU, 60));
+    EXPECT_EQ(::open("/", O_RDONLY | O_CLOEXEC), -1);
+    EXPECT_EQ(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), -1);
+    return testing::Test::HasFailure() ? 1 : 0;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 TEST(Limits, oneThatIsRefusedIsSaidAndTheOthersAreRaised) {
