@@ -15,7 +15,7 @@ std::optional<std::string> versionInControl(const std::string& control) {
   constexpr const char* blanks = " \t";
   const std::string text = "\n" + control;
   const std::size_t place = text.find(field);
-  if (place == std::string::npos || text.find(field, place + 1) != std::string::npos) {
+  if (place == std::string::npos || text.rfind(field) != place) {
     return std::nullopt;
   }
   const std::size_t start = place + field.size();

@@ -35,6 +35,16 @@ TEST(Notes, ofPlainTextAreItsLines) {
   EXPECT_EQ(shown(" \n \n"), "");
 }
 
+TEST(Notes, areMarkedUpWhereATagOfAnyNameStandsFirst) {
+  for (const std::string name : {"a", "z", "A", "Z", "/b"}) {
+    EXPECT_EQ(shown("<" + name + ">text"), "p[text]") << name;
+  }
+  EXPECT_EQ(shown("<!-- unseen -->text"), "p[text]");
+  for (const std::string name : {"`", "{", "@", "[", "1", " b"}) {
+    EXPECT_EQ(shown("<" + name + ">text"), "p[<" + name + ">text]");
+  }
+}
+
 TEST(Notes, haveParagraphsHeadingsQuotesAndCode) {
   EXPECT_EQ(shown("<h1>New</h1><p>One\n  two</p><div>three<p>four</div>five"),
             "h1[New]p[One two]p[three]p[four]p[five]");

@@ -58,6 +58,11 @@ TEST(DebianPackage, aSystemWithoutTheToolIsToldSo) {
             "package, and this system has no dpkg-deb to look into it.");
 }
 
+TEST(DebianPackage, thatCannotBeStoredSaysWhatToDo) {
+  EXPECT_EQ(debianPackage.unplaced("/any", "No space left on device").message,
+            "The update could not be stored: No space left on device. See to that, and try again.");
+}
+
 /// What a tool of our own finds decides.
 class DebianTool : public testing::Test {
  protected:
