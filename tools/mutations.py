@@ -27,7 +27,7 @@ DECLARATIONS = {"static_assert", "using", "typedef", "friend", "enum"}
 STATEMENTS = {"return", "throw", "delete", "goto", "break", "continue", "case", "default", "if", "for", "while", "do", "else",
               "switch", "try", "template", "public", "protected", "private", "co_return"} | SCOPES | DECLARATIONS
 # What is returned by default anyway, and what another change makes of it.
-DEFAULTS = ({"{", "}"}, {"nullptr"}, {"true"}, {"false"}, {"0"}, {"std", "::", "nullopt"})
+DEFAULTS = ({"{", "}"}, {"nullptr"}, {"true"}, {"false"}, {"0"}, {'""'}, {"std", "::", "nullopt"})
 
 
 class Change(namedtuple("Change", "path line before after start end text")):

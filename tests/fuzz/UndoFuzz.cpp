@@ -62,7 +62,7 @@ void run(std::string_view text) {
   const OwnFolder folder;
   ::setenv("XDG_STATE_HOME", folder.path().c_str(), 1);
   auto memory = ChangeMemory::ofUser("tarnwell");
-  require(memory && memory->takeTurn());
+  require(memory && memory->takeTurn({}));
   writeFile(memory->undoFile(), text);
   const auto before = memory->beforeLast();
   require(contentOf(memory->undoFile()) == text);

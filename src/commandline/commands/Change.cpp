@@ -20,6 +20,9 @@ using Changes = std::vector<profile::Change>;
 
 constexpr mode_t ownersAlone = 0600;
 
+// Each before it reads, writes and restarts, and none of these takes longer than its shell may.
+constexpr std::chrono::minutes turnPatience{1};
+
 bool hidesOthers(const profile::Change& change) {
   const profile::Setting& row = profile::settings.at(change.setting);
   const auto* wish = std::get_if<profile::Wish>(&change.to);
@@ -190,7 +193,7 @@ Status change(const Session& session, const Arguments& arguments, const AskWante
     return session.fail(Status::storeFailure, memory.error().message);
   }
   if (!arguments.has(OptionName::dryRun)) {
-    if (const auto turn = memory->takeTurn(); !turn) {
+    if (const auto turn = memory->takeTurn(turnPatience); !turn) {
       return session.fail(Status::storeFailure, turn.error().message);
     }
   }

@@ -1,7 +1,6 @@
 #include "commandline/dock/ChangeMemory.h"
 
 #include <cerrno>
-#include <chrono>
 
 #include "commandline/dock/UndoText.h"
 #include "installation/StateFolder.h"
@@ -11,9 +10,6 @@
 
 namespace tarnwell::commandline {
 namespace {
-
-// Each before it reads, writes and restarts, and none of these takes longer than its shell may.
-constexpr std::chrono::minutes turnPatience{1};
 
 constexpr std::size_t largestUndo = 1048576;
 
@@ -30,11 +26,11 @@ system::Result<ChangeMemory> ChangeMemory::ofUser(const std::string& program) {
   return ChangeMemory(folder);
 }
 
-system::Result<void> ChangeMemory::takeTurn() {
+system::Result<void> ChangeMemory::takeTurn(std::chrono::milliseconds patience) {
   if (!system::makeFolders(folder_)) {
     return system::systemFailure("cannot make " + folder_.string());
   }
-  auto turn = system::FileLock::take(folder_ / "lock", turnPatience);
+  auto turn = system::FileLock::take(folder_ / "lock", patience);
   if (!turn) {
     return turn.error().error == EWOULDBLOCK ? system::Failure{"another process is changing settings"} : turn.error();
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,8 +18,9 @@ class ChangeMemory {
   /// Of `program`, which the folder is called by. Without a folder for the user's state it is a failure.
   static system::Result<ChangeMemory> ofUser(const std::string& program);
 
-  /// Makes the folder where it is missing, and keeps others waiting for as long as this lives. Waits for its own turn.
-  system::Result<void> takeTurn();
+  /// Makes the folder where it is missing, and keeps others waiting for as long as this lives. Waits for its own turn,
+  /// for `patience` at most.
+  system::Result<void> takeTurn(std::chrono::milliseconds patience);
 
   /// What the settings of the last change were before it; an error ENOENT where there was no change.
   system::Result<profile::Before> beforeLast() const;

@@ -8,15 +8,11 @@
 namespace tarnwell::commandline {
 namespace {
 
-bool booleanOf(plist_t node) {
-  std::uint8_t value = 0;
-  ::plist_get_bool_val(node, &value);
-  return value != 0;
-}
-
-double realOf(plist_t node) {
-  double value = 0;
-  ::plist_get_real_val(node, &value);
+/// The value of a node by the function that reads its type.
+template <class Value>
+Value read(void (*get)(plist_t, Value*), plist_t node) {
+  Value value = {};
+  get(node, &value);
   return value;
 }
 
@@ -28,9 +24,7 @@ std::string stringOf(plist_t node) {
 
 // The library gives a negative one as a large one.
 std::string integerTextOf(plist_t node) {
-  std::uint64_t value = 0;
-  ::plist_get_uint_val(node, &value);
-  return std::to_string(static_cast<std::int64_t>(value));
+  return std::to_string(static_cast<std::int64_t>(read(::plist_get_uint_val, node)));
 }
 
 std::string elementOfNode(plist_t node) {
@@ -51,9 +45,9 @@ core::StoredValue valueOf(plist_t node) {
     case PLIST_NONE:
       return core::Absent();
     case PLIST_BOOLEAN:
-      return booleanOf(node);
+      return read(::plist_get_bool_val, node) != 0;
     case PLIST_REAL:
-      return realOf(node);
+      return read(::plist_get_real_val, node);
     case PLIST_STRING:
       return stringOf(node);
     case PLIST_UINT:

@@ -75,7 +75,7 @@ class Parser {
       return Failure{inQuotes(word) + " is not a command" + commandSuggestion(word) + "\n" + usageLine(program_)};
     }
     result_.command = &*found;
-    for (next_ = 1; next_ < words_.size() && !failure_; ++next_) {
+    for (; next_ < words_.size() && !failure_; ++next_) {
       take(words_[next_]);
     }
     if (!failure_ && !result_.has(OptionName::help)) {
@@ -178,7 +178,7 @@ class Parser {
 
   const std::string& program_;
   std::span<const char* const> words_;
-  std::size_t next_ = 0;
+  std::size_t next_ = 1;
   bool areOptionsOver_ = false;
   Arguments result_;
   std::optional<Failure> failure_;
