@@ -4,9 +4,9 @@ namespace tarnwell::system {
 namespace {
 
 struct Lead {
-  std::size_t length = 0;  // of the whole sequence in bytes; 0 when the byte starts none
-  std::uint32_t bits = 0;
-  std::uint32_t least = 0;  // smaller values have a shorter form, and only that is valid
+  std::size_t length;  // of the whole sequence in bytes; 0 when the byte starts none
+  std::uint32_t bits;
+  std::uint32_t least;  // smaller values have a shorter form, and only that is valid
 };
 
 Lead leadOf(unsigned char byte) {

@@ -40,13 +40,14 @@ class Watch {
       if (!set_.descriptor().waitUntilReadable(end)) {
         return false;
       }
-      readWhatIsThere();
+      hear();
     }
     return true;
   }
 
-  /// What is in the pipes by now.
-  void readWhatIsThere() {
+ private:
+  // The end is told with all that was printed before it. What lives on may print for ever.
+  void hear() {
     for (const int number : set_.readable(streams_.size() + 1)) {
       const auto stream = std::ranges::find(streams_, number, &Stream::number);
       if (stream == streams_.end()) {
@@ -57,7 +58,6 @@ class Watch {
     }
   }
 
- private:
   void watch(int number) const {
     if (!set_.add(number)) {
       fault(action, errno);
@@ -104,8 +104,6 @@ Result<CheckedRun> runChecked(Launch launch, std::chrono::milliseconds patience)
     process->sendToSession(SIGKILL);
   }
   run.end = process->wait();
-  // A single time, since a process that lives on may print for ever.
-  watch.readWhatIsThere();
   return run;
 }
 

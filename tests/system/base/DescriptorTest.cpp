@@ -12,6 +12,8 @@
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
+#include "system/processes/Pipe.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::system {
 namespace {
@@ -82,6 +84,47 @@ TEST(DescriptorTest, tellsOfWhatCannotBeWrittenOrRead) {
     return isRefused && !full.readAll() && errno == EBADF ? 0 : 1;
   });
   EXPECT_EQ(status, 0);
+}
+
+TEST(DescriptorTest, tellsOfWhatCannotBeCopied) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("from", "text");
+  const int status = fixtures::exitStatusOf([&sandbox] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit room = {.rlim_cur = 3, .rlim_max = 3};
+    ::setrlimit(RLIMIT_FSIZE, &room);
+    const Descriptor from(::open((sandbox / "from").c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor to(::open((sandbox / "to").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    const bool isFull = !to.copyFrom(from.number()) && errno == EFBIG;
+    return isFull && !to.copyFrom(-1) && errno == EBADF ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+TEST(DescriptorTest, goesOnAfterAnInterruption) {
+  const int status = fixtures::exitStatusOf([] {
+    struct sigaction interrupts = {};
+    interrupts.sa_handler = [](int) {};
+    ::sigaction(SIGUSR1, &interrupts, nullptr);
+    const auto interruptedPipe = [] {
+      Pipe pipe = Pipe::create();
+      (void)Process::start({.words = {"sh", "-c", "kill -USR1 $PPID; echo text"}, .output = pipe.writeEnd.number()});
+      return std::move(pipe.readEnd);
+    };
+    const Descriptor waited = interruptedPipe();
+    const bool isReadable = waited.waitUntilReadable(std::chrono::steady_clock::now() + std::chrono::minutes(1));
+    return isReadable && waited.readPart() == "text\n" && interruptedPipe().readAll() == "text\n" ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+TEST(DescriptorTest, anInterruptionThatIsOverIsNone) {
+  const Descriptor empty(openSomething());
+  errno = EINTR;
+  EXPECT_EQ(empty.readAll(), "");
+  const Pipe quiet = Pipe::create();
+  errno = EINTR;
+  EXPECT_FALSE(quiet.readEnd.waitUntilReadable(std::chrono::steady_clock::now()));
 }
 
 TEST(DescriptorTest, copiesAFileFromItsStart) {

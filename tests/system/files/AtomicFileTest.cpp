@@ -50,6 +50,15 @@ TEST(AtomicFileTest, staysInTheFolderThatItWasBegunIn) {
   EXPECT_TRUE(std::filesystem::is_empty(sandbox / "folder"));
 }
 
+TEST(AtomicFileTest, saysThatThereIsNoFolder) {
+  const fixtures::Sandbox sandbox;
+  AtomicFile file(sandbox / "absent/list", 0600);
+  const auto written = file.write("bytes");
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.error().message,
+            "cannot make a file beside " + (sandbox / "absent/list").string() + ": No such file or directory");
+}
+
 TEST(AtomicFileTest, takesANameThatALinkHas) {
   const fixtures::Sandbox sandbox;
   sandbox.write("list", "before");

@@ -5,7 +5,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "fixtures/Sandbox.h"
+#include "fixtures/Subprocess.h"
 #include "system/base/Descriptor.h"
 
 namespace tarnwell::system {
@@ -65,6 +70,47 @@ TEST(PrivateFolder, belongsToTheUser) {
   ASSERT_EQ(::chown((sandbox / "a").c_str(), 1, 1), 0);
   for (const auto& result : {&PrivateFolder::make, &PrivateFolder::open}) {
     EXPECT_EQ(refusalOf(result(sandbox / "a")), "the folder " + (sandbox / "a").string() + " belongs to another user");
+  }
+}
+
+TEST(PrivateFolder, isBelowNoFolderThatOthersCanChange) {
+  const fixtures::Sandbox sandbox;
+  const fs::path above = sandbox / "above";
+  fs::create_directories(above / "a");
+  const std::string refusal = "other users can change the folder " + above.string();
+  const std::vector<std::pair<int, std::string>> rows = {{0700, ""}, {0770, ""}, {0777, refusal}, {01777, ""}};
+  for (const auto& [mode, expected] : rows) {
+    fs::permissions(above, fs::perms(mode));
+    EXPECT_EQ(refusalOf(PrivateFolder::open(above / "a")), expected) << std::oct << mode;
+  }
+}
+
+TEST(PrivateFolder, isBelowFoldersOfTheUserAndTheSystem) {
+  if (::geteuid() != 0) {
+    GTEST_SKIP() << "only root can give a folder away";
+  }
+  constexpr uid_t user = 65534;
+  constexpr uid_t another = 65533;
+  const fixtures::Sandbox sandbox;
+  fs::permissions(sandbox.path(), fs::perms(0755));
+  const fs::path above = sandbox / "above";
+  fs::create_directories(above / "a");
+  fs::permissions(above, fs::perms(0775));
+  ASSERT_EQ(::chown((above / "a").c_str(), user, user), 0);
+  const std::string refusal = "other users can change the folder " + above.string();
+  struct Row {
+    uid_t owner;
+    gid_t group;
+    std::string refusal;
+  };
+  for (const Row& row : {Row{0, 0, ""}, Row{user, user, ""}, Row{another, 0, refusal}, Row{0, another, refusal}}) {
+    ASSERT_EQ(::chown(above.c_str(), row.owner, row.group), 0);
+    EXPECT_EQ(fixtures::exitStatusOf([&] {
+                const bool isUser = ::setgid(user) == 0 && ::setuid(user) == 0;
+                return isUser && refusalOf(PrivateFolder::open(above / "a")) == row.refusal ? 0 : 1;
+              }),
+              0)
+        << row.owner << " " << row.group;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,6 +51,22 @@ TEST(ProcessTest, saysWhyItDidNotStart) {
   EXPECT_EQ(process.error().message, "cannot start /nowhere/program: No such file or directory");
   EXPECT_EQ(process.error().error, ENOENT);
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "it is reaped";
+}
+
+TEST(ProcessTest, saysThatTheSystemHasNoRoomForIt) {
+  const int status = fixtures::exitStatusOf([] {
+    // Of root there may be any number.
+    constexpr uid_t user = 65534;
+    const bool isUser = ::geteuid() != 0 || ::setuid(user) == 0;
+    const rlimit none = {.rlim_cur = 0, .rlim_max = 0};
+    ::setrlimit(RLIMIT_NPROC, &none);
+    const auto process = Process::start({.words = {"true"}});
+    return isUser && !process && process.error().message.starts_with("cannot start true: ") &&
+                   process.error().error == EAGAIN
+               ? 0
+               : 1;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 TEST(ProcessTest, findsItsDescriptorsAndNoOthers) {
