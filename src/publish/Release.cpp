@@ -6,7 +6,6 @@
 #include "release/text/PlainLine.h"
 #include "release/text/Version.h"
 #include "release/text/WebAddress.h"
-#include "updateclient/ItemChooser.h"
 #include "updater/feed/FeedLimits.h"
 #include "updater/notes/Notes.h"
 #include "updater/package/PackageClaim.h"
@@ -92,14 +91,6 @@ system::Result<void> checkRelease(const Release& release) {
 }
 
 system::Result<void> checkItem(const release::FeedItem& item, const Package& package, const SecretKey& key) {
-  // The oldest program there can be, on the newest system, that takes every channel.
-  const updateclient::ItemChooser anyProgram({.runningVersion = "0",
-                                              .systemVersion = item.minimumSystemVersion,
-                                              .channels = {item.channel},
-                                              .origin = updateclient::UserDriver::Origin::user});
-  if (!anyProgram.best({item})) {
-    return system::Failure{"the updater would not offer the item"};
-  }
   if (item.notes.size() > updater::longestNotes) {
     return system::Failure{"the updater shows no more than " + std::to_string(updater::longestNotes) +
                            " bytes of the notes"};

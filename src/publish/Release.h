@@ -27,8 +27,8 @@ struct Release {
 /// Fails where the updater would pass over what is said in this release, in words for the publisher.
 system::Result<void> checkRelease(const Release& release);
 
-/// Holds the item that the updater reads against the package, with the updater's own means: would it offer the item,
-/// and believe the package?
+/// Holds the item that the updater reads against the package, with the updater's own means: would it show all of the
+/// notes, and believe the package?
 system::Result<void> checkItem(const release::FeedItem& item, const Package& package, const SecretKey& key);
 
 }  // namespace tarnwell::publish

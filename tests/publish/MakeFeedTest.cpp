@@ -13,6 +13,7 @@
 #include "release/text/Version.h"
 #include "system/base/Descriptor.h"
 #include "system/files/FileLock.h"
+#include "updateclient/ItemChooser.h"
 #include "updater/feed/FeedReader.h"
 #include "updater/package/PackageClaim.h"
 #include "updater/package/RealPackage.h"
@@ -147,6 +148,11 @@ TEST(MakeFeed, makesAFeedThatTheUpdaterReadsAndBelieves) {
   EXPECT_EQ(items[0].enclosure.system, "linux");
   EXPECT_EQ(items[0].enclosure.type, "application/vnd.debian.binary-package");
   EXPECT_EQ(publisher.refusalOf(items[0], "a.deb"), "");
+  const updateclient::ItemChooser offers({.runningVersion = "119",
+                                          .systemVersion = "5.10",
+                                          .channels = {"beta"},
+                                          .origin = updateclient::UserDriver::Origin::user});
+  EXPECT_TRUE(offers.best(items));
   publisher.offer("120-2");
   EXPECT_EQ(publisher.refusalOf(items[0], "a.deb"), "the signature does not belong to this file and key");
 }
@@ -156,6 +162,20 @@ TEST(MakeFeed, signsThePackageAsTheItemSays) {
   ASSERT_EQ(publisher.add("2.0").status, 0);
   const ProgramEnd end = makeFeed("sign " + publisher.path("private") + " " + publisher.path("a.deb"));
   EXPECT_EQ(end.output, publisher.items().at(0).enclosure.signature + "\n");
+}
+
+TEST(MakeFeed, saysWhatItCannotRead) {
+  const Publisher publisher;
+  const std::string absent = publisher.path("absent");
+  const std::string reason = "make-feed: cannot read " + absent + ": No such file or directory\n";
+  for (const std::string& arguments : {"public " + absent, "sign " + absent + " " + publisher.path("a.deb"),
+                                       "sign " + publisher.path("private") + " " + absent}) {
+    const ProgramEnd end = makeFeed(arguments);
+    EXPECT_EQ(end.status, 1) << arguments;
+    EXPECT_EQ(end.output, reason);
+  }
+  const ProgramEnd end = makeFeed("sign " + publisher.path("private") + " " + publisher.path(""));
+  EXPECT_EQ(end.output, "make-feed: " + publisher.path("") + ": cannot read the file: No such device\n");
 }
 
 TEST(MakeFeed, putsTheNewestItemFirst) {
@@ -168,6 +188,21 @@ TEST(MakeFeed, putsTheNewestItemFirst) {
   EXPECT_EQ(items[0].title, "Tarnwell 1.2");
   EXPECT_FALSE(items[0].isCritical);
   EXPECT_EQ(items[1].version, "1.1");
+}
+
+TEST(MakeFeed, makesTheFoldersOfAFeedWhereItCan) {
+  const Publisher publisher;
+  const auto addTo = [&publisher](const std::string& feed) {
+    return makeFeed("add " + publisher.path(feed) + " --private-key " + publisher.path("private") + " --package " +
+                    publisher.path("a.deb") + " --url https://updates.invalid/a.deb --version 2.0");
+  };
+  EXPECT_EQ(addTo("site/updates/feed.xml").status, 0);
+  EXPECT_TRUE(contains(publisher.sandbox.read("site/updates/feed.xml"), "Tarnwell 2.0"));
+  for (const std::string folder : {"a.deb", "a.deb/below"}) {
+    const ProgramEnd refused = addTo(folder + "/feed.xml");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.output, "make-feed: cannot lock " + publisher.path(folder) + ": Not a directory\n");
+  }
 }
 
 TEST(MakeFeed, leavesTheRestOfAFeedAsItIs) {
@@ -267,6 +302,28 @@ TEST(MakeFeed, takesTurnsWithAnotherPublisher) {
   EXPECT_EQ(items[2].version, "1.0");
 }
 
+TEST(MakeFeed, refusesAPackageThatWasChangedAfterItWasSigned) {
+  const Publisher publisher;
+  publisher.sandbox.write("a.AppImage",
+                          "\x7f"
+                          "ELF0123AI\x02 signed");
+  std::future<ProgramEnd> end;
+  {
+    const auto lock = system::FileLock::takeFolder(publisher.sandbox.path(), {});
+    ASSERT_TRUE(lock);
+    struct stat folder = {};
+    ASSERT_EQ(::stat(publisher.sandbox.path().c_str(), &folder), 0);
+    end = std::async(std::launch::async,
+                     [&] { return publisher.addPackage("a.AppImage", "https://updates.invalid/a.AppImage"); });
+    ASSERT_TRUE(fixtures::waitFor([&] { return isWaitedFor(folder.st_ino); }));
+    publisher.sandbox.write("a.AppImage",
+                            "\x7f"
+                            "ELF0123AI\x02 forged");
+  }
+  EXPECT_TRUE(contains(end.get().output, "cannot be trusted"));
+  EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
+}
+
 TEST(MakeFeed, leavesNothingBesideTheFeed) {
   const Publisher publisher;
   ASSERT_EQ(publisher.add("2.0").status, 0);
@@ -306,6 +363,8 @@ TEST(MakeFeed, refusesArgumentsThatTheUpdaterWouldPassOver) {
     EXPECT_TRUE(contains(end.output, reason)) << reason << " in " << end.output;
   }
   EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
+  publisher.sandbox.write("seen", std::string(16'384, 'x'));
+  EXPECT_EQ(publisher.add("2.0", "--notes " + publisher.path("seen")).status, 0);
 }
 
 TEST(MakeFeed, refusesAddressesThatTheUpdaterWouldNotAsk) {
