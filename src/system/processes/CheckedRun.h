@@ -17,8 +17,8 @@ struct CheckedRun {
 };
 
 /// Starts a process and waits for its end, `patience` at most; then it is ended, with what it has started that stayed
-/// in its session. Where this process ends before, so does that one. What others still hold of its outputs is not
-/// waited for. Its session is its own, and the outputs of `launch` are not looked at. A failure is one to start.
+/// in its session; so it is where this process ends before. What others still hold of its outputs is not waited for.
+/// Its session is its own, and the outputs of `launch` are not looked at. A failure is one to start.
 Result<CheckedRun> runChecked(Launch launch, std::chrono::milliseconds patience);
 
 }  // namespace tarnwell::system

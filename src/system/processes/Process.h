@@ -29,7 +29,7 @@ struct Launch {
   std::vector<int> blockedSignals = {};
   /// A key that interrupts this process in its terminal does not reach it.
   bool hasOwnSession = false;
-  /// Killed when the thread that started it ends.
+  /// Killed when the thread that started it ends, with all of its session where that is its own.
   bool endsWithStarter = false;
   /// It is ended after that time; zero is for ever.
   std::chrono::seconds limit = std::chrono::seconds(0);

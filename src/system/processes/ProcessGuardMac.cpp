@@ -1,38 +1,35 @@
-#include "system/processes/ProcessGuardMac.h"
-
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 
 #include "system/events/KernelQueueMac.h"
-#include "system/processes/SignalPause.h"
+#include "system/processes/ProcessGuard.h"
 
 namespace tarnwell::system {
 namespace {
 
-/// A process that waits beside the child, and calls nothing but the system: it is a copy of the starter.
 class Guard {
  public:
-  Guard(pid_t child, pid_t starter) : child_(child), starter_(starter) {}
+  explicit Guard(const Guarded& guarded) : guarded_(guarded) {}
 
-  [[noreturn]] void run(std::chrono::seconds limit, bool endsWithStarter) {
+  [[noreturn]] void run() {
     // What it holds of the starter's would not end with the starter.
     for (int number = 0; number < ::getdtablesize(); ++number) {
       ::close(number);
     }
     queue_ = ::kqueue();
     // One that is gone already tells so at once.
-    if (!watch(kernelEvent(child_, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
+    if (!watch(kernelEvent(guarded_.child, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
       ::_exit(EXIT_SUCCESS);
     }
-    if (endsWithStarter && !watch(kernelEvent(starter_, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
-      end(SIGKILL);
+    if (guarded_.endsWithStarter != 0 && !watch(kernelEvent(guarded_.starter, EVFILT_PROC, EV_ADD, NOTE_EXIT))) {
+      end(guarded_.endsWithStarter, SIGKILL);
     }
-    if (limit.count() > 0) {
-      watch(kernelEvent(0, EVFILT_TIMER, EV_ADD | EV_ONESHOT, NOTE_SECONDS, limit.count()));
+    if (guarded_.limit.count() > 0) {
+      watch(kernelEvent(0, EVFILT_TIMER, EV_ADD | EV_ONESHOT, NOTE_SECONDS, guarded_.limit.count()));
     }
     waitForFirst();
   }
@@ -45,42 +42,25 @@ class Guard {
     while (::kevent(queue_, nullptr, 0, &event, 1, nullptr) < 0 && errno == EINTR) {
     }
     if (event.filter == EVFILT_TIMER) {
-      end(SIGALRM);
+      end(guarded_.child, SIGALRM);
     }
-    if (event.ident == static_cast<std::uintptr_t>(starter_)) {
-      end(SIGKILL);
+    if (event.ident == static_cast<std::uintptr_t>(guarded_.starter)) {
+      end(guarded_.endsWithStarter, SIGKILL);
     }
     ::_exit(EXIT_SUCCESS);
   }
 
-  [[noreturn]] void end(int signal) const {
-    ::kill(child_, signal);
+  [[noreturn]] static void end(pid_t which, int signal) {
+    ::kill(which, signal);
     ::_exit(EXIT_SUCCESS);
   }
 
-  pid_t child_;
-  pid_t starter_;
+  const Guarded& guarded_;
   int queue_ = -1;
 };
 
 }  // namespace
 
-// A child's child: it is the system's to take off the list.
-void guard(pid_t child, std::chrono::seconds limit, bool endsWithStarter) {
-  if (!endsWithStarter && limit.count() == 0) {
-    return;
-  }
-  Guard guard(child, ::getpid());
-  const SignalPause pause;
-  const pid_t between = ::fork();
-  if (between == 0) {
-    if (::fork() == 0) {
-      guard.run(limit, endsWithStarter);
-    }
-    ::_exit(EXIT_SUCCESS);
-  }
-  while (::waitpid(between, nullptr, 0) < 0 && errno == EINTR) {
-  }
-}
+void waitBeside(const Guarded& guarded) { Guard(guarded).run(); }
 
 }  // namespace tarnwell::system

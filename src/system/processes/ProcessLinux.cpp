@@ -15,6 +15,7 @@
 #include "system/base/WordPointers.h"
 #include "system/processes/Environment.h"
 #include "system/processes/Process.h"
+#include "system/processes/ProcessGuard.h"
 #include "system/processes/SignalPause.h"
 
 namespace tarnwell::system {
@@ -78,6 +79,10 @@ bool isPrepared(const Prepared& prepared) {
     // The starter may have ended before that was said.
     if (::getppid() != prepared.starter) {
       ::_exit(notStarted);
+    }
+    // The kernel ends this process alone, and not what it will have started.
+    if (launch.hasOwnSession) {
+      guard({.child = ::getpid(), .starter = prepared.starter, .endsWithStarter = -::getpid()});
     }
   }
   ::alarm(static_cast<unsigned>(launch.limit.count()));

@@ -11,7 +11,8 @@
 #include "system/events/KernelQueueMac.h"
 #include "system/processes/Environment.h"
 #include "system/processes/Process.h"
-#include "system/processes/ProcessGuardMac.h"
+#include "system/processes/ProcessGuard.h"
+#include "system/processes/SignalPause.h"
 
 namespace tarnwell::system {
 namespace {
@@ -98,7 +99,12 @@ Result<Process> Process::start(const Launch& launch) {
     return Failure{.message = "cannot start " + launch.words.front() + ": " + std::generic_category().message(error),
                    .error = error};
   }
-  guard(child, launch.limit, launch.endsWithStarter);
+  const pid_t itsOwn = launch.hasOwnSession ? -child : child;
+  const SignalPause pause;
+  guard({.child = child,
+         .starter = ::getpid(),
+         .limit = launch.limit,
+         .endsWithStarter = launch.endsWithStarter ? itsOwn : 0});
   return Process(child);
 }
 

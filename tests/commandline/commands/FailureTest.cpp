@@ -18,9 +18,13 @@ using testing::StartsWith;
 
 TEST(Failure, aStoreThatCannotBeReadIsLeftAsItIs) {
   const Front front;
+  ASSERT_EQ(front.run({"set", "--no-restart", "mineffect=scale"}).status, 0) << "which undo takes back";
   front.system().store("nonsense");
+  front.system().folder().write("dock.toml", "profile = 1\n[dock]\nmineffect = \"suck\"\n");
+  const std::string profile = front.file("dock.toml");
   for (const Words& words : {Words{"list"}, Words{"get", "mineffect"}, Words{"set", "mineffect=suck"},
-                             Words{"reset", "--all"}, Words{"export"}}) {
+                             Words{"reset", "--all"}, Words{"export"}, Words{"apply", profile},
+                             Words{"apply", "--check", profile}, Words{"diff", profile}, Words{"undo"}}) {
     const Outcome outcome = front.run(words);
     EXPECT_EQ(outcome.status, 3) << words.front();
     EXPECT_THAT(outcome.errors,
@@ -60,13 +64,14 @@ TEST(Failure, aWriteThatWritesNothingRestartsNothing) {
 }
 
 TEST(Failure, aToolThatHangsIsEnded) {
-  Front front(Front::Dock::isAbsent);
+  Front front;
   front.replaceTool("defaults", "sleep 600");
   const auto begin = std::chrono::steady_clock::now();
   const Outcome outcome = front.run({"list"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.errors, "tarnwell: The settings cannot be read: no answer within 10 seconds\n");
   EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+  EXPECT_EQ(front.starts(), 1);
 }
 
 TEST(Failure, aWriteThatHangsIsEnded) {
@@ -84,19 +89,32 @@ TEST(Failure, aWriteThatHangsIsEnded) {
   EXPECT_EQ(front.starts(), 1);
 }
 
+// The tool puts its number into a file before it hangs.
+constexpr const char* hang =
+    "echo $$ >\"$MACOS_ROOT/new\"; mv \"$MACOS_ROOT/new\" \"$MACOS_ROOT/number\"\nexec sleep 600";
+
+void expectToolToEndWith(const Front& front, const Words& words, int signal) {
+  const auto process = front.start(words);
+  std::string number;
+  ASSERT_TRUE(fixtures::waitFor([&] { return !(number = standin::fileContent(front.file("root/number"))).empty(); }));
+  process->send(signal);
+  EXPECT_EQ(process->wait().signal, signal);
+  EXPECT_TRUE(fixtures::waitFor([&] { return !standin::isRunning(std::stoi(number)); }));
+  EXPECT_EQ(front.starts(), 1);
+}
+
 TEST(Failure, aToolThatHangsEndsWithTheFront) {
   for (const int signal : {SIGINT, SIGKILL}) {
-    Front front(Front::Dock::isAbsent);
-    front.replaceTool("defaults",
-                      "echo $$ >\"$MACOS_ROOT/new\"; mv \"$MACOS_ROOT/new\" \"$MACOS_ROOT/number\"\n"
-                      "exec sleep 600");
-    const auto process = front.start({"list"});
-    std::string number;
-    ASSERT_TRUE(fixtures::waitFor([&] { return !(number = standin::fileContent(front.file("root/number"))).empty(); }));
-    process->send(signal);
-    EXPECT_EQ(process->wait().signal, signal);
-    EXPECT_TRUE(fixtures::waitFor([&] { return !standin::isRunning(std::stoi(number)); }));
+    Front front;
+    front.replaceTool("defaults", hang);
+    expectToolToEndWith(front, {"list"}, signal);
   }
+}
+
+TEST(Failure, theFirstOfManyWritesThatHangsEndsWithTheFront) {
+  Front front;
+  front.replaceTool("defaults", std::string("[ \"$1\" = write ] || exec \"$REAL\" \"$@\"\n") + hang);
+  expectToolToEndWith(front, {"set", "mineffect=suck", "showhidden=on"}, SIGKILL);
 }
 
 TEST(Failure, aDockThatDoesNotComeBackIsReported) {

@@ -144,6 +144,22 @@ TEST(ProcessTest, endsWithItsStarter) {
   EXPECT_EQ(pipe.readEnd.readAll(), "");
 }
 
+TEST(ProcessTest, allOfItsSessionEndsWithItsStarter) {
+  Pipe pipe = Pipe::create();
+  const pid_t starter = ::fork();
+  if (starter == 0) {
+    ::setpgid(0, 0);
+    Process::start({.words = {"sh", "-c", "sleep 1000 && sleep 1000"},
+                    .output = pipe.writeEnd.number(),
+                    .hasOwnSession = true,
+                    .endsWithStarter = true});
+    ::kill(0, SIGKILL);
+  }
+  pipe.writeEnd.close();
+  EXPECT_EQ(Process(starter).wait().number, SIGKILL);
+  EXPECT_EQ(pipe.readEnd.readAll(), "");
+}
+
 TEST(ProcessTest, itsEndCanBeWaitedForAtADescriptor) {
   auto process = Process::start({.words = {"sleep", "1000"}});
   ASSERT_TRUE(process);
