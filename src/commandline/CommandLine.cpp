@@ -1,6 +1,7 @@
 #include "commandline/CommandLine.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <string_view>
 
@@ -14,6 +15,7 @@
 #include "commandline/words/Usage.h"
 #include "installation/LaunchedAtLogin.h"
 #include "installation/MacosVersion.h"
+#include "profile/values/Suggestion.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -97,6 +99,8 @@ Status performWords(const Product& product, std::span<const char* const> words, 
   return performCommand(product, *arguments, screen);
 }
 
+constexpr std::array<std::string_view, 2> programOptions = {"--help", "--version"};
+
 /// What was typed begins with no command.
 Status performOptions(const Product& product, std::span<const char* const> words, Screen& screen) {
   const std::string word = words.front();
@@ -108,10 +112,11 @@ Status performOptions(const Product& product, std::span<const char* const> words
     screen.addLine(product.program + " " + product.version);
     return Status::done;
   }
-  const bool isKnown = word == "--help" || word == "--version" || word == installation::launchedAtLogin;
-  screen.say(
-      (isKnown ? "There are too many arguments." : '"' + word + "\" is not an argument of " + product.program + ".") +
-      "\n" + usageLine(product.program));
+  const bool isKnown = std::ranges::count(programOptions, word) != 0 || word == installation::launchedAtLogin;
+  screen.say((isKnown ? "There are too many arguments."
+                      : '"' + word + "\" is not an argument of " + product.program +
+                            profile::suggestion(word, programOptions)) +
+             "\n" + usageLine(product.program));
   return Status::refused;
 }
 

@@ -63,18 +63,30 @@ TEST(CommandLine, refusesWhatItDoesNotKnowAndSaysHow) {
 }
 
 TEST(CommandLine, suggestsACommandAndRunsNone) {
-  const Front front(Front::Dock::isAbsent);
+  const Front front;
   const Outcome outcome = front.run({"restrat"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.errors, std::string("tarnwell: \"restrat\" is not a command; did you mean restart?\n") + usage);
+  EXPECT_EQ(front.starts(), 1);
 }
 
 TEST(CommandLine, suggestsAnOption) {
-  const Front front(Front::Dock::isAbsent);
+  const Front front;
   const Outcome outcome = front.run({"list", "--josn"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.errors,
             "tarnwell: \"--josn\" is not an option of list; did you mean --json?\nusage: tarnwell list [--json]\n");
+  EXPECT_EQ(front.starts(), 1);
+}
+
+TEST(CommandLine, suggestsAnOptionOfItsOwn) {
+  const Front front(Front::Dock::isAbsent);
+  for (const auto& [typed, meant] : {std::pair("--versoin", "--version"), std::pair("--hlep", "--help")}) {
+    const Outcome outcome = front.run({typed});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.errors, std::string("tarnwell: \"") + typed + "\" is not an argument of tarnwell; did you mean " +
+                                  meant + "?\n" + usage);
+  }
 }
 
 TEST(CommandLine, endsQuietlyWhenItsReaderDoes) {
@@ -94,10 +106,14 @@ TEST(CommandLine, saysSoWhenItsAnswerIsLost) {
 }
 
 TEST(CommandLine, systemsThatAreTooOldAreRefusedAsByTheWindow) {
-  const Front front(Front::Dock::isAbsent);
-  const Outcome outcome = front.run({"list"}, {"MACOS_VERSION=13.2"});
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.errors, "tarnwell: MACOS_VERSION is \"13.2\": the oldest supported version is 14\n");
+  const Front front;
+  for (const Words& words : {Words{"list"}, Words{"set", "mineffect=suck"}, Words{"restart"}}) {
+    const Outcome outcome = front.run(words, {"MACOS_VERSION=13.2"});
+    EXPECT_EQ(outcome.status, 2) << words.front();
+    EXPECT_EQ(outcome.errors, "tarnwell: MACOS_VERSION is \"13.2\": the oldest supported version is 14\n");
+  }
+  EXPECT_EQ(front.stored("mineffect"), "");
+  EXPECT_EQ(front.starts(), 1);
 }
 
 TEST(CommandLine, whatTouchesNoSystemWorksOnAnyOne) {

@@ -101,9 +101,7 @@ Result<std::size_t> settingOf(std::string_view key) {
   }
   std::vector<std::string_view> keys;
   std::ranges::transform(profile::settings, std::back_inserter(keys), &profile::Setting::key);
-  const auto meant = profile::closest(key, keys);
-  return Failure{inQuotes(key) + " is not a setting that Tarnwell knows" +
-                 (meant.empty() ? "." : "; did you mean " + std::string(meant) + "?")};
+  return Failure{inQuotes(key) + " is not a setting that Tarnwell knows" + profile::suggestion(key, keys)};
 }
 
 Result<std::size_t> settingOf(const Session& session, std::string_view key) {

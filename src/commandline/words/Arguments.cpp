@@ -22,35 +22,32 @@ std::vector<std::string_view> namesOf(const Rows& rows, const Name& name) {
   return names;
 }
 
-std::string suggestion(std::string_view word, std::span<const std::string_view> candidates, std::string_view before) {
-  const auto meant = profile::closest(word, candidates);
-  return meant.empty() ? "." : "; did you mean " + std::string(before).append(meant) + "?";
-}
-
-/// The same where a word is one of few, which are named where none is close.
+/// Where a word is one of few, they are named where none is close.
 std::string choiceSuggestion(std::string_view word, std::span<const std::string_view> allowed) {
-  if (!profile::closest(word, allowed).empty()) {
-    return suggestion(word, allowed, "");
-  }
   std::string names;
   for (const std::string_view each : allowed) {
     names.append(names.empty() ? "; it takes " : ", ").append(each);
   }
-  return names + ".";
+  return profile::suggestion(word, allowed, names + ".");
 }
 
-/// What other tools call a command of ours.
+/// What other tools call something of ours.
 struct OtherName {
   std::string_view word;
   std::string_view ours;
 };
-constexpr std::array<OtherName, 5> otherNames = {
-    {{"unset", "reset"}, {"delete", "reset"}, {"read", "get"}, {"write", "set"}, {"import", "apply"}}};
+constexpr std::array<OtherName, 7> otherNames = {{{"unset", "reset"},
+                                                  {"delete", "reset"},
+                                                  {"read", "get"},
+                                                  {"write", "set"},
+                                                  {"import", "apply"},
+                                                  {"help", "--help"},
+                                                  {"version", "--version"}}};
 
 std::string commandSuggestion(std::string_view word) {
   const auto* const other = std::ranges::find(otherNames, word, &OtherName::word);
   return other != otherNames.end() ? "; did you mean " + std::string(other->ours) + "?"
-                                   : suggestion(word, namesOf(commands(), &Command::word), "");
+                                   : profile::suggestion(word, namesOf(commands(), &Command::word));
 }
 
 const Option* optionNamed(std::string_view name) {
@@ -102,7 +99,7 @@ class Parser {
     const auto name = word.substr(0, equals);
     const Option* option = optionNamed(name);
     if (option == nullptr || !takes(*result_.command, option->name)) {
-      return refuseOption("--" + std::string(name), name);
+      return refuseOption("--" + std::string(name));
     }
     if (equals == std::string_view::npos) {
       return takeOption(*option);
@@ -117,7 +114,7 @@ class Parser {
     for (const char letter : letters) {
       const Option* option = optionWith(letter);
       if (option == nullptr || !takes(*result_.command, option->name)) {
-        return refuseOption(std::string("-") + letter, "");
+        return refuseOption(std::string("-") + letter);
       }
       takeOption(*option);
     }
@@ -163,15 +160,15 @@ class Parser {
     }
   }
 
-  void refuseOption(const std::string& typed, std::string_view name) {
-    std::vector<std::string_view> known;
+  void refuseOption(const std::string& typed) {
+    std::vector<std::string> known;
     for (const Option& option : options) {
       if (takes(*result_.command, option.name)) {
-        known.push_back(option.longName);
+        known.push_back("--" + std::string(option.longName));
       }
     }
     refuse(inQuotes(typed) + " is not an option of " + std::string(result_.command->word) +
-           suggestion(name, known, "--"));
+           profile::suggestion(typed, std::vector<std::string_view>(known.begin(), known.end())));
   }
 
   void refuse(const std::string& reason) { failure_ = Failure{reason + "\n" + usageLine(program_, *result_.command)}; }

@@ -43,9 +43,7 @@ std::string typeName(const toml::node& node) {
 std::string unknownKey(std::string_view key) {
   std::array<std::string_view, settings.size()> keys;
   std::ranges::transform(settings, keys.begin(), &Setting::key);
-  const std::string_view meant = closest(key, keys);
-  return inQuotes(key) + " is not a setting that is known" +
-         (meant.empty() ? "" : "; did you mean " + std::string(meant) + "?");
+  return inQuotes(key) + " is not a setting that is known" + suggestion(key, keys, "");
 }
 
 /// What is wrong with a value's type.

@@ -44,4 +44,10 @@ std::string_view closest(std::string_view word, std::span<const std::string_view
   return best;
 }
 
+std::string suggestion(std::string_view word, std::span<const std::string_view> candidates,
+                       std::string_view otherwise) {
+  const auto meant = closest(word, candidates);
+  return meant.empty() ? std::string(otherwise) : "; did you mean " + std::string(meant) + "?";
+}
+
 }  // namespace tarnwell::profile

@@ -63,6 +63,8 @@ TEST(Arguments, refusesWhatTheCommandDoesNotTake) {
   EXPECT_EQ(complaint({"completion", "tcsh-6"}), "\"tcsh-6\" is not known to completion; it takes bash, zsh, fish.");
   EXPECT_EQ(complaint({"unset"}), "\"unset\" is not a command; did you mean reset?");
   EXPECT_EQ(complaint({"delete"}), "\"delete\" is not a command; did you mean reset?");
+  EXPECT_EQ(complaint({"help"}), "\"help\" is not a command; did you mean --help?");
+  EXPECT_EQ(complaint({"version"}), "\"version\" is not a command; did you mean --version?");
   EXPECT_EQ(complaint({"completion", "bsh"}), "\"bsh\" is not known to completion; did you mean bash?");
   EXPECT_EQ(complaint({"get"}), "There is a word missing behind get.");
   EXPECT_EQ(complaint({"get", "a", "b"}), "\"b\" is one word too many.");
