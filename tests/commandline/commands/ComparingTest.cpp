@@ -104,6 +104,26 @@ TEST_F(Comparing, whatTheSystemDoesNotKnowIsLeftAlone) {
   EXPECT_EQ(outcome.output, "mineffect: not set -> suck\n");
   EXPECT_EQ(outcome.errors, "tarnwell: single-app has no effect from macOS 15 on; left alone\n");
   EXPECT_EQ(front.stored("single-app"), "");
+  EXPECT_EQ(front.starts(), 2);
+  EXPECT_EQ(front.run({"apply", front.file("single.toml")}, {"MACOS_VERSION=15"}).errors,
+            outcome.errors + "tarnwell: nothing to change; Dock not touched\n");
+  EXPECT_EQ(front.starts(), 2);
+}
+
+TEST_F(Comparing, aValueOfNoUseIsReplacedByApply) {
+  front.defaults({"write", "com.apple.dock", "autohide-delay", "-string", "yes"});
+  front.defaults({"write", "com.apple.dock", "scroll-to-open", "-array", "a"});
+  front.defaults({"write", "com.apple.dock", "showhidden", "-dict", "a", "b"});
+  const Outcome outcome = front.run({"apply", quick});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output,
+            "autohide-delay: not a number -> 0.15\nscroll-to-open: neither true nor false -> true\n"
+            "showhidden: neither true nor false -> not set\n");
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(front.stored("autohide-delay"), "float 0.15");
+  EXPECT_EQ(front.stored("scroll-to-open"), "boolean 1");
+  EXPECT_EQ(front.stored("showhidden"), "");
+  EXPECT_EQ(front.starts(), 2);
 }
 
 }  // namespace
