@@ -122,6 +122,20 @@ TEST(SupervisorTest, aDockThatFailsAtOnceIsStartedMoreAndMoreSlowly) {
   EXPECT_LT(std::chrono::steady_clock::now() - end, std::chrono::milliseconds(1500));
 }
 
+// The shell is started with the signal blocked, and never lets it through.
+TEST(SupervisorTest, aDockThatDoesNotEndHasTwoSecondsToDoSo) {
+  const MacSystem system;
+  const std::string log = (system.folder() / "starts").string();
+  const std::string path = supervisorWithDock(system, "echo $$ >" + log + "; exec sleep 600");
+  Process supervisor({path}, system.environment());
+  EXPECT_TRUE(waitFor([&] { return fileContent(log).ends_with('\n'); }));
+  const auto begin = std::chrono::steady_clock::now();
+  supervisor.send(SIGTERM);
+  EXPECT_EQ(supervisor.wait().status, 0);
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+  EXPECT_FALSE(isRunning(std::stoi(fileContent(log))));
+}
+
 TEST(SupervisorTest, aMissingDockIsReported) {
   const MacSystem system;
   const std::string path = supervisorWithDock(system, "");

@@ -115,6 +115,28 @@ TEST(PictureTest, aLineMixesTheFourPixelsAroundEachPlace) {
   EXPECT_EQ(line[3], 0U);
 }
 
+// Between the middles of four pixels, of which some are blue.
+double blueShareBetween(const std::array<bool, 4>& areBlue) {
+  Pixels pixels = filled(4, 4, red);
+  for (int i = 0; i < 4; ++i) {
+    pixels.row(1 + i / 2)[1 + i % 2] = areBlue.at(static_cast<std::size_t>(i)) ? blue : red;
+  }
+  return (colorAt(Picture(std::move(pixels)), 2, 2, 0) & 255U) / 255.0;
+}
+
+TEST(PictureTest, aPlaceBetweenFourPixelsHasAQuarterOfEach) {
+  constexpr double rounding = 0.01;
+  for (int odd = 0; odd < 4; ++odd) {
+    std::array<bool, 4> areBlue{};
+    areBlue.at(static_cast<std::size_t>(odd)) = true;
+    EXPECT_NEAR(blueShareBetween(areBlue), 0.25, rounding) << odd;
+  }
+  EXPECT_NEAR(blueShareBetween({true, true, false, false}), 0.5, rounding);
+  EXPECT_NEAR(blueShareBetween({true, false, true, false}), 0.5, rounding);
+  EXPECT_NEAR(blueShareBetween({true, false, false, true}), 0.5, rounding);
+  EXPECT_EQ(blueShareBetween({true, true, true, true}), 1);
+}
+
 TEST(PictureTest, blendingCoversAsMuchAsTheUpperColourIsOpaque) {
   EXPECT_EQ(blended(red, blue), red);
   EXPECT_EQ(blended(0, blue), blue);

@@ -70,6 +70,18 @@ TEST(ShelfLayoutTest, iconsShrinkWhereThereIsNoRoom) {
   EXPECT_LE(layout.ends(none).right, 640);
 }
 
+TEST(ShelfLayoutTest, iconsAreAsLargeAsThereIsRoomFor) {
+  // Six points beside the shelf, seven within its ends, a separator of 17 and eight between icons.
+  const double full = 2 * 6 + 2 * 7 + 17 + 10 * (40 + 8);
+  std::vector<SlotKind> slots(10, icon);
+  slots.push_back(separator);
+  EXPECT_EQ(ShelfLayout(slots, full).iconSize(), 40);
+  EXPECT_EQ(ShelfLayout(slots, full - 1).iconSize(), 39);
+  EXPECT_EQ(ShelfLayout(slots, full).ends(none).left, 6);
+  EXPECT_EQ(ShelfLayout(slots, full).ends(none).right, full - 6);
+  EXPECT_EQ(ShelfLayout(slots, 100).iconSize(), 16) << "smaller ones are none";
+}
+
 TEST(ShelfLayoutTest, aSeparatorAndThePlaceBesideTheShelfAreNoSlot) {
   const ShelfLayout layout({icon, separator, icon}, 1000);
   const auto slots = layout.placed(none);

@@ -36,6 +36,24 @@ TEST(SpreadLayoutTest, keepsTheShapeAndEnlargesNothing) {
   EXPECT_EQ(spreadOut({Rectangle{0, 0, 100, 80}}, area)[0], (Rectangle{550, 310, 100, 80}));
 }
 
+TEST(SpreadLayoutTest, theLastRowIsSharedByThoseThatAreLeft) {
+  const auto places = spreadOut(std::vector(3, Rectangle{0, 0, 100, 80}), area);
+  EXPECT_EQ(places[0], (Rectangle{250, 135, 100, 80}));
+  EXPECT_EQ(places[1], (Rectangle{850, 135, 100, 80}));
+  EXPECT_EQ(places[2], (Rectangle{550, 485, 100, 80}));
+}
+
+TEST(SpreadLayoutTest, thirtySixPointsStayFreeBetweenWindowsThatFillTheirPlaces) {
+  EXPECT_EQ(spreadOut({Rectangle{0, 0, 2400, 700}}, area)[0], (Rectangle{18, 180, 1164, 339.5}));
+  const auto places = spreadOut(std::vector(2, Rectangle{0, 0, 1200, 100}), area);
+  EXPECT_EQ(places[1].x - places[0].right(), 36);
+}
+
+TEST(SpreadLayoutTest, aWindowWithoutRoomIsAPointWide) {
+  const auto places = spreadOut({Rectangle{0, 0, 100, 80}}, {0, 0, 30, 30});
+  EXPECT_EQ(places[0].width, 1);
+}
+
 TEST(SpreadLayoutTest, nothingSpreadsToNothing) { EXPECT_TRUE(spreadOut({}, area).empty()); }
 
 }  // namespace
