@@ -63,6 +63,9 @@ inline const std::vector<WrittenNumber> americanNumbersWritten = {
     {0.1, 17, "0.1"},
     {1e21, 2, "1,000,000,000,000,000,000,000"},
     {0.7, -1, "1"},
+    {std::numeric_limits<double>::quiet_NaN(), 2, "NaN"},
+    {std::numeric_limits<double>::infinity(), 2, "\u221E"},
+    {-std::numeric_limits<double>::infinity(), 2, "-\u221E"},
 };
 
 inline const std::vector<ReadNumber> americanNumbersTaken = {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdlib>
 #include <set>
 #include <sstream>
@@ -47,6 +50,14 @@ TEST(StartProgramTest, aProgramGetsTheEnvironmentAsItWasBeforeWeChangedIt) {
   EXPECT_TRUE(lines.contains("PATH=/usr/bin:/bin"));
   EXPECT_TRUE(lines.contains("SOMETHING=of the user's"));
   EXPECT_FALSE(lines.contains("OURS=1"));
+}
+
+TEST(StartProgramTest, aProgramOutlivesTheSessionOfItsStarter) {
+  auto started = startProgram({"sleep", "600"});
+  ASSERT_TRUE(started);
+  EXPECT_EQ(::getsid(started->number()), started->number());
+  started->send(SIGKILL);
+  started->wait();
 }
 
 // It was given for our windows. A browser that uses it would take it from them, or be refused.
