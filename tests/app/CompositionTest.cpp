@@ -19,5 +19,15 @@ TEST(CompositionTest, runsTheApplicationOnAPlatformThatIsHandedToIt) {
   EXPECT_FALSE(kit::Application::isThere());
 }
 
+TEST(CompositionTest, theSettingsOpenWhenTheApplicationIsOpenedAgain) {
+  const fixtures::StandardOutputCapture output;
+  HeadlessApplication application;
+  application.start();
+  application.settingsWindow()->close();
+  ASSERT_FALSE(application.settingsAreOpen());
+  application.application().reopen();
+  EXPECT_TRUE(application.settingsAreOpen());
+}
+
 }  // namespace
 }  // namespace tarnwell::app

@@ -21,6 +21,7 @@ class FakeUserDriver final : public UserDriver {
   }
   void showFound(const release::FeedItem& item, Origin origin, std::function<void(Choice)> answer) override {
     show("found " + item.shownVersion + wish(origin));
+    notes = item.readNotes;
     choice_ = std::move(answer);
   }
   void showDownloading(const release::FeedItem& item, kit::Action cancel) override {
@@ -75,6 +76,8 @@ class FakeUserDriver final : public UserDriver {
   std::vector<std::string> openedPages = {};
   std::vector<std::string> journal = {};
   std::string progress = {};
+  /// Of what was found last.
+  release::ReleaseNotes notes = {};
 
  private:
   static std::string wish(Origin origin) { return origin == Origin::user ? " as asked" : " unasked"; }

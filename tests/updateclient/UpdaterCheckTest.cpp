@@ -78,6 +78,28 @@ TEST(UpdaterCheck, showsThatItVerifies) {
   EXPECT_EQ(stage.driver.screen, "ready 2.0 as asked");
 }
 
+TEST(UpdaterCheck, readsTheNotesBeforeItOffersTheUpdate) {
+  UpdaterStage stage;
+  stage.engine.isHeld = true;
+  stage.launch();
+  stage.ask(feedOf(stage.item("2.0", "<description>&lt;b&gt;New&lt;/b&gt;</description>")));
+  EXPECT_EQ(stage.driver.screen, "checking");
+  stage.engine.work();
+  EXPECT_EQ(stage.driver.screen, "found 2.0 as asked");
+  ASSERT_EQ(stage.driver.notes.size(), 1U);
+  EXPECT_EQ(stage.driver.notes[0].runs.at(0).text, "New");
+  EXPECT_TRUE(stage.holdsNoPackage());
+}
+
+TEST(UpdaterCheck, offersAnUpdateWhoseNotesCannotBeKept) {
+  UpdaterStage stage;
+  stage.sandbox.write("packages", "no folder");
+  stage.launch();
+  stage.ask(feedOf(stage.item("2.0", "<description>New</description>")));
+  EXPECT_EQ(stage.driver.screen, "found 2.0 as asked");
+  EXPECT_TRUE(stage.driver.notes.empty());
+}
+
 TEST(UpdaterCheck, saysWhenThereIsNothingNewer) {
   UpdaterStage stage;
   stage.launch();
