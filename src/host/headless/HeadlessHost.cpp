@@ -25,10 +25,10 @@ namespace tarnwell::host_headless {
 namespace {
 
 struct FontMetrics {
-  double characterWidth = 0;
-  double lineHeight = 0;
-  double baseline = 0;
-  double capHeight = 0;
+  double characterWidth;
+  double lineHeight;
+  double baseline;
+  double capHeight;
 };
 
 FontMetrics metricsOf(kit::FontRole font) {

@@ -44,12 +44,9 @@ void increment(std::string& digits) {
   digits.insert(digits.begin(), '1');
 }
 
+// The shortest digits end in none that is zero.
 bool roundsUp(std::string_view kept, std::string_view dropped) {
-  if (dropped.empty() || dropped.front() != '5') {
-    return !dropped.empty() && dropped.front() > '5';
-  }
-  const bool isHalf = dropped.find_first_not_of('0', 1) == std::string_view::npos;
-  return !isHalf || (kept.back() - '0') % 2 != 0;
+  return dropped > "5" || (dropped == "5" && (kept.back() - '0') % 2 != 0);
 }
 
 Digits rounded(const Digits& digits, std::size_t fractionDigits) {

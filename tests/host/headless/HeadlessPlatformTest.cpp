@@ -5,8 +5,10 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "kit/application/Application.h"
+#include "kit/control/Window.h"
 
 namespace tarnwell::host_headless {
 namespace {
@@ -32,6 +34,75 @@ TEST(HeadlessPlatformTest, hearsOfADescriptorUntilItsWatchEnds) {
   EXPECT_EQ(heard, "one");
   ::close(ends[0]);
   ::close(ends[1]);
+}
+
+TEST(HeadlessPlatformTest, theWindowThatCameLastHasTheKeyboardUntilItGoes) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  kit::Window first("first", "");
+  kit::Window second("second", "");
+  kit::Window quiet("quiet", "");
+  quiet.setTakesKeyboard(false);
+  for (kit::Window* window : {&first, &second, &quiet}) {
+    window->attach(platform.host().peer(*window));
+  }
+  const auto key = [&] { return application->windows().keyWindow(); };
+  first.setVisible(true);
+  EXPECT_EQ(key(), &first);
+  second.setVisible(true);
+  quiet.setVisible(true);
+  quiet.peer()->orderFront();
+  EXPECT_EQ(key(), &second);
+  first.peer()->orderFront();
+  EXPECT_EQ(key(), &first);
+  first.peer()->miniaturize();
+  EXPECT_EQ(key(), &second);
+  second.setVisible(false);
+  EXPECT_EQ(key(), nullptr);
+  platform.traits().isInBackground = true;
+  second.setVisible(true);
+  EXPECT_EQ(key(), nullptr);
+}
+
+TEST(HeadlessPlatformTest, notesWhatItIsAsked) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  platform.activateIgnoringOtherApps();
+  platform.startAgainAtEnd();
+  platform.openUrl("https://example.org");
+  platform.showMainMenu(*application);
+  platform.orderFrontStandardAboutPanel(*application);
+  platform.makeUpdaterController(*application, {.startingUpdater = true});
+  platform.makeUpdaterController(*application, {.startingUpdater = false});
+  platform.terminate(*application);
+  EXPECT_EQ(platform.journal().lines(),
+            (std::vector<std::string>{"activate", "startAgainAtEnd", "open https://example.org", "main menu shown",
+                                      "about panel", "updater controller made", "updater controller made, not started",
+                                      "terminate"}));
+}
+
+TEST(OpenMenuTest, anEntryThatIsNotThereIsAFault) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  kit::Menu menu;
+  menu.addItem(kit::MenuItem::create("Open", "open:", ""));
+  OpenMenu open(*application, menu);
+  open.choose("Open");
+  EXPECT_DEATH(open.choose("Close"), "no entry \"Close\" in the open menu");
+}
+
+TEST(HeadlessHostTest, smallerFontsAreSmallerInEveryMeasure) {
+  using enum kit::FontRole;
+  const HeadlessHost host;
+  constexpr std::array fonts = {caption, subheadline, body, headline, title};
+  for (std::size_t i = 1; i < fonts.size(); ++i) {
+    const kit::Measurement smaller = host.measureText("text", fonts.at(i - 1), std::nullopt);
+    const kit::Measurement larger = host.measureText("text", fonts.at(i), std::nullopt);
+    EXPECT_LT(smaller.size.width, larger.size.width);
+    EXPECT_LT(smaller.size.height, larger.size.height);
+    EXPECT_LT(smaller.firstBaseline, larger.firstBaseline);
+    EXPECT_LT(host.capHeight(fonts.at(i - 1)), host.capHeight(fonts.at(i)));
+  }
 }
 
 }  // namespace
