@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <stdexcept>
 
 #include "fixtures/ExpectDump.h"
 #include "host/headless/HeadlessPlatform.h"
 #include "kit/application/Application.h"
+#include "kit/controls/buttons/Button.h"
 #include "kit/controls/text/RichText.h"
 #include "updatewindows/UpdateWindows.h"
 #include "view/Dump.h"
@@ -28,13 +30,15 @@ class UpdatePagesTest : public testing::Test {
     windows.showFound(item, UserDriver::Origin::user, [](UserDriver::Choice) {});
   }
 
-  const kit::StyledText& notes() {
-    for (kit::Control* control : windows.panel().window().controls()) {
-      if (const auto* text = dynamic_cast<kit::RichText*>(control)) {
-        return text->text();
+  /// The first of that kind.
+  template <class C>
+  static C& control(UpdateWindows& of) {
+    for (kit::Control* control : of.panel().window().controls()) {
+      if (auto* found = dynamic_cast<C*>(control)) {
+        return *found;
       }
     }
-    throw std::out_of_range("there are no notes");
+    throw std::out_of_range("there is none of that kind");
   }
 
   host_headless::HeadlessPlatform platform{{.name = "Tarnwell"}};
@@ -62,6 +66,8 @@ TEST_F(UpdatePagesTest, eachReadsAsDesigned) {
   windows.showVerifying(item, {});
   windows.showProgress(1'000'000, 4'000'000);
   add("Verifying, of which no progress is known");
+  windows.showReady(item, UserDriver::Origin::user, [](UserDriver::Choice) {});
+  add("Ready");
   windows.showFailure("It went wrong.", {}, [] {});
   add("Failure");
   fixtures::expectDump("updatewindows/UpdatePages.dump", pictures);
@@ -79,14 +85,35 @@ TEST_F(UpdatePagesTest, notesKeepTheirMarks) {
                               {.text = "l", .link = "https://updates.invalid/"}}}};
   showFound();
   using Shown = kit::StyledText::Paragraph;
-  EXPECT_EQ(notes(), (kit::StyledText{{{.style = Shown::Style::heading, .level = 2, .runs = {{.text = "New"}}},
-                                       {.style = Shown::Style::item,
-                                        .level = 1,
-                                        .number = 3,
-                                        .runs = {{.text = "b", .isBold = true},
-                                                 {.text = "i", .isItalic = true},
-                                                 {.text = "c", .isCode = true},
-                                                 {.text = "l", .link = "https://updates.invalid/"}}}}}));
+  EXPECT_EQ(control<kit::RichText>(windows).text(),
+            (kit::StyledText{{{.style = Shown::Style::heading, .level = 2, .runs = {{.text = "New"}}},
+                              {.style = Shown::Style::item,
+                               .level = 1,
+                               .number = 3,
+                               .runs = {{.text = "b", .isBold = true},
+                                        {.text = "i", .isItalic = true},
+                                        {.text = "c", .isCode = true},
+                                        {.text = "l", .link = "https://updates.invalid/"}}}}}));
+}
+
+TEST_F(UpdatePagesTest, anAnswerToWhatIsGoneIsNone) {
+  int answers = 0;
+  const kit::Action answer = [&answers] { ++answers; };
+  windows.showChecking(answer);
+  windows.dismiss();
+  control<kit::Button>(windows).click();
+  EXPECT_EQ(answers, 0);
+
+  auto others = std::make_unique<UpdateWindows>(*application, "1.0");
+  others->showChecking(answer);
+  application->turn().perform([&] {
+    kit::Window& window = others->panel().window();
+    auto& cancel = control<kit::Button>(*others);
+    others.reset();
+    EXPECT_FALSE(window.isVisible());
+    cancel.click();
+  });
+  EXPECT_EQ(answers, 0);
 }
 
 }  // namespace

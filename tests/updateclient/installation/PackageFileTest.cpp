@@ -144,6 +144,16 @@ TEST_F(PackageFileTest, whatLiesThereIsRemovedWhenItIsOldEnough) {
   EXPECT_EQ(sandbox.read("kept"), "content");
 }
 
+TEST_F(PackageFileTest, whatIsAsOldAsThatIsNotOldEnough) {
+  const PackageFile package = create();
+  sandbox.write("cache/tarnwell/updates/package.deb", "package");
+  const auto written = std::chrono::file_clock::to_sys(fs::last_write_time(folder / "package.deb"));
+  removePackages(folder, std::chrono::time_point_cast<std::chrono::system_clock::duration>(written));
+  EXPECT_TRUE(fs::exists(folder / "package.deb"));
+  removePackages(folder, written + std::chrono::nanoseconds(1));
+  EXPECT_TRUE(fs::is_empty(folder));
+}
+
 TEST_F(PackageFileTest, nothingIsRemovedThroughALink) {
   fs::create_directories(sandbox / "documents");
   sandbox.write("documents/letter", "content");
