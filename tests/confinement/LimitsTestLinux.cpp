@@ -1,13 +1,16 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/capability.h>
 #include <seccomp.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <functional>
@@ -49,6 +52,12 @@ bool refuseLimit(int resource) {
   return isRefused;
 }
 
+void giveUpCapabilities() {
+  __user_cap_header_struct header = {.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};
+  const std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none = {};
+  EXPECT_EQ(::syscall(SYS_capset, &header, none.data()), 0);
+}
+
 bool isLimited(decltype(RLIMIT_CPU) resource, rlim_t most) {
   rlimit limit = {};
   return ::getrlimit(resource, &limit) == 0 && limit.rlim_cur == most && limit.rlim_max == most;
@@ -72,8 +81,10 @@ TEST(TimeLimit, isPartOfAllThatIsGivenUp) {
   EXPECT_EQ(WTERMSIG(status), SIGKILL);
 }
 
+// What a superuser may anyway, any other user may only after giving up new privileges.
 TEST(Limits, allThatIsToBeGivenUpIsGivenUp) {
   const int status = endOf([] {
+    giveUpCapabilities();
     const auto missing = keepOnly({.memory = 1ULL << 32U, .fileSize = 1000, .seconds = 60, .time = 1min});
     EXPECT_TRUE(missing.empty()) << missing.front();
     EXPECT_EQ(::prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0), 1);
