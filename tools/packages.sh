@@ -32,6 +32,7 @@ packages_for() {
     faults) echo python3 strace ;;
     mutations) echo bubblewrap git python3 ;;
     soak) echo git valgrind ;;
+    coverage) echo llvm-19 python3 ;;
     gates) echo dbus-daemon git libbenchmark-dev libxcb-damage0-dev python3 valgrind xauth xvfb ;;
     # The tools that exports are for, and those that judge what is written for them.
     handover) echo ansible ansible-lint bash dash jq libplist-utils libxml2-utils nix-bin python3 shellcheck yamllint zsh ;;
@@ -55,6 +56,7 @@ commands_for() {
     faults) echo python3 strace ;;
     mutations) echo bwrap git python3 ;;
     soak) echo git valgrind ;;
+    coverage) echo llvm-cov-19 llvm-profdata-19 python3 ;;
     gates) echo dbus-run-session git python3 valgrind xvfb-run ;;
     handover) echo ansible-playbook ansible-lint bash dash jq plistutil xmllint nix-instantiate python3 shellcheck yamllint zsh ;;
     desktop) echo sway swaymsg weston wtype ;;
