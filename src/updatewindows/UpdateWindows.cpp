@@ -154,10 +154,7 @@ void UpdateWindows::showFailure(const std::string& reason, kit::Action acknowled
 
 void UpdateWindows::openPage(const std::string& address) { application_.platform().openUrl(address); }
 
-void UpdateWindows::dismiss() {
-  isDownloading_ = false;
-  window_->dismiss();
-}
+void UpdateWindows::dismiss() { window_->dismiss(); }
 
 void UpdateWindows::restart() {
   application_.platform().startAgainAtEnd();
