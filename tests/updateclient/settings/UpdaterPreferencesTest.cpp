@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -204,6 +205,31 @@ TEST(UpdaterPreferences, doNotWaitForWhoDoesNotLetGo) {
   EXPECT_EQ(result.error().message,
             "cannot write " + setting.file.string() + ": another program does not let go of it");
   EXPECT_EQ(setting.preferences.skippedVersion(), "1.0");
+}
+
+/// One that has the lock for as long as the reader has not yet seen the damage. A second is all that the reader waits.
+bool isReadWhenMendedMeanwhile() {
+  const Setting setting;
+  setting.write("damaged");
+  const system::Descriptor lock(
+      ::open((setting.sandbox / ".updates.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+  const system::Descriptor looks(::inotify_init1(IN_CLOEXEC));
+  EXPECT_EQ(::flock(lock.number(), LOCK_EX), 0);
+  EXPECT_GE(::inotify_add_watch(looks.number(), setting.file.c_str(), IN_CLOSE_NOWRITE), 0);
+  const pid_t reader = ::fork();
+  if (reader == 0) {
+    ::_exit(setting.preferences.automaticChecks() == true ? 0 : 1);
+  }
+  EXPECT_TRUE(looks.readPart());
+  setting.write("automatic-checks yes\n");
+  EXPECT_EQ(::flock(lock.number(), LOCK_UN), 0);
+  int status = -1;
+  EXPECT_EQ(::waitpid(reader, &status, 0), reader);
+  return status == 0 && !setting.sandbox.holds("updates.damaged-1");
+}
+
+TEST(UpdaterPreferences, readWhatAnotherProcessHasMendedMeanwhile) {
+  EXPECT_TRUE(fixtures::waitFor(&isReadWhenMendedMeanwhile));
 }
 
 /// Two processes write a key each, again and again, and look after each write whether all of theirs are still there. A

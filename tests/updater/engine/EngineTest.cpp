@@ -9,6 +9,7 @@
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
 #include "system/processes/Pipe.h"
+#include "updater/signature/SigningKey.h"
 
 namespace tarnwell::updater {
 namespace {
@@ -51,11 +52,12 @@ TEST_F(EngineTest, doesTheJobThatItsFirstWordNames) {
   EXPECT_EQ(complained, "");
 }
 
-TEST_F(EngineTest, aJobThatFailsIsSaidWithItsReason) {
-  EXPECT_EQ(statusOf({"fetch-feed", "https://updates.invalid/feed", "Tarnwell/1", "30", "AAAA"}), EXIT_FAILURE);
+TEST_F(EngineTest, aJobIsToldTheOtherWordsAndItsFailureIsSaid) {
+  const std::string key = SigningKey().publicText();
+  EXPECT_EQ(statusOf({"fetch-feed", "http://updates.invalid/feed", "Tarnwell/1", "30", key}), EXIT_FAILURE);
   EXPECT_EQ(said,
-            "engine 1\nfailed This build of Tarnwell cannot verify a newer version: the key is not 32 bytes in "
-            "base64.\n");
+            "engine 1\nfailed The address http://updates.invalid/feed is not secure. Updates are fetched over HTTPS "
+            "only.\n");
 }
 
 TEST_F(EngineTest, withOtherWordsItDoesNothingButSaySo) {
