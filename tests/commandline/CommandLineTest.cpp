@@ -76,6 +76,8 @@ TEST(CommandLine, suggestsAnOption) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.errors,
             "tarnwell: \"--josn\" is not an option of list; did you mean --json?\nusage: tarnwell list [--json]\n");
+  EXPECT_EQ(front.run({"set", "mineffect=suck", "--dryrun"}).status, 2);
+  EXPECT_EQ(front.stored("mineffect"), "");
   EXPECT_EQ(front.starts(), 1);
 }
 

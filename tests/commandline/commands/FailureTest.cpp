@@ -104,7 +104,7 @@ void expectToolToEndWith(const Front& front, const Words& words, int signal) {
 }
 
 TEST(Failure, aToolThatHangsEndsWithTheFront) {
-  for (const int signal : {SIGINT, SIGKILL}) {
+  for (const int signal : {SIGINT, SIGTERM, SIGKILL}) {
     Front front;
     front.replaceTool("defaults", hang);
     expectToolToEndWith(front, {"list"}, signal);
