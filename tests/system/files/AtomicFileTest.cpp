@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <future>
 #include <string>
+#include <vector>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -67,6 +69,27 @@ TEST(AtomicFileTest, takesANameThatALinkHas) {
   EXPECT_TRUE(file.write("bytes"));
   EXPECT_TRUE(file.commit());
   EXPECT_EQ(sandbox.read("list"), "bytes");
+}
+
+// Each waits for those before it, and may find that another one was quicker then.
+TEST(AtomicFileTest, severalThatWriteAtOnceAllGetThrough) {
+  const fixtures::Sandbox sandbox;
+  std::vector<std::future<bool>> writers;
+  for (int writer = 0; writer < 6; ++writer) {
+    writers.push_back(std::async(std::launch::async, [&sandbox] {
+      bool areDone = true;
+      for (int count = 0; count < 60; ++count) {
+        AtomicFile file(sandbox / "list", 0600);
+        areDone = areDone && file.write("bytes") && file.place();
+      }
+      return areDone;
+    }));
+  }
+  for (auto& writer : writers) {
+    EXPECT_TRUE(writer.get());
+  }
+  EXPECT_EQ(sandbox.read("list"), "bytes");
+  EXPECT_FALSE(sandbox.holds(passingName));
 }
 
 TEST(AtomicFileTest, isNotPlacedWhenItsNameWasTakenAway) {

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 
-#include <array>
 #include <cerrno>
-#include <cstddef>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -13,22 +11,25 @@
 namespace tarnwell::system {
 namespace {
 
-/// From now on this process is on a disk that keeps nothing.
-bool refuseSyncs() {
-  std::array<sock_filter, 4> program = {
-      loaded(offsetof(seccomp_data, nr)), BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_fsync, 0, 1),
-      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO), BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
-  return filterCalls(program);
-}
-
 /// Whether it is said that a file which has been written is not safe in its folder.
 bool isFoundUnsafe(const std::filesystem::path& target) {
   return fixtures::exitStatusOf([&target] {
            AtomicFile file(target, 0600);
-           const bool isWritten = file.write("bytes") && refuseSyncs();
+           const bool isWritten = file.write("bytes") && refuse(__NR_fsync);
            const auto committed = file.commit();
            return isWritten && !committed && committed.error().error == EIO ? 0 : 1;
          }) == 0;
+}
+
+TEST(AtomicFileTest, whatCannotBeReadBackIsNotWritten) {
+  const fixtures::Sandbox sandbox;
+  EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
+              AtomicFile file(sandbox / "list", 0600);
+              const bool isRefused = refuse(__NR_read);
+              const auto written = file.write("bytes");
+              return isRefused && !written && written.error().message.starts_with("cannot read back ") ? 0 : 1;
+            }),
+            0);
 }
 
 TEST(AtomicFileTest, whatWasThereComesBackWhereTheNewFileIsNotSafe) {

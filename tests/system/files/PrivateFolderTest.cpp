@@ -76,12 +76,14 @@ TEST(PrivateFolder, belongsToTheUser) {
 TEST(PrivateFolder, isBelowNoFolderThatOthersCanChange) {
   const fixtures::Sandbox sandbox;
   const fs::path above = sandbox / "above";
-  fs::create_directories(above / "a");
+  fs::create_directories(above / "a/b");
   const std::string refusal = "other users can change the folder " + above.string();
   const std::vector<std::pair<int, std::string>> rows = {{0700, ""}, {0770, ""}, {0777, refusal}, {01777, ""}};
   for (const auto& [mode, expected] : rows) {
     fs::permissions(above, fs::perms(mode));
-    EXPECT_EQ(refusalOf(PrivateFolder::open(above / "a")), expected) << std::oct << mode;
+    for (const fs::path& folder : {above / "a", above / "a/b"}) {
+      EXPECT_EQ(refusalOf(PrivateFolder::open(folder)), expected) << folder << std::oct << mode;
+    }
   }
 }
 

@@ -1,6 +1,8 @@
 #include "system/processes/CheckedRun.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
 #include <csignal>
 
 #include "fixtures/Processes.h"
@@ -75,6 +77,21 @@ TEST(CheckedRunTest, leavesNothingBehind) {
   run("sleep 600", 10ms);
   EXPECT_EQ(fixtures::openDescriptorCount(), before);
   EXPECT_FALSE(fixtures::hasChildren());
+}
+
+TEST(CheckedRunTest, endsWithItsStarter) {
+  Pipe held = Pipe::create();
+  const pid_t starter = ::fork();
+  if (starter == 0) {
+    (void)runChecked({.words = {"sh", "-c", "echo begun >&3; exec sleep 600"}, .extra = held.writeEnd.number()},
+                     patience);
+    ::_exit(0);
+  }
+  held.writeEnd.close();
+  EXPECT_EQ(held.readEnd.readPart(), "begun\n");
+  Process(starter).send(SIGKILL);
+  EXPECT_EQ(held.readEnd.readAll(), "");
+  Process(starter).wait();
 }
 
 TEST(CheckedRunTest, saysWhyItDidNotStart) {
