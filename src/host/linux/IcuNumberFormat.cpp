@@ -51,14 +51,14 @@ void addNativeZero(const icu::Locale& locale, kit::NumberSymbols& symbols) {
 }
 
 kit::NumberSymbols symbolsOf(const icu::Locale& locale) {
-  kit::NumberSymbols symbols;
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
   const auto* decimal = dynamic_cast<const icu::DecimalFormat*>(format.get());
   if (U_FAILURE(status) || decimal == nullptr) {
-    return symbols;
+    return {};
   }
   const icu::DecimalFormatSymbols& written = *decimal->getDecimalFormatSymbols();
+  kit::NumberSymbols symbols;
   symbols.decimal = characterOf(written, Symbol::kDecimalSeparatorSymbol);
   symbols.grouping = characterOf(written, Symbol::kGroupingSeparatorSymbol);
   symbols.firstGroup = decimal->isGroupingUsed() ? decimal->getGroupingSize() : 0;

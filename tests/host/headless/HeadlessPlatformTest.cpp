@@ -81,6 +81,26 @@ TEST(HeadlessPlatformTest, notesWhatItIsAsked) {
                                       "terminate"}));
 }
 
+TEST(HeadlessPlatformTest, notesWhatWindowsAreTold) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  kit::Window window("main", "");
+  window.setContentSize({.width = 300.4, .height = 200});
+  window.attach(platform.host().peer(window));
+  platform.journal().clear();
+  window.setContentSize({.width = 320.4, .height = 200});
+  window.setVisible(true);
+  window.peer()->orderFront();
+  window.peer()->miniaturize();
+  window.setVisible(false);
+  window.setTakesKeyboard(false);
+  window.setVisible(true);
+  EXPECT_EQ(platform.journal().lines(),
+            (std::vector<std::string>{"window main: 320 x 200", "window main: shown", "window main: in front",
+                                      "window main: miniaturized", "window main: hidden",
+                                      "window main: shown without the keyboard"}));
+}
+
 TEST(OpenMenuTest, anEntryThatIsNotThereIsAFault) {
   HeadlessPlatform platform;
   const auto application = kit::Application::create(platform);
