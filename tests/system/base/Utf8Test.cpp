@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarnwell::system {
@@ -55,6 +57,36 @@ TEST(Utf8Test, malformedBytesAreNot) {
   };
   for (const std::string& text : texts) {
     EXPECT_FALSE(isUtf8(text)) << testing::PrintToString(text);
+  }
+}
+
+TEST(Utf8Test, aCodePointIsWrittenAndReadInItsShortestForm) {
+  const std::vector<std::pair<std::uint32_t, std::string>> rows = {
+      {'a', "a"},
+      {0x7F, "\x7F"},
+      {0x80, "\xC2\x80"},
+      {0x7FF, "\xDF\xBF"},
+      {0x800, "\xE0\xA0\x80"},
+      {0xFFFF, "\xEF\xBF\xBF"},
+      {0x10000, "\xF0\x90\x80\x80"},
+      {0x1F600, "\xF0\x9F\x98\x80"},
+      {0x10FFFF, "\xF4\x8F\xBF\xBF"},
+  };
+  for (const auto& [codePoint, bytes] : rows) {
+    std::string text = "before";
+    appendCodePoint(text, codePoint);
+    EXPECT_EQ(text, "before" + bytes);
+    std::string_view rest = bytes;
+    EXPECT_EQ(takeCodePoint(rest), codePoint);
+    EXPECT_EQ(rest, "");
+  }
+}
+
+TEST(Utf8Test, whatIsNoCodePointIsLeftWhereItIs) {
+  for (std::string_view text : {"", "\xFF", "\xC3"}) {
+    const std::string_view before = text;
+    EXPECT_EQ(takeCodePoint(text), std::nullopt);
+    EXPECT_EQ(text, before);
   }
 }
 
