@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <future>
 #include <string>
-#include <vector>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -74,16 +74,16 @@ TEST(AtomicFileTest, takesANameThatALinkHas) {
 // Each waits for those before it, and may find that another one was quicker then.
 TEST(AtomicFileTest, severalThatWriteAtOnceAllGetThrough) {
   const fixtures::Sandbox sandbox;
-  std::vector<std::future<bool>> writers;
-  for (int writer = 0; writer < 6; ++writer) {
-    writers.push_back(std::async(std::launch::async, [&sandbox] {
+  std::array<std::future<bool>, 6> writers;
+  for (auto& writer : writers) {
+    writer = std::async(std::launch::async, [&sandbox] {
       bool areDone = true;
       for (int count = 0; count < 60; ++count) {
         AtomicFile file(sandbox / "list", 0600);
         areDone = areDone && file.write("bytes") && file.place();
       }
       return areDone;
-    }));
+    });
   }
   for (auto& writer : writers) {
     EXPECT_TRUE(writer.get());
