@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
+
+#include <array>
 #include <csignal>
 #include <fstream>
 
@@ -9,6 +12,7 @@
 #include "standin/MacSystem.h"
 #include "standin/dock/DockBehavior.h"
 #include "standin/dock/DockLog.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -154,6 +158,22 @@ TEST(DockTest, goesByWhatItHasListed) {
   for (const char* text : {"", "autohide-delay", "autohide-delay \n", "autohide-delay x\nmineffect \n"}) {
     EXPECT_EQ(listedBehavior(text), DockBehavior()) << text;
   }
+}
+
+TEST(DockTest, tellsTheUiThatItIsGivenWhatItGoesByAndEndsWithIt) {
+  const MacSystem system;
+  system.runWrites(savedCommands());
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
+  system::Descriptor ui(ends[0]);
+  system::Descriptor given(ends[1]);
+  auto dock = system::Process::start(
+      {.words = {DOCK_PATH, "--ui"}, .environment = system.environment(), .extra = given.number()});
+  ASSERT_TRUE(dock);
+  given.close();
+  EXPECT_EQ(ui.readPart(), listed(savedCommands()));
+  ui.close();
+  EXPECT_EQ(dock->wait().number, 1);
 }
 
 TEST(DockTest, anUnknownEffectIsTheGenie) {

@@ -8,6 +8,8 @@
 
 #include "fixtures/WaitFor.h"
 #include "standin/MacSystem.h"
+#include "system/processes/Pipe.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::standin {
 namespace {
@@ -142,6 +144,19 @@ TEST(SupervisorTest, aMissingDockIsReported) {
   std::filesystem::remove(system.folder() / "Dock");
   const Process supervisor({path}, system.environment());
   EXPECT_TRUE(waitFor([&] { return supervisor.errors().find("cannot start") != std::string::npos; }));
+}
+
+TEST(SupervisorTest, keepsNothingOpenOfItsStarters) {
+  const MacSystem system;
+  system::Pipe pipe = system::Pipe::create();
+  auto supervisor = system::Process::start(
+      {.words = {SUPERVISOR_PATH}, .environment = system.environment(), .extra = pipe.writeEnd.number()});
+  ASSERT_TRUE(supervisor);
+  pipe.writeEnd.close();
+  EXPECT_TRUE(pipe.readEnd.waitUntilReadable(std::chrono::steady_clock::now() + std::chrono::seconds(20)));
+  EXPECT_TRUE(isRunning(waitForDock(system, 1)));
+  supervisor->send(SIGTERM);
+  EXPECT_TRUE(supervisor->wait().isSuccess());
 }
 
 TEST(SupervisorTest, answersItsCommandLine) {

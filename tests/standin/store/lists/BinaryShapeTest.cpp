@@ -42,6 +42,7 @@ TEST(BinaryShapeTest, whatTheLibraryWouldChangeIsRefused) {
       {"integer", {"\x13\0\0\0\0\0\0\0\x01"s}, ""},
       {"integer beyond 64 bits", {"\x14\x01"s + std::string(15, '\0')}, "an integer beyond 64 bits"},
       {"unsigned integer", {"\x14"s + std::string(8, '\0') + std::string(8, '\xFF')}, ""},
+      {"integer of 32 bytes", {"\x15"s + std::string(32, '\0')}, "malformed"},
       {"text", {"Qx"}, ""},
       {"text with NUL", {"\x51\0"s}, "a NUL"},
       {"text with a high byte", {"\x51\xE9"}, "not ASCII"},

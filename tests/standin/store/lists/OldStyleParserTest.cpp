@@ -82,7 +82,9 @@ TEST(OldStyleParserTest, refusesWhatIsNotWhole) {
 
 TEST(OldStyleParserTest, nestingHasALimit) {
   EXPECT_EQ(parseOldStyleText(std::string(100'000, '(')), nullptr);
-  EXPECT_NE(parseOldStyleText(std::string(500, '(') + std::string(500, ')')), nullptr);
+  const auto nested = [](std::size_t depth) { return std::string(depth, '(') + "a" + std::string(depth, ')'); };
+  EXPECT_NE(parseOldStyleText(nested(deepestNesting)), nullptr);
+  EXPECT_EQ(parseOldStyleText(nested(deepestNesting + 1)), nullptr);
 }
 
 TEST(OldStyleParserTest, whatIsPrintedIsUnderstood) {
