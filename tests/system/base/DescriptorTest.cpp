@@ -46,9 +46,10 @@ TEST(DescriptorTest, movingHandsTheNumberOver) {
 TEST(DescriptorTest, closingEmptiesIt) {
   Descriptor descriptor(openSomething());
   const int number = descriptor.number();
-  descriptor.close();
-  descriptor.close();
+  EXPECT_TRUE(descriptor.close());
+  EXPECT_TRUE(descriptor.close());
   EXPECT_FALSE(descriptor);
+  EXPECT_EQ(descriptor.number(), -1);
   EXPECT_FALSE(isOpen(number));
   EXPECT_FALSE(Descriptor());
 }
