@@ -98,15 +98,11 @@ system::Result<void> checkItem(const release::FeedItem& item, const Package& pac
   if (auto checked = checkVersionOf(package, item.version); !checked) {
     return checked;
   }
-  const auto publicKey = updater::PublicKey::parse(key.publicText());
-  if (!publicKey) {
-    return publicKey.error();
-  }
   const auto claim = updater::PackageClaim::create(item);
   if (!claim) {
     return claim.error();
   }
-  const auto held = claim->hold(*publicKey, package.descriptor());
+  const auto held = claim->hold(*updater::PublicKey::parse(key.publicText()), package.descriptor());
   return held ? system::Result<void>() : held.error();
 }
 
