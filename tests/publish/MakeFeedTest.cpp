@@ -119,6 +119,9 @@ TEST(MakeFeed, takesNoKeyThatOthersCanReadOrThatIsNone) {
   EXPECT_TRUE(contains(publisher.add("2.0").output, "is not a private key"));
   std::filesystem::remove(publisher.sandbox / "private");
   EXPECT_TRUE(contains(publisher.add("2.0").output, "No such file"));
+  std::filesystem::create_directory(publisher.sandbox / "private");
+  std::filesystem::permissions(publisher.sandbox / "private", std::filesystem::perms(0700));
+  EXPECT_TRUE(contains(publisher.add("2.0").output, "is not a private key"));
   EXPECT_FALSE(publisher.sandbox.holds("feed.xml"));
 }
 
