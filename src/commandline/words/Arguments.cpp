@@ -111,10 +111,13 @@ class Parser {
   }
 
   void takeLetters(std::string_view letters) {
-    for (const char letter : letters) {
-      const Option* option = optionWith(letter);
+    for (; !letters.empty(); letters.remove_prefix(1)) {
+      const Option* option = optionWith(letters.front());
       if (option == nullptr || !takes(*result_.command, option->name)) {
-        return refuseOption(std::string("-") + letter);
+        return refuseOption(std::string("-") + letters.front());
+      }
+      if (option->takesValue() && letters.size() > 1) {
+        return store(*option, std::string(letters.substr(1)));
       }
       takeOption(*option);
     }

@@ -223,6 +223,10 @@ std::string syntaxError(std::string_view description) {
 }  // namespace
 
 system::Result<Profile> readProfile(std::string_view text, std::string_view file) {
+  // Other formats that profiles are exported in, which no TOML begins like.
+  if (text.starts_with('{') || text.starts_with('<')) {
+    return failureAt(file, {1, 1}, "a profile is TOML; what is written for other tools is not read");
+  }
   if (const auto error = sizeError(text)) {
     return failureAt(file, error->first, error->second);
   }

@@ -32,10 +32,11 @@ TEST(Arguments, lettersMayBeWrittenTogether) {
   EXPECT_TRUE(arguments->has(OptionName::quiet));
 }
 
-TEST(Arguments, aValueFollowsOrStandsBehindAnEqualsSign) {
+TEST(Arguments, aValueFollowsOrStandsBehindAnEqualsSignOrALetter) {
   EXPECT_EQ(parse({"get", "--default", "-1", "key"})->value(OptionName::defaultValue), "-1");
   EXPECT_EQ(parse({"get", "--default=", "key"})->value(OptionName::defaultValue), "");
   EXPECT_EQ(parse({"export", "-o", "file"})->value(OptionName::output), "file");
+  EXPECT_EQ(parse({"export", "-ofile"})->value(OptionName::output), "file");
   EXPECT_EQ(parse({"export", "--to=sh", "--to", "plist"})->value(OptionName::to), "plist");
 }
 

@@ -160,6 +160,13 @@ TEST(ProfileReaderTest, whatIsNoTomlIsAnErrorAtItsPlace) {
   }
 }
 
+TEST(ProfileReaderTest, anExportForAnotherToolIsCalledThat) {
+  const std::string error = "quick.toml:1:1: a profile is TOML; what is written for other tools is not read";
+  EXPECT_EQ(errorOf("{\"profile\":1}\n"), error);
+  EXPECT_EQ(errorOf('{' + std::string(1000, ' ') + '}'), error);
+  EXPECT_EQ(errorOf("<?xml version=\"1.0\"?>\n<plist/>\n"), error);
+}
+
 TEST(ProfileReaderTest, anErrorIsOneVisibleLine) {
   for (const char* text : {"\"\\u001b[31m\" = 1\n", "[dock]\n\"a\\nb\" = 1\n", "\"\\n\" = 1\n\"\\n\" = 2\n",
                            "a\x1b = 1\n", R"(unset = ["\u202e"])", "[dock]\nmineffect = \"\\u001b\""}) {
