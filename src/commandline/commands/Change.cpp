@@ -84,8 +84,12 @@ class Changing {
 
   void warnOfForced(const Changes& changes) const {
     const auto forced = store_.readForced();
+    if (!forced) {
+      session_.screen.say(forced.error().message);
+      return;
+    }
     for (const profile::Change& change : changes) {
-      if (!std::holds_alternative<core::Absent>(forced.at(change.setting))) {
+      if (!std::holds_alternative<core::Absent>(forced->at(change.setting))) {
         session_.screen.say(keyOf(change) +
                             " is forced by a configuration profile; your value counts when that is gone");
       }

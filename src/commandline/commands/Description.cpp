@@ -3,6 +3,7 @@
 #include <variant>
 
 #include "core/DecimalText.h"
+#include "core/ValueText.h"
 
 namespace tarnwell::commandline {
 namespace {
@@ -25,16 +26,39 @@ struct PlainText {
 
 bool isThere(const core::StoredValue& value) { return !std::holds_alternative<core::Absent>(value); }
 
-std::string_view wrongText(profile::Type type) {
+std::string textOf(const core::StoredValue& stored) { return std::visit(PlainText(), stored); }
+
+bool isNumber(const core::StoredValue& stored) { return core::parseNumber(textOf(stored)).has_value(); }
+
+/// What a value is that says nothing of such a setting.
+std::string_view wrongText(profile::Type type, const core::StoredValue& stored) {
   switch (type) {
     case profile::Type::seconds:
-      return "not a number";
+      return isNumber(stored) ? "out of range" : "not a number";
     case profile::Type::boolean:
       return "neither true nor false";
     case profile::Type::effect:
       return "no effect";
   }
   return "";
+}
+
+/// Whether a value that says nothing of such a setting could say something, were it another of its kind.
+bool isOfTheKind(profile::Type type, const core::StoredValue& stored) {
+  return type == profile::Type::seconds ? isNumber(stored) : storedType(stored) == typeName(type);
+}
+
+std::string remarkOn(const profile::Setting& setting, const std::optional<profile::Wish>& value,
+                     const core::StoredValue& stored) {
+  const std::string type = "   stored as " + storedType(stored);
+  if (!value) {
+    const bool isKind = isOfTheKind(setting.type, stored);
+    return std::string(isKind ? wrongText(setting.type, stored) : word(Description::State::wrongType)) + type;
+  }
+  if (profile::isFulfilled(*value, stored)) {
+    return {};
+  }
+  return storedType(stored) == typeName(setting.type) ? type + " " + textOf(stored) : type;
 }
 
 }  // namespace
@@ -49,9 +73,15 @@ Description descriptionOf(const Session& session, std::size_t setting, const cor
   if (!isThere(effective)) {
     return {};
   }
-  const auto value = profile::meaningOf(profile::settings.at(setting), effective);
-  const State state = isThere(forced) ? State::forced : State::set;
-  return {.state = value ? state : State::wrongType, .value = value, .stored = storedType(effective)};
+  const profile::Setting& row = profile::settings.at(setting);
+  const auto value = profile::meaningOf(row, effective);
+  const State wrong = isOfTheKind(row.type, effective) ? State::wrongValue : State::wrongType;
+  return {.state = isThere(forced) ? State::forced
+                   : value         ? State::set
+                                   : wrong,
+          .value = value,
+          .stored = storedType(effective),
+          .remark = remarkOn(row, value, effective)};
 }
 
 std::string_view word(Description::State state) {
@@ -64,6 +94,8 @@ std::string_view word(Description::State state) {
       return "forced";
     case Description::State::wrongType:
       return "wrong-type";
+    case Description::State::wrongValue:
+      return "wrong-value";
     case Description::State::unsupported:
       return "unsupported";
   }
@@ -91,10 +123,9 @@ std::string shortText(std::size_t setting, const core::StoredValue& stored) {
   const profile::Setting& row = profile::settings.at(setting);
   const auto value = profile::meaningOf(row, stored);
   if (!value) {
-    return std::string(wrongText(row.type));
+    return std::string(wrongText(row.type, stored));
   }
-  return profile::isFulfilled(*value, stored) ? profile::text(*value)
-                                              : storedType(stored) + " " + std::visit(PlainText(), stored);
+  return profile::isFulfilled(*value, stored) ? profile::text(*value) : storedType(stored) + " " + textOf(stored);
 }
 
 }  // namespace tarnwell::commandline

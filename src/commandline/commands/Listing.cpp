@@ -20,22 +20,14 @@ std::string padded(std::string_view key) {
   return std::string(key).append(width - key.size() + gap, ' ');
 }
 
-std::string valueText(const Screen& screen, std::size_t setting, const Description& description) {
-  const std::string value = description.value ? profile::text(*description.value) : "";
-  switch (description.state) {
-    case Description::State::unset:
-      return screen.faint(profile::text(profile::Unset()));
-    case Description::State::unsupported:
-      return screen.faint("not on this system");
-    case Description::State::forced:
-      return value + screen.striking(" (forced by a configuration profile)");
-    case Description::State::wrongType:
-      return screen.striking("wrong-type   stored as " + description.stored);
-    case Description::State::set:
-      break;
+std::string valueText(const Screen& screen, const Description& description) {
+  using State = Description::State;
+  if (description.state == State::unset || description.state == State::unsupported) {
+    return screen.faint(description.state == State::unset ? profile::text(profile::Unset()) : "not on this system");
   }
-  const bool isOwnType = description.stored == typeName(profile::settings.at(setting).type);
-  return isOwnType ? value : value + screen.striking("   stored as " + description.stored);
+  const bool isForced = description.state == State::forced;
+  const std::string remark = description.remark + (isForced ? " (forced by a configuration profile)" : "");
+  return (description.value ? profile::text(*description.value) : "") + (remark.empty() ? "" : screen.striking(remark));
 }
 
 /// "seconds, 0 to 86400"
@@ -92,9 +84,12 @@ Status list(const Session& session, const Arguments& arguments) {
     return session.fail(Status::storeFailure, preferences.error().message);
   }
   const auto forced = store.readForced();
+  if (!forced) {
+    return session.fail(Status::storeFailure, forced.error().message);
+  }
   std::vector<Description> descriptions;
   for (std::size_t setting = 0; setting < profile::settings.size(); ++setting) {
-    descriptions.push_back(descriptionOf(session, setting, preferences->values.at(setting), forced.at(setting)));
+    descriptions.push_back(descriptionOf(session, setting, preferences->values.at(setting), forced->at(setting)));
   }
   if (arguments.has(OptionName::json)) {
     session.screen.addLine(listJson(session, descriptions));
@@ -102,7 +97,7 @@ Status list(const Session& session, const Arguments& arguments) {
   }
   for (std::size_t setting = 0; setting < profile::settings.size(); ++setting) {
     session.screen.addLine(padded(profile::settings.at(setting).key) +
-                           valueText(session.screen, setting, descriptions.at(setting)));
+                           valueText(session.screen, descriptions.at(setting)));
   }
   return Status::done;
 }
@@ -125,8 +120,9 @@ Status get(const Session& session, const Arguments& arguments) {
     session.screen.addLine(*instead);
     return Status::done;
   }
-  return session.fail(Status::no,
-                      arguments.operands.front() + " is " + shortText(*setting, stored) + "; the Dock decides");
+  const bool isStored = !std::holds_alternative<core::Absent>(stored);
+  return session.fail(Status::no, arguments.operands.front() + " is " + shortText(*setting, stored) +
+                                      (isStored ? "" : "; the Dock decides"));
 }
 
 Status explain(const Session& session, const Arguments& arguments) {

@@ -54,9 +54,16 @@ system::Result<DockPreferences> DockStore::read() const {
   return preferences ? preferences : system::Failure{"The settings cannot be read: " + preferences.error().message};
 }
 
-core::StoredValues DockStore::readForced() const {
+system::Result<core::StoredValues> DockStore::readForced() const {
   const auto forced = preferencesOf(shell_, managedDomain);
-  return forced ? forced->values : core::StoredValues();
+  if (forced) {
+    return forced->values;
+  }
+  // A tool may fail where there is no profile, or print an empty list.
+  const std::string& reason = forced.error().message;
+  return reason.find(" does not exist") != std::string::npos
+             ? system::Result<core::StoredValues>(core::StoredValues())
+             : system::Failure{"What a configuration profile forces cannot be read: " + reason};
 }
 
 system::Result<void> DockStore::write(const std::vector<profile::Change>& changes) const {

@@ -28,7 +28,7 @@ class DockStore {
   system::Result<DockPreferences> read() const;
 
   /// What a configuration profile forces on the user, which counts before what is stored; nothing where there is none.
-  core::StoredValues readForced() const;
+  system::Result<core::StoredValues> readForced() const;
 
   /// Stops at the first that fails.
   system::Result<void> write(const std::vector<profile::Change>& changes) const;

@@ -83,6 +83,17 @@ TEST_F(Comparing, jsonSaysFromAndTo) {
   EXPECT_EQ(json::parse(front.run({"diff", "--json", quick, quick}).output)["differences"], json::array());
 }
 
+TEST_F(Comparing, anEffectInOtherLettersDiffersAsListHasIt) {
+  front.defaults({"write", "com.apple.dock", "mineffect", "-string", "Suck"});
+  write("suck.toml", "profile = 1\n[dock]\nmineffect = \"suck\"\n");
+  const std::string suck = front.file("suck.toml");
+  EXPECT_EQ(front.run({"diff", suck}).output, "mineffect: string Suck -> suck\n");
+  EXPECT_THAT(front.run({"list"}).output, HasSubstr("mineffect                suck   stored as string Suck\n"));
+  EXPECT_EQ(json::parse(front.run({"diff", "--json", suck}).output)["differences"],
+            json::parse(R"([{"key": "mineffect", "from": "suck", "to": "suck", "stored": "string"}])"))
+      << "what it means";
+}
+
 TEST_F(Comparing, aProfileThatIsWrongTouchesNothing) {
   write("wrong.toml", "profile = 1\n[dock]\nautohide-delay = 0.1\nmineffect = \"swirl\"\n");
   for (const char* command : {"diff", "apply"}) {

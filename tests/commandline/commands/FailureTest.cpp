@@ -35,6 +35,38 @@ TEST(Failure, aStoreThatCannotBeReadIsLeftAsItIs) {
   EXPECT_EQ(front.starts(), 1);
 }
 
+// It may force what is then shown as the user's.
+TEST(Failure, whatAProfileForcesAndCannotBeReadIsNotTakenForNothing) {
+  const Front front(Front::Dock::isAbsent);
+  front.shell(R"sh(managed="/Library/Managed Preferences/$(id -un)"
+      "$D" write "$managed/com.apple.dock" mineffect genie
+      echo nonsense >"$MACOS_ROOT$managed/com.apple.dock.plist")sh");
+  const std::string complaint = "tarnwell: What a configuration profile forces cannot be read: Could not read domain ";
+  const Outcome list = front.run({"list"});
+  EXPECT_EQ(list.status, 3);
+  EXPECT_EQ(list.output, "");
+  EXPECT_THAT(list.errors, StartsWith(complaint));
+  const Outcome set = front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(set.status, 0);
+  EXPECT_THAT(set.errors, StartsWith(complaint));
+  EXPECT_EQ(front.stored("mineffect"), "string suck");
+}
+
+// As a tool may say it where no profile is installed.
+TEST(Failure, aDomainThatDoesNotExistForcesNothing) {
+  Front front(Front::Dock::isAbsent);
+  front.run({"set", "-q", "mineffect=suck"});
+  front.replaceTool("defaults", R"sh(case $2 in
+  /Library*) printf '2026-11-22 10:55:48.932 defaults[7:7] \nDomain %s does not exist\n' "$2" >&2 && exit 1 ;;
+esac
+exec "$REAL" "$@")sh");
+  const Outcome list = front.run({"list"});
+  EXPECT_EQ(list.status, 0);
+  EXPECT_EQ(list.errors, "");
+  EXPECT_THAT(list.output, HasSubstr("mineffect                suck\n"));
+  EXPECT_THAT(front.run({"set", "mineffect=scale"}).errors, testing::Not(HasSubstr("forces")));
+}
+
 // Files may have 1024 bytes: what is stored is short of that by less than two settings need.
 TEST(Failure, aWriteThatFailsSaysWhatDidGetThrough) {
   const Front front;

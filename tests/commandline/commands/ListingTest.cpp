@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "commandline/Front.h"
 #include "profile/values/Setting.h"
@@ -64,6 +65,44 @@ TEST(Listing, namesOtherTypesAndChangesNothing) {
   EXPECT_EQ(front.starts(), 1);
 }
 
+TEST(Listing, aValueThatTheSettingCannotHaveIsNoWrongType) {
+  struct Row {
+    std::string key;
+    Words value;
+    std::string fault;
+    std::string stored;
+  };
+  const std::vector<Row> rows = {
+      {"autohide-delay", {"-float", "-1"}, "out of range", "float"},
+      {"autohide-delay", {"-float", "inf"}, "out of range", "float"},
+      {"autohide-delay", {"-int", "100000"}, "out of range", "integer"},
+      {"autohide-delay", {"-string", "86401"}, "out of range", "string"},
+      {"mineffect", {"-string", "swirl"}, "no effect", "string"},
+  };
+  const Front front(Front::Dock::isAbsent);
+  for (const Row& row : rows) {
+    front.run({"reset", "-q", "--all"});
+    ASSERT_EQ(front.defaults({"write", "com.apple.dock", row.key, row.value[0], row.value[1]}).status, 0);
+    EXPECT_EQ(front.run({"list"}).output, listOf({{row.key, row.fault + "   stored as " + row.stored}}));
+    const json setting = settingIn(front, row.key);
+    EXPECT_EQ(setting["state"], "wrong-value") << row.value[1];
+    EXPECT_EQ(setting["stored"], row.stored);
+    EXPECT_FALSE(setting.contains("value"));
+    const Outcome get = front.run({"get", row.key});
+    EXPECT_EQ(get.status, 1);
+    EXPECT_EQ(get.output, "");
+    EXPECT_EQ(get.errors, "tarnwell: " + row.key + " is " + row.fault + "\n") << "it is set, and the Dock has it";
+  }
+}
+
+TEST(Listing, anEffectInOtherLettersIsShownAsItIsStored) {
+  const Front front(Front::Dock::isAbsent);
+  front.defaults({"write", "com.apple.dock", "mineffect", "-string", "Suck"});
+  EXPECT_EQ(front.run({"list"}).output, listOf({{"mineffect", "suck   stored as string Suck"}}));
+  front.run({"set", "-q", "mineffect=suck"});
+  EXPECT_EQ(front.run({"list"}).output, listOf({{"mineffect", "suck"}}));
+}
+
 TEST(Listing, namesWhatAConfigurationProfileForces) {
   const Front front(Front::Dock::isAbsent);
   front.defaults({"write", "com.apple.dock", "autohide-delay", "-float", "0.1"});
@@ -73,6 +112,18 @@ TEST(Listing, namesWhatAConfigurationProfileForces) {
   const json setting = settingIn(front, "autohide-delay");
   EXPECT_EQ(setting["state"], "forced");
   EXPECT_EQ(setting["value"], 0.5);
+}
+
+TEST(Listing, whatIsForcedIsNamedSoWhateverItsType) {
+  const Front front(Front::Dock::isAbsent);
+  front.shell(R"sh(managed="/Library/Managed Preferences/$(id -un)/com.apple.dock"
+      "$D" write "$managed" autohide-delay -array a
+      "$D" write "$managed" showhidden -int 1)sh");
+  EXPECT_EQ(front.run({"list"}).output,
+            listOf({{"autohide-delay", "wrong-type   stored as array (forced by a configuration profile)"},
+                    {"showhidden", "true   stored as integer (forced by a configuration profile)"}}));
+  EXPECT_EQ(settingIn(front, "autohide-delay"),
+            json({{"key", "autohide-delay"}, {"type", "float"}, {"state", "forced"}, {"stored", "array"}}));
 }
 
 TEST(Listing, getIsOfTheUsersOwnValueAndRunsOneShell) {
