@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "commandline/commands/Description.h"
+#include "commandline/commands/Wanted.h"
 #include "commandline/dock/DockRestart.h"
 #include "commandline/dock/DockStore.h"
 #include "commandline/dock/UndoText.h"
@@ -45,8 +46,24 @@ class Changing {
 
   Status perform(Status refusal) const { return refusal; }
 
+  // What this system does not know waits for one that does.
+  Status perform(profile::Before wanted) const {
+    profile::Before waiting = wanted;
+    leaveUnknownOut(session_, wanted);
+    for (std::size_t setting = 0; setting < waiting.size(); ++setting) {
+      if (wanted.at(setting)) {
+        waiting.at(setting).reset();
+      }
+    }
+    return perform(wanted, waiting);
+  }
+
+  Status perform(const profile::Profile& wanted) const { return perform(wanted, {}); }
+
+ private:
+  /// `waiting` is for a later undo.
   template <class Goals>
-  Status perform(const Goals& wanted) const {
+  Status perform(const Goals& wanted, const profile::Before& waiting) const {
     const auto preferences = store_.read();
     if (!preferences) {
       return session_.fail(Status::storeFailure, preferences.error().message);
@@ -63,10 +80,9 @@ class Changing {
     if (const auto kept = keepAllBefore(changes, preferences->list); !kept) {
       return session_.fail(Status::storeFailure, kept.error().message);
     }
-    return write(changes);
+    return write(changes, waiting);
   }
 
- private:
   /// What is said of a change that went well.
   void mention(const std::string& message) const {
     if (!arguments_.has(OptionName::quiet)) {
@@ -114,32 +130,29 @@ class Changing {
     return {};
   }
 
-  Status write(const Changes& changes) const {
+  Status write(const Changes& changes, const profile::Before& waiting) const {
     system::AtomicFile undo(memory_.undoFile(), ownersAlone);
-    if (const auto written = undo.write(undoText(undoing(changes))); !written) {
+    if (const auto written = undo.write(undoText(undoing(changes, waiting))); !written) {
       return session_.fail(Status::storeFailure, written.error().message);
     }
     const system::SignalPause untilTheDockIsBack;
     const auto written = store_.write(changes);
     const Changes done = written ? changes : thoseDone(changes);
-    if (!done.empty()) {
-      if (const auto placed = undo.place(); !placed) {
-        session_.screen.say(placed.error().message);
-      }
+    const auto placed = done.empty() ? system::Result<void>() : undo.place();
+    if (!placed) {
+      session_.screen.say(placed.error().message + "; undo does not know of this change");
     }
     if (!written) {
       sayWhatIsWritten(written.error(), done);
     }
     const Status restarted = done.empty() ? Status::done : restart();
-    if (!written) {
-      return Status::storeFailure;
+    if (written) {
+      show(changes);
     }
-    show(changes);
-    return restarted;
+    return written && placed ? restarted : Status::storeFailure;
   }
 
-  profile::Before undoing(const Changes& changes) const {
-    profile::Before before;
+  profile::Before undoing(const Changes& changes, profile::Before before) const {
     for (const profile::Change& change : changes) {
       if (canBeKept(change.from)) {
         before.at(change.setting) = change.from;

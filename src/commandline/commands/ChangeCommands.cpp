@@ -42,9 +42,8 @@ Status apply(const Session& session, const Arguments& arguments) {
 
 Status undo(const Session& session, const Arguments& arguments) {
   return change(session, arguments, [&](const ChangeMemory& memory) -> Wanted {
-    auto before = memory.beforeLast();
+    const auto before = memory.beforeLast();
     if (before) {
-      leaveUnknownOut(session, *before);
       return *before;
     }
     return before.error().error == ENOENT ? session.fail(Status::no, "There is no change to take back.")

@@ -67,6 +67,18 @@ exec "$REAL" "$@")sh");
   EXPECT_THAT(front.run({"set", "mineffect=scale"}).errors, testing::Not(HasSubstr("forces")));
 }
 
+TEST(Failure, aChangeThatUndoWillNotKnowOfIsOne) {
+  const Front front;
+  std::filesystem::create_directories(front.stateFolder() + "/undo.json");
+  const Outcome outcome = front.run({"set", "mineffect=suck"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.errors, "tarnwell: cannot replace " + front.stateFolder() +
+                                "/undo.json: Is a directory; undo does not know of this change\n");
+  EXPECT_EQ(outcome.output, "mineffect: not set -> suck\n");
+  EXPECT_EQ(front.stored("mineffect"), "string suck");
+  EXPECT_EQ(front.starts(), 2) << "the Dock goes by what is written";
+}
+
 // Files may have 1024 bytes: what is stored is short of that by less than two settings need.
 TEST(Failure, aWriteThatFailsSaysWhatDidGetThrough) {
   const Front front;

@@ -112,6 +112,17 @@ TEST(Undo, whatIsTooLargeForACommandLineIsLeftOutWithAWord) {
   EXPECT_EQ(front.stored("mineffect"), "string suck");
 }
 
+TEST(Undo, whatThisSystemDoesNotKnowWaitsForOneThatDoes) {
+  const Front front(Front::Dock::isAbsent);
+  front.run({"set", "mineffect=suck", "single-app=true"});
+  const Words later = {"MACOS_VERSION=15"};
+  const Outcome undo = front.run({"undo"}, later);
+  EXPECT_EQ(undo.output, "mineffect: suck -> not set\n");
+  EXPECT_THAT(undo.errors, HasSubstr("single-app has no effect from macOS 15 on; left alone\n"));
+  EXPECT_EQ(front.run({"undo"}, later).output, "mineffect: not set -> suck\n");
+  EXPECT_EQ(front.run({"undo"}).output, "mineffect: suck -> not set\nsingle-app: true -> not set\n");
+}
+
 TEST(Undo, theDockIsKeptBeforeStaticOnlyComesBack) {
   const Front front(Front::Dock::isAbsent);
   front.defaults({"write", "com.apple.dock", "static-only", "-int", "1"});
