@@ -31,7 +31,7 @@ std::string bashValueBranch(Word value, const std::string& action) {
 std::string bashCompletion(const std::string& program) {
   const std::string function = "_" + program;
   std::string text = "# Completes the words of " + program + " in bash.\n" + function + R"(() {
-  local line=${COMP_LINE:0:COMP_POINT} options='' operands='' files='' found=''
+  local line=${COMP_LINE:0:COMP_POINT} options='' operands='' files='' found='' before='' name=''
   local current=${line##*[[:blank:]]}
   local -a words
   read -ra words <<<"$line"
@@ -47,13 +47,18 @@ std::string bashCompletion(const std::string& program) {
     text += bashBranch(command);
   }
   text += R"(    esac
-    case ${words[count - 1]} in
+    before=${words[count - 1]}
+    case $current in
+      --*=*) before=${current%%=*} name=$before= ;;
+    esac
+    case $before in
 )";
   for (const Word word : {Word::format, Word::when}) {
     text += bashValueBranch(word, "found=" + inSingleQuotes(joined(candidates(word))) + " files=''");
   }
   text += bashValueBranch(Word::file, "files=yes") + bashValueBranch(Word::text, "files=''");
   text += R"(      *)
+        name=''
         case $current in
           -?*) found=$options files='' ;;
           *) found=$operands ;;
@@ -61,9 +66,9 @@ std::string bashCompletion(const std::string& program) {
         ;;
     esac
   fi
-  mapfile -t COMPREPLY < <(compgen -W "$found" -- "$current")
+  mapfile -t COMPREPLY < <(compgen -P "$name" -W "$found" -- "${current#"$name"}")
   if [ -n "$files" ]; then
-    mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "$current")
+    mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -P "$name" -f -- "${current#"$name"}")
     compopt -o filenames 2>/dev/null
   fi
   case ${COMPREPLY[0]} in

@@ -20,7 +20,7 @@ std::string zshBranch(const Command& command) {
 
 std::string zshValueBranch(Word value, const std::string& action) {
   const std::string pattern = optionPattern(value);
-  return pattern.empty() ? "" : "    " + pattern + ") " + action + "return ;;\n";
+  return pattern.empty() ? "" : "    " + pattern + ") compset -P 1 '--*='; " + action + "return ;;\n";
 }
 
 }  // namespace
@@ -43,7 +43,11 @@ std::string zshCompletion(const std::string& program) {
   for (const Command& command : commands()) {
     text += zshBranch(command);
   }
-  text += "  esac\n  case $words[CURRENT-1] in\n";
+  text += R"(  esac
+  local before=$words[CURRENT-1]
+  [[ $PREFIX != --*=* ]] || before=${PREFIX%%=*}
+  case $before in
+)";
   for (const Word word : {Word::format, Word::when}) {
     text += zshValueBranch(word, "compadd -- " + joined(candidates(word)) + "; ");
   }
