@@ -23,7 +23,7 @@ packages_for() {
       echo dpkg-dev autoconf automake libtool make
       command -v npm >/dev/null || echo npm
       ;;
-    packaging) echo debhelper lintian mandoc appstream desktop-file-utils mmdebstrap ;;
+    packaging) echo debhelper git lintian mandoc appstream desktop-file-utils mmdebstrap ;;
     # In the place of macOS: what its host is tested on.
     gnustep) echo gobjc++ gnustep-make make libgnustep-gui-dev gnustep-back0.29-cairo fonts-dejavu-core xvfb ;;
     # Their code is made in half the time by this compiler, which fuzzing needs anyway.
@@ -50,7 +50,7 @@ commands_for() {
     analysis) echo clazy-standalone cppcheck ;;
     sanitizers) echo clang++-19 ld.lld-19 ;;
     macos) echo clang-19 ld64.lld-19 llvm-ar-19 npm python3 dpkg-source autoreconf make ;;
-    packaging) echo dpkg-buildpackage dh lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
+    packaging) echo dpkg-buildpackage dh git lintian mandoc appstreamcli desktop-file-validate mmdebstrap ;;
     gnustep) echo gnustep-config make Xvfb ;;
     tour) echo Xvfb xauth openbox xdotool import convert dbus-daemon python3 trayer ;;
     faults) echo python3 strace ;;
