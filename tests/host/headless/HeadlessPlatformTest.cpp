@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "kit/application/Application.h"
+#include "kit/application/StatusItem.h"
 #include "kit/control/Window.h"
 
 namespace tarnwell::host_headless {
@@ -99,6 +100,20 @@ TEST(HeadlessPlatformTest, notesWhatWindowsAreTold) {
             (std::vector<std::string>{"window main: 320 x 200", "window main: shown", "window main: in front",
                                       "window main: miniaturized", "window main: hidden",
                                       "window main: shown without the keyboard"}));
+}
+
+TEST(HeadlessPlatformTest, knowsTheIconsThatAreThere) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  {
+    kit::StatusItem item(*application, kit::StatusItem::variableLength, "Icon");
+    EXPECT_EQ(platform.statusItems(), std::vector<kit::StatusItem*>{&item});
+    item.button()->setImage({.symbol = "star"});
+  }
+  EXPECT_TRUE(platform.statusItems().empty());
+  EXPECT_EQ(platform.journal().lines(),
+            (std::vector<std::string>{"status item \"Icon\": added", "status item \"Icon\": image star",
+                                      "status item \"Icon\": removed"}));
 }
 
 TEST(OpenMenuTest, anEntryThatIsNotThereIsAFault) {

@@ -81,6 +81,16 @@ TEST_F(XdgLoginItemTest, unregisteringWhatIsNotThereIsNoFailure) {
   EXPECT_FALSE(sandbox.holds("autostart"));
 }
 
+TEST_F(XdgLoginItemTest, anEntryThatIsTooLargeToBeReadIsLeftAlone) {
+  const std::string large(10'000'000, '#');
+  write(large);
+  for (const auto& error : {item.registerItem(), item.unregisterItem()}) {
+    ASSERT_TRUE(error);
+    EXPECT_EQ(*error, "cannot read " + (sandbox / entry).string());
+  }
+  EXPECT_EQ(sandbox.read(entry), large);
+}
+
 TEST_F(XdgLoginItemTest, theStatusIsReadFromDiskEachTime) {
   item.registerItem();
   fs::remove(sandbox / entry);
