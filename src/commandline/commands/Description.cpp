@@ -26,9 +26,9 @@ struct PlainText {
 
 bool isThere(const core::StoredValue& value) { return !std::holds_alternative<core::Absent>(value); }
 
-std::string textOf(const core::StoredValue& stored) { return std::visit(PlainText(), stored); }
+std::string plainTextOf(const core::StoredValue& stored) { return std::visit(PlainText(), stored); }
 
-bool isNumber(const core::StoredValue& stored) { return core::parseNumber(textOf(stored)).has_value(); }
+bool isNumber(const core::StoredValue& stored) { return core::parseNumber(plainTextOf(stored)).has_value(); }
 
 /// What a value is that says nothing of such a setting.
 std::string_view wrongText(profile::Type type, const core::StoredValue& stored) {
@@ -58,7 +58,7 @@ std::string remarkOn(const profile::Setting& setting, const std::optional<profil
   if (profile::isFulfilled(*value, stored)) {
     return {};
   }
-  return storedType(stored) == typeName(setting.type) ? type + " " + textOf(stored) : type;
+  return storedType(stored) == typeName(setting.type) ? type + " " + plainTextOf(stored) : type;
 }
 
 }  // namespace
@@ -125,7 +125,7 @@ std::string shortText(std::size_t setting, const core::StoredValue& stored) {
   if (!value) {
     return std::string(wrongText(row.type, stored));
   }
-  return profile::isFulfilled(*value, stored) ? profile::text(*value) : storedType(stored) + " " + textOf(stored);
+  return profile::isFulfilled(*value, stored) ? profile::text(*value) : storedType(stored) + " " + plainTextOf(stored);
 }
 
 }  // namespace tarnwell::commandline
