@@ -1,5 +1,5 @@
 // Shows the settings as they are on this Mac, tab by tab, light and dark, and writes that down. It changes nothing.
-// usage: tarnwell_macos_portrait --self-portrait FOLDER
+// usage: tarnwell_macos_portrait --self-portrait FOLDER [OPTION OF THE PLATFORM...]
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include "app/Product.h"
 #include "diagnostics/Console.h"
 #include "diagnostics/StandardStreams.h"
+#include "host/macos/Frameworks.h"
 #include "host/macos/MacServices.h"
 #include "kit/application/Application.h"
 #include "kit/controls/choices/TabBar.h"
@@ -90,8 +91,7 @@ int sit(const std::filesystem::path& folder) {
   host_macos::MacServices services(product, updateclient::updateSource());
   host_macos::MacPlatform platform(product, services.services());
   std::filesystem::create_directories(folder);
-  // A program without a bundle has neither windows nor a menu bar unless it asks.
-  [NSApp setActivationPolicy:NSApplicationActivationPolicyRegular];
+  host_macos::frameworks::askForKeyboard();
   const Sitting sitting(folder);
   return app::run(platform);
 }
@@ -101,11 +101,11 @@ int sit(const std::filesystem::path& folder) {
 
 int main(int argc, char** argv) {
   tarnwell::diagnostics::prepareStandardStreams();
-  if (argc != 3 || std::string_view(argv[1]) != "--self-portrait") {
-    tarnwell::diagnostics::reportError("usage: tarnwell_macos_portrait --self-portrait FOLDER");
+  if (argc < 3 || std::string_view(argv[1]) != "--self-portrait") {
+    tarnwell::diagnostics::reportError(
+        "usage: tarnwell_macos_portrait --self-portrait FOLDER [OPTION OF THE PLATFORM...]");
     return 2;
   }
-  @autoreleasepool {
-    return tarnwell::macos::sit(argv[2]);
-  }
+  const auto pool = tarnwell::host_macos::Retained<NSAutoreleasePool*>::adopt([[NSAutoreleasePool alloc] init]);
+  return tarnwell::macos::sit(argv[2]);
 }

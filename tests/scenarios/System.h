@@ -47,8 +47,6 @@ class System {
   virtual bool isOnScreen(const kit::Window& window) = 0;
   /// With the menu bar, if it has one.
   virtual kit::Size sizeOf(const kit::Window& window) = 0;
-  /// Whether a window without a button for it can be minimized by the menu.
-  virtual bool minimizesWindows() { return true; }
   virtual bool aboutIsShown() = 0;
   virtual void closeAbout() = 0;
 

@@ -59,6 +59,9 @@ CGFloat sizeOf(NSFontTextStyle style) {
 
 // It puts nothing into menus: GNUstep does not expect that their entries are made anew.
 @implementation NSApplication (Tarnwell)
+- (void)setAppearance:(NSAppearance*)appearance {
+  (void)appearance;
+}
 - (void)setHelpMenu:(NSMenu*)menu {
   (void)menu;
 }

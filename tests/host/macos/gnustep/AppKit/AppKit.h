@@ -17,6 +17,7 @@ inline NSString* homeDirectory() { return [NSString stringWithUTF8String:std::ge
 // Its run loop knows modes, and no set of them.
 #define NSRunLoopCommonModes NSDefaultRunLoopMode
 
+constexpr NSBitmapImageFileType NSBitmapImageFileTypePNG = NSPNGFileType;
 constexpr NSBezelStyle NSBezelStyleHelpButton = NSHelpButtonBezelStyle;
 constexpr NSBezelStyle NSBezelStylePush = NSRoundedBezelStyle;
 constexpr NSButtonType NSButtonTypeMomentaryPushIn = NSMomentaryPushInButton;
@@ -66,6 +67,7 @@ struct NSOperatingSystemVersion {
 - (NSAppleEventDescriptor*)currentAppleEvent;
 @end
 @interface NSApplication (Tarnwell)
+- (void)setAppearance:(NSAppearance*)appearance;
 - (void)setHelpMenu:(NSMenu*)menu;
 @end
 @interface NSButton (Tarnwell)
