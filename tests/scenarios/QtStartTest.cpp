@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <algorithm>
+#include <optional>
 
 #include "host/qt/Desktop.h"
 #include "host/qt/WidgetDriver.h"
@@ -94,6 +95,20 @@ TEST(QtStart, aDarkDesktopSeesNoLightWindow) {
   host_qt::driver::settle();
   EXPECT_TRUE(tarnwell.pictures().front().isDark);
   EXPECT_FALSE(tarnwell.hasChangedItsLook());
+}
+
+TEST(QtStart, theWindowIsPaintedOnceWithATrayAndWithout) {
+  std::optional<PanelThread> panel(Answers::inTime);
+  for (const bool hasTray : {true, false}) {
+    if (!hasTray) {
+      panel.reset();
+    }
+    QtStartedTarnwell tarnwell(wait);
+    ASSERT_TRUE(tarnwell.showsSettings());
+    host_qt::driver::settle();
+    EXPECT_EQ(noticeIn(tarnwell.settings()).isVisible(), !hasTray);
+    EXPECT_EQ(tarnwell.pictures().size(), 1U) << hasTray;
+  }
 }
 
 TEST(QtStart, theNoticeTakesNoMoreOfTheWindowThanItsLines) {
