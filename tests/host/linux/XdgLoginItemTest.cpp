@@ -82,7 +82,8 @@ TEST_F(XdgLoginItemTest, unregisteringWhatIsNotThereIsNoFailure) {
 }
 
 TEST_F(XdgLoginItemTest, anEntryThatIsTooLargeToBeReadIsLeftAlone) {
-  const std::string large(10'000'000, '#');
+  std::string large;
+  large.resize(10'000'000, '#');
   write(large);
   for (const auto& error : {item.registerItem(), item.unregisterItem()}) {
     ASSERT_TRUE(error);
