@@ -181,6 +181,13 @@ class Desktop:
         wait_for("the Dock", lambda: self.docks.count() == 1)
         return supervisor
 
+    def start_bar(self):
+        """A status bar, which can be ended as the stage's processes can. It does not end with the display."""
+        bar = self.start(os.path.join(PROJECT, "tests", "desktop", "status-bar"), taken=subprocess.PIPE)
+        log = os.path.join(self.folder, "status-bar.log")
+        wait_for("a status bar", lambda: os.path.getsize(log) > 0)
+        self.environment["STAGE_BAR"] = str(bar.pid)
+
     def settings(self):
         return {key: self.run(os.path.join(HELPERS, "defaults"), "read", "com.apple.dock", key).stdout.strip()
                 for key in KEYS}
