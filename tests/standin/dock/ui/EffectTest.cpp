@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <string>
+#include <thread>
 #include <utility>
 
 #include "fixtures/WaitFor.h"
@@ -24,8 +26,11 @@ Colors middleOf(const std::string& effect) {
   dock.openNotebook();
   dock.display().act("mousemove 802 128 keydown Shift_L click 1 keyup Shift_L");
   EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Minimizing") == 1; }));
+  // Looking all the time would take from the dock the time that it needs.
+  constexpr std::chrono::milliseconds betweenLooks{20};
   std::map<ShownDock::Clock::time_point, Colors> seen;
   do {
+    std::this_thread::sleep_for(betweenLooks);
     Colors colors = dock.display().colors(400, 0, Display::width - 400, Display::height - 90);
     seen.emplace(ShownDock::Clock::now(), std::move(colors));
   } while (dock.display().windowCount("Minimizing") == 1);
