@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "UpdateOperations.h"
 #include "commandline/commands/Listing.h"
 #include "commandline/commands/Session.h"
 #include "commandline/dock/Shell.h"
@@ -217,6 +218,10 @@ const std::map<std::string_view, Operation>& operations() {
   static const std::map<std::string_view, Operation> all = {
       {"library", sortNames},
       {"get", getSetting},
+      {"feed", readFeed},
+      {"parse", parseFeed},
+      {"package", verifyPackage},
+      {"verify", verifyBytes},
       {"load", [](int count) { useSettings(&core::DockSettings::loadFromDock, count); }},
       {"save", [](int count) { useSettings(&core::DockSettings::save, count); }},
       {"mount", [](int count) { mount(dockTab(), count); }},

@@ -33,7 +33,7 @@ packages_for() {
     mutations) echo bubblewrap git python3 ;;
     soak) echo git valgrind ;;
     coverage) echo llvm-19 python3 ;;
-    gates) echo dbus-daemon git libbenchmark-dev libxcb-damage0-dev python3 valgrind xauth xvfb ;;
+    gates) echo dbus-daemon git libbenchmark-dev libxcb-damage0-dev python3-dbus python3-gi valgrind xauth xvfb ;;
     # The tools that exports are for, and those that judge what is written for them.
     handover) echo ansible ansible-lint bash dash jq libplist-utils libxml2-utils nix-bin python3 shellcheck yamllint zsh ;;
     desktop) echo at-spi2-core python3-pyatspi sway weston wtype qt6-wayland gir1.2-gtk-3.0 ;;
