@@ -22,12 +22,15 @@ inline bool filterCalls(std::span<sock_filter> program) {
   return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
 }
 
-/// From now on this call of this process fails with EIO.
-inline bool refuse(unsigned call) {
+/// From now on this call of this process has this answer of the kernel's filter instead.
+inline bool answer(unsigned call, unsigned action) {
   std::array<sock_filter, 4> program = {
       loaded(offsetof(seccomp_data, nr)), BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1),
-      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO), BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+      BPF_STMT(BPF_RET | BPF_K, action), BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
   return filterCalls(program);
 }
+
+/// From now on this call of this process fails, or does nothing and says that it is done where there is no error.
+inline bool refuse(unsigned call, unsigned error = EIO) { return answer(call, SECCOMP_RET_ERRNO | error); }
 
 }  // namespace tarnwell::system

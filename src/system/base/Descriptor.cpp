@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdint>
+#include <utility>
 
 #include "system/base/Fault.h"
 
@@ -28,10 +28,8 @@ ssize_t uninterrupted(Call call) {
 }  // namespace
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
-  if (this != &other) {
-    close();
-    number_ = std::exchange(other.number_, -1);
-  }
+  Descriptor taken(std::move(other));
+  std::swap(number_, taken.number_);
   return *this;
 }
 
@@ -68,7 +66,7 @@ bool Descriptor::waitUntilReadable(std::chrono::steady_clock::time_point end) co
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
     pollfd state = {.fd = number_, .events = POLLIN, .revents = 0};
-    const int ready = ::poll(&state, 1, static_cast<int>(std::max(left.count(), std::int64_t{0})));
+    const int ready = ::poll(&state, 1, static_cast<int>(std::max(left, std::chrono::milliseconds::zero()).count()));
     if (ready >= 0 || errno != EINTR) {
       return ready > 0;
     }
@@ -78,7 +76,7 @@ bool Descriptor::waitUntilReadable(std::chrono::steady_clock::time_point end) co
 bool Descriptor::writeAll(std::string_view bytes) const {
   while (!bytes.empty()) {
     const ssize_t count = uninterrupted([&] { return ::write(number_, bytes.data(), bytes.size()); });
-    if (count < 0) {
+    if (count == -1) {
       return false;
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));
@@ -87,7 +85,7 @@ bool Descriptor::writeAll(std::string_view bytes) const {
 }
 
 bool Descriptor::copyFrom(int source) const {
-  static std::array<char, std::size_t{256} * 1024> part;
+  static std::array<char, 262144> part;
   for (off_t place = 0;;) {
     const ssize_t count = uninterrupted([&] { return ::pread(source, part.data(), part.size(), place); });
     if (count < 0 || !writeAll({part.data(), static_cast<std::size_t>(count)})) {

@@ -1,9 +1,7 @@
 #include <sys/timerfd.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 
 #include "system/base/Fault.h"
 #include "system/events/Timer.h"
@@ -31,9 +29,8 @@ void Timer::disarm() const {
 }
 
 bool Timer::hear() const {
-  std::uint64_t expirations = 0;
   // Fails when the clock was set: then the time may have come, or be farther away than before.
-  return ::read(descriptor_.number(), &expirations, sizeof expirations) > 0 || errno == ECANCELED;
+  return descriptor_.readPart() || errno == ECANCELED;
 }
 
 void Timer::arm() const {

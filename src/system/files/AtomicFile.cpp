@@ -56,7 +56,7 @@ AtomicFile::AtomicFile(Descriptor folder, const std::filesystem::path& target, m
       folder_(std::move(folder)),
       target_(target.filename().string()),
       passing_(passingPath(target).filename().string()),
-      folderError_(folder_ ? 0 : errno) {}
+      folderError_(errno) {}
 
 AtomicFile::~AtomicFile() {
   if (isNamed_) {

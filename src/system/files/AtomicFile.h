@@ -73,7 +73,7 @@ class AtomicFile {
   Descriptor folder_;
   std::string target_;  // names in the folder
   std::string passing_;
-  int folderError_;
+  int folderError_;  // where there is no folder
   Descriptor file_;
   bool isNamed_ = false;  // something of ours has the passing name
 };

@@ -1,10 +1,10 @@
 #include "system/files/FileLock.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/file.h>
 
 #include <cerrno>
+#include <thread>
 
 namespace tarnwell::system {
 namespace {
@@ -13,7 +13,7 @@ using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
 // The system tells of a lock that is free again only to those who wait without a limit.
-constexpr int pauseMilliseconds = 5;
+constexpr milliseconds pause(5);
 
 bool lock(int file, milliseconds patience) {
   const bool waits = patience == FileLock::unlimited;
@@ -22,9 +22,7 @@ bool lock(int file, milliseconds patience) {
     if ((errno != EWOULDBLOCK && errno != EINTR) || Clock::now() >= end) {
       return false;
     }
-    if (errno == EWOULDBLOCK) {
-      ::poll(nullptr, 0, pauseMilliseconds);
-    }
+    std::this_thread::sleep_for(pause);
   }
   return true;
 }

@@ -15,8 +15,7 @@ namespace {
 /// The most bytes that a pipe of an ordinary process may hold; 0 when the system does not tell.
 int largestSize() {
   const Descriptor file(::open("/proc/sys/fs/pipe-max-size", O_RDONLY | O_CLOEXEC));
-  std::array<char, 16> text{};
-  return ::read(file.number(), text.data(), text.size() - 1) > 0 ? std::atoi(text.data()) : 0;
+  return std::atoi(file.readPart().value_or("").c_str());
 }
 
 void grow(int pipe) {

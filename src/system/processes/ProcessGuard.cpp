@@ -9,9 +9,6 @@ namespace tarnwell::system {
 
 // A child's child: it is the system's to take off the list. What ends all of the starter's group leaves it alone.
 void guard(const Guarded& guarded) {
-  if (guarded.endsWithStarter == 0 && guarded.limit.count() == 0) {
-    return;
-  }
   const pid_t between = ::fork();
   if (between == 0) {
     ::setsid();

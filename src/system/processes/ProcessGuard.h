@@ -16,7 +16,7 @@ struct Guarded {
   pid_t endsWithStarter = 0;
 };
 
-/// Starts a process that waits beside the child, where there is anything to see to. Signals are held back.
+/// Starts a process that waits beside the child. Signals are held back.
 void guard(const Guarded& guarded);
 
 /// What that does on each system: it is a copy of the process that calls `guard`, and calls nothing but the system.

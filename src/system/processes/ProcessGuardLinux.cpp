@@ -28,9 +28,9 @@ void waitBeside(const Guarded& guarded) {
   auto& [starterEnd, childEnd] = ends;
   if (starterEnd.fd >= 0 && childEnd.fd >= 0) {
     ::poll(ends.data(), ends.size(), -1);
-    // Where the child has ended, it may be the kernel that has ended it with its starter.
-    ::poll(&starterEnd, 1, 0);
   }
+  // Where the child has ended, it may be the kernel that has ended it with its starter.
+  ::poll(&starterEnd, 1, 0);
   if (starterEnd.fd < 0 || starterEnd.revents != 0) {
     ::kill(guarded.endsWithStarter, SIGKILL);
   }

@@ -56,12 +56,12 @@ void takeDefaultSignals() {
 bool place(int from, int to) { return from == to ? ::fcntl(from, F_SETFD, 0) == 0 : ::dup2(from, to) == to; }
 
 bool placeDescriptors(const Launch& launch) {
-  const int input = launch.input >= 0 ? launch.input : ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  const bool arePlaced = place(input, STDIN_FILENO) && (launch.output < 0 || place(launch.output, STDOUT_FILENO)) &&
-                         (launch.errors < 0 || place(launch.errors, STDERR_FILENO)) &&
-                         (launch.extra < 0 || place(launch.extra, extraNumber));
+  const int input = launch.input == -1 ? ::open("/dev/null", O_RDONLY | O_CLOEXEC) : launch.input;
+  const bool arePlaced = place(input, STDIN_FILENO) && (launch.output == -1 || place(launch.output, STDOUT_FILENO)) &&
+                         (launch.errors == -1 || place(launch.errors, STDERR_FILENO)) &&
+                         (launch.extra == -1 || place(launch.extra, extraNumber));
   // What this process inherited itself, or a library left open on exec, is nothing for the new one either.
-  const int first = launch.extra < 0 ? extraNumber : extraNumber + 1;
+  const int first = launch.extra == -1 ? extraNumber : extraNumber + 1;
   return arePlaced && ::close_range(static_cast<unsigned>(first), UINT_MAX, 0) == 0;
 }
 
@@ -100,6 +100,7 @@ bool isPrepared(const Prepared& prepared) {
 
 // Copying what is known of this process's memory would take longer than the rest. The child calls the system alone.
 pid_t startChild(const Prepared& prepared, volatile int& error) {
+  const SignalPause pause;
   const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork): as above
   if (child == 0) {
     becomeProgram(prepared, error);  // NOLINT(clang-analyzer-unix.Vfork): as above
@@ -112,12 +113,8 @@ pid_t startChild(const Prepared& prepared, volatile int& error) {
 Result<Process> Process::start(const Launch& launch) {
   const Prepared prepared(launch);
   volatile int error = 0;
-  pid_t child = -1;
-  {
-    const SignalPause pause;
-    child = startChild(prepared, error);
-  }
-  if (child < 0) {
+  const pid_t child = startChild(prepared, error);
+  if (child == -1) {
     return systemFailure("cannot start " + launch.words.front());
   }
   Process process(child);

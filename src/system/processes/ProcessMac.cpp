@@ -99,12 +99,14 @@ Result<Process> Process::start(const Launch& launch) {
     return Failure{.message = "cannot start " + launch.words.front() + ": " + std::generic_category().message(error),
                    .error = error};
   }
-  const pid_t itsOwn = launch.hasOwnSession ? -child : child;
-  const SignalPause pause;
-  guard({.child = child,
-         .starter = ::getpid(),
-         .limit = launch.limit,
-         .endsWithStarter = launch.endsWithStarter ? itsOwn : 0});
+  if (launch.endsWithStarter || launch.limit.count() != 0) {
+    const pid_t itsOwn = launch.hasOwnSession ? -child : child;
+    const SignalPause pause;
+    guard({.child = child,
+           .starter = ::getpid(),
+           .limit = launch.limit,
+           .endsWithStarter = launch.endsWithStarter ? itsOwn : 0});
+  }
   return Process(child);
 }
 

@@ -70,6 +70,7 @@ TEST(Utf8Test, aCodePointIsWrittenAndReadInItsShortestForm) {
       {0xFFFF, "\xEF\xBF\xBF"},
       {0x10000, "\xF0\x90\x80\x80"},
       {0x1F600, "\xF0\x9F\x98\x80"},
+      {0x40000, "\xF1\x80\x80\x80"},
       {0x10FFFF, "\xF4\x8F\xBF\xBF"},
   };
   for (const auto& [codePoint, bytes] : rows) {

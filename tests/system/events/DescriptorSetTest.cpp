@@ -50,6 +50,15 @@ TEST(DescriptorSetTest, forgetsWhatIsRemoved) {
   EXPECT_TRUE(set.readable(9).empty());
 }
 
+TEST(DescriptorSetTest, doesNotWaitForWhatCannotBeRead) {
+  const DescriptorSet set("watch pipes");
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  for (int count = 0; count < 10'000; ++count) {
+    EXPECT_TRUE(set.readable(1).empty());
+  }
+  EXPECT_LT(std::chrono::steady_clock::now(), end);
+}
+
 TEST(DescriptorSetTest, saysWhatItCannotWatch) {
   const DescriptorSet set("watch pipes");
   EXPECT_FALSE(set.add(-1));

@@ -1,11 +1,13 @@
 #include "system/files/AtomicFile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <filesystem>
 #include <future>
 #include <string>
+#include <utility>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -59,6 +61,51 @@ TEST(AtomicFileTest, saysThatThereIsNoFolder) {
   ASSERT_FALSE(written);
   EXPECT_EQ(written.error().message,
             "cannot make a file beside " + (sandbox / "absent/list").string() + ": No such file or directory");
+}
+
+TEST(AtomicFileTest, isACopyOfAnother) {
+  const fixtures::Sandbox sandbox;
+  const std::string bytes(1'000'000, 'b');
+  sandbox.write("from", bytes);
+  const Descriptor from(::open((sandbox / "from").c_str(), O_RDONLY | O_CLOEXEC));
+  AtomicFile file(sandbox / "list", 0640);
+  ASSERT_TRUE(file.copy(from.number()));
+  EXPECT_FALSE(sandbox.holds("list"));
+  ASSERT_TRUE(file.place());
+  EXPECT_EQ(sandbox.read("list"), bytes);
+  EXPECT_EQ(std::filesystem::status(sandbox / "list").permissions(), std::filesystem::perms(0640));
+}
+
+TEST(AtomicFileTest, leavesItsNameOnTheWayToOthersOnceItIsPlaced) {
+  using Step = Result<void> (AtomicFile::*)();
+  for (const auto& [target, step] :
+       {std::pair("list", Step(&AtomicFile::place)), std::pair("new", Step(&AtomicFile::commit))}) {
+    const fixtures::Sandbox sandbox;
+    sandbox.write("list", "before");
+    const std::filesystem::path passing = AtomicFile::passingPath(target);
+    {
+      AtomicFile file(sandbox / target, 0600);
+      ASSERT_TRUE(file.write("bytes"));
+      ASSERT_TRUE((file.*step)());
+      EXPECT_FALSE(sandbox.holds(passing.filename()));
+      sandbox.write(passing.filename(), "another's");
+    }
+    EXPECT_EQ(sandbox.read(passing.filename()), "another's");
+  }
+}
+
+TEST(AtomicFileTest, whatIsNotPlacedIsGoneAndNoOther) {
+  const fixtures::Sandbox sandbox;
+  EXPECT_EQ(fixtures::exitStatusOf([&sandbox] {
+              AtomicFile file(sandbox / "list", 0600);
+              return refuseUnnamedFiles() && file.write("bytes") && sandbox.holds(passingName) ? 0 : 1;
+            }),
+            0);
+  EXPECT_TRUE(std::filesystem::is_empty(sandbox.path()));
+  AtomicFile(sandbox / "list", 0600).removeRemains();
+  sandbox.write(passingName, "another's");
+  { const AtomicFile unused(sandbox / "list", 0600); }
+  EXPECT_TRUE(sandbox.holds(passingName));
 }
 
 TEST(AtomicFileTest, takesANameThatALinkHas) {

@@ -56,9 +56,19 @@ TEST(PrivateFolder, isNoLinkAndNoFile) {
     EXPECT_TRUE(refusalOf(PrivateFolder::open(sandbox / name)).starts_with("cannot enter the folder ")) << name;
   }
   EXPECT_NE(modeOfFolder(sandbox / "real"), 0700U);
-  EXPECT_NE(refusalOf(PrivateFolder::open(sandbox / "absent")), "");
+  EXPECT_EQ(refusalOf(PrivateFolder::open(sandbox / "absent")),
+            "cannot enter the folder " + (sandbox / "absent").string() + ": No such file or directory");
   EXPECT_FALSE(fs::exists(sandbox / "absent"));
   EXPECT_TRUE(refusalOf(PrivateFolder::make(sandbox / "file/below")).starts_with("cannot make the folder "));
+}
+
+TEST(PrivateFolder, isKnownByWhereItLiesAndNotByALinkAboveIt) {
+  const fixtures::Sandbox sandbox;
+  ASSERT_EQ(refusalOf(PrivateFolder::make(sandbox / "real/a")), "");
+  fs::create_directory_symlink(sandbox / "real", sandbox / "link");
+  const auto opened = PrivateFolder::open(sandbox / "link/a");
+  ASSERT_EQ(refusalOf(opened), "");
+  EXPECT_EQ((*opened).path(), sandbox / "real/a");
 }
 
 TEST(PrivateFolder, belongsToTheUser) {

@@ -27,5 +27,17 @@ TEST(ReadFileTest, saysThatWhatWasOpenedCannotBeRead) {
   }
 }
 
+// Else it would count as a file that never was.
+TEST(ReadFileTest, whatWasOpenedIsNotSaidToBeAbsent) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("file", "text");
+  EXPECT_EQ(fixtures::exitStatusOf([&] {
+              refuse(__NR_read, ENOENT);
+              const auto content = readFile(sandbox / "file", 9);
+              return !content && content.error().error == ESTALE ? 0 : 1;
+            }),
+            0);
+}
+
 }  // namespace
 }  // namespace tarnwell::system

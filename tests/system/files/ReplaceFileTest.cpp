@@ -57,6 +57,7 @@ TEST(ReplaceFileTest, aLinkBecomesAFile) {
   EXPECT_TRUE(replaceFile(sandbox / "a", "ours"));
   EXPECT_FALSE(fs::is_symlink(sandbox / "a"));
   EXPECT_EQ(sandbox.read("elsewhere"), "theirs");
+  EXPECT_EQ(modeOfFile(sandbox / "a"), 0644U);
 }
 
 TEST(ReplaceFileTest, saysWhyNot) {

@@ -30,6 +30,18 @@ TEST(SetAsideTest, whatWasSetAsideBeforeIsLeftAlone) {
   EXPECT_EQ(sandbox.read("store.damaged-3"), "three");
 }
 
+TEST(SetAsideTest, thereAreAThousandNames) {
+  const fixtures::Sandbox sandbox;
+  sandbox.write("store", "garbage");
+  for (int number = 1; number <= 999; ++number) {
+    sandbox.write("store.damaged-" + std::to_string(number), "");
+  }
+  EXPECT_TRUE(setAside(sandbox / "store"));
+  const auto oneMore = setAside(sandbox / "store");
+  ASSERT_FALSE(oneMore);
+  EXPECT_EQ(oneMore.error().error, EEXIST);
+}
+
 TEST(SetAsideTest, aFailureNamesTheFileAndTheReason) {
   const fixtures::Sandbox sandbox;
   const auto aside = setAside(sandbox / "absent");

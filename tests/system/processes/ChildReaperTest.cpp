@@ -6,6 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
+#include <utility>
+#include <vector>
+
 #include "fixtures/Processes.h"
 #include "fixtures/Subprocess.h"
 #include "fixtures/WaitFor.h"
@@ -33,6 +38,49 @@ void watchWithoutDescriptors(ChildReaper& reaper, pid_t child) {
   ::setrlimit(RLIMIT_NOFILE, &none);
   reaper.watch(Process(child));
   ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+bool isReadable(const ChildReaper& reaper) { return reaper.waitForEnd(std::chrono::steady_clock::now()); }
+
+TEST(ChildReaperTest, tellsOnceHowEachChildEnded) {
+  ChildReaper reaper;
+  std::vector<int> ends;
+  const auto add = [&ends](const ProcessEnd& end) { ends.push_back(end.number); };
+  reaper.watch(*Process::start({.words = {"sh", "-c", "exit 3"}}), add);
+  Process living = *Process::start({.words = {"sleep", "600"}});
+  const pid_t number = living.number();
+  reaper.watch(std::move(living), add);
+  EXPECT_TRUE(reaper.waitForEnd(std::chrono::steady_clock::now() + std::chrono::minutes(1)));
+  reaper.reap();
+  reaper.reap();
+  EXPECT_EQ(ends, std::vector{3});
+  EXPECT_FALSE(reaper.isIdle());
+  EXPECT_FALSE(isReadable(reaper));
+  ::kill(number, SIGKILL);
+  EXPECT_TRUE(reaper.waitForEnd(std::chrono::steady_clock::now() + std::chrono::minutes(1)));
+  reaper.reap();
+  EXPECT_EQ(ends, (std::vector{3, SIGKILL}));
+  EXPECT_TRUE(reaper.isIdle());
+}
+
+// As it has what was open in this process when it was made, until it is another program.
+TEST(ChildReaperTest, aCopyOfThisProcessKeepsNoEndThatWasSeen) {
+  ChildReaper reaper;
+  Process ending = *Process::start({.words = {"sleep", "600"}});
+  const pid_t number = ending.number();
+  reaper.watch(std::move(ending));
+  Process copy(::fork());
+  if (copy.number() == 0) {
+    for (;;) {
+      ::pause();
+    }
+  }
+  ::kill(number, SIGKILL);
+  EXPECT_TRUE(reaper.waitForEnd(std::chrono::steady_clock::now() + std::chrono::minutes(1)));
+  reaper.reap();
+  EXPECT_FALSE(isReadable(reaper));
+  copy.send(SIGKILL);
+  copy.wait();
 }
 
 TEST(ChildReaperTest, aChildThatIsAlreadyGoneCountsAsEnded) {

@@ -82,6 +82,60 @@ TEST(ProcessTest, findsItsDescriptorsAndNoOthers) {
   EXPECT_EQ(outputOf("test /dev/stdin -ef /dev/null && exec ls /dev/fd/"), "0\n1\n2\n3\n");
 }
 
+TEST(ProcessTest, findsNothingThatWasLeftOpen) {
+  const int status = fixtures::exitStatusOf([] {
+    const Descriptor inheritable(::open("/dev/zero", O_RDONLY));
+    const Descriptor extra(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    // As from a library that forgot to say otherwise; the pipe comes later and has higher numbers.
+    for (int number = STDERR_FILENO + 1; number < 10; ++number) {
+      if (number != extra.number() && number != inheritable.number()) {
+        ::dup2(inheritable.number(), number);
+      }
+    }
+    const bool isRight = outputOf("exec ls /dev/fd/", {.extra = extra.number()}) == "0\n1\n2\n3\n4\n" &&
+                         outputOf("exec ls /dev/fd/") == "0\n1\n2\n3\n";
+    return isRight ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+TEST(ProcessTest, isNotStartedWithADescriptorThatIsNone) {
+  constexpr int none = 1'000'000;
+  for (const Launch& launch : {Launch{.words = {"true"}, .input = none}, Launch{.words = {"true"}, .output = none},
+                               Launch{.words = {"true"}, .errors = none}, Launch{.words = {"true"}, .extra = none}}) {
+    const auto process = Process::start(launch);
+    ASSERT_FALSE(process);
+    EXPECT_EQ(process.error().error, EBADF);
+  }
+}
+
+TEST(ProcessTest, isOfOneOwnerAlone) {
+  Process first(1'000'000);
+  Process& left = first;
+  Process second(-1);
+  second = std::move(first);
+  EXPECT_EQ(second.number(), 1'000'000);
+  EXPECT_EQ(left.number(), -1);
+}
+
+TEST(ProcessTest, isWaitedForThroughAnInterruption) {
+  const int status = fixtures::exitStatusOf([] {
+    struct sigaction interrupts = {};
+    interrupts.sa_handler = [](int) {};
+    ::sigaction(SIGUSR1, &interrupts, nullptr);
+    const pid_t waiting = ::getpid();
+    const pid_t child = ::fork();
+    if (child == 0) {
+      const auto isWaiting = [waiting] { return fixtures::isAsleep(waiting); };
+      const bool isInTime = fixtures::waitFor(isWaiting);
+      ::kill(waiting, SIGUSR1);
+      ::_exit(isInTime && fixtures::waitFor(isWaiting) ? 7 : 1);
+    }
+    return Process(child).wait().number;
+  });
+  EXPECT_EQ(status, 7);
+}
+
 TEST(ProcessTest, findsADescriptorThatHasTheRightNumberAlready) {
   const int status = fixtures::exitStatusOf([] {
     const Descriptor extra(::dup2(::open("/dev/null", O_RDONLY | O_CLOEXEC), STDERR_FILENO + 1));
@@ -93,7 +147,10 @@ TEST(ProcessTest, findsADescriptorThatHasTheRightNumberAlready) {
 
 TEST(ProcessTest, startsWithTheSignalsThatAreAskedForWhateverOursAre) {
   const int status = fixtures::exitStatusOf([] {
-    std::signal(SIGPIPE, SIG_IGN);
+    // Of all numbers there are, but that of the end of a child, of which something is to be told.
+    for (int number = 1; number < NSIG; ++number) {
+      std::signal(number, number == SIGCHLD ? SIG_DFL : SIG_IGN);
+    }
     sigset_t blocked;
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGUSR1);
