@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
+#include <filesystem>
 #include <iterator>
 #include <memory>
 
@@ -230,6 +232,21 @@ TEST(DefaultsDurabilityTest, aStoreThatIsNoFileIsLeftAlone) {
   EXPECT_EQ(system.defaults({"read", "com.apple.dock", "k"}).status, 1);
   EXPECT_EQ(system.defaults({"delete", "com.apple.dock"}).status, 1);
   EXPECT_TRUE(std::filesystem::is_directory(system.dockStore()));
+}
+
+TEST(DefaultsDurabilityTest, aStoreThatIsTooLargeIsLeftAlone) {
+  const MacSystem system;
+  constexpr std::uintmax_t tooLarge = 64UL * 1024 * 1024 + 1;
+  system.store("");
+  std::filesystem::resize_file(system.dockStore(), tooLarge);
+  for (const Words& arguments : {Words{"read", "com.apple.dock", "k"}, Words{"write", "com.apple.dock", "k", "v"},
+                                 Words{"delete", "com.apple.dock"}}) {
+    const Outcome outcome = system.defaults(arguments);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr(system.dockStore() + " cannot be read: File too large\n"));
+  }
+  EXPECT_EQ(std::filesystem::file_size(system.dockStore()), tooLarge);
+  EXPECT_EQ(system.preferenceNames(), Words{"com.apple.dock.plist"});
 }
 
 TEST(DefaultsDurabilityTest, closedStreamsNeverWriteIntoTheStore) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <systemd/sd-bus.h>
+#include <unistd.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
@@ -10,6 +11,9 @@
 #include <QtDBus/QDBusMessage>
 #include <array>
 #include <csignal>
+#include <filesystem>
+#include <memory>
+#include <string>
 
 #include "fixtures/Sandbox.h"
 #include "fixtures/Subprocess.h"
@@ -24,9 +28,10 @@ namespace {
 /// A started program of which one runs in a session.
 class Started {
  public:
-  explicit Started(const QProcessEnvironment& environment, const QStringList& arguments = {}) {
+  explicit Started(const QProcessEnvironment& environment, const QStringList& arguments = {},
+                   QProcess::ProcessChannelMode mode = QProcess::ForwardedErrorChannel) {
     process_.setProcessEnvironment(environment);
-    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.setProcessChannelMode(mode);
     process_.start(QStringLiteral(INSTANCE_PROGRAM), arguments);
   }
   Started(const Started&) = delete;
@@ -240,6 +245,26 @@ INSTANTIATE_TEST_SUITE_P(desktops, SingleInstanceTest, testing::Values(Desktop::
                          [](const auto& tested) {
                            return tested.param == Desktop::withBus ? "withBus" : "withoutBus";
                          });
+
+class BuslessInstanceTest : public SingleInstanceTest {};
+
+TEST_P(BuslessInstanceTest, startsGoOnSideBySideAndSaySoWhereTheFolderIsNotOurs) {
+  const std::string taken = "tarnwell-" + std::to_string(::geteuid());
+  std::filesystem::create_directory_symlink(folder_.path(), folder_ / taken);
+  environment_.insert("XDG_RUNTIME_DIR", "/dev/null/nowhere");
+  environment_.insert("TMPDIR", QString::fromStdString(folder_.path().string()));
+  const std::string complaint = "tarnwell: cannot tell whether another Tarnwell is running: cannot enter the folder " +
+                                (folder_ / taken).string() + ": Not a directory";
+  std::array<std::unique_ptr<Started>, 2> all;
+  for (auto& started : all) {
+    started = std::make_unique<Started>(environment_, QStringList(), QProcess::MergedChannels);
+    EXPECT_EQ(started->line(), complaint);
+    EXPECT_EQ(started->line(), "first");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(desktops, BuslessInstanceTest, testing::Values(Desktop::withoutBus),
+                         [](const auto& /*tested*/) { return "withoutBus"; });
 
 class BusInstanceTest : public SingleInstanceTest {};
 
