@@ -41,10 +41,15 @@ function(tarnwell_library name)
   reuse_precompiled_headers(tarnwell_${name} "" ${arg_LINKS})
 endfunction()
 
-# tarnwell_test(NAME [WHOLE] SOURCES ... LINKS ...): one test program. Each of its tests is a process of its own, unless
-# WHOLE: for tests that leave the process as they found it, since starting it takes longer than most tests.
+# tarnwell_test(NAME [WHOLE | WAITS] SOURCES ... LINKS ...): one test program. Each of its tests is a process of its own,
+# unless WHOLE: for tests that leave the process as they found it, since starting it takes longer than most tests. WAITS:
+# for tests that wait for other programs or for time; they start first.
 function(tarnwell_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE" "" "SOURCES;LINKS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE;WAITS" "" "SOURCES;LINKS;ENVIRONMENT")
+  set(cost 0)
+  if(arg_WAITS)
+    set(cost 20)
+  endif()
   list(FILTER arg_SOURCES EXCLUDE REGEX "${other_system}\\.cpp$")
   add_executable(tarnwell_${name} ${arg_SOURCES})
   target_include_directories(tarnwell_${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
@@ -56,6 +61,6 @@ function(tarnwell_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 COST 5 ENVIRONMENT "${arg_ENVIRONMENT}")
   else()
     gtest_discover_tests(tarnwell_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
-                         PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+                         PROPERTIES TIMEOUT 120 COST ${cost} ENVIRONMENT "${arg_ENVIRONMENT}")
   endif()
 endfunction()
