@@ -34,10 +34,11 @@ bool read(std::istream& text, DocumentState& state) {
   return true;
 }
 
+// What is farthest counts as well: six digits are written, which may be rounded up to it.
 bool read(std::istream& text, Document& document) {
   constexpr double farthest = 100'000;
   return read(text, document.state) && text >> document.place.x >> document.place.y &&
-         std::abs(document.place.x) < farthest && std::abs(document.place.y) < farthest;
+         std::abs(document.place.x) <= farthest && std::abs(document.place.y) <= farthest;
 }
 
 }  // namespace

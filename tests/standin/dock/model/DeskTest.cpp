@@ -119,6 +119,15 @@ TEST(DeskTest, itsTextBringsEverythingBack) {
   EXPECT_EQ(other.document({notebook, 0}).place, (Point{12.5, 700}));
 }
 
+TEST(DeskTest, aPlaceThatIsRoundedToTheFarthestComesBack) {
+  Desk desk;
+  desk.move({files, 0}, {99999.97, -99999.97});
+  Desk other;
+  other.restoreFrom(desk.text());
+  EXPECT_EQ(other.text(), desk.text());
+  EXPECT_NE(other.text(), Desk().text());
+}
+
 TEST(DeskTest, aDamagedTextDoesNoHarm) {
   const std::string fresh = Desk().text();
   for (const char* text : {"", "\n\n", "nobody running shown", "files running shown open",
