@@ -3,15 +3,19 @@
 #include <QtGui/QGuiApplication>
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "system/files/Folders.h"
+#include "system/files/ReadFile.h"
 
 namespace tarnwell::standin {
 namespace {
+
+// Many times what becomes of eight applications.
+constexpr std::size_t longestDesk = 65536;
 
 Reveal makeReveal(const DockBehavior& behavior) {
   return {Reveal::Seconds(behavior.autohideDelay), Reveal::Seconds(behavior.autohideTimeModifier),
@@ -39,8 +43,9 @@ DockScene::DockScene(Surface& surface, const DockBehavior& behavior, Scheme sche
             {.click = [this](std::size_t item) { click(item); },
              .menu = [this](std::size_t item) { openMenu(item); },
              .scrollUp = [this](std::size_t item) { scrollUp(item); }}) {
-  std::ifstream file(deskPath_);
-  desk_.restoreFrom(std::string(std::istreambuf_iterator<char>(file), {}));
+  if (const auto text = system::readFile(deskPath_, longestDesk)) {
+    desk_.restoreFrom(*text);
+  }
   dock_.setScheme(scheme);
   show();
   lowerWindows();

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "fixtures/WaitFor.h"
@@ -157,6 +159,14 @@ TEST(ApplicationsTest, aClickHidesTheOthersWhereThatIsSet) {
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Mountains") == 1; }));
     EXPECT_TRUE(waitFor([&] { return dock.display().windowCount("Ideas") == (isSet ? 0 : 1); })) << isSet;
   }
+}
+
+TEST(ApplicationsTest, aPipeInThePlaceOfWhatBecameOfThemHoldsNothingUp) {
+  ShownDock dock;
+  const std::filesystem::path desk = dock.system().root() + "/Library/Application Support/Dock/desk";
+  std::filesystem::create_directories(desk.parent_path());
+  ASSERT_EQ(::mkfifo(desk.c_str(), 0600), 0);
+  dock.start();
 }
 
 TEST(ApplicationsTest, windowsOfARestartedDockAreBelowTheOthers) {
