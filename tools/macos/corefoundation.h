@@ -51,7 +51,8 @@ typedef uint32_t CFStringEncoding;
 enum { kCFStringEncodingUTF8 = 0x08000100 };
 KIT_EXTERN CFStringRef CFStringCreateWithCString(CFAllocatorRef, const char*, CFStringEncoding);
 KIT_EXTERN CFIndex CFStringGetLength(CFStringRef);
-KIT_EXTERN CFIndex CFStringGetBytes(CFStringRef, CFRange, CFStringEncoding, uint8_t, Boolean, uint8_t*, CFIndex, CFIndex*);
+KIT_EXTERN CFIndex CFStringGetBytes(CFStringRef, CFRange, CFStringEncoding, uint8_t, Boolean, uint8_t*, CFIndex,
+                                    CFIndex*);
 
 typedef const struct __CFError* CFErrorRef;
 typedef CFIndex CFPropertyListFormat;
