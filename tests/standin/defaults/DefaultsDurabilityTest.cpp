@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 #include "standin/MacSystem.h"
 
@@ -146,6 +147,18 @@ TEST(DefaultsDurabilityTest, aStoreThatIsHalfUnderstoodIsSetAsideByteByByte) {
     ASSERT_EQ(names.size(), 2U) << each.cause;
     EXPECT_EQ(fileContent(system.preferences() + "/" + names[1]), each.bytes);
     EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    x = y;\n}\n");
+  }
+}
+
+TEST(DefaultsDurabilityTest, aStoreOfMoreThan64MebibytesIsNotRead) {
+  const MacSystem system;
+  constexpr std::uintmax_t most = 67'108'864;
+  for (const auto& [size, cause] : {std::pair(most, "is not a property list"), {most + 1, "File too large"}}) {
+    system.store("x");
+    std::filesystem::resize_file(system.dockStore(), size);
+    const Outcome outcome = system.defaults({"read", "com.apple.dock", "k"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr(cause));
   }
 }
 

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "standin/MacSystem.h"
@@ -26,6 +28,30 @@ TEST(DefaultsTransferTest, exportReplacesNoDeviceAndNoLink) {
   std::filesystem::create_symlink("/dev/null", link);
   EXPECT_EQ(system.defaults({"export", "com.apple.dock", link}).status, 1);
   EXPECT_TRUE(std::filesystem::is_symlink(link));
+}
+
+TEST(DefaultsTransferTest, exportSaysWhyNot) {
+  const MacSystem system;
+  const std::string file = (system.folder() / "file").string();
+  system.folder().write("file", "");
+  for (const auto& [path, cause] : {std::pair(file + "/below", "Not a directory"),
+                                    {system.folder().path().string(), "is no file"},
+                                    {std::string("-"), "what would be written cannot be read"}}) {
+    system.defaults({"write", "com.apple.dock", "k", "a\x01"});
+    const Outcome outcome = system.defaults({"export", "com.apple.dock", path});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("Could not write " + path + "; leaving defaults unchanged.\n"));
+    EXPECT_THAT(outcome.errors, HasSubstr(cause));
+  }
+  EXPECT_EQ(system.shell(R"("$D" delete com.apple.dock k; "$D" export com.apple.dock - >/dev/full)").status, 1);
+}
+
+TEST(DefaultsTransferTest, anExportIsForTheUserAloneAndOneOfNothingIsEmpty) {
+  const MacSystem system;
+  const std::string path = (system.folder() / "out.plist").string();
+  ASSERT_EQ(system.shell("umask 0; \"$D\" export com.example.x '" + path + "'").status, 0);
+  EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0600));
+  EXPECT_EQ(plist_dict_get_size(listIn(fileContent(path)).get()), 0U);
 }
 
 TEST(DefaultsTransferTest, exportsToOnePathDoNotDisturbEachOther) {
@@ -60,11 +86,21 @@ TEST(DefaultsTransferTest, importRefusesWhatIsNoDictionary) {
   system.defaults({"write", "com.apple.dock", "k", "v"});
   system.folder().write("array", R"(<plist version="1.0"><array/></plist>)");
   system.folder().write("garbage", "garbage");
-  for (const char* name : {"array", "garbage", "nosuch"}) {
-    const Outcome outcome = system.defaults({"import", "com.apple.dock", (system.folder() / name).string()});
+  struct Row {
+    const char* name;
+    const char* step;
+    const char* cause;
+  };
+  for (const Row& row : {Row{"array", "parse", "it has no dictionary at its top"},
+                         Row{"garbage", "parse", "line 1: syntax error"}, Row{"nosuch", "read", "No such file"}}) {
+    const std::string path = (system.folder() / row.name).string();
+    const Outcome outcome = system.defaults({"import", "com.apple.dock", path});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.errors, HasSubstr("leaving defaults unchanged."));
+    EXPECT_THAT(outcome.errors,
+                HasSubstr(std::string("Could not ") + row.step + " " + path + "; leaving defaults unchanged.\n"));
+    EXPECT_THAT(outcome.errors, HasSubstr(row.cause));
   }
+  EXPECT_EQ(system.shell(R"("$D" import com.apple.dock - <&-)").status, 1);
   EXPECT_EQ(system.defaults({"read", "com.apple.dock"}).output, "{\n    k = v;\n}\n");
 }
 

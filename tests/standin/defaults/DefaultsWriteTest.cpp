@@ -78,9 +78,12 @@ TEST(DefaultsWriteTest, badInputIsRefusedAndChangesNothing) {
 }
 
 TEST(DefaultsWriteTest, helpIsPrintedOnStandardOutput) {
-  const Outcome outcome = run({DEFAULTS_PATH, "help"}, {});
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_THAT(outcome.output, HasSubstr("read-type DOMAIN KEY"));
+  for (const char* help : {"help", "-help", "--help", "-h"}) {
+    const Outcome outcome = run({DEFAULTS_PATH, help}, {});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("read-type DOMAIN KEY"));
+  }
+  EXPECT_EQ(MacSystem().shell(R"("$D" help >/dev/full)").status, 1);
 }
 
 TEST(DefaultsWriteTest, theStoreIsBinaryAndForTheUserAlone) {

@@ -92,6 +92,30 @@ TEST(DockTest, theLogIsSetAsideOnceItIsFull) {
   EXPECT_EQ(fileContent(system.dockLog() + ".1"), full);
 }
 
+TEST(DockTest, theLogIsFullOnceALineWouldGoBeyondItsLimit) {
+  const MacSystem system;
+  const std::string folder = std::filesystem::path(system.dockLog()).parent_path();
+  ASSERT_TRUE(appendToDockLog(folder, "first"));
+  EXPECT_EQ(std::filesystem::status(system.dockLog()).permissions(), std::filesystem::perms(0600));
+  std::filesystem::resize_file(system.dockLog(), static_cast<std::uintmax_t>(dockLogLimit) - 5);
+  EXPECT_TRUE(appendToDockLog(folder, "1234"));
+  EXPECT_FALSE(std::filesystem::exists(system.dockLog() + ".1"));
+  EXPECT_EQ(std::filesystem::file_size(system.dockLog()), static_cast<std::uintmax_t>(dockLogLimit));
+  EXPECT_TRUE(appendToDockLog(folder, ""));
+  EXPECT_TRUE(fileContent(system.dockLog() + ".1").ends_with("1234\n"));
+  EXPECT_EQ(fileContent(system.dockLog()), "\n");
+}
+
+TEST(DockTest, aLogThatCannotBeSetAsideIsNotWrittenOn) {
+  const MacSystem system;
+  const std::string folder = std::filesystem::path(system.dockLog()).parent_path();
+  std::filesystem::create_directories(system.dockLog() + ".1/below");
+  std::ofstream(system.dockLog()) << std::string(static_cast<std::size_t>(dockLogLimit), 'x');
+  EXPECT_FALSE(appendToDockLog(folder, "line"));
+  EXPECT_EQ(std::filesystem::file_size(system.dockLog()), static_cast<std::uintmax_t>(dockLogLimit));
+  EXPECT_FALSE(appendToDockLog(system.dockLog(), "line"));
+}
+
 TEST(DockTest, isFoundByItsNameAndEndsOnTermination) {
   const MacSystem system;
   // The parent process may ignore the signal that killall sends.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace tarnwell::standin {
 namespace {
@@ -29,6 +30,28 @@ TEST(DeskTest, eightApplicationsOfWhichThreeRunAndNoneHasAWindow) {
     EXPECT_EQ(visibleCount(desk, i), 0);
   }
   EXPECT_EQ(running, 3);
+  EXPECT_EQ(desk.text(), R"(files running shown closed 90 120 closed 190 330
+letters ended shown closed 140 90 closed 330 250
+notebook running shown closed 120 160 closed 480 110 closed 350 360
+almanac ended shown closed 220 140
+album running shown closed 520 90 closed 620 320
+tunes ended shown closed 410 200
+atlas ended shown closed 300 150
+console ended shown closed 160 210 closed 540 280
+order
+)");
+}
+
+TEST(DeskTest, whatIsNamedInTheOrderComesBehindWhatIsNot) {
+  Desk desk;
+  desk.restoreFrom(R"(files ended hidden minimized 99999 -99999 minimized 1 2
+album running hidden minimized 3 4 open 5 6
+order album 0 files 0
+)");
+  EXPECT_EQ(desk.minimized(), (std::vector<DocumentId>{{files, 1}, {4, 0}, {files, 0}}));
+  EXPECT_EQ(desk.document({files, 0}).place, (Point{99999, -99999}));
+  EXPECT_FALSE(desk.applications()[files].isHidden) << "only what runs can be";
+  EXPECT_TRUE(desk.applications()[4].isHidden);
 }
 
 TEST(DeskTest, aClickLaunchesAndOpensTheDocuments) {
@@ -130,9 +153,12 @@ TEST(DeskTest, aPlaceThatIsRoundedToTheFarthestComesBack) {
 
 TEST(DeskTest, aDamagedTextDoesNoHarm) {
   const std::string fresh = Desk().text();
-  for (const char* text : {"", "\n\n", "nobody running shown", "files running shown open",
-                           "files running shown open x y", "files running shown ajar 1 1 open 1 1", "order",
-                           "order files", "order files 0 nobody 7 files", "files running shown open 1e99 1 open 1 1"}) {
+  for (const char* text :
+       {"", "\n\n", "nobody running shown", "files running shown open", "files running shown open x y",
+        "files running shown ajar 1 1 open 1 1", "order", "order files", "order files 0 nobody 7 files",
+        "files running shown open 1e99 1 open 1 1", "files running shown open 100000 1 open 1 1",
+        "files running shown open 1 -100000 open 1 1", "files running shown open 1 1e99 open 1 1",
+        "files running shown open 1 1 open 1", "order files 0 files 1"}) {
     Desk desk;
     desk.restoreFrom(text);
     EXPECT_EQ(desk.text(), fresh) << text;

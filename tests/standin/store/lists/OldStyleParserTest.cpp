@@ -37,6 +37,15 @@ TEST(OldStyleParserTest, understandsWhatAPersonTypes) {
       {R"("\U00e9 \Ud83d\Ude00")", R"("\U00e9\Ud83d\Ude00")"},
       {"\"h\xC3\xA9\"", R"("h\U00e9")"},
       {"$a/b:c.d-e", R"("$a/b:c.d-e")"},
+      {"azAZ09_", "azAZ09_"},
+      {"\t\r\n\v\f a", "a"},
+      {"<0aAfF9>", "<0aaff9>"},
+      {R"("\1\177\1011")", R"("\001\177A1")"},
+      {R"("\a\b\f\n\r\t\v\"\'\\")", R"("\007\010\014\n\015\011\013\"'\\")"},
+      {"'a\"b'", R"("a\"b")"},
+      {R"("\U41\U00411")", "AA1"},
+      {R"("\Ud7ff\Ue000\Uffff")", R"("\Ud7ff\Ue000\Uffff")"},
+      {R"("\Ud800\Udc00\Udbff\Udfff")", R"("\Ud800\Udc00\Udbff\Udfff")"},
   };
   for (const auto& [text, structure] : texts) {
     EXPECT_EQ(structureOf(text), structure) << text;
@@ -75,6 +84,21 @@ TEST(OldStyleParserTest, refusesWhatIsNotWhole) {
                                  R"("\Ud83d")",
                                  R"("\Ude00")",
                                  R"("\Ud83d\U0041")",
+                                 R"("\Ud800\Ud800")",
+                                 R"("\Ud800\Ue000")",
+                                 R"("\Udc00")",
+                                 R"("\Udfff")",
+                                 R"("\Ud800x")",
+                                 R"("\200")",
+                                 R"("\8")",
+                                 "a`",
+                                 "a@",
+                                 "a[",
+                                 "a|",
+                                 "a;",
+                                 "'a\"",
+                                 "(a,,b)",
+                                 "{a=b,}",
                                  "hello world"}) {
     EXPECT_EQ(structureOf(text), "none") << text;
   }

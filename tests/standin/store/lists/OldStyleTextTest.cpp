@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <vector>
 
 #include "standin/MacSystem.h"
 
@@ -14,7 +14,7 @@ struct Quoting {
   const char* quoted = "";
 };
 
-constexpr std::array<Quoting, 12> quotings = {{
+const std::vector<Quoting> quotings = {
     {"abc", "abc"},
     {"com.apple.dock", "com.apple.dock"},
     {"a_b/c.9", "a_b/c.9"},
@@ -27,7 +27,21 @@ constexpr std::array<Quoting, 12> quotings = {{
     {"h\xC3\xA9", R"("h\U00e9")"},
     {"\xF0\x9F\x98\x80", R"("\Ud83d\Ude00")"},
     {"\xFF", R"("\377")"},
-}};
+    {"azAZ09", "azAZ09"},
+    {"`", R"("`")"},
+    {"{", R"("{")"},
+    {"@", R"("@")"},
+    {"[", R"("[")"},
+    {":", R"(":")"},
+    {"\x1F", R"("\037")"},
+    {" ", R"(" ")"},
+    {"~", R"("~")"},
+    {"\x7F", R"("\177")"},
+    {"\xC2\x80", R"("\U0080")"},
+    {"\xEF\xBF\xBF", R"("\Uffff")"},
+    {"\xF0\x90\x80\x80", R"("\Ud800\Udc00")"},
+    {"\xF4\x8F\xBF\xBF", R"("\Udbff\Udfff")"},
+};
 
 TEST(OldStyleTextTest, onlyPlainTextsGoUnquoted) {
   for (const Quoting& each : quotings) {

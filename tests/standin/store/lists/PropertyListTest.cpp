@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <functional>
@@ -36,7 +38,7 @@ struct Reading {
 };
 
 TEST(PropertyListTest, everyValueOfXmlIsReadAsItIsThereOrNotAtAll) {
-  constexpr std::array<Reading, 64> readings = {{
+  const std::vector<Reading> readings = {
       {"<true/>", "boolean 1"},
       {"<false></false>", "boolean 0"},
       {"<true>x</true>"},
@@ -101,7 +103,23 @@ TEST(PropertyListTest, everyValueOfXmlIsReadAsItIsThereOrNotAtAll) {
       {"<true/><true/>"},
       {""},
       {"<True/>"},
-  }};
+      {"<integer>0X1f</integer>", "integer 31"},
+      {"<integer>-0x10</integer>", "integer -16"},
+      {"<integer>9223372036854775807</integer>", "integer 9223372036854775807"},
+      {"<integer>0</integer>", "integer 0"},
+      {"<date>2023-12-31T23:59:59Z</date>", "date 2023-12-31 23:59:59 +0000"},
+      {"<date>9999-12-31T23:59:59Z</date>", "date 9999-12-31 23:59:59 +0000"},
+      {"<date>2023-12-31T23:59:60Z</date>"},
+      {"<date>2023-12-31T23:59:61Z</date>"},
+      {"<date>2023-12-31 23:59:59Z</date>"},
+      {"<date>2023-12-31T23:59:5:Z</date>"},
+      {"<date>2023-12-31T23:59:5/Z</date>"},
+      {"<date>2023-00-31T23:59:59Z</date>"},
+      {"<data>+/09AZaz</data>", "data <fbfd3d0196b3>"},
+      {"<data>AP8BAg==</data>", "data <00ff0102>"},
+      {"<data>A</data>"},
+      {"<data>AP8-</data>"},
+  };
   for (const Reading& each : readings) {
     EXPECT_EQ(shown(xmlList(each.value)), each.shown) << each.value;
   }
@@ -137,10 +155,25 @@ TEST(PropertyListTest, aByteOrderMarkIsNoDamage) {
   EXPECT_EQ(shown(wide), "string h");
 }
 
-TEST(PropertyListTest, theCauseIsNamedWithItsLine) {
-  const system::Result<PropertyList> list = parsePropertyList(xmlList("<array>\n<real>abc</real>\n</array>"));
-  ASSERT_FALSE(list);
-  EXPECT_EQ(list.error().message, "line 5: what <real> holds cannot be understood");
+/// What is said of so many bytes, the first of which are these and the others zero.
+std::string faultOfLarge(std::size_t size, std::string_view begin) {
+  void* const bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  if (bytes == MAP_FAILED) {
+    return "no room";
+  }
+  std::ranges::copy(begin, static_cast<char*>(bytes));
+  const auto list = parsePropertyList({static_cast<const char*>(bytes), size});
+  ::munmap(bytes, size);
+  return list ? "" : list.error().message;
+}
+
+TEST(PropertyListTest, isAsLargeAsWhatReadsItCanCount) {
+  constexpr std::size_t mostBinary = std::numeric_limits<std::uint32_t>::max();
+  constexpr std::size_t mostXml = std::numeric_limits<int>::max();
+  EXPECT_EQ(faultOfLarge(mostBinary, "bplist"), "it is malformed");
+  EXPECT_EQ(faultOfLarge(mostBinary + 1, "bplist"), "it is too large");
+  EXPECT_THAT(faultOfLarge(mostXml, "x"), HasSubstr("line 1: "));
+  EXPECT_EQ(faultOfLarge(mostXml + 1, "x"), "it is too large");
 }
 
 TEST(PropertyListTest, nestingHasALimit) {
