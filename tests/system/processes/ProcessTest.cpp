@@ -100,7 +100,7 @@ TEST(ProcessTest, findsNothingThatWasLeftOpen) {
 }
 
 TEST(ProcessTest, isNotStartedWithADescriptorThatIsNone) {
-  constexpr int none = 1'000'000;
+  constexpr int none = 9999;
   for (const Launch& launch : {Launch{.words = {"true"}, .input = none}, Launch{.words = {"true"}, .output = none},
                                Launch{.words = {"true"}, .errors = none}, Launch{.words = {"true"}, .extra = none}}) {
     const auto process = Process::start(launch);
