@@ -21,7 +21,11 @@ bool decodeBase64(std::string_view text, std::span<unsigned char> bytes) {
   const int status =
       sodium_base642bin(bytes.data(), bytes.size(), text.data(), text.size(), nullptr, &length, nullptr, usualAlphabet);
   // Written again it must be the same text: whatever the decoder lets pass, there is one spelling.
-  return status == 0 && length == bytes.size() && encodeBase64(bytes) == text;
+  std::string again = encodeBase64(bytes);
+  const bool isSame = again == text;
+  // It may be a private key's.
+  sodium_memzero(again.data(), again.size());
+  return status == 0 && length == bytes.size() && isSame;
 }
 
 }  // namespace tarnwell::updater
