@@ -47,13 +47,13 @@ class PlaceFinder {
   static void start(void* self, const XML_Char* name, const XML_Char** /*attributes*/) {
     auto& finder = *static_cast<PlaceFinder*>(self);
     ++finder.depth_;
+    // The place is found before the channel ends.
     finder.isInChannel_ = finder.isInChannel_ || (std::string_view(name) == "channel" && finder.depth_ == 2);
     finder.takeHere(std::string_view(name) == "item" && finder.depth_ == 3 && finder.isInChannel_);
   }
   static void end(void* self, const XML_Char* name) {
     auto& finder = *static_cast<PlaceFinder*>(self);
     finder.takeHere(std::string_view(name) == "channel" && finder.depth_ == 2);
-    finder.isInChannel_ = finder.isInChannel_ && finder.depth_ != 2;
     --finder.depth_;
   }
 

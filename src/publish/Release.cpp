@@ -99,10 +99,8 @@ system::Result<void> checkItem(const release::FeedItem& item, const Package& pac
     return checked;
   }
   const auto claim = updater::PackageClaim::create(item);
-  if (!claim) {
-    return claim.error();
-  }
-  const auto held = claim->hold(*updater::PublicKey::parse(key.publicText()), package.descriptor());
+  const auto held =
+      claim ? claim->hold(*updater::PublicKey::parse(key.publicText()), package.descriptor()) : claim.error();
   return held ? system::Result<void>() : held.error();
 }
 

@@ -149,7 +149,8 @@ TEST(MakeFeed, makesTheFoldersOfAFeedWhereItCan) {
 TEST(MakeFeed, leavesTheRestOfAFeedAsItIs) {
   const Publisher publisher;
   const std::string head =
-      "<rss xmlns:y='http://www.andymatuschak.org/xml-namespaces/sparkle'>\n\t<other><item/></other><channel><!-- "
+      "<rss "
+      "xmlns:y='http://www.andymatuschak.org/xml-namespaces/sparkle'>\n\t<other><some/><item/></other><channel><!-- "
       "<item> "
       "--><title>Mine</title>";
   const std::string tail = "<item><y:version>1.0</y:version></item>\r\n<odd/></channel>\n</rss>";

@@ -68,10 +68,10 @@ system::Result<const PackageKind*> PackageClaim::holdSignatures(const PublicKey&
     return kind;
   }
   const auto text = releaseText(version, descriptor);
-  if (!text || !releaseSignature || !releaseSignature->holdsFor(key, *text)) {
-    return thrownAway("nothing vouches for its being version " + version);
+  if (text && releaseSignature && releaseSignature->holdsFor(key, *text)) {
+    return kind;
   }
-  return kind;
+  return thrownAway("nothing vouches for its being version " + version);
 }
 
 system::Result<std::string> releaseText(const std::string& version, int descriptor) {

@@ -26,9 +26,45 @@ std::string versionOf(const std::string& content) {
   return version ? *version : version.error().message;
 }
 
+/// Which kind a file with these bytes is of; null for none.
+const PackageKind* kindOf(const std::string& content) {
+  const system::Descriptor file(::memfd_create("package", MFD_CLOEXEC));
+  EXPECT_TRUE(file.writeAll(content));
+  return packageKind(file.number());
+}
+
 constexpr const char* noVersion =
     "The downloaded update was thrown away, because it cannot be seen which version it is: "
     "dpkg-deb does not find a version in it.";
+
+TEST(PackageKind, isSeenByTheFirstBytes) {
+  const std::string executable =
+      "\x7f"
+      "ELF0123";
+  EXPECT_EQ(kindOf(realPackage("1.2")), &debianPackage);
+  EXPECT_EQ(kindOf("!<arch>\ndebian-binary"), &debianPackage);
+  EXPECT_EQ(kindOf(executable + "AI\x02"), &appImage);
+  for (const std::string& other :
+       {std::string(), std::string("!<arch>\ndebian"), std::string(" !<arch>\ndebian-binary"), executable,
+        executable + "AI\x01", "ELF-0123AI\x02" + executable}) {
+    EXPECT_EQ(kindOf(other), nullptr) << other;
+  }
+  EXPECT_EQ(packageKind(-1), nullptr);
+}
+
+TEST(PackageKind, isFoundByItsName) {
+  EXPECT_EQ(packageKind("debian"), &debianPackage);
+  EXPECT_EQ(packageKind("app-image"), &appImage);
+  EXPECT_EQ(packageKind(""), nullptr);
+}
+
+TEST(DebianPackage, isOfAVersionWhateverItsRevision) {
+  EXPECT_TRUE(debianPackage.isVersionOf("1.2", "1.2"));
+  EXPECT_TRUE(debianPackage.isVersionOf("1.2-3", "1.2"));
+  EXPECT_TRUE(debianPackage.isVersionOf("1.2-3-4", "1.2-3"));
+  EXPECT_FALSE(debianPackage.isVersionOf("1.2-3", "1.2-3"));
+  EXPECT_FALSE(debianPackage.isVersionOf("1.2", "1"));
+}
 
 TEST(DebianPackage, saysItsVersion) {
   EXPECT_EQ(versionOf(realPackage("1.2")), "1.2");
