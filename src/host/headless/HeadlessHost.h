@@ -15,7 +15,7 @@ class HeadlessHost : public host_painted::PaintingHost {
   /// The tallest content of a window, in points.
   void setAvailableHeight(double height) { screen_.availableHeight = height; }
   void setChromeHeight(double height) { screen_.chromeHeight = height; }
-  /// Told that the keyboard went to another window; null for none.
+  /// Told which window has the keyboard when that may have changed; null for none.
   void setKeyWindowAction(std::function<void(kit::Window*)> action) { screen_.keyWindowChanged = std::move(action); }
 
   std::unique_ptr<kit::WindowPeer> peer(kit::Window& window) override;

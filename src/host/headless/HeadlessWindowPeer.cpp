@@ -44,15 +44,11 @@ void HeadlessWindowPeer::orderFront() noexcept {
 // From one that leaves it goes back to the window that had it before.
 void HeadlessWindowPeer::putKeyboard(bool here) {
   auto& windows = screen_.byKeyboard;
-  const auto key = [&windows] { return windows.empty() ? nullptr : windows.back(); };
-  const kit::Window* before = key();
   std::erase(windows, &window_);
   if (here) {
     windows.push_back(&window_);
   }
-  if (key() != before && screen_.keyWindowChanged) {
-    screen_.keyWindowChanged(key());
-  }
+  screen_.keyWindowChanged(windows.empty() ? nullptr : windows.back());
 }
 
 }  // namespace tarnwell::host_headless

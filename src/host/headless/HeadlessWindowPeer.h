@@ -17,8 +17,8 @@ class HeadlessWindowPeer final : public kit::WindowPeer {
     double chromeHeight = 0;  // Of each window.
     /// Those on it that took the keyboard, the one that has it last.
     std::vector<kit::Window*> byKeyboard = {};
-    /// Told that another one has it; null for none.
-    std::function<void(kit::Window*)> keyWindowChanged = {};
+    /// Told which one has it when that may have changed; null for none.
+    std::function<void(kit::Window*)> keyWindowChanged = [](kit::Window*) {};
   };
 
   /// `screen` is read at each layout and outlives the peer.
