@@ -7,8 +7,10 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 
+#include "fixtures/EnvironmentScope.h"
 #include "fixtures/Sandbox.h"
 #include "system/base/Descriptor.h"
 #include "updater/feed/FeedText.h"
@@ -122,6 +124,30 @@ TEST_F(JobsTest, aBuildWithAKeyThatIsNoneSendsNoRequest) {
       run("fetch-feed", {"https://updates.invalid/feed", "", "30", "AAAA"}),
       Messages{"failed This build of Tarnwell cannot verify a newer version: the key is not 32 bytes in base64."});
   EXPECT_TRUE(downloads.empty());
+}
+
+TEST_F(JobsTest, authoritiesAreThoseOfTheUserWhereThereAreSome) {
+  answer({});
+  const auto authorities = [this] {
+    run("fetch-package", {"https://updates.invalid/p", "Tarnwell/1", "30", "0"});
+    return downloads.back().authorities;
+  };
+  const fixtures::EnvironmentScope first("CURL_CA_BUNDLE", "/first.pem");
+  const fixtures::EnvironmentScope second("SSL_CERT_FILE", "/second.pem");
+  EXPECT_EQ(authorities(), "/first.pem");
+  ::setenv("CURL_CA_BUNDLE", "", 1);
+  EXPECT_EQ(authorities(), "/second.pem");
+  ::unsetenv("CURL_CA_BUNDLE");
+  EXPECT_EQ(authorities(), "/second.pem");
+  ::unsetenv("SSL_CERT_FILE");
+  EXPECT_EQ(authorities(), "");
+}
+
+TEST_F(JobsTest, aLengthThatIsNoNumberIsNone) {
+  EXPECT_EQ(run("verify", {"2.0", "three", key.signatureOf("abc"), "", key.publicText()}),
+            Messages{"failed The update cannot be trusted: the feed does not say how long it is."});
+  answer({});
+  EXPECT_EQ(run("fetch-package", {"https://updates.invalid/p", "Tarnwell/1", "30", "three"}), Messages());
 }
 
 TEST_F(JobsTest, aPackageIsWrittenAsItComes) {
