@@ -48,6 +48,15 @@ TEST(MakeFeed, neverOverwritesAKey) {
   EXPECT_EQ(publisher.sandbox.read("private"), before);
 }
 
+TEST(MakeFeed, leavesNoKeyBehindThatCouldNotBeWritten) {
+  const fixtures::Sandbox sandbox;
+  const std::string file = (sandbox / "private").string();
+  const ProgramEnd end = makeFeed("key " + file, "ulimit -f 0; ");
+  EXPECT_EQ(end.status, 1);
+  EXPECT_EQ(end.output, "make-feed: cannot write " + file + ": File too large\n");
+  EXPECT_FALSE(sandbox.holds("private"));
+}
+
 TEST(MakeFeed, takesNoKeyThatOthersCanReadOrThatIsNone) {
   const Publisher publisher;
   std::filesystem::permissions(publisher.sandbox / "private", std::filesystem::perms(0640));

@@ -7,9 +7,9 @@
 
 namespace tarnwell::publish {
 
-ProgramEnd makeFeed(const std::string& arguments) {
+ProgramEnd makeFeed(const std::string& arguments, const std::string& before) {
   ProgramEnd end;
-  std::FILE* pipe = ::popen((MAKE_FEED " " + arguments + " 2>&1").c_str(), "re");
+  std::FILE* pipe = ::popen((before + MAKE_FEED " " + arguments + " 2>&1").c_str(), "re");
   if (pipe == nullptr) {
     return end;
   }

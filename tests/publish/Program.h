@@ -10,7 +10,7 @@ struct ProgramEnd {
   int status = -1;
 };
 
-/// Runs it with these arguments, as a shell splits them.
-ProgramEnd makeFeed(const std::string& arguments);
+/// Runs it with these arguments, as a shell splits them; that does what stands `before` first.
+ProgramEnd makeFeed(const std::string& arguments, const std::string& before = "");
 
 }  // namespace tarnwell::publish
