@@ -85,11 +85,8 @@ class Filter {
     isGood_ = isGood_ && ::seccomp_rule_add(context_.get(), action, call, sizeof...(comparison), comparison...) == 0;
   }
 
-  bool raise() {
-    const int error = isGood_ ? ::seccomp_load(context_.get()) : -EINVAL;
-    errno = -error;
-    return error == 0;
-  }
+  /// The library has one number for whatever the kernel says; errno keeps the kernel's.
+  bool raise() const { return isGood_ && ::seccomp_load(context_.get()) == 0; }
 
  private:
   std::unique_ptr<void, decltype(&::seccomp_release)> context_;

@@ -176,6 +176,18 @@ TEST(SystemCallFilter, whatItCannotSeeIntoIsSaidToBeMissing) {
   });
 }
 
+TEST(SystemCallFilter, aKernelThatTakesNoneIsNamed) {
+  const int status = fixtures::exitStatusOf([] {
+    void* filter = ::seccomp_init(SCMP_ACT_ALLOW);
+    const bool isRefused = ::seccomp_rule_add(filter, SCMP_ACT_ERRNO(EOPNOTSUPP), SCMP_SYS(seccomp), 0) == 0 &&
+                           ::seccomp_load(filter) == 0;
+    ::seccomp_release(filter);
+    errno = 0;
+    return isRefused && !filterSystemCalls({}) && errno == EOPNOTSUPP ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
+}
+
 TEST(SystemCallFilter, threadsStayPossibleAndMayEndTheirProcess) {
   behindFilter({}, [] {
     int outcome = -1;
