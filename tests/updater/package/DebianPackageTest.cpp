@@ -58,14 +58,6 @@ TEST(PackageKind, isFoundByItsName) {
   EXPECT_EQ(packageKind(""), nullptr);
 }
 
-TEST(DebianPackage, isOfAVersionWhateverItsRevision) {
-  EXPECT_TRUE(debianPackage.isVersionOf("1.2", "1.2"));
-  EXPECT_TRUE(debianPackage.isVersionOf("1.2-3", "1.2"));
-  EXPECT_TRUE(debianPackage.isVersionOf("1.2-3-4", "1.2-3"));
-  EXPECT_FALSE(debianPackage.isVersionOf("1.2-3", "1.2-3"));
-  EXPECT_FALSE(debianPackage.isVersionOf("1.2", "1"));
-}
-
 TEST(DebianPackage, saysItsVersion) {
   EXPECT_EQ(versionOf(realPackage("1.2")), "1.2");
   EXPECT_EQ(versionOf(realPackage("1.2-1~deb12", std::string(1'000'000, 'x'))), "1.2-1~deb12");
@@ -97,6 +89,13 @@ TEST(DebianPackage, aSystemWithoutTheToolIsToldSo) {
 TEST(DebianPackage, thatCannotBeStoredSaysWhatToDo) {
   EXPECT_EQ(debianPackage.unplaced("/any", "No space left on device").message,
             "The update could not be stored: No space left on device. See to that, and try again.");
+}
+
+TEST(AppImage, thatCannotBePlacedSaysWhatToDo) {
+  EXPECT_EQ(
+      appImage.unplaced("/any", "Permission denied").message,
+      "The new version cannot take the place of /any: Permission denied. The version that you have was left as it "
+      "is. See that there is room and that you may write there, and try again.");
 }
 
 /// What a tool of our own finds decides.
