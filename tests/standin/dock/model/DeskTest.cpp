@@ -156,8 +156,8 @@ TEST(DeskTest, aDamagedTextDoesNoHarm) {
   for (const char* text :
        {"", "\n\n", "nobody running shown", "files running shown open", "files running shown open x y",
         "files running shown ajar 1 1 open 1 1", "order", "order files", "order files 0 nobody 7 files",
-        "files running shown open 1e99 1 open 1 1", "files running shown open 100000 1 open 1 1",
-        "files running shown open 1 -100000 open 1 1", "files running shown open 1 1e99 open 1 1",
+        "files running shown open 1e99 1 open 1 1", "files running shown open 100001 1 open 1 1",
+        "files running shown open 1 -100001 open 1 1", "files running shown open 1 1e99 open 1 1",
         "files running shown open 1 1 open 1", "order files 0 files 1"}) {
     Desk desk;
     desk.restoreFrom(text);
