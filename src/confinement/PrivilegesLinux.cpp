@@ -13,10 +13,10 @@ bool refuseNewPrivileges() { return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 
 // A sanitizer's shadow is larger than all memory.
 bool limitMemory(std::uint64_t most) { return TARNWELL_IS_SANITIZED || limitResource(RLIMIT_AS, most); }
 
-// Of a signal that cannot be blocked; that it is one is what braces say. The filter of system calls keeps the timer
-// from being set anew.
+// Of a signal that cannot be blocked. The filter of system calls keeps the timer from being set anew.
 bool limitTime(std::chrono::milliseconds most) {
   sigevent kill = {};
+  kill.sigev_notify = SIGEV_SIGNAL;
   kill.sigev_signo = SIGKILL;
   timer_t timer = {};
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(most);

@@ -69,8 +69,11 @@ system::Result<SecretKey> SecretKey::read(const std::filesystem::path& file) {
   const auto& bytes = *mapped;
   std::string_view text(reinterpret_cast<const char*>(bytes.bytes()), bytes.length());
   text.remove_suffix(text.ends_with('\n') ? 1 : 0);
+  if (!updater::isCryptoLibraryReady()) {
+    return system::Failure{"the library that signs cannot be started"};
+  }
   SecretKey key;
-  if (!updater::isCryptoLibraryReady() || !decodeBase64(text, key.seed_)) {
+  if (!decodeBase64(text, key.seed_)) {
     return system::Failure{file.string() + " is not a private key"};
   }
   return key;

@@ -1,5 +1,4 @@
-#include <dlfcn.h>
-#include <sys/auxv.h>
+#include <link.h>
 
 #include <initializer_list>
 #include <system_error>
@@ -36,11 +35,21 @@ void add(std::vector<std::filesystem::path>& paths, std::initializer_list<const 
 }
 
 /// The program that starts programs, as this one names it.
+int findLoader(dl_phdr_info* object, std::size_t /*size*/, void* path) {
+  for (int index = 0; index < object->dlpi_phnum; ++index) {
+    const auto& header = object->dlpi_phdr[index];
+    if (header.p_type == PT_INTERP) {
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): the loader tells an address as a number
+      *static_cast<const char**>(path) = reinterpret_cast<const char*>(object->dlpi_addr + header.p_vaddr);
+    }
+  }
+  return 1;  // The first object is the program itself.
+}
+
 std::filesystem::path loader() {
-  Dl_info found = {};
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system tells an address as a number
-  const bool isThere = ::dladdr(reinterpret_cast<const void*>(::getauxval(AT_BASE)), &found) != 0;
-  return isThere ? found.dli_fname : "";
+  const char* path = "";
+  ::dl_iterate_phdr(&findLoader, &path);
+  return path;
 }
 
 /// Where this system has its libraries: the loader's own folder, and the one that belongs to it where libraries are

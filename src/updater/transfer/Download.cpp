@@ -94,9 +94,9 @@ class Transfer {
   }
 
   bool take(std::string_view bytes) {
-    // What comes along with any other answer is not what was asked for, and is passed over.
+    // What comes along with any other answer is not what was asked for.
     if (status() != complete) {
-      return true;
+      return false;
     }
     isTooLong_ = bytes.size() > download_.maximumLength - length_;
     if (isTooLong_) {
@@ -133,7 +133,7 @@ class Transfer {
   system::Failure failure(CURLcode code) const {
     if (isTooLong_) {
       code = CURLE_FILESIZE_EXCEEDED;
-    } else if (code == CURLE_OK) {
+    } else if (code == CURLE_OK || (code == CURLE_WRITE_ERROR && status() != complete)) {
       code = CURLE_HTTP_RETURNED_ERROR;
     }
     // Of a redirect that is refused, the server that redirects is to blame.

@@ -174,6 +174,12 @@ TEST_F(DownloadTest, anAnswerThatIsNoFileIsAFailure) {
   }
 }
 
+TEST_F(DownloadTest, thePageOfAnErrorIsNotWaitedFor) {
+  const auto began = std::chrono::steady_clock::now();
+  EXPECT_EQ(refusal(server.address("/endless/404")), "The server localhost answered with error 404.");
+  EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(5));
+}
+
 TEST_F(DownloadTest, aServerThatCannotBeReachedIsAFailure) {
   EXPECT_EQ(refusal("https://localhost:1/"), "The server localhost cannot be reached.");
   // No name server is asked for a label of more than 63 characters.
