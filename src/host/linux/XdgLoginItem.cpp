@@ -21,7 +21,7 @@ constexpr std::size_t largestEntry = 1024UL * 1024;  // Bytes; a few hundred are
 fs::path behindLinks(const fs::path& path) {
   std::error_code error;
   const fs::path real = fs::canonical(path, error);
-  return !error && fs::is_regular_file(real, error) ? real : path;
+  return fs::is_regular_file(real, error) ? real : path;
 }
 
 bool isLink(const fs::path& path) {

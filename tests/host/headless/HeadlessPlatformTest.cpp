@@ -4,12 +4,17 @@
 #include <unistd.h>
 
 #include <array>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "host/headless/JournalPeer.h"
 #include "kit/application/Application.h"
 #include "kit/application/StatusItem.h"
 #include "kit/control/Window.h"
+#include "kit/controls/containers/Box.h"
+#include "kit/controls/containers/Pane.h"
 
 namespace tarnwell::host_headless {
 namespace {
@@ -126,18 +131,84 @@ TEST(OpenMenuTest, anEntryThatIsNotThereIsAFault) {
   EXPECT_DEATH(open.choose("Close"), "no entry \"Close\" in the open menu");
 }
 
-TEST(HeadlessHostTest, smallerFontsAreSmallerInEveryMeasure) {
+TEST(OpenMenuTest, hasItsEntriesInOrder) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  kit::Menu menu;
+  menu.addItem(kit::MenuItem::create("Open", "open:", ""));
+  menu.addItem(kit::MenuItem::separatorItem());
+  menu.addItem(kit::MenuItem::create("Close", "close:", ""));
+  EXPECT_EQ(OpenMenu(*application, menu).titles(), (std::vector<std::string>{"Open", "-", "Close"}));
+}
+
+TEST(HeadlessPlatformTest, whatStartedItIsKnownWhileItStartsAlone) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  std::vector<kit::FourCharCode> seen;
+  struct Delegate : kit::Object {
+    Delegate(HeadlessPlatform& platform, std::vector<kit::FourCharCode>& seen) {
+      respondTo(kit::selectors::applicationDidFinishLaunching, [&](kit::Object*) {
+        seen.push_back(platform.currentAppleEvent().value_or(kit::AppleEvent{}).eventID);
+      });
+    }
+  };
+  const auto delegate = std::make_shared<Delegate>(platform, seen);
+  application->setDelegate(delegate);
+  platform.launch(*application, {.eventID = kit::openApplicationEvent});
+  EXPECT_EQ(seen, std::vector<kit::FourCharCode>{kit::openApplicationEvent});
+  EXPECT_FALSE(platform.currentAppleEvent());
+}
+
+TEST(HeadlessHostTest, notesWhatAControlIsToldUnderItsKindAndName) {
+  HeadlessPlatform platform;
+  const auto application = kit::Application::create(platform);
+  HeadlessHost& host = platform.host();
+  kit::Box box(kit::Box::Kind::group);
+  kit::Pane pane;
+  JournalPeer parent(host.journal(), "parent");
+  host.peer(&box, parent)->show(kit::Aspect::visible);
+  const auto peer = host.peer(&pane, parent);
+  using enum kit::Aspect;
+  for (const kit::Aspect aspect :
+       {enabled, value, title, style, accessibleName, accessibleDescription, visible, level}) {
+    peer->show(aspect);
+  }
+  EXPECT_EQ(host.journal().lines(),
+            (std::vector<std::string>{"box: visible", "box: removed", "pane: enabled", "pane: value", "pane: title",
+                                      "pane: style", "pane: accessible name", "pane: accessible description",
+                                      "pane: visible", "pane: level"}));
+}
+
+TEST(HeadlessHostTest, eachFontHasMeasuresOfItsOwn) {
   using enum kit::FontRole;
   const HeadlessHost host;
-  constexpr std::array fonts = {caption, subheadline, body, headline, title};
-  for (std::size_t i = 1; i < fonts.size(); ++i) {
-    const kit::Measurement smaller = host.measureText("text", fonts.at(i - 1), std::nullopt);
-    const kit::Measurement larger = host.measureText("text", fonts.at(i), std::nullopt);
-    EXPECT_LT(smaller.size.width, larger.size.width);
-    EXPECT_LT(smaller.size.height, larger.size.height);
-    EXPECT_LT(smaller.firstBaseline, larger.firstBaseline);
-    EXPECT_LT(host.capHeight(fonts.at(i - 1)), host.capHeight(fonts.at(i)));
+  struct Row {
+    kit::FontRole font;
+    kit::Size size;
+    double baseline;
+    double capHeight;
+  };
+  for (const Row& row : {Row{caption, {5, 12}, 9, 7}, Row{subheadline, {6, 14}, 11, 8}, Row{body, {7, 16}, 12, 9},
+                         Row{headline, {8, 18}, 14, 10}, Row{title, {10, 22}, 17, 13}}) {
+    const kit::Measurement letter = host.measureText("\xc3\xa4", row.font, std::nullopt);
+    EXPECT_EQ(letter.size.width, row.size.width);
+    EXPECT_EQ(letter.size.height, row.size.height);
+    EXPECT_EQ(letter.firstBaseline, row.baseline);
+    EXPECT_EQ(host.capHeight(row.font), row.capHeight);
   }
+}
+
+TEST(HeadlessHostTest, textIsBrokenWhereItsWidthEnds) {
+  const HeadlessHost host;
+  const auto sizeIn = [&host](std::string_view text, double width) {
+    const kit::Size size = host.measureText(text, kit::FontRole::body, width).size;
+    return std::pair(size.width, size.height);
+  };
+  EXPECT_EQ(sizeIn("nine char", 63), std::pair(63.0, 16.0));
+  EXPECT_EQ(sizeIn("nine char", 62), std::pair(62.0, 32.0));
+  EXPECT_EQ(sizeIn("nine char", 30), std::pair(30.0, 48.0));
+  EXPECT_EQ(sizeIn("two", 0), std::pair(7.0, 48.0));
+  EXPECT_EQ(sizeIn("", 30), std::pair(0.0, 16.0));
 }
 
 }  // namespace
