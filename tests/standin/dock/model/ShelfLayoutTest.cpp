@@ -80,6 +80,7 @@ TEST(ShelfLayoutTest, iconsAreAsLargeAsThereIsRoomFor) {
   EXPECT_EQ(ShelfLayout(slots, full).ends(none).left, 6);
   EXPECT_EQ(ShelfLayout(slots, full).ends(none).right, full - 6);
   EXPECT_EQ(ShelfLayout(slots, 100).iconSize(), 16) << "smaller ones are none";
+  EXPECT_EQ(ShelfLayout({separator}, 10).iconSize(), 52) << "none lacks room";
 }
 
 TEST(ShelfLayoutTest, aSeparatorAndThePlaceBesideTheShelfAreNoSlot) {
