@@ -44,6 +44,11 @@ TEST(NaturalSizeTest, aPopUpButtonIsAsWideAsItsWidestItemWhicheverIsChosen) {
   EXPECT_EQ(button->measure({}), measurement);
 }
 
+TEST(NaturalSizeTest, aPopUpButtonWithoutItemsHasRoomForItsArrowAlone) {
+  const ShownControl<kit::PopUpButton> button;
+  EXPECT_EQ(button->measure({}).size, (Size{.width = 10 + 18 + 10, .height = 24}));
+}
+
 TEST(NaturalSizeTest, aSliderTakesTheWidthThatItIsOfferedDownToItsLeast) {
   const ShownControl<kit::Slider> slider(0, 0, 1, nullptr);
   EXPECT_EQ(slider->measure({}).size, (Size{.width = 128, .height = 24}));
