@@ -83,7 +83,7 @@ TEST_F(XdgLoginItemTest, unregisteringWhatIsNotThereIsNoFailure) {
 
 TEST_F(XdgLoginItemTest, anEntryThatIsTooLargeToBeReadIsLeftAlone) {
   std::string large;
-  large.resize(10'000'000, '#');
+  large.resize(1024UL * 1024 + 1, '#');
   write(large);
   for (const auto& error : {item.registerItem(), item.unregisterItem()}) {
     ASSERT_TRUE(error);

@@ -2,7 +2,9 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <list>
 #include <optional>
@@ -13,6 +15,8 @@
 #include "fixtures/Processes.h"
 #include "fixtures/Sandbox.h"
 #include "system/base/Descriptor.h"
+#include "system/processes/Pipe.h"
+#include "system/processes/Process.h"
 
 namespace tarnwell::updateclient {
 namespace {
@@ -124,6 +128,20 @@ TEST_F(EngineProcessTest, endsWithItsJob) {
   job.reset();
   EXPECT_TRUE(losesItsChildren());
   EXPECT_EQ(outcome.end, "");
+}
+
+TEST_F(EngineProcessTest, endsWithTheProgramThatStartedIt) {
+  system::Pipe pipe = system::Pipe::create("see the engine end");
+  const pid_t starter = ::fork();
+  if (starter == 0) {
+    ::setpgid(0, 0);
+    Outcome outcome;
+    const auto job = begin("sleep 1000 && sleep 1000", outcome, {.input = pipe.writeEnd.number()});
+    ::kill(0, SIGKILL);
+  }
+  pipe.writeEnd.close();
+  EXPECT_EQ(system::Process(starter).wait().number, SIGKILL);
+  EXPECT_EQ(pipe.readEnd.readAll(), "");
 }
 
 TEST_F(EngineProcessTest, mayBeEndedByWhatItSays) {
