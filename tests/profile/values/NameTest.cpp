@@ -25,6 +25,17 @@ TEST(NameTest, aNameIsOneLineOfVisibleText) {
   EXPECT_FALSE(isProfileName(std::string_view("a\0b", 3)));
 }
 
+TEST(NameTest, whatIsUnfitEndsWhereVisibleTextBegins) {
+  for (const char* text : {"\x1f", "\x7f", "\u009f", "\u061c", "\u200b", "\u200f", "\u2028", "\u202e", "\u2060",
+                           "\u206f", "\ufeff", "\ufff9", "\ufffb", "\ufffe", "\uffff"}) {
+    EXPECT_FALSE(isProfileName(text)) << text;
+  }
+  for (const char* name : {" ", "~", "\u00a0", "\u061b", "\u061d", "\u200a", "\u2010", "\u2027", "\u202f", "\u205f",
+                           "\u2070", "\ufefe", "\uff00", "\ufff8", "\ufffc", "\ufffd", "\U00010000"}) {
+    EXPECT_TRUE(isProfileName(name)) << name;
+  }
+}
+
 TEST(NameTest, aNameHasSixtyCharactersAtMost) {
   EXPECT_TRUE(isProfileName(times(60, "ü")));
   EXPECT_FALSE(isProfileName(times(61, "u")));

@@ -86,7 +86,11 @@ TEST(ApplicationsTest, theMenuOfAnIconIsARoundedSheetOfGlass) {
     const Colors colors = display.colors(x, above, 1, 180);
     return std::ranges::find_if(colors, [](std::uint32_t color) { return color != green; }) - colors.begin();
   };
-  EXPECT_TRUE(waitFor([&] { return lineOf(column) < 180; }));
+  // It may be there before it is painted.
+  EXPECT_TRUE(waitFor([&] {
+    const auto line = static_cast<int>(lineOf(column));
+    return line < 180 && display.color(column, above + line) != 0;
+  }));
   const auto top = static_cast<int>(lineOf(column)) + above;
   const Colors across = display.colors(column - 100, top + 20, 200, 1);
   const auto left =
