@@ -66,7 +66,7 @@ struct Shape {
 TEST(BinaryShapeTest, whatTheLibraryWouldChangeIsRefused) {
   using std::string_literals::operator""s;  // for texts with NUL
   // Printable markers: Q is a text of one byte, a and b are texts of one and two units, ^ and _ longer
-  // texts, # is a real number and 3 a date.
+  // texts, ", # and $ are real numbers, 2 and 3 dates, B, N and O data.
   const std::vector<Shape> shapes = {
       {"boolean", {"\x09"}, ""},
       {"integer", {"\x13\0\0\0\0\0\0\0\x01"s}, ""},
@@ -91,9 +91,9 @@ TEST(BinaryShapeTest, whatTheLibraryWouldChangeIsRefused) {
       {"last date of all", {date(253402300799)}, ""},
       {"date after the last", {date(253402300800)}, "outside the years"},
       {"date of too few bytes", {"3" + std::string(7, '\0')}, "malformed"},
-      {"date of 4 bytes", {"\x32" + std::string(4, '\0')}, "malformed"},
-      {"real of 32 bits", {"\x22" + std::string(4, '\0')}, ""},
-      {"real of 128 bits", {"\x24" + std::string(16, '\0')}, "malformed"},
+      {"date of 4 bytes", {"2" + std::string(4, '\0')}, "malformed"},
+      {"real of 32 bits", {R"(")" + std::string(4, '\0')}, ""},
+      {"real of 128 bits", {"$" + std::string(16, '\0')}, "malformed"},
       {"real of too few bytes", {"#" + std::string(7, '\0')}, "malformed"},
       {"integer of 8 bits", {"\x10\xFF"s}, ""},
       {"integer of too few bytes", {"\x13" + std::string(7, '\0')}, "malformed"},
@@ -103,13 +103,13 @@ TEST(BinaryShapeTest, whatTheLibraryWouldChangeIsRefused) {
       {"reference of 9 bytes", {"\x88" + std::string(9, '\1')}, "malformed"},
       {"reference of too few bytes", {"\x83" + std::string(3, '\1')}, "malformed"},
       {"data", {"\x42\0\xFF"s}, ""},
-      {"data of too few bytes", {"\x42x"}, "malformed"},
-      {"data of 14 bytes", {"\x4E" + std::string(14, 'x')}, ""},
+      {"data of too few bytes", {"Bx"}, "malformed"},
+      {"data of 14 bytes", {"N" + std::string(14, 'x')}, ""},
       {"data of 15 bytes", {"\x4F\x10\x0F" + std::string(15, 'x')}, ""},
       {"data of 15 bytes, by a long count", {"\x4F\x13" + bytesOf(15, 8) + std::string(15, 'x')}, ""},
       {"data by a count of 16 bytes", {"\x4F\x14" + bytesOf(0, 8) + bytesOf(1, 8) + "x"}, "malformed"},
       {"data by a count that is cut off", {"\x4F\x13" + bytesOf(0, 7)}, "malformed"},
-      {"data without its count", {"\x4F"}, "malformed"},
+      {"data without its count", {"O"}, "malformed"},
       {"data without a byte of 16", {"\x4F\x10\x10" + std::string(15, 'x')}, "malformed"},
       {"highest ASCII", {"\x51\x7F"}, ""},
       {"byte behind ASCII", {"\x51\x80"}, "not ASCII"},

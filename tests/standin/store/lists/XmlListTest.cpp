@@ -20,8 +20,8 @@ TEST(XmlListTest, theCauseIsNamed) {
            {"<dict>x</dict>", "line 1: there is text within <dict>"},
            {"<plist></plist>", "line 1: <plist> does not hold one value"},
            {"<plist><true/>x</plist>", "line 1: <plist> does not hold one value"},
-           {"<!DOCTYPE plist [<!ENTITY a \"b\">]><true/>", "line 1: it declares elements or entities of its own"},
-           {"<!DOCTYPE plist PUBLIC \"a\" \"b\"><string>&c;</string>", "line 1: the entity c is unknown"},
+           {R"(<!DOCTYPE plist [<!ENTITY a "b">]><true/>)", "line 1: it declares elements or entities of its own"},
+           {R"(<!DOCTYPE plist PUBLIC "a" "b"><string>&c;</string>)", "line 1: the entity c is unknown"},
            {"<true>", "line 1: no element found"},
        }) {
     const auto list = parseXmlList(xml);
